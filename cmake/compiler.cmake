@@ -1,0 +1,36 @@
+# Compiler settings shared by every target. Contraction of products and sums is off, so that every machine
+# gives the same last bit.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    # A precompiled header carries time stamps; ccache is told to look at its content instead. Relative paths
+    # let two checkouts of the same commit share results.
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        ${CMAKE_COMMAND} -E env
+        CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+        CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${CCACHE_PROGRAM})
+endif()
+
+add_library(tarvokol_options INTERFACE)
+target_include_directories(tarvokol_options INTERFACE ${CMAKE_SOURCE_DIR})
+target_compile_options(tarvokol_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror -ffp-contract=off)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # GCC 12 sees an overlap in every `"text" + string`; its own bug 105651.
+    target_compile_options(tarvokol_options INTERFACE -Wno-restrict)
+endif()
+
+if(TARVOKOL_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+if(TARVOKOL_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+if(TARVOKOL_TIDY)
+    set(CMAKE_CXX_CLANG_TIDY clang-tidy)
+endif()

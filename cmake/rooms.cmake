@@ -1,0 +1,14 @@
+# tarvokol_room(TARGET FILE...): adds files of the calling folder to TARGET.
+function(tarvokol_room target)
+    foreach(file IN LISTS ARGN)
+        target_sources(${target} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/${file})
+    endforeach()
+endfunction()
+
+# tarvokol_forms(NAME...): adds the forms of the calling folder, three files each, to tarvokol_gui.
+function(tarvokol_forms)
+    foreach(form IN LISTS ARGN)
+        target_sources(tarvokol_gui PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/${form}.cpp
+                       ${CMAKE_CURRENT_SOURCE_DIR}/${form}.h ${CMAKE_CURRENT_SOURCE_DIR}/${form}.ui)
+    endforeach()
+endfunction()

@@ -1,0 +1,25 @@
+// The error handling of a command: a list of statements, each run under the guard.
+#pragma once
+
+#include <functional>
+
+namespace tarvokol {
+
+// A run-time error out of a statement goes to HandleRuntimeError. By its answer the statement is repeated, the next
+// one follows, `cancelled` is set and the next one follows, or the handler is left: every later statement under the
+// guard is then passed over. `cancelled` is cleared whenever the guard deals with an error.
+class CommandGuard {
+  public:
+    explicit CommandGuard(bool& cancelled) : cancelled_(cancelled) {}
+
+    void operator()(const std::function<void()>& statement);
+
+    // True once the handler has been left; what stands outside the guard behind it must not run then.
+    bool Left() const { return left_; }
+
+  private:
+    bool& cancelled_;
+    bool left_ = false;
+};
+
+}  // namespace tarvokol

@@ -1,0 +1,20 @@
+// The history log: numbered lines in the main window's history text, which is the log's only store.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace tarvokol {
+
+// Settings of the log (configuration section "Settings"): on if 1; size in characters at which it is cut.
+inline int16_t DisplayHistoryWin = 1;
+inline int16_t MaxDisplaySize = 2048;
+
+// Number of the last line written, 1 to 16384, then 1 again.
+inline int16_t HistorySequence = 0;
+
+// Appends a line: the sequence number, ". ", the text. A log that has reached its size is first cut to its last two
+// lines. With the log off only the insertion point moves to the end.
+void LogMessage(std::string_view text);
+
+}  // namespace tarvokol

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+namespace tarvokol {
+
+class Clipboard {
+  public:
+    virtual ~Clipboard() = default;
+
+    virtual void Clear() = 0;
+    virtual void SetText(const std::string& text) = 0;
+};
+
+}  // namespace tarvokol

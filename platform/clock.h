@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+namespace tarvokol {
+
+struct CalendarDate {
+    int year = 0;
+    int month = 0;  // 1 to 12
+    int day = 0;    // 1 to 31
+};
+
+class Clock {
+  public:
+    virtual ~Clock() = default;
+
+    virtual CalendarDate Today() const = 0;
+
+    // The time now as the print header shows it: "3:07:09 PM".
+    virtual std::string TimeText() const = 0;
+};
+
+}  // namespace tarvokol

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tarvokol {
+
+// A printer that measures in twips (1440 to the inch), the pen at (CurrentX, CurrentY). Failures raise "Printer
+// error" (482) or its kind.
+class PrinterDevice {
+  public:
+    virtual ~PrinterDevice() = default;
+
+    virtual double CurrentX() const = 0;
+    virtual double CurrentY() const = 0;
+    virtual void SetCurrentX(double twips) = 0;
+    virtual void SetCurrentY(double twips) = 0;
+    virtual double PageWidth() const = 0;
+    virtual double PageHeight() const = 0;
+
+    // Prints a line at the pen and leaves the pen at the start of the next line.
+    virtual void Print(const std::string& text) = 0;
+    virtual double TextWidth(const std::string& text) = 0;
+
+    virtual void NewPage() = 0;
+    virtual void EndDoc() = 0;
+
+    // Fonts of the printer, in the printer's order.
+    virtual std::vector<std::string> FontNames() = 0;
+    virtual void SetFontName(const std::string& name) = 0;
+    virtual void SetFontSize(double points) = 0;
+    virtual void SetFontBold(bool on) = 0;
+    virtual void SetFontItalic(bool on) = 0;
+    virtual void SetFontStrikeThrough(bool on) = 0;
+    virtual void SetFontUnderline(bool on) = 0;
+};
+
+}  // namespace tarvokol

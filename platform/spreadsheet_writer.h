@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+namespace tarvokol {
+
+// One workbook at a time: begun, filled cell by cell, handed to the user. Failures raise "ActiveX component can't
+// create object" (429) or the error of the file system.
+class SpreadsheetWriter {
+  public:
+    virtual ~SpreadsheetWriter() = default;
+
+    virtual void BeginWorkbook() = 0;
+
+    // Address as column letter and row number: "A2".
+    virtual void SetCell(const std::string& address, double value) = 0;
+    virtual void SetCell(const std::string& address, const std::string& text) = 0;
+
+    // Finishes the workbook and opens it for the user.
+    virtual void ShowWorkbook() = 0;
+};
+
+}  // namespace tarvokol

@@ -1,0 +1,37 @@
+// The project file "*.TKL": a small text file of title, description and fourteen inputs.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tarvokol {
+
+// Scratch file of the reformatter; empty where the scratch is kept in memory.
+inline std::string DescTempPath;
+
+// Writes the project to `ProjectFileName`, replacing what is there; true when it ran to the end. What the file held
+// before is kept as a copy in the temporary data folder. Raises the errors of the files.
+bool FileSave();
+
+// The reading half of Open: reads `ProjectFileName`. False if the magic does not match. Raises the errors of the files
+// ("Input past end of file" for one that ends early) and of the numbers ("Overflow").
+bool ReadProjectFile();
+
+// Breaks `line` in place into pieces of at most 60 columns, joined by CR LF; `count` returns the pieces plus one.
+void WrapLongLine(std::string& line, int& count);
+
+// Rewrites `ProjectDescription` in place: blank lines dropped, lines of 61 columns and more wrapped, no line end at
+// its end.
+void ReformatDescription();
+
+// Reads the description block of an open file into `ProjectDescription`.
+void ReadDescription(int file_number, int format_flag);
+
+// The general number form with "." as its decimal separator.
+std::string NumberToFileText(double value);
+std::string NumberToFileText(float value);
+
+// True if the texts are equal; otherwise shows "Invalid file format".
+bool CheckMagic(const std::string& found, const std::string& expected);
+
+}  // namespace tarvokol

@@ -1,0 +1,29 @@
+// The one text printing routine.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tarvokol {
+
+struct PrintJobState {
+    std::string JobDate;  // "m/d/yyyy"
+    std::string JobTime;
+    int32_t PageNumber = 0;
+};
+inline PrintJobState PrintJob;
+
+namespace print_command {
+constexpr int Line = 0;
+constexpr int BeginJob = 1;
+constexpr int NewPageWithHeader = 2;
+constexpr int Block = 3;
+constexpr int EndJob = 4;
+constexpr int NewPage = 8;
+}  // namespace print_command
+
+// Runs one print command on the printer; any other number does nothing. Raises the printer's errors, and "Subscript out
+// of range" when the printer has none of the fonts wanted.
+void PrintCommand(const int& command, const std::string& text);
+
+}  // namespace tarvokol

@@ -1,0 +1,43 @@
+// The three pages of the report, fixed-pitch text with CR LF line ends.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "runtime/one_based.h"
+
+namespace tarvokol {
+
+// Pages 0 (inputs), 1 (stability factors) and 2 (pillars).
+inline ZeroBased<std::string, 2> OutputBuffers;
+inline int16_t LastOutputPage = 2;
+
+// Names printed in the report, set at start-up.
+inline OneBased<std::string, 3> StabilityCaseNames;
+inline OneBased<std::string, 2> PillarClassNames;
+
+// Writes page 0 from the project's inputs; `mode` is ignored. Raises the error of WrapText.
+void LoadOutBuf0(const int16_t& mode);
+
+// Writes page 1, logs, and puts the results into output units at its very end.
+void WriteStabilitySection();
+
+// Writes page 2; must run after WriteStabilitySection.
+void WritePillarSection();
+
+// Steps of the output command behind its gate: input check, analysis, pages 1 and 2. False if the check refuses.
+bool CalculateReport();
+
+// The text with "." up to a width, or with blanks before it; longer texts stay unchanged.
+std::string DotPad(const std::string& text, std::size_t width);
+std::string RightJustify(const std::string& text, std::size_t width);
+
+// The text in lines of at most `width` characters, broken at blanks. A width of 20 or less returns it unchanged. A
+// stretch of more than `width` characters without a blank raises "Invalid procedure call or argument".
+std::string WrapText(const std::string& text, int width);
+
+// Version of the running program: "1.3.02".
+std::string VersionString();
+
+}  // namespace tarvokol

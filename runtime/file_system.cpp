@@ -1,0 +1,27 @@
+#include "runtime/file_system.h"
+
+#include <filesystem>
+#include <system_error>
+
+namespace tarvokol {
+
+bool FileExists(const std::string& path) {
+    std::error_code failure;
+    const auto status = std::filesystem::status(path, failure);
+    return !failure && std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+}
+
+bool FolderExists(const std::string& path) {
+    std::error_code failure;
+    return std::filesystem::is_directory(path, failure) && !failure;
+}
+
+bool EndsInSeparator(const std::string& path) {
+    return !path.empty() && (path.back() == '/' || path.back() == '\\');
+}
+
+std::string WithSeparator(const std::string& folder) {
+    return EndsInSeparator(folder) ? folder : folder + PathSeparator;
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,23 @@
+// Questions about files and folders that never fail, and paths as the program writes them.
+#pragma once
+
+#include <string>
+
+namespace tarvokol {
+
+// The separator of folders in a path.
+inline constexpr char PathSeparator = '/';
+
+// True if the path names an existing file (a folder does not count). Any failure gives false.
+bool FileExists(const std::string& path);
+
+// True if the path names an existing folder. Any failure gives false.
+bool FolderExists(const std::string& path);
+
+// True if the path ends in a separator, "\" or "/".
+bool EndsInSeparator(const std::string& path);
+
+// The folder with one separator at its end: added unless one stands there.
+std::string WithSeparator(const std::string& folder);
+
+}  // namespace tarvokol

@@ -1,0 +1,26 @@
+// The program's folders, each with a trailing separator, and copying of text files.
+#pragma once
+
+#include <string>
+
+namespace tarvokol {
+
+inline std::string AppFolder;           // the program's own
+inline std::string PersonalDataFolder;  // the user's data
+inline std::string TempDataFolder;      // scratch files; empty where scratch is kept in memory
+
+// Sets `AppFolder` from the program's path.
+void LocateAppFolder();
+
+// Sets and creates `PersonalDataFolder` and `TempDataFolder` below the documents folder, or below the desktop folder;
+// falls back on `AppFolder`. Never fails.
+void LocateDataFolders();
+
+// Copies a text file line by line under file numbers 1 and 2, which are closed first; every line gets the program's
+// line end. A missing source shows "Requested File not found: " and gives false. Raises the errors of the files.
+bool CopyTextFile(const std::string& source, const std::string& dest);
+
+// Copies the example projects that the data folder lacks, if the setting "CopyExampleFiles" is on. Errors are ignored.
+void CopyExampleFiles();
+
+}  // namespace tarvokol

@@ -1,0 +1,21 @@
+// The unit calculator: five quantities, each with its units; one input gives the value in every unit.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tarvokol {
+
+enum class Quantity { Length, Load, LoadGrad, Stress, StressGrad };
+
+// Option captions of a quantity in the order of their indexes.
+const std::vector<std::string>& UnitCaptions(Quantity quantity);
+
+// The value in every unit of the quantity, in box order, from `value` in the unit of index `unit`. The order of the
+// operations decides on the last digits. Raises "Overflow" and, for a wrong index, "Subscript out of range".
+std::vector<double> ConvertUnits(Quantity quantity, int unit, double value);
+
+// The texts of the boxes for what was typed.
+std::vector<std::string> UnitBoxTexts(Quantity quantity, int unit, const std::string& typed);
+
+}  // namespace tarvokol

@@ -1,0 +1,53 @@
+#include "tests/support/core_fixture.h"
+
+#include <unistd.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "messages/history_log.h"
+#include "messages/titles.h"
+
+namespace tarvokol {
+
+CoreTest::CoreTest() {
+    Host.Install();
+    DisplayHistoryWin = 1;
+    MaxDisplaySize = 4096;
+    HistorySequence = 0;
+    AppLongTitle = "Tarvo Panel Stability Evaluation - KOL";
+    DialogPrefix.Fill("");
+    DialogPrefix[1] = "Project Description: ";
+    DialogPrefix[2] = "Project Parameters: ";
+    DialogPrefix[7] = "Program Options: ";
+    DialogPrefix[8] = "Settings: ";
+    MessageTitle = "Message";
+    RangeErrorTitle = RangeWarningTitle = InvalidCharTitle = ErrorTitle = LogicErrorTitle = "";
+    std::string pattern = (std::filesystem::temp_directory_path() / "tarvokol-test-XXXXXX").string();
+    Folder = ::mkdtemp(pattern.data());
+}
+
+CoreTest::~CoreTest() {
+    std::error_code ignored;
+    std::filesystem::remove_all(Folder, ignored);
+}
+
+std::string CoreTest::PathTo(const std::string& name) const { return (Folder / name).string(); }
+
+void CoreTest::WriteBytes(const std::string& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+std::string CoreTest::ReadBytes(const std::string& path) {
+    std::ostringstream bytes;
+    bytes << std::ifstream(path, std::ios::binary).rdbuf();
+    return bytes.str();
+}
+
+std::vector<std::string> CoreTest::Messages() const {
+    std::vector<std::string> texts;
+    for (const BoxRequest& box : Host.Messages.Shown) texts.push_back(box.message);
+    return texts;
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,49 @@
+// What every core test starts from: headless bindings, message services as after start-up, a folder of its own.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "platform/headless/headless_platform.h"
+
+namespace tarvokol {
+
+class CoreTest : public ::testing::Test {
+  protected:
+    CoreTest();
+    ~CoreTest() override;
+
+    // A path inside the test's own folder, which is removed afterwards.
+    std::string PathTo(const std::string& name) const;
+
+    // Writes or reads a file's bytes.
+    static void WriteBytes(const std::string& path, const std::string& bytes);
+    static std::string ReadBytes(const std::string& path);
+
+    // Texts of all message boxes shown so far.
+    std::vector<std::string> Messages() const;
+
+    HeadlessPlatform Host;
+    std::filesystem::path Folder;
+};
+
+// Runs the action and returns the number of the run-time error that it raises, 0 for none.
+template <typename Action>
+int RaisedError(Action action);
+
+}  // namespace tarvokol
+
+#include "runtime/run_time_error.h"
+
+template <typename Action>
+int tarvokol::RaisedError(Action action) {
+    try {
+        action();
+    } catch (const RunTimeError& error) {
+        return error.number;
+    }
+    return 0;
+}
