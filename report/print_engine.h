@@ -22,8 +22,8 @@ constexpr int EndJob = 4;
 constexpr int NewPage = 8;
 }  // namespace print_command
 
-// Runs one print command on the printer; any other number does nothing. Raises the printer's errors, and "Subscript out
-// of range" when the printer has none of the fonts wanted.
+// Runs one print command on the printer; any other number does nothing. Raises the printer's errors, and
+// "Subscript out of range" when the printer has none of the fonts wanted.
 void PrintCommand(const int& command, const std::string& text);
 
 }  // namespace tarvokol

@@ -1,10 +1,11 @@
 // The three pages of the report, fixed-pitch text with CR LF line ends.
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <string>
-#include <string_view>
 
+#include "runtime/numbers.h"
 #include "runtime/one_based.h"
 
 namespace tarvokol {
@@ -26,15 +27,25 @@ void WriteStabilitySection();
 // Writes page 2; must run after WriteStabilitySection.
 void WritePillarSection();
 
-// Steps of the output command behind its gate: input check, analysis, pages 1 and 2. False if the check refuses.
+// Steps of the output command behind its gate: input check, analysis, pages 1 and 2. False if the check
+// refuses, and then the pages stay as they were.
 bool CalculateReport();
 
-// The text with "." up to a width, or with blanks before it; longer texts stay unchanged.
+// The text with "." up to a width, or with blanks before it; longer texts stay unchanged. Widths in
+// characters.
 std::string DotPad(const std::string& text, std::size_t width);
 std::string RightJustify(const std::string& text, std::size_t width);
 
-// The text in lines of at most `width` characters, broken at blanks. A width of 20 or less returns it unchanged. A
-// stretch of more than `width` characters without a blank raises "Invalid procedure call or argument".
+// The general text of a number, right-justified.
+template <typename Number>
+requires std::integral<Number> || std::floating_point<Number> std::string RightJustify(Number value,
+                                                                                       std::size_t width) {
+    return RightJustify(GeneralText(value), width);
+}
+
+// The text in lines, each with a CR LF behind it: a line that is longer than `width` characters is broken at
+// its last blank there. A width of 20 or less returns the text unchanged, without a CR LF. More than `width`
+// characters without a blank raise "Invalid procedure call or argument".
 std::string WrapText(const std::string& text, int width);
 
 // Version of the running program: "1.3.02".

@@ -1,0 +1,17 @@
+#include "platform/program_name.h"
+
+#include "platform/platform.h"
+#include "platform/special_folders.h"
+#include "runtime/text.h"
+
+namespace tarvokol {
+
+std::string ProgramNameUpper() {
+    const std::string path = Platform.Folders->ProgramFile();
+    const std::size_t separator = path.find_last_of("/\\");
+    const std::string name = separator == std::string::npos ? path : path.substr(separator + 1);
+    const std::size_t dot = name.find('.', 1);  // a dot that begins the name begins no extension
+    return UpperCase(name.substr(0, dot));
+}
+
+}  // namespace tarvokol
