@@ -1,5 +1,6 @@
 #include "runtime/numbers.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <system_error>
@@ -41,8 +42,8 @@ std::string ExponentText(int exponent) {
     return (exponent < 0 ? "E-" : "E+") + digits;
 }
 
-// General form of a finite value with the given number of significant digits, which is also the power of ten from
-// which the exponent form begins.
+// General form of a finite value with the given number of significant digits, which is also the power of ten
+// from which the exponent form begins.
 std::string GeneralForm(double value, int significant) {
     if (!std::isfinite(value)) return std::isnan(value) ? "NaN" : value < 0 ? "-Inf" : "Inf";
     const Decimal decimal = ToDecimal(value, significant);
@@ -63,9 +64,13 @@ std::string GeneralForm(double value, int significant) {
     return decimal.negative ? "-" + text : text;
 }
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
-bool IsExponentMark(char c) { return c == 'E' || c == 'e' || c == 'D' || c == 'd'; }
+bool IsExponentMark(char c) {
+    return c == 'E' || c == 'e' || c == 'D' || c == 'd';
+}
 
 std::size_t SkipDigits(std::string_view text, std::size_t position) {
     while (position < text.size() && IsDigit(text[position])) ++position;
@@ -94,26 +99,30 @@ std::size_t LeadingNumberLength(std::string_view text) {
     return position;
 }
 
+// The power of ten of an exponent's text; one beyond any double, and beyond what the digits of a mantissa
+// could make up for, stands for all larger ones.
+long long PowerOfTen(std::string_view power) {
+    constexpr long long kBeyondAll = 1'000'000'000'000;
+    const bool negative = power.front() == '-';
+    if (negative || power.front() == '+') power.remove_prefix(1);
+    long long value = 0;
+    const auto result = std::from_chars(power.data(), power.data() + power.size(), value);
+    if (result.ec == std::errc::result_out_of_range || value > kBeyondAll) value = kBeyondAll;
+    return negative ? -value : value;
+}
+
 // Where the number is out of range, tells an overflow from an underflow: a number of 1 and more in size is an
 // overflow.
 bool IsLarge(std::string_view number) {
     const std::size_t mark = number.find('e');
     const std::string_view mantissa = number.substr(0, mark);
-    long long exponent = 0;
-    if (mark != std::string_view::npos) {
-        std::string_view power = number.substr(mark + 1);
-        const bool negative = power.front() == '-';
-        if (negative || power.front() == '+') power.remove_prefix(1);
-        const auto result = std::from_chars(power.data(), power.data() + power.size(), exponent);
-        if (result.ec == std::errc::result_out_of_range) return !negative;
-        if (negative) exponent = -exponent;
-    }
+    const long long power = mark == std::string_view::npos ? 0 : PowerOfTen(number.substr(mark + 1));
     const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
     const std::size_t first = mantissa.find_first_of("123456789");
     if (first == std::string_view::npos) return false;
-    const auto magnitude = first < point ? static_cast<long long>(point - first - 1)
-                                         : -static_cast<long long>(first - point);
-    return exponent + magnitude >= 0;
+    const auto magnitude =
+        first < point ? static_cast<long long>(point - first - 1) : -static_cast<long long>(first - point);
+    return power + magnitude >= 0;
 }
 
 // The value of a text that LeadingNumberLength accepts whole.
@@ -132,9 +141,9 @@ double ConvertNumber(std::string number) {
 
 // A picture taken apart.
 struct Picture {
-    int whole_places = 0;     // "0" before the point
-    int fixed_decimals = 0;   // "0" behind the point
-    int decimals = 0;         // all places behind the point
+    int whole_places = 0;    // "0" before the point
+    int fixed_decimals = 0;  // "0" behind the point
+    int decimals = 0;        // all places behind the point
     bool point = false;
     int exponent_places = 0;  // "0" behind "E+"; 0 without an exponent
 };
@@ -192,7 +201,8 @@ std::string FixedPictureText(Decimal decimal, const Picture& picture) {
     for (int power = whole_count - 1; power >= 0; --power) whole += zero ? '0' : DigitAt(decimal, power);
     std::string fraction;
     for (int i = 1; i <= picture.decimals; ++i) fraction += zero ? '0' : DigitAt(decimal, -i);
-    while (static_cast<int>(fraction.size()) > picture.fixed_decimals && fraction.back() == '0') fraction.pop_back();
+    while (static_cast<int>(fraction.size()) > picture.fixed_decimals && fraction.back() == '0')
+        fraction.pop_back();
     return (decimal.negative ? "-" : "") + whole + (picture.point ? "." : "") + fraction;
 }
 
@@ -224,13 +234,21 @@ double StrictNumber(std::string_view text) {
     return ConvertNumber(trimmed);
 }
 
-std::string GeneralText(double value) { return GeneralForm(value, 15); }
+std::string GeneralText(double value) {
+    return GeneralForm(value, 15);
+}
 
-std::string GeneralText(float value) { return GeneralForm(static_cast<double>(value), 7); }
+std::string GeneralText(float value) {
+    return GeneralForm(static_cast<double>(value), 7);
+}
 
-std::string GeneralText(int value) { return std::to_string(value); }
+std::string GeneralText(int value) {
+    return std::to_string(value);
+}
 
-std::string SignedText(long value) { return (value < 0 ? "" : " ") + std::to_string(value); }
+std::string SignedText(long value) {
+    return (value < 0 ? "" : " ") + std::to_string(value);
+}
 
 std::string PictureText(double value, std::string_view picture_text) {
     const Picture picture = ParsePicture(picture_text);
@@ -240,6 +258,8 @@ std::string PictureText(double value, std::string_view picture_text) {
                                        : FixedPictureText(std::move(decimal), picture);
 }
 
-double ThroughText(double value) { return NumericParse(GeneralText(value)); }
+double ThroughText(double value) {
+    return NumericParse(GeneralText(value));
+}
 
 }  // namespace tarvokol
