@@ -4,8 +4,15 @@
 
 namespace tarvokol {
 
-// The target of the plan drawing. World coordinates run from (0, height) at the top left corner of the surface to
-// (width, 0) at the bottom right one; y grows upwards. The current point is kept in world units.
+// A font whose line of writing is turned. It is upright, of normal weight, as wide as the face has it.
+struct TurnedFont {
+    std::string face;
+    int height = 0;      // logical pixels, 96 to the inch
+    int escapement = 0;  // tenths of a degree against the clock
+};
+
+// The target of the plan drawing. World coordinates run from (0, height) at the top left corner of the
+// surface to (width, 0) at the bottom right one; y grows upwards. The current point is kept in world units.
 class DrawingSurface {
   public:
     virtual ~DrawingSurface() = default;
@@ -31,12 +38,12 @@ class DrawingSurface {
     virtual double TextWidth(const std::string& text) = 0;
     virtual double TextHeight(const std::string& text) = 0;
 
-    // Writes a text with its top left corner at the current point.
+    // Writes a text with its top left corner at the current point. Where the current point is afterwards is
+    // not told.
     virtual void Print(const std::string& text) = 0;
 
-    // Writes a text turned by `angle` degrees against the clock, from the current point, in a font of the given face
-    // and of 1.5 times the surface's font size in pixels.
-    virtual void PrintRotated(const std::string& font_name, const std::string& text, double angle) = 0;
+    // Writes a turned text whose line of writing begins at the current point.
+    virtual void PrintTurned(const TurnedFont& font, const std::string& text) = 0;
 
     // The current font's size in points.
     virtual double FontSize() const = 0;
