@@ -1,0 +1,192 @@
+#include "platform/qt/painter_surface.h"
+
+#include <QFontMetricsF>
+#include <QTransform>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/qt/qt_text.h"
+#include "runtime/run_time_error.h"
+
+namespace tarvokol {
+
+namespace {
+
+constexpr double kTwipsPerPixel = 15;
+constexpr double kPixelsPerPoint = 96.0 / 72.0;
+constexpr double kStartFontSize = 8.25;
+constexpr double kLargestFontSize = 2160;
+constexpr const char* kPlanFont = "Arial";
+
+QFont PixelFont(const QString& face, int pixels) {
+    QFont font(face);
+    font.setStyleHint(QFont::SansSerif);
+    font.setPixelSize(std::max(1, pixels));
+    font.setWeight(QFont::Normal);
+    return font;
+}
+
+// One end of a line, cut off at a bound of one coordinate.
+double CutAt(double from_main, double from_other, double to_main, double to_other, double bound) {
+    return from_other + (to_other - from_other) * ((bound - from_main) / (to_main - from_main));
+}
+
+// Cuts the stretch of a line outside low..high of the main coordinate; false if nothing is left.
+bool CutToRange(double& main1, double& other1, double& main2, double& other2, double low, double high) {
+    if (std::max(main1, main2) < low || std::min(main1, main2) > high) return false;
+    const double start_main = main1;
+    const double start_other = other1;
+    const double end_main = main2;
+    const double end_other = other2;
+    const auto cut = [&](double& main, double& other) {
+        const double bound = std::clamp(main, low, high);
+        if (bound == main) return;
+        other = CutAt(start_main, start_other, end_main, end_other, bound);
+        main = bound;
+    };
+    cut(main1, other1);
+    cut(main2, other2);
+    return true;
+}
+
+// The part of a line on the sheet. A pillar without end would reach further than a paint engine can count.
+bool CutToSheet(QPointF& from, QPointF& to, const QSizeF& size) {
+    double x1 = from.x();
+    double y1 = from.y();
+    double x2 = to.x();
+    double y2 = to.y();
+    constexpr double kMargin = 8;
+    if (!CutToRange(x1, y1, x2, y2, -kMargin, size.width() + kMargin)) return false;
+    if (!CutToRange(y1, x1, y2, x2, -kMargin, size.height() + kMargin)) return false;
+    from = {x1, y1};
+    to = {x2, y2};
+    return true;
+}
+
+}  // namespace
+
+PainterSurface::PainterSurface(QPaintDevice& device, const QSizeF& size)
+    : device_(&device),
+      size_(size),
+      width_(size.width() * kTwipsPerPixel),
+      height_(size.height() * kTwipsPerPixel) {
+    SetFontSize(kStartFontSize);
+}
+
+PainterSurface::~PainterSurface() {
+    Finish();
+}
+
+void PainterSurface::SetTarget(QPaintDevice& device, const QSizeF& size) {
+    Finish();
+    device_ = &device;
+    size_ = size;
+}
+
+void PainterSurface::Finish() {
+    painter_.reset();
+}
+
+void PainterSurface::SetFontSize(double points) {
+    if (!(points > 0) || points > kLargestFontSize) Raise(error_number::InvalidPropertyValue);
+    const int pixels = std::max(1, static_cast<int>(std::lround(points * kPixelsPerPoint)));
+    font_ = PixelFont(kPlanFont, pixels);
+    font_size_ = pixels / kPixelsPerPoint;
+}
+
+void PainterSurface::SetScale(double width, double height) {
+    width_ = width;
+    height_ = height;
+}
+
+QPainter& PainterSurface::Painter() {
+    if (!painter_) {
+        painter_.emplace(device_);
+        has_drawn_ = true;
+        const double scale = UnitsPerPixel() / device_->devicePixelRatioF();
+        painter_->scale(scale, scale);
+        painter_->setRenderHint(QPainter::Antialiasing, false);
+        painter_->setRenderHint(QPainter::TextAntialiasing);
+        painter_->setPen(QPen(Qt::black, PenWidth(), Qt::SolidLine, Qt::SquareCap));
+    }
+    return *painter_;
+}
+
+double PainterSurface::UnitsPerPixel() const {
+    return device_->width() / size_.width();
+}
+
+double PainterSurface::PenWidth() const {
+    const double units = UnitsPerPixel();
+    return std::max(1.0, std::round(units)) / units;
+}
+
+QPointF PainterSurface::ToPixels(double x, double y) const {
+    return {x * (size_.width() / width_), (height_ - y) * (size_.height() / height_)};
+}
+
+// A pen of an odd number of device pixels is sharp on the middle of a pixel, one of an even number between
+// two.
+QPointF PainterSurface::ToPixelCentre(const QPointF& point) const {
+    const double units = UnitsPerPixel();
+    const bool odd = std::lround(PenWidth() * units) % 2 != 0;
+    const auto settle = [&](double pixels) {
+        return odd ? (std::floor(pixels * units) + 0.5) / units : std::round(pixels * units) / units;
+    };
+    return {settle(point.x()), settle(point.y())};
+}
+
+void PainterSurface::Cls() {
+    Painter().fillRect(QRectF({0, 0}, size_), Qt::white);
+    printed_.clear();
+    SetCurrentPoint(0, 0);
+}
+
+void PainterSurface::Line(double x1, double y1, double x2, double y2) {
+    SetCurrentPoint(x2, y2);
+    QPointF from = ToPixels(x1, y1);
+    QPointF to = ToPixels(x2, y2);
+    if (CutToSheet(from, to, size_)) Painter().drawLine(ToPixelCentre(from), ToPixelCentre(to));
+}
+
+void PainterSurface::SetCurrentPoint(double x, double y) {
+    x_ = x;
+    y_ = y;
+}
+
+double PainterSurface::TextWidth(const std::string& text) {
+    return QFontMetricsF(font_).horizontalAdvance(ToQt(text)) * (width_ / size_.width());
+}
+
+double PainterSurface::TextHeight(const std::string&) {
+    return QFontMetricsF(font_).height() * (height_ / size_.height());
+}
+
+void PainterSurface::Print(const std::string& text) {
+    PrintLine(font_, 0, -QFontMetricsF(font_).ascent(), text);
+}
+
+void PainterSurface::PrintTurned(const TurnedFont& font, const std::string& text) {
+    const QFont turned = PixelFont(ToQt(font.face), font.height);
+    PrintLine(turned, font.escapement / 10.0, QFontMetricsF(turned).descent(), text);
+}
+
+// Prints with the baseline `rise` pixels above the current point, in the turned direction.
+void PainterSurface::PrintLine(const QFont& font, double escapement_degrees, double rise,
+                               const std::string& text) {
+    const QPointF origin = ToPixels(x_, y_);
+    const QString line = ToQt(text);
+    const QFontMetricsF metrics(font);
+    QTransform turn = QTransform::fromTranslate(origin.x(), origin.y()).rotate(-escapement_degrees);
+    const QRectF box(0, -rise - metrics.ascent(), metrics.horizontalAdvance(line), metrics.height());
+    if (!turn.mapRect(box).intersects(QRectF({0, 0}, size_))) return;
+    if (!printed_.emplace(text, origin.x(), origin.y(), escapement_degrees).second) return;
+    QPainter& painter = Painter();
+    painter.save();
+    painter.setFont(font);
+    painter.setTransform(turn, true);
+    painter.drawText(QPointF(0, -rise), line);
+    painter.restore();
+}
+
+}  // namespace tarvokol

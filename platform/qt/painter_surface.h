@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QFont>
+#include <QPaintDevice>
+#include <QPainter>
+#include <QPointF>
+#include <QSizeF>
+#include <optional>
+#include <set>
+#include <string>
+#include <tuple>
+
+#include "platform/drawing_surface.h"
+
+namespace tarvokol {
+
+// The plan on a paint device: black on white paper, whatever the desktop's palette. Positions are mapped to
+// logical pixels (96 to the inch); `size` of them fill the device. Lines are one logical pixel wide and stand
+// on whole device pixels, so that they are sharp at every scale of the screen.
+class PainterSurface : public DrawingSurface {
+  public:
+    // Until the first SetScale the world is measured in twips, 15 to a pixel.
+    PainterSurface(QPaintDevice& device, const QSizeF& size);
+    ~PainterSurface() override;
+    PainterSurface(const PainterSurface&) = delete;
+    PainterSurface& operator=(const PainterSurface&) = delete;
+
+    // Goes on with another device; scale and font stay.
+    void SetTarget(QPaintDevice& device, const QSizeF& size);
+
+    // The device is opened by the first thing that is drawn and is free again after Finish.
+    void Finish();
+
+    // True once anything was drawn or cleared.
+    bool HasDrawn() const { return has_drawn_; }
+
+    // The size nearest to `points` that is a whole number of pixels, one at least. Sizes of 0 and below, and
+    // above 2160, raise "Invalid property value" (380).
+    void SetFontSize(double points);
+
+    void SetScale(double width, double height) override;
+    void Cls() override;
+    void SetDrawMode(int) override {}  // there is one pen, and it always copies its colour
+    void Line(double x1, double y1, double x2, double y2) override;
+    void LineTo(double x, double y) override { Line(x_, y_, x, y); }
+    double CurrentX() const override { return x_; }
+    double CurrentY() const override { return y_; }
+    void SetCurrentPoint(double x, double y) override;
+    double TextWidth(const std::string& text) override;
+    double TextHeight(const std::string& text) override;
+    void Print(const std::string& text) override;
+
+    // The lower edge of the line of writing runs through the current point, so that labels stand clear of the
+    // edge that they begin at.
+    void PrintTurned(const TurnedFont& font, const std::string& text) override;
+    double FontSize() const override { return font_size_; }
+
+  private:
+    QPainter& Painter();
+    QPointF ToPixels(double x, double y) const;
+    QPointF ToPixelCentre(const QPointF& point) const;
+    double UnitsPerPixel() const;
+    double PenWidth() const;
+    void PrintLine(const QFont& font, double escapement_degrees, double rise, const std::string& text);
+
+    QPaintDevice* device_;
+    QSizeF size_;
+    std::optional<QPainter> painter_;
+    bool has_drawn_ = false;
+    QFont font_;
+    double font_size_ = 0;
+    double width_;
+    double height_;
+    double x_ = 0;
+    double y_ = 0;
+    // Texts since the last Cls. The title is printed once a pillar at the same place: smoothed letters that
+    // are printed over themselves grow fat edges.
+    std::set<std::tuple<std::string, double, double, double>> printed_;
+};
+
+}  // namespace tarvokol
