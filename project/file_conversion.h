@@ -7,8 +7,9 @@ namespace tarvokol {
 // Target system chosen in the file conversion utility.
 inline int16_t ConvertTargetUnits = 0;
 
-// Turns the open project into `ConvertTargetUnits`, every figure rounded to two decimals; renames it "English_..." or
-// "Metric_...", marks it changed and rebuilds the caption. No file is read or written. Always true; raises "Overflow".
+// Turns the open project into `ConvertTargetUnits`, every figure rounded to two decimals; renames it
+// "English_..." or "Metric_...", marks it changed and rebuilds the caption. No file is read or written.
+// Always true; raises "Overflow".
 bool ConvertProject();
 
 }  // namespace tarvokol

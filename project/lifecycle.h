@@ -13,13 +13,15 @@ inline OneBased<std::string, 2> DialogPaths;
 // Resets the project; always false.
 bool FileNew(const bool& setUntitled, const bool& resetUnits);
 
-// Asks about unsaved work, resets the project and reads `ProjectFileName`. False if the file is of another format.
+// Asks about unsaved work, resets the project and reads `ProjectFileName`. False if the file is of another
+// format.
 bool FileOpen();
 
 // Opens `ProjectFileName` and, if that worked, does the rest: recent files, caption, parameters dialog.
 bool LoadProjFile();
 
-// Saves, with the file dialog first where the project has no name or `ForceDialog` asks for it. True if it was saved.
+// Saves, with the file dialog first where the project has no name or `ForceDialog` asks for it. True if it
+// was saved.
 bool FileMenuSave(const bool& ForceDialog);
 
 // Mode 1 opens, 2 saves. `ProjectFileName` and `path` become the chosen full name. A cancel raises 32755.
@@ -38,8 +40,8 @@ void LoadRecentFileMenu();
 // Full path of a recent-file entry, 1 to 4.
 std::string RecentFileName(int index);
 
-// The name behind the last separator of a path; with `dropExtension` not 0 the text before the name's first ".", unless
-// that is its first character. A remainder that ends in a separator gives a message.
+// The name behind the last separator of a path; with `dropExtension` not 0 the text before the name's first
+// ".", unless that is its first character. A remainder that ends in a separator gives a message.
 std::string FileNameOf(const std::string& path, int dropExtension);
 
 }  // namespace tarvokol

@@ -5,13 +5,13 @@
 #include <cstdint>
 #include <string>
 
+#include "project/project_state.h"
 #include "runtime/numbers.h"
 #include "runtime/one_based.h"
 
 namespace tarvokol {
 
-// Pages 0 (inputs), 1 (stability factors) and 2 (pillars).
-inline ZeroBased<std::string, 2> OutputBuffers;
+// `OutputBuffers` holds pages 0 (inputs), 1 (stability factors) and 2 (pillars); a new project clears 1 and 2.
 inline int16_t LastOutputPage = 2;
 
 // Names printed in the report, set at start-up.

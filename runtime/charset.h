@@ -1,5 +1,5 @@
-// The character sets of files on disk: UTF-8 or Windows-1252. Every one of the 256 bytes of the latter stands for a
-// character, so nothing that a file holds is ever refused or lost.
+// The character sets of files on disk: UTF-8 or Windows-1252. Every one of the 256 bytes of the latter stands
+// for a character, so nothing that a file holds is ever refused or lost.
 #pragma once
 
 #include <string>
@@ -14,7 +14,11 @@ class Utf8Scanner {
   public:
     void Feed(std::string_view bytes);
 
-    // UTF-8 if all bytes fed so far are valid UTF-8 and hold at least one multi-byte character; call at the end.
+    // True once no further byte can change the verdict.
+    bool Settled() const { return !valid_; }
+
+    // UTF-8 if all bytes fed so far are valid UTF-8 and hold at least one multi-byte character; call at the
+    // end.
     Charset Verdict() const;
 
   private:
@@ -31,8 +35,8 @@ Charset DetectCharset(std::string_view bytes);
 // Bytes of a file as UTF-8 text.
 std::string DecodeText(std::string_view bytes, Charset charset);
 
-// UTF-8 text as the bytes of a file: Windows-1252 when every character has a place there and the bytes would read
-// back the same, otherwise UTF-8.
+// UTF-8 text as the bytes of a file: Windows-1252 when every character has a place there and the bytes would
+// read back the same, otherwise UTF-8.
 std::string EncodeFileText(std::string_view text);
 
 }  // namespace tarvokol

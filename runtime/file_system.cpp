@@ -3,6 +3,9 @@
 #include <filesystem>
 #include <system_error>
 
+#include "platform/os_errors.h"
+#include "runtime/run_time_error.h"
+
 namespace tarvokol {
 
 bool FileExists(const std::string& path) {
@@ -14,6 +17,13 @@ bool FileExists(const std::string& path) {
 bool FolderExists(const std::string& path) {
     std::error_code failure;
     return std::filesystem::is_directory(path, failure) && !failure;
+}
+
+void RemoveFile(const std::string& path) {
+    std::error_code failure;
+    if (!FileExists(path)) return;
+    std::filesystem::remove(path, failure);
+    if (failure) Raise(ErrorNumberOfErrno(failure.value(), path));
 }
 
 bool EndsInSeparator(const std::string& path) {

@@ -1,4 +1,4 @@
-// Questions about files and folders that never fail, and paths as the program writes them.
+// Questions about files and folders that never fail, paths as the program writes them, and removing a file.
 #pragma once
 
 #include <string>
@@ -13,6 +13,9 @@ bool FileExists(const std::string& path);
 
 // True if the path names an existing folder. Any failure gives false.
 bool FolderExists(const std::string& path);
+
+// Removes the file if it exists. Raises the error of the operating system.
+void RemoveFile(const std::string& path);
 
 // True if the path ends in a separator, "\" or "/".
 bool EndsInSeparator(const std::string& path);

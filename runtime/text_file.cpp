@@ -1,15 +1,15 @@
 #include "runtime/text_file.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <map>
 #include <memory>
 #include <optional>
 #include <vector>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "platform/os_errors.h"
 #include "runtime/charset.h"
@@ -20,7 +20,7 @@
 namespace tarvokol {
 namespace {
 
-constexpr std::size_t kBufferSize = 64u * 1024;
+constexpr std::size_t kBufferSize = 16u * 1024;  // a project or a settings file in one piece
 constexpr int kHighestNumber = 511;
 
 class OpenFile {
@@ -49,14 +49,20 @@ class OpenFile {
         if (content_ == FileContent::Raw && pending_.size() >= kBufferSize) Flush();
     }
 
+    // A failed write goes back to where it began, so that printing the same again writes over what it left.
     void Flush() {
-        const std::string bytes = content_ == FileContent::Text ? EncodeFileText(pending_) : std::move(pending_);
+        const std::string bytes =
+            content_ == FileContent::Text ? EncodeFileText(pending_) : std::move(pending_);
         pending_.clear();
         std::size_t written = 0;
         while (written < bytes.size()) {
             const ssize_t count = ::write(descriptor_, bytes.data() + written, bytes.size() - written);
             if (count < 0 && errno == EINTR) continue;
-            if (count < 0) Raise(ErrorNumberOfErrno(errno, path_));
+            if (count < 0) {
+                const int failure = errno;
+                ::lseek(descriptor_, -static_cast<off_t>(written), SEEK_CUR);
+                Raise(ErrorNumberOfErrno(failure, path_));
+            }
             written += static_cast<std::size_t>(count);
         }
     }
@@ -89,8 +95,8 @@ class OpenFile {
         return available.substr(0, count);
     }
 
-    // Bytes of this file as text. The whole file decides on the character set; it is read through once, when the
-    // first byte beyond ASCII turns up.
+    // Bytes of this file as text. The whole file decides on the character set; it is read through once, when
+    // the first byte beyond ASCII turns up.
     std::string Decode(const std::string& bytes) {
         if (content_ == FileContent::Raw) return bytes;
         if (AllAscii(bytes)) return bytes;
@@ -131,7 +137,7 @@ class OpenFile {
             const ssize_t count = ::pread(descriptor_, bytes.data(), bytes.size(), offset);
             if (count < 0 && errno == EINTR) continue;
             if (count < 0) Raise(ErrorNumberOfErrno(errno, path_));
-            if (count == 0) return scanner.Verdict();
+            if (count == 0 || scanner.Settled()) return scanner.Verdict();
             scanner.Feed(std::string_view(bytes.data(), static_cast<std::size_t>(count)));
             offset += count;
         }
@@ -211,6 +217,11 @@ void SkipBlanks(OpenFile& file) {
     while (file.NextIs(' ')) file.Skip(1);
 }
 
+// True where a value that is no quoted one can end.
+bool EndsHere(OpenFile& file) {
+    return file.NextIs(',') || file.NextIs(' ') || file.LineEndBytes() > 0 || file.AtEnd();
+}
+
 enum class TokenKind { Text, Number };
 
 // The bytes of one value, see TokenText.
@@ -224,7 +235,8 @@ std::string ReadToken(OpenFile& file, TokenKind kind, std::size_t limit, AtLimit
         if (file.NextIs('"')) file.Skip(1);
     } else {
         token = ReadUntil(file, kind == TokenKind::Number ? ", " : ",", limit, at_limit);
-        token = TrimRight(token);
+        if (token.size() >= limit) SkipBlanks(file);
+        if (EndsHere(file)) token = TrimRight(token);
         if (file.NextIs(',')) file.Skip(1);
     }
     SkipBlanks(file);
@@ -248,7 +260,9 @@ void OpenForOutput(int number, const std::string& path, FileContent content) {
     Open(number, path, O_WRONLY | O_CREAT | O_TRUNC, content);
 }
 
-void FlushFile(int number) { FileOf(number, true).Flush(); }
+void FlushFile(int number) {
+    FileOf(number, true).Flush();
+}
 
 void CloseFile(int number) {
     const auto found = OpenFiles().find(number);
@@ -264,7 +278,9 @@ void PrintLine(int number, std::string_view text) {
     file.Append(CrLf);
 }
 
-void PrintNumber(int number, long value) { PrintLine(number, SignedText(value) + " "); }
+void PrintNumber(int number, long value) {
+    PrintLine(number, SignedText(value) + " ");
+}
 
 std::string LineInput(int number) {
     OpenFile& file = FileOf(number, false);
@@ -281,13 +297,15 @@ std::string TokenText(int number) {
 
 std::string TokenStart(int number, std::size_t limit) {
     OpenFile& file = FileOf(number, false);
-    return file.Decode(ReadToken(file, TokenKind::Text, limit, AtLimit::Cut));
+    return ReadToken(file, TokenKind::Text, limit, AtLimit::Cut);
 }
 
 double TokenNumber(int number) {
     return NumericParse(ReadToken(FileOf(number, false), TokenKind::Number, kLongestText, AtLimit::Raise));
 }
 
-bool EndOfFile(int number) { return FileOf(number, false).AtEnd(); }
+bool EndOfFile(int number) {
+    return FileOf(number, false).AtEnd();
+}
 
 }  // namespace tarvokol

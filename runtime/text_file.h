@@ -45,7 +45,8 @@ std::string LineInput(int number);
 // line end behind it. Raises "Input past end of file" where no value begins.
 std::string TokenText(int number);
 
-// The first at most `limit` bytes of a token, for a comparison; the rest of a longer one stays unread.
+// The first at most `limit` bytes of a token as they stand, for a comparison with a shorter ASCII text; the rest of a
+// longer one stays unread.
 std::string TokenStart(int number, std::size_t limit);
 
 // A number token through the numeric parse.

@@ -10,6 +10,9 @@
 
 namespace tarvokol {
 
+// The running program's file name without extension, in upper case; set first at start-up, never changed.
+inline std::string ExeNameUpper;
+
 // Section "Settings". `DisplayHistoryWin` and `MaxDisplaySize` stand with the history log.
 inline int16_t DefaultUnitSystem = 0;  // key "DefaultUnits"
 inline std::string DisplayFontName;

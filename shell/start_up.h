@@ -5,10 +5,11 @@
 #include <functional>
 #include <string>
 
+#include "settings/program_settings.h"
+
 namespace tarvokol {
 
-// Identity, set first, never changed.
-inline std::string ExeNameUpper;
+// Identity, set first, never changed; `ExeNameUpper` stands with the settings.
 inline std::string HelpFileName;
 inline std::string PdfHelpName;
 inline std::string UpdatePageAddress;
