@@ -12,15 +12,24 @@ inline std::string TempDataFolder;      // scratch files; empty where scratch is
 // Sets `AppFolder` from the program's path.
 void LocateAppFolder();
 
-// Sets and creates `PersonalDataFolder` and `TempDataFolder` below the documents folder, or below the desktop folder;
-// falls back on `AppFolder`. Never fails.
+// The running program's file name without folder and extension: "tarvokol".
+std::string ProgramName();
+
+// Full name of a file that comes with the program: in `AppFolder`, or in the shared folder of an installation
+// ("../share/tarvokol/" from there). Where it is in neither, the name in `AppFolder`.
+std::string InstalledFile(const std::string& name);
+
+// Sets and creates `PersonalDataFolder` and `TempDataFolder` below the documents folder, or below the desktop
+// folder; falls back on `AppFolder`. Never fails.
 void LocateDataFolders();
 
-// Copies a text file line by line under file numbers 1 and 2, which are closed first; every line gets the program's
-// line end. A missing source shows "Requested File not found: " and gives false. Raises the errors of the files.
+// Copies a text file line by line under file numbers 1 and 2, which are closed first; every line gets the
+// program's line end. A missing source shows "Requested File not found: " and gives false. Raises the errors
+// of the files.
 bool CopyTextFile(const std::string& source, const std::string& dest);
 
-// Copies the example projects that the data folder lacks, if the setting "CopyExampleFiles" is on. Errors are ignored.
+// Copies the example projects that the data folder lacks, if the setting "CopyExampleFiles" is on. Errors are
+// ignored.
 void CopyExampleFiles();
 
 }  // namespace tarvokol
