@@ -1,7 +1,6 @@
 #include "platform/qt/painter_surface.h"
 
 #include <QFontMetricsF>
-#include <QTransform>
 #include <algorithm>
 #include <cmath>
 
@@ -16,6 +15,8 @@ constexpr double kTwipsPerPixel = 15;
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
 constexpr double kStartFontSize = 8.25;
 constexpr double kLargestFontSize = 2160;
+// Pixels between a pillar's outline and the label that begins there.
+constexpr double kTurnedTextGap = 2;
 constexpr const char* kPlanFont = "Arial";
 
 QFont PixelFont(const QString& face, int pixels) {
@@ -63,6 +64,11 @@ bool CutToSheet(QPointF& from, QPointF& to, const QSizeF& size) {
     return true;
 }
 
+// The paper that a text covers: its letters and half a pixel around them.
+QRectF StripOf(const QFont& font, const QPointF& baseline, const QString& text) {
+    return QFontMetricsF(font).tightBoundingRect(text).translated(baseline).adjusted(-0.5, -0.5, 0.5, 0.5);
+}
+
 }  // namespace
 
 PainterSurface::PainterSurface(QPaintDevice& device, const QSizeF& size)
@@ -84,6 +90,8 @@ void PainterSurface::SetTarget(QPaintDevice& device, const QSizeF& size) {
 }
 
 void PainterSurface::Finish() {
+    if (painter_) PutTextsOnTop();
+    texts_.clear();
     painter_.reset();
 }
 
@@ -138,7 +146,7 @@ QPointF PainterSurface::ToPixelCentre(const QPointF& point) const {
 
 void PainterSurface::Cls() {
     Painter().fillRect(QRectF({0, 0}, size_), Qt::white);
-    printed_.clear();
+    texts_.clear();
     SetCurrentPoint(0, 0);
 }
 
@@ -163,30 +171,37 @@ double PainterSurface::TextHeight(const std::string&) {
 }
 
 void PainterSurface::Print(const std::string& text) {
-    PrintLine(font_, 0, -QFontMetricsF(font_).ascent(), text);
+    PrintLine(font_, 0, {0, QFontMetricsF(font_).ascent()}, text);
 }
 
 void PainterSurface::PrintTurned(const TurnedFont& font, const std::string& text) {
     const QFont turned = PixelFont(ToQt(font.face), font.height);
-    PrintLine(turned, font.escapement / 10.0, QFontMetricsF(turned).descent(), text);
+    PrintLine(turned, font.escapement / 10.0, {kTurnedTextGap, -QFontMetricsF(turned).descent()}, text);
 }
 
-// Prints with the baseline `rise` pixels above the current point, in the turned direction.
-void PainterSurface::PrintLine(const QFont& font, double escapement_degrees, double rise,
+// `baseline` is where the text begins, seen from the current point in the turned direction.
+void PainterSurface::PrintLine(const QFont& font, double escapement_degrees, const QPointF& baseline,
                                const std::string& text) {
     const QPointF origin = ToPixels(x_, y_);
-    const QString line = ToQt(text);
-    const QFontMetricsF metrics(font);
-    QTransform turn = QTransform::fromTranslate(origin.x(), origin.y()).rotate(-escapement_degrees);
-    const QRectF box(0, -rise - metrics.ascent(), metrics.horizontalAdvance(line), metrics.height());
-    if (!turn.mapRect(box).intersects(QRectF({0, 0}, size_))) return;
-    if (!printed_.emplace(text, origin.x(), origin.y(), escapement_degrees).second) return;
-    QPainter& painter = Painter();
-    painter.save();
-    painter.setFont(font);
-    painter.setTransform(turn, true);
-    painter.drawText(QPointF(0, -rise), line);
-    painter.restore();
+    const QTransform turn = QTransform::fromTranslate(origin.x(), origin.y()).rotate(-escapement_degrees);
+    const PlacedText placed{font, turn, baseline, ToQt(text)};
+    if (!turn.mapRect(StripOf(font, placed.baseline, placed.text)).intersects(QRectF({0, 0}, size_))) return;
+    if (std::find(texts_.begin(), texts_.end(), placed) != texts_.end()) return;
+    Painter();
+    texts_.push_back(placed);
+}
+
+void PainterSurface::PutTextsOnTop() {
+    const QTransform sheet = painter_->transform();
+    for (const PlacedText& text : texts_) {
+        painter_->setTransform(text.turn * sheet);
+        painter_->fillRect(StripOf(text.font, text.baseline, text.text), Qt::white);
+    }
+    for (const PlacedText& text : texts_) {
+        painter_->setTransform(text.turn * sheet);
+        painter_->setFont(text.font);
+        painter_->drawText(text.baseline, text.text);
+    }
 }
 
 }  // namespace tarvokol

@@ -5,10 +5,11 @@
 #include <QPainter>
 #include <QPointF>
 #include <QSizeF>
+#include <QString>
+#include <QTransform>
 #include <optional>
-#include <set>
 #include <string>
-#include <tuple>
+#include <vector>
 
 #include "platform/drawing_surface.h"
 
@@ -28,7 +29,8 @@ class PainterSurface : public DrawingSurface {
     // Goes on with another device; scale and font stay.
     void SetTarget(QPaintDevice& device, const QSizeF& size);
 
-    // The device is opened by the first thing that is drawn and is free again after Finish.
+    // Completes the drawing. The device is opened by the first thing that is drawn and is free again after
+    // Finish.
     void Finish();
 
     // True once anything was drawn or cleared.
@@ -61,7 +63,9 @@ class PainterSurface : public DrawingSurface {
     QPointF ToPixelCentre(const QPointF& point) const;
     double UnitsPerPixel() const;
     double PenWidth() const;
-    void PrintLine(const QFont& font, double escapement_degrees, double rise, const std::string& text);
+    void PrintLine(const QFont& font, double escapement_degrees, const QPointF& baseline,
+                   const std::string& text);
+    void PutTextsOnTop();
 
     QPaintDevice* device_;
     QSizeF size_;
@@ -73,9 +77,17 @@ class PainterSurface : public DrawingSurface {
     double height_;
     double x_ = 0;
     double y_ = 0;
-    // Texts since the last Cls. The title is printed once a pillar at the same place: smoothed letters that
-    // are printed over themselves grow fat edges.
-    std::set<std::tuple<std::string, double, double, double>> printed_;
+    // Texts since the last Cls, put on top of the lines by Finish: each on a strip of bare paper, so that no
+    // dimension line runs through a figure. The title is printed once a pillar at the same place: smoothed
+    // letters that are printed over themselves would grow fat edges.
+    struct PlacedText {
+        QFont font;
+        QTransform turn;
+        QPointF baseline;
+        QString text;
+        bool operator==(const PlacedText&) const = default;
+    };
+    std::vector<PlacedText> texts_;
 };
 
 }  // namespace tarvokol
