@@ -1,0 +1,49 @@
+#include "shell/forms/form_registry.h"
+
+#include <map>
+
+#include "runtime/run_time_error.h"
+
+namespace tarvokol {
+namespace {
+
+template <typename Form>
+FormBase& InstanceOf() {
+    return Form::Instance();
+}
+
+template <typename Form>
+void ShowGraph(int index, QWidget* owner) {
+    Form& form = Form::Instance();
+    form.GraphInit(index);
+    form.DrawCurve();
+    form.ShowModal(owner);
+}
+
+using Loader = FormBase& (*)();
+using GraphOpener = void (*)(int index, QWidget* owner);
+
+// A form enters itself here with one line: {"frmSet", InstanceOf<frmSet>}.
+const std::map<std::string_view, Loader> Loaders{};
+
+// {"frmGraph", ShowGraph<frmGraph>}.
+const std::map<std::string_view, GraphOpener> GraphOpeners{};
+
+template <typename Entry>
+Entry EntryOf(const std::map<std::string_view, Entry>& table, std::string_view name) {
+    const auto found = table.find(name);
+    if (found == table.end()) Raise(error_number::InvalidCall);
+    return found->second;
+}
+
+}  // namespace
+
+FormBase& FormNamed(std::string_view name) {
+    return EntryOf(Loaders, name)();
+}
+
+void ShowGraphForm(std::string_view name, int index, QWidget* owner) {
+    EntryOf(GraphOpeners, name)(index, owner);
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,129 @@
+#include "tests/support/gui_fixture.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QTextEdit>
+#include <stdexcept>
+
+#include "platform/qt/program_application.h"
+#include "shell/forms/form_services.h"
+#include "shell/start_up.h"
+
+namespace tarvokol {
+namespace {
+
+constexpr int kWatchMilliseconds = 5;
+constexpr int kIdleTicksAllowed = 1600;
+
+std::vector<RunTimeError> Unhandled;
+
+QPoint ClickPoint(const QWidget& control) {
+    const bool marked =
+        qobject_cast<const QRadioButton*>(&control) || qobject_cast<const QCheckBox*>(&control);
+    return marked ? QPoint(8, control.height() / 2) : control.rect().center();
+}
+
+}  // namespace
+
+void RecordUnhandledError(const RunTimeError& error) {
+    Unhandled.push_back(error);
+}
+
+GuiTest::GuiTest() {
+    Unhandled.clear();
+    RunTimeHelpFile = "/opt/tarvokol/TARVOKOL.CHM";
+    QObject::connect(&watch_, &QTimer::timeout, &watch_, [this] { WatchModalForms(); });
+    watch_.start(kWatchMilliseconds);
+}
+
+GuiTest::~GuiTest() {
+    watch_.stop();
+    UnloadAllForms();
+    RunEvents();
+    SetScreenPointer(MousePointer::Default);
+    if (!scripts_.empty()) ADD_FAILURE() << "never shown modally: " << scripts_.front().form;
+}
+
+void GuiTest::MissingControl(const QWidget& form, const std::string& name) {
+    throw std::runtime_error("no control " + name + " on " + FromQt(form.objectName()));
+}
+
+void GuiTest::Click(QWidget& form, const std::string& name) {
+    QWidget& control = Find<QWidget>(form, name);
+    QTest::mouseClick(&control, Qt::LeftButton, Qt::NoModifier, ClickPoint(control));
+}
+
+void GuiTest::Type(QWidget& form, const std::string& name, const std::string& text) {
+    QWidget& box = Find<QWidget>(form, name);
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&box, Qt::Key_Delete);
+    QTest::keyClicks(&box, ToQt(text));
+}
+
+void GuiTest::Press(QWidget& form, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QWidget* target = form.focusWidget() != nullptr ? form.focusWidget() : &form;
+    QTest::keyClick(target, key, modifiers);
+}
+
+bool GuiTest::Choose(QWidget& form, const std::string& action) {
+    auto& command = Find<QAction>(form, action);
+    if (!form.isEnabled() || !command.isEnabled() || !command.isVisible()) return false;
+    static_cast<ProgramApplication*>(qApp)->Run([&] { command.trigger(); });
+    return true;
+}
+
+std::string GuiTest::TextOf(QWidget& form, const std::string& name) {
+    QWidget& control = Find<QWidget>(form, name);
+    if (auto* box = qobject_cast<QPlainTextEdit*>(&control)) return FromQt(box->toPlainText());
+    if (auto* box = qobject_cast<QTextEdit*>(&control)) return FromQt(box->toPlainText());
+    return FromQt(control.property("text").toString());
+}
+
+void GuiTest::ShowAndActivate(FormBase& form) {
+    form.ShowModeless();
+    if (!QTest::qWaitForWindowActive(&form))
+        ADD_FAILURE() << "did not become active: " << FromQt(form.objectName());
+}
+
+void GuiTest::WhenShown(const std::string& form, std::function<void(FormBase&)> script) {
+    scripts_.push_back({form, std::move(script)});
+}
+
+void GuiTest::WatchModalForms() {
+    auto* modal = qobject_cast<FormBase*>(QApplication::activeModalWidget());
+    if (modal == nullptr || !modal->isVisible()) {
+        idle_ticks_ = 0;
+        return;
+    }
+    if (!scripts_.empty() && modal->objectName() == ToQt(scripts_.front().form)) {
+        const ModalScript script = scripts_.front();
+        scripts_.pop_front();
+        idle_ticks_ = 0;
+        script.run(*modal);
+        return;
+    }
+    if (++idle_ticks_ < kIdleTicksAllowed) return;
+    ADD_FAILURE() << "a modal form was left open: " << FromQt(modal->objectName());
+    idle_ticks_ = 0;
+    modal->Abandon();
+}
+
+bool GuiTest::WaitUntil(const std::function<bool()>& condition) {
+    return QTest::qWaitFor(condition, 5000);
+}
+
+void GuiTest::RunEvents() {
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+}
+
+const std::vector<RunTimeError>& GuiTest::UnhandledErrors() {
+    return Unhandled;
+}
+
+}  // namespace tarvokol

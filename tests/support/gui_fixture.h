@@ -1,0 +1,84 @@
+// What every GUI test starts from: the headless bindings of the core fixture, no form loaded, and hands to
+// drive forms with: controls by their names, clicks, keys, menu commands, scripts for forms that show
+// modally.
+#pragma once
+
+#include <QAction>
+#include <QLineEdit>
+#include <QTimer>
+#include <QtTest>
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include "platform/qt/qt_text.h"
+#include "shell/forms/form_base.h"
+#include "tests/support/core_fixture.h"
+
+namespace tarvokol {
+
+class GuiTest : public CoreTest {
+  protected:
+    GuiTest();
+    ~GuiTest() override;
+
+    // The control, or the action, of a name on a form; a missing one ends the test with its name.
+    template <typename Control = QWidget>
+    static Control& Find(QWidget& form, const std::string& name) {
+        auto* control = form.findChild<Control*>(ToQt(name));
+        if (control == nullptr) MissingControl(form, name);
+        return *control;
+    }
+
+    // A left click in the middle of a control (for options and check boxes: on their mark).
+    static void Click(QWidget& form, const std::string& name);
+
+    // Replaces the text of a box as a user does: focus, select all, keys.
+    static void Type(QWidget& form, const std::string& name, const std::string& text);
+
+    // A key press on the control that has the form's focus, or on the form itself.
+    static void Press(QWidget& form, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+    // Chooses a menu command by its action's name; true if it was enabled and visible.
+    static bool Choose(QWidget& form, const std::string& action);
+
+    // Text of a box, label or button.
+    static std::string TextOf(QWidget& form, const std::string& name);
+
+    // Shows a form and waits until it is the active window.
+    static void ShowAndActivate(FormBase& form);
+
+    // Runs the script when the form of that name has come up modally; scripts run in the order of their
+    // making, each once. A modal form without a script is unloaded after some seconds, and the test fails.
+    void WhenShown(const std::string& form, std::function<void(FormBase&)> script);
+
+    // True once the condition holds; waits up to five seconds while events run.
+    static bool WaitUntil(const std::function<bool()>& condition);
+
+    // Lets posted events, deferred deletions included, run.
+    static void RunEvents();
+
+    // Run-time errors that no handler took since the test began; in the program each would have ended it.
+    static const std::vector<RunTimeError>& UnhandledErrors();
+
+  private:
+    struct ModalScript {
+        std::string form;
+        std::function<void(FormBase&)> run;
+    };
+
+    [[noreturn]] static void MissingControl(const QWidget& form, const std::string& name);
+    void WatchModalForms();
+
+    std::deque<ModalScript> scripts_;
+    QTimer watch_;
+    int idle_ticks_ = 0;
+};
+
+// Where the application object of the test binary leaves unhandled errors.
+void RecordUnhandledError(const RunTimeError& error);
+
+}  // namespace tarvokol
