@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QFont>
+#include <QPainter>
+#include <QPrinter>
+#include <memory>
+
+#include "platform/printer_device.h"
+
+namespace tarvokol {
+
+// The toolkit's printer: a real one, or a PDF file. The pen is measured from the corner of the paper. A job
+// begins with what it prints first and ends with EndDoc.
+//
+// Errors: "Printer error" (482) while there is neither a printer nor a file to print to, and where the
+// printer refuses a page; for a file that cannot be written the error of the operating system.
+class QtPrinter : public PrinterDevice {
+  public:
+    // What the printer dialogs choose from and set; the user's default printer to begin with. The choice is
+    // kept.
+    QPrinter& Device() const;
+
+    // Prints what follows to a PDF file, on A4 paper.
+    void PrintToFile(const std::string& path);
+
+    // True if there is a printer, or a file to print to.
+    bool HasTarget() const;
+
+    double CurrentX() const override { return x_; }
+    double CurrentY() const override { return y_; }
+    void SetCurrentX(double twips) override { x_ = twips; }
+    void SetCurrentY(double twips) override { y_ = twips; }
+    double PageWidth() const override;
+    double PageHeight() const override;
+
+    void Print(const std::string& text) override;
+    double TextWidth(const std::string& text) override;
+
+    void NewPage() override;
+    void EndDoc() override;
+
+    std::vector<std::string> FontNames() override;
+    void SetFontName(const std::string& name) override;
+    void SetFontSize(double points) override;
+    void SetFontBold(bool on) override;
+    void SetFontItalic(bool on) override;
+    void SetFontStrikeThrough(bool on) override;
+    void SetFontUnderline(bool on) override;
+
+  private:
+    QPrinter& Target() const;
+    QFont& FontOfTarget();
+    void EnsureJob();
+
+    mutable std::unique_ptr<QPrinter> device_;  // created on first use: looking for printers takes its time
+    QPainter painter_;                          // behind the device, which it must not outlive
+    QFont font_;
+    double x_ = 0;  // twips
+    double y_ = 0;
+};
+
+}  // namespace tarvokol

@@ -1,0 +1,54 @@
+#include "platform/qt/qt_screen_fonts.h"
+
+#include <QFont>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QStringList>
+
+#include "platform/qt/qt_text.h"
+
+namespace tarvokol {
+namespace {
+
+// A family asked for by name and the families whose characters are as wide.
+struct NamedFamily {
+    const char* name;
+    QStringList equivalents;
+};
+
+const std::vector<NamedFamily>& NamedFamilies() {
+    static const std::vector<NamedFamily> families{
+        {"Arial", {"Liberation Sans", "Arimo", "Nimbus Sans", "Nimbus Sans L", "TeX Gyre Heros"}},
+        {"Courier New", {"Liberation Mono", "Cousine"}},
+        {"Courier", {"Nimbus Mono PS", "Nimbus Mono L", "TeX Gyre Cursor", "Liberation Mono", "Cousine"}},
+    };
+    return families;
+}
+
+bool IsMappedToEquivalent(const NamedFamily& family) {
+    const QString resolved = QFontInfo(QFont(family.name)).family();
+    return family.equivalents.contains(resolved, Qt::CaseInsensitive);
+}
+
+}  // namespace
+
+bool FontIsPresent(const QString& family) {
+    if (QFontDatabase::hasFamily(family)) return true;
+    for (const NamedFamily& named : NamedFamilies())
+        if (family.compare(QLatin1String(named.name), Qt::CaseInsensitive) == 0)
+            return IsMappedToEquivalent(named);
+    return false;
+}
+
+std::vector<std::string> QtScreenFonts::Names() const {
+    QStringList families = QFontDatabase::families();
+    for (const NamedFamily& named : NamedFamilies()) {
+        const QString name = QLatin1String(named.name);
+        if (!families.contains(name, Qt::CaseInsensitive) && FontIsPresent(name)) families.append(name);
+    }
+    std::vector<std::string> names;
+    for (const QString& family : families) names.push_back(FromQt(family));
+    return names;
+}
+
+}  // namespace tarvokol
