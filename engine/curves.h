@@ -40,8 +40,8 @@ inline int16_t SizingCurveKind = 0;     // 0 web thickness, 1 barrier width
 inline OneBased<std::string, 3> CurveNames;
 inline OneBased<std::string, 2> SizingCurveNames;
 
-// Runs the input check, then the analysis over the range of the input that `index` names. False if the check refuses
-// the project: there is no curve then. Raises the errors of the analysis.
+// Runs the input check, then the analysis over the range of the input that `index` names. False if the check
+// refuses the project: there is no curve then. Raises the errors of the analysis.
 bool ComputeStabilityCurves(int index);
 
 // Runs the input check, then the solver over the range of depths. False if the check refuses the project.

@@ -1,18 +1,18 @@
-// The inverse question: how wide must a web or a barrier be for a target stability factor? A Newton iteration that
-// always works in inches, pounds and psi.
+// The inverse question: how wide must a web or a barrier be for a target stability factor? A Newton iteration
+// that always works in inches, pounds and psi.
 #pragma once
 
 namespace tarvokol {
 
 // The block of the solver, filled by whoever calls it.
 struct SizingParameters {
-    float SizeMode = 0;            // 1 web, 2 barrier
-    float SizeHeight = 0;          // in
-    float SizeHoleWidth = 0;       // in
-    float SizeStrength = 0;        // psi
-    float SizeLength = 0;          // in
-    float SizeDepth = 0;           // in
-    float SizePanelWidth = 0;      // in
+    float SizeMode = 0;        // 1 web, 2 barrier
+    float SizeHeight = 0;      // in
+    float SizeHoleWidth = 0;   // in
+    float SizeStrength = 0;    // psi
+    float SizeLength = 0;      // in
+    float SizeDepth = 0;       // in
+    float SizePanelWidth = 0;  // in
     float SizeTanAbutment = 0;
     float SizeVertStress = 0;      // psi
     float SizeStressGradient = 0;  // psi per in
@@ -24,8 +24,8 @@ inline SizingParameters SizingBlock;
 constexpr float SizeModeWeb = 1.0f;
 constexpr float SizeModeBarrier = 2.0f;
 
-// Balance of load and strength at width B (in), and its slope: square inches for a web, lb per inch for a barrier.
-// Both give -1 for B not above 0. A run-time error inside leaves the result at 0.
+// Balance of load and strength at width B (in), and its slope: square inches for a web, lb per inch for a
+// barrier. Both give -1 for B not above 0. A run-time error inside leaves the result at 0.
 double SizingFunction(const double& B);
 double SizingSlope(const double& B);
 

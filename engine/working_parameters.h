@@ -1,4 +1,5 @@
-// What the input check derives from the project and what the stability analysis computes. Never stored in a file.
+// What the input check derives from the project and what the stability analysis computes. Never stored in a
+// file.
 #pragma once
 
 #include <cstdint>
@@ -16,27 +17,27 @@ constexpr int WebsOnly = 2;
 constexpr int Barrier = 3;
 }  // namespace stability_case
 
-// Lengths in ft or m, strengths and stresses in psf or kPa, forces in lbs or kN, until ConvertToOutputUnits has put
-// forces and stresses into output units.
+// Lengths in ft or m, strengths and stresses in psf or kPa, forces in lbs or kN, until ConvertToOutputUnits
+// has put forces and stresses into output units.
 struct AnalysisState {
     double CalcHeight = 0;
     double CalcDepth = 0;
     double CalcHoleWidth = 0;
     double CalcPillarLength = 0;
-    double CalcCrosscutAngleRad = 0;    // read by nothing
+    double CalcCrosscutAngleRad = 0;  // read by nothing
     double CalcUnitWeight = 0;
-    double CalcStrength = 0;            // psf or kPa
-    double CalcCrosscutClearance = 0;   // read by nothing
+    double CalcStrength = 0;           // psf or kPa
+    double CalcCrosscutClearance = 0;  // read by nothing
     int16_t CalcHoles = 0;
-    int16_t CalcHolesPlusOne = 0;       // read by nothing
+    int16_t CalcHolesPlusOne = 0;  // read by nothing
     double CalcCenterSum = 0;
-    int16_t CalcStressGrade = 0;        // `OutputStrGradUnits` at the time of the check
+    int16_t CalcStressGrade = 0;  // `OutputStrGradUnits` at the time of the check
     int16_t CalcValid = 0;
-    int16_t CalcLoopIndex = 0;          // pillar loops of the analysis and of the report
+    int16_t CalcLoopIndex = 0;  // pillar loops of the analysis and of the report
     double UnitFactor = 0;
     double BarrierWidthCopy = 0;
-    double AbutmentDecayRange = 0;      // set by nothing
-    double ExtractionFraction = 0;      // set by nothing
+    double AbutmentDecayRange = 0;  // set by nothing
+    double ExtractionFraction = 0;  // set by nothing
     float AverageStress = 0;
     std::string ForceUnitLabel;
     std::string StressUnitLabel;
@@ -50,7 +51,7 @@ struct AnalysisState {
     OneBased<double, MaxHoles> PillarCapacity;
     OneBased<double, 3> PanelSpan;
     OneBased<double, 4> ZoneDistance;
-    OneBased<double, 2> ZoneOffset;          // read by nothing
+    OneBased<double, 2> ZoneOffset;  // read by nothing
     OneBased<double, 3> AbutmentAngleRad;
     OneBased<double, 3> CapacityTotal;
     OneBased<double, 3> DevelopmentLoad;
