@@ -13,4 +13,11 @@ CalendarDate SystemDate();
 // The local time now: "3:07:09 PM".
 std::string SystemTimeText();
 
+// The system's clock.
+class SystemClock : public Clock {
+  public:
+    CalendarDate Today() const override { return SystemDate(); }
+    std::string TimeText() const override { return SystemTimeText(); }
+};
+
 }  // namespace tarvokol
