@@ -7,6 +7,7 @@ namespace tarvokol {
 // Message-box styles and results, as the program passes them about.
 namespace box_style {
 constexpr int Plain = 0;
+constexpr int YesNo = 4;
 constexpr int RetryCancel = 5;
 constexpr int Critical = 16;
 constexpr int YesNoCancelQuestion = 35;

@@ -272,6 +272,8 @@ void CloseFile(int number) {
     file->Close();
 }
 
+void AbandonAllFiles() { OpenFiles().clear(); }
+
 void PrintLine(int number, std::string_view text) {
     OpenFile& file = FileOf(number, true);
     file.Append(text);

@@ -33,6 +33,9 @@ void FlushFile(int number);
 // Closes the file; nothing happens where none is open. What was printed and not flushed is written first.
 void CloseFile(int number);
 
+// Closes every file; what was printed and not flushed is dropped. Never fails.
+void AbandonAllFiles();
+
 // Prints a text and a line end, or a whole number with a place for its sign before it and a blank behind it.
 void PrintLine(int number, std::string_view text);
 void PrintNumber(int number, long value);

@@ -33,19 +33,20 @@ void WriteIniVersion();
 void ReadCommonSection(int selector);
 void WriteCommonSection(int selector);
 
-// The whole file into the settings. Equal ends of the plot range are repaired; `save_repair` tells whether the
-// repaired section is written back at once.
+// The whole file into the settings. Equal ends of the plot range are repaired; `save_repair` tells whether
+// the repaired section is written back at once.
 enum class RangeRepair { Save, KeepInMemory };
 void ReadSettings(RangeRepair repair = RangeRepair::Save);
 
 // Writes all sections or one and logs "Saving default settings to file: ". Failures are silent.
 void SaveSettings(int selector);
 
-// Settles the file at start-up: creates it, or deletes one of another stamp and creates it anew; then reads it.
+// Settles the file at start-up: creates it, or deletes one of another stamp and creates it anew; then reads
+// it.
 void SettleConfigurationFile();
 
-// The best screen font: of "Arial", "Courier New", "System", "Terminal" the first that the screen has, else the
-// screen's first font.
+// The best screen font: of "Arial", "Courier New", "System", "Terminal" the first that the screen has, else
+// the screen's first font.
 std::string BestScreenFont();
 
 }  // namespace tarvokol

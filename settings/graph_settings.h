@@ -13,9 +13,9 @@ inline int16_t GridStyle = 0;       // 0 none, 1 grid of the Y axis, 2 of the X 
 inline int16_t GraphStyle = 3;      // 1 lines, 2 symbols, 3 both
 inline int16_t CurveLegend = 1;
 inline int16_t SymbolSize = 5;
-inline int16_t GraphUnits = 0;      // unit system for which the axis titles were composed
+inline int16_t GraphUnits = 0;  // unit system for which the axis titles were composed
 inline std::string GraphTitle;
-inline ZeroBased<std::string, 2> XAxisTitle;   // stability graphs 0 to 2
+inline ZeroBased<std::string, 2> XAxisTitle;  // stability graphs 0 to 2
 inline ZeroBased<std::string, 2> YAxisTitle;
 inline ZeroBased<std::string, 1> XAxisTitleS;  // sizing graphs 0 and 1
 inline ZeroBased<std::string, 1> YAxisTitleS;
@@ -46,7 +46,8 @@ void InitGraphDefaults();
 // Sets the default titles and styles and copies the styles and the graph title to the settings in use.
 void InitGraphFactoryValues();
 
-// Copies the defaults over the settings, X titles and sizing titles with the length label of the present unit system.
+// Copies the defaults over the settings, X titles and sizing titles with the length label of the present unit
+// system.
 void ResetGraphDefaults();
 
 }  // namespace tarvokol

@@ -8,11 +8,15 @@ namespace tarvokol {
 
 enum class Quantity { Length, Load, LoadGrad, Stress, StressGrad };
 
-// Option captions of a quantity in the order of their indexes.
+// Option captions of a quantity in the order of their indexes: "lbsF", "tonsF (short)", ...
 const std::vector<std::string>& UnitCaptions(Quantity quantity);
 
-// The value in every unit of the quantity, in box order, from `value` in the unit of index `unit`. The order of the
-// operations decides on the last digits. Raises "Overflow" and, for a wrong index, "Subscript out of range".
+// Captions of the boxes in the order of the controls: "lbsF", "tonsF", ...
+const std::vector<std::string>& UnitBoxCaptions(Quantity quantity);
+
+// The value in every unit of the quantity, in box order, from `value` in the unit of index `unit`. The order
+// of the operations decides on the last digits. With psf as input the boxes of psi and ksi are exchanged.
+// Raises "Overflow" and, for a wrong index, "Subscript out of range".
 std::vector<double> ConvertUnits(Quantity quantity, int unit, double value);
 
 // The texts of the boxes for what was typed.

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+namespace tarvokol {
+
+// Version, revision date and origin of the program, as the about box tells them.
+std::string AboutText();
+
+// The about box. It is not logged.
+void ShowAboutBox();
+
+}  // namespace tarvokol

@@ -1,0 +1,141 @@
+#include "engine/curves.h"
+#include "engine/options_record.h"
+#include "engine/project_record.h"
+#include "engine/working_parameters.h"
+#include "graphics/TarvoGraf.h"
+#include "messages/history_log.h"
+#include "messages/titles.h"
+#include "project/project_file.h"
+#include "project/project_state.h"
+#include "report/report_builder.h"
+#include "runtime/file_system.h"
+#include "runtime/text.h"
+#include "settings/configuration.h"
+#include "settings/folders.h"
+#include "settings/graph_settings.h"
+#include "settings/program_settings.h"
+#include "shell/program_help.h"
+#include "shell/start_up.h"
+
+namespace tarvokol {
+namespace {
+
+void SetIdentity() {
+    AppLongTitle = "Tarvo Panel Stability Evaluation - KOL";
+    HelpFileName = "TARVOKOL.CHM";
+    PdfHelpName = "TARVOKOL.PDF";
+    UpdatePageAddress = "https://www.oltek.example/tarvokol/";
+    SupportAddress = "support@oltek.example";
+    ExeNameUpper = UpperCase(ProgramName());
+    IniStamp = "050924";
+    KillStaleIni = -1;
+}
+
+void SetFontDefaults() {
+    DisplayFontName = BrowseFontName = BestScreenFont();
+    DisplayFontSize = BrowseFontSize = 10.0f;
+    DisplayFontBold = BrowseFontBold = 0;
+    DisplayFontItalic = BrowseFontItalic = 0;
+}
+
+void SetModuleSettings() {
+    DefaultUnitSystem = 0;
+    UnitSystem = 0;
+    DisplayHistoryWin = 1;
+    KeepFileNames = 1;
+    MaxDisplaySize = 2048;
+    ShowDisclaim = 1;
+    MaxMainMenu = 0;
+    DataPath = PersonalDataFolder;
+    ExternalEditor = "Notepad.exe";
+    EnableMainMenuToolbar = 1;
+    LoadLastInputFile = 0;
+    CopyExampleFilesSetting = 1;
+    ProjectSaved = ProjectEmpty = 255;
+    HistorySequence = 0;
+    FileFormatLevel = 0;
+    MessageTitle = "Message";
+    BrowseUseNotepad = 0;
+    BrowseDefaultFilter.clear();
+    ShortRecentFiles = 0;
+    RemindAnnualUpdates = 1;
+    LastFile.Fill("");
+    LastFileLong.Fill("");
+    SetFontDefaults();
+}
+
+void FillNameTables() {
+    DialogPrefix.Fill("");
+    DialogPrefix[1] = "Project Description: ";
+    DialogPrefix[2] = "Project Parameters: ";
+    DialogPrefix[7] = "Program Options: ";
+    DialogPrefix[8] = "Settings: ";
+    StabilityCaseNames[stability_case::Overall] = "Overall";
+    StabilityCaseNames[stability_case::WebsOnly] = "Webs ONLY";
+    StabilityCaseNames[stability_case::Barrier] = "Barrier Pillar";
+    CurveNames = StabilityCaseNames;
+    SizingCurveNames[1] = "Web Thickness";
+    SizingCurveNames[2] = "Barrier Width";
+    PillarClassNames[1] = "Barrier";
+    PillarClassNames[2] = "Web    ";
+    OrdinalNames[1] = "First";
+    OrdinalNames[2] = "Second";
+    FillResourceTables();
+}
+
+void SetOptions() {
+    LastOutputPage = 2;
+    OptionsRecord = EngineOptions{};
+    ShowInputScreenOnLoad = 1;
+    ViewChildWindow = 1;
+    PrintModuleHeader = 1;
+    PrintPlotReminder = 1;
+    AskOfficeInstall = 1;
+    PlotEntryDims = 1;
+    PlotXcutDims = PlotGobDims = PlotSingleXcutDims = PlotGobExtLoose = 0;
+    WebDrawLength = UnitSystem == 0 ? 200.0f : 60.0f;
+}
+
+// What follows the module defaults. The history window is off in a new configuration.
+void SetMainValues() {
+    DisplayHistoryWin = 0;
+    InitGraphDefaults();
+    InitGraphFactoryValues();
+    FillNameTables();
+    SetOptions();
+    ProjectExtension = "TKL";
+    FileExtension = ProjectExtension;
+}
+
+void SetPaths() {
+    IniPath = PersonalDataFolder + "TARVOKOL.INI";
+    DescTempPath = TempDataFolder + "~tmpdesc.tmp";
+}
+
+}  // namespace
+
+void SetHelpFile() {
+    RunTimeHelpFile = InstalledFile(HelpFileName);
+}
+
+void InitModuleDefaults() {
+    LocateAppFolder();
+    LocateDataFolders();
+    SetHelpFile();
+    SetModuleSettings();
+}
+
+void SetBuiltInValues() {
+    SetIdentity();
+    SetModuleSettings();
+    SetMainValues();
+}
+
+void InitializeProgram() {
+    SetIdentity();
+    InitModuleDefaults();
+    SetMainValues();
+    SetPaths();
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,73 @@
+#include "shell/start_up.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "messages/notify.h"
+#include "platform/help_viewer.h"
+#include "platform/message_box.h"
+#include "platform/platform.h"
+#include "project/lifecycle.h"
+#include "project/project_state.h"
+#include "runtime/text.h"
+#include "settings/configuration.h"
+#include "settings/folders.h"
+#include "settings/program_settings.h"
+
+namespace tarvokol {
+namespace {
+
+void OpenLastFile() {
+    if (LoadLastInputFile == 1 && !LastFileLong[1].empty()) RecentFileCommand(1);
+}
+
+// The whole command line is one file name; it is not split at blanks.
+void OpenCommandLineFile(const std::string& command_line) {
+    if (command_line.empty()) return;
+    ProjectFileName = ReplaceAll(command_line, "\"", "");
+    LoadProjFile();
+}
+
+bool SaveBeforeClosing() {
+    if (!FileMenuSave(false)) return false;
+    UpdateRecentFiles();
+    return true;
+}
+
+}  // namespace
+
+void Main(const std::string& command_line, const MainWindowSteps& window) {
+    InitializeProgram();
+    SettleConfigurationFile();
+    CopyExampleFiles();
+    window.Create();
+    FileNew(true, true);
+    window.Show();
+    window.ApplyHistoryFont();
+    OpenLastFile();
+    OpenCommandLineFile(command_line);
+}
+
+void EnterProgramFolder() {
+    std::error_code ignored;
+    std::filesystem::current_path(AppFolder, ignored);
+}
+
+bool MayCloseProgram() {
+    if (ProjectSaved != 0) return true;
+    switch (Notify("Save changes to: " + ProjectFileName + "?", box_style::YesNoCancelQuestion)) {
+        case box_result::Yes:
+            return SaveBeforeClosing();
+        case box_result::Cancel:
+            return false;
+        default:
+            return true;
+    }
+}
+
+void ShutDown() {
+    Platform.Help->Uninitialize(RunTimeHelpFile);
+    SaveSettings(section::FileMenu);
+}
+
+}  // namespace tarvokol
