@@ -115,7 +115,7 @@ void SetPaths() {
 }  // namespace
 
 void SetHelpFile() {
-    RunTimeHelpFile = InstalledFile(HelpFileName);
+    RunTimeHelpFile = WithSeparator(AppFolder) + HelpFileName;
 }
 
 void InitModuleDefaults() {

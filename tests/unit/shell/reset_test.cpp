@@ -1,4 +1,4 @@
-#include <cstring>
+#include <gmock/gmock.h>
 
 #include "engine/curves.h"
 #include "engine/options_record.h"
@@ -26,6 +26,10 @@
 namespace tarvokol {
 namespace {
 
+void ExpectEmpty(const std::vector<std::string>& texts) {
+    EXPECT_THAT(texts, testing::Each(testing::IsEmpty()));
+}
+
 class Reset : public CoreTest {
   protected:
     ~Reset() override { ResetProgram(); }
@@ -52,12 +56,12 @@ TEST_F(Reset, TheProjectIsForgotten) {
     EXPECT_EQ(ProjectRecord.CenterDistance[20], 0);
     EXPECT_EQ(PreviewRecord.XcutPitch[20], 0);
     EXPECT_EQ(PreviewRecord.WebThickness, 0);
-    EXPECT_EQ(ProjectFileName + PreviousFileName + ProjectTitle + ProjectDescription + DialogPaths[2], "");
+    ExpectEmpty({ProjectFileName, PreviousFileName, ProjectTitle, ProjectDescription, DialogPaths[2]});
     EXPECT_EQ(DescriptionLineCount + FileFormatLevel + ProjectFileMode, 0);
     EXPECT_EQ(ProjectSaved + ProjectEmpty, 510);
     EXPECT_EQ(UnitsLocked + RecentListShown, 0);
     EXPECT_FALSE(DialogCancelled);
-    EXPECT_EQ(OutputBuffers[0] + OutputBuffers[1] + OutputBuffers[2], "");
+    ExpectEmpty({OutputBuffers[0], OutputBuffers[1], OutputBuffers[2]});
     EXPECT_EQ(ConvertTargetUnits + UnitSystem, 0);
 }
 
@@ -105,16 +109,16 @@ TEST_F(Reset, SettingsAndMessagesAreForgotten) {
     IniFileVersion = "1";
     ResetProgram();
     EXPECT_EQ(HistorySequence, 0);
-    EXPECT_EQ(ErrorTitle + RangeErrorTitle + RangeWarningTitle + InvalidCharTitle + LogicErrorTitle, "");
+    ExpectEmpty({ErrorTitle, RangeErrorTitle, RangeWarningTitle, InvalidCharTitle, LogicErrorTitle});
     EXPECT_EQ(CurrentError.number, 0);
     EXPECT_EQ(OptionsRecord.DefaultSFWeb, 1.6f);
     EXPECT_EQ(MaxLastFiles, 0);
-    EXPECT_EQ(LastFile[2] + LastFileLong[2], "");
+    ExpectEmpty({LastFile[2], LastFileLong[2]});
     EXPECT_EQ(LastFileMode[2], 0);
     EXPECT_EQ(GraphSetParams + GraphUnits, 0);
-    EXPECT_EQ(XAxisTitleS[1], "");
-    EXPECT_EQ(AppFolder + PersonalDataFolder + TempDataFolder + IniPath + DescTempPath + UpdateAdvice, "");
-    EXPECT_EQ(IniFileVersion + DataPath + RunTimeHelpFile, "");
+    ExpectEmpty({XAxisTitleS[1]});
+    ExpectEmpty({AppFolder, PersonalDataFolder, TempDataFolder, IniPath, DescTempPath, UpdateAdvice});
+    ExpectEmpty({IniFileVersion, DataPath, RunTimeHelpFile});
 }
 
 TEST_F(Reset, OpenFilesAreClosed) {
