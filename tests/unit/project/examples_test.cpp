@@ -33,7 +33,15 @@ class ExampleProject : public ProjectTest, public ::testing::WithParamInterface<
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(Shipped, ExampleProject, ::testing::Values(FACTORS));
+INSTANTIATE_TEST_SUITE_P(Shipped, ExampleProject,
+                         ::testing::Values(Example{"Contour_Bench_Shallow.TKL", 0, 14, 2.23, 1.75, 2.19},
+                                           Example{"Deep_Cover_20_Holes.TKL", 0, 20, 2.34, 1.68, 2.03},
+                                           Example{"Auger_Panel_Two_Holes.TKL", 0, 2, 3.37, 2.20, 2.49},
+                                           Example{"Thick_Seam_Pit.TKL", 0, 8, 2.51, 1.71, 2.03},
+                                           Example{"Ridge_Point_Narrow_Webs.TKL", 0, 12, 2.00, 1.39, 2.11},
+                                           Example{"Metric_Trench_Panel.TKL", 1, 10, 2.59, 1.63, 2.16},
+                                           Example{"Metric_Deep_Panel.TKL", 1, 12, 2.65, 1.67, 2.06},
+                                           Example{"Metric_Shallow_5_Holes.TKL", 1, 5, 2.82, 1.70, 2.04}));
 
 TEST_P(ExampleProject, PassesTheInputCheckWithPlausibleFactors) {
     Open();
