@@ -1,0 +1,103 @@
+// Any bytes as a project file: reading raises a run-time error at most, and what was read can be checked,
+// analysed, saved and read again. The file stays as it is.
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include "engine/input_check.h"
+#include "engine/project_record.h"
+#include "engine/stability_analysis.h"
+#include "messages/history_log.h"
+#include "platform/headless/headless_platform.h"
+#include "project/project_file.h"
+#include "project/project_state.h"
+#include "runtime/run_time_error.h"
+#include "runtime/text_file.h"
+
+namespace tarvokol {
+namespace {
+
+// A file in memory that has a path.
+class MemoryFile {
+  public:
+    MemoryFile() : descriptor_(::memfd_create("project", 0)) {}
+
+    std::string Path() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
+
+    void Fill(std::string_view bytes) const {
+        Require(::ftruncate(descriptor_, 0) == 0);
+        Require(::pwrite(descriptor_, bytes.data(), bytes.size(), 0) == static_cast<ssize_t>(bytes.size()));
+    }
+
+    std::string Content() const {
+        std::string bytes(static_cast<std::size_t>(::lseek(descriptor_, 0, SEEK_END)), '\0');
+        Require(::pread(descriptor_, bytes.data(), bytes.size(), 0) == static_cast<ssize_t>(bytes.size()));
+        return bytes;
+    }
+
+    static void Require(bool fact) {
+        if (!fact) std::abort();
+    }
+
+  private:
+    int descriptor_;
+};
+
+// Runs a step; true if it raised no run-time error. Any other exception ends the run.
+template <typename Step>
+bool Runs(Step step) {
+    try {
+        return step();
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
+bool Calculate() {
+    if (!PrepareWorkingParameters()) return false;
+    RunStabilityAnalysis();
+    ConvertToOutputUnits();
+    return true;
+}
+
+void SaveAndReadAgain(const MemoryFile& target) {
+    const std::string title = ProjectTitle;
+    const int16_t units = UnitSystem;
+    ProjectFileName = target.Path();
+    MemoryFile::Require(Runs(FileSave));
+    Runs(ReadProjectFile);  // a description may well end its block early
+    MemoryFile::Require(ProjectTitle == title && UnitSystem == units);
+}
+
+void TryBytes(std::string_view bytes) {
+    static HeadlessPlatform host;
+    static const MemoryFile source;
+    static const MemoryFile target;
+    host.Install();
+    host.Messages.Shown.clear();
+    DisplayHistoryWin = 0;
+    ProjectRecord = PanelInputs{};
+    source.Fill(bytes);
+    ProjectFileName = source.Path();
+    const bool read = Runs(ReadProjectFile);
+    MemoryFile::Require(source.Content() == bytes);
+    if (read) {
+        MemoryFile::Require(UnitSystem == 0 || UnitSystem == 1);
+        MemoryFile::Require(ProjectDescription.size() <= kLongestText);
+        Runs(Calculate);
+        SaveAndReadAgain(target);
+    }
+    CloseFile(1);
+}
+
+}  // namespace
+}  // namespace tarvokol
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    tarvokol::TryBytes(std::string_view(reinterpret_cast<const char*>(data), size));
+    return 0;
+}
