@@ -1,0 +1,72 @@
+#include "runtime/run_time_error.h"
+
+#include "tests/support/core_fixture.h"
+
+namespace tarvokol {
+namespace {
+
+TEST(RunTimeErrors, HaveTheirTexts) {
+    struct Row {
+        int number;
+        const char* text;
+    };
+    const Row rows[] = {
+        {5, "Invalid procedure call or argument"},
+        {6, "Overflow"},
+        {7, "Out of memory"},
+        {9, "Subscript out of range"},
+        {11, "Division by zero"},
+        {13, "Type mismatch"},
+        {24, "Device timeout"},
+        {25, "Device fault"},
+        {27, "Out of paper"},
+        {52, "Bad file name or number"},
+        {53, "File not found"},
+        {55, "File already open"},
+        {57, "Device I/O error"},
+        {61, "Disk full"},
+        {62, "Input past end of file"},
+        {64, "Bad file name"},
+        {67, "Too many files"},
+        {68, "Device unavailable"},
+        {70, "Permission denied"},
+        {71, "Disk not ready"},
+        {72, "Disk-media error"},
+        {75, "Path/File access error"},
+        {76, "Path not found"},
+        {340, "Control array element doesn't exist"},
+        {380, "Invalid property value"},
+        {482, "Printer error"},
+        {32755, "Cancel was selected"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(ErrorText(row.number), row.text);
+        EXPECT_EQ(RunTimeError(row.number).text, row.text);
+    }
+}
+
+TEST(RunTimeErrors, HaveACommonTextWithoutTheirOwn) {
+    for (const int number : {0, 1, 12345, -1, -2147217900})
+        EXPECT_EQ(ErrorText(number), "Application-defined or object-defined error");
+}
+
+TEST(RunTimeErrors, CarryNumberAndText) {
+    const RunTimeError error(53, "ridge.TKL not found");
+    EXPECT_EQ(error.number, 53);
+    EXPECT_EQ(error.text, "ridge.TKL not found");
+    EXPECT_STREQ(error.what(), "ridge.TKL not found");
+}
+
+TEST(RunTimeErrors, AreRaisedWithTheirOwnText) {
+    try {
+        Raise(62);
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.number, 62);
+        EXPECT_EQ(error.text, "Input past end of file");
+        return;
+    }
+    FAIL() << "nothing was raised";
+}
+
+}  // namespace
+}  // namespace tarvokol
