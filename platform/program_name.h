@@ -4,7 +4,10 @@
 
 namespace tarvokol {
 
-// The running program's file name without folder and extension, in upper case, as captions, the file dialog's
+// The running program's file name without folder and extension: "tarvokol".
+std::string ProgramName();
+
+// The same in upper case, as captions, the file dialog's
 // filter and the print header show it.
 std::string ProgramNameUpper();
 

@@ -45,12 +45,16 @@ bool WriteAll(int descriptor, const std::string& bytes) {
     return true;
 }
 
-// The file that a path names in the end, behind all links; the path itself where that cannot be told.
+// As many links as the system itself follows.
+constexpr int kMostLinks = 40;
+
+// The file that a path names in the end, behind all links, whether it exists or not.
 std::string LinkTarget(const std::string& path) {
+    std::filesystem::path target = path;
     std::error_code failure;
-    if (!std::filesystem::is_symlink(path, failure) || failure) return path;
-    const auto target = std::filesystem::weakly_canonical(path, failure);
-    return failure ? path : target.string();
+    for (int i = 0; i < kMostLinks && std::filesystem::is_symlink(target, failure); ++i)
+        target = target.parent_path() / std::filesystem::read_symlink(target, failure);
+    return target.string();
 }
 
 // Mode, owner and group of the old file for the new one. Only the owner of the machine may give a file away,

@@ -5,6 +5,7 @@
 #include "platform/document_types.h"
 #include "platform/message_box.h"
 #include "platform/platform.h"
+#include "platform/program_name.h"
 #include "platform/special_folders.h"
 #include "settings/folders.h"
 #include "settings/program_settings.h"

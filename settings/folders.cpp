@@ -107,11 +107,6 @@ void LocateAppFolder() {
     AppFolder = WithSeparator(Trim(folder));
 }
 
-std::string ProgramName() {
-    const std::string name = std::filesystem::path(Platform.Folders->ProgramFile()).filename().string();
-    return name.substr(0, name.find('.', 1));
-}
-
 std::string InstalledFile(const std::string& name) {
     const std::string shared = AppFolder + kSharedFolder + name;
     return !FileExists(AppFolder + name) && FileExists(shared) ? shared : AppFolder + name;

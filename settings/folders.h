@@ -12,9 +12,6 @@ inline std::string TempDataFolder;      // scratch files; empty where scratch is
 // Sets `AppFolder` from the program's path.
 void LocateAppFolder();
 
-// The running program's file name without folder and extension: "tarvokol".
-std::string ProgramName();
-
 // Full name of a file that comes with the program: in `AppFolder`, or in the shared folder of an installation
 // ("../share/tarvokol/" from there). Where it is in neither, the name in `AppFolder`.
 std::string InstalledFile(const std::string& name);

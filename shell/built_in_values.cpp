@@ -5,11 +5,11 @@
 #include "graphics/TarvoGraf.h"
 #include "messages/history_log.h"
 #include "messages/titles.h"
+#include "platform/program_name.h"
 #include "project/project_file.h"
 #include "project/project_state.h"
 #include "report/report_builder.h"
 #include "runtime/file_system.h"
-#include "runtime/text.h"
 #include "settings/configuration.h"
 #include "settings/folders.h"
 #include "settings/graph_settings.h"
@@ -26,7 +26,7 @@ void SetIdentity() {
     PdfHelpName = "TARVOKOL.PDF";
     UpdatePageAddress = "https://www.oltek.example/tarvokol/";
     SupportAddress = "support@oltek.example";
-    ExeNameUpper = UpperCase(ProgramName());
+    ExeNameUpper = ProgramNameUpper();
     IniStamp = "050924";
     KillStaleIni = -1;
 }

@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include "platform/program_name.h"
 #include "runtime/text_file.h"
 #include "tests/unit/settings/settings_fixture.h"
 
