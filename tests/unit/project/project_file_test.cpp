@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include "messages/titles.h"
 #include "platform/main_window_services.h"
@@ -311,6 +312,14 @@ TEST_F(ProjectFile, MissingFoldersAndForbiddenKindsRaiseTheirErrors) {
     EXPECT_EQ(error_of(Folder.string(), ReadProjectFile), 75);
     EXPECT_EQ(error_of(PathTo("gone/x.TKL"), FileSave), 76);
     EXPECT_EQ(error_of(Folder.string(), FileSave), 75);
+}
+
+TEST_F(ProjectFile, ThatMayNotBeReadOrWrittenRaisesPermissionDenied) {
+    if (::geteuid() == 0) GTEST_SKIP() << "everything is permitted to root";
+    Provide(Joined(FileLines("t", {"d"})));
+    std::filesystem::permissions(ProjectFileName, std::filesystem::perms::none);
+    EXPECT_EQ(RaisedError([] { ReadProjectFile(); }), 70);
+    EXPECT_EQ(RaisedError([] { FileSave(); }), 70);
 }
 
 TEST_F(ProjectFile, OnAFullDiskRaisesDiskFullAndStaysUnsaved) {
