@@ -72,11 +72,17 @@ QRectF StripOf(const QFont& font, const QPointF& baseline, const QString& text) 
 }  // namespace
 
 PainterSurface::PainterSurface(QPaintDevice& device, const QSizeF& size)
-    : device_(&device),
-      size_(size),
+    : width_(size.width() * kTwipsPerPixel), height_(size.height() * kTwipsPerPixel) {
+    SetFontSize(kStartFontSize);
+    SetTarget(device, size);
+}
+
+PainterSurface::PainterSurface(QPainter& painter, const QSizeF& size)
+    : given_painter_(&painter),
       width_(size.width() * kTwipsPerPixel),
       height_(size.height() * kTwipsPerPixel) {
     SetFontSize(kStartFontSize);
+    SetPaper(size, painter.deviceTransform().m11());
 }
 
 PainterSurface::~PainterSurface() {
@@ -86,13 +92,24 @@ PainterSurface::~PainterSurface() {
 void PainterSurface::SetTarget(QPaintDevice& device, const QSizeF& size) {
     Finish();
     device_ = &device;
+    given_painter_ = nullptr;
+    has_drawn_ = false;
+    SetPaper(size, device.width() / size.width());
+}
+
+void PainterSurface::SetPaper(const QSizeF& size, double units_per_pixel) {
     size_ = size;
+    units_per_pixel_ = units_per_pixel;
 }
 
 void PainterSurface::Finish() {
-    if (painter_) PutTextsOnTop();
+    if (painter_ != nullptr) {
+        PutTextsOnTop();
+        painter_->restore();
+    }
+    painter_ = nullptr;
+    own_painter_.reset();
     texts_.clear();
-    painter_.reset();
 }
 
 void PainterSurface::SetFontSize(double points) {
@@ -107,12 +124,22 @@ void PainterSurface::SetScale(double width, double height) {
     height_ = height;
 }
 
+QPainter& PainterSurface::OpenPainter() {
+    if (given_painter_ != nullptr) {
+        given_painter_->save();
+        return *given_painter_;
+    }
+    QPainter& painter = own_painter_.emplace(device_);
+    const double scale = units_per_pixel_ / device_->devicePixelRatioF();
+    painter.scale(scale, scale);
+    painter.save();
+    return painter;
+}
+
 QPainter& PainterSurface::Painter() {
-    if (!painter_) {
-        painter_.emplace(device_);
+    if (painter_ == nullptr) {
+        painter_ = &OpenPainter();
         has_drawn_ = true;
-        const double scale = UnitsPerPixel() / device_->devicePixelRatioF();
-        painter_->scale(scale, scale);
         painter_->setRenderHint(QPainter::Antialiasing, false);
         painter_->setRenderHint(QPainter::TextAntialiasing);
         painter_->setPen(QPen(Qt::black, PenWidth(), Qt::SolidLine, Qt::SquareCap));
@@ -120,12 +147,8 @@ QPainter& PainterSurface::Painter() {
     return *painter_;
 }
 
-double PainterSurface::UnitsPerPixel() const {
-    return device_->width() / size_.width();
-}
-
 double PainterSurface::PenWidth() const {
-    const double units = UnitsPerPixel();
+    const double units = units_per_pixel_;
     return std::max(1.0, std::round(units)) / units;
 }
 
@@ -136,7 +159,7 @@ QPointF PainterSurface::ToPixels(double x, double y) const {
 // A pen of an odd number of device pixels is sharp on the middle of a pixel, one of an even number between
 // two.
 QPointF PainterSurface::ToPixelCentre(const QPointF& point) const {
-    const double units = UnitsPerPixel();
+    const double units = units_per_pixel_;
     const bool odd = std::lround(PenWidth() * units) % 2 != 0;
     const auto settle = [&](double pixels) {
         return odd ? (std::floor(pixels * units) + 0.5) / units : std::round(pixels * units) / units;

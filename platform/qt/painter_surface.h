@@ -22,6 +22,9 @@ class PainterSurface : public DrawingSurface {
   public:
     // Until the first SetScale the world is measured in twips, 15 to a pixel.
     PainterSurface(QPaintDevice& device, const QSizeF& size);
+
+    // Draws with a painter that is open already; its units are the logical pixels.
+    PainterSurface(QPainter& painter, const QSizeF& size);
     ~PainterSurface() override;
     PainterSurface(const PainterSurface&) = delete;
     PainterSurface& operator=(const PainterSurface&) = delete;
@@ -33,7 +36,7 @@ class PainterSurface : public DrawingSurface {
     // Finish.
     void Finish();
 
-    // True once anything was drawn or cleared.
+    // True once anything was drawn or cleared on the present target.
     bool HasDrawn() const { return has_drawn_; }
 
     // The size nearest to `points` that is a whole number of pixels, one at least. Sizes of 0 and below, and
@@ -59,22 +62,27 @@ class PainterSurface : public DrawingSurface {
 
   private:
     QPainter& Painter();
+    QPainter& OpenPainter();
     QPointF ToPixels(double x, double y) const;
     QPointF ToPixelCentre(const QPointF& point) const;
-    double UnitsPerPixel() const;
     double PenWidth() const;
     void PrintLine(const QFont& font, double escapement_degrees, const QPointF& baseline,
                    const std::string& text);
     void PutTextsOnTop();
 
-    QPaintDevice* device_;
+    void SetPaper(const QSizeF& size, double units_per_pixel);
+
+    QPaintDevice* device_ = nullptr;
+    QPainter* given_painter_ = nullptr;
+    QPainter* painter_ = nullptr;  // while drawing: the given one, or the surface's own
+    std::optional<QPainter> own_painter_;
     QSizeF size_;
-    std::optional<QPainter> painter_;
+    double units_per_pixel_ = 1;  // device pixels, or the dots of a printer
     bool has_drawn_ = false;
     QFont font_;
     double font_size_ = 0;
-    double width_;
-    double height_;
+    double width_ = 0;
+    double height_ = 0;
     double x_ = 0;
     double y_ = 0;
     // Texts since the last Cls, put on top of the lines by Finish: each on a strip of bare paper, so that no

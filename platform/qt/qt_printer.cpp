@@ -134,6 +134,23 @@ void QtPrinter::EndDoc() {
     if (device.printerState() == QPrinter::Error) Raise(error_number::PrinterError);
 }
 
+void QtPrinter::PrintDrawing(const QSizeF& size, const std::function<void(QPainter&)>& draw) {
+    EnsureJob();
+    constexpr double kPixelsPerInch = 96;
+    const int resolution = Target().resolution();
+    const QPageLayout layout = Target().pageLayout();
+    const QMargins margins = layout.marginsPixels(resolution);
+    const QSizeF room = layout.fullRectPixels(resolution).marginsRemoved(margins).size();
+    const double scale = std::min(
+        {resolution / kPixelsPerInch, room.width() / size.width(), room.height() / size.height()});
+    painter_.save();
+    painter_.translate(margins.left(), margins.top());
+    painter_.scale(scale, scale);
+    draw(painter_);
+    painter_.restore();
+    EndDoc();
+}
+
 // The fixed-pitch names first: whoever reads the list only in part finds them.
 std::vector<std::string> QtPrinter::FontNames() {
     Target();

@@ -3,6 +3,8 @@
 #include <QFont>
 #include <QPainter>
 #include <QPrinter>
+#include <QSizeF>
+#include <functional>
 #include <memory>
 
 #include "platform/printer_device.h"
@@ -25,6 +27,10 @@ class QtPrinter : public PrinterDevice {
 
     // True if there is a printer, or a file to print to.
     bool HasTarget() const;
+
+    // Prints a drawing as a job of its own. It measures `size` pixels, 96 to the inch, which are the units of the
+    // painter given, and stands at the top left of the printable area; a drawing that is larger is reduced to it.
+    void PrintDrawing(const QSizeF& size, const std::function<void(QPainter&)>& draw);
 
     double CurrentX() const override { return x_; }
     double CurrentY() const override { return y_; }
