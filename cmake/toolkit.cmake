@@ -17,3 +17,9 @@ set_target_properties(tarvokol_gui PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON)
 target_precompile_headers(tarvokol_gui PRIVATE <QtWidgets>)
 target_link_libraries(tarvokol_gui PUBLIC tarvokol_bindings Qt6::Widgets Qt6::PrintSupport Qt6::Svg Qt6::SvgWidgets
                       Qt6::Help)
+
+# The generator behind moc and uic looks for new work only when a file that it knows changes; a form that is new is none.
+# Whenever the build is configured, as a change in any list of files brings about, it looks at all of them.
+foreach(library IN ITEMS tarvokol_bindings tarvokol_gui)
+    file(REMOVE ${CMAKE_BINARY_DIR}/${library}_autogen/timestamp)
+endforeach()

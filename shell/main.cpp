@@ -1,0 +1,90 @@
+// The desktop program.
+#include <QFont>
+#include <filesystem>
+
+#include "platform/platform.h"
+#include "platform/qt/desktop_document_types.h"
+#include "platform/qt/desktop_shell.h"
+#include "platform/qt/program_application.h"
+#include "platform/qt/qt_clipboard.h"
+#include "platform/qt/qt_common_dialogs.h"
+#include "platform/qt/qt_message_box.h"
+#include "platform/qt/qt_printer.h"
+#include "platform/qt/qt_screen_fonts.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/system_folders.h"
+#include "platform/system_time.h"
+#include "shell/forms/frmMain.h"
+#include "shell/forms/main_window_binding.h"
+#include "shell/start_up.h"
+
+namespace tarvokol {
+namespace {
+
+// The bindings of the desktop, entered into `Platform`.
+struct DesktopBindings {
+    QtMessageBox Messages;
+    QtPrinter Printer;
+    QtCommonDialogs Dialogs{[this]() -> QPrinter& { return Printer.Device(); }};
+    QtClipboard TheClipboard;
+    MainWindowBinding MainWindow;
+    DesktopShell TheShell;
+    DesktopDocumentTypes FileTypes;
+    SystemFolders Folders;
+    QtScreenFonts Fonts;
+    SystemClock TheClock;
+
+    void Install() {
+        Platform.Messages = &Messages;
+        Platform.Printer = &Printer;
+        Platform.Dialogs = &Dialogs;
+        Platform.TheClipboard = &TheClipboard;
+        Platform.MainWindow = &MainWindow;
+        Platform.TheShell = &TheShell;
+        Platform.FileTypes = &FileTypes;
+        Platform.Folders = &Folders;
+        Platform.Fonts = &Fonts;
+        Platform.TheClock = &TheClock;
+    }
+};
+
+// The whole command line is one path. The program makes its own folder the current one, so a path that is
+// told from the user's folder is completed first.
+std::string ProjectOfCommandLine(const QStringList& arguments) {
+    const std::string line = FromQt(arguments.mid(1).join(' '));
+    std::error_code failure;
+    if (line.empty() || !std::filesystem::is_regular_file(line, failure)) return line;
+    const std::filesystem::path full = std::filesystem::absolute(line, failure);
+    return failure ? line : full.string();
+}
+
+// Which family the system falls back on varies with what else is installed.
+void SetProgramFont() {
+    constexpr int kPoints = 10;
+    QApplication::setFont(QFont("Liberation Sans", kPoints));
+}
+
+void StartProgram(const std::string& command_line) {
+    Main(command_line, {.Create = [] { frmMain::Instance(); },
+                        .Show = [] { frmMain::Instance().ShowModeless(); },
+                        .ApplyHistoryFont = [] { ApplyHistoryFont(); }});
+}
+
+}  // namespace
+}  // namespace tarvokol
+
+int main(int argc, char** argv) {
+    using namespace tarvokol;
+    ProgramApplication application(argc, argv);
+    QApplication::setApplicationName("tarvokol");
+    QApplication::setQuitOnLastWindowClosed(false);
+    SetProgramFont();
+    DesktopBindings bindings;
+    bindings.Install();
+    application.Run([&] { StartProgram(ProjectOfCommandLine(QApplication::arguments())); });
+    // The user may have closed the main window while a dialog of the start-up was open.
+    if (!frmMain::IsLoaded()) return EXIT_SUCCESS;
+    QObject::connect(&frmMain::Instance(), &frmMain::Ended, &application, &QApplication::quit,
+                     Qt::QueuedConnection);
+    return QApplication::exec();
+}
