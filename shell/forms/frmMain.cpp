@@ -28,6 +28,12 @@ QString RecentName(int index) {
     return "mnuFileArray_" + QString::number(index);
 }
 
+// The entry that opens a submenu goes by the submenu's name.
+void NameEntry(const QMenu& submenu) {
+    submenu.menuAction()->setObjectName(submenu.objectName());
+    submenu.menuAction()->setProperty("helpContextID", submenu.property("helpContextID"));
+}
+
 // The one file of a drop; empty for anything else.
 std::string DroppedFile(const QMimeData& data) {
     const QList<QUrl> urls = data.urls();
@@ -41,8 +47,8 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>()) {
     UseArtwork();
     ui_->setupUi(this);
     mnuUtilItem_ = ControlArray<QAction>(*this, "mnuUtilItem");
-    ui_->mnuCalcItem_2->menuAction()->setObjectName("mnuCalcItem_2");
-    ui_->mnuCalcItem_4->menuAction()->setObjectName("mnuCalcItem_4");
+    ui_->Picture1->load(QString(":/artwork/highwall_panel.svg"));
+    for (const QMenu* submenu : {ui_->mnuCalcItem_2, ui_->mnuCalcItem_4}) NameEntry(*submenu);
     for (QAction* action : findChildren<QAction*>()) {
         if (action->property("separator").toBool()) action->setSeparator(true);
         // A tool button goes by its command's name too.
@@ -126,6 +132,8 @@ void frmMain::Form_Load() {
 void frmMain::Form_Activate() {
     if (HasRecentEntry()) RecentEntry(0).setVisible(true);
     LayoutMainWindow(*this);
+    // A read that failed has left the pointer busy.
+    unsetCursor();
 }
 
 void frmMain::Form_Resize() {
