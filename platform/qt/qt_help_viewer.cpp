@@ -1,0 +1,38 @@
+#include "platform/qt/qt_help_viewer.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include "platform/qt/help_window.h"
+#include "platform/qt/qt_text.h"
+
+namespace tarvokol {
+namespace {
+
+QString CompiledFile(const std::string& file) {
+    const QFileInfo named(ToQt(file));
+    return named.dir().absoluteFilePath(named.completeBaseName() + ".qch");
+}
+
+}  // namespace
+
+QtHelpViewer::QtHelpViewer() = default;
+QtHelpViewer::~QtHelpViewer() = default;
+
+void QtHelpViewer::ShowContents(const std::string& file) { WindowFor(file).ShowContents(); }
+
+void QtHelpViewer::ShowIndex(const std::string& file) { WindowFor(file).ShowIndex(); }
+
+void QtHelpViewer::ShowTopic(const std::string& file, const std::string& topic) {
+    WindowFor(file).ShowTopic(ToQt(topic));
+}
+
+void QtHelpViewer::Uninitialize(const std::string&) { window_.reset(); }
+
+HelpWindow& QtHelpViewer::WindowFor(const std::string& file) {
+    const QString compiled = CompiledFile(file);
+    if (!window_ || window_->CompiledFile() != compiled) window_ = std::make_unique<HelpWindow>(compiled);
+    return *window_;
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,70 @@
+// Sets an HTML text as numbered A4 pages and writes them as PDF.
+#pragma once
+
+#include <QList>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QString>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextTable>
+
+namespace tarvokol {
+
+// A document whose images are read from beside its source; drawings are rendered at print resolution.
+class SourceDocument : public QTextDocument {
+  public:
+    explicit SourceDocument(const QStringList& folders) : folders_(folders) {}
+
+  protected:
+    QVariant loadResource(int type, const QUrl& name) override;
+
+  private:
+    QStringList folders_;
+};
+
+// Gives every image a width: its own size scaled down to the text width at most. `folders` are searched in order.
+QString WithImageWidths(const QString& html, const QStringList& folders);
+
+struct PageText {
+    QString title;          // head line, right side, and the PDF's title
+    QString running_title;  // head line, left side
+    bool title_page = false;  // the first page carries neither head nor foot line
+};
+
+class PageSetter {
+  public:
+    PageSetter(const QString& pdf, const QStringList& folders, const QString& style);
+
+    // Lays the text of a body out: headings stay with what they head, captions with their figures, short tables whole.
+    void Lay(const QString& body);
+
+    // The page, from 1, of every heading of the levels asked for, in order.
+    QList<int> HeadingPages(int lowest_level, int highest_level) const;
+
+    int PageCount() const { return document_.pageCount(); }
+
+    // False if the file could not be written.
+    bool Write(const PageText& text);
+
+  private:
+    struct Element {
+        QTextBlock block;              // a paragraph ...
+        QTextTable* table = nullptr;   // ... or a table
+    };
+
+    QList<Element> Elements() const;
+    double Top(const Element& element) const;
+    double Bottom(const Element& element) const;
+    int PageOf(double y) const;
+    bool FitsWorse(const QList<Element>& elements, int index) const;
+    int StartOfGroup(const QList<Element>& elements, int index) const;
+    bool MendOneBreak();
+    void BreakBefore(const Element& element);
+    void DrawPage(QPainter& painter, int page, const PageText& text);
+
+    QPdfWriter writer_;
+    SourceDocument document_;
+};
+
+}  // namespace tarvokol
