@@ -5,13 +5,13 @@
 #include <QString>
 #include <QTemporaryDir>
 #include <QUrl>
-
 #include <memory>
 
 namespace tarvokol {
 
-// Opens one compiled help file. The collection and its search index are kept in the user's cache folder, or in a
-// scratch folder where that cannot be written, because the help file itself may lie in a read-only place.
+// Opens one compiled help file. The collection and its search index are kept in the user's cache folder, or
+// in a scratch folder where that cannot be written, because the help file itself may lie in a read-only
+// place.
 class HelpCollection {
   public:
     explicit HelpCollection(const QString& compiled_file);

@@ -115,7 +115,8 @@ void HelpWindow::BuildToolbar() {
     bar->setMovable(false);
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     QAction* back = AddTool(*bar, "back", tr("Back"), QStyle::SP_ArrowBack, QKeySequence::Back);
-    QAction* forward = AddTool(*bar, "forward", tr("Forward"), QStyle::SP_ArrowForward, QKeySequence::Forward);
+    QAction* forward =
+        AddTool(*bar, "forward", tr("Forward"), QStyle::SP_ArrowForward, QKeySequence::Forward);
     QAction* home = AddTool(*bar, "home", tr("Home"), QStyle::SP_DirHomeIcon, QKeySequence("Alt+Home"));
     QAction* print =
         AddTool(*bar, "print", tr("Print topic..."), QStyle::SP_FileDialogDetailedView, QKeySequence::Print);
@@ -167,14 +168,16 @@ void HelpWindow::ShowTopic(const QString& topic) {
     if (address.isValid()) {
         browser_->setSource(address);
     } else if (!collection_.Usable()) {
-        ShowNotice(tr("Help is not available"),
-                   tr("The help file \"%1\" is missing or cannot be read. Installing the program again brings it "
-                      "back.")
-                       .arg(compiled_file_));
+        ShowNotice(
+            tr("Help is not available"),
+            tr("The help file \"%1\" is missing or cannot be read. Installing the program again brings it "
+               "back.")
+                .arg(compiled_file_));
     } else {
-        ShowNotice(tr("No such topic"), tr("The help has no topic \"%1\". Look for it under Contents, Index or "
-                                           "Search.")
-                                            .arg(topic));
+        ShowNotice(tr("No such topic"),
+                   tr("The help has no topic \"%1\". Look for it under Contents, Index or "
+                      "Search.")
+                       .arg(topic));
     }
     PutInFront();
 }
@@ -187,8 +190,9 @@ void HelpWindow::ShowNotice(const QString& title, const QString& text) {
     browser_->setHtml("<h1>" + title.toHtmlEscaped() + "</h1><p>" + text.toHtmlEscaped() + "</p>");
 }
 
-// A dialog that is open keeps every other window from taking input, except those that belong to it. Help asked for
-// from a dialog must be readable beside it, so the window belongs to that dialog for as long as it is open.
+// A dialog that is open keeps every other window from taking input, except those that belong to it. Help
+// asked for from a dialog must be readable beside it, so the window belongs to that dialog for as long as it
+// is open.
 void HelpWindow::PutInFront() {
     QWidget* dialog = QApplication::activeModalWidget();
     QWindow* owner = dialog ? dialog->window()->windowHandle() : nullptr;
@@ -213,11 +217,17 @@ void HelpWindow::Contents_Clicked(const QModelIndex& index) {
     if (item && item->url().isValid()) browser_->setSource(item->url());
 }
 
-void HelpWindow::Index_Activated(const QHelpLink& link) { browser_->setSource(link.url); }
+void HelpWindow::Index_Activated(const QHelpLink& link) {
+    browser_->setSource(link.url);
+}
 
-void HelpWindow::IndexFilter_Changed(const QString& text) { index_->filterIndices(text); }
+void HelpWindow::IndexFilter_Changed(const QString& text) {
+    index_->filterIndices(text);
+}
 
-void HelpWindow::IndexFilter_Entered() { index_->activateCurrentItem(); }
+void HelpWindow::IndexFilter_Entered() {
+    index_->activateCurrentItem();
+}
 
 void HelpWindow::Search_Run() {
     results_->clear();
@@ -228,7 +238,8 @@ void HelpWindow::Search_Run() {
 
 void HelpWindow::Search_Finished(int hits) {
     results_->clear();
-    for (const QHelpSearchResult& result : collection_.Engine().searchEngine()->searchResults(0, most_results)) {
+    for (const QHelpSearchResult& result :
+         collection_.Engine().searchEngine()->searchResults(0, most_results)) {
         auto* item = new QListWidgetItem(result.title(), results_);
         item->setData(Qt::UserRole, result.url());
     }
@@ -242,7 +253,9 @@ void HelpWindow::Result_Activated(QListWidgetItem* item) {
     if (address.isValid()) browser_->setSource(address);
 }
 
-void HelpWindow::Home_Triggered() { ShowTopic(home_topic); }
+void HelpWindow::Home_Triggered() {
+    ShowTopic(home_topic);
+}
 
 void HelpWindow::Print_Triggered() {
     QPrinter printer(QPrinter::HighResolution);

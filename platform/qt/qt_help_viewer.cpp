@@ -19,15 +19,21 @@ QString CompiledFile(const std::string& file) {
 QtHelpViewer::QtHelpViewer() = default;
 QtHelpViewer::~QtHelpViewer() = default;
 
-void QtHelpViewer::ShowContents(const std::string& file) { WindowFor(file).ShowContents(); }
+void QtHelpViewer::ShowContents(const std::string& file) {
+    WindowFor(file).ShowContents();
+}
 
-void QtHelpViewer::ShowIndex(const std::string& file) { WindowFor(file).ShowIndex(); }
+void QtHelpViewer::ShowIndex(const std::string& file) {
+    WindowFor(file).ShowIndex();
+}
 
 void QtHelpViewer::ShowTopic(const std::string& file, const std::string& topic) {
     WindowFor(file).ShowTopic(ToQt(topic));
 }
 
-void QtHelpViewer::Uninitialize(const std::string&) { window_.reset(); }
+void QtHelpViewer::Uninitialize(const std::string&) {
+    window_.reset();
+}
 
 HelpWindow& QtHelpViewer::WindowFor(const std::string& file) {
     const QString compiled = CompiledFile(file);

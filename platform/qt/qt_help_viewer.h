@@ -8,8 +8,8 @@ namespace tarvokol {
 
 class HelpWindow;
 
-// Compiled help in a window of its own. The run-time help file's base name says which compiled file stands beside
-// it: "TARVOKOL.CHM" is read from "TARVOKOL.qch".
+// Compiled help in a window of its own. The run-time help file's base name says which compiled file stands
+// beside it: "TARVOKOL.CHM" is read from "TARVOKOL.qch".
 class QtHelpViewer : public HelpViewer {
   public:
     QtHelpViewer();

@@ -3,8 +3,8 @@
 //     html_to_pdf [--running-title TEXT] [--css CSS] SOURCE.htm -o OUT.pdf
 //     html_to_pdf [--running-title TEXT] [--css CSS] --book LIST.txt -o OUT.pdf
 //
-// A line of LIST.txt is "title FILE" (the title page), "part HEADING" or "topic FILE"; files are named from the list's
-// folder. A book gets a table of contents after its title page.
+// A line of LIST.txt is "title FILE" (the title page), "part HEADING" or "topic FILE"; files are named from
+// the list's folder. A book gets a table of contents after its title page.
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFile>
@@ -32,8 +32,12 @@ QString Between(const QString& text, const QString& open, const QString& close) 
     return text.mid(start + open.size(), end - start - open.size());
 }
 
-QString BodyOf(const QString& html) { return Between(html, "<body>", "</body>"); }
-QString TitleOf(const QString& html) { return Between(html, "<title>", "</title>"); }
+QString BodyOf(const QString& html) {
+    return Between(html, "<body>", "</body>");
+}
+QString TitleOf(const QString& html) {
+    return Between(html, "<title>", "</title>");
+}
 
 // On paper a link is plain text.
 QString WithoutLinks(QString html) {
@@ -94,12 +98,13 @@ QString ContentsTable(const Book& book, const QList<int>& pages) {
     for (qsizetype i = 0; i < book.entries.size(); ++i) {
         const auto& entry = book.entries[i];
         const QString number = i < pages.size() ? QString::number(pages[i]) : "000";
-        const QString heading = entry.level == 1 ? "<b>" + entry.heading + "</b>"
-                                                 : "&nbsp;&nbsp;&nbsp;&nbsp;" + entry.heading;
+        const QString heading =
+            entry.level == 1 ? "<b>" + entry.heading + "</b>" : "&nbsp;&nbsp;&nbsp;&nbsp;" + entry.heading;
         rows += "<tr><td>" + heading + "</td><td align=\"right\">" + number + "</td></tr>";
     }
     return "<p class=\"contents\" style=\"page-break-before: always\">Contents</p>"
-           "<table width=\"100%\" border=\"0\" cellspacing=\"0\" cellpadding=\"1\">" + rows + "</table>";
+           "<table width=\"100%\" border=\"0\" cellspacing=\"0\" cellpadding=\"1\">" +
+           rows + "</table>";
 }
 
 // The page numbers of the contents are those of the layout that holds them.

@@ -13,7 +13,6 @@
 #include <QTextCursor>
 #include <QTextTable>
 #include <QUrl>
-
 #include <cmath>
 
 namespace tarvokol {
@@ -21,17 +20,23 @@ namespace {
 
 constexpr int dots_per_inch = 600;
 constexpr double inches_per_millimetre = 1.0 / 25.4;
-constexpr double page_width = 210, page_height = 297;                   // millimetres
-constexpr double side_margin = 24, top_margin = 26, foot_margin = 24;   // millimetres
+constexpr double page_width = 210, page_height = 297;                  // millimetres
+constexpr double side_margin = 24, top_margin = 26, foot_margin = 24;  // millimetres
 constexpr double screen_dots_per_inch = 96;
 constexpr double screenshot_scale = 0.66;
 constexpr int drawing_oversampling = 5;
 constexpr int most_mended_breaks = 400;
 
-double Dots(double millimetres) { return millimetres * inches_per_millimetre * dots_per_inch; }
+double Dots(double millimetres) {
+    return millimetres * inches_per_millimetre * dots_per_inch;
+}
 
-double TextWidth() { return Dots(page_width - 2 * side_margin); }
-double TextHeight() { return Dots(page_height - top_margin - foot_margin); }
+double TextWidth() {
+    return Dots(page_width - 2 * side_margin);
+}
+double TextHeight() {
+    return Dots(page_height - top_margin - foot_margin);
+}
 
 QString FindIn(const QStringList& folders, const QString& name) {
     for (const QString& folder : folders) {
@@ -58,9 +63,13 @@ int WidthOnPage(const QString& path) {
     return static_cast<int>(std::min(natural, text_width - 4));
 }
 
-bool IsHeading(const QTextBlock& block) { return block.blockFormat().headingLevel() > 0; }
+bool IsHeading(const QTextBlock& block) {
+    return block.blockFormat().headingLevel() > 0;
+}
 
-bool HoldsImage(const QTextBlock& block) { return block.text().contains(QChar::ObjectReplacementCharacter); }
+bool HoldsImage(const QTextBlock& block) {
+    return block.text().contains(QChar::ObjectReplacementCharacter);
+}
 
 bool IsCaption(const QTextBlock& block, const char* kind) {
     static const QRegularExpression digits("^ ?[0-9]+\\.");
@@ -137,7 +146,9 @@ double PageSetter::Bottom(const Element& element) const {
 }
 
 // What starts a page may lie a fraction of a dot above it, because the layout counts in 64ths.
-int PageSetter::PageOf(double y) const { return static_cast<int>(std::floor((y + 2) / TextHeight())); }
+int PageSetter::PageOf(double y) const {
+    return static_cast<int>(std::floor((y + 2) / TextHeight()));
+}
 
 // True if a page break would do better before this element than where it falls now.
 bool PageSetter::FitsWorse(const QList<Element>& elements, int index) const {
@@ -154,7 +165,8 @@ bool PageSetter::FitsWorse(const QList<Element>& elements, int index) const {
     return leads && PageOf(Top(element)) != PageOf(Top(next));
 }
 
-// The first of the elements that stay together with the one of that index: headings, captions, a short lead-in.
+// The first of the elements that stay together with the one of that index: headings, captions, a short
+// lead-in.
 int PageSetter::StartOfGroup(const QList<Element>& elements, int index) const {
     int first = index;
     while (first > 0 && !elements[first - 1].table) {

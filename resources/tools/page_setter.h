@@ -23,12 +23,13 @@ class SourceDocument : public QTextDocument {
     QStringList folders_;
 };
 
-// Gives every image a width: its own size scaled down to the text width at most. `folders` are searched in order.
+// Gives every image a width: its own size scaled down to the text width at most. `folders` are searched in
+// order.
 QString WithImageWidths(const QString& html, const QStringList& folders);
 
 struct PageText {
-    QString title;          // head line, right side, and the PDF's title
-    QString running_title;  // head line, left side
+    QString title;            // head line, right side, and the PDF's title
+    QString running_title;    // head line, left side
     bool title_page = false;  // the first page carries neither head nor foot line
 };
 
@@ -36,7 +37,8 @@ class PageSetter {
   public:
     PageSetter(const QString& pdf, const QStringList& folders, const QString& style);
 
-    // Lays the text of a body out: headings stay with what they head, captions with their figures, short tables whole.
+    // Lays the text of a body out: headings stay with what they head, captions with their figures, short
+    // tables whole.
     void Lay(const QString& body);
 
     // The page, from 1, of every heading of the levels asked for, in order.
@@ -49,8 +51,8 @@ class PageSetter {
 
   private:
     struct Element {
-        QTextBlock block;              // a paragraph ...
-        QTextTable* table = nullptr;   // ... or a table
+        QTextBlock block;             // a paragraph ...
+        QTextTable* table = nullptr;  // ... or a table
     };
 
     QList<Element> Elements() const;
