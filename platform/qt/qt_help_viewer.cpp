@@ -9,9 +9,13 @@
 namespace tarvokol {
 namespace {
 
+// Beside the program in a build tree, in the shared folder of an installation.
 QString CompiledFile(const std::string& file) {
     const QFileInfo named(ToQt(file));
-    return named.dir().absoluteFilePath(named.completeBaseName() + ".qch");
+    const QString name = named.completeBaseName() + ".qch";
+    const QString beside = named.dir().absoluteFilePath(name);
+    const QString shared = QDir::cleanPath(named.dir().absoluteFilePath("../share/tarvokol/" + name));
+    return !QFileInfo::exists(beside) && QFileInfo::exists(shared) ? shared : beside;
 }
 
 }  // namespace

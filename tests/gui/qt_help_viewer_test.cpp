@@ -287,6 +287,15 @@ TEST_F(HelpViewerTest, ReadsAHelpFileThatHasChangedAfresh) {
     EXPECT_EQ(Page().documentTitle(), "Units");
 }
 
+TEST_F(HelpViewerTest, FindsTheHelpOfAnInstallation) {
+    ASSERT_TRUE(QDir(cache_.path()).mkpath("share/tarvokol"));
+    ASSERT_TRUE(QDir(cache_.path()).mkpath("bin"));
+    ASSERT_TRUE(
+        QFile::copy(TARVOKOL_PROGRAM_DIR "/TARVOKOL.qch", cache_.filePath("share/tarvokol/TARVOKOL.qch")));
+    viewer_.ShowTopic(cache_.filePath("bin/TARVOKOL.CHM").toStdString(), "frmMain.htm");
+    EXPECT_EQ(Page().documentTitle(), "The main window");
+}
+
 TEST_F(HelpViewerTest, ClosesAtUninitialize) {
     viewer_.ShowContents(help_file);
     viewer_.Uninitialize(help_file);
