@@ -8,6 +8,7 @@
 #include "platform/qt/program_application.h"
 #include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_common_dialogs.h"
+#include "platform/qt/qt_help_viewer.h"
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/qt_printer.h"
 #include "platform/qt/qt_screen_fonts.h"
@@ -28,6 +29,7 @@ struct DesktopBindings {
     QtCommonDialogs Dialogs{[this]() -> QPrinter& { return Printer.Device(); }};
     QtClipboard TheClipboard;
     MainWindowBinding MainWindow;
+    QtHelpViewer Help;
     DesktopShell TheShell;
     DesktopDocumentTypes FileTypes;
     SystemFolders Folders;
@@ -40,6 +42,7 @@ struct DesktopBindings {
         Platform.Dialogs = &Dialogs;
         Platform.TheClipboard = &TheClipboard;
         Platform.MainWindow = &MainWindow;
+        Platform.Help = &Help;
         Platform.TheShell = &TheShell;
         Platform.FileTypes = &FileTypes;
         Platform.Folders = &Folders;
