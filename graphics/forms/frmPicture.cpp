@@ -3,7 +3,9 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMouseEvent>
+#include <QProxyStyle>
 #include <QScreen>
+#include <algorithm>
 
 #include "graphics/TarvoGraf.h"
 #include "graphics/forms/modCapture.h"
@@ -22,12 +24,27 @@ namespace {
 constexpr int kFrameHeight = 510;
 constexpr double kMaximizedShare = 0.9;
 
+// Entries of the menu bar as high as the bar, which makes up the difference between the form's height and
+// width.
+class TallMenuBarStyle : public QProxyStyle {
+  public:
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget) const override {
+        QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        if (type == CT_MenuBarItem) size.setHeight(std::max(size.height(), PixelsOf(kFrameHeight)));
+        return size;
+    }
+};
+
 }  // namespace
 
 frmPicture::frmPicture() : ui_(std::make_unique<Ui::frmPicture>()) {
     ui_->setupUi(this);
     ui_->client->SetSquare(true);
-    ui_->menubar->setFixedHeight(std::max(PixelsOf(kFrameHeight), ui_->menubar->sizeHint().height()));
+    auto* tall = new TallMenuBarStyle;
+    tall->setParent(ui_->menubar);
+    ui_->menubar->setStyle(tall);
+    ui_->menubar->setFixedHeight(PixelsOf(kFrameHeight));
     QAction* separator = ui_->mnuPlotFile->insertSeparator(ui_->mnuPlotFileItem_2);
     separator->setObjectName("mnuPlotFileItem_1");
     mnuPlotSetItem_ = {ui_->mnuPlotSetItem_0, ui_->mnuPlotSetItem_1, ui_->mnuPlotSetItem_2};
