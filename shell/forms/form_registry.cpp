@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "graphics/forms/frmPicture.h"
 #include "runtime/run_time_error.h"
 
 namespace tarvokol {
@@ -24,7 +25,9 @@ using Loader = FormBase& (*)();
 using GraphOpener = void (*)(int index, QWidget* owner);
 
 // A form enters itself here with one line: {"frmSet", InstanceOf<frmSet>}.
-const std::map<std::string_view, Loader> Loaders{};
+const std::map<std::string_view, Loader> Loaders{
+    {"frmPicture", InstanceOf<frmPicture>},
+};
 
 // {"frmGraph", ShowGraph<frmGraph>}.
 const std::map<std::string_view, GraphOpener> GraphOpeners{};

@@ -15,6 +15,7 @@
 #include "platform/qt/qt_printer.h"
 #include "report/results_state.h"
 #include "settings/program_settings.h"
+#include "shell/forms/form_registry.h"
 #include "tests/support/gui_fixture.h"
 
 namespace tarvokol {
@@ -110,6 +111,7 @@ class PlotWindow : public GuiTest {
 TEST_F(PlotWindow, HasTheMenusAndCaptions) {
     frmPicture& form = frmPicture::Instance();
     EXPECT_EQ(form.windowTitle(), "View Plan");
+    EXPECT_EQ(&FormNamed("frmPicture"), &form);
     EXPECT_EQ(Find<QMenu>(form, "mnuPlotFile").title(), "&File");
     EXPECT_EQ(Find<QMenu>(form, "mnuEdit").title(), "&Edit");
     EXPECT_EQ(Find<QMenu>(form, "mnuPlotSet").title(), "&Settings");
