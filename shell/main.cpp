@@ -15,6 +15,7 @@
 #include "platform/qt/qt_text.h"
 #include "platform/qt/system_folders.h"
 #include "platform/system_time.h"
+#include "runtime/text.h"
 #include "shell/forms/frmMain.h"
 #include "shell/forms/main_window_binding.h"
 #include "shell/start_up.h"
@@ -51,10 +52,10 @@ struct DesktopBindings {
     }
 };
 
-// The whole command line is one path. The program makes its own folder the current one, so a path that is
-// told from the user's folder is completed first.
+// The whole command line is one path, quotes apart. The program makes its own folder the current one, so a
+// path that is told from the user's folder is completed first.
 std::string ProjectOfCommandLine(const QStringList& arguments) {
-    const std::string line = FromQt(arguments.mid(1).join(' '));
+    const std::string line = ReplaceAll(FromQt(arguments.mid(1).join(' ')), "\"", "");
     std::error_code failure;
     if (line.empty() || !std::filesystem::is_regular_file(line, failure)) return line;
     const std::filesystem::path full = std::filesystem::absolute(line, failure);

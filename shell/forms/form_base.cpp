@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QWindow>
 #include <algorithm>
 
@@ -42,7 +43,14 @@ void FormBase::Load() {
         Discard();
         throw;
     }
+    FitToContents();
     CenterForm(*this);
+}
+
+// A large font needs more room than the form was drawn with, and a form that is larger than the screen hides
+// its buttons.
+void FormBase::FitToContents() {
+    resize(size().expandedTo(minimumSizeHint()).boundedTo(screen()->availableGeometry().size()));
 }
 
 void FormBase::ShowModeless(QWidget* owner) {

@@ -55,7 +55,7 @@ class FormBase : public QMainWindow {
     // Topic of the help file that F1 opens: the form's name and ".htm".
     virtual std::string HelpTopic() const;
 
-    // Runs Form_Load and centres the form. Called once, by SingleForm.
+    // Runs Form_Load, sizes and centres the form. Called once, by SingleForm.
     void Load();
 
     // Drops the class's reference to this object.
@@ -69,6 +69,7 @@ class FormBase : public QMainWindow {
 
   private:
     void Discard();
+    void FitToContents();
     void Present(QWidget* owner);
     void Activate();
     void RememberFocus(QWidget* now);

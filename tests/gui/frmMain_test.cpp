@@ -10,21 +10,11 @@
 #include <QSvgWidget>
 #include <QToolBar>
 
-#include "engine/project_record.h"
-#include "messages/history_log.h"
 #include "messages/notify.h"
 #include "messages/titles.h"
-#include "project/lifecycle.h"
-#include "project/project_state.h"
 #include "report/report_builder.h"
-#include "settings/configuration.h"
-#include "settings/folders.h"
-#include "settings/program_settings.h"
-#include "shell/forms/main_window_binding.h"
 #include "shell/forms/results_caller.h"
-#include "shell/start_up.h"
-#include "tests/support/gui_fixture.h"
-#include "tests/support/recording_printer.h"
+#include "tests/support/main_window_fixture.h"
 
 namespace tarvokol {
 namespace {
@@ -33,53 +23,8 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-class MainWindow : public GuiTest {
+class MainWindow : public MainWindowTest {
   protected:
-    MainWindow() {
-        ResetProgram();
-        AppFolder = Folder.string() + "/";
-        IniPath = PathTo("TARVOKOL.INI");
-        TempDataFolder = Folder.string() + "/";
-        HelpFileName = "TARVOKOL.CHM";
-        DisplayHistoryWin = 1;
-        MaxDisplaySize = 4096;
-        ShowDisclaim = 0;
-        RemindAnnualUpdates = 0;
-        ShowInputScreenOnLoad = 0;
-        Platform.MainWindow = &binding_;
-        Platform.Printer = &Printer;
-    }
-    ~MainWindow() override {
-        UnloadAllForms();
-        std::filesystem::current_path(std::filesystem::temp_directory_path());
-    }
-
-    // The main window on the screen with a new project, as start-up leaves it.
-    frmMain& Start() {
-        frmMain& form = frmMain::Instance();
-        FileNew(true, true);
-        ShowAndActivate(form);
-        return form;
-    }
-
-    // A project with data that passes the input check.
-    static void EnterProject() {
-        ProjectRecord.Height = 6;
-        ProjectRecord.DepthCover = 100;
-        ProjectRecord.HoleWidth = 9;
-        ProjectRecord.WebThickness = 5;
-        ProjectRecord.BarrierPillarWidth = 20;
-        ProjectRecord.NumberHoles = 10;
-        ProjectEmpty = 0;
-    }
-
-    std::string WriteProject(const std::string& name) {
-        EnterProject();
-        ProjectFileName = PathTo(name);
-        FileMenuSave(false);
-        return PathTo(name);
-    }
-
     QAction& Item(const std::string& name) { return Find<QAction>(frmMain::Instance(), name); }
 
     void ExpectItem(const std::string& name, const char* caption, const char* key, int context) {
@@ -91,11 +36,6 @@ class MainWindow : public GuiTest {
         EXPECT_TRUE(item.isEnabled());
         EXPECT_FALSE(item.isSeparator());
     }
-
-    RecordingPrinter Printer;
-
-  private:
-    MainWindowBinding binding_;
 };
 
 TEST_F(MainWindow, HasTheWholeFileMenu) {

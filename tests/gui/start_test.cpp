@@ -1,0 +1,76 @@
+// The built program, started as the desktop starts it.
+#include <QDir>
+#include <QProcess>
+
+#include "tests/support/gui_fixture.h"
+
+namespace tarvokol {
+namespace {
+
+using ::testing::HasSubstr;
+
+class ProgramStart : public GuiTest {
+  protected:
+    ProgramStart() {
+        std::filesystem::create_directories(Folder / "Documents/MyOLTEK/Temp");
+        std::filesystem::create_directories(Folder / ".config");
+        WriteBytes(PathTo(".config/user-dirs.dirs"), "XDG_DOCUMENTS_DIR=\"$HOME/Documents\"\n");
+        WriteBytes(Ini(),
+                   "[Version]\r\nINIFileVersion=050924\r\n[Settings]\r\nKeepFileNames=1\r\n"
+                   "[TARVOKOLOptions]\r\nPlotRangeMin=50\r\nPlotRangeMax=100\r\n");
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("HOME", ToQt(Folder.string()));
+        environment.insert("XDG_CONFIG_HOME", ToQt(PathTo(".config")));
+        environment.insert("QT_QPA_PLATFORM", "offscreen");
+        program_.setProcessEnvironment(environment);
+        program_.setWorkingDirectory(ToQt(Folder.string()));
+    }
+    ~ProgramStart() override {
+        program_.kill();
+        program_.waitForFinished();
+    }
+
+    std::string Ini() const { return PathTo("Documents/MyOLTEK/TARVOKOL.INI"); }
+
+    void WriteProject(const std::string& name) {
+        std::filesystem::copy_file(TARVOKOL_EXAMPLES "/Contour_Bench_Shallow.TKL", Folder / name);
+    }
+
+    // Starts the program and waits until the recent files hold the path.
+    void ExpectOpens(const QStringList& arguments, const std::string& path) {
+        program_.start(TARVOKOL_PROGRAM, arguments);
+        EXPECT_TRUE(WaitUntil([&] { return ReadBytes(Ini()).find(path) != std::string::npos; }))
+            << ReadBytes(Ini());
+        EXPECT_EQ(program_.state(), QProcess::Running);
+    }
+
+    QProcess program_;
+};
+
+TEST_F(ProgramStart, OpensTheProjectOfItsCommandLine) {
+    WriteProject("panel.TKL");
+    ExpectOpens({ToQt(PathTo("panel.TKL"))}, "LastFileLong1=" + PathTo("panel.TKL"));
+}
+
+TEST_F(ProgramStart, APathWithBlanksMayStandInQuotesOrInPieces) {
+    WriteProject("north ridge.TKL");
+    ExpectOpens({ToQt(PathTo("north")).prepend('"'), "ridge.TKL\""}, "LastFileLong1=" + PathTo("north ridge.TKL"));
+}
+
+TEST_F(ProgramStart, ARelativePathIsTakenFromTheUsersFolder) {
+    WriteProject("panel.TKL");
+    ExpectOpens({"panel.TKL"}, "LastFileLong1=" + PathTo("panel.TKL"));
+}
+
+TEST_F(ProgramStart, AMissingFileIsAnErrorThatNoHandlerTakes) {
+    program_.start(TARVOKOL_PROGRAM, {ToQt(PathTo("none.TKL"))});
+    std::string told;
+    EXPECT_TRUE(WaitUntil([&] {
+        told += program_.readAllStandardError().toStdString();
+        return told.find("Run-time error '53':") != std::string::npos;
+    })) << told;
+    EXPECT_THAT(told, HasSubstr("File not found"));
+}
+
+}  // namespace
+}  // namespace tarvokol
