@@ -71,10 +71,19 @@ QPrinter& QtPrinter::Device() const {
 
 void QtPrinter::PrintToFile(const std::string& path) {
     QPrinter& device = Device();
+    AbandonJob();
     device.setOutputFormat(QPrinter::PdfFormat);
     device.setOutputFileName(ToQt(path));
     device.setPageSize(QPageSize(QPageSize::A4));
     device.setFullPage(true);
+}
+
+// An error may have left a job open; the device takes no other file until it ends.
+void QtPrinter::AbandonJob() {
+    x_ = y_ = 0;
+    if (!painter_.isActive()) return;
+    device_->abort();
+    painter_.end();
 }
 
 bool QtPrinter::HasTarget() const {
@@ -141,8 +150,8 @@ void QtPrinter::PrintDrawing(const QSizeF& size, const std::function<void(QPaint
     const QPageLayout layout = Target().pageLayout();
     const QMargins margins = layout.marginsPixels(resolution);
     const QSizeF room = layout.fullRectPixels(resolution).marginsRemoved(margins).size();
-    const double scale = std::min(
-        {resolution / kPixelsPerInch, room.width() / size.width(), room.height() / size.height()});
+    const double scale =
+        std::min({resolution / kPixelsPerInch, room.width() / size.width(), room.height() / size.height()});
     painter_.save();
     painter_.translate(margins.left(), margins.top());
     painter_.scale(scale, scale);

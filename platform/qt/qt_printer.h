@@ -22,14 +22,15 @@ class QtPrinter : public PrinterDevice {
     // kept.
     QPrinter& Device() const;
 
-    // Prints what follows to a PDF file, on A4 paper.
+    // Prints what follows to a PDF file, on A4 paper. A job that is still open is given up.
     void PrintToFile(const std::string& path);
 
     // True if there is a printer, or a file to print to.
     bool HasTarget() const;
 
-    // Prints a drawing as a job of its own. It measures `size` pixels, 96 to the inch, which are the units of the
-    // painter given, and stands at the top left of the printable area; a drawing that is larger is reduced to it.
+    // Prints a drawing as a job of its own. It measures `size` pixels, 96 to the inch, which are the units of
+    // the painter given, and stands at the top left of the printable area; a drawing that is larger is
+    // reduced to it.
     void PrintDrawing(const QSizeF& size, const std::function<void(QPainter&)>& draw);
 
     double CurrentX() const override { return x_; }
@@ -57,6 +58,7 @@ class QtPrinter : public PrinterDevice {
     QPrinter& Target() const;
     QFont& FontOfTarget();
     void EnsureJob();
+    void AbandonJob();
 
     mutable std::unique_ptr<QPrinter> device_;  // created on first use: looking for printers takes its time
     QPainter painter_;                          // behind the device, which it must not outlive

@@ -202,6 +202,16 @@ TEST_F(PaperPrinter, StartsEveryJobAfresh) {
     EXPECT_THAT(BodyOf(pages[0]), ElementsAre("second"));
 }
 
+TEST_F(PaperPrinter, GivesUpAJobThatWasLeftOpen) {
+    Printer.PrintToFile(PathTo("left.pdf"));
+    PrintCommand(print_command::BeginJob, "");
+    PrintCommand(print_command::NewPage, "");
+    PrintJobOf("next\r\n");
+    const std::vector<PageLines> pages = PagesOf(File);
+    ASSERT_EQ(pages.size(), 1u);
+    EXPECT_THAT(BodyOf(pages[0]), ElementsAre("next"));
+}
+
 TEST_F(PaperPrinter, FindsItsFontWithinTheScreensCount) {
     Printer.PrintToFile(File);
     EXPECT_THAT(Printer.FontNames(), Contains("Courier New"));
