@@ -1,0 +1,176 @@
+// Loads the real forms with an example project, offscreen, and keeps a picture of each:
+//
+//     make_pictures PROJECT.TKL FOLDER [dark]
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QPalette>
+#include <QStyleFactory>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <cstdio>
+#include <functional>
+#include <string>
+
+#include "engine/curves.h"
+#include "messages/history_log.h"
+#include "platform/headless/headless_platform.h"
+#include "platform/qt/help_window.h"
+#include "platform/qt/qt_help_viewer.h"
+#include "platform/qt/qt_screen_fonts.h"
+#include "platform/qt/qt_text.h"
+#include "project/lifecycle.h"
+#include "project/project_state.h"
+#include "report/report_builder.h"
+#include "runtime/run_time_error.h"
+#include "settings/folders.h"
+#include "settings/program_settings.h"
+#include "shell/forms/form_registry.h"
+#include "shell/forms/frmMain.h"
+#include "shell/forms/main_window_binding.h"
+#include "shell/start_up.h"
+
+namespace tarvokol {
+namespace {
+
+QString Target;
+int Missing = 0;
+
+void Keep(QWidget& form, const QString& name) {
+    QTest::qWait(50);
+    QApplication::processEvents();
+    const QString path = Target + "/" + name + ".png";
+    if (!form.grab().save(path)) std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+}
+
+// Runs the work; a form that cannot be loaded is left out.
+void LeaveOutOnError(const QString& name, const std::function<void()>& work) {
+    try {
+        work();
+    } catch (const RunTimeError& error) {
+        std::fprintf(stderr, "%s left out: %s\n", qPrintable(name), error.what());
+        ++Missing;
+    }
+}
+
+void KeepForm(const QString& name) {
+    LeaveOutOnError(name, [&] {
+        FormBase& form = FormNamed(FromQt(name));
+        form.ShowModeless();
+        Keep(form, name);
+        form.Unload();
+        QApplication::processEvents();
+    });
+}
+
+// The parameters dialog by its first and its last tab.
+void KeepParameters() {
+    const QString name = "frmTARVOParm";
+    LeaveOutOnError(name, [&] {
+        FormBase& form = FormNamed(FromQt(name));
+        form.ShowModeless();
+        Keep(form, name);
+        if (auto* tabs = form.findChild<QTabWidget*>("SSTab1")) tabs->setCurrentIndex(2);
+        Keep(form, name + "_sizing");
+        form.Unload();
+        QApplication::processEvents();
+    });
+}
+
+// Graph windows show modally: the picture is taken from within.
+void KeepGraph(const QString& name, int index, const QString& options) {
+    LeaveOutOnError(name, [&] {
+        QTimer::singleShot(300, qApp, [&] {
+            FormBase* form = FindForm(FromQt(name));
+            if (form == nullptr) return;
+            Keep(*form, name);
+            KeepForm(options);
+            form->Unload();
+        });
+        ShowGraphForm(FromQt(name), index, nullptr);
+        QApplication::processEvents();
+    });
+}
+
+void UseDarkPalette() {
+    QPalette dark(QColor(45, 45, 48), QColor(45, 45, 48));
+    dark.setColor(QPalette::Base, QColor(30, 30, 32));
+    dark.setColor(QPalette::Text, Qt::white);
+    dark.setColor(QPalette::WindowText, Qt::white);
+    dark.setColor(QPalette::ButtonText, Qt::white);
+    dark.setColor(QPalette::Link, QColor(110, 170, 255));
+    QApplication::setPalette(dark);
+}
+
+// What the pictures are taken of: the project is open, nothing else of the user's is touched.
+void OpenProject(const QString& project) {
+    InitializeProgram();
+    DataPath = PersonalDataFolder;
+    ShowDisclaim = 0;
+    RemindAnnualUpdates = 0;
+    ShowInputScreenOnLoad = 0;
+    DisplayHistoryWin = 1;
+    FileNew(true, true);
+    ProjectFileName = FromQt(project);
+    if (!LoadProjFile()) std::fprintf(stderr, "cannot read %s\n", qPrintable(project));
+}
+
+void KeepForms() {
+    frmMain::Instance().ShowModeless();
+    CalculateReport();
+    LoadOutBuf0(0);
+    Keep(frmMain::Instance(), "frmMain");
+    KeepParameters();
+    for (const char* name :
+         {"frmTARVODesc", "frmResTxtPlt", "frmPreview", "frmPicture", "frmSet", "frmPath", "frmTARVOOpts",
+          "frmUnits", "frmConvert", "frmTextBrow", "frmResource", "frmDisclaimer", "frmUpdate"}) {
+        KeepForm(name);
+    }
+    ComputeStabilityCurves(1);
+    KeepGraph("frmGraph", 1, "frmGraphOpt");
+    ComputeSizingCurve(0);
+    KeepGraph("frmGraphS", 0, "frmGraphOptS");
+}
+
+void KeepHelp() {
+    QtHelpViewer viewer;
+    viewer.ShowTopic(TARVOKOL_PROGRAM_DIR "/TARVOKOL.CHM", "frmTARVOParm.htm");
+    QTest::qWait(1500);  // the contents are read in the background
+    Keep(*viewer.Window(), "helpWindow");
+}
+
+}  // namespace
+}  // namespace tarvokol
+
+int main(int argc, char** argv) {
+    using namespace tarvokol;
+    if (argc < 3) {
+        std::fprintf(stderr, "usage: make_pictures PROJECT.TKL FOLDER [dark]\n");
+        return 2;
+    }
+    QApplication application(argc, argv);
+    application.setStyle(QStyleFactory::create("Fusion"));
+    application.setFont(QFont("Liberation Sans", 10));
+    application.setQuitOnLastWindowClosed(false);
+    if (argc > 3) UseDarkPalette();
+    HeadlessPlatform host;
+    host.Install();
+    QtScreenFonts fonts;
+    MainWindowBinding main_window;
+    Platform.Fonts = &fonts;
+    Platform.MainWindow = &main_window;
+    QTemporaryDir documents;
+    host.Folders.Program = TARVOKOL_PROGRAM_DIR "/tarvokol";
+    host.Folders.DocumentsFolder = FromQt(documents.path());
+    Target = QDir(QString::fromLocal8Bit(argv[2])).absolutePath();
+    QDir().mkpath(Target);
+    LeaveOutOnError("forms", [&] {
+        OpenProject(QFileInfo(QString::fromLocal8Bit(argv[1])).absoluteFilePath());
+        KeepForms();
+    });
+    KeepHelp();
+    UnloadAllForms();
+    return Missing == 0 ? 0 : 1;
+}
