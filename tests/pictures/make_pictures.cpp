@@ -15,6 +15,8 @@
 #include <string>
 
 #include "engine/curves.h"
+#include "engine/parameter_texts.h"
+#include "graphics/TarvoGraf.h"
 #include "messages/history_log.h"
 #include "platform/headless/headless_platform.h"
 #include "platform/qt/help_window.h"
@@ -24,6 +26,7 @@
 #include "project/lifecycle.h"
 #include "project/project_state.h"
 #include "report/report_builder.h"
+#include "report/results_state.h"
 #include "runtime/run_time_error.h"
 #include "settings/folders.h"
 #include "settings/program_settings.h"
@@ -115,17 +118,27 @@ void OpenProject(const QString& project) {
     FileNew(true, true);
     ProjectFileName = FromQt(project);
     if (!LoadProjFile()) std::fprintf(stderr, "cannot read %s\n", qPrintable(project));
+    // The pictures show no folder of the machine that they are made on.
+    ProjectFileName = FileNameOf(ProjectFileName, 0);
+    UpdateMainCaption();
+    DataPath = "/home/engineer/Documents/MyOLTEK/";
+    Platform.MainWindow->SetHistoryText("");
+    HistorySequence = 0;
+    LogMessage("Opening: " + ProjectFileName);
 }
 
 void KeepForms() {
     frmMain::Instance().ShowModeless();
     CalculateReport();
     LoadOutBuf0(0);
+    LoadPreviewFromTexts(TextsOfRecord(ProjectRecord));
+    PlotFromResults = true;
+    ResultsReturn = results_return::FromViewer;
     Keep(frmMain::Instance(), "frmMain");
     KeepParameters();
     for (const char* name :
-         {"frmTARVODesc", "frmResTxtPlt", "frmPreview", "frmPicture", "frmSet", "frmPath", "frmTARVOOpts",
-          "frmUnits", "frmConvert", "frmTextBrow", "frmResource", "frmDisclaimer", "frmUpdate"}) {
+         {"frmTARVODesc", "frmResTxtPlt", "frmPreview", "frmPicture", "frmSet", "frmTARVOOpts", "frmUnits",
+          "frmConvert", "frmResource", "frmDisclaimer", "frmUpdate"}) {
         KeepForm(name);
     }
     ComputeStabilityCurves(1);
