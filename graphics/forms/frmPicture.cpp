@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QProxyStyle>
+#include <QResizeEvent>
 #include <QScreen>
 #include <algorithm>
 
@@ -23,6 +24,9 @@ namespace {
 // Twips by which the form is higher than wide, so that its client area is square.
 constexpr int kFrameHeight = 510;
 constexpr double kMaximizedShare = 0.9;
+
+// A drag counts as over after so many milliseconds without a new size.
+constexpr int kDragPause = 150;
 
 // Entries of the menu bar as high as the bar, which makes up the difference between the form's height and
 // width.
@@ -77,10 +81,16 @@ void frmPicture::Form_Unload() {
     EnableAndFocus(ResultsReturn != results_return::Normal ? "frmResTxtPlt" : "frmTARVOParm");
 }
 
-// The window manager sends sizes faster than they can be answered, and an answer from inside the event would
-// be overtaken by the next one. The last size of a burst is squared once the burst is over.
+void frmPicture::resizeEvent(QResizeEvent* event) {
+    dragged_ = event->spontaneous();
+    FormBase::resizeEvent(event);
+}
+
+// While an edge is dragged, the window manager holds on to its own idea of the size and would fight every
+// answer. The last size of a drag is squared once it is over; a size from the program itself as soon as
+// control is back in the event loop.
 void frmPicture::Form_Resize() {
-    resized_.start(0);
+    resized_.start(dragged_ ? kDragPause : 0);
 }
 
 void frmPicture::FollowResize() {
@@ -92,16 +102,29 @@ void frmPicture::FollowResize() {
     ui_->picTMPCopy->move(0, PixelsOf(TwipsOf(height()) - kFrameHeight / 2));
 }
 
+// A drag that pauses is squared and may go on: the window manager then comes back with the side that was
+// taken away. Such a size belongs to the drag, and is judged by the size from before it.
+void frmPicture::RecallDrag(int height, int width) {
+    if (!dragged_ || (height != squaring_.lost_height && width != squaring_.lost_width)) return;
+    LastHeight_ = squaring_.before_height;
+    LastWidth_ = squaring_.before_width;
+}
+
 // Dragged outward the larger side wins, dragged inward the smaller one.
 void frmPicture::MakeSquare() {
     const int H = TwipsOf(height());
     const int W = TwipsOf(width());
+    RecallDrag(H, W);
     const bool grown = H > LastHeight_ || W > LastWidth_;
     const bool width_wins = grown ? H <= W : H >= W;
     if (width_wins)
         resize(width(), PixelsOf(W + kFrameHeight));
     else
         resize(PixelsOf(H - kFrameHeight), height());
+    const bool lost_height = TwipsOf(height()) != H;
+    const bool lost_width = TwipsOf(width()) != W;
+    if (lost_height || lost_width)
+        squaring_ = {LastHeight_, LastWidth_, lost_height ? H : -1, lost_width ? W : -1};
     LastHeight_ = ToShort(TwipsOf(height()));
     LastWidth_ = ToShort(TwipsOf(width()));
     DrawPanelPlot();

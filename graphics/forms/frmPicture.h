@@ -37,6 +37,7 @@ class frmPicture : public SingleForm<frmPicture> {
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
   private:
@@ -51,6 +52,7 @@ class frmPicture : public SingleForm<frmPicture> {
     template <std::size_t Count>
     void ConnectMenu(const std::array<QAction*, Count>& items, void (frmPicture::*handler)(int));
     void FollowResize();
+    void RecallDrag(int height, int width);
     void MakeSquare();
     void TakeMaximizedSize();
     void ApplyMaximizedSize();
@@ -61,8 +63,18 @@ class frmPicture : public SingleForm<frmPicture> {
     std::array<QAction*, 3> mnuPlotSetItem_{};
     QTimer resized_;
     bool restoring_ = false;
+    bool dragged_ = false;    // the last size came from the window manager
     int16_t LastHeight_ = 0;  // twips, after the last layout pass
     int16_t LastWidth_ = 0;
+
+    // The size before the last squaring, and the height or width that it took away; twips.
+    struct Squaring {
+        int16_t before_height = 0;
+        int16_t before_width = 0;
+        int lost_height = -1;
+        int lost_width = -1;
+    };
+    Squaring squaring_;
 };
 
 }  // namespace tarvokol
