@@ -4,6 +4,7 @@
 
 #include "graphics/forms/frmPicture.h"
 #include "runtime/run_time_error.h"
+#include "shell/forms/frmTARVOParm.h"
 
 namespace tarvokol {
 namespace {
@@ -27,6 +28,7 @@ using GraphOpener = void (*)(int index, QWidget* owner);
 // A form enters itself here with one line: {"frmSet", InstanceOf<frmSet>}.
 const std::map<std::string_view, Loader> Loaders{
     {"frmPicture", InstanceOf<frmPicture>},
+    {"frmTARVOParm", InstanceOf<frmTARVOParm>},
 };
 
 // {"frmGraph", ShowGraph<frmGraph>}.
