@@ -1,0 +1,134 @@
+#include "platform/qt/xlsx_writer.h"
+
+#include <cerrno>
+#include <filesystem>
+
+#include <fcntl.h>
+#include <locale.h>
+#include <unistd.h>
+#include <xlsxwriter.h>
+
+#include "messages/history_log.h"
+#include "platform/os_errors.h"
+#include "platform/platform.h"
+#include "platform/shell.h"
+#include "platform/special_folders.h"
+#include "runtime/file_system.h"
+#include "runtime/run_time_error.h"
+#include "settings/folders.h"
+
+namespace tarvokol {
+namespace {
+
+// The library prints numbers through the C locale of the thread, which a desktop may have set to a decimal
+// comma.
+class PlainNumbers {
+  public:
+    PlainNumbers() : plain_(::newlocale(LC_NUMERIC_MASK, "C", nullptr)) {
+        if (plain_ != nullptr) before_ = ::uselocale(plain_);
+    }
+    ~PlainNumbers() {
+        if (plain_ == nullptr) return;
+        ::uselocale(before_);
+        ::freelocale(plain_);
+    }
+    PlainNumbers(const PlainNumbers&) = delete;
+    PlainNumbers& operator=(const PlainNumbers&) = delete;
+
+  private:
+    locale_t plain_;
+    locale_t before_ = nullptr;
+};
+
+void Check(lxw_error result) {
+    if (result == LXW_NO_ERROR) return;
+    if (result == LXW_ERROR_MEMORY_MALLOC_FAILED) Raise(error_number::OutOfMemory);
+    Raise(error_number::InvalidCall);
+}
+
+// The error of a workbook that could not be written to the end.
+[[noreturn]] void RaiseWriteFailure(lxw_error result, int system_error, const std::string& path) {
+    if (result == LXW_ERROR_MEMORY_MALLOC_FAILED) Raise(error_number::OutOfMemory);
+    Raise(system_error != 0 ? ErrorNumberOfErrno(system_error, path) : error_number::DeviceIo);
+}
+
+std::string ScratchFolder() {
+    return WithSeparator(TempDataFolder.empty() ? Platform.Folders->Temporary() : TempDataFolder);
+}
+
+}  // namespace
+
+XlsxFileWriter::~XlsxFileWriter() {
+    Abandon();
+}
+
+void XlsxFileWriter::Begin(const std::string& path, bool replace) {
+    Abandon();
+    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | (replace ? 0 : O_EXCL), 0666);
+    if (file < 0) throw RunTimeError(ErrorNumberOfErrno(errno, path));
+    ::close(file);
+    path_ = path;
+    book_ = ::workbook_new(path_.c_str());
+    if (book_ == nullptr) Raise(error_number::OutOfMemory);
+    sheet_ = ::workbook_add_worksheet(book_, nullptr);
+    if (sheet_ == nullptr) Raise(error_number::OutOfMemory);
+}
+
+void XlsxFileWriter::BeginWorkbook() {
+    Begin(path_, true);
+}
+
+void XlsxFileWriter::SetCell(const std::string& address, double value) {
+    if (sheet_ == nullptr) Raise(error_number::CannotCreateObject);
+    Check(::worksheet_write_number(sheet_, CELL(address.c_str()), value, nullptr));
+}
+
+void XlsxFileWriter::SetCell(const std::string& address, const std::string& text) {
+    if (sheet_ == nullptr) Raise(error_number::CannotCreateObject);
+    Check(::worksheet_write_string(sheet_, CELL(address.c_str()), text.c_str(), nullptr));
+}
+
+void XlsxFileWriter::ShowWorkbook() {
+    if (book_ == nullptr) Raise(error_number::CannotCreateObject);
+    lxw_workbook* book = book_;
+    book_ = nullptr;
+    sheet_ = nullptr;
+    const PlainNumbers plain;
+    errno = 0;
+    const lxw_error result = ::workbook_close(book);
+    if (result == LXW_NO_ERROR) return;
+    const int system_error = errno;
+    ::unlink(path_.c_str());
+    RaiseWriteFailure(result, system_error, path_);
+}
+
+// The library frees a workbook only by writing it: one that is given up goes where nothing is kept.
+void XlsxFileWriter::Abandon() {
+    if (book_ == nullptr) return;
+    ::workbook_close(book_);
+    ::unlink(path_.c_str());
+    book_ = nullptr;
+    sheet_ = nullptr;
+}
+
+void DesktopXlsxWriter::BeginWorkbook() {
+    for (int number = 1;; ++number) {
+        const std::string path = ScratchFolder() + "Curves" + std::to_string(number) + ".xlsx";
+        if (std::filesystem::exists(std::filesystem::symlink_status(path))) continue;
+        try {
+            Begin(path, false);
+            return;
+        } catch (const RunTimeError&) {
+            if (!FileExists(path)) throw;  // else someone else was quicker: the next name
+        }
+    }
+}
+
+void DesktopXlsxWriter::ShowWorkbook() {
+    XlsxFileWriter::ShowWorkbook();
+    LogMessage("Workbook: " + Path());
+    if (Platform.TheShell->OpenDocument(Path(), ScratchFolder()) < 33)
+        Raise(error_number::CannotCreateObject);
+}
+
+}  // namespace tarvokol
