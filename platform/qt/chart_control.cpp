@@ -25,6 +25,9 @@ constexpr double kZoomStep = 0.85;
 constexpr double kClosestZoom = 1e-4;
 constexpr double kWidestZoom = 20;
 
+// Room for a tick and its label along an axis.
+constexpr int kTickPitch = 45;
+
 const QColor kPaper = Qt::white;
 const QColor kInk = Qt::black;
 const QColor kGridGrey(205, 205, 205);
@@ -213,6 +216,7 @@ void ChartControl::Plot::ComposeAxis(ChartAxis axis, int length) {
     } else if (!drawn->ticker().dynamicCast<EvenTicker>()) {
         drawn->setTicker(QSharedPointer<QCPAxisTicker>(new EvenTicker));
     }
+    drawn->ticker()->setTickCount(std::clamp(length / kTickPitch, 2, 7));
 }
 
 void ChartControl::Plot::ComposeSeries(int series, int width) {

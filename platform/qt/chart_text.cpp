@@ -9,6 +9,7 @@ namespace {
 
 constexpr int kMostLines = 3;
 constexpr double kSmallestPoints = 6;
+constexpr double kOneLineShare = 0.75;
 
 QStringList BreakIntoLines(const QString& text, const QFont& font, int width) {
     const QFontMetricsF metrics(font);
@@ -27,11 +28,29 @@ QStringList BreakIntoLines(const QString& text, const QFont& font, int width) {
     return lines;
 }
 
-bool Fits(const QStringList& lines, const QFont& font, int width) {
+bool Fits(const QStringList& lines, const QFont& font, int width, int most_lines) {
     const QFontMetricsF metrics(font);
-    return lines.size() <= kMostLines && std::all_of(lines.begin(), lines.end(), [&](const QString& line) {
+    return lines.size() <= most_lines && std::all_of(lines.begin(), lines.end(), [&](const QString& line) {
                return metrics.horizontalAdvance(line) <= width;
            });
+}
+
+// Half a point at a time from the font's size down to `smallest`; true once the lines fit.
+bool ShrinkToFit(FittedText& fitted, int width, int most_lines, double smallest) {
+    const QString whole = fitted.text.replace('\n', ' ');
+    double points = fitted.font.pointSizeF();
+    for (;;) {
+        QFont font = fitted.font;
+        font.setPointSizeF(points);
+        const QStringList lines = BreakIntoLines(whole, font, width);
+        const bool fits = Fits(lines, font, width, most_lines);
+        if (fits || points - 0.5 < smallest) {
+            fitted.text = lines.join('\n');
+            if (fits || most_lines > 1) fitted.font = font;
+            return fits;
+        }
+        points -= 0.5;
+    }
 }
 
 }  // namespace
@@ -48,12 +67,8 @@ QFont ChartFont(double points, bool bold) {
 FittedText FitText(const QString& text, const QFont& font, int width) {
     FittedText fitted{text, font};
     if (text.isEmpty() || width <= 0) return fitted;
-    QStringList lines = BreakIntoLines(text, font, width);
-    while (!Fits(lines, fitted.font, width) && fitted.font.pointSizeF() > kSmallestPoints) {
-        fitted.font.setPointSizeF(fitted.font.pointSizeF() - 0.5);
-        lines = BreakIntoLines(text, fitted.font, width);
-    }
-    fitted.text = lines.join('\n');
+    if (ShrinkToFit(fitted, width, 1, font.pointSizeF() * kOneLineShare)) return fitted;
+    ShrinkToFit(fitted, width, kMostLines, kSmallestPoints);
     return fitted;
 }
 
