@@ -4,12 +4,10 @@
 #include <QByteArray>
 #include <QPdfWriter>
 #include <QSvgGenerator>
-#include <cerrno>
-#include <cstdio>
 #include <filesystem>
 
-#include "platform/os_errors.h"
 #include "platform/qt/chart_control.h"
+#include "platform/qt/picture_file.h"
 #include "platform/qt/qt_text.h"
 #include "runtime/run_time_error.h"
 #include "runtime/text.h"
@@ -70,16 +68,6 @@ Renderer RendererOf(const std::string& path) {
     return nullptr;
 }
 
-void WriteFile(const std::string& path, const QByteArray& bytes) {
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    if (file == nullptr) Raise(ErrorNumberOfErrno(errno, path));
-    const std::size_t size = static_cast<std::size_t>(bytes.size());
-    bool written = std::fwrite(bytes.constData(), 1, size, file) == size && std::fflush(file) == 0;
-    const int error = errno;
-    written = std::fclose(file) == 0 && written;
-    if (!written) Raise(ErrorNumberOfErrno(error, path));
-}
-
 }  // namespace
 
 void ExportChart(GraphFamily family, int index, const std::string& path) {
@@ -88,7 +76,7 @@ void ExportChart(GraphFamily family, int index, const std::string& path) {
     ChartControl chart;
     InitGraph(chart, family, index);
     DrawCurves(chart, family);
-    WriteFile(path, render(chart));
+    WritePictureFile(path, render(chart));
 }
 
 bool IsChartPicture(const std::string& path) {

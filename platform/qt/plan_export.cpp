@@ -7,13 +7,10 @@
 #include <QPdfWriter>
 #include <QSize>
 #include <QSvgGenerator>
-#include <cerrno>
-#include <cstdio>
-#include <memory>
 
 #include "graphics/TarvoGraf.h"
-#include "platform/os_errors.h"
 #include "platform/qt/painter_surface.h"
+#include "platform/qt/picture_file.h"
 #include "runtime/run_time_error.h"
 #include "runtime/text.h"
 
@@ -78,18 +75,6 @@ bool DrawFormat(const std::string& extension, QIODevice& out, PlanView view) {
     Raise(error_number::InvalidCall);
 }
 
-[[noreturn]] void RaiseErrno(const std::string& path) {
-    Raise(ErrorNumberOfErrno(errno, path));
-}
-
-void WriteFile(const std::string& path, const QByteArray& bytes) {
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "wb"), &std::fclose);
-    if (!file) RaiseErrno(path);
-    const auto size = static_cast<std::size_t>(bytes.size());
-    if (std::fwrite(bytes.constData(), 1, size, file.get()) != size) RaiseErrno(path);
-    if (std::fclose(file.release()) != 0) RaiseErrno(path);
-}
-
 }  // namespace
 
 bool ExportPlan(const std::string& path, PlanView view) {
@@ -97,7 +82,7 @@ bool ExportPlan(const std::string& path, PlanView view) {
     buffer.open(QIODevice::WriteOnly);
     if (!DrawFormat(Extension(path), buffer, view)) return false;
     buffer.close();
-    WriteFile(path, buffer.data());
+    WritePictureFile(path, buffer.data());
     return true;
 }
 
