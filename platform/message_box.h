@@ -11,6 +11,7 @@ constexpr int YesNo = 4;
 constexpr int RetryCancel = 5;
 constexpr int Critical = 16;
 constexpr int YesNoCancelQuestion = 35;
+constexpr int YesNoQuestion = 36;
 constexpr int Exclamation = 48;
 constexpr int Information = 64;
 constexpr int PlainSecondButton = 256;  // a plain OK box: it has no second button

@@ -88,6 +88,27 @@ bool IsData(double x, double y) {
     return std::isfinite(x) && std::isfinite(y) && x < 1E+300 && y < 1E+300;
 }
 
+// A printer that counts as a screen does, so that texts have their size in points; set back afterwards.
+class PrinterSetting {
+  public:
+    explicit PrinterSetting(QPrinter& printer)
+        : printer_(printer), resolution_(printer.resolution()), full_page_(printer.fullPage()) {
+        printer_.setResolution(kPixelsPerInch);
+        printer_.setFullPage(true);
+    }
+    ~PrinterSetting() {
+        printer_.setResolution(resolution_);
+        printer_.setFullPage(full_page_);
+    }
+    PrinterSetting(const PrinterSetting&) = delete;
+    PrinterSetting& operator=(const PrinterSetting&) = delete;
+
+  private:
+    QPrinter& printer_;
+    int resolution_;
+    bool full_page_;
+};
+
 }  // namespace
 
 // The chart library's side of the control.
@@ -390,12 +411,10 @@ void ChartControl::Replot() {
     plot_->view.replot();
 }
 
-void ChartControl::Print(QPrinter& printer, int format, int scale_mode, int left, int top, int width,
-                         int height) {
+void ChartControl::Print(QPrinter& printer, int format, int scale_mode, int left, int top, int width, int height) {
     if (format != 4 || scale_mode != 2) Raise(error_number::PrinterError);
     const auto pixels = [](int units) { return units * kPixelsPerInch / kBoxUnitsPerInch; };
-    printer.setResolution(kPixelsPerInch);
-    printer.setFullPage(true);
+    const PrinterSetting setting(printer);
     try {
         DrawOn(printer, QRect(pixels(left), pixels(top), pixels(width), pixels(height)));
     } catch (const RunTimeError&) {
@@ -447,7 +466,7 @@ void ChartControl::mouseMoveEvent(QMouseEvent* event) {
         drag_from_ = at;
         Replot();
     }
-    emit MouseMove(at.x() * TwipsPerPixel, at.y() * TwipsPerPixel);
+    emit MouseMove(at.x() * kTwipsPerPixel, at.y() * kTwipsPerPixel);
 }
 
 void ChartControl::mouseReleaseEvent(QMouseEvent* event) {

@@ -12,13 +12,12 @@
 
 namespace tarvokol {
 
-// Twips to the pixel.
-constexpr int TwipsPerPixel = 15;
-
 class ChartControl : public QWidget, public ChartModel {
     Q_OBJECT
 
   public:
+    static constexpr int kTwipsPerPixel = 15;
+
     explicit ChartControl(QWidget* parent = nullptr);
     ~ChartControl() override;
 

@@ -84,9 +84,10 @@ class FormBase : public QMainWindow {
     QEventLoop* modal_loop_ = nullptr;
 };
 
-// Gives a form class its one instance: `class frmAbout : public SingleForm<frmAbout>`.
-template <typename Form>
-class SingleForm : public FormBase {
+// Gives a form class its one instance: `class frmAbout : public SingleForm<frmAbout>`. Forms that are twins have a base
+// of their own between: `class frmGraph : public SingleForm<frmGraph, GraphFormBase>`.
+template <typename Form, typename Base = FormBase>
+class SingleForm : public Base {
   public:
     // The loaded form; the first use creates it and runs its Form_Load. An error in there leaves it unloaded.
     static Form& Instance() {
