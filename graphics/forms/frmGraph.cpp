@@ -12,7 +12,9 @@ frmGraph::frmGraph() : ui_(std::make_unique<Ui::frmGraph>()) {
 
 frmGraph::~frmGraph() = default;
 
-void frmGraph::ShowOptions() { frmGraphOpt::Instance().ShowModal(this); }
+void frmGraph::ShowOptions() {
+    frmGraphOpt::Instance().ShowModal(this);
+}
 
 void frmGraph::Form_Unload() {
     GraphFormBase::Form_Unload();

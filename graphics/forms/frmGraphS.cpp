@@ -13,8 +13,8 @@ frmGraphS::frmGraphS() : ui_(std::make_unique<Ui::frmGraphS>()) {
 
 frmGraphS::~frmGraphS() = default;
 
-// The dialog works on the chart of frmGraph and belongs to it. While that form does not show, the window that does
-// keeps the dialog above itself.
+// The dialog works on the chart of frmGraph and belongs to it. While that form does not show, the window that
+// does keeps the dialog above itself.
 void frmGraphS::ShowOptions() {
     frmGraph& owner = frmGraph::Instance();
     frmGraphOptS& dialog = frmGraphOptS::Instance();

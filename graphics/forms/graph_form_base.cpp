@@ -4,7 +4,6 @@
 #include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
-
 #include <algorithm>
 
 #include "graphics/curve_export.h"
@@ -39,9 +38,13 @@ constexpr int kPointId = 0;
 constexpr int kBasicOptions = 1;
 
 // The printer's own format, the chart fitted into a box of the paper in 1/600 inch: left, top, width, height.
-void PrintInItsBox(ChartControl& chart, QPrinter& printer) { chart.Print(printer, 4, 2, 100, 100, 4000, 5000); }
+void PrintInItsBox(ChartControl& chart, QPrinter& printer) {
+    chart.Print(printer, 4, 2, 100, 100, 4000, 5000);
+}
 
-int LeastPixels() { return (kLeastExtent + TwipsPerPixel - 1) / TwipsPerPixel; }
+int LeastPixels() {
+    return (kLeastExtent + TwipsPerPixel - 1) / TwipsPerPixel;
+}
 
 }  // namespace
 
@@ -63,7 +66,8 @@ void GraphFormBase::BindControls() {
 
 void GraphFormBase::ConnectMenu(const QString& name, void (GraphFormBase::*handler)(int)) {
     for (const auto& [index, item] : ControlArray<QAction>(*this, name))
-        connect(item, &QAction::triggered, this, [this, handler, element = index] { (this->*handler)(element); });
+        connect(item, &QAction::triggered, this,
+                [this, handler, element = index] { (this->*handler)(element); });
 }
 
 void GraphFormBase::GraphInit(int Index) {
@@ -76,9 +80,13 @@ void GraphFormBase::DrawCurve() {
     SetScreenPointer(MousePointer::Default);
 }
 
-void GraphFormBase::ClearGraph() { ClearGraphCurves(*graph_); }
+void GraphFormBase::ClearGraph() {
+    ClearGraphCurves(*graph_);
+}
 
-void GraphFormBase::Form_Load() { options_items_[kPointId].setChecked(true); }
+void GraphFormBase::Form_Load() {
+    options_items_[kPointId].setChecked(true);
+}
 
 // A message box or a common dialog in front of the form is part of its own command.
 void GraphFormBase::Form_Deactivate() {
@@ -96,7 +104,9 @@ void GraphFormBase::Form_Resize() {
     graph_->resize(PixelsOf(chart_width), PixelsOf(chart_height));
 }
 
-void GraphFormBase::Form_Unload() { GraphClosed = true; }
+void GraphFormBase::Form_Unload() {
+    GraphClosed = true;
+}
 
 void GraphFormBase::GraphFileItem_Click(int Index) {
     switch (Index) {

@@ -34,9 +34,12 @@ void GraphOptionsBase::BindControls() {
     connect(Combo2_, &QComboBox::editTextChanged, this, &GraphOptionsBase::Combo2_Change);
     connect(Combo2_, &QComboBox::currentIndexChanged, this, &GraphOptionsBase::Combo2_Click);
     connect(HScroll1_, &QScrollBar::valueChanged, this, &GraphOptionsBase::HScroll1_Change);
-    connect(findChild<QPushButton*>("Command1"), &QPushButton::clicked, this, &GraphOptionsBase::Command1_Click);
-    connect(findChild<QPushButton*>("Command2"), &QPushButton::clicked, this, &GraphOptionsBase::Command2_Click);
-    connect(findChild<QPushButton*>("Command3"), &QPushButton::clicked, this, &GraphOptionsBase::Command3_Click);
+    connect(findChild<QPushButton*>("Command1"), &QPushButton::clicked, this,
+            &GraphOptionsBase::Command1_Click);
+    connect(findChild<QPushButton*>("Command2"), &QPushButton::clicked, this,
+            &GraphOptionsBase::Command2_Click);
+    connect(findChild<QPushButton*>("Command3"), &QPushButton::clicked, this,
+            &GraphOptionsBase::Command3_Click);
 }
 
 void GraphOptionsBase::Form_Load() {
@@ -84,7 +87,8 @@ void GraphOptionsBase::Option1_Click(int Index) {
 void GraphOptionsBase::EnableFormatting(bool on) {
     for (const auto& [index, box] : Text2_) box->setEnabled(on);
     for (const auto& [index, box] : Text3_) box->setEnabled(on);
-    for (QWidget* control : std::initializer_list<QWidget*>{Text1_, Combo1_, Combo2_, Check1_, txtSS_, Label1_, HScroll1_})
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{Text1_, Combo1_, Combo2_, Check1_, txtSS_, Label1_, HScroll1_})
         control->setEnabled(on);
 }
 
@@ -97,9 +101,13 @@ void GraphOptionsBase::BlankOtherTitles(const ControlArray<QLineEdit>& boxes) {
     }
 }
 
-void GraphOptionsBase::Combo1_Change() { RequireListItem(*Combo1_); }
+void GraphOptionsBase::Combo1_Change() {
+    RequireListItem(*Combo1_);
+}
 
-void GraphOptionsBase::Combo2_Change() { RequireListItem(*Combo2_); }
+void GraphOptionsBase::Combo2_Change() {
+    RequireListItem(*Combo2_);
+}
 
 void GraphOptionsBase::RequireListItem(QComboBox& combo) {
     const int item = combo.findText(combo.currentText());
@@ -119,9 +127,13 @@ void GraphOptionsBase::Combo2_Click() {
     HScroll1_->setVisible(symbols);
 }
 
-void GraphOptionsBase::HScroll1_Change() { txtSS_->setText(QString::number(HScroll1_->value())); }
+void GraphOptionsBase::HScroll1_Change() {
+    txtSS_->setText(QString::number(HScroll1_->value()));
+}
 
-void GraphOptionsBase::Command1_Click() { Unload(); }
+void GraphOptionsBase::Command1_Click() {
+    Unload();
+}
 
 void GraphOptionsBase::Command2_Click() {
     ok_pressed_ = true;
@@ -129,7 +141,9 @@ void GraphOptionsBase::Command2_Click() {
 }
 
 // The button is captioned "Help" and clears the chart.
-void GraphOptionsBase::Command3_Click() { frmGraph::Instance().ClearGraph(); }
+void GraphOptionsBase::Command3_Click() {
+    frmGraph::Instance().ClearGraph();
+}
 
 void GraphOptionsBase::Form_Unload() {
     if (ok_pressed_) {

@@ -411,7 +411,8 @@ void ChartControl::Replot() {
     plot_->view.replot();
 }
 
-void ChartControl::Print(QPrinter& printer, int format, int scale_mode, int left, int top, int width, int height) {
+void ChartControl::Print(QPrinter& printer, int format, int scale_mode, int left, int top, int width,
+                         int height) {
     if (format != 4 || scale_mode != 2) Raise(error_number::PrinterError);
     const auto pixels = [](int units) { return units * kPixelsPerInch / kBoxUnitsPerInch; };
     const PrinterSetting setting(printer);

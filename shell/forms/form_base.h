@@ -84,8 +84,8 @@ class FormBase : public QMainWindow {
     QEventLoop* modal_loop_ = nullptr;
 };
 
-// Gives a form class its one instance: `class frmAbout : public SingleForm<frmAbout>`. Forms that are twins have a base
-// of their own between: `class frmGraph : public SingleForm<frmGraph, GraphFormBase>`.
+// Gives a form class its one instance: `class frmAbout : public SingleForm<frmAbout>`. Forms that are twins
+// have a base of their own between: `class frmGraph : public SingleForm<frmGraph, GraphFormBase>`.
 template <typename Form, typename Base = FormBase>
 class SingleForm : public Base {
   public:

@@ -2,6 +2,8 @@
 
 #include <map>
 
+#include "graphics/forms/frmGraph.h"
+#include "graphics/forms/frmGraphS.h"
 #include "graphics/forms/frmPicture.h"
 #include "runtime/run_time_error.h"
 #include "shell/forms/frmTARVOParm.h"
@@ -32,7 +34,10 @@ const std::map<std::string_view, Loader> Loaders{
 };
 
 // {"frmGraph", ShowGraph<frmGraph>}.
-const std::map<std::string_view, GraphOpener> GraphOpeners{};
+const std::map<std::string_view, GraphOpener> GraphOpeners{
+    {"frmGraph", ShowGraph<frmGraph>},
+    {"frmGraphS", ShowGraph<frmGraphS>},
+};
 
 template <typename Entry>
 Entry EntryOf(const std::map<std::string_view, Entry>& table, std::string_view name) {

@@ -194,7 +194,7 @@ TEST_F(XlsxWriterTest, TheDesktopsWorkbookTakesAFreeNameAndIsOpened) {
     EXPECT_EQ(Cells(ReadBytes(PathTo("Curves2.xlsx"))).at("A1"), "1");
     ASSERT_EQ(Host.TheShell.Opened.size(), 1u);
     EXPECT_EQ(Host.TheShell.Opened[0], PathTo("Curves2.xlsx"));
-    EXPECT_EQ(Host.MainWindow.History, " 1. Workbook: " + PathTo("Curves2.xlsx") + "\r\n");
+    EXPECT_EQ(Host.MainWindow.History, "1. Workbook: " + PathTo("Curves2.xlsx") + "\r\n");
 }
 
 TEST_F(XlsxWriterTest, ADesktopWithoutASpreadsheetProgramRaises429) {
