@@ -1,0 +1,121 @@
+#include "cli/bulk_run.h"
+
+#include <unistd.h>
+
+#include <iostream>
+#include <utility>
+
+#include "project/lifecycle.h"
+#include "project/project_state.h"
+#include "runtime/run_time_error.h"
+#include "runtime/text.h"
+#include "settings/configuration.h"
+#include "shell/start_up.h"
+
+namespace tarvokol::cli {
+namespace {
+
+constexpr std::size_t kProgressStep = 50;
+
+// `-` alone stands for the paths on standard input, one a line.
+std::vector<std::string> ExpandFiles(const std::vector<std::string>& files) {
+    if (files.size() != 1 || files.front() != "-") return files;
+    std::vector<std::string> listed;
+    for (std::string line; std::getline(std::cin, line);) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        if (!line.empty()) listed.push_back(std::move(line));
+    }
+    return listed;
+}
+
+std::string NativeLineEnds(const std::string& text) { return ReplaceAll(text, CrLf, "\n"); }
+
+}  // namespace
+
+BulkRun::BulkRun(Options options, HeadlessPlatform& host) : options_(std::move(options)), host_(host) {
+    options_.files = ExpandFiles(options_.files);
+}
+
+int BulkRun::Run(const FileWork& work) {
+    std::size_t done = 0;
+    for (const std::string& file : options_.files) {
+        Report(file, RunOne(file, work));
+        ShowProgress(++done);
+    }
+    std::cout.flush();
+    if (!std::cout) any_not_written_ = true;
+    if (any_not_written_) return exit_status::NotWritten;
+    return any_refused_ ? exit_status::Refused : exit_status::Done;
+}
+
+BulkRun::Outcome BulkRun::RunOne(const std::string& file, const FileWork& work) {
+    Outcome outcome;
+    host_.Messages.Shown.clear();
+    try {
+        ResetProgram();
+        if (!options_.settings.empty()) {
+            IniPath = options_.settings;
+            ReadSettings(RangeRepair::KeepInMemory);
+        }
+        outcome.result = work(file);
+    } catch (const RunTimeError& error) {
+        outcome.failed = true;
+        outcome.error_number = error.number;
+        outcome.error_text = error.text;
+    } catch (const OutputError& error) {
+        outcome.not_written = true;
+        outcome.error_number = error.number;
+        outcome.error_text = error.text;
+    }
+    return outcome;
+}
+
+Json BulkRun::ObjectOf(const std::string& file, const Outcome& outcome) const {
+    Json object;
+    object["file"] = file;
+    object["ok"] = outcome.result.ok && outcome.error_number == 0;
+    object["messages"] = Json::array();
+    for (const BoxRequest& box : host_.Messages.Shown) object["messages"].push_back(box.message);
+    if (outcome.error_number != 0)
+        object["error"] = Json{{"number", outcome.error_number}, {"text", outcome.error_text}};
+    object.update(outcome.result.keys);
+    return object;
+}
+
+void BulkRun::Report(const std::string& file, const Outcome& reported) {
+    Outcome outcome = reported;
+    if (json_target_ != nullptr && json_target_->Format() == ".json") {
+        try {
+            json_target_->WriteBytes(json_target_->PathFor(file), JsonLine(ObjectOf(file, outcome)));
+        } catch (const OutputError& error) {
+            outcome.not_written = true;
+            outcome.error_number = error.number;
+            outcome.error_text = error.text;
+        }
+    }
+    any_refused_ = any_refused_ || outcome.failed || !outcome.result.ok;
+    any_not_written_ = any_not_written_ || outcome.not_written;
+    if (options_.json) {
+        std::cout << JsonLine(ObjectOf(file, outcome));
+        return;
+    }
+    for (const BoxRequest& box : host_.Messages.Shown)
+        std::cerr << file << ": " << NativeLineEnds(box.message) << '\n';
+    if (outcome.error_number != 0) std::cerr << file << ": " << outcome.error_text << '\n';
+    if (text_to_stdout_) std::cout << NativeLineEnds(outcome.result.text);
+}
+
+void BulkRun::ShowProgress(std::size_t done) const {
+    const std::size_t total = options_.files.size();
+    if (options_.quiet || total < 2 || ::isatty(STDERR_FILENO) == 0) return;
+    if (done % kProgressStep != 0 && done != total) return;
+    std::cerr << '\r' << done << '/' << total << (done == total ? "\n" : "") << std::flush;
+}
+
+bool OpenProject(const std::string& file) {
+    ProjectFileName = file;
+    PreviousFileName = file;
+    return FileOpen();
+}
+
+}  // namespace tarvokol::cli

@@ -1,0 +1,66 @@
+// The run of a command over its FILEs: a fresh program for each, results and messages to the right streams, the exit
+// status of the whole.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "cli/json.h"
+#include "cli/options.h"
+#include "cli/output_target.h"
+#include "platform/headless/headless_platform.h"
+
+namespace tarvokol::cli {
+
+// What a command hands back for one FILE.
+struct FileResult {
+    bool ok = true;
+    Json keys = Json::object();  // added to the object behind "file", "ok" and "messages"
+    std::string text;            // for people
+};
+
+// The work of a command on one FILE, which is given as the path. It reads the project itself.
+using FileWork = std::function<FileResult(const std::string& file)>;
+
+class BulkRun {
+  public:
+    // Raises UsageError for a FILE list that cannot be read.
+    BulkRun(Options options, HeadlessPlatform& host);
+
+    const Options& TheOptions() const { return options_; }
+
+    // Runs the work on every FILE in turn; returns the exit status.
+    int Run(const FileWork& work);
+
+    // True if results also go to standard output as text.
+    void SilenceText() { text_to_stdout_ = false; }
+
+    // Writes the JSON object of each FILE here too.
+    void AlsoWriteJson(const OutputTarget& target) { json_target_ = &target; }
+
+  private:
+    struct Outcome {
+        FileResult result;
+        bool failed = false;         // run-time error
+        bool not_written = false;
+        int error_number = 0;
+        std::string error_text;
+    };
+
+    Outcome RunOne(const std::string& file, const FileWork& work);
+    Json ObjectOf(const std::string& file, const Outcome& outcome) const;
+    void Report(const std::string& file, const Outcome& outcome);
+    void ShowProgress(std::size_t done) const;
+
+    Options options_;
+    HeadlessPlatform& host_;
+    bool text_to_stdout_ = true;
+    const OutputTarget* json_target_ = nullptr;
+    bool any_refused_ = false;
+    bool any_not_written_ = false;
+};
+
+// Opens a project as the program does; false if the file is of another format.
+bool OpenProject(const std::string& file);
+
+}  // namespace tarvokol::cli

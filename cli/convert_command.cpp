@@ -1,0 +1,51 @@
+#include <filesystem>
+
+#include "cli/bulk_run.h"
+#include "cli/commands.h"
+#include "engine/project_record.h"
+#include "messages/notify.h"
+#include "project/file_conversion.h"
+#include "project/project_file.h"
+#include "project/project_state.h"
+#include "runtime/file_system.h"
+
+namespace tarvokol::cli {
+namespace {
+
+// A name beside the original.
+std::string BesideOriginal(const std::string& original, const std::string& name) {
+    return (std::filesystem::path(original).parent_path() / name).string();
+}
+
+FileResult ConvertOne(const std::string& file, const std::string& target_name, const OutputTarget& target) {
+    FileResult result;
+    result.ok = OpenProject(file);
+    if (!result.ok) return result;
+    ConvertTargetUnits = target_name == "metric" ? 1 : 0;
+    if (UnitSystem == ConvertTargetUnits) {
+        Notify(std::string("The project is already in ") + (UnitSystem == 1 ? "Metric" : "English") + " units", 0);
+        result.ok = false;
+        return result;
+    }
+    ConvertProject();
+    const std::string output =
+        target.ToFile() ? target.PathFor(file, ProjectFileName) : BesideOriginal(file, ProjectFileName);
+    result.keys["output"] = output;
+    result.keys["project"] = ProjectJson();
+    target.Write(output, [](const std::string& path) {
+        ProjectFileName = path;
+        FileSave();
+    });
+    result.text = file + ": " + output + "\n";
+    return result;
+}
+
+}  // namespace
+
+int RunConvert(const Options& options, HeadlessPlatform& host, const std::string& target_name) {
+    BulkRun run(options, host);
+    const OutputTarget target(run.TheOptions(), {});
+    return run.Run([&](const std::string& file) { return ConvertOne(file, target_name, target); });
+}
+
+}  // namespace tarvokol::cli

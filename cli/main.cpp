@@ -1,0 +1,159 @@
+// tarvokol-cli: the program's work without a window, for scripts and bulk runs.
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "cli/commands.h"
+#include "platform/headless/headless_platform.h"
+#include "report/report_builder.h"
+
+namespace tarvokol::cli {
+namespace {
+
+// The command that the arguments name, to be run once they are all read.
+using Command = std::function<int()>;
+
+void AddSettings(CLI::App& command, Options& options) {
+    command.add_option("--settings", options.settings, "Configuration file to read (default: the built-in values)")
+        ->check(CLI::ExistingFile)
+        ->type_name("FILE.INI");
+    command.add_flag("--json", options.json, "Print JSON Lines, one object a FILE");
+}
+
+void AddFiles(CLI::App& command, Options& options, const std::string& output_help) {
+    AddSettings(command, options);
+    command.add_option("-o", options.output, output_help)->type_name("PATH");
+    command.add_flag("--force", options.force, "Replace existing files");
+    command.add_flag("--quiet", options.quiet, "No progress line");
+    command.add_option("FILE", options.files, "Projects; `-` alone reads their paths from standard input")
+        ->required()
+        ->type_name("");
+}
+
+void AddFileCommands(CLI::App& app, Options& options, HeadlessPlatform& host, Command& chosen) {
+    auto* results = app.add_subcommand("results", "Input check, analysis and report");
+    AddFiles(*results, options, "Write the report: .txt, .pdf or .json, or a folder");
+    results->callback([&] { chosen = [&] { return RunResults(options, host); }; });
+
+    auto* size = app.add_subcommand("size", "Suggested web and barrier sizes");
+    AddFiles(*size, options, "Write the sizes: .json, or a folder");
+    size->callback([&] { chosen = [&] { return RunSize(options, host); }; });
+
+    auto* save = app.add_subcommand("save", "Read a project and write it again");
+    AddFiles(*save, options, "The file or folder to write (required)");
+    save->callback([&] { chosen = [&] { return RunSave(options, host); }; });
+}
+
+void AddCurveCommand(CLI::App& app, Options& options, HeadlessPlatform& host, Command& chosen) {
+    static std::string kind;
+    auto* curve = app.add_subcommand("curve", "A parametric curve");
+    curve->add_option("KIND", kind, "sf-height, sf-depth, sf-hole, web or barrier")
+        ->required()
+        ->check(CLI::IsMember({"sf-height", "sf-depth", "sf-hole", "web", "barrier"}))
+        ->type_name("");
+    AddFiles(*curve, options, "Write the curve: .csv, .xlsx, .png, .svg, .pdf or .json, or a folder");
+    curve->callback([&] { chosen = [&] { return RunCurve(options, host, kind); }; });
+}
+
+void AddPlanCommand(CLI::App& app, Options& options, HeadlessPlatform& host, Command& chosen) {
+    static std::string mode = "dimensions";
+    static std::string view = "window";
+    auto* plan = app.add_subcommand("plan", "The panel plan");
+    plan->add_option("--mode", mode, "What the pillars' labels show")
+        ->check(CLI::IsMember({"dimensions", "strength", "capacity"}))
+        ->capture_default_str();
+    plan->add_option("--view", view, "Drawn as in the plot window or in the parameters dialog")
+        ->check(CLI::IsMember({"window", "preview"}))
+        ->capture_default_str();
+    AddFiles(*plan, options, "Write the plan: .svg, .png, .pdf or .json, or a folder");
+    plan->callback([&] { chosen = [&] { return RunPlan(options, host, mode, view); }; });
+}
+
+void AddConvertCommand(CLI::App& app, Options& options, HeadlessPlatform& host, Command& chosen) {
+    static std::string target;
+    auto* convert = app.add_subcommand("convert", "Convert a project to the other unit system and save it");
+    convert->add_option("--to", target, "Target unit system")->required()->check(CLI::IsMember({"english", "metric"}));
+    AddFiles(*convert, options, "The file or folder to write (default: beside the original)");
+    convert->callback([&] { chosen = [&] { return RunConvert(options, host, target); }; });
+}
+
+void AddUnitsCommand(CLI::App& app, Options& options, Command& chosen) {
+    static std::string quantity;
+    static std::string unit;
+    static std::string value;
+    auto* units = app.add_subcommand("units", "The unit calculator");
+    units->add_flag("--json", options.json, "Print one JSON object");
+    units->add_option("QUANTITY", quantity, "length, load, load-grad, stress or stress-grad")
+        ->required()
+        ->check(CLI::IsMember({"length", "load", "load-grad", "stress", "stress-grad"}))
+        ->type_name("");
+    units->add_option("UNIT", unit, "An option caption such as psf or lbsF/ft")->required()->type_name("");
+    units->add_option("VALUE", value, "What would be typed")->required()->type_name("");
+    units->callback([&] { chosen = [&] { return RunUnits(options.json, quantity, unit, value); }; });
+}
+
+void AddSettingsCommand(CLI::App& app, Options& options, Command& chosen) {
+    static std::string ini_path;
+    auto* settings = app.add_subcommand("settings", "The effective settings after reading");
+    settings->add_flag("--json", options.json, "Print one JSON object");
+    settings->add_option("--settings", ini_path, "Configuration file to read")->type_name("FILE.INI");
+    settings->add_option("FILE.INI", ini_path, "Configuration file to read (default: the built-in values)")
+        ->type_name("");
+    settings->callback([&] { chosen = [&] { return RunSettings(options.json, ini_path); }; });
+}
+
+// A negative number that is an argument by itself is a VALUE, no option: it goes behind "--".
+std::vector<std::string> Arguments(int argc, char** argv) {
+    std::vector<std::string> arguments(argv + 1, argv + argc);
+    const bool units = !arguments.empty() && arguments.front() == "units";
+    for (std::size_t i = 0; units && i < arguments.size(); ++i) {
+        const std::string& word = arguments[i];
+        if (word == "--") break;
+        if (word.size() < 2 || word[0] != '-' || word.find_first_of("0123456789.") != 1) continue;
+        arguments.insert(arguments.begin() + static_cast<std::ptrdiff_t>(i), "--");
+        break;
+    }
+    return {arguments.rbegin(), arguments.rend()};  // CLI11 takes them last first
+}
+
+int RunChosen(const Command& chosen) {
+    try {
+        return chosen();
+    } catch (const UsageError& error) {
+        std::cerr << error.text << '\n';
+        return exit_status::WrongUsage;
+    }
+}
+
+int Main(int argc, char** argv) {
+    HeadlessPlatform host;
+    host.Install();
+    Options options;
+    Command chosen;
+    CLI::App app("Stability design of highwall mining panels, without a window", "tarvokol-cli");
+    app.set_version_flag("--version", "tarvokol-cli " + VersionString());
+    app.require_subcommand(1);
+    AddFileCommands(app, options, host, chosen);
+    AddCurveCommand(app, options, host, chosen);
+    AddPlanCommand(app, options, host, chosen);
+    AddConvertCommand(app, options, host, chosen);
+    AddUnitsCommand(app, options, chosen);
+    AddSettingsCommand(app, options, chosen);
+    try {
+        app.parse(Arguments(argc, argv));
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? exit_status::Done : exit_status::WrongUsage;
+    }
+    return RunChosen(chosen);
+}
+
+}  // namespace
+}  // namespace tarvokol::cli
+
+int main(int argc, char** argv) {
+    std::ios::sync_with_stdio(false);
+    return tarvokol::cli::Main(argc, argv);
+}

@@ -1,0 +1,49 @@
+// Where a result goes: standard output, one file, or one file a project in a folder.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "cli/options.h"
+
+namespace tarvokol::cli {
+
+// The output of one FILE could not be written; reported as the run-time error it stands for.
+struct OutputError {
+    int number;
+    std::string text;
+};
+
+class OutputTarget {
+  public:
+    // `extensions` are the formats of the command, the first being the one that a folder receives; an empty list takes
+    // any name. Raises UsageError for another extension, or for one output file and several FILEs.
+    OutputTarget(const Options& options, std::vector<std::string> extensions);
+
+    bool ToFile() const { return !output_.empty(); }
+
+    // Lower-case extension that chooses the format, with its dot; empty for standard output.
+    std::string Format() const { return format_; }
+
+    // Name of the file that takes the result of a project. In a folder it is the project's name with the format's
+    // extension, or `kept_name` where one is given.
+    std::string PathFor(const std::string& project, const std::string& kept_name = "") const;
+
+    // Raises OutputError if the file exists and is not to be replaced.
+    void Refuse(const std::string& path) const;
+
+    // Writes through `write`, which is given the path, and raises OutputError for a run-time error in it.
+    void Write(const std::string& path, const std::function<void(const std::string&)>& write) const;
+
+    // Writes a file of these bytes.
+    void WriteBytes(const std::string& path, const std::string& bytes) const;
+
+  private:
+    std::string output_;
+    bool force_;
+    bool folder_ = false;
+    std::string format_;
+};
+
+}  // namespace tarvokol::cli

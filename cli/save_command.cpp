@@ -1,0 +1,28 @@
+#include "cli/bulk_run.h"
+#include "cli/commands.h"
+#include "project/project_file.h"
+#include "project/project_state.h"
+
+namespace tarvokol::cli {
+
+int RunSave(const Options& options, HeadlessPlatform& host) {
+    if (options.output.empty()) throw UsageError{"-o is required"};
+    BulkRun run(options, host);
+    const OutputTarget target(run.TheOptions(), {});
+    run.SilenceText();
+    return run.Run([&](const std::string& file) {
+        FileResult result;
+        result.ok = OpenProject(file);
+        if (!result.ok) return result;
+        const std::string output = target.PathFor(file);
+        result.keys["output"] = output;
+        result.keys["project"] = ProjectJson();
+        target.Write(output, [](const std::string& path) {
+            ProjectFileName = path;
+            FileSave();
+        });
+        return result;
+    });
+}
+
+}  // namespace tarvokol::cli

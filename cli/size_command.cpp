@@ -1,0 +1,41 @@
+#include "cli/bulk_run.h"
+#include "cli/commands.h"
+#include "engine/parameter_texts.h"
+#include "messages/titles.h"
+
+namespace tarvokol::cli {
+namespace {
+
+// The dialog's titles, as it sets them when it loads.
+constexpr int kParametersTitles = 2;
+
+FileResult SizesOf(const std::string& file) {
+    FileResult result;
+    result.ok = OpenProject(file);
+    if (!result.ok) return result;
+    SetMessageTitles(kParametersTitles);
+    ParameterTexts texts = TextsOfRecord(ProjectRecord);
+    texts.txtNumberHoles = HolesTextAfterLoad(ProjectRecord.NumberHoles);
+    result.ok = !ValidateSizingTexts(texts).has_value();
+    if (!result.ok) return result;
+    const SuggestedSizes sizes = SuggestPillarSizes(texts);
+    result.keys["SuggestedWeb"] = NumberJson(static_cast<double>(sizes.SuggestedWeb));
+    result.keys["SuggestedBarrier"] = NumberJson(static_cast<double>(sizes.SuggestedBarrier));
+    result.keys["txtSugWeb"] = sizes.txtSugWeb;
+    result.keys["txtSugBarrier"] = sizes.txtSugBarrier;
+    result.text = file + ": Suggested web thickness " + sizes.txtSugWeb + ", suggested barrier thickness " +
+                  sizes.txtSugBarrier + "\n";
+    return result;
+}
+
+}  // namespace
+
+int RunSize(const Options& options, HeadlessPlatform& host) {
+    BulkRun run(options, host);
+    const OutputTarget target(run.TheOptions(), {".json"});
+    if (target.ToFile()) run.SilenceText();
+    run.AlsoWriteJson(target);
+    return run.Run(SizesOf);
+}
+
+}  // namespace tarvokol::cli

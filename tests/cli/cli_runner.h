@@ -1,0 +1,53 @@
+// Runs the built command line and gives back what it said.
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "tests/support/core_fixture.h"
+
+namespace tarvokol {
+
+struct CliAnswer {
+    int status = -1;
+    std::string out;
+    std::string err;
+
+    // The JSON objects of the output, one a line.
+    std::vector<nlohmann::json> Objects() const;
+    // The one object of the output.
+    nlohmann::json Object() const;
+};
+
+// Runs tarvokol-cli with these arguments in `folder` (empty: the present one), `input` on standard input.
+CliAnswer RunCli(const std::vector<std::string>& arguments, const std::string& folder = "",
+                 const std::string& input = "");
+
+// A project of nice round figures, as a file's text; fields by their names.
+struct ProjectText {
+    std::string magic = "TARVOKOL_101";
+    std::string units = " 0 ";
+    std::string title = "Ridge Panel 4";
+    std::vector<std::string> description{"Upper seam, north highwall."};
+    std::string height = "10", depth = "100", hole = "10", web = "10", barrier = "20", holes = " 5 ", angle = "90",
+                spacing = "1000000", strength = "900", weight = "162", abutment = "21", sf_web = "1.6", sf_barrier = "2",
+                spare = "0";
+
+    std::string Bytes() const;
+};
+
+class CliTest : public CoreTest {
+  protected:
+    // Writes a project into the test's folder and returns its name there.
+    std::string Project(const std::string& name, const ProjectText& project = {});
+
+    // Runs in the test's folder.
+    CliAnswer Run(const std::vector<std::string>& arguments, const std::string& input = "") const {
+        return RunCli(arguments, Folder.string(), input);
+    }
+};
+
+}  // namespace tarvokol

@@ -1,0 +1,57 @@
+#include "tests/cli/cli_runner.h"
+
+namespace tarvokol {
+namespace {
+
+using nlohmann::json;
+
+using SizeCommand = CliTest;
+
+TEST_F(SizeCommand, GivesRawInchesAndTheTwoFields) {
+    const json object = Run({"size", "--json", Project("p.TKL")}).Object();
+    EXPECT_EQ(object["ok"], true);
+    EXPECT_NEAR(object["SuggestedWeb"], 38.9991340637207, 1e-5);
+    EXPECT_NEAR(object["SuggestedBarrier"], 122.40354919433594, 1e-5);
+    EXPECT_EQ(object["txtSugWeb"], "3.25");
+    EXPECT_EQ(object["txtSugBarrier"], "10.20");
+    EXPECT_EQ(Run({"size", "p.TKL"}).out,
+              "p.TKL: Suggested web thickness 3.25, suggested barrier thickness 10.20\n");
+}
+
+TEST_F(SizeCommand, MetricResultsStayInInches) {
+    ProjectText project;
+    project.units = " 1 ";
+    project.height = project.hole = project.web = "3";
+    project.barrier = "6";
+    project.depth = "30";
+    project.strength = "6.2";
+    project.weight = "25.4";
+    const json object = Run({"size", "--json", Project("m.TKL", project)}).Object();
+    EXPECT_EQ(object["txtSugWeb"], "37.72");
+    EXPECT_EQ(object["txtSugBarrier"], "118.87");
+}
+
+TEST_F(SizeCommand, TheShortTestRefusesInItsOwnWords) {
+    ProjectText project;
+    project.strength = "0";
+    const CliAnswer answer = Run({"size", "--json", Project("p.TKL", project)});
+    EXPECT_EQ(answer.status, 1);
+    EXPECT_EQ(answer.Object()["messages"], json({"Invalid pillar strength"}));
+    EXPECT_FALSE(answer.Object().contains("txtSugWeb"));
+    project.strength = "900";
+    project.sf_web = "0.5";
+    EXPECT_EQ(Run({"size", "--json", Project("q.TKL", project)}).Object()["messages"],
+              json({"Value '0.5' is outside input range\r\nValid range is: 1-10"}));
+}
+
+TEST_F(SizeCommand, HolesOutsideTheBoxGiveItsMessagesAndReadAsNone) {
+    ProjectText project;
+    project.holes = " 21 ";
+    const json object = Run({"size", "--json", Project("p.TKL", project)}).Object();
+    EXPECT_EQ(object["ok"], true);
+    EXPECT_EQ(object["messages"], json({"Value '21' is outside input range\r\nValid range is: 2-20",
+                                        "Value '' is outside input range\r\nValid range is: 2-20"}));
+}
+
+}  // namespace
+}  // namespace tarvokol
