@@ -3,25 +3,90 @@
 #include "cli/toolkit.h"
 #include "engine/curves.h"
 #include "graphics/curve_export.h"
+#include "graphics/graph_setup.h"
+#include "platform/chart_model.h"
 #include "platform/qt/chart_export.h"
 #include "platform/qt/xlsx_writer.h"
-#include "runtime/text.h"
-#include "settings/graph_settings.h"
 
 namespace tarvokol::cli {
 namespace {
 
 struct CurveRequest {
-    bool sizing = false;
+    GraphFamily family = GraphFamily::Stability;
     int index = 0;
 };
 
 CurveRequest RequestOf(const std::string& kind) {
-    if (kind == "sf-height") return {false, 0};
-    if (kind == "sf-depth") return {false, 1};
-    if (kind == "sf-hole") return {false, 2};
-    return {true, kind == "web" ? 0 : 1};
+    if (kind == "sf-height") return {GraphFamily::Stability, 0};
+    if (kind == "sf-depth") return {GraphFamily::Stability, 1};
+    if (kind == "sf-hole") return {GraphFamily::Stability, 2};
+    return {GraphFamily::Sizing, kind == "web" ? 0 : 1};
+}
+
+bool Compute(const CurveRequest& request) {
+    return request.family == GraphFamily::Stability ? ComputeStabilityCurves(request.index)
+                                                    : ComputeSizingCurve(request.index);
+}
+
+std::vector<std::string> LegendNames(GraphFamily family) {
+    std::vector<std::string> names;
+    for (int curve = 1; curve <= CurveCount; ++curve) names.push_back(LegendName(family, curve));
+    return names;
+}
+
+void AddCurves(Json& keys, const CurveRequest& request, const ChartModel& chart) {
+    keys["CurveCount"] = CurveCount;
+    keys["CurvePoints"] = CurvePoints;
+    Json columns = Json::array();
+    for (int column = 0; column <= CurveCount; ++column) {
+        Json values = Json::array();
+        for (long row = 1; row <= CurvePoints; ++row)
+            values.push_back(NumberJson(static_cast<double>(CurveData(column, row))));
+        columns.push_back(std::move(values));
+    }
+    keys["CurveData"] = std::move(columns);
+    keys["CurveNames"] = LegendNames(request.family);
+    keys["XAxisTitle"] = chart.AxisTitle(ChartAxis::X);
+    keys["YAxisTitle"] = chart.AxisTitle(ChartAxis::Y);
+}
+
+void WriteCurve(const OutputTarget& target, const std::string& path, const CurveRequest& request,
+                const ChartModel& chart, const std::string& csv) {
+    if (target.Format() == ".csv") {
+        target.WriteBytes(path, csv);
+    } else if (target.Format() == ".xlsx") {
+        target.Write(path, [&](const std::string& name) {
+            XlsxFileWriter writer(name);
+            ExportCurves(chart, request.family, writer);
+        });
+    } else if (target.Format() != ".json") {
+        StartToolkit();
+        target.Write(path, [&](const std::string& name) { ExportChart(request.family, request.index, name); });
+    }
+}
+
+FileResult CurveOf(const std::string& file, const CurveRequest& request, const OutputTarget& target) {
+    FileResult result;
+    result.ok = OpenProject(file) && Compute(request);
+    if (!result.ok) return result;
+    ChartModel chart;
+    InitGraph(chart, request.family, request.index);
+    DrawCurves(chart, request.family);
+    AddCurves(result.keys, request, chart);
+    result.text = CurveTableCsv(chart.AxisTitle(ChartAxis::X), LegendNames(request.family));
+    if (target.ToFile()) WriteCurve(target, target.PathFor(file), request, chart, result.text);
+    return result;
 }
 
 }  // namespace
+
+int RunCurve(const Options& options, HeadlessPlatform& host, const std::string& kind) {
+    BulkRun run(options, host);
+    const OutputTarget target(run.TheOptions(), {".csv", ".xlsx", ".png", ".svg", ".pdf", ".json"});
+    if (target.ToFile()) run.SilenceText();
+    run.AlsoWriteJson(target);
+    const CurveRequest request = RequestOf(kind);
+    return run.Run([&](const std::string& file) { return CurveOf(file, request, target); });
+}
+
 }  // namespace tarvokol::cli
