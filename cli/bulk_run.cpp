@@ -1,9 +1,9 @@
 #include "cli/bulk_run.h"
 
-#include <unistd.h>
-
 #include <iostream>
 #include <utility>
+
+#include <unistd.h>
 
 #include "project/lifecycle.h"
 #include "project/project_state.h"
@@ -28,7 +28,9 @@ std::vector<std::string> ExpandFiles(const std::vector<std::string>& files) {
     return listed;
 }
 
-std::string NativeLineEnds(const std::string& text) { return ReplaceAll(text, CrLf, "\n"); }
+std::string NativeLineEnds(const std::string& text) {
+    return ReplaceAll(text, CrLf, "\n");
+}
 
 }  // namespace
 

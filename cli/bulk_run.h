@@ -1,5 +1,5 @@
-// The run of a command over its FILEs: a fresh program for each, results and messages to the right streams, the exit
-// status of the whole.
+// The run of a command over its FILEs: a fresh program for each, results and messages to the right streams,
+// the exit status of the whole.
 #pragma once
 
 #include <functional>
@@ -41,7 +41,7 @@ class BulkRun {
   private:
     struct Outcome {
         FileResult result;
-        bool failed = false;         // run-time error
+        bool failed = false;  // run-time error
         bool not_written = false;
         int error_number = 0;
         std::string error_text;

@@ -23,7 +23,9 @@ FileResult ConvertOne(const std::string& file, const std::string& target_name, c
     if (!result.ok) return result;
     ConvertTargetUnits = target_name == "metric" ? 1 : 0;
     if (UnitSystem == ConvertTargetUnits) {
-        Notify(std::string("The project is already in ") + (UnitSystem == 1 ? "Metric" : "English") + " units", 0);
+        Notify(
+            std::string("The project is already in ") + (UnitSystem == 1 ? "Metric" : "English") + " units",
+            0);
         result.ok = false;
         return result;
     }

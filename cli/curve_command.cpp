@@ -61,7 +61,8 @@ void WriteCurve(const OutputTarget& target, const std::string& path, const Curve
         });
     } else if (target.Format() != ".json") {
         StartToolkit();
-        target.Write(path, [&](const std::string& name) { ExportChart(request.family, request.index, name); });
+        target.Write(path,
+                     [&](const std::string& name) { ExportChart(request.family, request.index, name); });
     }
 }
 

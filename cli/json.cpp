@@ -15,7 +15,8 @@ constexpr double kLargestWhole = 1e15;
 
 Json NumberJson(double value) {
     if (!std::isfinite(value)) return nullptr;
-    if (value == std::floor(value) && std::fabs(value) < kLargestWhole) return static_cast<std::int64_t>(value);
+    if (value == std::floor(value) && std::fabs(value) < kLargestWhole)
+        return static_cast<std::int64_t>(value);
     return value;
 }
 

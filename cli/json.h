@@ -1,9 +1,9 @@
 // Results as JSON: keys in the order in which they are added.
 #pragma once
 
-#include <nlohmann/json.hpp>
-
 #include <string>
+
+#include <nlohmann/json.hpp>
 
 #include "runtime/one_based.h"
 

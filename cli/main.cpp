@@ -1,10 +1,10 @@
 // tarvokol-cli: the program's work without a window, for scripts and bulk runs.
-#include <CLI/CLI.hpp>
-
 #include <functional>
 #include <iostream>
 #include <string>
 #include <vector>
+
+#include <CLI/CLI.hpp>
 
 #include "cli/commands.h"
 #include "platform/headless/headless_platform.h"
@@ -17,7 +17,9 @@ namespace {
 using Command = std::function<int()>;
 
 void AddSettings(CLI::App& command, Options& options) {
-    command.add_option("--settings", options.settings, "Configuration file to read (default: the built-in values)")
+    command
+        .add_option("--settings", options.settings,
+                    "Configuration file to read (default: the built-in values)")
         ->check(CLI::ExistingFile)
         ->type_name("FILE.INI");
     command.add_flag("--json", options.json, "Print JSON Lines, one object a FILE");
@@ -75,7 +77,9 @@ void AddPlanCommand(CLI::App& app, Options& options, HeadlessPlatform& host, Com
 void AddConvertCommand(CLI::App& app, Options& options, HeadlessPlatform& host, Command& chosen) {
     static std::string target;
     auto* convert = app.add_subcommand("convert", "Convert a project to the other unit system and save it");
-    convert->add_option("--to", target, "Target unit system")->required()->check(CLI::IsMember({"english", "metric"}));
+    convert->add_option("--to", target, "Target unit system")
+        ->required()
+        ->check(CLI::IsMember({"english", "metric"}));
     AddFiles(*convert, options, "The file or folder to write (default: beside the original)");
     convert->callback([&] { chosen = [&] { return RunConvert(options, host, target); }; });
 }

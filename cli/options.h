@@ -8,7 +8,7 @@ namespace tarvokol::cli {
 
 namespace exit_status {
 constexpr int Done = 0;
-constexpr int Refused = 1;     // a file was refused by a check or failed with a run-time error
+constexpr int Refused = 1;  // a file was refused by a check or failed with a run-time error
 constexpr int WrongUsage = 2;
 constexpr int NotWritten = 3;  // an output could not be written
 }  // namespace exit_status
@@ -18,8 +18,8 @@ struct Options {
     std::string settings;  // configuration file; empty: the built-in values
     std::string output;    // file or folder; empty: standard output
     bool json = false;
-    bool force = false;    // replace existing files
-    bool quiet = false;    // no progress line
+    bool force = false;  // replace existing files
+    bool quiet = false;  // no progress line
 };
 
 // Wrong usage that only shows once the files are known.

@@ -16,8 +16,9 @@ namespace {
 
 std::string LowerExtension(const std::string& path) {
     std::string extension = std::filesystem::path(path).extension().string();
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](unsigned char c) { return c < 0x80 ? static_cast<char>(std::tolower(c)) : static_cast<char>(c); });
+    std::transform(extension.begin(), extension.end(), extension.begin(), [](unsigned char c) {
+        return c < 0x80 ? static_cast<char>(std::tolower(c)) : static_cast<char>(c);
+    });
     return extension;
 }
 
@@ -35,8 +36,8 @@ OutputTarget::OutputTarget(const Options& options, std::vector<std::string> exte
     folder_ = EndsInSeparator(output_) || FolderExists(output_);
     if (folder_) {
         format_ = options.json && std::count(extensions.begin(), extensions.end(), ".json") > 0 ? ".json"
-                  : extensions.empty()                                                       ? ""
-                                                                                             : extensions.front();
+                  : extensions.empty()                                                          ? ""
+                                       : extensions.front();
         return;
     }
     if (options.files.size() > 1)
@@ -62,7 +63,8 @@ void OutputTarget::Refuse(const std::string& path) const {
     if (folder_) std::filesystem::create_directories(output_, failure);
 }
 
-void OutputTarget::Write(const std::string& path, const std::function<void(const std::string&)>& write) const {
+void OutputTarget::Write(const std::string& path,
+                         const std::function<void(const std::string&)>& write) const {
     Refuse(path);
     try {
         write(path);
@@ -73,9 +75,11 @@ void OutputTarget::Write(const std::string& path, const std::function<void(const
 
 void OutputTarget::WriteBytes(const std::string& path, const std::string& bytes) const {
     Write(path, [&bytes](const std::string& name) {
-        const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(name.c_str(), "wb"), std::fclose);
+        const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(name.c_str(), "wb"),
+                                                                   std::fclose);
         if (!file) Raise(ErrorNumberOfErrno(errno, name));
-        if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size() || std::fflush(file.get()) != 0)
+        if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size() ||
+            std::fflush(file.get()) != 0)
             Raise(ErrorNumberOfErrno(errno, name));
     });
 }

@@ -17,8 +17,8 @@ struct OutputError {
 
 class OutputTarget {
   public:
-    // `extensions` are the formats of the command, the first being the one that a folder receives; an empty list takes
-    // any name. Raises UsageError for another extension, or for one output file and several FILEs.
+    // `extensions` are the formats of the command, the first being the one that a folder receives; an empty
+    // list takes any name. Raises UsageError for another extension, or for one output file and several FILEs.
     OutputTarget(const Options& options, std::vector<std::string> extensions);
 
     bool ToFile() const { return !output_.empty(); }
@@ -26,8 +26,8 @@ class OutputTarget {
     // Lower-case extension that chooses the format, with its dot; empty for standard output.
     std::string Format() const { return format_; }
 
-    // Name of the file that takes the result of a project. In a folder it is the project's name with the format's
-    // extension, or `kept_name` where one is given.
+    // Name of the file that takes the result of a project. In a folder it is the project's name with the
+    // format's extension, or `kept_name` where one is given.
     std::string PathFor(const std::string& project, const std::string& kept_name = "") const;
 
     // Raises OutputError if the file exists and is not to be replaced.

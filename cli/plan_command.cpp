@@ -50,11 +50,14 @@ void AddPlan(Json& keys, const RecordingSurface& surface) {
     keys["PlotHeight"] = NumberJson(static_cast<double>(PlotHeight));
     keys["lines"] = Json::array();
     for (const auto& line : surface.Lines)
-        keys["lines"].push_back(Json::array({NumberJson(line.x1), NumberJson(line.y1), NumberJson(line.x2), NumberJson(line.y2)}));
+        keys["lines"].push_back(Json::array(
+            {NumberJson(line.x1), NumberJson(line.y1), NumberJson(line.x2), NumberJson(line.y2)}));
     keys["texts"] = Json::array();
     for (const auto& text : surface.Texts)
-        keys["texts"].push_back(Json{
-            {"text", text.text}, {"x", NumberJson(text.x)}, {"y", NumberJson(text.y)}, {"rotated", text.rotated}});
+        keys["texts"].push_back(Json{{"text", text.text},
+                                     {"x", NumberJson(text.x)},
+                                     {"y", NumberJson(text.y)},
+                                     {"rotated", text.rotated}});
 }
 
 // A table of the corners, one pillar a line.
@@ -97,7 +100,8 @@ FileResult PlanOf(const std::string& file, const PlanRequest& request, const Out
 
 }  // namespace
 
-int RunPlan(const Options& options, HeadlessPlatform& host, const std::string& mode, const std::string& view) {
+int RunPlan(const Options& options, HeadlessPlatform& host, const std::string& mode,
+            const std::string& view) {
     BulkRun run(options, host);
     const OutputTarget target(run.TheOptions(), {".svg", ".png", ".pdf", ".json"});
     if (target.ToFile()) run.SilenceText();

@@ -1,10 +1,10 @@
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
+#include "cli/pdf_report.h"
 #include "engine/input_check.h"
 #include "engine/project_record.h"
 #include "engine/stability_analysis.h"
 #include "engine/working_parameters.h"
-#include "platform/qt/pdf_report.h"
 #include "report/report_builder.h"
 
 namespace tarvokol::cli {
@@ -28,7 +28,9 @@ void AddResults(Json& keys) {
     keys["PillarCapacity"] = ArrayJson(state.PillarCapacity, pillars);
 }
 
-std::string ReportText() { return OutputBuffers[0] + OutputBuffers[1] + OutputBuffers[2]; }
+std::string ReportText() {
+    return OutputBuffers[0] + OutputBuffers[1] + OutputBuffers[2];
+}
 
 FileResult ResultsOf(const std::string& file, bool want_keys, const OutputTarget& target) {
     FileResult result;
@@ -46,7 +48,8 @@ FileResult ResultsOf(const std::string& file, bool want_keys, const OutputTarget
     result.text = ReportText();
     if (target.Format() == ".txt") target.WriteBytes(target.PathFor(file), result.text);
     if (target.Format() == ".pdf")
-        target.Write(target.PathFor(file), [&](const std::string& path) { PrintTextToPdf(path, result.text); });
+        target.Write(target.PathFor(file),
+                     [&](const std::string& path) { PrintTextToPdf(path, result.text); });
     return result;
 }
 

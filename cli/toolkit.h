@@ -2,8 +2,8 @@
 
 namespace tarvokol::cli {
 
-// Starts the toolkit, without a display, for what draws or prints; a second call does nothing. Commands that only
-// calculate never pay for it.
+// Starts the toolkit, without a display, for what draws or prints; a second call does nothing. Commands that
+// only calculate never pay for it.
 void StartToolkit();
 
 }  // namespace tarvokol::cli

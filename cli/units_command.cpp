@@ -21,7 +21,7 @@ const std::map<std::string, Quantity>& Quantities() {
 
 // Index of the unit by its option caption or by the caption of its box.
 int UnitIndex(Quantity quantity, const std::string& unit) {
-    for (const auto* captions : {&UnitCaptions(quantity), &BoxCaptions(quantity)}) {
+    for (const auto* captions : {&UnitCaptions(quantity), &UnitBoxCaptions(quantity)}) {
         const auto found = std::find(captions->begin(), captions->end(), unit);
         if (found != captions->end()) return static_cast<int>(found - captions->begin());
     }
@@ -39,7 +39,7 @@ int RunUnits(bool json, const std::string& quantity_name, const std::string& uni
         const std::vector<std::string> texts = UnitBoxTexts(quantity, index, value);
         Json object;
         for (std::size_t i = 0; i < texts.size(); ++i) {
-            const std::string& caption = BoxCaptions(quantity)[i];
+            const std::string& caption = UnitBoxCaptions(quantity)[i];
             object[caption] = texts[i];
             if (!json) std::cout << caption << ": " << texts[i] << '\n';
         }

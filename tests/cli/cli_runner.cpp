@@ -1,12 +1,12 @@
 #include "tests/cli/cli_runner.h"
 
+#include <fstream>
+#include <sstream>
+
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <fstream>
-#include <sstream>
 
 extern char** environ;
 
@@ -34,7 +34,8 @@ nlohmann::json CliAnswer::Object() const {
     return objects.empty() ? nlohmann::json() : objects.front();
 }
 
-CliAnswer RunCli(const std::vector<std::string>& arguments, const std::string& folder, const std::string& input) {
+CliAnswer RunCli(const std::vector<std::string>& arguments, const std::string& folder,
+                 const std::string& input) {
     std::string pattern = (std::filesystem::temp_directory_path() / "tarvokol-cli-XXXXXX").string();
     const std::filesystem::path scratch = ::mkdtemp(pattern.data());
     std::ofstream(scratch / "in", std::ios::binary) << input;
@@ -47,7 +48,8 @@ CliAnswer RunCli(const std::vector<std::string>& arguments, const std::string& f
 
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    const std::string in = (scratch / "in").string(), out = (scratch / "out").string(), err = (scratch / "err").string();
+    const std::string in = (scratch / "in").string(), out = (scratch / "out").string(),
+                      err = (scratch / "err").string();
     posix_spawn_file_actions_addopen(&actions, 0, in.c_str(), O_RDONLY, 0);
     posix_spawn_file_actions_addopen(&actions, 1, out.c_str(), O_WRONLY | O_CREAT, 0600);
     posix_spawn_file_actions_addopen(&actions, 2, err.c_str(), O_WRONLY | O_CREAT, 0600);
@@ -69,8 +71,8 @@ CliAnswer RunCli(const std::vector<std::string>& arguments, const std::string& f
 std::string ProjectText::Bytes() const {
     std::vector<std::string> lines{magic, units, title, "##StartDesc##"};
     lines.insert(lines.end(), description.begin(), description.end());
-    for (const std::string& line : {std::string("##EndDesc##"), height, depth, hole, web, barrier, holes, angle, spacing,
-                                    strength, weight, abutment, sf_web, sf_barrier, spare})
+    for (const std::string& line : {std::string("##EndDesc##"), height, depth, hole, web, barrier, holes,
+                                    angle, spacing, strength, weight, abutment, sf_web, sf_barrier, spare})
         lines.push_back(line);
     std::string bytes;
     for (const std::string& line : lines) bytes += line + "\r\n";

@@ -1,11 +1,11 @@
 // Runs the built command line and gives back what it said.
 #pragma once
 
-#include <nlohmann/json.hpp>
-
 #include <filesystem>
 #include <string>
 #include <vector>
+
+#include <nlohmann/json.hpp>
 
 #include "tests/support/core_fixture.h"
 
@@ -32,9 +32,9 @@ struct ProjectText {
     std::string units = " 0 ";
     std::string title = "Ridge Panel 4";
     std::vector<std::string> description{"Upper seam, north highwall."};
-    std::string height = "10", depth = "100", hole = "10", web = "10", barrier = "20", holes = " 5 ", angle = "90",
-                spacing = "1000000", strength = "900", weight = "162", abutment = "21", sf_web = "1.6", sf_barrier = "2",
-                spare = "0";
+    std::string height = "10", depth = "100", hole = "10", web = "10", barrier = "20", holes = " 5 ",
+                angle = "90", spacing = "1000000", strength = "900", weight = "162", abutment = "21",
+                sf_web = "1.6", sf_barrier = "2", spare = "0";
 
     std::string Bytes() const;
 };

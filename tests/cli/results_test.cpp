@@ -83,7 +83,8 @@ TEST_F(ResultsCommand, JsonHoldsTheResultsBeforeOutputUnits) {
                 ElementsAre(DoubleNear(5.934529745454546, 1e-14), DoubleNear(4.719992800000001, 1e-14),
                             DoubleNear(4.713406400915023, 1e-14)));
     EXPECT_THAT(object["CapacityTotal"].get<std::vector<double>>(),
-                ElementsAre(DoubleNear(10575332006400.0, 0.01), DoubleNear(1529277667200.0002, 0.001), DoubleNear(4458221.3376, 1e-8)));
+                ElementsAre(DoubleNear(10575332006400.0, 0.01), DoubleNear(1529277667200.0002, 0.001),
+                            DoubleNear(4458221.3376, 1e-8)));
     EXPECT_EQ(object["DevelopmentLoad"], json({1782000000000.0, 324000000000.0, 324000}));
     EXPECT_NEAR(object["SideAbutmentLoad"][1], 310929.8683786864, 1e-8);
     EXPECT_EQ(object["SideAbutmentLoad"][0], 0);
@@ -97,7 +98,8 @@ TEST_F(ResultsCommand, JsonHoldsTheResultsBeforeOutputUnits) {
     EXPECT_EQ(object["PillarArea"], json({2e7, 1e7, 1e7, 1e7, 1e7}));
     EXPECT_EQ(object["PillarCapacity"].size(), 5u);
     EXPECT_EQ(object["pages"].size(), 3u);
-    EXPECT_THAT(object["pages"][1].get<std::string>(), HasSubstr("[TARVO-KOL STABILITY FACTORS]\r\n\r\nOverall....."));
+    EXPECT_THAT(object["pages"][1].get<std::string>(),
+                HasSubstr("[TARVO-KOL STABILITY FACTORS]\r\n\r\nOverall....."));
 }
 
 TEST_F(ResultsCommand, TheProjectStandsAsReadWhilePageZeroIsReformatted) {
@@ -106,8 +108,10 @@ TEST_F(ResultsCommand, TheProjectStandsAsReadWhilePageZeroIsReformatted) {
     const json object = Run({"results", "--json", Project("p.TKL", project)}).Object();
     EXPECT_EQ(object["project"]["ProjectDescription"],
               "First line, with a comma\r\nsecond\r\nwith one too\r\nlast\r\n");
-    EXPECT_THAT(object["pages"][0].get<std::string>(),
-                HasSubstr("[PROJECT DESCRIPTION]\r\nFirst line, with a comma\r\nsecond\r\nwith one too\r\nlast\r\n\r\n"));
+    EXPECT_THAT(
+        object["pages"][0].get<std::string>(),
+        HasSubstr(
+            "[PROJECT DESCRIPTION]\r\nFirst line, with a comma\r\nsecond\r\nwith one too\r\nlast\r\n\r\n"));
     EXPECT_EQ(object["project"]["UnitSystem"], 0);
     EXPECT_EQ(object["project"]["ProjectTitle"], "Ridge Panel 4");
     EXPECT_EQ(object["project"]["NumberHoles"], 5);
@@ -133,7 +137,8 @@ TEST_F(ResultsCommand, ARefusedProjectGivesItsMessageAndNoResults) {
 TEST_F(ResultsCommand, ErrorsNameNumberAndTextAndTheOtherFilesAreDone) {
     WriteBytes(PathTo("empty.TKL"), "");
     WriteBytes(PathTo("other.TKL"), "TARVOKOL_100\r\n");
-    const CliAnswer answer = Run({"results", "--json", "missing.TKL", "empty.TKL", "other.TKL", Project("p.TKL")});
+    const CliAnswer answer =
+        Run({"results", "--json", "missing.TKL", "empty.TKL", "other.TKL", Project("p.TKL")});
     EXPECT_EQ(answer.status, 1);
     const auto objects = answer.Objects();
     ASSERT_EQ(objects.size(), 4u);

@@ -18,7 +18,9 @@ TEST_F(SaveCommand, WritesTheProjectAsTheProgramDoes) {
 
 TEST_F(SaveCommand, KeepsCharactersOfBothCharacterSets) {
     ProjectText project;
-    project.title = "Gr\xFC\xDF" "e 60\xB0";  // Windows-1252
+    project.title =
+        "Gr\xFC\xDF"
+        "e 60\xB0";  // Windows-1252
     Run({"save", "-o", "out.TKL", Project("p.TKL", project)});
     EXPECT_EQ(ReadBytes(PathTo("out.TKL")), project.Bytes());
     project.title = "\xE9\xA1\xB9\xE7\x9B\xAE";  // UTF-8
@@ -52,10 +54,10 @@ TEST_F(ConvertCommand, WritesBesideTheOriginalUnderTheUtilitysName) {
     EXPECT_EQ(object["ok"], true);
     EXPECT_EQ(object["output"], "sub/Metric_p.TKL");
     EXPECT_EQ(object["project"]["UnitSystem"], 1);
-    EXPECT_EQ(object["project"]["Height"], 3.05);          // 3.048 to two decimals
+    EXPECT_EQ(object["project"]["Height"], 3.05);  // 3.048 to two decimals
     EXPECT_EQ(object["project"]["DepthCover"], 30.48);
-    EXPECT_EQ(object["project"]["CoalStrength"], 6.21);    // 900 / 145.0377
-    EXPECT_EQ(object["project"]["UnitWeight"], 25.45);     // 162 / 6.3663022639200495
+    EXPECT_EQ(object["project"]["CoalStrength"], 6.21);  // 900 / 145.0377
+    EXPECT_EQ(object["project"]["UnitWeight"], 25.45);   // 162 / 6.3663022639200495
     EXPECT_EQ(object["project"]["AbutmentAngle"], 21);
     EXPECT_EQ(Run({"results", "--json", "sub/Metric_p.TKL"}).Object()["project"]["HoleWidth"], 3.05);
 }

@@ -1,0 +1,30 @@
+#include "cli/pdf_report.h"
+
+#include "cli/toolkit.h"
+#include "platform/platform.h"
+#include "platform/qt/qt_printer.h"
+#include "platform/qt/qt_screen_fonts.h"
+#include "report/print_engine.h"
+
+namespace tarvokol::cli {
+
+void PrintTextToPdf(const std::string& path, const std::string& text) {
+    StartToolkit();
+    QtPrinter printer;
+    QtScreenFonts fonts;
+    const PlatformBindings before = Platform;
+    Platform.Printer = &printer;
+    Platform.Fonts = &fonts;
+    try {
+        printer.PrintToFile(path);
+        PrintCommand(print_command::BeginJob, "");
+        PrintCommand(print_command::Block, text);
+        PrintCommand(print_command::EndJob, "");
+    } catch (...) {
+        Platform = before;
+        throw;
+    }
+    Platform = before;
+}
+
+}  // namespace tarvokol::cli
