@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
@@ -190,21 +191,40 @@ void HelpWindow::ShowNotice(const QString& title, const QString& text) {
     browser_->setHtml("<h1>" + title.toHtmlEscaped() + "</h1><p>" + text.toHtmlEscaped() + "</p>");
 }
 
-// A dialog that is open keeps every other window from taking input, except those that belong to it. Help
-// asked for from a dialog must be readable beside it, so the window belongs to that dialog for as long as it
-// is open.
-void HelpWindow::PutInFront() {
-    QWidget* dialog = QApplication::activeModalWidget();
+// A dialog that is open keeps every other window from taking input, except those that belong to it. Help must
+// be readable beside the dialog, so the window belongs to that dialog for as long as it is open.
+void HelpWindow::BelongTo(QWidget* dialog) {
     QWindow* owner = dialog ? dialog->window()->windowHandle() : nullptr;
     winId();  // makes the window handle
-    if (windowHandle()->transientParent() != owner) {
-        hide();
-        windowHandle()->setTransientParent(owner);
-    }
+    if (windowHandle()->transientParent() == owner) return;
+    hide();
+    windowHandle()->setTransientParent(owner);
+}
+
+void HelpWindow::PutInFront() {
+    BelongTo(QApplication::activeModalWidget());
     if (isMinimized()) showNormal();
     show();
     raise();
     activateWindow();
+}
+
+bool HelpWindow::event(QEvent* event) {
+    if (event->type() == QEvent::WindowBlocked) {
+        QMetaObject::invokeMethod(this, &HelpWindow::FollowDialog, Qt::QueuedConnection);
+    }
+    return QMainWindow::event(event);
+}
+
+// A message box is answered at once; only a dialog that stays is followed. The dialog keeps the focus.
+void HelpWindow::FollowDialog() {
+    QWidget* dialog = QApplication::activeModalWidget();
+    if (!isVisible() || !dialog || qobject_cast<QMessageBox*>(dialog) || isAncestorOf(dialog)) return;
+    if (dialog->parentWidget() && dialog->parentWidget()->window() == this) return;
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    BelongTo(dialog);
+    show();
+    setAttribute(Qt::WA_ShowWithoutActivating, false);
 }
 
 void HelpWindow::Contents_Created() {

@@ -33,6 +33,9 @@ class HelpWindow : public QMainWindow {
     // A topic by its file name; the page says so if the help has no such topic.
     void ShowTopic(const QString& topic);
 
+  protected:
+    bool event(QEvent* event) override;
+
   private:
     void BuildNavigation();
     void BuildToolbar();
@@ -43,6 +46,8 @@ class HelpWindow : public QMainWindow {
     void ShowHomeUnlessOnPage();
     void ShowNotice(const QString& title, const QString& text);
     void PutInFront();
+    void BelongTo(QWidget* dialog);
+    void FollowDialog();
 
     void Contents_Created();
     void Contents_Clicked(const QModelIndex& index);

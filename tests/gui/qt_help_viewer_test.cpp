@@ -11,8 +11,10 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -312,6 +314,30 @@ TEST_F(HelpViewerTest, BelongsToTheDialogThatItWasAskedFrom) {
     EXPECT_TRUE(viewer_.Window()->isVisible());
     dialog.hide();
     viewer_.ShowTopic(help_file, "frmMain.htm");
+    EXPECT_EQ(viewer_.Window()->windowHandle()->transientParent(), nullptr);
+}
+
+TEST_F(HelpViewerTest, StaysReadableBesideADialogThatOpensLater) {
+    viewer_.ShowTopic(help_file, "frmMain.htm");
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return viewer_.Window()->windowHandle()->transientParent() == dialog.windowHandle(); }));
+    EXPECT_TRUE(viewer_.Window()->isVisible());
+    EXPECT_EQ(QApplication::activeModalWidget(), &dialog);
+    Tabs().setCurrentIndex(0);
+    QTest::mouseClick(viewer_.Window()->windowHandle(), Qt::LeftButton, {},
+                      Tabs().mapTo(viewer_.Window(), Tabs().tabBar()->tabRect(2).center()));
+    EXPECT_EQ(Tabs().currentIndex(), 2);
+}
+
+TEST_F(HelpViewerTest, DoesNotFollowAMessageBox) {
+    viewer_.ShowTopic(help_file, "frmMain.htm");
+    QMessageBox box;
+    box.setModal(true);
+    box.show();
+    QTest::qWait(50);
     EXPECT_EQ(viewer_.Window()->windowHandle()->transientParent(), nullptr);
 }
 
