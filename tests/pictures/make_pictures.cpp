@@ -68,33 +68,49 @@ void KeepForm(const QString& name) {
     });
 }
 
-// The parameters dialog by its first and its last tab.
+void Press(QWidget& form, const char* button) {
+    if (auto* found = form.findChild<QAbstractButton*>(button)) found->click();
+}
+
+// The parameters dialog with the plan in its frame, and its last tab with the suggested sizes.
 void KeepParameters() {
     const QString name = "frmTARVOParm";
     LeaveOutOnError(name, [&] {
+        ViewChildWindow = 0;
         FormBase& form = FormNamed(FromQt(name));
         form.ShowModeless();
+        Press(form, "cmdView");
         Keep(form, name);
         if (auto* tabs = form.findChild<QTabWidget*>("SSTab1")) tabs->setCurrentIndex(2);
+        Press(form, "cmdSize");
         Keep(form, name + "_sizing");
         form.Unload();
+        ViewChildWindow = 1;
         QApplication::processEvents();
     });
 }
 
-// Graph windows show modally: the picture is taken from within.
-void KeepGraph(const QString& name, int index, const QString& options) {
-    LeaveOutOnError(name, [&] {
-        QTimer::singleShot(300, qApp, [&] {
-            FormBase* form = FindForm(FromQt(name));
-            if (form == nullptr) return;
-            Keep(*form, name);
-            KeepForm(options);
-            form->Unload();
-        });
-        ShowGraphForm(FromQt(name), index, nullptr);
-        QApplication::processEvents();
+// Forms that show modally are taken from within: `opener` returns once the form is unloaded again.
+void KeepModal(const QString& name, const std::function<void()>& opener,
+               const std::function<void(FormBase&)>& inside = {}) {
+    QTimer::singleShot(300, qApp, [&] {
+        FormBase* form = FindForm(FromQt(name));
+        if (form == nullptr) return;
+        Keep(*form, name);
+        if (inside) inside(*form);
+        form->Unload();
     });
+    LeaveOutOnError(name, opener);
+    QApplication::processEvents();
+}
+
+void KeepGraph(const QString& name, int index, const QString& options) {
+    KeepModal(
+        name, [&] { ShowGraphForm(FromQt(name), index, nullptr); },
+        [&](FormBase& graph) {
+            auto* command = graph.findChild<QAction*>("GraphOptionsItem_1");
+            if (command) KeepModal(options, [&] { command->trigger(); });
+        });
 }
 
 void UseDarkPalette() {
