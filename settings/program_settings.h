@@ -31,6 +31,9 @@ inline std::string ExternalEditor;
 inline std::string DataPath;       // with a trailing separator
 inline std::string FileExtension;  // no dot
 
+// What the dialog that picks a folder starts on and leaves behind; at first the personal data folder.
+inline std::string ChosenPath;
+
 // Section "FileMenu": the recent files, newest first.
 inline int16_t MaxLastFiles = 0;  // entries in use, 0 to 4
 inline OneBased<std::string, 4> LastFile;

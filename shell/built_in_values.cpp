@@ -46,7 +46,7 @@ void SetModuleSettings() {
     MaxDisplaySize = 2048;
     ShowDisclaim = 1;
     MaxMainMenu = 0;
-    DataPath = PersonalDataFolder;
+    DataPath = ChosenPath = PersonalDataFolder;
     ExternalEditor = "Notepad.exe";
     EnableMainMenuToolbar = 1;
     LoadLastInputFile = 0;

@@ -6,6 +6,8 @@
 #include "graphics/forms/frmGraphS.h"
 #include "graphics/forms/frmPicture.h"
 #include "runtime/run_time_error.h"
+#include "settings/forms/frmPath.h"
+#include "settings/forms/frmSet.h"
 #include "shell/forms/frmTARVOParm.h"
 
 namespace tarvokol {
@@ -29,7 +31,9 @@ using GraphOpener = void (*)(int index, QWidget* owner);
 
 // A form enters itself here with one line: {"frmSet", InstanceOf<frmSet>}.
 const std::map<std::string_view, Loader> Loaders{
+    {"frmPath", InstanceOf<frmPath>},
     {"frmPicture", InstanceOf<frmPicture>},
+    {"frmSet", InstanceOf<frmSet>},
     {"frmTARVOParm", InstanceOf<frmTARVOParm>},
 };
 
