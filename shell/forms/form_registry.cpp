@@ -5,6 +5,8 @@
 #include "graphics/forms/frmGraph.h"
 #include "graphics/forms/frmGraphS.h"
 #include "graphics/forms/frmPicture.h"
+#include "report/forms/frmPreview.h"
+#include "report/forms/frmResTxtPlt.h"
 #include "runtime/run_time_error.h"
 #include "settings/forms/frmPath.h"
 #include "settings/forms/frmSet.h"
@@ -33,6 +35,8 @@ using GraphOpener = void (*)(int index, QWidget* owner);
 const std::map<std::string_view, Loader> Loaders{
     {"frmPath", InstanceOf<frmPath>},
     {"frmPicture", InstanceOf<frmPicture>},
+    {"frmPreview", InstanceOf<frmPreview>},
+    {"frmResTxtPlt", InstanceOf<frmResTxtPlt>},
     {"frmSet", InstanceOf<frmSet>},
     {"frmTARVOParm", InstanceOf<frmTARVOParm>},
 };

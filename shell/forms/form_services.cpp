@@ -97,6 +97,13 @@ bool CheckRangeOf(QLineEdit& box, double low, double high, const std::string& la
     return false;
 }
 
+// The plain text would be without the difference between a blank and one that does not break.
+std::string LinesOf(const QPlainTextEdit& box) {
+    QString text = box.document()->toRawText();
+    text.replace(QChar::LineSeparator, QChar::ParagraphSeparator);
+    return FromQt(text.replace(QChar::ParagraphSeparator, "\r\n"));
+}
+
 void FixTabStops(QTabWidget& tabs) {
     for (int page = 0; page < tabs.count(); ++page)
         for (QWidget* control : tabs.widget(page)->findChildren<QWidget*>())

@@ -12,6 +12,7 @@
 #include "runtime/run_time_error.h"
 
 class QLineEdit;
+class QPlainTextEdit;
 class QTabWidget;
 
 namespace tarvokol {
@@ -45,6 +46,9 @@ void SelectAllOnFocus(QWidget& container);
 // The range check of a text box: the service's message on failure, then the box gets the focus. True if
 // valid.
 bool CheckRangeOf(QLineEdit& box, double low, double high, const std::string& label = "");
+
+// A box's text, its lines joined by CR LF, every other character as it stands.
+std::string LinesOf(const QPlainTextEdit& box);
 
 // Only the controls on the page that shows can be reached with the tab key; call it on load and on a page
 // change.

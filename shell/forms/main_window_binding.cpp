@@ -5,6 +5,7 @@
 
 #include "platform/qt/qt_text.h"
 #include "runtime/text.h"
+#include "shell/forms/form_services.h"
 #include "shell/forms/frmMain.h"
 
 namespace tarvokol {
@@ -35,7 +36,7 @@ void MainWindowBinding::SetMousePointer(MousePointer pointer) {
 }
 
 std::string MainWindowBinding::HistoryText() {
-    return FromQt(HistoryBox().toPlainText().replace("\n", "\r\n"));
+    return LinesOf(HistoryBox());
 }
 
 long MainWindowBinding::HistoryLength() {

@@ -85,7 +85,8 @@ std::string GuiTest::TextOf(QWidget& form, const std::string& name) {
 
 void GuiTest::ShowAndActivate(FormBase& form) {
     form.ShowModeless();
-    if (!QTest::qWaitForWindowActive(&form))
+    // A window above the active one counts as active for the waiting, before its own activation has come.
+    if (!QTest::qWaitForWindowActive(&form) || !WaitUntil([&] { return form.isActiveWindow(); }))
         ADD_FAILURE() << "did not become active: " << FromQt(form.objectName());
 }
 
