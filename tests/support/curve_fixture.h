@@ -12,9 +12,10 @@
 
 namespace tarvokol {
 
-class CurveTest : public CoreTest {
+template <typename Base>
+class CurvesOn : public Base {
   protected:
-    CurveTest() {
+    CurvesOn() {
         UnitSystem = 0;
         CurveNames[1] = "Overall";
         CurveNames[2] = "Webs ONLY";
@@ -42,5 +43,7 @@ class CurveTest : public CoreTest {
         }
     }
 };
+
+using CurveTest = CurvesOn<CoreTest>;
 
 }  // namespace tarvokol
