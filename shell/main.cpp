@@ -14,6 +14,7 @@
 #include "platform/qt/qt_screen_fonts.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/system_folders.h"
+#include "platform/qt/xlsx_writer.h"
 #include "platform/system_time.h"
 #include "runtime/text.h"
 #include "shell/forms/frmMain.h"
@@ -35,6 +36,7 @@ struct DesktopBindings {
     DesktopDocumentTypes FileTypes;
     SystemFolders Folders;
     QtScreenFonts Fonts;
+    DesktopXlsxWriter Spreadsheet;
     SystemClock TheClock;
 
     void Install() {
@@ -48,6 +50,7 @@ struct DesktopBindings {
         Platform.FileTypes = &FileTypes;
         Platform.Folders = &Folders;
         Platform.Fonts = &Fonts;
+        Platform.Spreadsheet = &Spreadsheet;
         Platform.TheClock = &TheClock;
     }
 };

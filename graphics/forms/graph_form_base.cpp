@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
+#include <QScopedValueRollback>
 #include <algorithm>
 
 #include "graphics/curve_export.h"
@@ -88,9 +89,10 @@ void GraphFormBase::Form_Load() {
     options_items_[kPointId].setChecked(true);
 }
 
-// A message box or a common dialog in front of the form is part of its own command.
+// A message box or a common dialog in front of the form is part of its own command. The options were opened
+// with a read-back of their own; one more behind their load would undo it.
 void GraphFormBase::Form_Deactivate() {
-    if (qobject_cast<QDialog*>(QApplication::activeWindow()) != nullptr) return;
+    if (options_open_ || qobject_cast<QDialog*>(QApplication::activeWindow()) != nullptr) return;
     ReadGraphBack(*graph_, Family());
 }
 
@@ -132,6 +134,7 @@ void GraphFormBase::GraphOptionsItem_Click(int Index) {
         frame_->setVisible(options_items_[kPointId].isChecked());
     } else if (Index == kBasicOptions) {
         ReadGraphBack(*graph_, Family());
+        const QScopedValueRollback open(options_open_, true);
         ShowOptions();
     }
 }

@@ -60,6 +60,7 @@ class GraphFormBase : public FormBase {
     QLabel* curve_label_ = nullptr;
     ControlArray<QAction> options_items_;
     bool DialogCancelled_ = false;
+    bool options_open_ = false;
 };
 
 }  // namespace tarvokol

@@ -293,12 +293,21 @@ TEST_F(GraphOptions, TitleBoxesSelectTheirTextOnFocus) {
     }
 }
 
+// The read-back comes first, then the defaults: behind a cancelled dialog the chart has the default titles.
 TEST_F(GraphOptions, OpeningWithDefaultsResetsTheSettingsOnShow) {
     ResetGraphDefaults();
     GraphTitle = "My panel";
     GridStyle = 3;
-    ShowDialog(0, 0);
+    frmGraph& form = ShowStability(0);
+    GraphSetParams = 0;
+    WhenShown("frmGraphOpt", [](FormBase& dialog) {
+        EXPECT_TRUE(WaitUntil([&] { return QApplication::activeWindow() == &dialog; }));
+        EXPECT_EQ(TextOf(dialog, "Text1"), "Tarvo Panel Stability Evaluation - KOL");
+        Click(dialog, "Command1");
+    });
+    Choose(form, "GraphOptionsItem_1");
     EXPECT_EQ(GraphTitle, "Tarvo Panel Stability Evaluation - KOL");
+    EXPECT_EQ(form.Graph1().HeaderText(), "Tarvo Panel Stability Evaluation - KOL");
     EXPECT_EQ(GridStyle, 3);
 }
 

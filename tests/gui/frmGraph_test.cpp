@@ -5,7 +5,8 @@
 
 #include "engine/options_record.h"
 #include "engine/working_parameters.h"
-#include "graphics/forms/graph_commands.h"
+#include "settings/folders.h"
+#include "shell/forms/frmMain.h"
 #include "tests/support/graph_fixture.h"
 
 namespace tarvokol {
@@ -313,9 +314,18 @@ TEST_F(GraphForm, WheelAndDoubleClickChangeNoSetting) {
 class GraphCommands : public GraphTest {
   protected:
     GraphCommands() {
+        AppFolder = Folder.string() + "/";
+        ShowDisclaim = 0;
+        RemindAnnualUpdates = 0;
+        ShowInputScreenOnLoad = 0;
         OptionsRecord.PlotRangeMin = 50;
         OptionsRecord.PlotRangeMax = 100;
         SetProject(0);
+    }
+
+    ~GraphCommands() override {
+        UnloadAllForms();
+        std::filesystem::current_path(std::filesystem::temp_directory_path());
     }
 
     static void SetProject(int16_t system) {
@@ -353,7 +363,7 @@ TEST_F(GraphCommands, AllFiveMenuEntriesPlotInBothUnitSystems) {
                 EXPECT_EQ(chart.AxisTitle(ChartAxis::Y), "Stability Factor");
                 form.Unload();
             });
-            ShowStabilityGraph(index);
+            Choose(frmMain::Instance(), "mnuCalcGrafItem_" + std::to_string(index));
         }
         const std::string y_titles[] = {"Web Thickness", "Barrier Width"};
         for (int index = 0; index <= 1; ++index) {
@@ -365,7 +375,7 @@ TEST_F(GraphCommands, AllFiveMenuEntriesPlotInBothUnitSystems) {
                 EXPECT_EQ(chart.AxisTitle(ChartAxis::Y), y_titles[index] + unit);
                 form.Unload();
             });
-            ShowSizingGraph(index);
+            Choose(frmMain::Instance(), "mnuSizGrafItem_" + std::to_string(index));
         }
     }
 }
@@ -378,13 +388,30 @@ TEST_F(GraphCommands, AnEnglishHeightCurveRunsFromThreeToTwelveFeet) {
         EXPECT_EQ(chart.X(3, 10), 12.0);
         form.Unload();
     });
-    ShowStabilityGraph(0);
+    Choose(frmMain::Instance(), "mnuCalcGrafItem_0");
+}
+
+TEST_F(GraphCommands, ClosingAGraphEnablesTheMainWindow) {
+    frmMain& main = frmMain::Instance();
+    WhenShown("frmGraph", [&](FormBase& form) {
+        main.setEnabled(false);
+        form.close();
+    });
+    Choose(main, "mnuCalcGrafItem_1");
+    EXPECT_TRUE(main.isEnabled());
+    EXPECT_FALSE(frmGraph::IsLoaded());
+    WhenShown("frmGraphS", [&](FormBase& form) {
+        main.setEnabled(false);
+        form.close();
+    });
+    Choose(main, "mnuSizGrafItem_1");
+    EXPECT_FALSE(main.isEnabled());
 }
 
 TEST_F(GraphCommands, ARefusedProjectOpensNoGraph) {
     ProjectRecord.Height = 0;
-    ShowStabilityGraph(0);
-    ShowSizingGraph(1);
+    Choose(frmMain::Instance(), "mnuCalcGrafItem_0");
+    Choose(frmMain::Instance(), "mnuSizGrafItem_1");
     EXPECT_EQ(Messages().size(), 2u);
     EXPECT_FALSE(frmGraph::IsLoaded());
     EXPECT_FALSE(frmGraphS::IsLoaded());
