@@ -151,6 +151,8 @@ void KeepForms() {
     PlotFromResults = true;
     ResultsReturn = results_return::FromViewer;
     Keep(frmMain::Instance(), "frmMain");
+    ShowDisclaim = RemindAnnualUpdates = ShowInputScreenOnLoad = 1;  // as a new user finds them
+    MaxDisplaySize = 4096;
     KeepParameters();
     for (const char* name :
          {"frmTARVODesc", "frmResTxtPlt", "frmPreview", "frmPicture", "frmSet", "frmTARVOOpts", "frmUnits",
