@@ -135,9 +135,9 @@ TEST_F(XlsxWriterTest, CsvWorkbookAndPlottedPointsAgree) {
             const double plotted = column == 0 ? chart.X(1, point) : chart.Y(series, point);
             const char letter = static_cast<char>((column == 0 ? 63 : 64) + 2 * series);
             const std::string cell = cells.at(letter + std::to_string(point + 1));
-            EXPECT_EQ(std::stof(cell), static_cast<float>(plotted)) << cell;
+            EXPECT_EQ(static_cast<float>(NumericParse(cell)), static_cast<float>(plotted)) << cell;
             EXPECT_EQ(GeneralText(static_cast<float>(plotted)), field);
-            EXPECT_EQ(GeneralText(std::stof(cell)), field);
+            EXPECT_EQ(GeneralText(static_cast<float>(NumericParse(cell))), field);
         }
     }
 }
