@@ -10,6 +10,8 @@
 #include "runtime/run_time_error.h"
 #include "settings/forms/frmPath.h"
 #include "settings/forms/frmSet.h"
+#include "shell/forms/frmResource.h"
+#include "shell/forms/frmTARVODesc.h"
 #include "shell/forms/frmTARVOParm.h"
 
 namespace tarvokol {
@@ -37,7 +39,9 @@ const std::map<std::string_view, Loader> Loaders{
     {"frmPicture", InstanceOf<frmPicture>},
     {"frmPreview", InstanceOf<frmPreview>},
     {"frmResTxtPlt", InstanceOf<frmResTxtPlt>},
+    {"frmResource", InstanceOf<frmResource>},
     {"frmSet", InstanceOf<frmSet>},
+    {"frmTARVODesc", InstanceOf<frmTARVODesc>},
     {"frmTARVOParm", InstanceOf<frmTARVOParm>},
 };
 
