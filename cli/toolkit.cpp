@@ -3,9 +3,16 @@
 #include <QApplication>
 
 namespace tarvokol::cli {
+namespace {
+
+// Standard error belongs to the command's own words; the toolkit's remarks about the session do not go there.
+void DropMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+}  // namespace
 
 void StartToolkit() {
     if (QCoreApplication::instance() != nullptr) return;
+    qInstallMessageHandler(DropMessage);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     static int argc = 1;
     static char name[] = "tarvokol-cli";
