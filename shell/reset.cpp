@@ -13,6 +13,7 @@
 #include "project/project_state.h"
 #include "report/print_engine.h"
 #include "report/results_state.h"
+#include "report/text_browser.h"
 #include "runtime/text_file.h"
 #include "settings/configuration.h"
 #include "settings/folders.h"
@@ -77,6 +78,7 @@ void ResetProject() {
 void ResetReport() {
     PrintJob = PrintJobState{};
     ResultsReturn = results_return::Normal;
+    BrowseFolder.clear();
 }
 
 void ResetPlan() {

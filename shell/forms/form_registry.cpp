@@ -7,6 +7,7 @@
 #include "graphics/forms/frmPicture.h"
 #include "report/forms/frmPreview.h"
 #include "report/forms/frmResTxtPlt.h"
+#include "report/forms/frmTextBrow.h"
 #include "runtime/run_time_error.h"
 #include "settings/forms/frmPath.h"
 #include "settings/forms/frmSet.h"
@@ -43,6 +44,7 @@ const std::map<std::string_view, Loader> Loaders{
     {"frmSet", InstanceOf<frmSet>},
     {"frmTARVODesc", InstanceOf<frmTARVODesc>},
     {"frmTARVOParm", InstanceOf<frmTARVOParm>},
+    {"frmTextBrow", InstanceOf<frmTextBrow>},
 };
 
 // {"frmGraph", ShowGraph<frmGraph>}.
