@@ -101,6 +101,21 @@ TEST_F(SelectPath, TheRootFolderKeepsItsOneSeparator) {
     EXPECT_EQ(ChosenPath, "/");
 }
 
+TEST_F(SelectPath, AHiddenFolderCanBeTheChosenPath) {
+    std::filesystem::create_directories(PathTo(".hidden/data"));
+    ChosenPath = PathTo(".hidden/data");
+    frmPath& form = Open();
+    EXPECT_EQ(Dir(form).currentIndex().data().toString(), "data");
+    Click(form, "Command2");
+    EXPECT_EQ(ChosenPath, PathTo(".hidden/data") + "/");
+}
+
+TEST_F(SelectPath, APathIsTakenWithoutItsDetours) {
+    ChosenPath = PathTo("home/../temp//");
+    Click(Open(), "Command2");
+    EXPECT_EQ(ChosenPath, PathTo("temp") + "/");
+}
+
 TEST_F(SelectPath, AFolderThatIsGoneIsPassedOver) {
     frmPath& form = Open();
     PersonalDataFolder = PathTo("gone") + "/";
