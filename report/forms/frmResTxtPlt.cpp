@@ -23,6 +23,12 @@ namespace {
 
 constexpr const char* kResultsTopic = "Table1StabilityFactors.htm";
 
+// A button that goes dead hands the focus to its counterpart: who leafs with Enter must not come to print.
+void EnableOrHandOver(QPushButton& button, bool enabled, QPushButton& counterpart) {
+    if (!enabled && button.hasFocus()) counterpart.setFocus();
+    button.setEnabled(enabled);
+}
+
 }  // namespace
 
 frmResTxtPlt::frmResTxtPlt() : ui_(std::make_unique<Ui::frmResTxtPlt>()) {
@@ -89,7 +95,7 @@ void frmResTxtPlt::cmdPrevPage_Click() {
         Loadbuffer();
     }
     ui_->cmdNextPage->setEnabled(true);
-    ui_->cmdPrevPage->setEnabled(page_ != 0);
+    EnableOrHandOver(*ui_->cmdPrevPage, page_ != 0, *ui_->cmdNextPage);
 }
 
 void frmResTxtPlt::cmdNextPage_Click() {
@@ -98,7 +104,7 @@ void frmResTxtPlt::cmdNextPage_Click() {
         Loadbuffer();
     }
     ui_->cmdPrevPage->setEnabled(true);
-    ui_->cmdNextPage->setEnabled(page_ < LastOutputPage);
+    EnableOrHandOver(*ui_->cmdNextPage, page_ < LastOutputPage, *ui_->cmdPrevPage);
 }
 
 void frmResTxtPlt::cmdPrintPage_Click() {

@@ -6,8 +6,14 @@
 
 #include "messages/history_log.h"
 #include "platform/message_box.h"
+#include "project/project_file.h"
 #include "project/project_state.h"
 #include "runtime/run_time_error.h"
+#include "settings/folders.h"
+#include "settings/program_settings.h"
+#include "settings/update_reminder.h"
+#include "shell/forms/frmMain.h"
+#include "shell/forms/main_window_binding.h"
 #include "shell/start_up.h"
 #include "tests/support/gui_fixture.h"
 #include "tests/support/recording_printer.h"
@@ -218,6 +224,29 @@ TEST_F(PrintPreview, HelpShowsTheHint) {
               "Position the cursor on any item on the form and press F1 for context-sensitive Help");
     EXPECT_EQ(Host.Messages.Shown[0].style, 48);
     EXPECT_EQ(Host.Messages.Shown[0].title, "Help");
+}
+
+TEST_F(PrintPreview, TheFileMenuOpensItOnTheProjectsInputs) {
+    MainWindowBinding binding;
+    Platform.MainWindow = &binding;
+    AppFolder = TempDataFolder = Folder.string() + "/";
+    DescTempPath = PathTo("~tmpdesc.tmp");
+    ShowDisclaim = RemindAnnualUpdates = 0;
+    ProjectTitle = "North pit";
+    ProjectEmpty = 0;
+    ShowAndActivate(frmMain::Instance());
+    std::string shown;
+    WhenShown("frmPreview", [&](FormBase& form) {
+        shown = TextOf(form, "RichTextBox1");
+        Click(form, "Command1");
+    });
+    ASSERT_TRUE(Choose(frmMain::Instance(), "mnuFileItem_7"));
+    EXPECT_THAT(shown, testing::HasSubstr("[PROJECT TITLE]\nNorth pit\n"));
+    EXPECT_FALSE(frmPreview::IsLoaded());
+    EXPECT_TRUE(frmMain::Instance().isEnabled());
+    UnloadAllForms();
+    std::filesystem::current_path(std::filesystem::temp_directory_path());
+    Platform.MainWindow = &Host.MainWindow;
 }
 
 }  // namespace

@@ -9,10 +9,17 @@
 #include "graphics/forms/frmPicture.h"
 #include "messages/history_log.h"
 #include "platform/message_box.h"
+#include "project/project_file.h"
 #include "project/project_state.h"
 #include "report/report_builder.h"
 #include "report/results_state.h"
 #include "runtime/run_time_error.h"
+#include "settings/folders.h"
+#include "settings/program_settings.h"
+#include "settings/update_reminder.h"
+#include "shell/forms/frmMain.h"
+#include "shell/forms/frmTARVOParm.h"
+#include "shell/forms/main_window_binding.h"
 #include "shell/forms/results_caller.h"
 #include "shell/start_up.h"
 #include "tests/support/gui_fixture.h"
@@ -22,6 +29,7 @@ namespace tarvokol {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
 // The forms that the viewer meets: the main window and the parameters dialog.
@@ -142,6 +150,16 @@ TEST_F(ResultsViewer, EnterLeafsOnAndMnemonicsWork) {
     EXPECT_TRUE(WaitUntil([&] { return Page(form) == "factors 1\n\nfactors 3\n"; }));
 }
 
+TEST_F(ResultsViewer, AtEitherEndTheFocusGoesToTheOtherDirection) {
+    frmResTxtPlt& form = Open();
+    Press(form, Qt::Key_Return);
+    EXPECT_EQ(form.focusWidget()->objectName(), "cmdPrevPage");
+    Press(form, Qt::Key_Return);
+    Press(form, Qt::Key_Return);
+    EXPECT_EQ(Page(form), "inputs 1\ninputs 2\n");
+    EXPECT_EQ(form.focusWidget()->objectName(), "cmdNextPage");
+}
+
 TEST_F(ResultsViewer, ThePageIsForReadingInFixedPitchWithoutWrapping) {
     const QString line(200, 'x');
     OutputBuffers[1] = FromQt(line);
@@ -225,8 +243,8 @@ TEST_F(ResultsViewer, ACancelledPrinterDialogPrintsNothing) {
               "aborted\r\n");
     Click(form, "cmdPrintAll");
     EXPECT_THAT(Printer.Calls, IsEmpty());
-    EXPECT_THAT(History(), testing::HasSubstr("5. All pages printed\r\n6. Cancel was selected\r\n"
-                                              "7. Printing aborted\r\n"));
+    EXPECT_THAT(History(), HasSubstr("5. All pages printed\r\n6. Cancel was selected\r\n"
+                                     "7. Printing aborted\r\n"));
 }
 
 TEST_F(ResultsViewer, ACancelIsForgottenAtTheNextPrint) {
@@ -407,6 +425,85 @@ TEST_F(PlotsOfResults, ThePlanIsThatOfTheProject) {
     EXPECT_EQ(PreviewRecord.AbutmentAngle, 21);
     EXPECT_EQ(PreviewRecord.SFWeb, 1.6f);
     EXPECT_EQ(PreviewRecord.SFBarrier, 2.0f);
+}
+
+// The real main window and the real parameters dialog.
+class RoadOfACalculation : public PlotsOfResults {
+  protected:
+    RoadOfACalculation() {
+        FillNames();
+        AppFolder = TempDataFolder = Folder.string() + "/";
+        DescTempPath = PathTo("~tmpdesc.tmp");
+        ShowDisclaim = RemindAnnualUpdates = 0;
+        ProjectFileName = "Untitled";
+        ProjectEmpty = 0;
+        Platform.MainWindow = &binding_;
+        ShowAndActivate(frmMain::Instance());
+    }
+    ~RoadOfACalculation() override {
+        UnloadAllForms();
+        std::filesystem::current_path(std::filesystem::temp_directory_path());
+        Platform.MainWindow = &Host.MainWindow;
+    }
+
+    static void FillNames() {
+        StabilityCaseNames[1] = "Overall";
+        StabilityCaseNames[2] = "Webs ONLY";
+        StabilityCaseNames[3] = "Barrier Pillar";
+    }
+
+    static frmResTxtPlt& Viewer() {
+        EXPECT_TRUE(frmResTxtPlt::IsLoaded());
+        EXPECT_TRUE(WaitUntil([] { return frmResTxtPlt::Instance().isActiveWindow(); }));
+        return frmResTxtPlt::Instance();
+    }
+
+  private:
+    MainWindowBinding binding_;
+};
+
+TEST_F(RoadOfACalculation, TheOutputCommandShowsAllPagesAndLeadsBack) {
+    ASSERT_TRUE(Choose(frmMain::Instance(), "mnuCalcItem_0"));
+    frmResTxtPlt& form = Viewer();
+    EXPECT_FALSE(frmMain::Instance().isEnabled());
+    EXPECT_THAT(Page(form), HasSubstr("[TARVO-KOL STABILITY FACTORS]"));
+    Click(form, "cmdPrevPage");
+    EXPECT_THAT(Page(form), HasSubstr("[PROJECT TITLE]"));
+    Click(form, "cmdViewPlots");
+    EXPECT_TRUE(WaitUntil([] { return frmPicture::Instance().isActiveWindow(); }));
+    frmPicture::Instance().Unload();
+    EXPECT_TRUE(WaitUntil([&] { return form.isActiveWindow(); }));
+    Click(form, "cmdClose");
+    EXPECT_TRUE(WaitUntil([] { return frmMain::Instance().isActiveWindow(); }));
+    EXPECT_TRUE(frmMain::Instance().isEnabled());
+    EXPECT_EQ(ProjectSaved, 255);
+    EXPECT_THAT(UnhandledErrors(), IsEmpty());
+}
+
+TEST_F(RoadOfACalculation, ATrialRunLeadsBackToTheDialogAndTheProjectIsAsBefore) {
+    ASSERT_TRUE(Choose(frmMain::Instance(), "mnuEditItem_1"));
+    frmTARVOParm& dialog = frmTARVOParm::Instance();
+    EXPECT_TRUE(WaitUntil([&] { return dialog.isActiveWindow(); }));
+    Type(dialog, "txtHeight", "9");
+    Click(dialog, "cmdResults");
+    frmResTxtPlt& form = Viewer();
+    EXPECT_FALSE(dialog.isEnabled());
+    EXPECT_EQ(ProjectRecord.Height, 9);
+    Click(form, "cmdViewPlots");
+    EXPECT_TRUE(WaitUntil([] { return frmPicture::Instance().isActiveWindow(); }));
+    EXPECT_EQ(PreviewRecord.Height, 9);
+    frmPicture::Instance().Unload();
+    EXPECT_TRUE(WaitUntil([&] { return form.isActiveWindow(); }));
+    EXPECT_FALSE(dialog.isEnabled());
+    Click(form, "cmdClose");
+    EXPECT_TRUE(WaitUntil([&] { return dialog.isActiveWindow(); }));
+    EXPECT_TRUE(dialog.isEnabled());
+    EXPECT_FALSE(frmMain::Instance().isEnabled());
+    EXPECT_EQ(ProjectRecord.Height, 6);
+    EXPECT_EQ(ResultsReturn, 1);
+    Click(dialog, "cmdCancel");
+    EXPECT_TRUE(frmMain::Instance().isEnabled());
+    EXPECT_EQ(ProjectRecord.Height, 6);
 }
 
 }  // namespace

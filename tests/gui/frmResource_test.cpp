@@ -4,6 +4,9 @@
 
 #include "messages/titles.h"
 #include "settings/folders.h"
+#include "settings/program_settings.h"
+#include "settings/update_reminder.h"
+#include "shell/forms/frmMain.h"
 #include "shell/program_help.h"
 #include "shell/start_up.h"
 #include "tests/support/gui_fixture.h"
@@ -92,6 +95,19 @@ TEST_F(ResourceFilesForm, IsModal) {
     WhenShown("frmResource", [&](FormBase& form) { Click(form, "Command1"); });
     frmResource::Instance().ShowModal();
     EXPECT_FALSE(frmResource::IsLoaded());
+}
+
+TEST_F(ResourceFilesForm, TheHelpMenuOpensIt) {
+    ShowDisclaim = RemindAnnualUpdates = 0;
+    ShowAndActivate(frmMain::Instance());
+    WhenShown("frmResource", [&](FormBase& form) {
+        Click(form, "cmdView_3");
+        Click(form, "Command1");
+    });
+    ASSERT_TRUE(Choose(frmMain::Instance(), "mnuHelpItem_4"));
+    EXPECT_THAT(Host.TheShell.Opened, ElementsAre(AppFolder + "UnitsConversions.pdf"));
+    UnloadAllForms();
+    std::filesystem::current_path(std::filesystem::temp_directory_path());
 }
 
 }  // namespace
