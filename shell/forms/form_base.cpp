@@ -50,7 +50,11 @@ void FormBase::Load() {
 // A large font needs more room than the form was drawn with, and a form that is larger than the screen hides
 // its buttons.
 void FormBase::FitToContents() {
-    resize(size().expandedTo(minimumSizeHint()).boundedTo(screen()->availableGeometry().size()));
+    QSize needed = size().expandedTo(minimumSizeHint());
+    // Wrapped text needs the more height the narrower the form is.
+    if (const QWidget* body = centralWidget(); body != nullptr && body->hasHeightForWidth())
+        needed.setHeight(std::max(needed.height(), body->heightForWidth(needed.width())));
+    resize(needed.boundedTo(screen()->availableGeometry().size()));
 }
 
 void FormBase::ShowModeless(QWidget* owner) {
