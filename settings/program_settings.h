@@ -31,6 +31,9 @@ inline std::string ExternalEditor;
 inline std::string DataPath;       // with a trailing separator
 inline std::string FileExtension;  // no dot
 
+// At 1 the disclaimer would come without its check box; nothing sets it.
+inline int16_t HideDisclaimerCheck = 0;
+
 // What the dialog that picks a folder starts on and leaves behind; at first the personal data folder.
 inline std::string ChosenPath;
 

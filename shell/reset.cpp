@@ -57,6 +57,7 @@ void ResetSettings() {
     IniPath.clear();
     IniFileVersion.clear();
     UpdateAdvice.clear();
+    HideDisclaimerCheck = 0;
 }
 
 void ResetProject() {
@@ -72,6 +73,7 @@ void ResetProject() {
     DialogPaths.Fill("");
     DescTempPath.clear();
     ConvertTargetUnits = 0;
+    ConvertKeepChoice = 0;
     OutputBuffers.Fill("");
 }
 

@@ -9,8 +9,11 @@
 #include "report/forms/frmResTxtPlt.h"
 #include "report/forms/frmTextBrow.h"
 #include "runtime/run_time_error.h"
+#include "settings/forms/frmConvert.h"
+#include "settings/forms/frmDisclaimer.h"
 #include "settings/forms/frmPath.h"
 #include "settings/forms/frmSet.h"
+#include "settings/forms/frmUpdate.h"
 #include "shell/forms/frmResource.h"
 #include "shell/forms/frmTARVODesc.h"
 #include "shell/forms/frmTARVOParm.h"
@@ -36,15 +39,12 @@ using GraphOpener = void (*)(int index, QWidget* owner);
 
 // A form enters itself here with one line: {"frmSet", InstanceOf<frmSet>}.
 const std::map<std::string_view, Loader> Loaders{
-    {"frmPath", InstanceOf<frmPath>},
-    {"frmPicture", InstanceOf<frmPicture>},
-    {"frmPreview", InstanceOf<frmPreview>},
-    {"frmResTxtPlt", InstanceOf<frmResTxtPlt>},
-    {"frmResource", InstanceOf<frmResource>},
-    {"frmSet", InstanceOf<frmSet>},
-    {"frmTARVODesc", InstanceOf<frmTARVODesc>},
-    {"frmTARVOParm", InstanceOf<frmTARVOParm>},
-    {"frmTextBrow", InstanceOf<frmTextBrow>},
+    {"frmConvert", InstanceOf<frmConvert>},     {"frmDisclaimer", InstanceOf<frmDisclaimer>},
+    {"frmPath", InstanceOf<frmPath>},           {"frmPicture", InstanceOf<frmPicture>},
+    {"frmPreview", InstanceOf<frmPreview>},     {"frmResTxtPlt", InstanceOf<frmResTxtPlt>},
+    {"frmResource", InstanceOf<frmResource>},   {"frmSet", InstanceOf<frmSet>},
+    {"frmTARVODesc", InstanceOf<frmTARVODesc>}, {"frmTARVOParm", InstanceOf<frmTARVOParm>},
+    {"frmTextBrow", InstanceOf<frmTextBrow>},   {"frmUpdate", InstanceOf<frmUpdate>},
 };
 
 // {"frmGraph", ShowGraph<frmGraph>}.
