@@ -13,6 +13,8 @@
 #include "settings/forms/frmDisclaimer.h"
 #include "settings/forms/frmPath.h"
 #include "settings/forms/frmSet.h"
+#include "settings/forms/frmTARVOOpts.h"
+#include "settings/forms/frmUnits.h"
 #include "settings/forms/frmUpdate.h"
 #include "shell/forms/frmResource.h"
 #include "shell/forms/frmTARVODesc.h"
@@ -43,8 +45,9 @@ const std::map<std::string_view, Loader> Loaders{
     {"frmPath", InstanceOf<frmPath>},           {"frmPicture", InstanceOf<frmPicture>},
     {"frmPreview", InstanceOf<frmPreview>},     {"frmResTxtPlt", InstanceOf<frmResTxtPlt>},
     {"frmResource", InstanceOf<frmResource>},   {"frmSet", InstanceOf<frmSet>},
-    {"frmTARVODesc", InstanceOf<frmTARVODesc>}, {"frmTARVOParm", InstanceOf<frmTARVOParm>},
-    {"frmTextBrow", InstanceOf<frmTextBrow>},   {"frmUpdate", InstanceOf<frmUpdate>},
+    {"frmTARVODesc", InstanceOf<frmTARVODesc>}, {"frmTARVOOpts", InstanceOf<frmTARVOOpts>},
+    {"frmTARVOParm", InstanceOf<frmTARVOParm>}, {"frmTextBrow", InstanceOf<frmTextBrow>},
+    {"frmUnits", InstanceOf<frmUnits>},         {"frmUpdate", InstanceOf<frmUpdate>},
 };
 
 // {"frmGraph", ShowGraph<frmGraph>}.
