@@ -214,6 +214,20 @@ void PainterSurface::PrintLine(const QFont& font, double escapement_degrees, con
     texts_.push_back(placed);
 }
 
+int PainterSurface::TextClashes() const {
+    const QRectF sheet({0, 0}, size_);
+    std::vector<QRectF> strips;
+    int clashes = 0;
+    for (const PlacedText& text : texts_) {
+        const QRectF strip = text.turn.mapRect(StripOf(text.font, text.baseline, text.text));
+        if (!sheet.contains(strip)) ++clashes;
+        for (const QRectF& other : strips)
+            if (strip.intersects(other)) ++clashes;
+        strips.push_back(strip);
+    }
+    return clashes;
+}
+
 void PainterSurface::PutTextsOnTop() {
     const QTransform sheet = painter_->transform();
     for (const PlacedText& text : texts_) {

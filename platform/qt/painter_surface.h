@@ -39,6 +39,10 @@ class PainterSurface : public DrawingSurface {
     // True once anything was drawn or cleared on the present target.
     bool HasDrawn() const { return has_drawn_; }
 
+    // How many pairs of the texts printed since the last Cls cover one another, and how many texts the
+    // sheet's edge cuts; ask before Finish.
+    int TextClashes() const;
+
     // The size nearest to `points` that is a whole number of pixels, one at least. Sizes of 0 and below, and
     // above 2160, raise "Invalid property value" (380).
     void SetFontSize(double points);

@@ -7,6 +7,7 @@
 #include <QPdfWriter>
 #include <QSize>
 #include <QSvgGenerator>
+#include <optional>
 
 #include "graphics/TarvoGraf.h"
 #include "platform/qt/painter_surface.h"
@@ -18,7 +19,10 @@ namespace tarvokol {
 
 namespace {
 
-constexpr QSize kWindowSheet(700, 700);
+// Sides of the plot window's sheet, in pixels: a crowded plan gets a larger one for the same letters.
+constexpr int kSmallestSheet = 700;
+constexpr int kLargestSheet = 1400;
+constexpr int kSheetStep = 100;
 constexpr QSize kPreviewSheet(601, 121);  // the frame's 9015 by 1815 twips
 constexpr int kImageScale = 2;
 constexpr double kPointsPerPixel = 72.0 / 96.0;
@@ -31,6 +35,33 @@ bool DrawView(QPaintDevice& device, PlanView view, const QSize& sheet) {
     else
         DrawPanelPreview(surface);
     return surface.HasDrawn();
+}
+
+// How many texts would not be legible on a sheet; nothing if the plan cannot be drawn.
+std::optional<int> ClashesOn(const QSize& sheet) {
+    QImage paper(sheet, QImage::Format_Mono);
+    PainterSurface surface(paper, sheet);
+    DrawPanelPlot(surface);
+    if (!surface.HasDrawn()) return std::nullopt;
+    return surface.TextClashes();
+}
+
+// The sheet of the plot window: the smallest one with the fewest texts that cover one another or are cut, as
+// a pillar's capacity with many digits may be. The frame's has its own size.
+std::optional<QSize> SheetOf(PlanView view) {
+    if (view == PlanView::Preview) return kPreviewSheet;
+    std::optional<QSize> best;
+    int fewest = 0;
+    for (int side = kSmallestSheet; side <= kLargestSheet; side += kSheetStep) {
+        const QSize sheet(side, side);
+        const std::optional<int> clashes = ClashesOn(sheet);
+        if (!clashes) return std::nullopt;
+        if (best && *clashes >= fewest) continue;
+        best = sheet;
+        fewest = *clashes;
+        if (fewest == 0) break;
+    }
+    return best;
 }
 
 bool DrawPng(QIODevice& out, PlanView view, const QSize& sheet) {
@@ -67,8 +98,7 @@ std::string Extension(const std::string& path) {
     return point == std::string::npos ? "" : path.substr(point + 1);
 }
 
-bool DrawFormat(const std::string& extension, QIODevice& out, PlanView view) {
-    const QSize sheet = view == PlanView::Window ? kWindowSheet : kPreviewSheet;
+bool DrawFormat(const std::string& extension, QIODevice& out, PlanView view, const QSize& sheet) {
     if (EqualIgnoringCase(extension, "png")) return DrawPng(out, view, sheet);
     if (EqualIgnoringCase(extension, "svg")) return DrawSvg(out, view, sheet);
     if (EqualIgnoringCase(extension, "pdf")) return DrawPdf(out, view, sheet);
@@ -78,9 +108,11 @@ bool DrawFormat(const std::string& extension, QIODevice& out, PlanView view) {
 }  // namespace
 
 bool ExportPlan(const std::string& path, PlanView view) {
+    const std::optional<QSize> sheet = SheetOf(view);
+    if (!sheet) return false;
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    if (!DrawFormat(Extension(path), buffer, view)) return false;
+    if (!DrawFormat(Extension(path), buffer, view, *sheet)) return false;
     buffer.close();
     WritePictureFile(path, buffer.data());
     return true;

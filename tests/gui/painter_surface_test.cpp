@@ -4,6 +4,7 @@
 #include <QPdfWriter>
 #include <QSvgRenderer>
 
+#include "engine/working_parameters.h"
 #include "graphics/TarvoGraf.h"
 #include "platform/qt/plan_export.h"
 #include "settings/program_settings.h"
@@ -244,6 +245,47 @@ TEST_F(PlanExport, WritesAPngAtTwiceTheSheet) {
     EXPECT_EQ(image.size(), QSize(1400, 1400));
     EXPECT_EQ(image.pixelColor(2, 1390), QColor(Qt::white));
     EXPECT_FALSE(InkOf(image).isEmpty());
+}
+
+TEST_F(PlanSurface, CountsTextsThatCoverOneAnotherOrAreCut) {
+    QImage image = Sheet({200, 100});
+    PainterSurface surface(image, {200, 100});
+    surface.SetScale(200, 100);
+    surface.Cls();
+    surface.SetCurrentPoint(10, 90);
+    surface.Print("first line");
+    EXPECT_EQ(surface.TextClashes(), 0);
+    surface.SetCurrentPoint(10, 60);
+    surface.Print("second line");
+    EXPECT_EQ(surface.TextClashes(), 0);
+    surface.SetCurrentPoint(15, 88);
+    surface.Print("over it");
+    EXPECT_EQ(surface.TextClashes(), 1);
+    surface.SetCurrentPoint(150, 60);
+    surface.Print("cut at the right edge");
+    EXPECT_EQ(surface.TextClashes(), 2);
+    surface.Cls();
+    EXPECT_EQ(surface.TextClashes(), 0);
+}
+
+// Twelve digits need more room above the plan than the smallest sheet has below its title.
+TEST_F(PlanExport, LongFiguresGetALargerSheetInsteadOfBeingCut) {
+    PlotMode = plot_mode::Capacity;
+    PlotFromResults = true;
+    WorkingParameters.PillarCapacity.Fill(446410495412.0);
+    ASSERT_TRUE(ExportPlan(PathTo("plan.png"), PlanView::Window));
+    const QImage image(QString::fromStdString(PathTo("plan.png")));
+    EXPECT_GT(image.width(), 1400);
+    EXPECT_EQ(image.height(), image.width());
+    const QSizeF sheet(image.width() / 2.0, image.height() / 2.0);
+    QImage wide = Sheet(sheet.toSize());
+    PainterSurface surface(wide, sheet);
+    DrawPanelPlot(surface);
+    EXPECT_EQ(surface.TextClashes(), 0);
+    QImage narrow = Sheet({700, 700});
+    PainterSurface crowded(narrow, {700, 700});
+    DrawPanelPlot(crowded);
+    EXPECT_GT(crowded.TextClashes(), 0);
 }
 
 TEST_F(PlanExport, WritesThePreviewsShape) {
