@@ -158,11 +158,10 @@ void GraphFormBase::ExportGraph() {
     constexpr const char* question =
         "This option will only work if Microsoft Excel is installed on this computer. Proceed?";
     if (AskOfficeInstall == 0 && Notify(question, box_style::YesNoQuestion) != box_result::Yes) return;
-    CommandGuard Guard(DialogCancelled_);
-    Guard([this] { ExportToWorkbook(); });
+    ExportToWorkbook();
 }
 
-// A failure leaves the busy pointer.
+// No error is dealt with here; one leaves the busy pointer.
 void GraphFormBase::ExportToWorkbook() {
     setCursor(Qt::WaitCursor);
     if (Platform.Spreadsheet == nullptr) Raise(error_number::CannotCreateObject);

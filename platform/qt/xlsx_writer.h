@@ -40,8 +40,8 @@ class XlsxFileWriter : public SpreadsheetWriter {
 };
 
 // Writes the workbook under a free name in the folder for scratch files and opens it with the desktop's
-// spreadsheet application; the path stands in the history. Without such an application "ActiveX component
-// can't create object" (429) is raised; the workbook stays where it is.
+// spreadsheet application; the path stands in the history. Without such an application the workbook waits for
+// the user where it is.
 class DesktopXlsxWriter : public XlsxFileWriter {
   public:
     void BeginWorkbook() override;
