@@ -72,9 +72,7 @@ void SetProgramFont() {
 }
 
 void StartProgram(const std::string& command_line) {
-    Main(command_line, {.Create = [] { frmMain::Instance(); },
-                        .Show = [] { frmMain::Instance().ShowModeless(); },
-                        .ApplyHistoryFont = [] { ApplyHistoryFont(); }});
+    Main(command_line, StepsOfMainWindow());
 }
 
 }  // namespace

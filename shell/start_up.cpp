@@ -21,9 +21,11 @@ void OpenLastFile() {
     if (LoadLastInputFile == 1 && !LastFileLong[1].empty()) RecentFileCommand(1);
 }
 
-// The whole command line is one file name; it is not split at blanks.
-void OpenCommandLineFile(const std::string& command_line) {
+// The whole command line is one file name; it is not split at blanks. The dialog that the last file has
+// opened would show that file's figures for this one's, and its OK would store them.
+void OpenCommandLineFile(const std::string& command_line, const MainWindowSteps& window) {
     if (command_line.empty()) return;
+    window.CloseParameters();
     ProjectFileName = ReplaceAll(command_line, "\"", "");
     LoadProjFile();
 }
@@ -45,7 +47,7 @@ void Main(const std::string& command_line, const MainWindowSteps& window) {
     window.Show();
     window.ApplyHistoryFont();
     OpenLastFile();
-    OpenCommandLineFile(command_line);
+    OpenCommandLineFile(command_line, window);
 }
 
 void EnterProgramFolder() {

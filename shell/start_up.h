@@ -24,6 +24,7 @@ struct MainWindowSteps {
     std::function<void()> Create;            // creates it hidden and runs its load, unless that has happened
     std::function<void()> Show;              // modeless
     std::function<void()> ApplyHistoryFont;  // font of the history text
+    std::function<void()> CloseParameters;   // cancels the parameters dialog if it is open
 };
 
 // The built-in value of every setting, option, name table and graph default. No folder is looked for: the

@@ -1,6 +1,7 @@
 #include "shell/forms/frmMain.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDragEnterEvent>
 #include <QMimeData>
 
@@ -45,6 +46,8 @@ std::string DroppedFile(const QMimeData& data) {
 
 frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>()) {
     UseArtwork();
+    // The forms and boxes that have no icon of their own show the program's.
+    QApplication::setWindowIcon(QIcon(":/artwork/tarvokol.svg"));
     ui_->setupUi(this);
     mnuUtilItem_ = ControlArray<QAction>(*this, "mnuUtilItem");
     ui_->Picture1->load(QString(":/artwork/highwall_panel.svg"));
@@ -132,8 +135,6 @@ void frmMain::Form_Load() {
 void frmMain::Form_Activate() {
     if (HasRecentEntry()) RecentEntry(0).setVisible(true);
     LayoutMainWindow(*this);
-    // A read that failed has left the pointer busy.
-    unsetCursor();
 }
 
 void frmMain::Form_Resize() {

@@ -19,6 +19,16 @@ QPlainTextEdit& HistoryBox() {
 
 }  // namespace
 
+MainWindowSteps StepsOfMainWindow() {
+    return {.Create = [] { frmMain::Instance(); },
+            .Show = [] { frmMain::Instance().ShowModeless(); },
+            .ApplyHistoryFont = [] { ApplyHistoryFont(); },
+            .CloseParameters =
+                [] {
+                    if (FormBase* dialog = FindForm("frmTARVOParm")) dialog->Unload();
+                }};
+}
+
 std::string MainWindowBinding::Tag() const {
     return frmMain::Instance().Tag();
 }

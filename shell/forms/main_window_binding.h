@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/main_window_services.h"
+#include "shell/start_up.h"
 
 namespace tarvokol {
 
@@ -26,5 +27,8 @@ class MainWindowBinding : public MainWindowServices {
 
     void OpenProjectParameters() override;
 };
+
+// What the start-up asks of the form itself.
+MainWindowSteps StepsOfMainWindow();
 
 }  // namespace tarvokol

@@ -1,6 +1,7 @@
 // Which form a command of the main window opens, and how.
 #include "engine/project_record.h"
 #include "project/lifecycle.h"
+#include "project/project_file.h"
 #include "project/project_state.h"
 #include "shell/forms/form_registry.h"
 #include "tests/support/main_window_fixture.h"
@@ -20,7 +21,7 @@ void PrintTo(const Route& route, std::ostream* out) {
 class ModalCommand : public MainWindowTest, public ::testing::WithParamInterface<Route> {};
 
 TEST_P(ModalCommand, OpensItsFormAndComesBackWhenItCloses) {
-    if (!IsFormKnown(GetParam().form)) GTEST_SKIP() << "not built in: " << GetParam().form;
+    ASSERT_TRUE(IsFormKnown(GetParam().form));
     frmMain& form = Start();
     EnterProject();
     ProjectSaved = 255;
@@ -51,7 +52,7 @@ INSTANTIATE_TEST_SUITE_P(
 class ModelessCommand : public MainWindowTest, public ::testing::WithParamInterface<Route> {};
 
 TEST_P(ModelessCommand, DisablesTheMainWindowUntilItsFormCloses) {
-    if (!IsFormKnown(GetParam().form)) GTEST_SKIP() << "not built in: " << GetParam().form;
+    ASSERT_TRUE(IsFormKnown(GetParam().form));
     frmMain& form = Start();
     EnterProject();
     EXPECT_TRUE(Choose(form, GetParam().item));
@@ -75,7 +76,7 @@ INSTANTIATE_TEST_SUITE_P(MainWindow, ModelessCommand,
 class StartForms : public MainWindowTest {};
 
 TEST_F(StartForms, TheDisclaimerComesWhileTheWindowLoads) {
-    if (!IsFormKnown("frmDisclaimer")) GTEST_SKIP() << "not built in: frmDisclaimer";
+    ASSERT_TRUE(IsFormKnown("frmDisclaimer"));
     ShowDisclaim = 1;
     WhenShown("frmDisclaimer", [](FormBase& opened) {
         EXPECT_FALSE(frmMain::Instance().isVisible());
@@ -86,7 +87,7 @@ TEST_F(StartForms, TheDisclaimerComesWhileTheWindowLoads) {
 }
 
 TEST_F(StartForms, TheReminderComesWhileTheWindowLoadsAYearAfterTheRelease) {
-    if (!IsFormKnown("frmUpdate")) GTEST_SKIP() << "not built in: frmUpdate";
+    ASSERT_TRUE(IsFormKnown("frmUpdate"));
     RemindAnnualUpdates = 1;
     Host.TheClock.Date = CalendarDate{2014, 8, 16};
     WhenShown("frmUpdate", [](FormBase& opened) { opened.Unload(); });
@@ -102,7 +103,7 @@ TEST_F(StartForms, NoReminderOnTheThreeHundredAndSixtiethDay) {
 }
 
 TEST_F(StartForms, NewOpensTheParametersIfTheSettingWantsIt) {
-    if (!IsFormKnown("frmTARVOParm")) GTEST_SKIP() << "not built in: frmTARVOParm";
+    ASSERT_TRUE(IsFormKnown("frmTARVOParm"));
     frmMain& form = Start();
     ShowInputScreenOnLoad = 1;
     Choose(form, "mnuFileItem_0");
@@ -110,6 +111,39 @@ TEST_F(StartForms, NewOpensTheParametersIfTheSettingWantsIt) {
     EXPECT_FALSE(form.isEnabled());
     FindForm("frmTARVOParm")->Unload();
     EXPECT_TRUE(form.isEnabled());
+}
+
+// The dialog of the last file must not stand over the file of the command line.
+TEST_F(StartForms, TheParametersAreThoseOfTheCommandLinesFile) {
+    Host.Folders.Program = PathTo("tarvokol");
+    Host.Folders.DocumentsFolder = Folder.string();
+    std::filesystem::create_directory(Folder / "MyOLTEK");
+    EnterProject();
+    ProjectFileName = PathTo("last.TKL");
+    ASSERT_TRUE(FileSave());
+    ProjectRecord.Height = 7.5;
+    ProjectRecord.NumberHoles = 12;
+    ProjectFileName = PathTo("named.TKL");
+    ASSERT_TRUE(FileSave());
+    UnloadAllForms();
+    WriteBytes(
+        PathTo("MyOLTEK/TARVOKOL.INI"),
+        "[Version]\r\nINIFileVersion=050924\r\n[Settings]\r\nShowDisclaim=0\r\nDisplayHistoryWin=1\r\n"
+        "RemindAnnualUpdates=0\r\nLoadLastInputFile=1\r\nKeepFileNames=1\r\nCopyExampleFiles=0\r\n"
+        "[FileMenu]\r\nMaxLastFiles=1\r\nLastFile1=last.TKL\r\nLastFileMode1=1\r\nLastFileLong1=" +
+            PathTo("last.TKL") +
+            "\r\n[TARVOKOLOptions]\r\nShowInputScreenOnLoad=1\r\nPlotRangeMin=50\r\nPlotRangeMax=100\r\n");
+    Main(PathTo("named.TKL"), StepsOfMainWindow());
+    FormBase* dialog = FindForm("frmTARVOParm");
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(TextOf(*dialog, "txtHeight"), "7.5");
+    EXPECT_EQ(TextOf(*dialog, "txtNumberHoles"), "12");
+    EXPECT_FALSE(frmMain::Instance().isEnabled());
+    EXPECT_THAT(Platform.MainWindow->HistoryText(),
+                ::testing::HasSubstr("Opening: " + PathTo("named.TKL") + "\r\n"));
+    dialog->Unload();
+    EXPECT_EQ(ProjectRecord.Height, 7.5);
+    EXPECT_TRUE(frmMain::Instance().isEnabled());
 }
 
 TEST_F(StartForms, ARefusedInputCheckOpensNoGraph) {

@@ -349,6 +349,22 @@ TEST_F(MainWindow, ARecentFileThatIsGoneIsToldAndStays) {
     EXPECT_TRUE(Item("mnuFileArray_1").isVisible());
 }
 
+TEST_F(MainWindow, TheHourglassOfAFailedReadStaysUntilTheNextCompletedOne) {
+    frmMain& form = Start();
+    const std::string path = WriteProject("gone.TKL");
+    Host.Dialogs.FileAnswers = {path, PathTo("none.TKL")};
+    Choose(form, "mnuFileItem_1");
+    EXPECT_EQ(form.cursor().shape(), Qt::ArrowCursor);
+    Choose(form, "mnuFileItem_1");
+    EXPECT_THAT(Messages(), ElementsAre("Error occurred: File not found (53)"));
+    EXPECT_EQ(form.cursor().shape(), Qt::WaitCursor);
+    QEvent activation(QEvent::WindowActivate);
+    QApplication::sendEvent(&form, &activation);
+    EXPECT_EQ(form.cursor().shape(), Qt::WaitCursor);
+    Choose(form, "mnuFileArray_1");
+    EXPECT_EQ(form.cursor().shape(), Qt::ArrowCursor);
+}
+
 TEST_F(MainWindow, ADroppedFileOpensLikeARecentPick) {
     frmMain& form = Start();
     const std::string path = WriteProject("dropped.TKL");

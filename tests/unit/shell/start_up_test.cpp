@@ -59,9 +59,10 @@ class StartUp : public CoreTest {
     ~StartUp() override { ResetProgram(); }
 
     void Start(const std::string& command_line = "") {
-        Main(command_line,
-             {[&] { Window.Create(); }, [&] { Window.Events.push_back("show " + ProjectFileName); },
-              [&] { Window.Events.push_back("font"); }});
+        Main(
+            command_line,
+            {[&] { Window.Create(); }, [&] { Window.Events.push_back("show " + ProjectFileName); },
+             [&] { Window.Events.push_back("font"); }, [&] { Window.Events.push_back("close parameters"); }});
     }
 
     // Starts once so that a configuration file exists, changes one of its keys, and forgets all but the disk.
@@ -160,9 +161,9 @@ TEST_F(StartUp, TheLastFileOpensFirstThenTheOneOfTheCommandLine) {
     PutIniString("Settings", "DisplayHistoryWin", "1", Ini());
     PrepareSecondStart("Settings", "LoadLastInputFile", "1");
     Start("\"" + PathTo("by name.TKL") + "\"");
-    EXPECT_EQ(Window.Events,
-              (Texts{"load, size 4096, name ''", "show Untitled", "font",
-                     "parameters of " + PathTo("last.TKL"), "parameters of " + PathTo("by name.TKL")}));
+    EXPECT_EQ(Window.Events, (Texts{"load, size 4096, name ''", "show Untitled", "font",
+                                    "parameters of " + PathTo("last.TKL"), "close parameters",
+                                    "parameters of " + PathTo("by name.TKL")}));
     const std::size_t first = Window.History.find("Opening: " + PathTo("last.TKL") + "\r\n");
     const std::size_t second = Window.History.find("Opening: " + PathTo("by name.TKL") + "\r\n");
     ASSERT_NE(first, std::string::npos);
