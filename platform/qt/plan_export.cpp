@@ -19,42 +19,49 @@ namespace tarvokol {
 
 namespace {
 
-// Sides of the plot window's sheet, in pixels: a crowded plan gets a larger one for the same letters.
-constexpr int kSmallestSheet = 700;
-constexpr int kLargestSheet = 1400;
-constexpr int kSheetStep = 100;
-constexpr QSize kPreviewSheet(601, 121);  // the frame's 9015 by 1815 twips
+// Sheet of a view in pixels. A crowded plan gets a larger one, up to so many percent, for the same letters.
+struct ViewSheet {
+    QSize smallest;
+    int largest_percent;
+};
+constexpr ViewSheet kWindowSheet{{700, 700}, 200};
+constexpr ViewSheet kPreviewSheet{{601, 121}, 400};  // the frame's 9015 by 1815 twips
+constexpr int kPercentStep = 20;
 constexpr int kImageScale = 2;
 constexpr double kPointsPerPixel = 72.0 / 96.0;
 constexpr int kPdfResolution = 1200;
 
-bool DrawView(QPaintDevice& device, PlanView view, const QSize& sheet) {
-    PainterSurface surface(device, sheet);
+void DrawPlan(PainterSurface& surface, PlanView view) {
     if (view == PlanView::Window)
         DrawPanelPlot(surface);
     else
         DrawPanelPreview(surface);
+}
+
+bool DrawView(QPaintDevice& device, PlanView view, const QSize& sheet) {
+    PainterSurface surface(device, sheet);
+    DrawPlan(surface, view);
     return surface.HasDrawn();
 }
 
 // How many texts would not be legible on a sheet; nothing if the plan cannot be drawn.
-std::optional<int> ClashesOn(const QSize& sheet) {
+std::optional<int> ClashesOn(PlanView view, const QSize& sheet) {
     QImage paper(sheet, QImage::Format_Mono);
     PainterSurface surface(paper, sheet);
-    DrawPanelPlot(surface);
+    DrawPlan(surface, view);
     if (!surface.HasDrawn()) return std::nullopt;
     return surface.TextClashes();
 }
 
-// The sheet of the plot window: the smallest one with the fewest texts that cover one another or are cut, as
-// a pillar's capacity with many digits may be. The frame's has its own size.
+// The smallest sheet with the fewest texts that cover one another or are cut, as a pillar's capacity with
+// many digits may be. Nothing if the plan cannot be drawn.
 std::optional<QSize> SheetOf(PlanView view) {
-    if (view == PlanView::Preview) return kPreviewSheet;
+    const ViewSheet& choice = view == PlanView::Window ? kWindowSheet : kPreviewSheet;
     std::optional<QSize> best;
     int fewest = 0;
-    for (int side = kSmallestSheet; side <= kLargestSheet; side += kSheetStep) {
-        const QSize sheet(side, side);
-        const std::optional<int> clashes = ClashesOn(sheet);
+    for (int percent = 100; percent <= choice.largest_percent; percent += kPercentStep) {
+        const QSize sheet = choice.smallest * percent / 100;
+        const std::optional<int> clashes = ClashesOn(view, sheet);
         if (!clashes) return std::nullopt;
         if (best && *clashes >= fewest) continue;
         best = sheet;

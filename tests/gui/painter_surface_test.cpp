@@ -300,6 +300,27 @@ TEST_F(PlanExport, WritesThePreviewsShape) {
     EXPECT_NEAR(InkOf(image).right(), 191.4 / 316.8 * 1202, 2);
 }
 
+// The frame is low: its labels would run through the title and beyond the edge.
+TEST_F(PlanExport, APreviewWithTextsKeepsItsShapeOnALargerSheet) {
+    ViewChildWindow = 1;
+    ASSERT_TRUE(ExportPlan(PathTo("plan.png"), PlanView::Preview));
+    const QImage image(QString::fromStdString(PathTo("plan.png")));
+    EXPECT_GT(image.width(), 1202);
+    EXPECT_NEAR(static_cast<double>(image.width()) / image.height(), 601.0 / 121.0, 0.05);
+    const QSize sheet = image.size() / 2;
+    QImage again = Sheet(sheet);
+    PainterSurface surface(again, sheet);
+    DrawPanelPreview(surface);
+    EXPECT_EQ(surface.TextClashes(), 0);
+}
+
+TEST_F(PlanExport, ARefusedPreviewLeavesNoFileAndIsToldOnce) {
+    PreviewRecord.CrosscutAngle = 60;
+    EXPECT_FALSE(ExportPlan(PathTo("plan.svg"), PlanView::Preview));
+    EXPECT_FALSE(std::filesystem::exists(PathTo("plan.svg")));
+    EXPECT_THAT(Messages(), testing::ElementsAre("Invalid Pillar Dimensions"));
+}
+
 TEST_F(PlanExport, WritesAnSvgWithItsTextsOnce) {
     ASSERT_TRUE(ExportPlan(PathTo("plan.svg"), PlanView::Window));
     const std::string svg = ReadBytes(PathTo("plan.svg"));
