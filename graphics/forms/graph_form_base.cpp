@@ -158,10 +158,11 @@ void GraphFormBase::ExportGraph() {
     constexpr const char* question =
         "This option will only work if Microsoft Excel is installed on this computer. Proceed?";
     if (AskOfficeInstall == 0 && Notify(question, box_style::YesNoQuestion) != box_result::Yes) return;
-    ExportToWorkbook();
+    CommandGuard Guard(DialogCancelled_);
+    Guard([this] { ExportToWorkbook(); });
 }
 
-// No error is dealt with here; one leaves the busy pointer.
+// Deals with no error itself: that is the menu's affair. A failure leaves the busy pointer.
 void GraphFormBase::ExportToWorkbook() {
     setCursor(Qt::WaitCursor);
     if (Platform.Spreadsheet == nullptr) Raise(error_number::CannotCreateObject);
