@@ -44,8 +44,6 @@ int BulkRun::Run(const FileWork& work) {
         Report(file, RunOne(file, work));
         ShowProgress(++done);
     }
-    std::cout.flush();
-    if (!std::cout) any_not_written_ = true;
     if (any_not_written_) return exit_status::NotWritten;
     return any_refused_ ? exit_status::Refused : exit_status::Done;
 }

@@ -1,5 +1,6 @@
 #include "cli/json.h"
 
+#include <charconv>
 #include <cmath>
 
 #include "engine/project_record.h"
@@ -11,6 +12,51 @@ namespace {
 // Up to here every whole double has an integer of the same digits.
 constexpr double kLargestWhole = 1e15;
 
+// The library's own form of a double is now and then a digit longer than needed.
+void AppendShortest(std::string& text, double value) {
+    char buffer[32];
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
+    text.append(buffer, result.ptr);
+}
+
+std::string Quoted(const std::string& text) {
+    return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+void Append(std::string& text, const Json& value);
+
+void AppendObject(std::string& text, const Json& object) {
+    text += '{';
+    for (const auto& [key, value] : object.items()) {
+        if (text.back() != '{') text += ',';
+        text += Quoted(key) + ':';
+        Append(text, value);
+    }
+    text += '}';
+}
+
+void AppendArray(std::string& text, const Json& array) {
+    text += '[';
+    for (const Json& value : array) {
+        if (text.back() != '[') text += ',';
+        Append(text, value);
+    }
+    text += ']';
+}
+
+void Append(std::string& text, const Json& value) {
+    if (value.is_object())
+        AppendObject(text, value);
+    else if (value.is_array())
+        AppendArray(text, value);
+    else if (value.is_string())
+        text += Quoted(value.get_ref<const std::string&>());
+    else if (value.is_number_float())
+        AppendShortest(text, value.get<double>());
+    else
+        text += value.dump();
+}
+
 }  // namespace
 
 Json NumberJson(double value) {
@@ -21,7 +67,9 @@ Json NumberJson(double value) {
 }
 
 std::string JsonLine(const Json& object) {
-    return object.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+    std::string line;
+    Append(line, object);
+    return line + "\n";
 }
 
 Json ProjectJson() {

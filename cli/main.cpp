@@ -1,4 +1,5 @@
 // tarvokol-cli: the program's work without a window, for scripts and bulk runs.
+#include <algorithm>
 #include <functional>
 #include <iostream>
 #include <string>
@@ -103,24 +104,61 @@ void AddSettingsCommand(CLI::App& app, Options& options, Command& chosen) {
     static std::string ini_path;
     auto* settings = app.add_subcommand("settings", "The effective settings after reading");
     settings->add_flag("--json", options.json, "Print one JSON object");
-    settings->add_option("--settings", ini_path, "Configuration file to read")->type_name("FILE.INI");
+    settings->add_option("--settings", ini_path, "Configuration file to read")
+        ->check(CLI::ExistingFile)
+        ->type_name("FILE.INI");
     settings->add_option("FILE.INI", ini_path, "Configuration file to read (default: the built-in values)")
+        ->check(CLI::ExistingFile)
         ->type_name("");
     settings->callback([&] { chosen = [&] { return RunSettings(options.json, ini_path); }; });
 }
 
-// A negative number that is an argument by itself is a VALUE, no option: it goes behind "--".
+// A negative number that is an argument by itself is a VALUE, no option: it goes to the end, behind "--".
+void ProtectNegativeValue(std::vector<std::string>& arguments) {
+    const auto end = std::find(arguments.begin(), arguments.end(), "--");
+    const auto found = std::find_if(arguments.begin(), end, [](const std::string& word) {
+        return word.size() > 1 && word[0] == '-' && word.find_first_of("0123456789. ", 1) == 1;
+    });
+    if (found == end) return;
+    const std::string value = *found;
+    if (end == arguments.end()) arguments.emplace_back("--");
+    arguments.erase(std::find(arguments.begin(), arguments.end(), value));
+    arguments.push_back(value);
+}
+
+// CLI11 takes a word in square brackets for a list. With this at its end, which no argument can hold, a path
+// of that form stays whole.
+constexpr char kNoList = '\0';
+
+void ProtectBrackets(std::vector<std::string>& arguments) {
+    for (std::string& word : arguments)
+        if (word.size() > 1 && word.front() == '[' && word.back() == ']') word += kNoList;
+}
+
+void Unprotect(std::string& word) {
+    if (!word.empty() && word.back() == kNoList) word.pop_back();
+}
+
+void UnprotectPaths(Options& options) {
+    for (std::string& file : options.files) Unprotect(file);
+    Unprotect(options.output);
+    Unprotect(options.settings);
+}
+
 std::vector<std::string> Arguments(int argc, char** argv) {
     std::vector<std::string> arguments(argv + 1, argv + argc);
-    const bool units = !arguments.empty() && arguments.front() == "units";
-    for (std::size_t i = 0; units && i < arguments.size(); ++i) {
-        const std::string& word = arguments[i];
-        if (word == "--") break;
-        if (word.size() < 2 || word[0] != '-' || word.find_first_of("0123456789.") != 1) continue;
-        arguments.insert(arguments.begin() + static_cast<std::ptrdiff_t>(i), "--");
-        break;
-    }
+    const std::string command = arguments.empty() ? "" : arguments.front();
+    if (command == "units")
+        ProtectNegativeValue(arguments);
+    else if (command != "settings")
+        ProtectBrackets(arguments);
     return {arguments.rbegin(), arguments.rend()};  // CLI11 takes them last first
+}
+
+// What could not be printed to standard output is an output that could not be written.
+int StatusOfOutput(int status) {
+    std::cout.flush();
+    return std::cout ? status : exit_status::NotWritten;
 }
 
 int RunChosen(const Command& chosen) {
@@ -149,9 +187,10 @@ int Main(int argc, char** argv) {
     try {
         app.parse(Arguments(argc, argv));
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? exit_status::Done : exit_status::WrongUsage;
+        return StatusOfOutput(app.exit(error) == 0 ? exit_status::Done : exit_status::WrongUsage);
     }
-    return RunChosen(chosen);
+    UnprotectPaths(options);
+    return StatusOfOutput(RunChosen(chosen));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <system_error>
 
 #include <fcntl.h>
 #include <locale.h>
@@ -39,6 +40,43 @@ class PlainNumbers {
     locale_t plain_;
     locale_t before_ = nullptr;
 };
+
+// The library tells its failures on standard error as well, which is not its to write on.
+class MutedStandardError {
+  public:
+    MutedStandardError() : before_(::dup(STDERR_FILENO)) {
+        const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+        if (before_ >= 0 && nowhere >= 0) ::dup2(nowhere, STDERR_FILENO);
+        if (nowhere >= 0) ::close(nowhere);
+    }
+    ~MutedStandardError() {
+        if (before_ < 0) return;
+        ::dup2(before_, STDERR_FILENO);
+        ::close(before_);
+    }
+    MutedStandardError(const MutedStandardError&) = delete;
+    MutedStandardError& operator=(const MutedStandardError&) = delete;
+
+  private:
+    int before_;
+};
+
+// Writes the workbook and frees it. `system_error` returns the cause of a failure, 0 if it is not known.
+lxw_error CloseWorkbook(lxw_workbook* book, int& system_error) {
+    const PlainNumbers plain;
+    const MutedStandardError muted;
+    errno = 0;
+    const lxw_error result = ::workbook_close(book);
+    system_error = errno;
+    return result;
+}
+
+// Takes away what is left of a workbook that was not written to its end; a link or a device stays.
+void RemoveRest(const std::string& path) {
+    std::error_code failure;
+    if (std::filesystem::is_regular_file(std::filesystem::symlink_status(path, failure)))
+        ::unlink(path.c_str());
+}
 
 void Check(lxw_error result) {
     if (result == LXW_NO_ERROR) return;
@@ -93,20 +131,19 @@ void XlsxFileWriter::ShowWorkbook() {
     lxw_workbook* book = book_;
     book_ = nullptr;
     sheet_ = nullptr;
-    const PlainNumbers plain;
-    errno = 0;
-    const lxw_error result = ::workbook_close(book);
+    int system_error = 0;
+    const lxw_error result = CloseWorkbook(book, system_error);
     if (result == LXW_NO_ERROR) return;
-    const int system_error = errno;
-    ::unlink(path_.c_str());
+    RemoveRest(path_);
     RaiseWriteFailure(result, system_error, path_);
 }
 
 // The library frees a workbook only by writing it: one that is given up goes where nothing is kept.
 void XlsxFileWriter::Abandon() {
     if (book_ == nullptr) return;
-    ::workbook_close(book_);
-    ::unlink(path_.c_str());
+    int ignored = 0;
+    CloseWorkbook(book_, ignored);
+    RemoveRest(path_);
     book_ = nullptr;
     sheet_ = nullptr;
 }

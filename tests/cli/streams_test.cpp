@@ -1,0 +1,113 @@
+// What a script relies on: names of any form, exact figures, and a status that tells of lost output.
+#include <cstdlib>
+#include <filesystem>
+
+#include <sys/wait.h>
+
+#include "tests/cli/cli_runner.h"
+
+namespace tarvokol {
+namespace {
+
+using nlohmann::json;
+
+class Streams : public CliTest {
+  protected:
+    // Status of a command whose standard output takes nothing.
+    int StatusWithFullOutput(const std::string& arguments) const {
+        const std::string command =
+            "cd '" + Folder.string() + "' && '" TARVOKOL_CLI "' " + arguments + " > /dev/full";
+        return WEXITSTATUS(std::system(command.c_str()));
+    }
+};
+
+TEST_F(Streams, OutputThatCannotBePrintedGivesStatusThree) {
+    Project("a.TKL");
+    EXPECT_EQ(StatusWithFullOutput("settings"), 3);
+    EXPECT_EQ(StatusWithFullOutput("settings --json"), 3);
+    EXPECT_EQ(StatusWithFullOutput("units length ft 1"), 3);
+    EXPECT_EQ(StatusWithFullOutput("results a.TKL"), 3);
+    EXPECT_EQ(StatusWithFullOutput("size --json a.TKL"), 3);
+    EXPECT_EQ(StatusWithFullOutput("--help"), 3);
+}
+
+TEST_F(Streams, AFileNameIsTakenAsItStands) {
+    for (const std::string name : {"[a]", "[a,b]", "'q'", "\"q\"", "b c", "new\nline", "size", "{}", "%%",
+                                   "=x", "\\", "$HOME", "x\\y.TKL"}) {
+        SCOPED_TRACE(name);
+        Project(name);
+        const json object = Run({"size", "--json", name}).Object();
+        EXPECT_EQ(object["file"], name);
+        EXPECT_EQ(object["ok"], true);
+    }
+}
+
+TEST_F(Streams, AFileNameWithALeadingMinusStandsBehindTheTwoDashes) {
+    for (const std::string name : {"-m.TKL", "--json", "-5"}) {
+        SCOPED_TRACE(name);
+        Project(name);
+        EXPECT_EQ(Run({"size", "--json", "--", name}).Object()["file"], name);
+    }
+}
+
+TEST_F(Streams, AnOutputFolderInBracketsIsTakenAsItStands) {
+    Project("a.TKL");
+    std::filesystem::create_directory(Folder / "[o]");
+    EXPECT_EQ(Run({"save", "--json", "-o", "[o]", "a.TKL"}).Object()["output"], "[o]/a.TKL");
+}
+
+TEST_F(Streams, AByteOfANameThatIsNoUtf8IsReplacedInTheOutputOnly) {
+    Project("\xff.TKL");
+    const json object = Run({"size", "--json", "\xff.TKL"}).Object();
+    EXPECT_EQ(object["file"], "\xEF\xBF\xBD.TKL");
+    EXPECT_EQ(object["ok"], true);
+}
+
+// Figures for which a fast conversion to text gives one digit more than needed.
+TEST_F(Streams, NumbersAreTheShortestThatReadBack) {
+    ProjectText project;
+    project.height = "7064.900000000001";
+    project.depth = "6598.349999999999";
+    project.hole = "18418.033007";
+    project.web = "2410802564.98220";
+    project.barrier = "1E+22";
+    project.spare = "0.1";
+    Project("a.TKL", project);
+    const std::string out = Run({"results", "--json", Project("a.TKL", project)}).out;
+    EXPECT_THAT(out, testing::HasSubstr("\"Height\":7064.900000000001,"));
+    EXPECT_THAT(out, testing::HasSubstr("\"DepthCover\":6598.349999999999,"));
+    EXPECT_THAT(out, testing::HasSubstr("\"HoleWidth\":18418.033007,"));
+    EXPECT_THAT(out, testing::HasSubstr("\"WebThickness\":2410802564.9822,"));
+    EXPECT_THAT(out, testing::HasSubstr("\"BarrierPillarWidth\":1e+22,"));
+    EXPECT_THAT(out, testing::HasSubstr("\"SpareSingle\":0.10000000149011612}"));
+}
+
+TEST_F(Streams, AFullDiskIsToldInOneLineByEveryFormat) {
+    Project("a.TKL");
+    for (const std::string format : {"csv", "xlsx", "png", "svg", "pdf", "json"}) {
+        SCOPED_TRACE(format);
+        const std::string name = "full." + format;
+        std::filesystem::create_symlink("/dev/full", Folder / name);
+        const CliAnswer answer = Run({"curve", "web", "-o", name, "a.TKL"});
+        EXPECT_EQ(answer.status, 3);
+        EXPECT_EQ(answer.err, "a.TKL: " + name + ": Disk full\n");
+        EXPECT_TRUE(std::filesystem::is_symlink(Folder / name));
+    }
+}
+
+TEST_F(Streams, AConfigurationFileThatIsNotThereIsWrongUsage) {
+    Project("a.TKL");
+    EXPECT_EQ(Run({"settings", "none.ini"}).status, 2);
+    EXPECT_EQ(Run({"settings", "--settings", "none.ini"}).status, 2);
+    EXPECT_EQ(Run({"results", "--settings", "none.ini", "a.TKL"}).status, 2);
+    EXPECT_FALSE(std::filesystem::exists(Folder / "none.ini"));
+}
+
+TEST_F(Streams, ASpecialFileIsRefusedWithoutBeingReadWhole) {
+    EXPECT_EQ(Run({"results", "--json", "/dev/zero"}).Object()["messages"], json{"Invalid file format"});
+    EXPECT_EQ(Run({"results", "--json", "/dev/null"}).Object()["error"]["number"], 62);
+    EXPECT_EQ(Run({"results", "--json", "."}).Object()["error"]["number"], 75);
+}
+
+}  // namespace
+}  // namespace tarvokol
