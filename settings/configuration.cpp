@@ -242,10 +242,9 @@ void SettleConfigurationFile() {
 }
 
 std::string BestScreenFont() {
-    const std::vector<std::string> fonts = Platform.Fonts->Names();
     for (const char* wanted : {"Arial", "Courier New", "System", "Terminal"})
-        for (const std::string& font : fonts)
-            if (EqualIgnoringCase(font, wanted)) return font;
+        if (const std::string font = Platform.Fonts->NameLike(wanted); !font.empty()) return font;
+    const std::vector<std::string> fonts = Platform.Fonts->Names();
     return fonts.empty() ? std::string() : fonts.front();
 }
 

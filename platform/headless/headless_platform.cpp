@@ -75,6 +75,12 @@ void HeadlessShell::StartViewer(const std::string& viewer, const std::string& fi
     Started.push_back(viewer + "|" + file);
 }
 
+std::string HeadlessFonts::NameLike(const std::string& family) const {
+    for (const std::string& font : FontList)
+        if (EqualIgnoringCase(font, family)) return font;
+    return "";
+}
+
 CalendarDate HeadlessClock::Today() const { return Date ? *Date : SystemDate(); }
 
 std::string HeadlessClock::TimeText() const { return Time.empty() ? SystemTimeText() : Time; }

@@ -131,6 +131,7 @@ class HeadlessFolders : public SpecialFolders {
 class HeadlessFonts : public ScreenFonts {
   public:
     std::vector<std::string> Names() const override { return FontList; }
+    std::string NameLike(const std::string& family) const override;
 
     std::vector<std::string> FontList{"Arial", "Courier New"};
 };

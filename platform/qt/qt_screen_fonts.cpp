@@ -25,6 +25,12 @@ const std::vector<NamedFamily>& NamedFamilies() {
     return families;
 }
 
+const NamedFamily* FindNamed(const QString& family) {
+    for (const NamedFamily& named : NamedFamilies())
+        if (family.compare(QLatin1String(named.name), Qt::CaseInsensitive) == 0) return &named;
+    return nullptr;
+}
+
 bool IsMappedToEquivalent(const NamedFamily& family) {
     const QString resolved = QFontInfo(QFont(family.name)).family();
     return family.equivalents.contains(resolved, Qt::CaseInsensitive);
@@ -34,10 +40,8 @@ bool IsMappedToEquivalent(const NamedFamily& family) {
 
 bool FontIsPresent(const QString& family) {
     if (QFontDatabase::hasFamily(family)) return true;
-    for (const NamedFamily& named : NamedFamilies())
-        if (family.compare(QLatin1String(named.name), Qt::CaseInsensitive) == 0)
-            return IsMappedToEquivalent(named);
-    return false;
+    const NamedFamily* named = FindNamed(family);
+    return named != nullptr && IsMappedToEquivalent(*named);
 }
 
 std::vector<std::string> QtScreenFonts::Names() const {
@@ -49,6 +53,14 @@ std::vector<std::string> QtScreenFonts::Names() const {
     std::vector<std::string> names;
     for (const QString& family : families) names.push_back(FromQt(family));
     return names;
+}
+
+std::string QtScreenFonts::NameLike(const std::string& family) const {
+    const QString wanted = ToQt(family);
+    for (const QString& listed : QFontDatabase::families())
+        if (listed.compare(wanted, Qt::CaseInsensitive) == 0) return FromQt(listed);
+    const NamedFamily* named = FindNamed(wanted);
+    return named != nullptr && IsMappedToEquivalent(*named) ? named->name : "";
 }
 
 }  // namespace tarvokol

@@ -15,6 +15,7 @@ bool FontIsPresent(const QString& family);
 class QtScreenFonts : public ScreenFonts {
   public:
     std::vector<std::string> Names() const override;
+    std::string NameLike(const std::string& family) const override;
 };
 
 }  // namespace tarvokol

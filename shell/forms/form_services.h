@@ -3,7 +3,6 @@
 
 #include <QAbstractButton>
 #include <QRadioButton>
-#include <QRegularExpression>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -63,9 +62,13 @@ class ControlArray {
   public:
     ControlArray() = default;
     ControlArray(const QWidget& form, const QString& name) {
-        const QRegularExpression pattern('^' + QRegularExpression::escape(name) + "_(\\d+)$");
-        for (Control* control : form.findChildren<Control*>(pattern))
-            controls_[pattern.match(control->objectName()).captured(1).toInt()] = control;
+        const QString prefix = name + '_';
+        for (Control* control : form.findChildren<Control*>()) {
+            if (!control->objectName().startsWith(prefix)) continue;
+            bool is_number = false;
+            const int index = control->objectName().mid(prefix.size()).toInt(&is_number);
+            if (is_number) controls_[index] = control;
+        }
     }
 
     // A missing element raises error 340.

@@ -248,6 +248,9 @@ TEST(ScreenFontList, HoldsTheNamedFamiliesThatTheSystemMaps) {
     EXPECT_TRUE(FontIsPresent("courier new"));
     EXPECT_TRUE(FontIsPresent("Liberation Mono"));
     EXPECT_FALSE(FontIsPresent("No Such Family"));
+    EXPECT_EQ(QtScreenFonts().NameLike("courier new"), "Courier New");
+    EXPECT_EQ(QtScreenFonts().NameLike("LIBERATION MONO"), "Liberation Mono");
+    EXPECT_EQ(QtScreenFonts().NameLike("No Such Family"), "");
 }
 
 TEST(ScreenFontList, HoldsEveryFamilyOfTheSystemOnce) {
