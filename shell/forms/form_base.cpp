@@ -59,6 +59,9 @@ void FormBase::FitToContents() {
 
 void FormBase::ShowModeless(QWidget* owner) {
     if (unloaded_) return;
+    // Only a window of this type is kept above its owner by the window manager. The owner is disabled; on top
+    // it would hide what it waits for.
+    if (owner != nullptr) setWindowFlag(Qt::Dialog);
     Present(owner);
 }
 

@@ -60,6 +60,8 @@ TEST_P(ModelessCommand, DisablesTheMainWindowUntilItsFormCloses) {
     ASSERT_NE(opened, nullptr);
     EXPECT_TRUE(opened->isVisible());
     EXPECT_FALSE(opened->isModal());
+    EXPECT_EQ(opened->windowType(), Qt::Dialog);
+    EXPECT_EQ(opened->windowHandle()->transientParent(), form.windowHandle());
     EXPECT_FALSE(form.isEnabled());
     EXPECT_FALSE(form.close());
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);

@@ -50,6 +50,17 @@ TEST_F(WindowBindings, AMessageBoxShowsTextTitleIconAndButtonsOfItsStyle) {
     EXPECT_EQ(result, 7);
 }
 
+TEST_F(WindowBindings, AShortMessageLeavesRoomForItsTitle) {
+    const QString title = "Project Description: Invalid Character";
+    WhenUp<QMessageBox>([&](QMessageBox& box) {
+        QFont bold = box.font();
+        bold.setBold(true);
+        EXPECT_GE(box.width(), QFontMetrics(bold).horizontalAdvance(title) + 120);
+        box.button(QMessageBox::Ok)->click();
+    });
+    QtMessageBox().Show({"No", 16, FromQt(title), "", 0});
+}
+
 TEST_F(WindowBindings, EnterTakesTheDefaultButtonOfTheStyle) {
     const auto enter = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); };
     EXPECT_EQ(Answer(292, enter), 7);
