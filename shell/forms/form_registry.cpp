@@ -69,10 +69,6 @@ FormBase& FormNamed(std::string_view name) {
     return EntryOf(Loaders, name)();
 }
 
-bool IsFormKnown(std::string_view name) {
-    return Loaders.contains(name) || GraphOpeners.contains(name);
-}
-
 void ShowGraphForm(std::string_view name, int index, QWidget* owner) {
     EntryOf(GraphOpeners, name)(index, owner);
 }

@@ -10,9 +10,6 @@ namespace tarvokol {
 // The form of that name, loaded if it is not. An unknown name raises "Invalid procedure call or argument".
 FormBase& FormNamed(std::string_view name);
 
-// True for a name that FormNamed or ShowGraphForm knows.
-bool IsFormKnown(std::string_view name);
-
 // Loads the graph form of that name ("frmGraph", "frmGraphS") for the curves in the curve table and shows it
 // modally above `owner`; `index` is the kind of curve.
 void ShowGraphForm(std::string_view name, int index, QWidget* owner);
