@@ -57,7 +57,7 @@ HelpWindow::HelpWindow(const QString& compiled_file)
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({280, 720});
     setCentralWidget(splitter);
-    resize(1000, 700);
+    resize(1120, 760);
     BuildToolbar();
     Connect();
 }

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QStorageInfo>
+#include <QTimer>
 #include <algorithm>
 
 #include "platform/qt/qt_text.h"
@@ -102,6 +103,8 @@ void DriveList::SetDrive(const std::string& path) {
 FolderList::FolderList(QWidget* parent) : QTreeView(parent), folder_(FullName(".")) {
     model_.setOption(QFileSystemModel::DontUseCustomDirectoryIcons);
     model_.setFilter(QDir::Dirs | QDir::Drives | QDir::NoDotAndDotDot);
+    // The model sorts below its root only, and folders above the current one are seen too.
+    model_.setRootPath(QString());
     setModel(&model_);
     setHeaderHidden(true);
     for (int column = 1; column < model_.columnCount(); ++column) hideColumn(column);
@@ -113,7 +116,6 @@ void FolderList::SetFolder(const std::string& path) {
     const std::string folder = ListableFolder(path);
     const bool changed = folder != folder_;
     folder_ = folder;
-    model_.setRootPath(ToQt(folder));
     {
         // The change is told once, below, and with the name as it was asked for.
         const QSignalBlocker quiet(this);
@@ -133,9 +135,15 @@ void FolderList::currentChanged(const QModelIndex& current, const QModelIndex& p
     emit FolderChanged();
 }
 
-// Folders above the current one are listed after it was shown, which moves it.
+// Folders above the current one are listed after it was shown, and sorted after that; both moves it.
 void FolderList::KeepInView(const QString& loaded) {
-    if (currentIndex().isValid() && LiesIn(folder_, FromQt(loaded))) scrollTo(currentIndex());
+    if (!LiesIn(folder_, FromQt(loaded))) return;
+    ScrollToCurrent();
+    QTimer::singleShot(0, this, &FolderList::ScrollToCurrent);
+}
+
+void FolderList::ScrollToCurrent() {
+    if (currentIndex().isValid()) scrollTo(currentIndex());
 }
 
 void FolderList::keyPressEvent(QKeyEvent* event) {

@@ -52,6 +52,7 @@ class FolderList : public QTreeView {
 
   private:
     void KeepInView(const QString& loaded);
+    void ScrollToCurrent();
 
     QFileSystemModel model_;
     std::string folder_;

@@ -55,6 +55,22 @@ TEST_F(SelectPath, StartsOnTheChosenPath) {
     EXPECT_EQ(Dir(form).currentIndex().data().toString(), "current");
 }
 
+TEST_F(SelectPath, TheFoldersBesideTheCurrentOneStandInOrder) {
+    ChosenPath = PathTo("temp") + "/";
+    frmPath& form = Open();
+    const auto siblings = [&form] {
+        const QModelIndex parent = Dir(form).currentIndex().parent();
+        std::vector<std::string> names;
+        for (int row = 0; row < Dir(form).model()->rowCount(parent); ++row)
+            names.push_back(FromQt(Dir(form).model()->index(row, 0, parent).data().toString()));
+        return names;
+    };
+    EXPECT_TRUE(WaitUntil([&] {
+        return siblings() == std::vector<std::string>{"current", "home", "program", "temp"};
+    })) << ::testing::PrintToString(siblings());
+    EXPECT_EQ(Dir(form).Folder(), PathTo("temp"));
+}
+
 TEST_F(SelectPath, TheOptionsGoToTheirFolders) {
     frmPath& form = Open();
     Click(form, "Option1_0");

@@ -1,6 +1,9 @@
 // Loads the real forms with an example project, offscreen, and keeps a picture of each:
 //
 //     make_pictures PROJECT.TKL FOLDER [dark]
+//
+// The dialogs that list folders are taken only where the folder kDocuments exists: the script that runs this program
+// makes one that nobody else sees, so that no picture shows the machine it was made on.
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -38,7 +41,10 @@
 namespace tarvokol {
 namespace {
 
+constexpr const char* kDocuments = "/home/engineer/Documents";
+
 QString Target;
+std::string ProgramDir;
 int Missing = 0;
 
 void Keep(QWidget& form, const QString& name) {
@@ -104,6 +110,12 @@ void KeepModal(const QString& name, const std::function<void()>& opener,
     QApplication::processEvents();
 }
 
+void KeepFolderLists() {
+    if (!QDir(kDocuments).exists()) return;
+    KeepForm("frmPath");
+    KeepForm("frmTextBrow");
+}
+
 void KeepGraph(const QString& name, int index, const QString& options) {
     KeepModal(
         name, [&] { ShowGraphForm(FromQt(name), index, nullptr); },
@@ -119,6 +131,8 @@ void UseDarkPalette() {
     dark.setColor(QPalette::Text, Qt::white);
     dark.setColor(QPalette::WindowText, Qt::white);
     dark.setColor(QPalette::ButtonText, Qt::white);
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        dark.setColor(QPalette::Disabled, role, QColor(130, 130, 130));
     dark.setColor(QPalette::Link, QColor(110, 170, 255));
     QApplication::setPalette(dark);
 }
@@ -137,7 +151,7 @@ void OpenProject(const QString& project) {
     // The pictures show no folder of the machine that they are made on.
     ProjectFileName = FileNameOf(ProjectFileName, 0);
     UpdateMainCaption();
-    DataPath = "/home/engineer/Documents/MyOLTEK/";
+    DataPath = std::string(kDocuments) + "/MyOLTEK/";
     Platform.MainWindow->SetHistoryText("");
     HistorySequence = 0;
     LogMessage("Opening: " + ProjectFileName);
@@ -159,6 +173,7 @@ void KeepForms() {
           "frmConvert", "frmResource", "frmDisclaimer", "frmUpdate"}) {
         KeepForm(name);
     }
+    KeepFolderLists();
     ComputeStabilityCurves(1);
     KeepGraph("frmGraph", 1, "frmGraphOpt");
     ComputeSizingCurve(0);
@@ -167,7 +182,7 @@ void KeepForms() {
 
 void KeepHelp() {
     QtHelpViewer viewer;
-    viewer.ShowTopic(TARVOKOL_PROGRAM_DIR "/TARVOKOL.CHM", "frmTARVOParm.htm");
+    viewer.ShowTopic(ProgramDir + "/TARVOKOL.CHM", "frmTARVOParm.htm");
     QTest::qWait(1500);  // the contents are read in the background
     Keep(*viewer.Window(), "helpWindow");
 }
@@ -193,8 +208,9 @@ int main(int argc, char** argv) {
     Platform.Fonts = &fonts;
     Platform.MainWindow = &main_window;
     QTemporaryDir documents;
-    host.Folders.Program = TARVOKOL_PROGRAM_DIR "/tarvokol";
-    host.Folders.DocumentsFolder = FromQt(documents.path());
+    ProgramDir = FromQt(QDir::cleanPath(QApplication::applicationDirPath() + "/../../bin"));
+    host.Folders.Program = ProgramDir + "/tarvokol";
+    host.Folders.DocumentsFolder = QDir(kDocuments).exists() ? kDocuments : FromQt(documents.path());
     Target = QDir(QString::fromLocal8Bit(argv[2])).absolutePath();
     QDir().mkpath(Target);
     LeaveOutOnError("forms", [&] {
