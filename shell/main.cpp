@@ -6,7 +6,6 @@
 #include "platform/qt/desktop_document_types.h"
 #include "platform/qt/desktop_shell.h"
 #include "platform/qt/program_application.h"
-#include "platform/qt/program_style.h"
 #include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_common_dialogs.h"
 #include "platform/qt/qt_help_viewer.h"
@@ -81,7 +80,6 @@ void StartProgram(const std::string& command_line) {
 
 int main(int argc, char** argv) {
     using namespace tarvokol;
-    QApplication::setStyle(new ProgramStyle);
     ProgramApplication application(argc, argv);
     QApplication::setApplicationName("tarvokol");
     QApplication::setQuitOnLastWindowClosed(false);

@@ -10,6 +10,7 @@
 #include "messages/titles.h"
 #include "platform/message_box.h"
 #include "platform/platform.h"
+#include "platform/qt/program_style.h"
 #include "runtime/text.h"
 
 namespace tarvokol {
@@ -43,6 +44,12 @@ bool BelongsToDisabledWindow(const QObject* receiver) {
 }
 
 }  // namespace
+
+// The desktop's style is known only once the application object is there; before, the toolkit would take its
+// oldest one for it.
+ProgramApplication::ProgramApplication(int& argc, char** argv) : QApplication(argc, argv) {
+    setStyle(new ProgramStyle);
+}
 
 bool ProgramApplication::notify(QObject* receiver, QEvent* event) {
     if (event->type() == QEvent::Shortcut && BelongsToDisabledWindow(receiver)) return true;

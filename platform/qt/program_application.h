@@ -15,7 +15,7 @@ class ProgramApplication : public QApplication {
   public:
     using ErrorSink = std::function<void(const RunTimeError&)>;
 
-    ProgramApplication(int& argc, char** argv) : QApplication(argc, argv) {}
+    ProgramApplication(int& argc, char** argv);
 
     bool notify(QObject* receiver, QEvent* event) override;
 

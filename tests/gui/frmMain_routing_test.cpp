@@ -143,6 +143,27 @@ TEST_F(EveryEntry, IsEitherAFormOrAWork) {
     EXPECT_EQ(present, proven);
 }
 
+class Calculation : public MainWindowTest {};
+
+// Results are no part of the project.
+TEST_F(Calculation, MarksNothing) {
+    frmMain& form = Start();
+    EnterProject();
+    for (const uint8_t saved : {255, 0}) {
+        ProjectSaved = saved;
+        UnitsLocked = saved;
+        ASSERT_TRUE(Choose(form, "mnuCalcItem_0"));
+        ASSERT_NE(FindForm("frmResTxtPlt"), nullptr);
+        EXPECT_TRUE(FindForm("frmResTxtPlt")->Unload());
+        EXPECT_EQ(ProjectSaved, saved);
+        EXPECT_EQ(ProjectEmpty, 0);
+        EXPECT_EQ(UnitsLocked, saved);
+        EXPECT_EQ(form.windowTitle(), "TARVO-KOL");
+    }
+    EXPECT_TRUE(Messages().empty());
+    ProjectSaved = 255;
+}
+
 class StartForms : public MainWindowTest {};
 
 TEST_F(StartForms, TheDisclaimerComesWhileTheWindowLoads) {

@@ -1,5 +1,6 @@
 #include "platform/qt/program_application.h"
 
+#include "platform/qt/program_style.h"
 #include "tests/support/gui_fixture.h"
 
 namespace tarvokol {
@@ -9,6 +10,12 @@ class ProgramApplicationTest : public GuiTest {};
 
 TEST_F(ProgramApplicationTest, TellsNumberAndTextOfAnUnhandledError) {
     EXPECT_EQ(UnhandledErrorMessage(RunTimeError(53)), "Run-time error '53':\r\n\r\nFile not found");
+}
+
+TEST_F(ProgramApplicationTest, LooksAsTheDesktopWantsIt) {
+    auto* style = qobject_cast<ProgramStyle*>(QApplication::style());
+    ASSERT_NE(style, nullptr);
+    EXPECT_EQ(style->baseStyle()->name(), "fusion");
 }
 
 TEST_F(ProgramApplicationTest, WorkOutsideTheEventLoopFollowsTheSameRule) {
