@@ -24,13 +24,13 @@ void AddSettings(CLI::App& command, Options& options) {
         ->check(CLI::ExistingFile)
         ->type_name("FILE.INI");
     command.add_flag("--json", options.json, "Print JSON Lines, one object a FILE");
+    command.add_flag("--quiet", options.quiet, "No progress line");
 }
 
 void AddFiles(CLI::App& command, Options& options, const std::string& output_help) {
     AddSettings(command, options);
     command.add_option("-o", options.output, output_help)->type_name("PATH");
     command.add_flag("--force", options.force, "Replace existing files");
-    command.add_flag("--quiet", options.quiet, "No progress line");
     command.add_option("FILE", options.files, "Projects; `-` alone reads their paths from standard input")
         ->required()
         ->type_name("");
@@ -90,7 +90,7 @@ void AddUnitsCommand(CLI::App& app, Options& options, Command& chosen) {
     static std::string unit;
     static std::string value;
     auto* units = app.add_subcommand("units", "The unit calculator");
-    units->add_flag("--json", options.json, "Print one JSON object");
+    AddSettings(*units, options);
     units->add_option("QUANTITY", quantity, "length, load, load-grad, stress or stress-grad")
         ->required()
         ->check(CLI::IsMember({"length", "load", "load-grad", "stress", "stress-grad"}))
@@ -101,16 +101,14 @@ void AddUnitsCommand(CLI::App& app, Options& options, Command& chosen) {
 }
 
 void AddSettingsCommand(CLI::App& app, Options& options, Command& chosen) {
-    static std::string ini_path;
     auto* settings = app.add_subcommand("settings", "The effective settings after reading");
-    settings->add_flag("--json", options.json, "Print one JSON object");
-    settings->add_option("--settings", ini_path, "Configuration file to read")
-        ->check(CLI::ExistingFile)
-        ->type_name("FILE.INI");
-    settings->add_option("FILE.INI", ini_path, "Configuration file to read (default: the built-in values)")
+    AddSettings(*settings, options);
+    settings
+        ->add_option("FILE.INI", options.settings,
+                     "Configuration file to read (default: the built-in values)")
         ->check(CLI::ExistingFile)
         ->type_name("");
-    settings->callback([&] { chosen = [&] { return RunSettings(options.json, ini_path); }; });
+    settings->callback([&] { chosen = [&] { return RunSettings(options.json, options.settings); }; });
 }
 
 // A negative number that is an argument by itself is a VALUE, no option: it goes to the end, behind "--".

@@ -1,0 +1,158 @@
+// Runs over many FILEs: one answer each, in order, each from a fresh program; what is said and where.
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "tests/cli/cli_runner.h"
+
+namespace tarvokol {
+namespace {
+
+using nlohmann::json;
+
+class Bulk : public CliTest {
+  protected:
+    // What the command writes on standard error if that is a terminal; standard output goes nowhere.
+    std::string ErrorsOnATerminal(const std::string& arguments) const {
+        const std::string command =
+            "cd '" + Folder.string() + "' && exec '" TARVOKOL_CLI "' " + arguments + " > /dev/null";
+        int terminal = -1;
+        const pid_t child = ::forkpty(&terminal, nullptr, nullptr, nullptr);
+        if (child == 0) {
+            ::execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
+            ::_exit(127);
+        }
+        std::string said;
+        char bytes[256];
+        for (ssize_t count = 0; (count = ::read(terminal, bytes, sizeof bytes)) > 0;)
+            said.append(bytes, static_cast<std::size_t>(count));
+        ::close(terminal);
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        return said;
+    }
+};
+
+TEST_F(Bulk, KeysStandInTheirOrder) {
+    Project("a.TKL");
+    ProjectText foreign;
+    foreign.magic = "OTHER";
+    Project("b.TKL", foreign);
+    WriteBytes(PathTo("c.TKL"), "TARVOKOL_101\r\n 0 \r\n");
+    const CliAnswer answer = Run({"results", "--json", "a.TKL", "b.TKL", "c.TKL"});
+    EXPECT_EQ(answer.status, 1);
+    EXPECT_EQ(answer.err, "");
+    const std::string a =
+        R"({"file":"a.TKL","ok":true,"messages":[],"project":{"UnitSystem":0,"ProjectTitle":"Ridge Panel 4",)"
+        R"("ProjectDescription":"Upper seam, north highwall.\r\n","Height":10,"DepthCover":100,"HoleWidth":10,)"
+        R"("CrosscutSpacing":1000000,"CrosscutAngle":90,"WebThickness":10,"BarrierPillarWidth":20,)"
+        R"("NumberHoles":5,"CoalStrength":900,"UnitWeight":162,"AbutmentAngle":21,"SFWeb":1.600000023841858,)"
+        R"("SFBarrier":2,"SpareSingle":0},"StabilityFactor":[)";
+    EXPECT_EQ(answer.out.substr(0, a.size()), a);
+    EXPECT_THAT(answer.out, testing::EndsWith(
+                                "\n{\"file\":\"b.TKL\",\"ok\":false,\"messages\":[\"Invalid file format\"]}\n"
+                                "{\"file\":\"c.TKL\",\"ok\":false,\"messages\":[],"
+                                "\"error\":{\"number\":62,\"text\":\"Input past end of file\"}}\n"));
+}
+
+TEST_F(Bulk, WordsForPeopleGoToStandardErrorUnderTheFilesName) {
+    ProjectText flat;
+    flat.height = "0";
+    Project("flat.TKL", flat);
+    const CliAnswer answer = Run({"results", "flat.TKL", "none.TKL"});
+    EXPECT_EQ(answer.status, 1);
+    EXPECT_EQ(answer.out, "");
+    EXPECT_EQ(answer.err, "flat.TKL: Invalid entry height\nnone.TKL: File not found\n");
+}
+
+TEST_F(Bulk, ManyFilesOfAListAreAnsweredInOrder) {
+    Project("good.TKL");
+    std::string list;
+    for (int i = 0; i < 3000; ++i) list += i % 3 == 0 ? "good.TKL\n" : "none" + std::to_string(i) + "\r\n";
+    const CliAnswer answer = Run({"size", "--json", "-"}, list);
+    EXPECT_EQ(answer.status, 1);
+    EXPECT_EQ(answer.err, "");
+    const auto objects = answer.Objects();
+    ASSERT_EQ(objects.size(), 3000u);
+    for (std::size_t i = 0; i < objects.size(); ++i) {
+        EXPECT_EQ(objects[i]["file"], i % 3 == 0 ? "good.TKL" : "none" + std::to_string(i));
+        EXPECT_EQ(objects[i]["ok"], i % 3 == 0);
+    }
+}
+
+TEST_F(Bulk, AnEmptyListIsDone) {
+    const CliAnswer answer = Run({"results", "--json", "-"}, "\n\n");
+    EXPECT_EQ(answer.status, 0);
+    EXPECT_EQ(answer.out + answer.err, "");
+}
+
+// A file of 12 bytes and more has its magic, unless a CR without its LF stands behind it; only the last three
+// cuts leave the last number whole.
+TEST_F(Bulk, AProjectCutAtAnyByteFailsCleanlyAndIsNotTouched) {
+    const std::string bytes = ProjectText().Bytes();
+    std::string list;
+    for (std::size_t length = 0; length <= bytes.size(); ++length) {
+        WriteBytes(PathTo(std::to_string(length)), bytes.substr(0, length));
+        list += std::to_string(length) + "\n";
+    }
+    const auto objects = Run({"results", "--json", "-"}, list).Objects();
+    ASSERT_EQ(objects.size(), bytes.size() + 1);
+    for (std::size_t length = 0; length <= bytes.size(); ++length) {
+        SCOPED_TRACE(length);
+        const json& object = objects[length];
+        const bool foreign = (length > 0 && length < 12) || length == 13;
+        const bool whole = length + 2 >= bytes.size();
+        EXPECT_EQ(object["ok"], whole);
+        EXPECT_EQ(object["messages"], foreign ? json{"Invalid file format"} : json::array());
+        EXPECT_EQ(object.value("error", json{{"number", 0}})["number"], foreign || whole ? 0 : 62);
+        EXPECT_EQ(ReadBytes(PathTo(std::to_string(length))), bytes.substr(0, length));
+    }
+}
+
+TEST_F(Bulk, ADescriptionLosesItsCommasBySavesUntilNoneIsLeft) {
+    ProjectText project;
+    project.description = {"First, with a comma", "second \"quoted\", line", "", "x, \"y, z\"", "  four  "};
+    Project("a.TKL", project);
+    EXPECT_EQ(Run({"save", "-o", "b.TKL", "a.TKL"}).status, 0);
+    EXPECT_EQ(Run({"save", "-o", "c.TKL", "b.TKL"}).status, 0);
+    ProjectText kept = project;
+    kept.description = {"First, with a comma", "second \"quoted\"", "line", "x", "y, z", "four"};
+    EXPECT_EQ(ReadBytes(PathTo("b.TKL")), kept.Bytes());
+    kept.description = {"First, with a comma", "second \"quoted\"", "line", "x", "y", "z", "four"};
+    EXPECT_EQ(ReadBytes(PathTo("c.TKL")), kept.Bytes());
+    EXPECT_EQ(Run({"save", "-o", "d.TKL", "c.TKL"}).status, 0);
+    EXPECT_EQ(ReadBytes(PathTo("d.TKL")), kept.Bytes());
+}
+
+TEST_F(Bulk, OnlyATerminalGetsAProgressLine) {
+    Project("a.TKL");
+    EXPECT_EQ(ErrorsOnATerminal("size a.TKL a.TKL a.TKL"), "\r3/3\r\n");
+    EXPECT_EQ(ErrorsOnATerminal("size --quiet a.TKL a.TKL a.TKL"), "");
+    EXPECT_EQ(ErrorsOnATerminal("size a.TKL"), "");
+    EXPECT_EQ(Run({"size", "a.TKL", "a.TKL", "a.TKL"}).err, "");
+}
+
+TEST_F(Bulk, EveryCommandTakesTheCommonOptions) {
+    Project("a.TKL");
+    WriteBytes(PathTo("s.ini"), "[Settings]\r\nDefaultUnits=1\r\n");
+    EXPECT_EQ(Run({"units", "--settings", "s.ini", "--quiet", "--json", "length", "ft", "1"}).status, 0);
+    EXPECT_EQ(
+        Run({"settings", "--settings", "s.ini", "--quiet", "--json"}).Object()["Settings"]["DefaultUnits"],
+        1);
+    for (const std::vector<std::string>& command : std::vector<std::vector<std::string>>{
+             {"results"}, {"size"}, {"curve", "web"}, {"plan"}, {"convert", "--to", "metric"}, {"save"}}) {
+        SCOPED_TRACE(command.front());
+        std::vector<std::string> words = command;
+        const std::string output = command.front() + (command.front() == "save" ? ".TKL" : ".json");
+        for (const std::string word : {"--settings", "s.ini", "--quiet", "--json", "--force", "-o"})
+            words.push_back(word);
+        words.insert(words.end(), {output, "--", "a.TKL"});
+        const CliAnswer answer = Run(words);
+        EXPECT_EQ(answer.status, 0) << answer.err;
+        EXPECT_EQ(answer.Object()["ok"], true);
+        EXPECT_NE(ReadBytes(PathTo(output)), "");
+    }
+}
+
+}  // namespace
+}  // namespace tarvokol
