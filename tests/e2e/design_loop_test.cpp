@@ -1,0 +1,190 @@
+// A user's ways through the program, in a real window.
+#include <set>
+
+#include <gmock/gmock.h>
+
+#include "tests/e2e/desktop.h"
+
+namespace tarvokol {
+namespace {
+
+using ::testing::HasSubstr;
+
+const std::string kDisclaimer = "Disclaimer for TARVOKOL";
+const std::string kReminder = "Program Update for TARVOKOL";
+const std::string kMain = "TARVO-KOL";
+const std::string kParameters = "Parameters";
+const std::string kResults = "Calculation Results";
+
+// A project file of these height and title; the rest is the same.
+std::string Project(const std::string& height) {
+    return "TARVOKOL_101\r\n 0 \r\nRidge Panel 4\r\n##StartDesc##\r\nUpper seam.\r\n##EndDesc##\r\n" +
+           height +
+           "\r\n100\r\n10\r\n10\r\n20\r\n 5 \r\n90\r\n1000000\r\n900\r\n162\r\n21\r\n1.6\r\n2\r\n0\r\n";
+}
+
+std::set<std::string> ProjectsIn(const std::filesystem::path& folder) {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        if (entry.path().extension() == ".TKL") names.insert(entry.path().filename().string());
+    return names;
+}
+
+class DesignLoop : public DesktopTest {
+  protected:
+    // Starts with a project open, the dialog off; its caption holds the path.
+    void StartWithProject() {
+        WriteSettings("DisplayHistoryWin=1\r\nKeepFileNames=1\r\n",
+                      "ShowInputScreenOnLoad=0\r\nViewChildWindow=1\r\n");
+        WriteBytes(ProjectPath(), Project("10"));
+        Start({ProjectPath()});
+        ExpectWindow(Caption());
+    }
+    std::string ProjectPath() const { return PathTo("panel.TKL"); }
+    std::string Caption() const { return kMain + ": " + ProjectPath(); }
+
+    void ChangeHeight(const std::string& height) {
+        Press("ctrl+e");
+        ExpectWindow(kParameters);
+        Press("ctrl+a");
+        Type(height);
+        Press("Return");
+        ExpectWindow(Caption());
+    }
+
+    void ShowResults() {
+        Press("alt+o Return");
+        ExpectWindow(kResults);
+    }
+
+    void ExpectClipboardHolds(const std::string& text) {
+        EXPECT_TRUE(Eventually([&] { return ClipboardText().find(text) != std::string::npos; }))
+            << ClipboardText();
+    }
+
+    void ExpectFile(const std::string& path, const std::string& bytes) {
+        EXPECT_TRUE(Eventually([&] { return std::filesystem::exists(path) && ReadBytes(path) == bytes; }))
+            << (std::filesystem::exists(path) ? ReadBytes(path) : "missing: " + path);
+    }
+};
+
+TEST_F(DesignLoop, TheFirstStartMakesTheSettingsAndExamplesAndTheSecondIsSilent) {
+    Start();
+    ExpectWindow(kDisclaimer);
+    EXPECT_THAT(ReadBytes(DataFile("TARVOKOL.INI")), HasSubstr("[Version]\r\nINIFileVersion=050924\r\n"));
+    Press("Tab Tab space Return");
+    ExpectWindow(kReminder);
+    Press("Tab Tab space Return");
+    ExpectWindow(kMain);
+    const std::string settings = ReadBytes(DataFile("TARVOKOL.INI"));
+    EXPECT_THAT(settings, HasSubstr("\r\nShowDisclaim=0\r\n"));
+    EXPECT_THAT(settings, HasSubstr("\r\nRemindAnnualUpdates=0\r\n"));
+    EXPECT_THAT(settings, HasSubstr("\r\nMaxDisplaySize=2048\r\n"));
+    EXPECT_EQ(ProjectsIn(Folder / "Documents/MyOLTEK"), ProjectsIn(TARVOKOL_EXAMPLES));
+    Press("alt+f x");
+    EXPECT_EQ(Program.ExitStatus(), 0);
+
+    Start();
+    ExpectWindow(kMain);
+    EXPECT_EQ(OutputOf("xdotool search --onlyvisible --name 'for TARVOKOL' 2>/dev/null"), "");
+    Press("alt+f x");
+    EXPECT_EQ(Program.ExitStatus(), 0);
+}
+
+TEST_F(DesignLoop, EditsCalculatesCopiesAndSavesUnderANewName) {
+    StartWithProject();
+    ChangeHeight("7.5");
+    ShowResults();
+    Press("alt+c");
+    ExpectClipboardHolds("Webs ONLY");
+    Press("alt+r alt+c");
+    ExpectClipboardHolds("Upper seam.");
+    Press("Escape");
+    ExpectWindow(Caption());
+
+    Press("alt+f a");
+    ExpectWindowBeside(Caption());
+    Press("ctrl+a");
+    Type(PathTo("deeper.TKL"));
+    Press("Return");
+    ExpectFile(PathTo("deeper.TKL"), Project("7.5"));
+    ExpectWindow(kMain + ": " + PathTo("deeper.TKL"));
+    EXPECT_EQ(ReadBytes(ProjectPath()), Project("10"));
+    Press("alt+f x");
+    EXPECT_EQ(Program.ExitStatus(), 0);
+    EXPECT_THAT(ReadBytes(DataFile("TARVOKOL.INI")),
+                HasSubstr("LastFileLong1=" + PathTo("deeper.TKL") + "\r\n"));
+}
+
+TEST_F(DesignLoop, CopiesThePlanAsAPicture) {
+    StartWithProject();
+    ShowResults();
+    Press("alt+v");
+    ExpectWindow("View Plan");
+    Press("ctrl+c");
+    EXPECT_TRUE(Eventually([] {
+        return OutputOf("timeout 5 xclip -selection clipboard -o -t TARGETS 2>/dev/null").find("image/png") !=
+               std::string::npos;
+    }));
+    EXPECT_EQ(OutputOf("timeout 5 xclip -selection clipboard -o -t image/png").substr(0, 8),
+              "\x89PNG\r\n\x1a\n");
+    Press("alt+f x");
+    ExpectWindow(kResults);
+    Press("Escape");
+    ExpectWindow(Caption());
+}
+
+TEST_F(DesignLoop, ExitWithUnsavedWorkCanBeCancelledAndThenSaves) {
+    StartWithProject();
+    ChangeHeight("8.25");
+    Press("alt+f x");
+    ExpectWindowBeside(Caption());
+    Press("Escape");
+    ExpectWindow(Caption());
+    EXPECT_TRUE(Program.IsRunning());
+    EXPECT_EQ(ReadBytes(ProjectPath()), Project("10"));
+    Press("alt+f x");
+    ExpectWindowBeside(Caption());
+    Press("alt+y");
+    EXPECT_EQ(Program.ExitStatus(), 0);
+    EXPECT_EQ(ReadBytes(ProjectPath()), Project("8.25"));
+}
+
+TEST_F(DesignLoop, ExitWithoutSavingLeavesTheFileAlone) {
+    StartWithProject();
+    ChangeHeight("8.25");
+    Press("alt+f x");
+    ExpectWindowBeside(Caption());
+    Press("alt+n");
+    EXPECT_EQ(Program.ExitStatus(), 0);
+    EXPECT_EQ(ReadBytes(ProjectPath()), Project("10"));
+}
+
+TEST_F(DesignLoop, PreviewOfAnEmptyProjectAsksFirst) {
+    WriteSettings("DisplayHistoryWin=1\r\n", "ShowInputScreenOnLoad=0\r\n");
+    Start();
+    ExpectWindow(kMain);
+    Press("alt+f v Return");  // two entries have the letter
+    ExpectWindowBeside(kMain);
+    Press("alt+n");
+    ExpectWindow(kMain);
+    Press("alt+u p");
+    ExpectClipboardHolds("Current file is empty. Continue?");
+    Press("alt+f v Return");  // two entries have the letter
+    ExpectWindowBeside(kMain);
+    Press("alt+y");
+    ExpectWindow("Print Preview");
+}
+
+TEST_F(DesignLoop, AMissingFileOnTheCommandLineEndsTheProgram) {
+    WriteSettings();
+    Start({PathTo("none.TKL")});
+    ExpectWindow("Tarvo Panel Stability Evaluation - KOL");
+    EXPECT_TRUE(Program.IsRunning());
+    Press("Return");
+    EXPECT_EQ(Program.ExitStatus(), 1);
+    EXPECT_THAT(Program.ErrorOutput(), HasSubstr("Run-time error '53':\r\n\r\nFile not found"));
+}
+
+}  // namespace
+}  // namespace tarvokol
