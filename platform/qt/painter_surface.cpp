@@ -208,10 +208,14 @@ void PainterSurface::PrintLine(const QFont& font, double escapement_degrees, con
     const QPointF origin = ToPixels(x_, y_);
     const QTransform turn = QTransform::fromTranslate(origin.x(), origin.y()).rotate(-escapement_degrees);
     const PlacedText placed{font, turn, baseline, ToQt(text)};
-    if (!turn.mapRect(StripOf(font, placed.baseline, placed.text)).intersects(QRectF({0, 0}, size_))) return;
+    if (!placed.StripOnSheet().intersects(QRectF({0, 0}, size_))) return;
     if (std::find(texts_.begin(), texts_.end(), placed) != texts_.end()) return;
     Painter();
     texts_.push_back(placed);
+}
+
+QRectF PainterSurface::PlacedText::StripOnSheet() const {
+    return turn.mapRect(StripOf(font, baseline, text));
 }
 
 int PainterSurface::TextClashes() const {
@@ -219,7 +223,7 @@ int PainterSurface::TextClashes() const {
     std::vector<QRectF> strips;
     int clashes = 0;
     for (const PlacedText& text : texts_) {
-        const QRectF strip = text.turn.mapRect(StripOf(text.font, text.baseline, text.text));
+        const QRectF strip = text.StripOnSheet();
         if (!sheet.contains(strip)) ++clashes;
         for (const QRectF& other : strips)
             if (strip.intersects(other)) ++clashes;
@@ -228,7 +232,25 @@ int PainterSurface::TextClashes() const {
     return clashes;
 }
 
+void PainterSurface::MoveClearOfTitle() {
+    for (PlacedText& text : texts_) {
+        if (!text.turn.isRotating()) continue;
+        const QRectF strip = text.StripOnSheet();
+        QRectF clear = strip;
+        clear.moveTop(std::max(strip.top(), 0.0));
+        for (const PlacedText& other : texts_) {
+            if (other.turn.isRotating()) continue;
+            const QRectF level = other.StripOnSheet();
+            if (level.intersects(clear) && level.center().y() < clear.center().y())
+                clear.moveTop(level.bottom());
+        }
+        if (clear.bottom() <= size_.height())
+            text.turn *= QTransform::fromTranslate(0, clear.top() - strip.top());
+    }
+}
+
 void PainterSurface::PutTextsOnTop() {
+    MoveClearOfTitle();
     const QTransform sheet = painter_->transform();
     for (const PlacedText& text : texts_) {
         painter_->setTransform(text.turn * sheet);

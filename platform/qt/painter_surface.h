@@ -60,7 +60,8 @@ class PainterSurface : public DrawingSurface {
     void Print(const std::string& text) override;
 
     // The lower edge of the line of writing runs through the current point, so that labels stand clear of the
-    // edge that they begin at.
+    // edge that they begin at. One that would run through the title or beyond the sheet's upper edge is moved
+    // down until all of it can be read: a figure that lacks its last digits is a wrong one.
     void PrintTurned(const TurnedFont& font, const std::string& text) override;
     double FontSize() const override { return font_size_; }
 
@@ -72,6 +73,7 @@ class PainterSurface : public DrawingSurface {
     double PenWidth() const;
     void PrintLine(const QFont& font, double escapement_degrees, const QPointF& baseline,
                    const std::string& text);
+    void MoveClearOfTitle();
     void PutTextsOnTop();
 
     void SetPaper(const QSizeF& size, double units_per_pixel);
@@ -98,6 +100,7 @@ class PainterSurface : public DrawingSurface {
         QPointF baseline;
         QString text;
         bool operator==(const PlacedText&) const = default;
+        QRectF StripOnSheet() const;
     };
     std::vector<PlacedText> texts_;
 };

@@ -247,6 +247,40 @@ TEST_F(PlanExport, WritesAPngAtTwiceTheSheet) {
     EXPECT_FALSE(InkOf(image).isEmpty());
 }
 
+// The ink of one turned text, and of a title if there is one, on a sheet of 200 by 200.
+QImage TurnedOnSheet(double y, const std::string& title) {
+    QImage image = Sheet({200, 200});
+    PainterSurface surface(image, {200, 200});
+    surface.SetScale(200, 200);
+    surface.Cls();
+    surface.SetCurrentPoint(100, y);
+    surface.PrintTurned({"Arial", 12, 900}, "44641049542");
+    surface.SetCurrentPoint(10, 200);
+    if (!title.empty()) surface.Print(title);
+    surface.Finish();
+    return image;
+}
+
+TEST_F(PlanSurface, ATurnedFigureAtTheUpperEdgeKeepsAllItsDigits) {
+    const QRect whole = InkOf(TurnedOnSheet(50, ""));
+    ASSERT_GT(whole.height(), 60);  // eleven digits of 12 pixels
+    const QRect moved = InkOf(TurnedOnSheet(170, ""));
+    EXPECT_NEAR(moved.height(), whole.height(), 1);
+    EXPECT_EQ(moved.left(), whole.left());
+    EXPECT_LE(moved.top(), 2);
+}
+
+TEST_F(PlanSurface, ATurnedFigureKeepsClearOfTheTitle) {
+    const std::string title = "A title that is long enough to cross";
+    const QImage alone = TurnedOnSheet(20, title);
+    const QImage both = TurnedOnSheet(170, title);
+    const QRect band = InkOf(TurnedOnSheet(-500, title));
+    ASSERT_GT(band.right(), 120);
+    EXPECT_EQ(both.copy(band), alone.copy(band));
+    const QRect below(0, band.bottom() + 1, 200, 199 - band.bottom());
+    EXPECT_NEAR(InkOf(both.copy(below)).height(), InkOf(TurnedOnSheet(50, "")).height(), 1);
+}
+
 TEST_F(PlanSurface, CountsTextsThatCoverOneAnotherOrAreCut) {
     QImage image = Sheet({200, 100});
     PainterSurface surface(image, {200, 100});
