@@ -160,7 +160,6 @@ FileList::FileList(QWidget* parent) : QListView(parent), folder_(FullName(".")) 
     model_.setFilter(QDir::Files);
     model_.setNameFilterDisables(false);
     setModel(&model_);
-    setRootIndex(model_.setRootPath(ToQt(folder_)));
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     connect(this, &QListView::doubleClicked, this, &FileList::OpenSelected);
 }
@@ -169,6 +168,13 @@ void FileList::SetFolder(const std::string& path) {
     folder_ = ListableFolder(path);
     clearSelection();
     setRootIndex(model_.setRootPath(ToQt(folder_)));
+}
+
+// A list that nobody has given a folder shows the current one. Not earlier: that may hold thousands of files,
+// and the form's load goes elsewhere.
+void FileList::showEvent(QShowEvent* event) {
+    if (!rootIndex().isValid()) setRootIndex(model_.setRootPath(ToQt(folder_)));
+    QListView::showEvent(event);
 }
 
 void FileList::SetPattern(const std::string& pattern) {

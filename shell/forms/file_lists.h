@@ -87,6 +87,7 @@ class FileList : public QListView {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
   private:
     void OpenSelected();
