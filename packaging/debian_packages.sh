@@ -4,7 +4,7 @@ BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-tools-d
     qt6-documentation-tools qt6-svg-dev libqt6sql6-sqlite libqcustomplot-dev libxlsxwriter-dev zlib1g-dev
     libcli11-dev nlohmann-json3-dev"
 RUN_PACKAGES="fonts-liberation fonts-dejavu-core"
-TEST_PACKAGES="libgtest-dev libgmock-dev libbenchmark-dev clang-14 libclang-rt-14-dev xvfb xauth openbox xdotool xclip
+TEST_PACKAGES="libgtest-dev libgmock-dev libbenchmark-dev clang-14 libclang-rt-14-dev libx11-dev xvfb xauth openbox xdotool xclip
     poppler-utils imagemagick"
 
 # Prints those of the packages named that are not installed.
