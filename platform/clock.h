@@ -18,6 +18,9 @@ class Clock {
 
     // The time now as the print header shows it: "3:07:09 PM".
     virtual std::string TimeText() const = 0;
+
+    // Short name of a month, 1 to 12, in the user's language: "Aug".
+    virtual std::string ShortMonthName(int month) const = 0;
 };
 
 }  // namespace tarvokol

@@ -16,6 +16,12 @@ std::tm LocalNow() {
 
 }  // namespace
 
+std::string EnglishShortMonth(int month) {
+    constexpr std::array<const char*, 12> kMonths{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                                  "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+    return kMonths.at(static_cast<std::size_t>(month - 1));
+}
+
 CalendarDate SystemDate() {
     const std::tm now = LocalNow();
     return {now.tm_year + 1900, now.tm_mon + 1, now.tm_mday};

@@ -13,11 +13,15 @@ CalendarDate SystemDate();
 // The local time now: "3:07:09 PM".
 std::string SystemTimeText();
 
-// The system's clock.
+// "Jan" to "Dec".
+std::string EnglishShortMonth(int month);
+
+// The system's clock; it speaks English.
 class SystemClock : public Clock {
   public:
     CalendarDate Today() const override { return SystemDate(); }
     std::string TimeText() const override { return SystemTimeText(); }
+    std::string ShortMonthName(int month) const override { return EnglishShortMonth(month); }
 };
 
 }  // namespace tarvokol

@@ -1,6 +1,5 @@
 #include "settings/update_reminder.h"
 
-#include <array>
 #include <chrono>
 
 #include "platform/platform.h"
@@ -33,9 +32,7 @@ long DaysSinceRelease() {
 }
 
 std::string ShortMonthDate(const CalendarDate& date) {
-    constexpr std::array<const char*, 12> kMonths{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                                  "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-    return PictureText(date.day, "00") + "-" + kMonths.at(static_cast<std::size_t>(date.month - 1)) + "-" +
+    return PictureText(date.day, "00") + "-" + Platform.TheClock->ShortMonthName(date.month) + "-" +
            GeneralText(date.year);
 }
 

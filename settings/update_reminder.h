@@ -20,7 +20,7 @@ long DaysBetween(const CalendarDate& from, const CalendarDate& to);
 // Days from the release to today.
 long DaysSinceRelease();
 
-// A date as "20-Aug-2013".
+// A date as "20-Aug-2013", the month in the user's language.
 std::string ShortMonthDate(const CalendarDate& date);
 std::string ReleaseDateText();
 

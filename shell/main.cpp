@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "platform/platform.h"
+#include "platform/qt/desktop_clock.h"
 #include "platform/qt/desktop_document_types.h"
 #include "platform/qt/desktop_shell.h"
 #include "platform/qt/program_application.h"
@@ -15,7 +16,6 @@
 #include "platform/qt/qt_text.h"
 #include "platform/qt/system_folders.h"
 #include "platform/qt/xlsx_writer.h"
-#include "platform/system_time.h"
 #include "runtime/text.h"
 #include "shell/forms/frmMain.h"
 #include "shell/forms/main_window_binding.h"
@@ -37,7 +37,7 @@ struct DesktopBindings {
     SystemFolders Folders;
     QtScreenFonts Fonts;
     DesktopXlsxWriter Spreadsheet;
-    SystemClock TheClock;
+    DesktopClock TheClock;
 
     void Install() {
         Platform.Messages = &Messages;

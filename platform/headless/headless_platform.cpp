@@ -85,6 +85,10 @@ CalendarDate HeadlessClock::Today() const { return Date ? *Date : SystemDate(); 
 
 std::string HeadlessClock::TimeText() const { return Time.empty() ? SystemTimeText() : Time; }
 
+std::string HeadlessClock::ShortMonthName(int month) const {
+    return MonthName ? *MonthName : EnglishShortMonth(month);
+}
+
 void HeadlessPlatform::Install() {
     Platform.Messages = &Messages;
     Platform.Dialogs = &Dialogs;

@@ -141,9 +141,11 @@ class HeadlessClock : public Clock {
   public:
     CalendarDate Today() const override;
     std::string TimeText() const override;
+    std::string ShortMonthName(int month) const override;
 
     std::optional<CalendarDate> Date;
     std::string Time;
+    std::optional<std::string> MonthName;  // of every month; English names without
 };
 
 // One of each, entered into `Platform` by Install; printer and spreadsheet stay as they are.

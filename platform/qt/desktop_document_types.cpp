@@ -20,11 +20,23 @@ QString EntryName(const DocumentType& type) {
     return BaseName(type) + ".desktop";
 }
 
+// One file an extension: an association made before for another one stays.
+QString PackageName(const DocumentType& type) {
+    QString extension;
+    for (const QChar letter : ToQt(type.extension).toLower())
+        if (letter.isLetterOrNumber()) extension += letter;
+    return BaseName(type) + "-document-" + extension + ".xml";
+}
+
+// The user has asked for this type, so it outweighs others of the same extension (whose weight is 50).
+QString GlobOf(const QString& extension) {
+    return "    <glob weight=\"80\" pattern=\"*." + extension.toHtmlEscaped() + "\"/>\n";
+}
+
 QString MimeText(const DocumentType& type) {
     const QString extension = ToQt(type.extension);
-    QString globs = "    <glob pattern=\"*." + extension.toHtmlEscaped() + "\"/>\n";
-    if (extension.toLower() != extension)
-        globs += "    <glob pattern=\"*." + extension.toLower().toHtmlEscaped() + "\"/>\n";
+    QString globs = GlobOf(extension);
+    if (extension.toLower() != extension) globs += GlobOf(extension.toLower());
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
            "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n"
            "  <mime-type type=\"" +
@@ -95,7 +107,7 @@ void DesktopDocumentTypes::Register(const DocumentType& type) {
     const QDir data(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
     data.mkpath("mime/packages");
     data.mkpath("applications");
-    WriteText(data.filePath("mime/packages/" + BaseName(type) + "-document.xml"), MimeText(type));
+    WriteText(data.filePath("mime/packages/" + PackageName(type)), MimeText(type));
     WriteText(data.filePath("applications/" + EntryName(type)), EntryText(type));
     const QString list = data.filePath("applications/mimeapps.list");
     WriteText(list, WithDefaultProgram(ReadText(list), MimeNameOf(type), EntryName(type)));

@@ -7,6 +7,7 @@
 #include <QPrinter>
 #include <QPushButton>
 
+#include "platform/qt/desktop_clock.h"
 #include "platform/qt/desktop_document_types.h"
 #include "platform/qt/desktop_shell.h"
 #include "platform/qt/message_box_style.h"
@@ -218,13 +219,13 @@ TEST_F(DesktopTest, ATypeIsRegisteredWithPatternCommandAndDefault) {
     DesktopDocumentTypes().Register({"TKL", "tarvokol.Document", "tarvokol Document",
                                      "/opt/x y/tarvokol.EXE \"%1\"", "/opt/x y/tarvokol"});
     const std::string data = PathTo("data home") + "/";
-    EXPECT_EQ(ReadBytes(data + "mime/packages/tarvokol-document.xml"),
+    EXPECT_EQ(ReadBytes(data + "mime/packages/tarvokol-document-tkl.xml"),
               "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
               "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n"
               "  <mime-type type=\"application/x-tarvokol.document\">\n"
               "    <comment>tarvokol Document</comment>\n"
-              "    <glob pattern=\"*.TKL\"/>\n"
-              "    <glob pattern=\"*.tkl\"/>\n"
+              "    <glob weight=\"80\" pattern=\"*.TKL\"/>\n"
+              "    <glob weight=\"80\" pattern=\"*.tkl\"/>\n"
               "  </mime-type>\n"
               "</mime-info>\n");
     EXPECT_EQ(ReadBytes(data + "applications/tarvokol.desktop"),
@@ -234,6 +235,26 @@ TEST_F(DesktopTest, ATypeIsRegisteredWithPatternCommandAndDefault) {
     EXPECT_EQ(ReadBytes(data + "applications/mimeapps.list"),
               "[Default Applications]\napplication/x-tarvokol.document=tarvokol.desktop\n");
     EXPECT_EQ(ReadBytes(PathTo("mime-updated")), data + "mime");
+}
+
+TEST_F(DesktopTest, AnAssociationOfAnotherExtensionStays) {
+    Script("update-mime-database", "true");
+    Script("update-desktop-database", "true");
+    DesktopDocumentTypes types;
+    for (const char* extension : {"TKL", "../X Y", "TKL"})
+        types.Register({extension, "tarvokol.Document", "tarvokol Document", "", "/opt/tarvokol"});
+    const std::string packages = PathTo("data home/mime/packages/");
+    EXPECT_THAT(ReadBytes(packages + "tarvokol-document-tkl.xml"), ::testing::HasSubstr("pattern=\"*.tkl\""));
+    EXPECT_THAT(ReadBytes(packages + "tarvokol-document-xy.xml"),
+                ::testing::HasSubstr("pattern=\"*.../x y\""));
+    EXPECT_EQ(ReadBytes(PathTo("data home/applications/mimeapps.list")),
+              "[Default Applications]\napplication/x-tarvokol.document=tarvokol.desktop\n");
+}
+
+TEST_F(WindowBindings, MonthsAreNamedInTheUsersLanguage) {
+    EXPECT_EQ(DesktopClock(QLocale::c()).ShortMonthName(8), "Aug");
+    EXPECT_EQ(DesktopClock(QLocale(QLocale::French, QLocale::France)).ShortMonthName(8), "ao\xC3\xBBt");
+    EXPECT_EQ(DesktopClock(QLocale(QLocale::Spanish, QLocale::Spain)).ShortMonthName(1), "ene");
 }
 
 TEST_F(WindowBindings, OtherDefaultsOfTheUserStay) {

@@ -1,0 +1,11 @@
+#include "platform/qt/desktop_clock.h"
+
+#include "platform/qt/qt_text.h"
+
+namespace tarvokol {
+
+std::string DesktopClock::ShortMonthName(int month) const {
+    return FromQt(locale_.monthName(month, QLocale::ShortFormat));
+}
+
+}  // namespace tarvokol
