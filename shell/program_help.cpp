@@ -1,11 +1,13 @@
 #include "shell/program_help.h"
 
+#include "messages/command_guard.h"
 #include "messages/notify.h"
 #include "messages/titles.h"
 #include "platform/help_viewer.h"
 #include "platform/message_box.h"
 #include "platform/platform.h"
 #include "platform/shell.h"
+#include "project/project_state.h"
 #include "runtime/file_system.h"
 #include "runtime/run_time_error.h"
 #include "settings/folders.h"
@@ -62,11 +64,14 @@ void ShowHelpTopic(int index, const std::string& topic) {
 }
 
 void OpenPdfManual() {
-    const std::string path = ManualPath();
-    if (!FileExists(path))
-        Notify("Help file (" + PdfHelpName + ") not available", box_style::Plain);
-    else if (!OpenDocument(path))
-        Notify(kFailed, box_style::Plain);
+    CommandGuard guard(DialogCancelled);
+    guard([] {
+        const std::string path = ManualPath();
+        if (!FileExists(path))
+            Notify("Help file (" + PdfHelpName + ") not available", box_style::Plain);
+        else if (!OpenDocument(path))
+            Notify(kFailed, box_style::Plain);
+    });
 }
 
 void OpenResource(int index) {

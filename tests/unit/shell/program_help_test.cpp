@@ -77,6 +77,17 @@ TEST_F(ProgramHelp, AManualWithoutAProgramFails) {
     EXPECT_EQ(Host.MainWindow.History, "1. Message: Operation Failed\r\n");
 }
 
+TEST_F(ProgramHelp, AnErrorOnTheWayToTheManualIsToldAndTheProgramGoesOn) {
+    class NoShell : public HeadlessShell {
+        int OpenDocument(const std::string&, const std::string&) override { Raise(75); }
+    } shell;
+    Platform.TheShell = &shell;
+    WriteBytes(PathTo("app/TARVOKOL.PDF"), "pdf");
+    EXPECT_EQ(RaisedError([] { OpenPdfManual(); }), 0);
+    EXPECT_EQ(Messages(), std::vector<std::string>{
+                              "Error occurred: Path/File access error (75). Procedure Terminated"});
+}
+
 TEST_F(ProgramHelp, TheNotesHaveFilesAndTitles) {
     EXPECT_EQ(ResourceFiles[0], "PillarStrength.pdf");
     EXPECT_EQ(ResourceFiles[1], "AbutmentLoad.pdf");
