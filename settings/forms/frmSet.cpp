@@ -228,9 +228,9 @@ bool frmSet::ValidateSettings() {
 }
 
 bool frmSet::IsPathValid() {
-    const std::string path = Trim(FromQt(ui_->Text2->text()));
-    if (!EndsInSeparator(path)) ui_->Text2->setText(ToQt(WithSeparator(path)));
-    if (FolderExists(FromQt(ui_->Text2->text()))) return true;
+    const std::string path = WithSeparator(Trim(FromQt(ui_->Text2->text())));
+    ui_->Text2->setText(ToQt(path));
+    if (FolderExists(path)) return true;
     Notify("Invalid Path for Data Files", box_style::Critical, ErrorTitle);
     ui_->Text2->setFocus();
     return false;

@@ -327,6 +327,19 @@ TEST_F(Settings, RefusesAPathThatDoesNotExist) {
     EXPECT_EQ(DataPath, Folder.string() + "/");
 }
 
+// A blank becomes the root folder, which exists.
+TEST_F(Settings, ABlankPathIsTheRoot) {
+    Submit("Text2", "  ");
+    EXPECT_TRUE(Closed());
+    EXPECT_EQ(DataPath, "/");
+}
+
+TEST_F(Settings, APathThatEndsInASeparatorIsTakenWithoutItsBlanks) {
+    Submit("Text2", "  " + Folder.string() + "/ ");
+    EXPECT_TRUE(Closed());
+    EXPECT_EQ(DataPath, Folder.string() + "/");
+}
+
 TEST_F(Settings, RefusesAFileAsPath) {
     WriteBytes(PathTo("file"), "x");
     Submit("Text2", PathTo("file"));

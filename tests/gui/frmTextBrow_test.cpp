@@ -221,6 +221,26 @@ TEST_F(TextBrowser, WithoutACopyNoViewerIsStarted) {
     EXPECT_THAT(Host.TheShell.Started, IsEmpty());
 }
 
+TEST_F(TextBrowser, AFileThatIsGoneIsToldByTheCopyAndNoViewerIsStarted) {
+    BrowseUseNotepad = 1;
+    frmTextBrow& form = Open();
+    Select(form, "a.TKL");
+    std::filesystem::remove(PathTo("data/a.TKL"));
+    Press(form, Qt::Key_Return);
+    ExpectBox(0, "Requested File not found: " + PathTo("data/a.TKL"), 0);
+    EXPECT_THAT(Host.TheShell.Started, IsEmpty());
+    EXPECT_EQ(TextOf(form, "Label1"), PathTo("data/a.TKL"));
+    EXPECT_TRUE(frmTextBrow::IsLoaded());
+}
+
+TEST_F(TextBrowser, TheCopyEndsItsLastLine) {
+    BrowseUseNotepad = 1;
+    ExternalEditor = "xedit";
+    DoubleClick(Open(), "b.tkl");
+    EXPECT_EQ(ReadBytes(PathTo("temp/~tmpbr.tmp")), "of b\r\n");
+    EXPECT_EQ(ReadBytes(PathTo("data/b.tkl")), "of b");
+}
+
 TEST_F(TextBrowser, TheFontButtonRestsWhileTheViewerIsUsed) {
     frmTextBrow& form = Open();
     EXPECT_TRUE(Find(form, "cmdSetFont").isEnabled());
