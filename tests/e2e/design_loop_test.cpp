@@ -116,6 +116,36 @@ TEST_F(DesignLoop, EditsCalculatesCopiesAndSavesUnderANewName) {
                 HasSubstr("LastFileLong1=" + PathTo("deeper.TKL") + "\r\n"));
 }
 
+TEST_F(DesignLoop, ANewProjectIsTypedFieldByFieldCalculatedAndSaved) {
+    WriteSettings("", "ShowInputScreenOnLoad=1\r\n");
+    Start();
+    ExpectWindow(kMain);
+    Press("ctrl+n");
+    ExpectWindow(kParameters);
+    Press("ctrl+a");
+    for (const char* value : {"10", "100", "10", "10", "20", "5"}) {
+        Type(value);
+        Press("Tab");
+    }
+    Press("Return");
+    ExpectWindow(kMain + ": Untitled");
+    ShowResults();
+    Press("alt+y");
+    ExpectClipboardHolds("Barrier Pillar");
+    Press("Escape");
+    ExpectWindow(kMain + ": Untitled");
+    Press("ctrl+s");
+    ExpectWindowBeside(kMain + ": Untitled");
+    Press("ctrl+a");
+    Type(PathTo("typed"));
+    Press("Return");
+    ExpectWindow(kMain + ": " + PathTo("typed.TKL"));
+    const std::string bytes = ReadBytes(PathTo("typed.TKL"));
+    EXPECT_EQ(bytes.substr(bytes.find("##EndDesc##")),
+              "##EndDesc##\r\n10\r\n100\r\n10\r\n10\r\n20\r\n 5 "
+              "\r\n90\r\n1000000\r\n900\r\n162\r\n21\r\n1.6\r\n2\r\n0\r\n");
+}
+
 TEST_F(DesignLoop, CopiesThePlanAsAPicture) {
     StartWithProject();
     ShowResults();
