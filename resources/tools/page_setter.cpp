@@ -24,6 +24,8 @@ constexpr double page_width = 210, page_height = 297;                  // millim
 constexpr double side_margin = 24, top_margin = 26, foot_margin = 24;  // millimetres
 constexpr double screen_dots_per_inch = 96;
 constexpr double screenshot_scale = 0.66;
+constexpr double tallest_screenshot = 300;  // screen dots; a taller one leaves its text no room
+constexpr int short_paragraph = 4;          // lines; not to be split over two pages
 constexpr int drawing_oversampling = 5;
 constexpr int most_mended_breaks = 400;
 
@@ -55,11 +57,15 @@ QImage RenderedDrawing(const QString& path) {
     return image;
 }
 
+double ScreenshotWidth(const QSize& size) {
+    return size.width() * std::min(screenshot_scale, tallest_screenshot / size.height());
+}
+
 // Width on the page, in screen dots.
 int WidthOnPage(const QString& path) {
     const double text_width = TextWidth() / dots_per_inch * screen_dots_per_inch;
     const double natural = path.endsWith(".svg") ? QSvgRenderer(path).defaultSize().width()
-                                                 : QImage(path).width() * screenshot_scale;
+                                                 : ScreenshotWidth(QImage(path).size());
     return static_cast<int>(std::min(natural, text_width - 4));
 }
 
@@ -69,6 +75,11 @@ bool IsHeading(const QTextBlock& block) {
 
 bool HoldsImage(const QTextBlock& block) {
     return block.text().contains(QChar::ObjectReplacementCharacter);
+}
+
+// A line of preformatted text.
+bool IsListing(const QTextBlock& block) {
+    return block.isValid() && block.blockFormat().nonBreakableLines();
 }
 
 bool IsCaption(const QTextBlock& block, const char* kind) {
@@ -150,6 +161,15 @@ int PageSetter::PageOf(double y) const {
     return static_cast<int>(std::floor((y + 2) / TextHeight()));
 }
 
+bool PageSetter::StartsListing(const QList<Element>& elements, int index) {
+    return index == 0 || !IsListing(elements[index - 1].block);
+}
+
+int PageSetter::LastOfListing(const QList<Element>& elements, int index) {
+    while (index + 1 < elements.size() && IsListing(elements[index + 1].block)) ++index;
+    return index;
+}
+
 // True if a page break would do better before this element than where it falls now.
 bool PageSetter::FitsWorse(const QList<Element>& elements, int index) const {
     const Element& element = elements[index];
@@ -157,6 +177,12 @@ bool PageSetter::FitsWorse(const QList<Element>& elements, int index) const {
         const double height = Bottom(element) - Top(element);
         return height < TextHeight() / 2 && PageOf(Top(element)) != PageOf(Bottom(element) - 4);
     }
+    if (IsListing(element.block) && StartsListing(elements, index)) {
+        const double bottom = Bottom(elements[LastOfListing(elements, index)]);
+        return bottom - Top(element) < TextHeight() / 2 && PageOf(Top(element)) != PageOf(bottom - 4);
+    }
+    const bool is_short = element.block.layout()->lineCount() <= short_paragraph;
+    if (is_short && PageOf(Top(element)) != PageOf(Bottom(element) - 4)) return true;
     if (index + 1 >= elements.size()) return false;
     const Element& next = elements[index + 1];
     const bool leads = IsHeading(element.block) || IsCaption(element.block, "Table") ||

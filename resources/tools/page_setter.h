@@ -59,6 +59,8 @@ class PageSetter {
     double Top(const Element& element) const;
     double Bottom(const Element& element) const;
     int PageOf(double y) const;
+    static bool StartsListing(const QList<Element>& elements, int index);
+    static int LastOfListing(const QList<Element>& elements, int index);
     bool FitsWorse(const QList<Element>& elements, int index) const;
     int StartOfGroup(const QList<Element>& elements, int index) const;
     bool MendOneBreak();
