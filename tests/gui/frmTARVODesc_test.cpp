@@ -307,13 +307,25 @@ TEST_F(DescriptionForm, OnlyNextFormLeadsOn) {
     EXPECT_EQ(Host.MainWindow.ParametersOpened, 0);
 }
 
-// The real main window and the real parameters dialog.
-TEST_F(DescriptionForm, FromTheMainWindowNextFormOpensTheParametersDialog) {
+// The real main window, and what its commands open.
+class DescriptionInTheProgram : public DescriptionForm {
+  protected:
+    DescriptionInTheProgram() {
+        Platform.MainWindow = &binding;
+        AppFolder = Folder.string() + "/";
+        ShowDisclaim = RemindAnnualUpdates = 0;
+        ShowAndActivate(frmMain::Instance());
+    }
+    ~DescriptionInTheProgram() override {
+        UnloadAllForms();
+        std::filesystem::current_path(std::filesystem::temp_directory_path());
+        Platform.MainWindow = &Host.MainWindow;
+    }
+
     MainWindowBinding binding;
-    Platform.MainWindow = &binding;
-    AppFolder = Folder.string() + "/";
-    ShowDisclaim = RemindAnnualUpdates = 0;
-    ShowAndActivate(frmMain::Instance());
+};
+
+TEST_F(DescriptionInTheProgram, NextFormOpensTheParametersDialog) {
     WhenShown("frmTARVODesc", [&](FormBase& form) {
         Type(form, "Text1", "wizard");
         Click(form, "Command4");
@@ -327,9 +339,38 @@ TEST_F(DescriptionForm, FromTheMainWindowNextFormOpensTheParametersDialog) {
     EXPECT_THAT(binding.HistoryText(), EndsWith("Editing Project Parameters\r\n"));
     parameters->Unload();
     EXPECT_TRUE(frmMain::Instance().isEnabled());
-    UnloadAllForms();
-    std::filesystem::current_path(std::filesystem::temp_directory_path());
-    Platform.MainWindow = &Host.MainWindow;
+}
+
+TEST_F(DescriptionInTheProgram, NextFormAfterAChangeOfUnitsShowsTheEmptiedProject) {
+    ShowInputScreenOnLoad = 1;
+    ProjectRecord.Height = 6;
+    WhenShown("frmTARVODesc", [&](FormBase& form) {
+        Type(form, "Text1", "lost");
+        Click(form, "Option1_1");
+        Click(form, "Command4");
+    });
+    ASSERT_TRUE(Choose(frmMain::Instance(), "mnuEditItem_0"));
+    FormBase* parameters = FindForm("frmTARVOParm");
+    ASSERT_NE(parameters, nullptr);
+    EXPECT_EQ(TextOf(*parameters, "Label1"), "Extraction height (m)");
+    EXPECT_EQ(TextOf(*parameters, "txtHeight"), "0");
+    EXPECT_EQ(ProjectTitle, "");
+    EXPECT_EQ(UnitSystem, 1);
+    EXPECT_EQ(ProjectSaved, 0);
+    EXPECT_EQ(ProjectEmpty, 0);
+}
+
+// The caption tells of changes only at the next save.
+TEST_F(DescriptionInTheProgram, AfterOkACalculationRunsIntoTheInputCheck) {
+    Choose(frmMain::Instance(), "mnuCalcItem_0");
+    EXPECT_EQ(Messages(), std::vector<std::string>{"Current file is empty"});
+    const QString caption = frmMain::Instance().windowTitle();
+    WhenShown("frmTARVODesc", [&](FormBase& form) { Click(form, "Command2"); });
+    ASSERT_TRUE(Choose(frmMain::Instance(), "mnuEditItem_0"));
+    EXPECT_EQ(frmMain::Instance().windowTitle(), caption);
+    Choose(frmMain::Instance(), "mnuCalcItem_0");
+    EXPECT_EQ(Messages(), (std::vector<std::string>{"Current file is empty", "Invalid entry height"}));
+    EXPECT_EQ(FindForm("frmResTxtPlt"), nullptr);
 }
 
 }  // namespace
