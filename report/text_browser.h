@@ -11,7 +11,7 @@ namespace tarvokol {
 inline std::string BrowseFolder;
 
 // Bytes of a file that the browser shows at most, and of one line; a longer line goes on in the next one.
-constexpr std::size_t kLongestView = 1024u * 1024;
+constexpr std::size_t kLongestView = std::size_t{1024} * 1024;
 constexpr std::size_t kLongestViewLine = 8192;
 
 struct FileView {

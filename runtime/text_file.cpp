@@ -20,7 +20,7 @@
 namespace tarvokol {
 namespace {
 
-constexpr std::size_t kBufferSize = 16u * 1024;  // a project or a settings file in one piece
+constexpr std::size_t kBufferSize = std::size_t{16} * 1024;  // a project or a settings file in one piece
 constexpr int kHighestNumber = 511;
 
 class OpenFile {
@@ -272,7 +272,9 @@ void CloseFile(int number) {
     file->Close();
 }
 
-void AbandonAllFiles() { OpenFiles().clear(); }
+void AbandonAllFiles() {
+    OpenFiles().clear();
+}
 
 void PrintLine(int number, std::string_view text) {
     OpenFile& file = FileOf(number, true);

@@ -1,5 +1,5 @@
-// Sequential text files under file numbers, as the program reads and writes all its texts. CR LF and a bare LF both
-// end a line when reading; CR LF is written.
+// Sequential text files under file numbers, as the program reads and writes all its texts. CR LF and a bare
+// LF both end a line when reading; CR LF is written.
 #pragma once
 
 #include <cstddef>
@@ -14,20 +14,20 @@ enum class FileContent {
     Raw    // bytes as they stand, for copies
 };
 
-// The longest line or token, in bytes; a longer one raises "Out of memory", so that a file of one endless line
-// cannot take the machine's memory.
-constexpr std::size_t kLongestText = 16u * 1024 * 1024;
+// The longest line or token, in bytes; a longer one raises "Out of memory", so that a file of one endless
+// line cannot take the machine's memory.
+constexpr std::size_t kLongestText = std::size_t{16} * 1024 * 1024;
 
 // A number from 1 on under which no file is open.
 int FreeFile();
 
-// Opens `path` for reading or for writing under `number`. Writing empties an existing file at once. Raises "File
-// already open" for a number in use, else the error of the operating system.
+// Opens `path` for reading or for writing under `number`. Writing empties an existing file at once. Raises
+// "File already open" for a number in use, else the error of the operating system.
 void OpenForInput(int number, const std::string& path, FileContent content = FileContent::Text);
 void OpenForOutput(int number, const std::string& path, FileContent content = FileContent::Text);
 
-// Brings everything printed so far to the disk; a text file's character set is settled here, so it is to be called
-// once, behind the last print. Raises "Disk full" and its kind.
+// Brings everything printed so far to the disk; a text file's character set is settled here, so it is to be
+// called once, behind the last print. Raises "Disk full" and its kind.
 void FlushFile(int number);
 
 // Closes the file; nothing happens where none is open. What was printed and not flushed is written first.
@@ -43,13 +43,13 @@ void PrintNumber(int number, long value);
 // One whole line without its end. Raises "Input past end of file" at the end of the file.
 std::string LineInput(int number);
 
-// One value: leading blanks are skipped; it ends at a comma or at the end of the line, a number also at a blank; one
-// that begins with a double quote runs to the next double quote. What ended it is consumed, with the blanks and the
-// line end behind it. Raises "Input past end of file" where no value begins.
+// One value: leading blanks are skipped; it ends at a comma or at the end of the line, a number also at a
+// blank; one that begins with a double quote runs to the next double quote. What ended it is consumed, with
+// the blanks and the line end behind it. Raises "Input past end of file" where no value begins.
 std::string TokenText(int number);
 
-// The first at most `limit` bytes of a token as they stand, for a comparison with a shorter ASCII text; the rest of a
-// longer one stays unread.
+// The first at most `limit` bytes of a token as they stand, for a comparison with a shorter ASCII text; the
+// rest of a longer one stays unread.
 std::string TokenStart(int number, std::size_t limit);
 
 // A number token through the numeric parse.

@@ -13,7 +13,7 @@ namespace tarvokol {
 constexpr long kLongestIniValue = 254;
 
 // A file beyond this size is no settings file: it reads as one without keys and is never written.
-constexpr std::size_t kLargestIniFile = 16u * 1024 * 1024;
+constexpr std::size_t kLargestIniFile = std::size_t{16} * 1024 * 1024;
 
 // The lines of one section, valid as long as its document is unchanged.
 class IniSection {
