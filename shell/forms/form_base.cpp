@@ -33,6 +33,8 @@ FormBase::FormBase() {
 }
 
 FormBase::~FormBase() {
+    // The window's own end moves the focus once more; this is no form by then.
+    disconnect(qApp, nullptr, this, nullptr);
     std::erase(Forms, this);
 }
 

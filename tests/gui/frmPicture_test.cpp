@@ -435,22 +435,6 @@ TEST_F(PlotWindow, ShortcutsWork) {
     EXPECT_FALSE(QGuiApplication::clipboard()->image().isNull());
 }
 
-TEST_F(PlotWindow, RedrawOfTwentyPillarsIsQuick) {
-    SetPanel(20);
-    PlotXcutDims = 1;
-    frmPicture& form = OpenFrom<OpeningDialog>();
-    Resize(form, 700, 734);
-    QElapsedTimer timer;
-    constexpr int kRounds = 50;
-    timer.start();
-    for (int i = 0; i < kRounds; ++i) form.DrawPanelPlot();
-    const double milliseconds = timer.nsecsElapsed() / 1e6 / kRounds;
-    RecordProperty("redraw_ms", std::to_string(milliseconds));
-    std::printf("redraw of 20 pillars: %.2f ms\n", milliseconds);
-    // The bound leaves room for slow and instrumented machines.
-    EXPECT_LT(milliseconds, 40);
-}
-
 TEST_F(PlotWindow, DialogImageGoesToTheClipboardWithAMessage) {
     OpeningDialog& dialog = OpeningDialog::Instance();
     dialog.setCentralWidget(new QLabel("text", &dialog));
