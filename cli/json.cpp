@@ -1,5 +1,6 @@
 #include "cli/json.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -19,7 +20,14 @@ void AppendShortest(std::string& text, double value) {
     text.append(buffer, result.ptr);
 }
 
+// Keys and most texts stand in JSON as they are; the library is asked about the others only.
+bool NeedsNoEscape(const std::string& text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return c >= ' ' && c <= '~' && c != '"' && c != '\\'; });
+}
+
 std::string Quoted(const std::string& text) {
+    if (NeedsNoEscape(text)) return '"' + text + '"';
     return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
