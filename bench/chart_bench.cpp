@@ -4,7 +4,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "platform/qt/chart_control.h"
+#include "qt/chart_control.h"
 
 namespace tarvokol {
 namespace {

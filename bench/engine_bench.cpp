@@ -2,14 +2,14 @@
 // a curve of 51 points in 20 microseconds.
 #include <benchmark/benchmark.h>
 
-#include "engine/curves.h"
-#include "engine/input_check.h"
-#include "engine/parameter_texts.h"
-#include "engine/project_record.h"
-#include "engine/sizing_solver.h"
-#include "engine/stability_analysis.h"
-#include "engine/working_parameters.h"
-#include "platform/headless/headless_platform.h"
+#include "core/engine/curves.h"
+#include "core/engine/input_check.h"
+#include "core/engine/parameter_texts.h"
+#include "core/engine/project_record.h"
+#include "core/engine/sizing_solver.h"
+#include "core/engine/stability_analysis.h"
+#include "core/engine/working_parameters.h"
+#include "core/headless/headless_platform.h"
 
 namespace tarvokol {
 namespace {

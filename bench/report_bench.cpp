@@ -2,8 +2,8 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/saved_project.h"
-#include "report/report_builder.h"
-#include "runtime/run_time_error.h"
+#include "core/report/report_builder.h"
+#include "core/runtime/run_time_error.h"
 
 namespace tarvokol {
 namespace {

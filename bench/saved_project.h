@@ -7,11 +7,11 @@
 
 #include <unistd.h>
 
-#include "engine/project_record.h"
-#include "messages/history_log.h"
-#include "platform/headless/headless_platform.h"
-#include "project/project_file.h"
-#include "project/project_state.h"
+#include "core/engine/project_record.h"
+#include "core/headless/headless_platform.h"
+#include "core/messages/history_log.h"
+#include "core/project/project_file.h"
+#include "core/project/project_state.h"
 
 namespace tarvokol {
 

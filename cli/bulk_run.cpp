@@ -5,12 +5,12 @@
 
 #include <unistd.h>
 
-#include "project/lifecycle.h"
-#include "project/project_state.h"
-#include "runtime/run_time_error.h"
-#include "runtime/text.h"
-#include "settings/configuration.h"
-#include "shell/start_up.h"
+#include "core/program/start_up.h"
+#include "core/project/lifecycle.h"
+#include "core/project/project_state.h"
+#include "core/runtime/run_time_error.h"
+#include "core/runtime/text.h"
+#include "core/settings/configuration.h"
 
 namespace tarvokol::cli {
 namespace {

@@ -8,7 +8,7 @@
 #include "cli/json.h"
 #include "cli/options.h"
 #include "cli/output_target.h"
-#include "platform/headless/headless_platform.h"
+#include "core/headless/headless_platform.h"
 
 namespace tarvokol::cli {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "cli/options.h"
-#include "platform/headless/headless_platform.h"
+#include "core/headless/headless_platform.h"
 
 namespace tarvokol::cli {
 

@@ -2,12 +2,12 @@
 
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
-#include "engine/project_record.h"
-#include "messages/notify.h"
-#include "project/file_conversion.h"
-#include "project/project_file.h"
-#include "project/project_state.h"
-#include "runtime/file_system.h"
+#include "core/engine/project_record.h"
+#include "core/messages/notify.h"
+#include "core/project/file_conversion.h"
+#include "core/project/project_file.h"
+#include "core/project/project_state.h"
+#include "core/runtime/file_system.h"
 
 namespace tarvokol::cli {
 namespace {

@@ -1,12 +1,12 @@
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
 #include "cli/toolkit.h"
-#include "engine/curves.h"
-#include "graphics/curve_export.h"
-#include "graphics/graph_setup.h"
-#include "platform/chart_model.h"
-#include "platform/qt/chart_export.h"
-#include "platform/qt/xlsx_writer.h"
+#include "core/engine/curves.h"
+#include "core/graphics/curve_export.h"
+#include "core/graphics/graph_setup.h"
+#include "core/platform/chart_model.h"
+#include "qt/chart_export.h"
+#include "qt/xlsx_writer.h"
 
 namespace tarvokol::cli {
 namespace {

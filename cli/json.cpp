@@ -4,8 +4,8 @@
 #include <charconv>
 #include <cmath>
 
-#include "engine/project_record.h"
-#include "project/project_state.h"
+#include "core/engine/project_record.h"
+#include "core/project/project_state.h"
 
 namespace tarvokol::cli {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "runtime/one_based.h"
+#include "core/runtime/one_based.h"
 
 namespace tarvokol::cli {
 

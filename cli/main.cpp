@@ -8,8 +8,8 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/commands.h"
-#include "platform/headless/headless_platform.h"
-#include "report/report_builder.h"
+#include "core/headless/headless_platform.h"
+#include "core/report/report_builder.h"
 
 namespace tarvokol::cli {
 namespace {

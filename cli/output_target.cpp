@@ -7,9 +7,9 @@
 #include <memory>
 #include <utility>
 
-#include "platform/os_errors.h"
-#include "runtime/file_system.h"
-#include "runtime/run_time_error.h"
+#include "core/runtime/file_system.h"
+#include "core/runtime/os_errors.h"
+#include "core/runtime/run_time_error.h"
 
 namespace tarvokol::cli {
 namespace {

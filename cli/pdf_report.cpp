@@ -1,10 +1,10 @@
 #include "cli/pdf_report.h"
 
 #include "cli/toolkit.h"
-#include "platform/platform.h"
-#include "platform/qt/qt_printer.h"
-#include "platform/qt/qt_screen_fonts.h"
-#include "report/print_engine.h"
+#include "core/platform/platform.h"
+#include "core/report/print_engine.h"
+#include "qt/qt_printer.h"
+#include "qt/qt_screen_fonts.h"
 
 namespace tarvokol::cli {
 

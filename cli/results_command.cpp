@@ -1,11 +1,11 @@
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
 #include "cli/pdf_report.h"
-#include "engine/input_check.h"
-#include "engine/project_record.h"
-#include "engine/stability_analysis.h"
-#include "engine/working_parameters.h"
-#include "report/report_builder.h"
+#include "core/engine/input_check.h"
+#include "core/engine/project_record.h"
+#include "core/engine/stability_analysis.h"
+#include "core/engine/working_parameters.h"
+#include "core/report/report_builder.h"
 
 namespace tarvokol::cli {
 namespace {

@@ -1,7 +1,7 @@
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
-#include "project/project_file.h"
-#include "project/project_state.h"
+#include "core/project/project_file.h"
+#include "core/project/project_state.h"
 
 namespace tarvokol::cli {
 

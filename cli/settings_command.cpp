@@ -3,11 +3,11 @@
 
 #include "cli/commands.h"
 #include "cli/json.h"
-#include "runtime/numbers.h"
-#include "settings/configuration.h"
-#include "settings/graph_settings.h"
-#include "settings/program_settings.h"
-#include "shell/start_up.h"
+#include "core/program/start_up.h"
+#include "core/runtime/numbers.h"
+#include "core/settings/configuration.h"
+#include "core/settings/graph_settings.h"
+#include "core/settings/program_settings.h"
 
 namespace tarvokol::cli {
 namespace {

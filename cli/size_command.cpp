@@ -1,7 +1,7 @@
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
-#include "engine/parameter_texts.h"
-#include "messages/titles.h"
+#include "core/engine/parameter_texts.h"
+#include "core/messages/titles.h"
 
 namespace tarvokol::cli {
 namespace {

@@ -4,8 +4,8 @@
 
 #include "cli/commands.h"
 #include "cli/json.h"
-#include "runtime/run_time_error.h"
-#include "settings/unit_calculator.h"
+#include "core/runtime/run_time_error.h"
+#include "core/settings/unit_calculator.h"
 
 namespace tarvokol::cli {
 namespace {

@@ -6,15 +6,15 @@
 #include <fstream>
 #include <string>
 
-#include "engine/options_record.h"
-#include "platform/headless/headless_platform.h"
-#include "runtime/charset.h"
-#include "runtime/text.h"
-#include "settings/configuration.h"
-#include "settings/folders.h"
-#include "settings/graph_settings.h"
-#include "settings/ini_file.h"
-#include "settings/program_settings.h"
+#include "core/engine/options_record.h"
+#include "core/headless/headless_platform.h"
+#include "core/runtime/charset.h"
+#include "core/runtime/text.h"
+#include "core/settings/configuration.h"
+#include "core/settings/folders.h"
+#include "core/settings/graph_settings.h"
+#include "core/settings/ini_file.h"
+#include "core/settings/program_settings.h"
 
 using namespace tarvokol;
 

@@ -8,9 +8,9 @@
 #include <string>
 #include <string_view>
 
-#include "runtime/numbers.h"
-#include "runtime/run_time_error.h"
-#include "runtime/text.h"
+#include "core/runtime/numbers.h"
+#include "core/runtime/run_time_error.h"
+#include "core/runtime/text.h"
 
 namespace {
 

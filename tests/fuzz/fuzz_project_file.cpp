@@ -8,15 +8,15 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include "engine/input_check.h"
-#include "engine/project_record.h"
-#include "engine/stability_analysis.h"
-#include "messages/history_log.h"
-#include "platform/headless/headless_platform.h"
-#include "project/project_file.h"
-#include "project/project_state.h"
-#include "runtime/run_time_error.h"
-#include "runtime/text_file.h"
+#include "core/engine/input_check.h"
+#include "core/engine/project_record.h"
+#include "core/engine/stability_analysis.h"
+#include "core/headless/headless_platform.h"
+#include "core/messages/history_log.h"
+#include "core/project/project_file.h"
+#include "core/project/project_state.h"
+#include "core/runtime/run_time_error.h"
+#include "core/runtime/text_file.h"
 
 namespace tarvokol {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "project/project_file.h"
-#include "runtime/text.h"
+#include "core/project/project_file.h"
+#include "core/runtime/text.h"
 
 namespace tarvokol {
 namespace {

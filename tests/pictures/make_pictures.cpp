@@ -2,8 +2,8 @@
 //
 //     make_pictures PROJECT.TKL FOLDER [dark]
 //
-// The dialogs that list folders are taken only where the folder kDocuments exists: the script that runs this program
-// makes one that nobody else sees, so that no picture shows the machine it was made on.
+// The dialogs that list folders are taken only where the folder kDocuments exists: the script that runs this
+// program makes one that nobody else sees, so that no picture shows the machine it was made on.
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -17,26 +17,26 @@
 #include <functional>
 #include <string>
 
-#include "engine/curves.h"
-#include "engine/parameter_texts.h"
-#include "graphics/TarvoGraf.h"
-#include "messages/history_log.h"
-#include "platform/headless/headless_platform.h"
-#include "platform/qt/help_window.h"
-#include "platform/qt/qt_help_viewer.h"
-#include "platform/qt/qt_screen_fonts.h"
-#include "platform/qt/qt_text.h"
-#include "project/lifecycle.h"
-#include "project/project_state.h"
-#include "report/report_builder.h"
-#include "report/results_state.h"
-#include "runtime/run_time_error.h"
-#include "settings/folders.h"
-#include "settings/program_settings.h"
-#include "shell/forms/form_registry.h"
-#include "shell/forms/frmMain.h"
-#include "shell/forms/main_window_binding.h"
-#include "shell/start_up.h"
+#include "core/engine/curves.h"
+#include "core/engine/parameter_texts.h"
+#include "core/graphics/TarvoGraf.h"
+#include "core/headless/headless_platform.h"
+#include "core/messages/history_log.h"
+#include "core/program/start_up.h"
+#include "core/project/lifecycle.h"
+#include "core/project/project_state.h"
+#include "core/report/report_builder.h"
+#include "core/report/results_state.h"
+#include "core/runtime/run_time_error.h"
+#include "core/settings/folders.h"
+#include "core/settings/program_settings.h"
+#include "desktop/base/form_registry.h"
+#include "desktop/main/frmMain.h"
+#include "desktop/main/main_window_binding.h"
+#include "qt/help_window.h"
+#include "qt/qt_help_viewer.h"
+#include "qt/qt_screen_fonts.h"
+#include "qt/qt_text.h"
 
 namespace tarvokol {
 namespace {

@@ -1,12 +1,12 @@
 #include "tests/support/core_fixture.h"
 
-#include <unistd.h>
-
 #include <fstream>
 #include <sstream>
 
-#include "messages/history_log.h"
-#include "messages/titles.h"
+#include <unistd.h>
+
+#include "core/messages/history_log.h"
+#include "core/messages/titles.h"
 
 namespace tarvokol {
 

@@ -1,4 +1,5 @@
-// What every core test starts from: headless bindings, message services as after start-up, a folder of its own.
+// What every core test starts from: headless bindings, message services as after start-up, a folder of its
+// own.
 #pragma once
 
 #include <filesystem>
@@ -7,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/headless/headless_platform.h"
+#include "core/headless/headless_platform.h"
 
 namespace tarvokol {
 
@@ -36,7 +37,7 @@ int RaisedError(Action action);
 
 }  // namespace tarvokol
 
-#include "runtime/run_time_error.h"
+#include "core/runtime/run_time_error.h"
 
 template <typename Action>
 int tarvokol::RaisedError(Action action) {

@@ -3,11 +3,11 @@
 
 #include <initializer_list>
 
-#include "engine/curves.h"
-#include "engine/project_record.h"
-#include "messages/titles.h"
-#include "settings/graph_settings.h"
-#include "settings/program_settings.h"
+#include "core/engine/curves.h"
+#include "core/engine/project_record.h"
+#include "core/messages/titles.h"
+#include "core/settings/graph_settings.h"
+#include "core/settings/program_settings.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {

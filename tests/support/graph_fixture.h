@@ -5,15 +5,15 @@
 #include <QGroupBox>
 #include <QLabel>
 
-#include "graphics/forms/frmGraph.h"
-#include "graphics/forms/frmGraphOpt.h"
-#include "graphics/forms/frmGraphOptS.h"
-#include "graphics/forms/frmGraphS.h"
-#include "platform/platform.h"
-#include "platform/qt/qt_printer.h"
-#include "platform/spreadsheet_writer.h"
-#include "settings/configuration.h"
-#include "shell/forms/form_services.h"
+#include "core/platform/platform.h"
+#include "core/platform/spreadsheet_writer.h"
+#include "core/settings/configuration.h"
+#include "desktop/base/form_services.h"
+#include "desktop/graphs/frmGraph.h"
+#include "desktop/graphs/frmGraphOpt.h"
+#include "desktop/graphs/frmGraphOptS.h"
+#include "desktop/graphs/frmGraphS.h"
+#include "qt/qt_printer.h"
 #include "tests/support/curve_fixture.h"
 #include "tests/support/gui_fixture.h"
 

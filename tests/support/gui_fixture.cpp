@@ -8,9 +8,9 @@
 #include <QTextEdit>
 #include <stdexcept>
 
-#include "platform/qt/program_application.h"
-#include "shell/forms/form_services.h"
-#include "shell/start_up.h"
+#include "core/program/start_up.h"
+#include "desktop/base/form_services.h"
+#include "qt/program_application.h"
 
 namespace tarvokol {
 namespace {

@@ -14,8 +14,8 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/qt/qt_text.h"
-#include "shell/forms/form_base.h"
+#include "desktop/base/form_base.h"
+#include "qt/qt_text.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {

@@ -2,7 +2,7 @@
 // run-time errors recorded instead of ending the program.
 #include <gtest/gtest.h>
 
-#include "platform/qt/program_application.h"
+#include "qt/program_application.h"
 #include "tests/support/gui_fixture.h"
 
 namespace {

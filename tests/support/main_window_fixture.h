@@ -2,16 +2,16 @@
 // forms off.
 #pragma once
 
-#include "engine/project_record.h"
-#include "messages/history_log.h"
-#include "project/lifecycle.h"
-#include "project/project_state.h"
-#include "settings/configuration.h"
-#include "settings/folders.h"
-#include "settings/program_settings.h"
-#include "shell/forms/frmMain.h"
-#include "shell/forms/main_window_binding.h"
-#include "shell/start_up.h"
+#include "core/engine/project_record.h"
+#include "core/messages/history_log.h"
+#include "core/program/start_up.h"
+#include "core/project/lifecycle.h"
+#include "core/project/project_state.h"
+#include "core/settings/configuration.h"
+#include "core/settings/folders.h"
+#include "core/settings/program_settings.h"
+#include "desktop/main/frmMain.h"
+#include "desktop/main/main_window_binding.h"
 #include "tests/support/gui_fixture.h"
 #include "tests/support/recording_printer.h"
 

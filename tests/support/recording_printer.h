@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/printer_device.h"
-#include "runtime/run_time_error.h"
-#include "runtime/text.h"
+#include "core/platform/printer_device.h"
+#include "core/runtime/run_time_error.h"
+#include "core/runtime/text.h"
 
 namespace tarvokol {
 

@@ -1,8 +1,8 @@
-#include "engine/curves.h"
+#include "core/engine/curves.h"
 
 #include <gmock/gmock.h>
 
-#include "engine/curve_range.h"
+#include "core/engine/curve_range.h"
 #include "tests/unit/engine/engine_fixture.h"
 
 namespace tarvokol {

@@ -3,11 +3,11 @@
 
 #include <vector>
 
-#include "engine/curves.h"
-#include "engine/options_record.h"
-#include "engine/project_record.h"
-#include "engine/sizing_solver.h"
-#include "engine/working_parameters.h"
+#include "core/engine/curves.h"
+#include "core/engine/options_record.h"
+#include "core/engine/project_record.h"
+#include "core/engine/sizing_solver.h"
+#include "core/engine/working_parameters.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {

@@ -1,9 +1,9 @@
-#include "engine/input_check.h"
+#include "core/engine/input_check.h"
 
 #include <gmock/gmock.h>
 
-#include "messages/titles.h"
-#include "platform/message_box.h"
+#include "core/messages/titles.h"
+#include "core/platform/message_box.h"
 #include "tests/unit/engine/engine_fixture.h"
 
 namespace tarvokol {

@@ -1,4 +1,4 @@
-#include "engine/project_record.h"
+#include "core/engine/project_record.h"
 
 #include "tests/unit/engine/engine_fixture.h"
 

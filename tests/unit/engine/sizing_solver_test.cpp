@@ -1,10 +1,10 @@
-#include "engine/sizing_solver.h"
+#include "core/engine/sizing_solver.h"
 
 #include <cmath>
 
 #include <gmock/gmock.h>
 
-#include "platform/message_box.h"
+#include "core/platform/message_box.h"
 #include "tests/unit/engine/engine_fixture.h"
 
 namespace tarvokol {

@@ -1,9 +1,9 @@
-#include "engine/stability_analysis.h"
+#include "core/engine/stability_analysis.h"
 
 #include <gmock/gmock.h>
 
-#include "engine/input_check.h"
-#include "runtime/numbers.h"
+#include "core/engine/input_check.h"
+#include "core/runtime/numbers.h"
 #include "tests/unit/engine/engine_fixture.h"
 
 namespace tarvokol {

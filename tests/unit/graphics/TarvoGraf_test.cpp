@@ -1,12 +1,12 @@
-#include "graphics/TarvoGraf.h"
+#include "core/graphics/TarvoGraf.h"
 
 #include <gmock/gmock.h>
 
-#include "engine/working_parameters.h"
-#include "graphics/recording_surface.h"
-#include "messages/titles.h"
-#include "platform/message_box.h"
-#include "settings/program_settings.h"
+#include "core/engine/working_parameters.h"
+#include "core/graphics/recording_surface.h"
+#include "core/messages/titles.h"
+#include "core/platform/message_box.h"
+#include "core/settings/program_settings.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {

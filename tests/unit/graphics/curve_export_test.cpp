@@ -1,5 +1,5 @@
 // Curves as workbook cells and as CSV text.
-#include "graphics/curve_export.h"
+#include "core/graphics/curve_export.h"
 
 #include <map>
 

@@ -1,5 +1,5 @@
 // What the settings put on a chart and what is read back from it.
-#include "graphics/graph_setup.h"
+#include "core/graphics/graph_setup.h"
 
 #include "tests/support/curve_fixture.h"
 

@@ -1,10 +1,10 @@
-#include "messages/error_classes.h"
+#include "core/messages/error_classes.h"
 
 #include <set>
 
-#include "messages/command_guard.h"
-#include "messages/history_log.h"
-#include "messages/titles.h"
+#include "core/messages/command_guard.h"
+#include "core/messages/history_log.h"
+#include "core/messages/titles.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {

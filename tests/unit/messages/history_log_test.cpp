@@ -1,4 +1,4 @@
-#include "messages/history_log.h"
+#include "core/messages/history_log.h"
 
 #include "tests/support/core_fixture.h"
 

@@ -1,7 +1,7 @@
-#include "messages/notify.h"
+#include "core/messages/notify.h"
 
-#include "messages/history_log.h"
-#include "messages/titles.h"
+#include "core/messages/history_log.h"
+#include "core/messages/titles.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {

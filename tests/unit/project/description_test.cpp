@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/message_box.h"
+#include "core/platform/message_box.h"
 #include "tests/unit/project/project_fixture.h"
 
 namespace tarvokol {

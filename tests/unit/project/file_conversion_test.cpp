@@ -1,8 +1,8 @@
-#include "project/file_conversion.h"
+#include "core/project/file_conversion.h"
 
 #include <filesystem>
 
-#include "platform/main_window_services.h"
+#include "core/platform/main_window_services.h"
 #include "tests/unit/project/project_fixture.h"
 
 namespace tarvokol {

@@ -1,14 +1,14 @@
-#include "project/lifecycle.h"
+#include "core/project/lifecycle.h"
 
 #include <filesystem>
 
 #include <gmock/gmock.h>
 #include <unistd.h>
 
-#include "engine/options_record.h"
-#include "platform/message_box.h"
-#include "settings/configuration.h"
-#include "settings/program_settings.h"
+#include "core/engine/options_record.h"
+#include "core/platform/message_box.h"
+#include "core/settings/configuration.h"
+#include "core/settings/program_settings.h"
 #include "tests/unit/project/project_fixture.h"
 
 namespace tarvokol {

@@ -1,4 +1,4 @@
-#include "project/project_file.h"
+#include "core/project/project_file.h"
 
 #include <csignal>
 #include <filesystem>
@@ -7,8 +7,8 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-#include "messages/titles.h"
-#include "platform/main_window_services.h"
+#include "core/messages/titles.h"
+#include "core/platform/main_window_services.h"
 #include "tests/unit/project/project_fixture.h"
 
 namespace tarvokol {

@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "engine/project_record.h"
-#include "project/project_file.h"
-#include "project/project_state.h"
-#include "runtime/text_file.h"
-#include "settings/folders.h"
+#include "core/engine/project_record.h"
+#include "core/project/project_file.h"
+#include "core/project/project_state.h"
+#include "core/runtime/text_file.h"
+#include "core/settings/folders.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {

@@ -2,9 +2,9 @@
 
 #include <gmock/gmock.h>
 
-#include "project/lifecycle.h"
-#include "settings/configuration.h"
-#include "settings/program_settings.h"
+#include "core/project/lifecycle.h"
+#include "core/settings/configuration.h"
+#include "core/settings/program_settings.h"
 #include "tests/unit/project/project_fixture.h"
 
 namespace tarvokol {

@@ -1,6 +1,6 @@
-#include "report/print_engine.h"
+#include "core/report/print_engine.h"
 
-#include "messages/command_guard.h"
+#include "core/messages/command_guard.h"
 #include "tests/support/core_fixture.h"
 #include "tests/support/recording_printer.h"
 

@@ -1,9 +1,9 @@
-#include "report/report_builder.h"
+#include "core/report/report_builder.h"
 
-#include "engine/project_record.h"
-#include "engine/working_parameters.h"
-#include "project/project_state.h"
-#include "settings/program_settings.h"
+#include "core/engine/project_record.h"
+#include "core/engine/working_parameters.h"
+#include "core/project/project_state.h"
+#include "core/settings/program_settings.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {

@@ -1,4 +1,4 @@
-#include "report/report_builder.h"
+#include "core/report/report_builder.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {

@@ -1,4 +1,4 @@
-#include "report/text_browser.h"
+#include "core/report/text_browser.h"
 
 #include <sys/stat.h>
 

@@ -1,4 +1,4 @@
-#include "runtime/charset.h"
+#include "core/runtime/charset.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "runtime/checked.h"
+#include "core/runtime/checked.h"
 
 #include <cmath>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "runtime/file_system.h"
+#include "core/runtime/file_system.h"
 
 #include "tests/support/core_fixture.h"
 

@@ -1,4 +1,4 @@
-#include "runtime/numbers.h"
+#include "core/runtime/numbers.h"
 
 #include <cmath>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "runtime/one_based.h"
+#include "core/runtime/one_based.h"
 
 #include "tests/support/core_fixture.h"
 

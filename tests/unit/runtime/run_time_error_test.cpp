@@ -1,4 +1,4 @@
-#include "runtime/run_time_error.h"
+#include "core/runtime/run_time_error.h"
 
 #include "tests/support/core_fixture.h"
 

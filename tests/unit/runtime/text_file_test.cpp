@@ -1,4 +1,4 @@
-#include "runtime/text_file.h"
+#include "core/runtime/text_file.h"
 
 #include <csignal>
 #include <filesystem>

@@ -1,4 +1,4 @@
-#include "runtime/text.h"
+#include "core/runtime/text.h"
 
 #include "tests/support/core_fixture.h"
 

@@ -1,4 +1,4 @@
-#include "runtime/whole_file.h"
+#include "core/runtime/whole_file.h"
 
 #include <csignal>
 

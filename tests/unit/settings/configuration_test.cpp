@@ -1,4 +1,4 @@
-#include "settings/configuration.h"
+#include "core/settings/configuration.h"
 
 #include <sys/stat.h>
 

@@ -1,6 +1,6 @@
-#include "settings/file_association.h"
+#include "core/settings/file_association.h"
 
-#include "platform/message_box.h"
+#include "core/platform/message_box.h"
 #include "tests/unit/settings/settings_fixture.h"
 
 namespace tarvokol {

@@ -1,9 +1,9 @@
-#include "settings/folders.h"
+#include "core/settings/folders.h"
 
 #include <sys/stat.h>
 
-#include "platform/program_name.h"
-#include "runtime/text_file.h"
+#include "core/platform/program_name.h"
+#include "core/runtime/text_file.h"
 #include "tests/unit/settings/settings_fixture.h"
 
 namespace tarvokol {

@@ -1,6 +1,6 @@
-#include "settings/graph_settings.h"
+#include "core/settings/graph_settings.h"
 
-#include "engine/project_record.h"
+#include "core/engine/project_record.h"
 #include "tests/unit/settings/settings_fixture.h"
 
 namespace tarvokol {

@@ -4,11 +4,11 @@
 #include <filesystem>
 #include <string>
 
-#include "engine/options_record.h"
-#include "settings/configuration.h"
-#include "settings/folders.h"
-#include "settings/graph_settings.h"
-#include "settings/program_settings.h"
+#include "core/engine/options_record.h"
+#include "core/settings/configuration.h"
+#include "core/settings/folders.h"
+#include "core/settings/graph_settings.h"
+#include "core/settings/program_settings.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {

@@ -1,4 +1,4 @@
-#include "settings/unit_calculator.h"
+#include "core/settings/unit_calculator.h"
 
 #include "tests/support/core_fixture.h"
 

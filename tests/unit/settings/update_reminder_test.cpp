@@ -1,6 +1,6 @@
-#include "settings/update_reminder.h"
+#include "core/settings/update_reminder.h"
 
-#include "settings/disclaimer_text.h"
+#include "core/settings/disclaimer_text.h"
 #include "tests/unit/settings/settings_fixture.h"
 
 namespace tarvokol {

@@ -1,8 +1,7 @@
-// The order of the rooms, read from the #include lines: each room uses the rooms below it, never one above or
-// beside it, and the core knows no toolkit.
+// The order of the houses and of their rooms, read from the #include lines: each room uses the floors below
+// it, never one above or beside it, and the core knows no toolkit.
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <regex>
 #include <set>
 #include <string>
@@ -14,7 +13,7 @@
 namespace tarvokol {
 namespace {
 
-using Rooms = std::set<std::string>;
+using Floor = std::set<std::string>;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -24,69 +23,52 @@ struct Include {
     bool system = false;
 };
 
-const std::set<std::string> kFolders{"runtime", "platform", "messages", "engine", "settings",
-                                     "project", "report",   "graphics", "shell",  "cli"};
+// From the ground up. What stands on one floor stands side by side.
+const std::vector<Floor> kHouses{{"core"}, {"qt"}, {"desktop", "cli"}};
+const std::vector<Floor> kRooms{
+    {"core/runtime"},
+    {"core/platform"},
+    {"core/headless"},
+    {"core/messages"},
+    {"core/engine"},
+    {"core/settings"},
+    {"core/project"},
+    {"core/report", "core/graphics"},
+    {"core/program"},
+    {"desktop/base"},
+    {"desktop/input", "desktop/output", "desktop/graphs", "desktop/plan", "desktop/settings", "desktop/help"},
+    {"desktop/main"},
+};
 
-// The room of a file: its folder, and where rooms have rooms inside, the inner one.
-std::string RoomOf(const std::string& file) {
-    static const std::regex inner("^(platform/(qt|headless)|[a-z]+/forms)/.*");
-    std::smatch found;
-    if (std::regex_match(file, found, inner)) return found[1];
+int FloorOf(const std::vector<Floor>& floors, const std::string& name) {
+    for (std::size_t floor = 0; floor < floors.size(); ++floor)
+        if (floors[floor].contains(name)) return static_cast<int>(floor);
+    return -1;
+}
+
+std::string HouseOf(const std::string& file) {
     return file.substr(0, file.find('/'));
 }
 
-bool IsForms(const std::string& room) {
-    return room.ends_with("/forms");
-}
-
-bool IsCore(const std::string& room) {
-    return !IsForms(room) && room != "platform/qt" && room != "cli";
-}
-
-// What a room may use beside itself. The runtime maps the failures of the system's calls through the
-// platform's table, so these two stand side by side. Start-up and reset set the built-in values of reports
-// and graphs.
-Rooms UsableBy(const std::string& room) {
-    static const std::map<std::string, Rooms> own{
-        {"runtime", {"platform"}},
-        {"platform", {"runtime"}},
-        {"platform/headless", {"runtime", "platform"}},
-        {"messages", {"runtime", "platform"}},
-        {"engine", {"runtime", "platform", "messages"}},
-        {"settings", {"runtime", "platform", "messages", "engine"}},
-        {"project", {"runtime", "platform", "messages", "engine", "settings"}},
-        {"report", {"runtime", "platform", "messages", "engine", "settings", "project"}},
-        {"graphics", {"runtime", "platform", "messages", "engine", "settings", "project"}},
-        {"shell", {"runtime", "platform", "messages", "engine", "settings", "project", "report", "graphics"}},
-        {"platform/qt",
-         {"runtime", "platform", "messages", "engine", "settings", "project", "report", "graphics"}},
-        {"cli",
-         {"runtime", "platform", "platform/headless", "platform/qt", "messages", "engine", "settings",
-          "project", "report", "graphics", "shell"}},
-    };
-    if (!IsForms(room)) return own.at(room);
-    return {"runtime",     "platform",     "platform/qt",    "messages",      "engine",
-            "settings",    "project",      "report",         "graphics",      "shell",
-            "shell/forms", "report/forms", "graphics/forms", "settings/forms"};
+// The folder of a file: a house with rooms, or a house that is one room.
+std::string RoomOf(const std::string& file) {
+    return file.substr(0, file.find_last_of('/'));
 }
 
 bool IsToolkitHeader(const std::string& header) {
-    static const std::regex toolkit("^(Qt[A-Za-z]*/|Q[A-Z]|Qt|qcustomplot|xlsxwriter).*");
+    static const std::regex toolkit("^(Qt[A-Za-z]*/|Q[A-Z]|Qt|qcustomplot|xlsxwriter|nlohmann|CLI).*");
     return std::regex_match(header, toolkit);
 }
 
-// The program's entry puts the bindings, the forms and the core together.
-bool PutsAllTogether(const std::string& file) {
-    return file == "shell/main.cpp";
-}
-
 bool IsAllowed(const Include& include) {
-    if (PutsAllTogether(include.file)) return true;
-    const std::string room = RoomOf(include.file);
-    if (IsToolkitHeader(include.header)) return !IsCore(room);
+    const std::string house = HouseOf(include.file);
+    if (IsToolkitHeader(include.header)) return house != "core";
     if (include.system || include.header.find('/') == std::string::npos) return true;
-    const std::string used = RoomOf(include.header);
-    return used == room || UsableBy(room).contains(used);
+    const std::string used = HouseOf(include.header);
+    if (used != house) return FloorOf(kHouses, used) >= 0 && FloorOf(kHouses, used) < FloorOf(kHouses, house);
+    if (house == "desktop" || RoomOf(include.header) == RoomOf(include.file)) return true;
+    const int floor = FloorOf(kRooms, RoomOf(include.header));
+    return floor >= 0 && floor < FloorOf(kRooms, RoomOf(include.file));
 }
 
 std::vector<Include> IncludesOf(const std::string& file, std::istream& text) {
@@ -101,14 +83,16 @@ std::vector<Include> IncludesOf(const std::string& file, std::istream& text) {
 std::vector<Include> AllIncludes() {
     const std::filesystem::path root = TARVOKOL_SOURCE_FOLDER;
     std::vector<Include> all;
-    for (const std::string& folder : kFolders)
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(root / folder)) {
-            const std::string ending = entry.path().extension().string();
-            if (ending != ".cpp" && ending != ".h") continue;
-            std::ifstream text(entry.path());
-            const auto includes = IncludesOf(entry.path().lexically_relative(root).generic_string(), text);
-            all.insert(all.end(), includes.begin(), includes.end());
-        }
+    for (const Floor& floor : kHouses)
+        for (const std::string& house : floor)
+            for (const auto& entry : std::filesystem::recursive_directory_iterator(root / house)) {
+                const std::string ending = entry.path().extension().string();
+                if (ending != ".cpp" && ending != ".h") continue;
+                std::ifstream text(entry.path());
+                const auto includes =
+                    IncludesOf(entry.path().lexically_relative(root).generic_string(), text);
+                all.insert(all.end(), includes.begin(), includes.end());
+            }
     return all;
 }
 
@@ -119,59 +103,70 @@ std::vector<std::string> Refused(const std::vector<Include>& includes) {
     return refused;
 }
 
-TEST(RoomOrder, EachRoomUsesTheRoomsBelowItOnly) {
+TEST(RoomOrder, EachRoomUsesTheFloorsBelowItOnly) {
     EXPECT_THAT(Refused(AllIncludes()), IsEmpty());
 }
 
-TEST(RoomOrder, EveryRoomIsRead) {
-    Rooms read;
+TEST(RoomOrder, EveryRoomIsReadAndHasItsFloor) {
+    Floor read, told{"qt", "cli"};
     for (const Include& include : AllIncludes()) read.insert(RoomOf(include.file));
-    EXPECT_EQ(read, (Rooms{"cli", "engine", "graphics", "graphics/forms", "messages", "platform",
-                           "platform/headless", "platform/qt", "project", "report", "report/forms", "runtime",
-                           "settings", "settings/forms", "shell", "shell/forms"}));
+    for (const Floor& floor : kRooms) told.insert(floor.begin(), floor.end());
+    EXPECT_EQ(read, told);
 }
 
 TEST(RoomOrder, RefusesAStepUpOrSideways) {
     EXPECT_THAT(
-        Refused({{"engine/a.cpp", "settings/b.h"},
-                 {"report/a.cpp", "graphics/b.h"},
-                 {"graphics/a.cpp", "graphics/forms/b.h"},
-                 {"settings/a.cpp", "project/b.h"},
-                 {"messages/a.cpp", "platform/headless/b.h"},
-                 {"platform/qt/a.cpp", "shell/forms/b.h"},
-                 {"cli/a.cpp", "report/forms/b.h"}}),
-        ElementsAre("engine/a.cpp includes settings/b.h", "report/a.cpp includes graphics/b.h",
-                    "graphics/a.cpp includes graphics/forms/b.h", "settings/a.cpp includes project/b.h",
-                    "messages/a.cpp includes platform/headless/b.h",
-                    "platform/qt/a.cpp includes shell/forms/b.h", "cli/a.cpp includes report/forms/b.h"));
+        Refused({{"core/engine/a.cpp", "core/settings/b.h"},
+                 {"core/report/a.cpp", "core/graphics/b.h"},
+                 {"core/graphics/a.cpp", "desktop/graphs/b.h"},
+                 {"core/messages/a.cpp", "core/program/b.h"},
+                 {"core/runtime/a.cpp", "core/engine/b.h"},
+                 {"core/runtime/a.cpp", "core/unknown/b.h"},
+                 {"qt/a.cpp", "desktop/base/b.h"},
+                 {"desktop/main/a.cpp", "cli/b.h"},
+                 {"cli/a.cpp", "desktop/base/b.h"}}),
+        ElementsAre(
+            "core/engine/a.cpp includes core/settings/b.h", "core/report/a.cpp includes core/graphics/b.h",
+            "core/graphics/a.cpp includes desktop/graphs/b.h",
+            "core/messages/a.cpp includes core/program/b.h", "core/runtime/a.cpp includes core/engine/b.h",
+            "core/runtime/a.cpp includes core/unknown/b.h", "qt/a.cpp includes desktop/base/b.h",
+
+            "desktop/main/a.cpp includes cli/b.h", "cli/a.cpp includes desktop/base/b.h"));
 }
 
 TEST(RoomOrder, RefusesAToolkitHeaderInTheCore) {
-    EXPECT_THAT(Refused({{"engine/a.h", "QString", true},
-                         {"shell/a.cpp", "QtWidgets/QLabel", true},
-                         {"graphics/a.cpp", "qcustomplot.h", true},
-                         {"platform/a.cpp", "xlsxwriter.h", true}}),
-                ElementsAre("engine/a.h includes QString", "shell/a.cpp includes QtWidgets/QLabel",
-                            "graphics/a.cpp includes qcustomplot.h", "platform/a.cpp includes xlsxwriter.h"));
+    EXPECT_THAT(
+        Refused({{"core/engine/a.h", "QString", true},
+                 {"core/program/a.cpp", "QtWidgets/QLabel", true},
+                 {"core/graphics/a.cpp", "qcustomplot.h", true},
+                 {"core/project/a.cpp", "nlohmann/json.hpp", true},
+                 {"core/platform/a.cpp", "xlsxwriter.h", true}}),
+        ElementsAre("core/engine/a.h includes QString", "core/program/a.cpp includes QtWidgets/QLabel",
+                    "core/graphics/a.cpp includes qcustomplot.h",
+                    "core/project/a.cpp includes nlohmann/json.hpp",
+                    "core/platform/a.cpp includes xlsxwriter.h"));
 }
 
-TEST(RoomOrder, AllowsAStepDownAndFormsThatOpenOneAnother) {
-    EXPECT_THAT(Refused({{"shell/a.cpp", "graphics/b.h"},
-                         {"report/forms/a.cpp", "graphics/forms/b.h"},
-                         {"report/forms/a.cpp", "QLabel", true},
-                         {"project/a.cpp", "engine/b.h"},
-                         {"cli/a.cpp", "platform/qt/b.h"}}),
+TEST(RoomOrder, AllowsAStepDown) {
+    EXPECT_THAT(Refused({{"core/program/a.cpp", "core/graphics/b.h"},
+                         {"core/report/a.cpp", "core/report/b.h"},
+                         {"desktop/output/a.cpp", "desktop/base/b.h"},
+                         {"desktop/output/a.cpp", "QLabel", true},
+                         {"desktop/main/a.cpp", "desktop/output/b.h"},
+                         {"desktop/main/a.cpp", "core/project/b.h"},
+                         {"qt/a.cpp", "core/report/b.h"},
+                         {"cli/a.cpp", "qt/b.h"}}),
                 IsEmpty());
 }
 
 TEST(RoomOrder, ReadsIncludeLinesOfEitherForm) {
     std::istringstream text(
-        "#include <QString>\n  # include \"engine/curves.h\" // why\n// #include \"x/y.h\"\n");
+        "#include <QString>\n  # include \"core/engine/curves.h\" // why\n// #include \"x/y.h\"\n");
     const auto includes = IncludesOf("a/b.cpp", text);
     ASSERT_EQ(includes.size(), 2u);
     EXPECT_EQ(includes[0].header, "QString");
     EXPECT_TRUE(includes[0].system);
-    EXPECT_EQ(includes[1].header, "engine/curves.h");
+    EXPECT_EQ(includes[1].header, "core/engine/curves.h");
     EXPECT_FALSE(includes[1].system);
 }
 
@@ -182,8 +177,8 @@ TEST(RoomOrder, ChartAndWorkbookLibrariesStayBehindTheirBindings) {
         if (include.header == "qcustomplot.h") chart.insert(include.file);
         if (include.header == "xlsxwriter.h") workbook.insert(include.file);
     }
-    EXPECT_THAT(chart, ::testing::Each(::testing::StartsWith("platform/qt/chart_")));
-    EXPECT_THAT(workbook, ElementsAre("platform/qt/xlsx_writer.cpp"));
+    EXPECT_THAT(chart, ::testing::Each(::testing::StartsWith("qt/chart_")));
+    EXPECT_THAT(workbook, ElementsAre("qt/xlsx_writer.cpp"));
 }
 
 }  // namespace

@@ -1,0 +1,28 @@
+#include "core/engine/curve_range.h"
+
+#include "core/engine/options_record.h"
+#include "core/runtime/checked.h"
+
+namespace tarvokol {
+namespace {
+
+constexpr double kPercent = 100.0;
+constexpr double kSteps = 50.0;
+
+}  // namespace
+
+CurveRange RangeAround(double base) {
+    const double lower = OptionsRecord.PlotRangeMin / kPercent;
+    const double upper = OptionsRecord.PlotRangeMax / kPercent + 1.0;
+    const float relative_step = ToSingle((upper - lower) / kSteps);
+    CurveRange range{ToSingle(lower * base), ToSingle(upper * base), ToSingle(relative_step * base)};
+    if (range.step == 0.0f) range.step = 1.0f;
+    return range;
+}
+
+long RowsOf(const CurveRange& range) {
+    const double span = static_cast<double>(range.last) - range.first;
+    return ToLong(Divide(span, range.step) + 2.0);
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,83 @@
+// The panel plan: geometry of the pillars and its drawing on a surface. A panel is drawn as one row of
+// pillars seen from above, the barrier on the left, then the webs; the holes are the gaps between them.
+// Inputs are those of `PreviewRecord`, in the project's length units. A figure beyond the range of a single
+// raises "Overflow".
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/engine/project_record.h"
+#include "core/platform/drawing_surface.h"
+#include "core/runtime/one_based.h"
+
+namespace tarvokol {
+
+// Layout state, valid between one BuildLayout and the next; project length units.
+inline float PlotWidth = 0;
+inline float PlotHeight = 0;
+inline OneBased<int16_t, MaxHoles> PillarPresent;
+inline OneBased<OneBased<float, MaxHoles>, 4> CornerX;  // corners from the lower left, against the clock
+inline OneBased<OneBased<float, MaxHoles>, 4> CornerY;
+inline OneBased<float, MaxHoles> XcutDimX;
+inline OneBased<int16_t, MaxHoles> XcutDimShown;
+inline OneBased<int16_t, 4> ZoneActive;  // cleared and never set: no zone is drawn
+
+// Length of a web on the drawing, the same in both unit systems: the plan is to scale across the row only.
+inline float WebDrawLength = 200.0f;
+
+// What the label of a pillar shows, 1 to 5; true when the results viewer opened the plot window.
+namespace plot_mode {
+constexpr int16_t Dimensions = 1;
+constexpr int16_t Strength = 2;
+constexpr int16_t Capacity = 3;
+constexpr int16_t AbutmentStress = 4;
+constexpr int16_t TotalStress = 5;
+}  // namespace plot_mode
+inline int16_t PlotMode = plot_mode::Dimensions;
+inline bool PlotFromResults = false;
+
+// Stresses per pillar for the last two modes. No part of the calculation fills them.
+inline OneBased<double, MaxHoles> PillarAbutmentStress;
+inline OneBased<double, MaxHoles> PillarTotalStress;
+
+// Fills the corners of pillar i; they stay as they are where the crosscut angle is not exactly 90.
+void ComputePillarCorners(int i, int row);
+
+// Clears and rebuilds all pillars and finds the extents. Fewer than 1 or more than 20 holes raise "Subscript
+// out of range".
+void BuildLayout();
+
+// Room above the plan of the parameters dialog.
+void StretchForPreview();
+
+// Room to the left of the plot window's plan for the crosscut dimensions that the settings ask for.
+void ReserveXcutDimSpace();
+
+// Makes the world window square and puts the plan into its middle.
+void CentreLayout();
+
+void ShiftLayoutX(float dx);
+void ShiftLayoutY(float dy);
+
+// Sets both to the larger one.
+void EqualizeExtents(float& a, float& b);
+float MaxSingle(float a, float b);
+
+// Draws the outline of pillar i and, in a plot window, its dimensions, its label and the title line.
+void DrawPillar(int i, int row, DrawingSurface& surface);
+
+// Prints a text turned by `angle` degrees against the clock at the current point, in a font 1.5 times as many
+// pixels high as the surface's font has points.
+void PrintRotated(DrawingSurface& surface, const std::string& font_name, const std::string& text,
+                  double angle);
+
+// Clears the surface and draws every present pillar over the existing layout.
+void DrawPillars(DrawingSurface& surface);
+
+// The route of the parameters dialog's frame and the one of the plot window: build, make room, check, scale,
+// draw. An extent of 0 gives "Invalid Pillar Dimensions" and leaves the surface as it is.
+void DrawPanelPreview(DrawingSurface& surface);
+void DrawPanelPlot(DrawingSurface& surface);
+
+}  // namespace tarvokol

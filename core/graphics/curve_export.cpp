@@ -1,0 +1,68 @@
+#include "core/graphics/curve_export.h"
+
+#include "core/engine/curves.h"
+#include "core/runtime/numbers.h"
+#include "core/runtime/run_time_error.h"
+#include "core/runtime/text.h"
+
+namespace tarvokol {
+namespace {
+
+char ColumnLetter(int code) {
+    if (code < 'A' || code > 'Z') Raise(error_number::InvalidCall);
+    return static_cast<char>(code);
+}
+
+std::string CellAddress(char column, long row) {
+    return column + std::to_string(row);
+}
+
+std::string CsvField(const std::string& text) {
+    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+    return '"' + ReplaceAll(text, "\"", "\"\"") + '"';
+}
+
+}  // namespace
+
+char FirstColumnOf(int series) {
+    return ColumnLetter(63 + 2 * series);
+}
+
+char SecondColumnOf(int series) {
+    return ColumnLetter(64 + 2 * series);
+}
+
+void WriteCurveCells(const ChartModel& chart, GraphFamily family, SpreadsheetWriter& writer) {
+    for (int series = 1; series <= chart.NumSeries(); ++series) {
+        const char first = FirstColumnOf(series);
+        const char second = SecondColumnOf(series);
+        const long points = chart.NumPoints(series);
+        for (long point = 1; point <= points; ++point) {
+            const long row = point + 1;
+            writer.SetCell(CellAddress(first, row), chart.X(series, point));
+            writer.SetCell(CellAddress(second, row), chart.Y(series, point));
+        }
+        writer.SetCell(CellAddress(first, 1), std::string("X-coord"));
+        writer.SetCell(CellAddress(second, 1), ReadOutName(family, series));
+    }
+}
+
+void ExportCurves(const ChartModel& chart, GraphFamily family, SpreadsheetWriter& writer) {
+    writer.BeginWorkbook();
+    WriteCurveCells(chart, family, writer);
+    writer.ShowWorkbook();
+}
+
+std::string CurveTableCsv(const std::string& x_name, const std::vector<std::string>& names) {
+    std::string csv = CsvField(x_name);
+    for (const std::string& name : names) csv += ',' + CsvField(name);
+    csv += '\n';
+    for (long row = 1; row <= CurvePoints; ++row) {
+        csv += GeneralText(CurveData(0, row));
+        for (int curve = 1; curve <= CurveCount; ++curve) csv += ',' + GeneralText(CurveData(curve, row));
+        csv += '\n';
+    }
+    return csv;
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,66 @@
+#include "core/messages/notify.h"
+
+#include "core/messages/history_log.h"
+#include "core/messages/titles.h"
+#include "core/platform/message_box.h"
+#include "core/platform/platform.h"
+#include "core/runtime/numbers.h"
+#include "core/runtime/text.h"
+
+namespace tarvokol {
+namespace {
+
+// The title of a box that has none, while the program's own long title is not set either.
+constexpr const char* kApplicationTitle = "TARVO-KOL";
+
+}  // namespace
+
+int16_t Notify(std::string& message, int16_t& style, std::string& title, std::string& help_file, int32_t& context) {
+    LogMessage((title.empty() ? "Message" : title) + ": " + message);
+    if (title.empty()) title = AppLongTitle.empty() ? kApplicationTitle : AppLongTitle;
+    return static_cast<int16_t>(Platform.Messages->Show({message, style, title, help_file, context}));
+}
+
+int16_t Notify(const std::string& message, int style, std::string& title) {
+    std::string text = message;
+    auto box_style = static_cast<int16_t>(style);
+    std::string help_file;
+    int32_t context = 0;
+    return Notify(text, box_style, title, help_file, context);
+}
+
+int16_t Notify(const std::string& message, int style) {
+    std::string title;
+    return Notify(message, style, title);
+}
+
+std::string OutsideRangeMessage(const std::string& text, const std::string& low, const std::string& high) {
+    return "Value '" + Trim(text) + "' is outside input range" + std::string(CrLf) + "Valid range is: " + low + "-" + high;
+}
+
+bool CheckRange(const std::string& text, double low, double high, std::string& label) {
+    if (!label.empty()) label += ": ";
+    std::string message = label;
+    if (IsBlank(text)) {
+        message += "Blank field not allowed";
+    } else {
+        const double value = NumericParse(text);
+        if (value >= low && value <= high) return true;
+        message += OutsideRangeMessage(text, GeneralText(low), GeneralText(high));
+    }
+    Notify(message, box_style::Critical, RangeErrorTitle);
+    return false;
+}
+
+bool CheckRange(const std::string& text, double low, double high) {
+    std::string label;
+    return CheckRange(text, low, high, label);
+}
+
+void ShowHelpTip() {
+    std::string title = "Help";
+    Notify("Position the cursor on any item on the form and press F1 for context-sensitive Help", box_style::Exclamation,
+           title);
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,141 @@
+#include "core/engine/curves.h"
+#include "core/engine/options_record.h"
+#include "core/engine/project_record.h"
+#include "core/engine/working_parameters.h"
+#include "core/graphics/TarvoGraf.h"
+#include "core/messages/history_log.h"
+#include "core/messages/titles.h"
+#include "core/platform/program_name.h"
+#include "core/program/program_help.h"
+#include "core/program/start_up.h"
+#include "core/project/project_file.h"
+#include "core/project/project_state.h"
+#include "core/report/report_builder.h"
+#include "core/runtime/file_system.h"
+#include "core/settings/configuration.h"
+#include "core/settings/folders.h"
+#include "core/settings/graph_settings.h"
+#include "core/settings/program_settings.h"
+
+namespace tarvokol {
+namespace {
+
+void SetIdentity() {
+    AppLongTitle = "Tarvo Panel Stability Evaluation - KOL";
+    HelpFileName = "TARVOKOL.CHM";
+    PdfHelpName = "TARVOKOL.PDF";
+    UpdatePageAddress = "https://www.oltek.example/tarvokol/";
+    SupportAddress = "support@oltek.example";
+    ExeNameUpper = ProgramNameUpper();
+    IniStamp = "050924";
+    KillStaleIni = -1;
+}
+
+void SetFontDefaults() {
+    DisplayFontName = BrowseFontName = BestScreenFont();
+    DisplayFontSize = BrowseFontSize = 10.0f;
+    DisplayFontBold = BrowseFontBold = 0;
+    DisplayFontItalic = BrowseFontItalic = 0;
+}
+
+void SetModuleSettings() {
+    DefaultUnitSystem = 0;
+    UnitSystem = 0;
+    DisplayHistoryWin = 1;
+    KeepFileNames = 1;
+    MaxDisplaySize = 2048;
+    ShowDisclaim = 1;
+    MaxMainMenu = 0;
+    DataPath = ChosenPath = PersonalDataFolder;
+    ExternalEditor = "Notepad.exe";
+    EnableMainMenuToolbar = 1;
+    LoadLastInputFile = 0;
+    CopyExampleFilesSetting = 1;
+    ProjectSaved = ProjectEmpty = 255;
+    HistorySequence = 0;
+    FileFormatLevel = 0;
+    MessageTitle = "Message";
+    BrowseUseNotepad = 0;
+    BrowseDefaultFilter.clear();
+    ShortRecentFiles = 0;
+    RemindAnnualUpdates = 1;
+    LastFile.Fill("");
+    LastFileLong.Fill("");
+    SetFontDefaults();
+}
+
+void FillNameTables() {
+    DialogPrefix.Fill("");
+    DialogPrefix[1] = "Project Description: ";
+    DialogPrefix[2] = "Project Parameters: ";
+    DialogPrefix[7] = "Program Options: ";
+    DialogPrefix[8] = "Settings: ";
+    StabilityCaseNames[stability_case::Overall] = "Overall";
+    StabilityCaseNames[stability_case::WebsOnly] = "Webs ONLY";
+    StabilityCaseNames[stability_case::Barrier] = "Barrier Pillar";
+    CurveNames = StabilityCaseNames;
+    SizingCurveNames[1] = "Web Thickness";
+    SizingCurveNames[2] = "Barrier Width";
+    PillarClassNames[1] = "Barrier";
+    PillarClassNames[2] = "Web    ";
+    OrdinalNames[1] = "First";
+    OrdinalNames[2] = "Second";
+    FillResourceTables();
+}
+
+void SetOptions() {
+    LastOutputPage = 2;
+    OptionsRecord = EngineOptions{};
+    ShowInputScreenOnLoad = 1;
+    ViewChildWindow = 1;
+    PrintModuleHeader = 1;
+    PrintPlotReminder = 1;
+    AskOfficeInstall = 1;
+    PlotEntryDims = 1;
+    PlotXcutDims = PlotGobDims = PlotSingleXcutDims = PlotGobExtLoose = 0;
+    WebDrawLength = UnitSystem == 0 ? 200.0f : 60.0f;
+}
+
+// What follows the module defaults. The history window is off in a new configuration.
+void SetMainValues() {
+    DisplayHistoryWin = 0;
+    InitGraphDefaults();
+    InitGraphFactoryValues();
+    FillNameTables();
+    SetOptions();
+    ProjectExtension = "TKL";
+    FileExtension = ProjectExtension;
+}
+
+void SetPaths() {
+    IniPath = PersonalDataFolder + "TARVOKOL.INI";
+    DescTempPath = TempDataFolder + "~tmpdesc.tmp";
+}
+
+}  // namespace
+
+void SetHelpFile() {
+    RunTimeHelpFile = WithSeparator(AppFolder) + HelpFileName;
+}
+
+void InitModuleDefaults() {
+    LocateAppFolder();
+    LocateDataFolders();
+    SetHelpFile();
+    SetModuleSettings();
+}
+
+void SetBuiltInValues() {
+    SetIdentity();
+    SetModuleSettings();
+    SetMainValues();
+}
+
+void InitializeProgram() {
+    SetIdentity();
+    InitModuleDefaults();
+    SetMainValues();
+    SetPaths();
+}
+
+}  // namespace tarvokol

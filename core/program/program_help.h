@@ -1,0 +1,31 @@
+// The Help menu without its windows: help viewer, PDF manual, reference notes.
+#pragma once
+
+#include <string>
+
+#include "core/runtime/one_based.h"
+
+namespace tarvokol {
+
+// Reference notes that come with the program: file names and titles, the latter the captions of their
+// buttons.
+inline ZeroBased<std::string, 4> ResourceFiles;
+inline ZeroBased<std::string, 4> ResourceTitles;
+void FillResourceTables();
+
+// The run-time help file for index 0 to 2, empty for any other.
+std::string HelpFilePath(int index);
+
+// Contents page, index and a named topic in the help viewer.
+void ShowHelpContents(int index = 0);
+void ShowHelpIndex(int index = 0);
+void ShowHelpTopic(int index, const std::string& topic);
+
+// Opens the manual; a missing one and a failure are told.
+void OpenPdfManual();
+
+// Opens a reference note, 0 to 4; the boxes about a missing one and a failure are not logged. An index
+// outside raises "Subscript out of range".
+void OpenResource(int index);
+
+}  // namespace tarvokol

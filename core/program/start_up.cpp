@@ -1,0 +1,75 @@
+#include "core/program/start_up.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "core/messages/notify.h"
+#include "core/platform/help_viewer.h"
+#include "core/platform/message_box.h"
+#include "core/platform/platform.h"
+#include "core/project/lifecycle.h"
+#include "core/project/project_state.h"
+#include "core/runtime/text.h"
+#include "core/settings/configuration.h"
+#include "core/settings/folders.h"
+#include "core/settings/program_settings.h"
+
+namespace tarvokol {
+namespace {
+
+void OpenLastFile() {
+    if (LoadLastInputFile == 1 && !LastFileLong[1].empty()) RecentFileCommand(1);
+}
+
+// The whole command line is one file name; it is not split at blanks. The dialog that the last file has
+// opened would show that file's figures for this one's, and its OK would store them.
+void OpenCommandLineFile(const std::string& command_line, const MainWindowSteps& window) {
+    if (command_line.empty()) return;
+    window.CloseParameters();
+    ProjectFileName = ReplaceAll(command_line, "\"", "");
+    LoadProjFile();
+}
+
+bool SaveBeforeClosing() {
+    if (!FileMenuSave(false)) return false;
+    UpdateRecentFiles();
+    return true;
+}
+
+}  // namespace
+
+void Main(const std::string& command_line, const MainWindowSteps& window) {
+    InitializeProgram();
+    SettleConfigurationFile();
+    CopyExampleFiles();
+    window.Create();
+    FileNew(true, true);
+    window.Show();
+    window.ApplyHistoryFont();
+    OpenLastFile();
+    OpenCommandLineFile(command_line, window);
+}
+
+void EnterProgramFolder() {
+    std::error_code ignored;
+    std::filesystem::current_path(AppFolder, ignored);
+}
+
+bool MayCloseProgram() {
+    if (ProjectSaved != 0) return true;
+    switch (Notify("Save changes to: " + ProjectFileName + "?", box_style::YesNoCancelQuestion)) {
+        case box_result::Yes:
+            return SaveBeforeClosing();
+        case box_result::Cancel:
+            return false;
+        default:
+            return true;
+    }
+}
+
+void ShutDown() {
+    Platform.Help->Uninitialize(RunTimeHelpFile);
+    SaveSettings(section::FileMenu);
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,60 @@
+// Start-up and shutdown: the entry routine as steps that can be run in order.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "core/runtime/one_based.h"
+
+namespace tarvokol {
+
+// Identity, set first, never changed.
+inline std::string HelpFileName;
+inline std::string PdfHelpName;
+inline std::string UpdatePageAddress;
+inline std::string SupportAddress;
+inline std::string RunTimeHelpFile;  // full name
+
+// Names set at start-up and read by nothing so far.
+inline OneBased<std::string, 2> OrdinalNames;
+
+// What Main asks of the main window, which the binding creates.
+struct MainWindowSteps {
+    std::function<void()> Create;            // creates it hidden and runs its load, unless that has happened
+    std::function<void()> Show;              // modeless
+    std::function<void()> ApplyHistoryFont;  // font of the history text
+    std::function<void()> CloseParameters;   // cancels the parameters dialog if it is open
+};
+
+// The built-in value of every setting, option, name table and graph default. No folder is looked for: the
+// settings that name one take the folder variables as they stand.
+void SetBuiltInValues();
+
+// Identity, module defaults, graph values, name tables, options, paths: everything that stands before the
+// configuration file is touched. Finds and creates the user's data folders.
+void InitializeProgram();
+
+// The part of it that finds the folders and sets the settings' built-in values.
+void InitModuleDefaults();
+
+// Sets `RunTimeHelpFile` from `AppFolder` and `HelpFileName`.
+void SetHelpFile();
+
+// Puts every variable of the program back to what a fresh process has, closes all files, then sets the
+// built-in values. The bindings of the platform stay.
+void ResetProgram();
+
+// The whole start-up. `command_line` is one project path, quotes and all. Raises what loading it raises.
+void Main(const std::string& command_line, const MainWindowSteps& window);
+
+// The first step of the main window's load: makes the program's folder the current one.
+void EnterProgramFolder();
+
+// Asks about unsaved work when the main window is to close, and saves; false if the window must stay open.
+bool MayCloseProgram();
+
+// What the main window's unload does beside closing: help viewer, recent-file list.
+void ShutDown();
+
+}  // namespace tarvokol

@@ -1,0 +1,47 @@
+// New, Open, Save and Save As, the window caption and the recent-file list.
+#pragma once
+
+#include <string>
+
+#include "core/runtime/one_based.h"
+
+namespace tarvokol {
+
+// Remembered start paths of the file dialog: 1 for Open, 2 for Save As.
+inline OneBased<std::string, 2> DialogPaths;
+
+// Resets the project; always false.
+bool FileNew(const bool& setUntitled, const bool& resetUnits);
+
+// Asks about unsaved work, resets the project and reads `ProjectFileName`. False if the file is of another
+// format.
+bool FileOpen();
+
+// Opens `ProjectFileName` and, if that worked, does the rest: recent files, caption, parameters dialog.
+bool LoadProjFile();
+
+// Saves, with the file dialog first where the project has no name or `ForceDialog` asks for it. True if it
+// was saved.
+bool FileMenuSave(const bool& ForceDialog);
+
+// Mode 1 opens, 2 saves. `ProjectFileName` and `path` become the chosen full name. A cancel raises 32755.
+void ShowFileDialog(int mode, std::string& path);
+
+// The whole commands of the File menu, each under its own guard.
+void FileNewCommand();
+void FileOpenCommand();
+void FileSaveCommand(bool force_dialog);
+void RecentFileCommand(int index);
+
+void UpdateMainCaption();
+void UpdateRecentFiles();
+void LoadRecentFileMenu();
+
+// Full path of a recent-file entry, 1 to 4.
+std::string RecentFileName(int index);
+
+// The name behind the last separator of a path; with `dropExtension` not 0 the text before the name's first
+// ".", unless that is its first character. A remainder that ends in a separator gives a message.
+std::string FileNameOf(const std::string& path, int dropExtension);
+
+}  // namespace tarvokol

@@ -1,0 +1,54 @@
+// The three pages of the report, fixed-pitch text with CR LF line ends.
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <string>
+
+#include "core/project/project_state.h"
+#include "core/runtime/numbers.h"
+#include "core/runtime/one_based.h"
+
+namespace tarvokol {
+
+// `OutputBuffers` holds pages 0 (inputs), 1 (stability factors) and 2 (pillars); a new project clears 1 and 2.
+inline int16_t LastOutputPage = 2;
+
+// Names printed in the report, set at start-up.
+inline OneBased<std::string, 3> StabilityCaseNames;
+inline OneBased<std::string, 2> PillarClassNames;
+
+// Writes page 0 from the project's inputs; `mode` is ignored. Raises the error of WrapText.
+void LoadOutBuf0(const int16_t& mode);
+
+// Writes page 1, logs, and puts the results into output units at its very end.
+void WriteStabilitySection();
+
+// Writes page 2; must run after WriteStabilitySection.
+void WritePillarSection();
+
+// Steps of the output command behind its gate: input check, analysis, pages 1 and 2. False if the check
+// refuses, and then the pages stay as they were.
+bool CalculateReport();
+
+// The text with "." up to a width, or with blanks before it; longer texts stay unchanged. Widths in
+// characters.
+std::string DotPad(const std::string& text, std::size_t width);
+std::string RightJustify(const std::string& text, std::size_t width);
+
+// The general text of a number, right-justified.
+template <typename Number>
+requires std::integral<Number> || std::floating_point<Number> std::string RightJustify(Number value,
+                                                                                       std::size_t width) {
+    return RightJustify(GeneralText(value), width);
+}
+
+// The text in lines, each with a CR LF behind it: a line that is longer than `width` characters is broken at
+// its last blank there. A width of 20 or less returns the text unchanged, without a CR LF. More than `width`
+// characters without a blank raise "Invalid procedure call or argument".
+std::string WrapText(const std::string& text, int width);
+
+// Version of the running program: "1.3.02".
+std::string VersionString();
+
+}  // namespace tarvokol

@@ -1,0 +1,137 @@
+#include "core/runtime/text.h"
+
+#include <algorithm>
+
+#include "core/runtime/run_time_error.h"
+
+namespace tarvokol {
+namespace {
+
+unsigned char Byte(std::string_view text, std::size_t offset) { return static_cast<unsigned char>(text[offset]); }
+
+// Length that the lead byte announces, 0 for a byte that cannot begin a character.
+std::size_t AnnouncedBytes(unsigned char lead) {
+    if (lead < 0x80) return 1;
+    if (lead >= 0xC2 && lead <= 0xDF) return 2;
+    if (lead >= 0xE0 && lead <= 0xEF) return 3;
+    if (lead >= 0xF0 && lead <= 0xF4) return 4;
+    return 0;
+}
+
+// Lowest and highest second byte that the lead byte allows: no overlong forms, no surrogates, nothing above U+10FFFF.
+bool SecondByteFits(unsigned char lead, unsigned char second) {
+    switch (lead) {
+        case 0xE0: return second >= 0xA0 && second <= 0xBF;
+        case 0xED: return second >= 0x80 && second <= 0x9F;
+        case 0xF0: return second >= 0x90 && second <= 0xBF;
+        case 0xF4: return second >= 0x80 && second <= 0x8F;
+        default: return second >= 0x80 && second <= 0xBF;
+    }
+}
+
+void RefuseNegative(long count) {
+    if (count < 0) Raise(error_number::InvalidCall);
+}
+
+}  // namespace
+
+std::size_t CharacterBytes(std::string_view text, std::size_t offset) {
+    const unsigned char lead = Byte(text, offset);
+    const std::size_t count = AnnouncedBytes(lead);
+    if (count <= 1) return 1;
+    if (offset + count > text.size() || !SecondByteFits(lead, Byte(text, offset + 1))) return 1;
+    for (std::size_t i = 2; i < count; ++i)
+        if ((Byte(text, offset + i) & 0xC0) != 0x80) return 1;
+    return count;
+}
+
+std::size_t AdvanceCharacters(std::string_view text, std::size_t offset, std::size_t count) {
+    while (count > 0 && offset < text.size()) {
+        offset += CharacterBytes(text, offset);
+        --count;
+    }
+    return offset;
+}
+
+std::size_t Length(std::string_view text) {
+    std::size_t count = 0;
+    for (std::size_t offset = 0; offset < text.size(); offset += CharacterBytes(text, offset)) ++count;
+    return count;
+}
+
+std::string Left(std::string_view text, long count) {
+    RefuseNegative(count);
+    return std::string(text.substr(0, AdvanceCharacters(text, 0, static_cast<std::size_t>(count))));
+}
+
+std::string Right(std::string_view text, long count) {
+    RefuseNegative(count);
+    const std::size_t length = Length(text);
+    const auto wanted = static_cast<std::size_t>(count);
+    if (wanted >= length) return std::string(text);
+    return std::string(text.substr(AdvanceCharacters(text, 0, length - wanted)));
+}
+
+std::string Mid(std::string_view text, long start) {
+    if (start < 1) Raise(error_number::InvalidCall);
+    return std::string(text.substr(AdvanceCharacters(text, 0, static_cast<std::size_t>(start - 1))));
+}
+
+std::string Mid(std::string_view text, long start, long count) {
+    RefuseNegative(count);
+    if (start < 1) Raise(error_number::InvalidCall);
+    const std::size_t begin = AdvanceCharacters(text, 0, static_cast<std::size_t>(start - 1));
+    const std::size_t end = AdvanceCharacters(text, begin, static_cast<std::size_t>(count));
+    return std::string(text.substr(begin, end - begin));
+}
+
+std::string TrimLeft(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    return first == std::string_view::npos ? std::string() : std::string(text.substr(first));
+}
+
+std::string TrimRight(std::string_view text) {
+    const std::size_t last = text.find_last_not_of(' ');
+    return last == std::string_view::npos ? std::string() : std::string(text.substr(0, last + 1));
+}
+
+std::string Trim(std::string_view text) { return TrimLeft(TrimRight(text)); }
+
+bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == std::string_view::npos; }
+
+std::string UpperCase(std::string_view text) {
+    std::string upper;
+    upper.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const unsigned char c = Byte(text, i);
+        if (c >= 'a' && c <= 'z') {
+            upper += static_cast<char>(c - 'a' + 'A');
+        } else if (c == 0xC3 && i + 1 < text.size() && Byte(text, i + 1) >= 0xA0 && Byte(text, i + 1) <= 0xBE &&
+                   Byte(text, i + 1) != 0xB7) {
+            upper += static_cast<char>(c);  // U+00E0 to U+00FE without the division sign
+            upper += static_cast<char>(Byte(text, ++i) - 0x20);
+        } else {
+            upper += static_cast<char>(c);
+        }
+    }
+    return upper;
+}
+
+bool EqualIgnoringCase(std::string_view left, std::string_view right) {
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [lower](char a, char b) { return lower(a) == lower(b); });
+}
+
+std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {
+    std::string result;
+    std::size_t start = 0;
+    if (from.empty()) return std::string(text);
+    for (std::size_t found = text.find(from); found != std::string_view::npos; found = text.find(from, start)) {
+        result.append(text.substr(start, found - start)).append(to);
+        start = found + from.size();
+    }
+    return result.append(text.substr(start));
+}
+
+}  // namespace tarvokol

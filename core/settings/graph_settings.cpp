@@ -1,0 +1,61 @@
+#include "core/settings/graph_settings.h"
+
+#include "core/engine/project_record.h"
+#include "core/messages/titles.h"
+
+namespace tarvokol {
+namespace {
+
+template <typename Titles>
+void CopyWithLengthLabel(Titles& titles, const Titles& base_titles) {
+    for (long i = Titles::First(); i <= Titles::Last(); ++i)
+        titles[i] = base_titles[i] + UnitLabel(UnitSystem, 0);
+}
+
+void CopyDefaultStyles() {
+    GridStyle = GraphDefaults.GridStyle;
+    GraphStyle = GraphDefaults.GraphStyle;
+    CurveLegend = GraphDefaults.CurveLegend;
+    SymbolSize = GraphDefaults.SymbolSize;
+    GraphTitle = GraphDefaults.GraphTitle;
+}
+
+}  // namespace
+
+void InitGraphDefaults() {
+    constexpr int32_t kColors[] = {0xFF0000, 6053069, 0, 25600, 4, 5};
+    for (long i = CurveColor.First(); i <= CurveColor.Last(); ++i) CurveColor[i] = kColors[i - 1];
+    XAxisTitle.Fill("");
+    YAxisTitle.Fill("");
+    XAxisTitleS.Fill("");
+    YAxisTitleS.Fill("");
+    GraphTitle.clear();
+    GraphRestyleCount = 0;
+}
+
+void InitGraphFactoryValues() {
+    GraphDefaults.GridStyle = 0;
+    GraphDefaults.GraphStyle = 3;
+    GraphDefaults.CurveLegend = 1;
+    GraphDefaults.SymbolSize = 5;
+    GraphDefaults.GraphTitle = AppLongTitle;
+    GraphDefaults.XAxisTitle[0] = "Extraction Height";
+    GraphDefaults.XAxisTitle[1] = "Depth of Cover";
+    GraphDefaults.XAxisTitle[2] = "Hole Width";
+    GraphDefaults.YAxisTitle.Fill("Stability Factor");
+    GraphDefaults.XAxisTitleS.Fill("Depth of Cover");
+    GraphDefaults.YAxisTitleS[0] = "Web Thickness";
+    GraphDefaults.YAxisTitleS[1] = "Barrier Width";
+    CopyDefaultStyles();
+}
+
+void ResetGraphDefaults() {
+    CopyDefaultStyles();
+    CopyWithLengthLabel(XAxisTitle, GraphDefaults.XAxisTitle);
+    YAxisTitle = GraphDefaults.YAxisTitle;
+    CopyWithLengthLabel(XAxisTitleS, GraphDefaults.XAxisTitleS);
+    CopyWithLengthLabel(YAxisTitleS, GraphDefaults.YAxisTitleS);
+    GraphUnits = UnitSystem;
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,218 @@
+#include "desktop/base/form_base.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QWindow>
+#include <algorithm>
+
+#include "core/platform/help_viewer.h"
+#include "core/platform/platform.h"
+#include "core/program/start_up.h"
+#include "desktop/base/form_services.h"
+#include "qt/qt_text.h"
+
+namespace tarvokol {
+namespace {
+
+std::vector<FormBase*> Forms;
+
+bool TakesInput(const QWidget* widget) {
+    return widget != nullptr && widget->isVisible() && widget->isEnabled();
+}
+
+}  // namespace
+
+FormBase::FormBase() {
+    Forms.push_back(this);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { RememberFocus(now); });
+}
+
+FormBase::~FormBase() {
+    // The window's own end moves the focus once more; this is no form by then.
+    disconnect(qApp, nullptr, this, nullptr);
+    std::erase(Forms, this);
+}
+
+void FormBase::Load() {
+    try {
+        Form_Load();
+    } catch (...) {
+        Discard();
+        throw;
+    }
+    FitToContents();
+    CenterForm(*this);
+}
+
+// A large font needs more room than the form was drawn with, and a form that is larger than the screen hides
+// its buttons.
+void FormBase::FitToContents() {
+    QSize needed = size().expandedTo(minimumSizeHint());
+    // Wrapped text needs the more height the narrower the form is.
+    if (const QWidget* body = centralWidget(); body != nullptr && body->hasHeightForWidth())
+        needed.setHeight(std::max(needed.height(), body->heightForWidth(needed.width())));
+    resize(needed.boundedTo(screen()->availableGeometry().size()));
+}
+
+void FormBase::ShowModeless(QWidget* owner) {
+    if (unloaded_) return;
+    // Only a window of this type is kept above its owner by the window manager. The owner is disabled; on top
+    // it would hide what it waits for.
+    if (owner != nullptr) setWindowFlag(Qt::Dialog);
+    Present(owner);
+}
+
+void FormBase::ShowModal(QWidget* owner) {
+    if (unloaded_) return;
+    QPointer<QWidget> opener = owner != nullptr ? owner : QApplication::activeWindow();
+    setWindowFlag(Qt::Dialog);
+    setWindowModality(Qt::ApplicationModal);
+    QEventLoop loop;
+    modal_loop_ = &loop;
+    Present(opener);
+    loop.exec(QEventLoop::DialogExec);
+    if (TakesInput(opener)) opener->activateWindow();
+}
+
+void FormBase::Present(QWidget* owner) {
+    const QWidget* below = owner != nullptr ? owner : QApplication::activeWindow();
+    winId();
+    if (below != nullptr && below->window() != this && below->window()->windowHandle() != nullptr)
+        windowHandle()->setTransientParent(below->window()->windowHandle());
+    show();
+    raise();
+    activateWindow();
+}
+
+bool FormBase::Unload() {
+    if (unloaded_ || unloading_) return true;
+    const QScopedValueRollback guard(unloading_, true);
+    if (!Form_QueryUnload()) return false;
+    Form_Unload();
+    Discard();
+    return true;
+}
+
+void FormBase::Discard() {
+    if (unloaded_) return;
+    unloaded_ = true;
+    ForgetInstance();
+    std::erase(Forms, this);
+    SetScreenPointer(MousePointer::Default);
+    hide();
+    if (modal_loop_ != nullptr) modal_loop_->quit();
+    modal_loop_ = nullptr;
+    deleteLater();
+}
+
+std::string FormBase::HelpTopic() const {
+    return FromQt(objectName()) + ".htm";
+}
+
+bool FormBase::event(QEvent* event) {
+    const bool handled = QMainWindow::event(event);
+    if (event->type() == QEvent::WindowActivate) Activate();
+    if (event->type() == QEvent::WindowDeactivate && !unloaded_) Form_Deactivate();
+    return handled;
+}
+
+// A window manager may make a disabled form the active window; the form takes notice once it is enabled.
+void FormBase::Activate() {
+    activate_missed_ = !isEnabled();
+    if (!unloaded_ && !activate_missed_) Form_Activate();
+}
+
+void FormBase::RememberFocus(QWidget* now) {
+    if (now != nullptr && now->window() == this) last_focus_ = now;
+}
+
+void FormBase::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::EnabledChange || !isEnabled()) return;
+    // Disabling a window takes the focus from its control.
+    if (last_focus_ != nullptr && focusWidget() == nullptr) last_focus_->setFocus();
+    if (activate_missed_ && isActiveWindow()) Activate();
+}
+
+void FormBase::closeEvent(QCloseEvent* event) {
+    const bool closed = unloaded_ || (isEnabled() && Unload());
+    event->setAccepted(closed);
+}
+
+void FormBase::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_F1:
+            Platform.Help->ShowTopic(RunTimeHelpFile, HelpTopic());
+            return;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (PressDefault()) return;
+            break;
+        case Qt::Key_Escape:
+            if (PressCancel()) return;
+            break;
+        default:
+            break;
+    }
+    QMainWindow::keyPressEvent(event);
+}
+
+// Enter presses the button that has the focus, else the default button.
+bool FormBase::PressDefault() {
+    auto* button = qobject_cast<QPushButton*>(focusWidget());
+    if (button == nullptr) button = ButtonWith("default");
+    if (button == nullptr) return false;
+    button->click();
+    return true;
+}
+
+bool FormBase::PressCancel() {
+    QPushButton* button = ButtonWith("cancel");
+    if (button == nullptr) return false;
+    button->click();
+    return true;
+}
+
+QPushButton* FormBase::ButtonWith(const char* property) const {
+    const auto buttons = findChildren<QPushButton*>();
+    const auto found = std::find_if(buttons.begin(), buttons.end(), [&](const QPushButton* button) {
+        return button->property(property).toBool() && TakesInput(button);
+    });
+    return found == buttons.end() ? nullptr : *found;
+}
+
+void FormBase::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (!unloaded_) Form_Resize();
+}
+
+FormBase* FindForm(std::string_view name) {
+    const auto found = std::find_if(Forms.begin(), Forms.end(),
+                                    [&](const FormBase* form) { return form->objectName() == ToQt(name); });
+    return found == Forms.end() ? nullptr : *found;
+}
+
+const std::vector<FormBase*>& LoadedForms() {
+    return Forms;
+}
+
+void EnableAndFocus(FormBase& form) {
+    form.setEnabled(true);
+    form.raise();
+    form.activateWindow();
+}
+
+void EnableAndFocus(std::string_view name) {
+    if (FormBase* form = FindForm(name)) EnableAndFocus(*form);
+}
+
+void UnloadAllForms() {
+    while (!Forms.empty()) Forms.back()->Abandon();
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,138 @@
+#include "desktop/base/form_services.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QTabWidget>
+#include <QTextEdit>
+
+#include "core/messages/notify.h"
+#include "core/messages/titles.h"
+#include "core/platform/message_box.h"
+#include "qt/qt_text.h"
+
+namespace tarvokol {
+namespace {
+
+constexpr int kMissingElement = 340;
+
+// Selects a text box's whole text when it gets the focus. A click into the box puts the caret down after the
+// focus came, so the selection is made once more when the button is released, unless the user has dragged one
+// of his own.
+class FocusSelector : public QObject {
+  public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* box = static_cast<QLineEdit*>(watched);
+        switch (event->type()) {
+            case QEvent::FocusIn:
+                box->selectAll();
+                clicked_ = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
+                break;
+            case QEvent::MouseButtonRelease:
+                if (clicked_ && !box->hasSelectedText()) box->selectAll();
+                clicked_ = false;
+                break;
+            default:
+                break;
+        }
+        return false;
+    }
+
+  private:
+    bool clicked_ = false;
+};
+
+bool IsTabStop(const QWidget* widget) {
+    return qobject_cast<const QComboBox*>(widget) != nullptr ||
+           qobject_cast<const QAbstractButton*>(widget) != nullptr ||
+           qobject_cast<const QLineEdit*>(widget) != nullptr;
+}
+
+void SetTabStop(QWidget& widget, bool on) {
+    const int policy = widget.focusPolicy();
+    widget.setFocusPolicy(static_cast<Qt::FocusPolicy>(on ? policy | Qt::TabFocus : policy & ~Qt::TabFocus));
+}
+
+}  // namespace
+
+int CenteredOffset(int screen_extent, int form_extent) {
+    return form_extent > screen_extent ? 0 : (screen_extent - form_extent) / 2;
+}
+
+void CenterForm(QWidget& form) {
+    const QRect screen = form.screen()->geometry();
+    const QSize size = form.frameGeometry().size();
+    form.move(screen.left() + CenteredOffset(screen.width(), size.width()),
+              screen.top() + CenteredOffset(screen.height(), size.height()));
+}
+
+void SetScreenPointer(MousePointer pointer) {
+    while (QApplication::overrideCursor() != nullptr) QApplication::restoreOverrideCursor();
+    if (pointer == MousePointer::Hourglass) QApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+void SelectAllText() {
+    QWidget* active = QApplication::focusWidget();
+    if (auto* box = qobject_cast<QLineEdit*>(active)) box->selectAll();
+    if (auto* box = qobject_cast<QPlainTextEdit*>(active)) box->selectAll();
+    if (auto* box = qobject_cast<QTextEdit*>(active)) box->selectAll();
+}
+
+void SelectAllOnFocus(QWidget& container) {
+    for (QLineEdit* box : container.findChildren<QLineEdit*>())
+        box->installEventFilter(new FocusSelector(box));
+}
+
+bool CheckRangeOf(QLineEdit& box, double low, double high, const std::string& label) {
+    std::string field = label;
+    if (CheckRange(FromQt(box.text()), low, high, field)) return true;
+    box.setFocus();
+    return false;
+}
+
+// The plain text would be without the difference between a blank and one that does not break.
+std::string LinesOf(const QPlainTextEdit& box) {
+    QString text = box.document()->toRawText();
+    text.replace(QChar::LineSeparator, QChar::ParagraphSeparator);
+    return FromQt(text.replace(QChar::ParagraphSeparator, "\r\n"));
+}
+
+void FixTabStops(QTabWidget& tabs) {
+    for (int page = 0; page < tabs.count(); ++page)
+        for (QWidget* control : tabs.widget(page)->findChildren<QWidget*>())
+            if (IsTabStop(control)) SetTabStop(*control, page == tabs.currentIndex());
+}
+
+void RaiseMissingElement() {
+    Raise(kMissingElement);
+}
+
+int16_t GetOptionIndex(const OptionGroup& group) {
+    int chosen = group.LBound();
+    for (const auto& [index, option] : group)
+        if (option->isChecked()) chosen = index;
+    return static_cast<int16_t>(chosen);
+}
+
+void SetArrayIndex(const OptionGroup& group, int index) {
+    if (!group.Has(index))
+        Notify("Internal Error: SetArrayIndex. Check input/form data.", box_style::Plain, RangeErrorTitle);
+    QRadioButton& chosen = group[index];
+    // An exclusive group would not let its last option go.
+    for (const auto& [element, option] : group) {
+        const bool exclusive = option->autoExclusive();
+        option->setAutoExclusive(false);
+        option->setChecked(false);
+        option->setAutoExclusive(exclusive);
+    }
+    chosen.setChecked(true);
+}
+
+}  // namespace tarvokol

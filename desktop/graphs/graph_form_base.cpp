@@ -1,0 +1,196 @@
+#include "desktop/graphs/graph_form_base.h"
+
+#include <QAction>
+#include <QDialog>
+#include <QGroupBox>
+#include <QLabel>
+#include <QScopedValueRollback>
+#include <algorithm>
+
+#include "core/graphics/curve_export.h"
+#include "core/messages/command_guard.h"
+#include "core/messages/history_log.h"
+#include "core/messages/notify.h"
+#include "core/platform/common_dialogs.h"
+#include "core/platform/message_box.h"
+#include "core/platform/platform.h"
+#include "core/platform/spreadsheet_writer.h"
+#include "core/runtime/checked.h"
+#include "core/runtime/numbers.h"
+#include "core/settings/program_settings.h"
+#include "qt/qt_printer.h"
+#include "qt/qt_text.h"
+
+namespace tarvokol {
+namespace {
+
+// Twips.
+constexpr int kLeastExtent = 4000;
+constexpr int kRoomBelow = 700;
+constexpr int kRoomBeside = 300;
+constexpr int kTooLittle = 800;
+constexpr int kLeastChartHeight = 100;
+constexpr int kLeastChartWidth = 500;
+
+// Pixels; a curve point nearer than this to the mouse is read out.
+constexpr double kReach = 4;
+
+constexpr int kPointId = 0;
+constexpr int kBasicOptions = 1;
+
+// The printer's own format, the chart fitted into a box of the paper in 1/600 inch: left, top, width, height.
+void PrintInItsBox(ChartControl& chart, QPrinter& printer) {
+    chart.Print(printer, 4, 2, 100, 100, 4000, 5000);
+}
+
+int LeastPixels() {
+    return (kLeastExtent + TwipsPerPixel - 1) / TwipsPerPixel;
+}
+
+}  // namespace
+
+void GraphFormBase::BindControls() {
+    graph_ = findChild<ChartControl*>("Graph1");
+    frame_ = findChild<QGroupBox*>("Frame1");
+    x_label_ = findChild<QLabel*>("lblX");
+    value_label_ = findChild<QLabel*>("lblSF");
+    curve_label_ = findChild<QLabel*>("lblCurve");
+    options_items_ = ControlArray<QAction>(*this, "GraphOptionsItem");
+    findChild<QAction*>("GraphFileItem_1")->setSeparator(true);
+    findChild<QAction*>("GraphFileItem_3")->setSeparator(true);
+    setMinimumSize(LeastPixels(), LeastPixels());
+    ConnectMenu("GraphFileItem", &GraphFormBase::GraphFileItem_Click);
+    ConnectMenu("GraphEditItem", &GraphFormBase::GraphEditItem_Click);
+    ConnectMenu("GraphOptionsItem", &GraphFormBase::GraphOptionsItem_Click);
+    connect(graph_, &ChartControl::MouseMove, this, &GraphFormBase::Graph1_MouseMove);
+}
+
+void GraphFormBase::ConnectMenu(const QString& name, void (GraphFormBase::*handler)(int)) {
+    for (const auto& [index, item] : ControlArray<QAction>(*this, name))
+        connect(item, &QAction::triggered, this,
+                [this, handler, element = index] { (this->*handler)(element); });
+}
+
+void GraphFormBase::GraphInit(int Index) {
+    SetScreenPointer(MousePointer::Hourglass);
+    InitGraph(*graph_, Family(), Index);
+}
+
+void GraphFormBase::DrawCurve() {
+    DrawCurves(*graph_, Family());
+    SetScreenPointer(MousePointer::Default);
+}
+
+void GraphFormBase::ClearGraph() {
+    ClearGraphCurves(*graph_);
+}
+
+void GraphFormBase::Form_Load() {
+    options_items_[kPointId].setChecked(true);
+}
+
+// A message box or a common dialog in front of the form is part of its own command. The options were opened
+// with a read-back of their own; one more behind their load would undo it.
+void GraphFormBase::Form_Deactivate() {
+    if (options_open_ || qobject_cast<QDialog*>(QApplication::activeWindow()) != nullptr) return;
+    ReadGraphBack(*graph_, Family());
+}
+
+void GraphFormBase::Form_Resize() {
+    const int form_height = TwipsOf(std::max(height(), LeastPixels()));
+    const int form_width = TwipsOf(std::max(width(), LeastPixels()));
+    const int below = form_height - TwipsOf(graph_->y());
+    const int beside = form_width - TwipsOf(graph_->x());
+    const int chart_height = below < kTooLittle ? kLeastChartHeight : below - kRoomBelow;
+    const int chart_width = beside < kTooLittle ? kLeastChartWidth : beside - kRoomBeside;
+    graph_->resize(PixelsOf(chart_width), PixelsOf(chart_height));
+}
+
+void GraphFormBase::Form_Unload() {
+    GraphClosed = true;
+}
+
+void GraphFormBase::GraphFileItem_Click(int Index) {
+    switch (Index) {
+        case 0:
+            PrintGraph();
+            break;
+        case 2:
+            ExportGraph();
+            break;
+        case 4:
+            Unload();
+            break;
+        default:
+            break;
+    }
+}
+
+// "Copy " has no action.
+void GraphFormBase::GraphEditItem_Click(int) {}
+
+void GraphFormBase::GraphOptionsItem_Click(int Index) {
+    if (Index == kPointId) {
+        frame_->setVisible(options_items_[kPointId].isChecked());
+    } else if (Index == kBasicOptions) {
+        ReadGraphBack(*graph_, Family());
+        const QScopedValueRollback open(options_open_, true);
+        ShowOptions();
+    }
+}
+
+void GraphFormBase::PrintGraph() {
+    CommandGuard Guard(DialogCancelled_);
+    DialogCancelled_ = false;
+    Guard([] { Platform.Dialogs->ShowPrinter(dialog_flag::NoPrinterPagesNoSelection); });
+    if (Guard.Left() || DialogCancelled_) return;
+    LogMessage("Printing Graph");
+    auto* printer = dynamic_cast<QtPrinter*>(Platform.Printer);
+    if (printer == nullptr || !printer->HasTarget()) return;
+    try {
+        PrintInItsBox(*graph_, printer->Device());
+    } catch (const RunTimeError&) {
+        // Whatever the printer says now is passed over.
+    }
+}
+
+void GraphFormBase::ExportGraph() {
+    constexpr const char* question =
+        "This option will only work if Microsoft Excel is installed on this computer. Proceed?";
+    if (AskOfficeInstall == 0 && Notify(question, box_style::YesNoQuestion) != box_result::Yes) return;
+    CommandGuard Guard(DialogCancelled_);
+    Guard([this] { ExportToWorkbook(); });
+}
+
+// Deals with no error itself: that is the menu's affair. A failure leaves the busy pointer.
+void GraphFormBase::ExportToWorkbook() {
+    setCursor(Qt::WaitCursor);
+    if (Platform.Spreadsheet == nullptr) Raise(error_number::CannotCreateObject);
+    ExportCurves(*graph_, Family(), *Platform.Spreadsheet);
+    Notify("Exported " + GeneralText(graph_->NumSeries()) + " Curves", box_style::Plain);
+    unsetCursor();
+}
+
+void GraphFormBase::Graph1_MouseMove(double X, double Y) {
+    const int x = ToLong(X / TwipsPerPixel);
+    const int y = ToLong(Y / TwipsPerPixel);
+    if (graph_->RegionAt(x, y) != PlotRegionCode) {
+        unsetCursor();
+        return;
+    }
+    const ChartControl::Nearest nearest = graph_->NearestPoint(x, y);
+    const bool found = nearest.series != -1 || nearest.point != -1;
+    if (found && nearest.distance < kReach && graph_->Y(nearest.series, nearest.point) != HoleValue)
+        ShowReadOut(nearest.series, nearest.point);
+    else
+        unsetCursor();
+}
+
+void GraphFormBase::ShowReadOut(int series, long point) {
+    value_label_->setText(ToQt(PictureText(graph_->Y(series, point), "##0.00")));
+    x_label_->setText(ToQt(PictureText(graph_->X(series, point), "##0.00")));
+    curve_label_->setText(ToQt(ReadOutName(Family(), series)));
+    setCursor(Qt::CrossCursor);
+}
+
+}  // namespace tarvokol

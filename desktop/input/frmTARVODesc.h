@@ -1,0 +1,36 @@
+#pragma once
+
+#include <memory>
+
+#include "desktop/base/form_base.h"
+#include "desktop/base/form_services.h"
+
+namespace tarvokol {
+
+namespace Ui {
+class frmTARVODesc;
+}
+
+// Edits the project's title and description, and chooses its units while they are still open. Modal.
+class frmTARVODesc : public SingleForm<frmTARVODesc> {
+    Q_OBJECT
+
+  public:
+    frmTARVODesc();
+    ~frmTARVODesc() override;
+
+  private:
+    void Form_Load() override;
+    void Form_Unload() override;
+    void Command2_Click();
+    void Command4_Click();
+    void ShowUnits();
+    void StoreUnits();
+
+    std::unique_ptr<Ui::frmTARVODesc> ui_;
+    OptionGroup Option1_;
+    bool Accepted_ = false;  // closing with OK or Next Form
+    bool Loading_ = false;
+};
+
+}  // namespace tarvokol

@@ -1,0 +1,180 @@
+#include "desktop/main/frmMain.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QMimeData>
+
+#include "core/messages/command_guard.h"
+#include "core/program/start_up.h"
+#include "core/project/lifecycle.h"
+#include "core/project/project_state.h"
+#include "core/settings/program_settings.h"
+#include "core/settings/update_reminder.h"
+#include "desktop/base/form_registry.h"
+#include "qt/qt_text.h"
+#include "ui_frmMain.h"
+
+// The artwork stands in a library, from which it must be asked for.
+static void UseArtwork() {
+    Q_INIT_RESOURCE(artwork);
+}
+
+namespace tarvokol {
+namespace {
+
+constexpr int kMostRecentEntries = 4;
+
+QString RecentName(int index) {
+    return "mnuFileArray_" + QString::number(index);
+}
+
+// The entry that opens a submenu goes by the submenu's name.
+void NameEntry(const QMenu& submenu) {
+    submenu.menuAction()->setObjectName(submenu.objectName());
+    submenu.menuAction()->setProperty("helpContextID", submenu.property("helpContextID"));
+}
+
+// The one file of a drop; empty for anything else.
+std::string DroppedFile(const QMimeData& data) {
+    const QList<QUrl> urls = data.urls();
+    return urls.size() == 1 && urls.front().isLocalFile() ? FromQt(urls.front().toLocalFile())
+                                                          : std::string();
+}
+
+}  // namespace
+
+frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>()) {
+    UseArtwork();
+    // The forms and boxes that have no icon of their own show the program's.
+    QApplication::setWindowIcon(QIcon(":/artwork/tarvokol.svg"));
+    ui_->setupUi(this);
+    mnuUtilItem_ = ControlArray<QAction>(*this, "mnuUtilItem");
+    ui_->Picture1->load(QString(":/artwork/highwall_panel.svg"));
+    for (const QMenu* submenu : {ui_->mnuCalcItem_2, ui_->mnuCalcItem_4}) NameEntry(*submenu);
+    for (QAction* action : findChildren<QAction*>()) {
+        if (action->property("separator").toBool()) action->setSeparator(true);
+        // A tool button goes by its command's name too.
+        if (QWidget* button = ui_->Toolbar1->widgetForAction(action))
+            button->setObjectName(action->objectName());
+    }
+    ConnectMenus();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::ConnectMenus() {
+    ConnectItems("mnuFileItem", &frmMain::mnuFileItem_Click);
+    ConnectItems("mnuEditItem", &frmMain::mnuEditItem_Click);
+    ConnectItems("mnuCalcItem", &frmMain::mnuCalcItem_Click);
+    ConnectItems("mnuCalcGrafItem", &frmMain::mnuCalcGrafItem_Click);
+    ConnectItems("mnuSizGrafItem", &frmMain::mnuSizGrafItem_Click);
+    ConnectItems("mnuUtilItem", &frmMain::mnuUtilItem_Click);
+    ConnectItems("mnuHelpItem", &frmMain::mnuHelpItem_Click);
+    ConnectItems("Toolbar1", &frmMain::Toolbar1_ButtonClick);
+}
+
+void frmMain::ConnectItems(const QString& array, Handler handler) {
+    for (const auto& [index, action] : ControlArray<QAction>(*this, array))
+        connect(action, &QAction::triggered, this, [this, handler, item = index] { (this->*handler)(item); });
+}
+
+QAction& frmMain::RecentEntry(int index) {
+    if (auto* entry = findChild<QAction*>(RecentName(index))) return *entry;
+    if (index < 1 || index > kMostRecentEntries) RaiseMissingElement();
+    auto* entry = new QAction(this);
+    entry->setObjectName(RecentName(index));
+    entry->setVisible(false);
+    connect(entry, &QAction::triggered, this, [this, index] { mnuFileArray_Click(index); });
+    QAction* behind = nullptr;
+    for (int next = index + 1; next <= kMostRecentEntries && behind == nullptr; ++next)
+        behind = findChild<QAction*>(RecentName(next));
+    ui_->mnuFile->insertAction(behind, entry);
+    return *entry;
+}
+
+bool frmMain::HasRecentEntry() const {
+    for (int index = 1; index <= kMostRecentEntries; ++index)
+        if (auto* entry = findChild<QAction*>(RecentName(index)); entry != nullptr && entry->isVisible())
+            return true;
+    return false;
+}
+
+std::string frmMain::Tag() const {
+    return FromQt(property("tag").toString());
+}
+
+QPlainTextEdit& frmMain::History() const {
+    return *ui_->txtMain;
+}
+
+QSvgWidget& frmMain::Logo() const {
+    return *ui_->Picture1;
+}
+
+QLabel& frmMain::VersionLabel() const {
+    return *ui_->lblVer;
+}
+
+QToolBar& frmMain::Toolbar() const {
+    return *ui_->Toolbar1;
+}
+
+void frmMain::Form_Load() {
+    EnterProgramFolder();
+    SetHelpFile();
+    LoadRecentFileMenu();
+    ApplyMainWindowSettings(*this);
+    CenterLogo(*this);
+    PlaceVersionLabel(*this, Toolbar());
+    if (ShowDisclaim == 1) ShowDisclaimer();
+    CenterForm(*this);
+    CheckForUpdateReminder([this] { FormNamed("frmUpdate").ShowModal(this); });
+}
+
+void frmMain::Form_Activate() {
+    if (HasRecentEntry()) RecentEntry(0).setVisible(true);
+    LayoutMainWindow(*this);
+}
+
+void frmMain::Form_Resize() {
+    LayoutMainWindow(*this);
+    CenterLogo(*this);
+    PlaceVersionLabel(*this, Toolbar());
+}
+
+bool frmMain::Form_QueryUnload() {
+    return MayCloseProgram();
+}
+
+void frmMain::Form_Unload() {
+    ShutDown();
+    emit Ended();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+    if (isEnabled() && !DroppedFile(*event->mimeData()).empty()) event->acceptProposedAction();
+}
+
+// The program that the file is dragged from waits for the drop to end, so nothing is asked or shown before.
+void frmMain::dropEvent(QDropEvent* event) {
+    const std::string path = DroppedFile(*event->mimeData());
+    if (!isEnabled() || path.empty()) return;
+    event->acceptProposedAction();
+    QMetaObject::invokeMethod(
+        this, [this, path] { OpenDropped(path); }, Qt::QueuedConnection);
+}
+
+// As a pick from the recent files.
+void frmMain::OpenDropped(const std::string& path) {
+    CommandGuard guard(DialogCancelled);
+    guard([] { PreviousFileName = ProjectFileName; });
+    guard([&] { ProjectFileName = path; });
+    guard([] { LoadProjFile(); });
+}
+
+void ShowDisclaimer() {
+    FormNamed("frmDisclaimer").ShowModal();
+}
+
+}  // namespace tarvokol

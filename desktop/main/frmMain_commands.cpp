@@ -1,0 +1,236 @@
+// The commands of the main window's menus.
+#include <QPlainTextEdit>
+
+#include "core/engine/curves.h"
+#include "core/messages/command_guard.h"
+#include "core/messages/notify.h"
+#include "core/platform/clipboard.h"
+#include "core/platform/common_dialogs.h"
+#include "core/platform/main_window_services.h"
+#include "core/platform/message_box.h"
+#include "core/platform/platform.h"
+#include "core/program/about_text.h"
+#include "core/program/program_help.h"
+#include "core/project/lifecycle.h"
+#include "core/project/project_state.h"
+#include "core/report/print_engine.h"
+#include "core/report/report_builder.h"
+#include "desktop/base/form_registry.h"
+#include "desktop/base/results_caller.h"
+#include "desktop/main/frmMain.h"
+
+namespace tarvokol {
+namespace {
+
+constexpr uint8_t kNoData = 255;
+
+// Printing an empty project gives its zeros, if the user wants that.
+bool MayPrint() {
+    return ProjectEmpty != kNoData ||
+           Notify("Current file is empty. Continue?", box_style::YesNoQuestionNoDefault) == box_result::Yes;
+}
+
+}  // namespace
+
+void frmMain::mnuFileItem_Click(int Index) {
+    CommandGuard guard(DialogCancelled);
+    switch (Index) {
+        case 0:
+            FileNewCommand();
+            break;
+        case 1:
+            FileOpenCommand();
+            break;
+        case 2:
+            FileSaveCommand(false);
+            break;
+        case 3:
+            FileSaveCommand(true);
+            break;
+        case 5:
+            guard([] { Platform.Dialogs->ShowPrinterSetup(); });
+            break;
+        case 6:
+            PrintInputs();
+            break;
+        case 7:
+            PreviewInputs();
+            break;
+        case 9:
+            guard([this] { FormNamed("frmTextBrow").ShowModal(this); });
+            break;
+        case 11:
+            guard([this] { Unload(); });
+            break;
+        default:
+            break;
+    }
+}
+
+void frmMain::PrintInputs() {
+    bool wanted = false;
+    CommandGuard guard(DialogCancelled);
+    guard([&] { wanted = MayPrint(); });
+    if (!wanted) return;
+    guard([] { LoadOutBuf0(0); });
+    guard([] { PrintCommand(print_command::BeginJob, ""); });
+    guard([] { PrintCommand(print_command::Block, OutputBuffers[0]); });
+    guard([] { PrintCommand(print_command::EndJob, ""); });
+}
+
+void frmMain::PreviewInputs() {
+    bool wanted = false;
+    CommandGuard guard(DialogCancelled);
+    guard([&] { wanted = MayPrint(); });
+    if (!wanted) return;
+    guard([] { LoadOutBuf0(0); });
+    guard([this] { FormNamed("frmPreview").ShowModal(this); });
+}
+
+void frmMain::mnuFileArray_Click(int Index) {
+    if (Index >= 0) RecentFileCommand(Index);
+}
+
+void frmMain::mnuEditItem_Click(int Index) {
+    CommandGuard guard(DialogCancelled);
+    if (Index == 0) guard([this] { FormNamed("frmTARVODesc").ShowModal(this); });
+    if (Index == 1) OpenParameters();
+}
+
+// The dialog enables this window again when it closes.
+void frmMain::OpenParameters() {
+    CommandGuard guard(DialogCancelled);
+    guard([] { SetScreenPointer(MousePointer::Hourglass); });
+    guard([] { FormNamed("frmTARVOParm"); });
+    guard([] { SetScreenPointer(MousePointer::Default); });
+    guard([this] { setEnabled(false); });
+    guard([this] { FormNamed("frmTARVOParm").ShowModeless(this); });
+}
+
+// In an empty project every item answers, those that open a submenu included.
+void frmMain::mnuCalcItem_Click(int Index) {
+    if (ProjectEmpty == kNoData) {
+        Notify("Current file is empty", box_style::PlainSecondButton);
+        return;
+    }
+    if (Index != 0 || !CalculateReport()) return;
+    ResultsCaller = this;
+    setEnabled(false);
+    LoadOutBuf0(2);
+    FormNamed("frmResTxtPlt").ShowModeless(this);
+}
+
+void frmMain::mnuCalcGrafItem_Click(int Index) {
+    if (ComputeStabilityCurves(Index)) ShowGraphForm("frmGraph", Index, this);
+}
+
+void frmMain::mnuSizGrafItem_Click(int Index) {
+    if (ComputeSizingCurve(Index)) ShowGraphForm("frmGraphS", Index, this);
+}
+
+void frmMain::mnuUtilItem_Click(int Index) {
+    CommandGuard guard(DialogCancelled);
+    switch (Index) {
+        case 0:
+            guard([this] { FormNamed("frmSet").ShowModal(this); });
+            break;
+        case 1:
+            guard([this] { FormNamed("frmTARVOOpts").ShowModal(this); });
+            break;
+        case 2:
+            guard([this] { FormNamed("frmUnits").ShowModal(this); });
+            break;
+        case 3:
+            guard([this] { ConvertFile(); });
+            break;
+        case 5:
+            guard([this] { History().clear(); });
+            break;
+        case 6:
+            guard([this] { ToggleHistory(); });
+            break;
+        case 7:
+            guard([this] { CopyHistory(); });
+            break;
+        default:
+            break;
+    }
+}
+
+void frmMain::ConvertFile() {
+    if (ProjectEmpty != 0)
+        Notify("Current file is empty", box_style::PlainSecondButton);
+    else if (ProjectSaved == 0)
+        Notify("Save Current File before accessing this option", box_style::Plain);
+    else
+        FormNamed("frmConvert").ShowModal(this);
+}
+
+void frmMain::ToggleHistory() {
+    const bool show = History().isHidden();
+    History().setVisible(show);
+    UtilityItem(6).setText(show ? "Close History &Window" : "Restore History &Window");
+    UtilityItem(7).setEnabled(show);
+}
+
+void frmMain::CopyHistory() {
+    if (History().isHidden()) return;
+    Platform.TheClipboard->Clear();
+    Platform.TheClipboard->SetText(Platform.MainWindow->HistoryText());
+}
+
+void frmMain::mnuHelpItem_Click(int Index) {
+    HelpCommand(Index);
+}
+
+void frmMain::HelpCommand(int index) {
+    switch (index) {
+        case 0:
+            ShowHelpContents();
+            break;
+        case 1:
+            ShowHelpIndex();
+            break;
+        case 2:
+            OpenPdfManual();
+            break;
+        case 4:
+            FormNamed("frmResource").ShowModal(this);
+            break;
+        case 6:
+            ShowDisclaimer();
+            break;
+        case 8:
+            FormNamed("frmUpdate").ShowModal(this);
+            break;
+        case 10:
+            ShowAboutBox();
+            break;
+        default:
+            break;
+    }
+}
+
+void frmMain::Toolbar1_ButtonClick(int Button) {
+    switch (Button) {
+        case 1:
+            mnuFileItem_Click(1);
+            break;
+        case 2:
+            mnuFileItem_Click(2);
+            break;
+        case 3:
+            mnuFileItem_Click(6);
+            break;
+        case 4:
+            mnuEditItem_Click(0);
+            break;
+        case 5:
+            mnuEditItem_Click(1);
+            break;
+        default:
+            break;
+    }
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,93 @@
+#include "desktop/main/main_window_binding.h"
+
+#include <QAction>
+#include <QPlainTextEdit>
+
+#include "core/runtime/text.h"
+#include "desktop/base/form_services.h"
+#include "desktop/main/frmMain.h"
+#include "qt/qt_text.h"
+
+namespace tarvokol {
+namespace {
+
+constexpr int kProjectParameters = 1;
+
+QPlainTextEdit& HistoryBox() {
+    return frmMain::Instance().History();
+}
+
+}  // namespace
+
+MainWindowSteps StepsOfMainWindow() {
+    return {.Create = [] { frmMain::Instance(); },
+            .Show = [] { frmMain::Instance().ShowModeless(); },
+            .ApplyHistoryFont = [] { ApplyHistoryFont(); },
+            .CloseParameters =
+                [] {
+                    if (FormBase* dialog = FindForm("frmTARVOParm")) dialog->Unload();
+                }};
+}
+
+std::string MainWindowBinding::Tag() const {
+    return frmMain::Instance().Tag();
+}
+
+void MainWindowBinding::SetCaption(const std::string& caption) {
+    frmMain::Instance().setWindowTitle(ToQt(caption));
+}
+
+void MainWindowBinding::SetMousePointer(MousePointer pointer) {
+    frmMain& form = frmMain::Instance();
+    if (pointer == MousePointer::Hourglass)
+        form.setCursor(Qt::WaitCursor);
+    else
+        form.unsetCursor();
+}
+
+std::string MainWindowBinding::HistoryText() {
+    return LinesOf(HistoryBox());
+}
+
+long MainWindowBinding::HistoryLength() {
+    return static_cast<long>(Length(HistoryText()));
+}
+
+void MainWindowBinding::SetHistoryText(const std::string& text) {
+    HistoryBox().setPlainText(ToQt(text));
+}
+
+void MainWindowBinding::AppendHistory(const std::string& text) {
+    QTextCursor end(HistoryBox().document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(ToQt(text));
+}
+
+void MainWindowBinding::ScrollHistoryToEnd() {
+    HistoryBox().moveCursor(QTextCursor::End);
+    HistoryBox().ensureCursorVisible();
+}
+
+void MainWindowBinding::CreateRecentEntry(int index) {
+    frmMain::Instance().RecentEntry(index);
+}
+
+void MainWindowBinding::SetRecentCaption(int index, const std::string& caption) {
+    QAction& entry = frmMain::Instance().RecentEntry(index);
+    entry.setText(ToQt(caption).replace("&", "&&"));
+    entry.setData(ToQt(caption));
+}
+
+std::string MainWindowBinding::RecentCaption(int index) {
+    return FromQt(frmMain::Instance().RecentEntry(index).data().toString());
+}
+
+void MainWindowBinding::ShowRecentEntry(int index) {
+    frmMain::Instance().RecentEntry(index).setVisible(true);
+}
+
+void MainWindowBinding::OpenProjectParameters() {
+    frmMain::Instance().mnuEditItem_Click(kProjectParameters);
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,49 @@
+// Small file browser: shows text files, in the form or in an external viewer.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "desktop/base/form_base.h"
+#include "desktop/base/form_services.h"
+
+namespace tarvokol {
+
+struct FileView;
+
+namespace Ui {
+class frmTextBrow;
+}
+
+// The viewer gets a copy in the temporary folder, never the file itself. Pattern, font and the choice of the
+// viewer are saved when the form closes; the folder is kept for the run.
+class frmTextBrow : public SingleForm<frmTextBrow> {
+    Q_OBJECT
+
+  public:
+    frmTextBrow();
+    ~frmTextBrow() override;
+
+  private:
+    void Form_Load() override;
+    void Form_Activate() override;
+    void Form_Unload() override;
+    void Drive1_Change();
+    void Dir1_Change();
+    void Text2_Change();
+    void Check1_Click();
+    void File1_Open();
+    void cmdSetFont_Click();
+    void Command1_Click();
+
+    void GoTo(const std::string& folder);
+    void ApplyFont();
+    void ShowView(const FileView& view);
+    void ShowInForm(const std::string& file);
+    void ShowInViewer(const std::string& file);
+
+    std::unique_ptr<Ui::frmTextBrow> ui_;
+    bool DialogCancelled_ = false;
+};
+
+}  // namespace tarvokol

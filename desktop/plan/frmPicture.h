@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QTimer>
+#include <array>
+#include <cstdint>
+#include <memory>
+
+#include "desktop/base/form_base.h"
+
+class QAction;
+
+namespace tarvokol {
+
+namespace Ui {
+class frmPicture;
+}
+
+// The plot window: the plan on a square client area, with a font that the mouse makes larger or smaller. Its
+// opener disables itself before; which one that is tells `ResultsReturn`.
+class frmPicture : public SingleForm<frmPicture> {
+    Q_OBJECT
+
+  public:
+    frmPicture();
+    ~frmPicture() override;
+
+    // Builds the layout anew and draws it.
+    void DrawPanelPlot();
+
+    // Steps the font by the least number of points that changes its size. A step down that no font can be
+    // made of is not taken.
+    void IncreaseFontSize();
+    void DecreaseFontSize();
+
+    // Points.
+    double FontSize() const;
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void Form_Load() override;
+    void Form_Resize() override;
+    void Form_Unload() override;
+    void Form_MouseDown(Qt::MouseButton button);
+    void mnuPlotFileItem_Click(int Index);
+    void mnuEditItem_Click(int Index);
+    void mnuPlotSetItem_Click(int Index);
+
+    template <std::size_t Count>
+    void ConnectMenu(const std::array<QAction*, Count>& items, void (frmPicture::*handler)(int));
+    void FollowResize();
+    void RecallDrag(int height, int width);
+    void MakeSquare();
+    void TakeMaximizedSize();
+    void ApplyMaximizedSize();
+    void PrintForm();
+    void CopyPicture();
+
+    std::unique_ptr<Ui::frmPicture> ui_;
+    std::array<QAction*, 3> mnuPlotSetItem_{};
+    QTimer resized_;
+    bool restoring_ = false;
+    bool dragged_ = false;    // the last size came from the window manager
+    int16_t LastHeight_ = 0;  // twips, after the last layout pass
+    int16_t LastWidth_ = 0;
+
+    // The size before the last squaring, and the height or width that it took away; twips.
+    struct Squaring {
+        int16_t before_height = 0;
+        int16_t before_width = 0;
+        int lost_height = -1;
+        int lost_width = -1;
+    };
+    Squaring squaring_;
+};
+
+}  // namespace tarvokol

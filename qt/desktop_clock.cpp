@@ -1,0 +1,11 @@
+#include "qt/desktop_clock.h"
+
+#include "qt/qt_text.h"
+
+namespace tarvokol {
+
+std::string DesktopClock::ShortMonthName(int month) const {
+    return FromQt(locale_.monthName(month, QLocale::ShortFormat));
+}
+
+}  // namespace tarvokol

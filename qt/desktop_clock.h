@@ -1,0 +1,20 @@
+// The system's clock, with the names of the months in the user's language.
+#pragma once
+
+#include <QLocale>
+
+#include "core/platform/system_time.h"
+
+namespace tarvokol {
+
+class DesktopClock : public SystemClock {
+  public:
+    explicit DesktopClock(const QLocale& locale = QLocale::system()) : locale_(locale) {}
+
+    std::string ShortMonthName(int month) const override;
+
+  private:
+    QLocale locale_;
+};
+
+}  // namespace tarvokol

@@ -1,0 +1,266 @@
+#include "qt/painter_surface.h"
+
+#include <QFontMetricsF>
+#include <algorithm>
+#include <cmath>
+
+#include "core/runtime/run_time_error.h"
+#include "qt/qt_text.h"
+
+namespace tarvokol {
+
+namespace {
+
+constexpr double kTwipsPerPixel = 15;
+constexpr double kPixelsPerPoint = 96.0 / 72.0;
+constexpr double kStartFontSize = 8.25;
+constexpr double kLargestFontSize = 2160;
+// Pixels between a pillar's outline and the label that begins there.
+constexpr double kTurnedTextGap = 2;
+constexpr const char* kPlanFont = "Arial";
+
+QFont PixelFont(const QString& face, int pixels) {
+    QFont font(face);
+    font.setStyleHint(QFont::SansSerif);
+    font.setPixelSize(std::max(1, pixels));
+    font.setWeight(QFont::Normal);
+    return font;
+}
+
+// One end of a line, cut off at a bound of one coordinate.
+double CutAt(double from_main, double from_other, double to_main, double to_other, double bound) {
+    return from_other + (to_other - from_other) * ((bound - from_main) / (to_main - from_main));
+}
+
+// Cuts the stretch of a line outside low..high of the main coordinate; false if nothing is left.
+bool CutToRange(double& main1, double& other1, double& main2, double& other2, double low, double high) {
+    if (std::max(main1, main2) < low || std::min(main1, main2) > high) return false;
+    const double start_main = main1;
+    const double start_other = other1;
+    const double end_main = main2;
+    const double end_other = other2;
+    const auto cut = [&](double& main, double& other) {
+        const double bound = std::clamp(main, low, high);
+        if (bound == main) return;
+        other = CutAt(start_main, start_other, end_main, end_other, bound);
+        main = bound;
+    };
+    cut(main1, other1);
+    cut(main2, other2);
+    return true;
+}
+
+// The part of a line on the sheet. A pillar without end would reach further than a paint engine can count.
+bool CutToSheet(QPointF& from, QPointF& to, const QSizeF& size) {
+    double x1 = from.x();
+    double y1 = from.y();
+    double x2 = to.x();
+    double y2 = to.y();
+    constexpr double kMargin = 8;
+    if (!CutToRange(x1, y1, x2, y2, -kMargin, size.width() + kMargin)) return false;
+    if (!CutToRange(y1, x1, y2, x2, -kMargin, size.height() + kMargin)) return false;
+    from = {x1, y1};
+    to = {x2, y2};
+    return true;
+}
+
+// The paper that a text covers: its letters and half a pixel around them.
+QRectF StripOf(const QFont& font, const QPointF& baseline, const QString& text) {
+    return QFontMetricsF(font).tightBoundingRect(text).translated(baseline).adjusted(-0.5, -0.5, 0.5, 0.5);
+}
+
+}  // namespace
+
+PainterSurface::PainterSurface(QPaintDevice& device, const QSizeF& size)
+    : width_(size.width() * kTwipsPerPixel), height_(size.height() * kTwipsPerPixel) {
+    SetFontSize(kStartFontSize);
+    SetTarget(device, size);
+}
+
+PainterSurface::PainterSurface(QPainter& painter, const QSizeF& size)
+    : given_painter_(&painter),
+      width_(size.width() * kTwipsPerPixel),
+      height_(size.height() * kTwipsPerPixel) {
+    SetFontSize(kStartFontSize);
+    SetPaper(size, painter.deviceTransform().m11());
+}
+
+PainterSurface::~PainterSurface() {
+    Finish();
+}
+
+void PainterSurface::SetTarget(QPaintDevice& device, const QSizeF& size) {
+    Finish();
+    device_ = &device;
+    given_painter_ = nullptr;
+    has_drawn_ = false;
+    SetPaper(size, device.width() / size.width());
+}
+
+void PainterSurface::SetPaper(const QSizeF& size, double units_per_pixel) {
+    size_ = size;
+    units_per_pixel_ = units_per_pixel;
+}
+
+void PainterSurface::Finish() {
+    if (painter_ != nullptr) {
+        PutTextsOnTop();
+        painter_->restore();
+    }
+    painter_ = nullptr;
+    own_painter_.reset();
+    texts_.clear();
+}
+
+void PainterSurface::SetFontSize(double points) {
+    if (!(points > 0) || points > kLargestFontSize) Raise(error_number::InvalidPropertyValue);
+    const int pixels = std::max(1, static_cast<int>(std::lround(points * kPixelsPerPoint)));
+    font_ = PixelFont(kPlanFont, pixels);
+    font_size_ = pixels / kPixelsPerPoint;
+}
+
+void PainterSurface::SetScale(double width, double height) {
+    width_ = width;
+    height_ = height;
+}
+
+QPainter& PainterSurface::OpenPainter() {
+    if (given_painter_ != nullptr) {
+        given_painter_->save();
+        return *given_painter_;
+    }
+    QPainter& painter = own_painter_.emplace(device_);
+    const double scale = units_per_pixel_ / device_->devicePixelRatioF();
+    painter.scale(scale, scale);
+    painter.save();
+    return painter;
+}
+
+QPainter& PainterSurface::Painter() {
+    if (painter_ == nullptr) {
+        painter_ = &OpenPainter();
+        has_drawn_ = true;
+        painter_->setRenderHint(QPainter::Antialiasing, false);
+        painter_->setRenderHint(QPainter::TextAntialiasing);
+        painter_->setPen(QPen(Qt::black, PenWidth(), Qt::SolidLine, Qt::SquareCap));
+    }
+    return *painter_;
+}
+
+double PainterSurface::PenWidth() const {
+    const double units = units_per_pixel_;
+    return std::max(1.0, std::round(units)) / units;
+}
+
+QPointF PainterSurface::ToPixels(double x, double y) const {
+    return {x * (size_.width() / width_), (height_ - y) * (size_.height() / height_)};
+}
+
+// A pen of an odd number of device pixels is sharp on the middle of a pixel, one of an even number between
+// two.
+QPointF PainterSurface::ToPixelCentre(const QPointF& point) const {
+    const double units = units_per_pixel_;
+    const bool odd = std::lround(PenWidth() * units) % 2 != 0;
+    const auto settle = [&](double pixels) {
+        return odd ? (std::floor(pixels * units) + 0.5) / units : std::round(pixels * units) / units;
+    };
+    return {settle(point.x()), settle(point.y())};
+}
+
+void PainterSurface::Cls() {
+    Painter().fillRect(QRectF({0, 0}, size_), Qt::white);
+    texts_.clear();
+    SetCurrentPoint(0, 0);
+}
+
+void PainterSurface::Line(double x1, double y1, double x2, double y2) {
+    SetCurrentPoint(x2, y2);
+    QPointF from = ToPixels(x1, y1);
+    QPointF to = ToPixels(x2, y2);
+    if (CutToSheet(from, to, size_)) Painter().drawLine(ToPixelCentre(from), ToPixelCentre(to));
+}
+
+void PainterSurface::SetCurrentPoint(double x, double y) {
+    x_ = x;
+    y_ = y;
+}
+
+double PainterSurface::TextWidth(const std::string& text) {
+    return QFontMetricsF(font_).horizontalAdvance(ToQt(text)) * (width_ / size_.width());
+}
+
+double PainterSurface::TextHeight(const std::string&) {
+    return QFontMetricsF(font_).height() * (height_ / size_.height());
+}
+
+void PainterSurface::Print(const std::string& text) {
+    PrintLine(font_, 0, {0, QFontMetricsF(font_).ascent()}, text);
+}
+
+void PainterSurface::PrintTurned(const TurnedFont& font, const std::string& text) {
+    const QFont turned = PixelFont(ToQt(font.face), font.height);
+    PrintLine(turned, font.escapement / 10.0, {kTurnedTextGap, -QFontMetricsF(turned).descent()}, text);
+}
+
+// `baseline` is where the text begins, seen from the current point in the turned direction.
+void PainterSurface::PrintLine(const QFont& font, double escapement_degrees, const QPointF& baseline,
+                               const std::string& text) {
+    const QPointF origin = ToPixels(x_, y_);
+    const QTransform turn = QTransform::fromTranslate(origin.x(), origin.y()).rotate(-escapement_degrees);
+    const PlacedText placed{font, turn, baseline, ToQt(text)};
+    if (!placed.StripOnSheet().intersects(QRectF({0, 0}, size_))) return;
+    if (std::find(texts_.begin(), texts_.end(), placed) != texts_.end()) return;
+    Painter();
+    texts_.push_back(placed);
+}
+
+QRectF PainterSurface::PlacedText::StripOnSheet() const {
+    return turn.mapRect(StripOf(font, baseline, text));
+}
+
+int PainterSurface::TextClashes() const {
+    const QRectF sheet({0, 0}, size_);
+    std::vector<QRectF> strips;
+    int clashes = 0;
+    for (const PlacedText& text : texts_) {
+        const QRectF strip = text.StripOnSheet();
+        if (!sheet.contains(strip)) ++clashes;
+        for (const QRectF& other : strips)
+            if (strip.intersects(other)) ++clashes;
+        strips.push_back(strip);
+    }
+    return clashes;
+}
+
+void PainterSurface::MoveClearOfTitle() {
+    for (PlacedText& text : texts_) {
+        if (!text.turn.isRotating()) continue;
+        const QRectF strip = text.StripOnSheet();
+        QRectF clear = strip;
+        clear.moveTop(std::max(strip.top(), 0.0));
+        for (const PlacedText& other : texts_) {
+            if (other.turn.isRotating()) continue;
+            const QRectF level = other.StripOnSheet();
+            if (level.intersects(clear) && level.center().y() < clear.center().y())
+                clear.moveTop(level.bottom());
+        }
+        if (clear.bottom() <= size_.height())
+            text.turn *= QTransform::fromTranslate(0, clear.top() - strip.top());
+    }
+}
+
+void PainterSurface::PutTextsOnTop() {
+    MoveClearOfTitle();
+    const QTransform sheet = painter_->transform();
+    for (const PlacedText& text : texts_) {
+        painter_->setTransform(text.turn * sheet);
+        painter_->fillRect(StripOf(text.font, text.baseline, text.text), Qt::white);
+    }
+    for (const PlacedText& text : texts_) {
+        painter_->setTransform(text.turn * sheet);
+        painter_->setFont(text.font);
+        painter_->drawText(text.baseline, text.text);
+    }
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QPixmap>
+#include <QSize>
+#include <QWidget>
+#include <functional>
+
+#include "qt/painter_surface.h"
+
+namespace tarvokol {
+
+// A sheet of white paper on a form that keeps the plan drawn on it. The drawing is held as a picture in the
+// screen's own pixels, so a repaint costs no drawing.
+class PlanSheet : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit PlanSheet(QWidget* parent = nullptr);
+
+    // A square sheet takes the largest square at its top left; the rest stays bare.
+    void SetSquare(bool square) { square_ = square; }
+
+    // Runs a drawing routine. One that draws nothing, because it refuses the plan, leaves the sheet as it is.
+    // Raises the routine's errors.
+    void Draw(const std::function<void(DrawingSurface&)>& routine);
+
+    // True once something stands on the sheet.
+    bool HasDrawing() const { return !picture_.isNull(); }
+
+    // Size of the paper in pixels.
+    QSize PaperSize() const;
+
+    // Points; see PainterSurface::SetFontSize.
+    double FontSize() const { return surface_.FontSize(); }
+    void SetFontSize(double points) { surface_.SetFontSize(points); }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QPixmap picture_;
+    PainterSurface surface_;
+    bool square_ = false;
+};
+
+}  // namespace tarvokol

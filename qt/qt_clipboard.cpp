@@ -1,0 +1,18 @@
+#include "qt/qt_clipboard.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+#include "qt/qt_text.h"
+
+namespace tarvokol {
+
+void QtClipboard::Clear() {
+    QGuiApplication::clipboard()->clear();
+}
+
+void QtClipboard::SetText(const std::string& text) {
+    QGuiApplication::clipboard()->setText(ToQt(text));
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QFont>
+#include <QStringList>
+#include <functional>
+
+#include "core/platform/common_dialogs.h"
+
+class QFileDialog;
+class QPrinter;
+
+namespace tarvokol {
+
+// The toolkit's file, printer and font dialogs, above the active window. A printer dialog works on the
+// printer that `printer` gives, so what is chosen there holds for everything that is printed later in the
+// run.
+class QtCommonDialogs : public CommonDialogs {
+  public:
+    explicit QtCommonDialogs(std::function<QPrinter&()> printer) : printer_(std::move(printer)) {}
+
+    std::string ShowOpen(const FileDialogRequest& request) override;
+    std::string ShowSave(const FileDialogRequest& request) override;
+    void ShowPrinter(int flags) override;
+    void ShowPrinterSetup() override;
+    FontChoice ShowFont(const FontChoice& start, int flags) override;
+
+  private:
+    std::function<QPrinter&()> printer_;
+};
+
+// Filters of a dialog from "All Files (*.*)|*.*|Text (*.txt)|*.txt"; "*.*" stands for every file.
+QStringList NameFilters(const std::string& filter);
+
+// A font choice as a font of the screen and back.
+QFont FontOfChoice(const FontChoice& choice);
+FontChoice ChoiceOfFont(const QFont& font);
+
+}  // namespace tarvokol

@@ -1,0 +1,41 @@
+#include "qt/qt_message_box.h"
+
+#include <QApplication>
+#include <QFontMetrics>
+#include <QGridLayout>
+#include <QMessageBox>
+
+#include "qt/message_box_style.h"
+#include "qt/qt_text.h"
+
+namespace tarvokol {
+
+namespace {
+
+// Room for the buttons and the icon of a title bar.
+constexpr int kTitleBarControls = 140;
+
+// A short message must not cut off the title, which tells what kind of fault it is about.
+void MakeRoomForTitle(QMessageBox& box) {
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (grid == nullptr) return;
+    QFont bold = box.font();
+    bold.setBold(true);
+    const int width = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + kTitleBarControls;
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
+}  // namespace
+
+int QtMessageBox::Show(const BoxRequest& request) {
+    QMessageBox box(IconOfStyle(request.style), ToQt(request.title),
+                    ToQt(request.message).replace("\r\n", "\n"), ButtonsOfStyle(request.style),
+                    QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box.setDefaultButton(DefaultButtonOfStyle(request.style));
+    MakeRoomForTitle(box);
+    return ResultOfButton(static_cast<QMessageBox::StandardButton>(box.exec()));
+}
+
+}  // namespace tarvokol

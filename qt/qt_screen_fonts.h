@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+#include "core/platform/screen_fonts.h"
+
+namespace tarvokol {
+
+// True if the system has the family, or maps it to one of the same metrics ("Courier New" to Liberation
+// Mono).
+bool FontIsPresent(const QString& family);
+
+// The font families of the screen. The families that the program asks for by name follow at the end where
+// they are present and the system does not list them itself.
+class QtScreenFonts : public ScreenFonts {
+  public:
+    std::vector<std::string> Names() const override;
+    std::string NameLike(const std::string& family) const override;
+};
+
+}  // namespace tarvokol

@@ -1,0 +1,395 @@
+#include "qt/painter_surface.h"
+
+#include <QImage>
+#include <QPdfWriter>
+#include <QSvgRenderer>
+
+#include "core/engine/working_parameters.h"
+#include "core/graphics/TarvoGraf.h"
+#include "core/settings/program_settings.h"
+#include "qt/plan_export.h"
+#include "tests/support/core_fixture.h"
+
+namespace tarvokol {
+namespace {
+
+using testing::IsEmpty;
+
+QImage Sheet(const QSize& pixels, double ratio = 1) {
+    QImage image(pixels * ratio, QImage::Format_RGB32);
+    image.fill(Qt::green);
+    image.setDevicePixelRatio(ratio);
+    return image;
+}
+
+bool IsBlack(const QImage& image, int x, int y) {
+    return image.pixelColor(x, y) == QColor(Qt::black);
+}
+
+// The smallest rectangle that holds every pixel darker than half grey, device pixels.
+QRect InkOf(const QImage& image) {
+    QRect ink;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qGray(image.pixel(x, y)) < 128) ink |= QRect(x, y, 1, 1);
+    return ink;
+}
+
+class PlanSurface : public CoreTest {
+  protected:
+    PlanSurface() {
+        PlotMode = plot_mode::Dimensions;
+        PlotFromResults = false;
+        ViewChildWindow = 1;
+        PlotEntryDims = 1;
+        PlotXcutDims = 0;
+        CornerX.Fill({});
+        CornerY.Fill({});
+        SetPanel(3);
+    }
+
+    static void SetPanel(int16_t holes) {
+        PreviewRecord = {};
+        PreviewRecord.HoleWidth = 10;
+        PreviewRecord.NumberHoles = holes;
+        PreviewRecord.CrosscutAngle = 90;
+        PreviewRecord.CrosscutSpacing = 1000000;
+        PreviewRecord.CenterDistance.Fill(18);
+        PreviewRecord.CenterDistance[1] = 30;
+    }
+};
+
+TEST_F(PlanSurface, ClearsToWhitePaper) {
+    QImage image = Sheet({20, 10});
+    PainterSurface surface(image, {20, 10});
+    EXPECT_FALSE(surface.HasDrawn());
+    surface.SetCurrentPoint(3, 4);
+    surface.Cls();
+    surface.Finish();
+    EXPECT_TRUE(surface.HasDrawn());
+    EXPECT_EQ(surface.CurrentX(), 0);
+    EXPECT_EQ(surface.CurrentY(), 0);
+    for (const QPoint corner : {QPoint(0, 0), QPoint(19, 0), QPoint(0, 9), QPoint(19, 9)})
+        EXPECT_EQ(image.pixelColor(corner), QColor(Qt::white));
+}
+
+TEST_F(PlanSurface, WorldGrowsUpwardsFromTheLowerLeft) {
+    QImage image = Sheet({200, 100});
+    PainterSurface surface(image, {200, 100});
+    surface.SetScale(400, 50);  // half a pixel and two pixels a unit
+    surface.Cls();
+    surface.Line(100, 40, 300, 40);
+    surface.LineTo(300, 10);
+    EXPECT_EQ(surface.CurrentX(), 300);
+    EXPECT_EQ(surface.CurrentY(), 10);
+    surface.Finish();
+    EXPECT_EQ(InkOf(image), QRect(QPoint(50, 20), QPoint(150, 80)));
+    EXPECT_TRUE(IsBlack(image, 50, 20));
+    EXPECT_TRUE(IsBlack(image, 150, 80));
+    EXPECT_FALSE(IsBlack(image, 50, 21));
+}
+
+TEST_F(PlanSurface, LinesAreSharpAtEveryPixelRatio) {
+    for (const double ratio : {1.0, 1.5, 2.0, 3.0}) {
+        QImage image = Sheet({100, 100}, ratio);
+        PainterSurface surface(image, {100, 100});
+        surface.SetScale(100, 100);
+        surface.Cls();
+        surface.Line(33.3, 20, 33.3, 80);
+        surface.Finish();
+        int black = 0;
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor colour = image.pixelColor(x, image.height() / 2);
+            EXPECT_TRUE(colour == Qt::black || colour == Qt::white) << ratio;
+            black += colour == Qt::black;
+        }
+        EXPECT_EQ(black, std::lround(ratio)) << ratio;
+    }
+}
+
+TEST_F(PlanSurface, LinesWithoutEndAreCutAtTheSheet) {
+    QImage image = Sheet({100, 100});
+    PainterSurface surface(image, {100, 100});
+    surface.SetScale(100, 100);
+    surface.Cls();
+    surface.Line(50, 30, 50, 1e30);
+    surface.Line(-3e38, 3e38, 3e38, 3e38);
+    surface.Line(0, -1e9, 1e9, 1e9);  // a slant through (0.5, 0) is far below the sheet
+    surface.Finish();
+    EXPECT_EQ(InkOf(image), QRect(QPoint(50, 0), QPoint(50, 70)));
+}
+
+TEST_F(PlanSurface, StartsInTwips) {
+    QImage image = Sheet({100, 50});
+    PainterSurface surface(image, {100, 50});
+    surface.Cls();
+    surface.Line(150, 750, 150, 0);
+    surface.Finish();
+    EXPECT_EQ(InkOf(image).left(), 10);
+    EXPECT_EQ(InkOf(image).right(), 10);
+}
+
+TEST_F(PlanSurface, PrintsWithItsTopLeftCornerAtTheCurrentPoint) {
+    QImage image = Sheet({200, 100});
+    PainterSurface surface(image, {200, 100});
+    surface.SetScale(200, 100);
+    surface.Cls();
+    surface.SetCurrentPoint(40, 80);
+    surface.Print("HHHH");
+    surface.Finish();
+    const QRect ink = InkOf(image);
+    EXPECT_GE(ink.left(), 40);
+    EXPECT_LE(ink.left(), 42);
+    EXPECT_GE(ink.top(), 20);
+    EXPECT_LE(ink.top(), 24);
+    EXPECT_LE(ink.right(), 40 + surface.TextWidth("HHHH"));
+    EXPECT_LE(ink.bottom(), 20 + surface.TextHeight("H"));
+    EXPECT_GE(ink.height(), 7);
+}
+
+TEST_F(PlanSurface, TurnedTextReadsUpwards) {
+    QImage image = Sheet({100, 200});
+    PainterSurface surface(image, {100, 200});
+    surface.SetScale(100, 200);
+    surface.Cls();
+    surface.SetCurrentPoint(50, 60);
+    surface.PrintTurned({"Arial", 12, 900}, "HHHHHHLI");
+    surface.Finish();
+    const QRect ink = InkOf(image);
+    EXPECT_GT(ink.height(), 3 * ink.width());
+    EXPECT_LE(ink.right(), 50);
+    EXPECT_GE(ink.left(), 36);
+    EXPECT_LE(ink.bottom(), 140);
+    EXPECT_GE(ink.bottom(), 135);
+}
+
+TEST_F(PlanSurface, TextsOfTheSamePlaceStayCrisp) {
+    QImage once = Sheet({200, 50});
+    QImage often = Sheet({200, 50});
+    for (QImage* image : {&once, &often}) {
+        PainterSurface surface(*image, {200, 50});
+        surface.SetScale(200, 50);
+        surface.Cls();
+        for (int i = 0; i < (image == &once ? 1 : 20); ++i) {
+            surface.SetCurrentPoint(10, 45);
+            surface.Print("TARVO-KOL: Actual");
+        }
+    }
+    EXPECT_EQ(once, often);
+}
+
+TEST_F(PlanSurface, NoLineRunsThroughAText) {
+    QImage crossed = Sheet({200, 50});
+    PainterSurface surface(crossed, {200, 50});
+    surface.SetScale(200, 50);
+    surface.Cls();
+    surface.SetCurrentPoint(10, 45);
+    surface.Print("oooooo");
+    surface.Line(25, 0, 25, 50);
+    surface.Finish();
+    EXPECT_TRUE(IsBlack(crossed, 25, 1));
+    EXPECT_TRUE(IsBlack(crossed, 25, 30));
+    int black = 0;
+    for (int y = 0; y < 50; ++y) black += IsBlack(crossed, 25, y);
+    EXPECT_LT(black, 46);
+}
+
+TEST_F(PlanSurface, FontSizeSnapsToWholePixels) {
+    QImage image = Sheet({10, 10});
+    PainterSurface surface(image, {10, 10});
+    EXPECT_EQ(surface.FontSize(), 8.25);
+    surface.SetFontSize(9.25);
+    EXPECT_EQ(surface.FontSize(), 9);
+    surface.SetFontSize(8.3);
+    EXPECT_EQ(surface.FontSize(), 8.25);
+    surface.SetFontSize(0.1);
+    EXPECT_EQ(surface.FontSize(), 0.75);
+    for (const double size : {0.0, -1.0, 2160.5})
+        EXPECT_EQ(RaisedError([&] { surface.SetFontSize(size); }), 380) << size;
+    EXPECT_EQ(surface.FontSize(), 0.75);
+}
+
+TEST_F(PlanSurface, LargerFontsMeasureLarger) {
+    QImage image = Sheet({100, 100});
+    PainterSurface surface(image, {100, 100});
+    surface.SetScale(200, 50);
+    const double width = surface.TextWidth("100");
+    const double height = surface.TextHeight("100");
+    surface.SetFontSize(16.5);
+    EXPECT_NEAR(surface.TextWidth("100"), 2 * width, 0.1 * width);
+    EXPECT_NEAR(surface.TextHeight("100"), 2 * height, 0.2 * height);
+}
+
+TEST_F(PlanSurface, DrawsThePlanWherePillarsBelong) {
+    PlotEntryDims = 0;
+    QImage image = Sheet({576, 576});  // two pixels a foot
+    PainterSurface surface(image, {576, 576});
+    DrawPanelPlot(surface);
+    surface.Finish();
+    // Pillars at x 131..151, 161..169, 179..187, y 64..254.
+    for (const int x : {262, 302, 322, 338, 358, 374}) {
+        EXPECT_TRUE(IsBlack(image, x, 300)) << x;
+        EXPECT_TRUE(IsBlack(image, x, 576 - 128)) << x;
+        EXPECT_TRUE(IsBlack(image, x, 576 - 508)) << x;
+        EXPECT_FALSE(IsBlack(image, x - 1, 300)) << x;
+        EXPECT_FALSE(IsBlack(image, x + 1, 300)) << x;
+    }
+    EXPECT_FALSE(IsBlack(image, 310, 68));
+}
+
+class PlanExport : public PlanSurface {};
+
+TEST_F(PlanExport, WritesAPngAtTwiceTheSheet) {
+    ASSERT_TRUE(ExportPlan(PathTo("plan.png"), PlanView::Window));
+    const QImage image(QString::fromStdString(PathTo("plan.png")));
+    EXPECT_EQ(image.size(), QSize(1400, 1400));
+    EXPECT_EQ(image.pixelColor(2, 1390), QColor(Qt::white));
+    EXPECT_FALSE(InkOf(image).isEmpty());
+}
+
+// The ink of one turned text, and of a title if there is one, on a sheet of 200 by 200.
+QImage TurnedOnSheet(double y, const std::string& title) {
+    QImage image = Sheet({200, 200});
+    PainterSurface surface(image, {200, 200});
+    surface.SetScale(200, 200);
+    surface.Cls();
+    surface.SetCurrentPoint(100, y);
+    surface.PrintTurned({"Arial", 12, 900}, "44641049542");
+    surface.SetCurrentPoint(10, 200);
+    if (!title.empty()) surface.Print(title);
+    surface.Finish();
+    return image;
+}
+
+TEST_F(PlanSurface, ATurnedFigureAtTheUpperEdgeKeepsAllItsDigits) {
+    const QRect whole = InkOf(TurnedOnSheet(50, ""));
+    ASSERT_GT(whole.height(), 60);  // eleven digits of 12 pixels
+    const QRect moved = InkOf(TurnedOnSheet(170, ""));
+    EXPECT_NEAR(moved.height(), whole.height(), 1);
+    EXPECT_EQ(moved.left(), whole.left());
+    EXPECT_LE(moved.top(), 2);
+}
+
+TEST_F(PlanSurface, ATurnedFigureKeepsClearOfTheTitle) {
+    const std::string title = "A title that is long enough to cross";
+    const QImage alone = TurnedOnSheet(20, title);
+    const QImage both = TurnedOnSheet(170, title);
+    const QRect band = InkOf(TurnedOnSheet(-500, title));
+    ASSERT_GT(band.right(), 120);
+    EXPECT_EQ(both.copy(band), alone.copy(band));
+    const QRect below(0, band.bottom() + 1, 200, 199 - band.bottom());
+    EXPECT_NEAR(InkOf(both.copy(below)).height(), InkOf(TurnedOnSheet(50, "")).height(), 1);
+}
+
+TEST_F(PlanSurface, CountsTextsThatCoverOneAnotherOrAreCut) {
+    QImage image = Sheet({200, 100});
+    PainterSurface surface(image, {200, 100});
+    surface.SetScale(200, 100);
+    surface.Cls();
+    surface.SetCurrentPoint(10, 90);
+    surface.Print("first line");
+    EXPECT_EQ(surface.TextClashes(), 0);
+    surface.SetCurrentPoint(10, 60);
+    surface.Print("second line");
+    EXPECT_EQ(surface.TextClashes(), 0);
+    surface.SetCurrentPoint(15, 88);
+    surface.Print("over it");
+    EXPECT_EQ(surface.TextClashes(), 1);
+    surface.SetCurrentPoint(150, 60);
+    surface.Print("cut at the right edge");
+    EXPECT_EQ(surface.TextClashes(), 2);
+    surface.Cls();
+    EXPECT_EQ(surface.TextClashes(), 0);
+}
+
+// Twelve digits need more room above the plan than the smallest sheet has below its title.
+TEST_F(PlanExport, LongFiguresGetALargerSheetInsteadOfBeingCut) {
+    PlotMode = plot_mode::Capacity;
+    PlotFromResults = true;
+    WorkingParameters.PillarCapacity.Fill(446410495412.0);
+    ASSERT_TRUE(ExportPlan(PathTo("plan.png"), PlanView::Window));
+    const QImage image(QString::fromStdString(PathTo("plan.png")));
+    EXPECT_GT(image.width(), 1400);
+    EXPECT_EQ(image.height(), image.width());
+    const QSizeF sheet(image.width() / 2.0, image.height() / 2.0);
+    QImage wide = Sheet(sheet.toSize());
+    PainterSurface surface(wide, sheet);
+    DrawPanelPlot(surface);
+    EXPECT_EQ(surface.TextClashes(), 0);
+    QImage narrow = Sheet({700, 700});
+    PainterSurface crowded(narrow, {700, 700});
+    DrawPanelPlot(crowded);
+    EXPECT_GT(crowded.TextClashes(), 0);
+}
+
+TEST_F(PlanExport, WritesThePreviewsShape) {
+    ViewChildWindow = 0;
+    ASSERT_TRUE(ExportPlan(PathTo("plan.PNG"), PlanView::Preview));
+    const QImage image(QString::fromStdString(PathTo("plan.PNG")));
+    EXPECT_EQ(image.size(), QSize(1202, 242));
+    // Pillars at y 78.4..268.4 of 316.8, x 135.4..191.4.
+    EXPECT_NEAR(InkOf(image).top(), 242 - 268.4 / 316.8 * 242, 2);
+    EXPECT_NEAR(InkOf(image).bottom(), 242 - 78.4 / 316.8 * 242, 2);
+    EXPECT_NEAR(InkOf(image).left(), 135.4 / 316.8 * 1202, 2);
+    EXPECT_NEAR(InkOf(image).right(), 191.4 / 316.8 * 1202, 2);
+}
+
+// The frame is low: its labels would run through the title and beyond the edge.
+TEST_F(PlanExport, APreviewWithTextsKeepsItsShapeOnALargerSheet) {
+    ViewChildWindow = 1;
+    ASSERT_TRUE(ExportPlan(PathTo("plan.png"), PlanView::Preview));
+    const QImage image(QString::fromStdString(PathTo("plan.png")));
+    EXPECT_GT(image.width(), 1202);
+    EXPECT_NEAR(static_cast<double>(image.width()) / image.height(), 601.0 / 121.0, 0.05);
+    const QSize sheet = image.size() / 2;
+    QImage again = Sheet(sheet);
+    PainterSurface surface(again, sheet);
+    DrawPanelPreview(surface);
+    EXPECT_EQ(surface.TextClashes(), 0);
+}
+
+TEST_F(PlanExport, ARefusedPreviewLeavesNoFileAndIsToldOnce) {
+    PreviewRecord.CrosscutAngle = 60;
+    EXPECT_FALSE(ExportPlan(PathTo("plan.svg"), PlanView::Preview));
+    EXPECT_FALSE(std::filesystem::exists(PathTo("plan.svg")));
+    EXPECT_THAT(Messages(), testing::ElementsAre("Invalid Pillar Dimensions"));
+}
+
+TEST_F(PlanExport, WritesAnSvgWithItsTextsOnce) {
+    ASSERT_TRUE(ExportPlan(PathTo("plan.svg"), PlanView::Window));
+    const std::string svg = ReadBytes(PathTo("plan.svg"));
+    const std::string title =
+        ">TARVO-KOL: Actual Pillar Dimensions (width*length, ft).  Entries shown from left to right.<";
+    const std::size_t found = svg.find(title);
+    ASSERT_NE(found, std::string::npos);
+    EXPECT_EQ(svg.find(title, found + 1), std::string::npos);
+    EXPECT_NE(svg.find(">20x oo<"), std::string::npos);
+    EXPECT_NE(svg.find(">30<"), std::string::npos);
+    EXPECT_TRUE(QSvgRenderer(QByteArray::fromStdString(svg)).isValid());
+    EXPECT_NE(svg.find("viewBox=\"0 0 700 700\""), std::string::npos);
+}
+
+TEST_F(PlanExport, WritesAPdf) {
+    ASSERT_TRUE(ExportPlan(PathTo("plan.pdf"), PlanView::Window));
+    EXPECT_EQ(ReadBytes(PathTo("plan.pdf")).substr(0, 5), "%PDF-");
+}
+
+TEST_F(PlanExport, ARefusedPlanLeavesNoFile) {
+    PreviewRecord.CrosscutAngle = 60;
+    EXPECT_FALSE(ExportPlan(PathTo("plan.png"), PlanView::Window));
+    EXPECT_FALSE(std::filesystem::exists(PathTo("plan.png")));
+    EXPECT_THAT(Messages(), testing::ElementsAre("Invalid Pillar Dimensions"));
+}
+
+TEST_F(PlanExport, FailuresAreRunTimeErrors) {
+    EXPECT_EQ(RaisedError([&] { ExportPlan(PathTo("missing/plan.svg"), PlanView::Window); }), 76);
+    std::filesystem::create_directory(PathTo("folder.png"));
+    EXPECT_EQ(RaisedError([&] { ExportPlan(PathTo("folder.png"), PlanView::Window); }), 75);
+    std::filesystem::create_symlink("/dev/full", PathTo("full.svg"));
+    EXPECT_EQ(RaisedError([&] { ExportPlan(PathTo("full.svg"), PlanView::Window); }), 61);
+    EXPECT_EQ(RaisedError([&] { ExportPlan(PathTo("plan.gif"), PlanView::Window); }), 5);
+    EXPECT_EQ(RaisedError([&] { ExportPlan(PathTo("plan"), PlanView::Window); }), 5);
+}
+
+}  // namespace
+}  // namespace tarvokol

@@ -1,0 +1,40 @@
+#include "qt/program_application.h"
+
+#include "qt/program_style.h"
+#include "tests/support/gui_fixture.h"
+
+namespace tarvokol {
+namespace {
+
+class ProgramApplicationTest : public GuiTest {};
+
+TEST_F(ProgramApplicationTest, TellsNumberAndTextOfAnUnhandledError) {
+    EXPECT_EQ(UnhandledErrorMessage(RunTimeError(53)), "Run-time error '53':\r\n\r\nFile not found");
+}
+
+TEST_F(ProgramApplicationTest, LooksAsTheDesktopWantsIt) {
+    auto* style = qobject_cast<ProgramStyle*>(QApplication::style());
+    ASSERT_NE(style, nullptr);
+    EXPECT_EQ(style->baseStyle()->name(), "fusion");
+}
+
+TEST_F(ProgramApplicationTest, WorkOutsideTheEventLoopFollowsTheSameRule) {
+    static_cast<ProgramApplication*>(qApp)->Run([] { Raise(11); });
+    ASSERT_EQ(UnhandledErrors().size(), 1u);
+    EXPECT_EQ(UnhandledErrors()[0].text, "Division by zero");
+}
+
+TEST_F(ProgramApplicationTest, AnUnhandledErrorEndsTheProgramWithStatusOne) {
+    testing::FLAGS_gtest_death_test_style = "fast";
+    EXPECT_EXIT(
+        {
+            auto* application = static_cast<ProgramApplication*>(qApp);
+            application->SetErrorSink({});
+            QTimer::singleShot(0, [] { Raise(62); });
+            application->exec();
+        },
+        testing::ExitedWithCode(1), "Run-time error '62':");
+}
+
+}  // namespace
+}  // namespace tarvokol

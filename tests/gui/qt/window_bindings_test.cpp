@@ -1,0 +1,271 @@
+#include <QClipboard>
+#include <QDir>
+#include <QFileDialog>
+#include <QFontDialog>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
+
+#include "qt/desktop_clock.h"
+#include "qt/desktop_document_types.h"
+#include "qt/desktop_shell.h"
+#include "qt/message_box_style.h"
+#include "qt/qt_clipboard.h"
+#include "qt/qt_common_dialogs.h"
+#include "qt/qt_message_box.h"
+#include "tests/support/gui_fixture.h"
+
+namespace tarvokol {
+namespace {
+
+// Runs an action on the toolkit's own dialog as soon as it is up.
+template <typename Dialog>
+void WhenUp(std::function<void(Dialog&)> action) {
+    QTimer::singleShot(20, [action] {
+        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+        if (dialog != nullptr)
+            action(*dialog);
+        else
+            WhenUp<Dialog>(action);
+    });
+}
+
+class WindowBindings : public GuiTest {
+  protected:
+    int Answer(int style, std::function<void(QMessageBox&)> action) {
+        WhenUp<QMessageBox>(action);
+        return QtMessageBox().Show({"Line 1\r\nLine 2", style, "Title", "", 0});
+    }
+};
+
+TEST_F(WindowBindings, AMessageBoxShowsTextTitleIconAndButtonsOfItsStyle) {
+    const int result = Answer(35, [](QMessageBox& box) {
+        EXPECT_EQ(box.text(), "Line 1\nLine 2");
+        EXPECT_EQ(box.windowTitle(), "Title");
+        EXPECT_EQ(box.icon(), QMessageBox::Question);
+        EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::Yes));
+        box.button(QMessageBox::No)->click();
+    });
+    EXPECT_EQ(result, 7);
+}
+
+TEST_F(WindowBindings, AShortMessageLeavesRoomForItsTitle) {
+    const QString title = "Project Description: Invalid Character";
+    WhenUp<QMessageBox>([&](QMessageBox& box) {
+        QFont bold = box.font();
+        bold.setBold(true);
+        EXPECT_GE(box.width(), QFontMetrics(bold).horizontalAdvance(title) + 120);
+        box.button(QMessageBox::Ok)->click();
+    });
+    QtMessageBox().Show({"No", 16, FromQt(title), "", 0});
+}
+
+TEST_F(WindowBindings, EnterTakesTheDefaultButtonOfTheStyle) {
+    const auto enter = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); };
+    EXPECT_EQ(Answer(292, enter), 7);
+    EXPECT_EQ(Answer(35, enter), 6);
+    EXPECT_EQ(Answer(5, enter), 4);
+    EXPECT_EQ(Answer(256, enter), 1);
+    EXPECT_EQ(Answer(0, enter), 1);
+}
+
+TEST_F(WindowBindings, EscapeCancels) {
+    const auto escape = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); };
+    EXPECT_EQ(Answer(35, escape), 2);
+    EXPECT_EQ(Answer(5, escape), 2);
+    EXPECT_EQ(Answer(16, escape), 1);
+}
+
+TEST_F(WindowBindings, IconsFollowTheStyle) {
+    EXPECT_EQ(IconOfStyle(0), QMessageBox::NoIcon);
+    EXPECT_EQ(IconOfStyle(5), QMessageBox::NoIcon);
+    EXPECT_EQ(IconOfStyle(16), QMessageBox::Critical);
+    EXPECT_EQ(IconOfStyle(48), QMessageBox::Warning);
+    EXPECT_EQ(IconOfStyle(64), QMessageBox::Information);
+    EXPECT_EQ(IconOfStyle(256), QMessageBox::NoIcon);
+    EXPECT_EQ(IconOfStyle(292), QMessageBox::Question);
+}
+
+TEST_F(WindowBindings, TheOpenDialogStartsInItsFolderWithItsFilters) {
+    WriteBytes(PathTo("a.TKL"), "x");
+    QtCommonDialogs dialogs(nullptr);
+    FileDialogRequest request;
+    request.start_folder = Folder.string();
+    request.filter = "All Files (*.*)|*.*|TARVOKOL Files (*.TKL)|*.TKL";
+    request.filter_index = 2;
+    request.default_extension = "TKL";
+    request.flags = dialog_flag::PathAndFileMustExist;
+    WhenUp<QFileDialog>([&](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.directory().absolutePath(), ToQt(Folder.string()));
+        EXPECT_EQ(dialog.nameFilters(), QStringList({"All Files (*)", "TARVOKOL Files (*.TKL)"}));
+        EXPECT_EQ(dialog.selectedNameFilter(), "TARVOKOL Files (*.TKL)");
+        EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText("a.TKL");
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    EXPECT_EQ(dialogs.ShowOpen(request), PathTo("a.TKL"));
+}
+
+TEST_F(WindowBindings, TheSaveDialogStartsBesideTheLastFileAndAddsTheExtension) {
+    QtCommonDialogs dialogs(nullptr);
+    FileDialogRequest request;
+    request.start_folder = PathTo("last.TKL");
+    request.file_name = "Untitled";
+    request.default_extension = "TKL";
+    request.flags = dialog_flag::OverwritePrompt;
+    WhenUp<QFileDialog>([&](QFileDialog& dialog) {
+        auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+        EXPECT_EQ(name->text(), "Untitled");
+        EXPECT_FALSE(dialog.testOption(QFileDialog::DontConfirmOverwrite));
+        name->setText("panel");
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    EXPECT_EQ(dialogs.ShowSave(request), PathTo("panel.TKL"));
+}
+
+TEST_F(WindowBindings, ACancelledDialogRaisesCancelWasSelected) {
+    QPrinter printer;
+    QtCommonDialogs dialogs([&]() -> QPrinter& { return printer; });
+    WhenUp<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+    EXPECT_EQ(RaisedError([&] { dialogs.ShowOpen({}); }), 32755);
+    WhenUp<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
+    EXPECT_EQ(RaisedError([&] { dialogs.ShowPrinter(264); }), 32755);
+    WhenUp<QPrintDialog>([](QPrintDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Printer Setup");
+        dialog.reject();
+    });
+    EXPECT_EQ(RaisedError([&] { dialogs.ShowPrinterSetup(); }), 32755);
+    WhenUp<QFontDialog>([](QFontDialog& dialog) { dialog.reject(); });
+    EXPECT_EQ(RaisedError([&] { dialogs.ShowFont({"Arial", 10, false, false}, 1); }), 32755);
+}
+
+TEST_F(WindowBindings, TheFontDialogStartsFromTheChoiceAndGivesOneBack) {
+    QtCommonDialogs dialogs(nullptr);
+    WhenUp<QFontDialog>([](QFontDialog& dialog) {
+        EXPECT_TRUE(dialog.currentFont().bold());
+        EXPECT_EQ(dialog.currentFont().pointSizeF(), 12);
+        dialog.accept();
+    });
+    const FontChoice choice = dialogs.ShowFont({"DejaVu Sans", 12, true, false}, 1);
+    EXPECT_EQ(choice.name, "DejaVu Sans");
+    EXPECT_EQ(choice.size, 12.0f);
+    EXPECT_TRUE(choice.bold);
+    EXPECT_FALSE(choice.italic);
+}
+
+TEST_F(WindowBindings, ClipboardTakesText) {
+    QtClipboard clipboard;
+    clipboard.Clear();
+    clipboard.SetText("Seam A\r\n\xC2\xB0");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QString::fromUtf8("Seam A\r\n\xC2\xB0"));
+}
+
+TEST_F(WindowBindings, AViewerIsStartedWithItsArgumentsAndTheFile) {
+    const std::string script = PathTo("show it.sh");
+    WriteBytes(script, "#!/bin/sh\nprintf '%s|%s' \"$1\" \"$2\" > \"$2.seen\"\n");
+    std::filesystem::permissions(script, std::filesystem::perms::owner_all);
+    DesktopShell().StartViewer("\"" + script + "\" -r", PathTo("a file.txt"));
+    EXPECT_TRUE(
+        WaitUntil([&] { return ReadBytes(PathTo("a file.txt.seen")) == "-r|" + PathTo("a file.txt"); }));
+}
+
+// A desktop of the test's own: its opener notes what it is given, its associations know plain text only.
+class DesktopTest : public WindowBindings {
+  protected:
+    DesktopTest() : path_(qgetenv("PATH")) {
+        Script("xdg-open", "printf '%s' \"$1\" > " + PathTo("opened"));
+        Script("xdg-mime", "[ \"$3\" = text/plain ] && echo viewer.desktop; true");
+        qputenv("PATH", QByteArray::fromStdString(Folder.string()) + ":" + path_);
+        qputenv("XDG_DATA_HOME", QByteArray::fromStdString(PathTo("data home")));
+    }
+    ~DesktopTest() override {
+        qputenv("PATH", path_);
+        qunsetenv("XDG_DATA_HOME");
+    }
+    void Script(const std::string& name, const std::string& body) {
+        WriteBytes(PathTo(name), "#!/bin/sh\n" + body + "\n");
+        std::filesystem::permissions(PathTo(name), std::filesystem::perms::owner_all);
+    }
+
+  private:
+    QByteArray path_;
+};
+
+TEST_F(DesktopTest, ADocumentOpensWithTheDesktopsProgram) {
+    WriteBytes(PathTo("notes.txt"), "text\n");
+    EXPECT_GE(DesktopShell().OpenDocument(PathTo("notes.txt"), Folder.string()), 33);
+    EXPECT_TRUE(WaitUntil([&] { return ReadBytes(PathTo("opened")) == PathTo("notes.txt"); }));
+}
+
+TEST_F(DesktopTest, ADocumentWithoutAProgramIsAFailure) {
+    WriteBytes(PathTo("manual.pdf"), "%PDF-1.4\n");
+    EXPECT_LT(DesktopShell().OpenDocument(PathTo("manual.pdf"), ""), 33);
+    EXPECT_FALSE(std::filesystem::exists(PathTo("opened")));
+}
+
+TEST_F(DesktopTest, AViewerThatIsNotThereIsReplacedByTheDesktopsTextViewer) {
+    WriteBytes(PathTo("report.txt"), "text\n");
+    DesktopShell().StartViewer("Notepad.exe", PathTo("report.txt"));
+    EXPECT_TRUE(WaitUntil([&] { return ReadBytes(PathTo("opened")) == PathTo("report.txt"); }));
+    WriteBytes(PathTo("manual.pdf"), "%PDF-1.4\n");
+    EXPECT_EQ(RaisedError([&] { DesktopShell().StartViewer("Notepad.exe", PathTo("manual.pdf")); }), 53);
+}
+
+TEST_F(DesktopTest, ATypeIsRegisteredWithPatternCommandAndDefault) {
+    Script("update-mime-database", "printf '%s' \"$1\" > " + PathTo("mime-updated"));
+    Script("update-desktop-database", "true");
+    DesktopDocumentTypes().Register({"TKL", "tarvokol.Document", "tarvokol Document",
+                                     "/opt/x y/tarvokol.EXE \"%1\"", "/opt/x y/tarvokol"});
+    const std::string data = PathTo("data home") + "/";
+    EXPECT_EQ(ReadBytes(data + "mime/packages/tarvokol-document-tkl.xml"),
+              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+              "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n"
+              "  <mime-type type=\"application/x-tarvokol.document\">\n"
+              "    <comment>tarvokol Document</comment>\n"
+              "    <glob weight=\"80\" pattern=\"*.TKL\"/>\n"
+              "    <glob weight=\"80\" pattern=\"*.tkl\"/>\n"
+              "  </mime-type>\n"
+              "</mime-info>\n");
+    EXPECT_EQ(ReadBytes(data + "applications/tarvokol.desktop"),
+              "[Desktop Entry]\nType=Application\nName=TARVO-KOL\nComment=tarvokol Document\n"
+              "Exec=\"/opt/x y/tarvokol\" %f\nIcon=tarvokol\nTerminal=false\n"
+              "MimeType=application/x-tarvokol.document;\nCategories=Science;Engineering;\n");
+    EXPECT_EQ(ReadBytes(data + "applications/mimeapps.list"),
+              "[Default Applications]\napplication/x-tarvokol.document=tarvokol.desktop\n");
+    EXPECT_EQ(ReadBytes(PathTo("mime-updated")), data + "mime");
+}
+
+TEST_F(DesktopTest, AnAssociationOfAnotherExtensionStays) {
+    Script("update-mime-database", "true");
+    Script("update-desktop-database", "true");
+    DesktopDocumentTypes types;
+    for (const char* extension : {"TKL", "../X Y", "TKL"})
+        types.Register({extension, "tarvokol.Document", "tarvokol Document", "", "/opt/tarvokol"});
+    const std::string packages = PathTo("data home/mime/packages/");
+    EXPECT_THAT(ReadBytes(packages + "tarvokol-document-tkl.xml"), ::testing::HasSubstr("pattern=\"*.tkl\""));
+    EXPECT_THAT(ReadBytes(packages + "tarvokol-document-xy.xml"),
+                ::testing::HasSubstr("pattern=\"*.../x y\""));
+    EXPECT_EQ(ReadBytes(PathTo("data home/applications/mimeapps.list")),
+              "[Default Applications]\napplication/x-tarvokol.document=tarvokol.desktop\n");
+}
+
+TEST_F(WindowBindings, MonthsAreNamedInTheUsersLanguage) {
+    EXPECT_EQ(DesktopClock(QLocale::c()).ShortMonthName(8), "Aug");
+    EXPECT_EQ(DesktopClock(QLocale(QLocale::French, QLocale::France)).ShortMonthName(8), "ao\xC3\xBBt");
+    EXPECT_EQ(DesktopClock(QLocale(QLocale::Spanish, QLocale::Spain)).ShortMonthName(1), "ene");
+}
+
+TEST_F(WindowBindings, OtherDefaultsOfTheUserStay) {
+    EXPECT_EQ(
+        WithDefaultProgram(
+            "[Added Associations]\nb/c=d\n\n[Default Applications]\na/b=x.desktop\nm/n=old\n[Z]\nq=1\n",
+            "m/n", "new.desktop"),
+        "[Added Associations]\nb/c=d\n\n[Default Applications]\na/b=x.desktop\nm/n=new.desktop\n[Z]\nq=1\n");
+    EXPECT_EQ(WithDefaultProgram("[Added Associations]\nm/n=other\n", "m/n", "new.desktop"),
+              "[Added Associations]\nm/n=other\n[Default Applications]\nm/n=new.desktop\n");
+}
+
+}  // namespace
+}  // namespace tarvokol

@@ -1,0 +1,226 @@
+// Written workbooks, read back by the entries of the zip file.
+#include "qt/xlsx_writer.h"
+
+#include <clocale>
+#include <filesystem>
+#include <map>
+#include <regex>
+
+#include <zlib.h>
+
+#include "core/graphics/curve_export.h"
+#include "core/runtime/numbers.h"
+#include "core/settings/folders.h"
+#include "qt/chart_control.h"
+#include "tests/support/curve_fixture.h"
+
+namespace tarvokol {
+namespace {
+
+unsigned Number(const std::string& bytes, std::size_t at, int size) {
+    unsigned value = 0;
+    for (int i = size - 1; i >= 0; --i) value = value << 8 | static_cast<unsigned char>(bytes.at(at + i));
+    return value;
+}
+
+std::string Inflate(const std::string& packed, std::size_t size) {
+    std::string plain(size, '\0');
+    z_stream stream{};
+    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(packed.data()));
+    stream.avail_in = static_cast<uInt>(packed.size());
+    stream.next_out = reinterpret_cast<Bytef*>(plain.data());
+    stream.avail_out = static_cast<uInt>(size);
+    EXPECT_EQ(inflateInit2(&stream, -MAX_WBITS), Z_OK);
+    EXPECT_EQ(inflate(&stream, Z_FINISH), Z_STREAM_END);
+    inflateEnd(&stream);
+    return plain;
+}
+
+// The entries of a zip file by its central directory.
+std::map<std::string, std::string> Unzip(const std::string& bytes) {
+    std::map<std::string, std::string> entries;
+    const std::size_t end = bytes.rfind("PK\x05\x06");
+    if (end == std::string::npos) return entries;
+    std::size_t at = Number(bytes, end + 16, 4);
+    for (unsigned left = Number(bytes, end + 10, 2); left > 0; --left) {
+        const unsigned method = Number(bytes, at + 10, 2), packed = Number(bytes, at + 20, 4);
+        const unsigned size = Number(bytes, at + 24, 4), name = Number(bytes, at + 28, 2);
+        const std::size_t local = Number(bytes, at + 42, 4);
+        const std::size_t data = local + 30 + Number(bytes, local + 26, 2) + Number(bytes, local + 28, 2);
+        const std::string content = bytes.substr(data, packed);
+        entries[bytes.substr(at + 46, name)] = method == 0 ? content : Inflate(content, size);
+        at += 46 + name + Number(bytes, at + 30, 2) + Number(bytes, at + 32, 2);
+    }
+    return entries;
+}
+
+// The cells of the first sheet: texts as they stand, numbers as they are written.
+std::map<std::string, std::string> Cells(const std::string& xlsx) {
+    auto entries = Unzip(xlsx);
+    std::vector<std::string> strings;
+    const std::string shared = entries["xl/sharedStrings.xml"];
+    const std::regex text("<si><t[^>]*>([^<]*)</t></si>");
+    for (std::sregex_iterator it(shared.begin(), shared.end(), text), last; it != last; ++it)
+        strings.push_back((*it)[1]);
+    std::map<std::string, std::string> cells;
+    const std::string sheet = entries["xl/worksheets/sheet1.xml"];
+    const std::regex cell("<c r=\"([A-Z]+[0-9]+)\"([^>]*)><v>([^<]*)</v></c>");
+    for (std::sregex_iterator it(sheet.begin(), sheet.end(), cell), last; it != last; ++it) {
+        const bool is_text = (*it)[2].str().find("t=\"s\"") != std::string::npos;
+        cells[(*it)[1]] = is_text ? strings.at(std::stoul((*it)[3])) : (*it)[3].str();
+    }
+    return cells;
+}
+
+class XlsxWriterTest : public CurveTest {
+  protected:
+    XlsxWriterTest() { TempDataFolder = Folder.string() + "/"; }
+    ~XlsxWriterTest() override { TempDataFolder.clear(); }
+};
+
+TEST_F(XlsxWriterTest, AWorkbookHoldsTheCellsThatWereSet) {
+    XlsxFileWriter writer(PathTo("book.xlsx"));
+    writer.BeginWorkbook();
+    writer.SetCell("A1", std::string("X-coord"));
+    writer.SetCell("B2", 0.1);
+    writer.SetCell("F52", -1.0 / 12.0);
+    writer.SetCell("C3", std::string("Größe <&>"));
+    writer.ShowWorkbook();
+    const auto cells = Cells(ReadBytes(PathTo("book.xlsx")));
+    EXPECT_EQ(cells.size(), 4u);
+    EXPECT_EQ(cells.at("A1"), "X-coord");
+    EXPECT_EQ(cells.at("B2"), "0.1");
+    EXPECT_EQ(cells.at("F52"), "-0.08333333333333333");
+    EXPECT_EQ(cells.at("C3"), "Größe &lt;&amp;&gt;");
+}
+
+TEST_F(XlsxWriterTest, CurvesStandInTheFixedCells) {
+    FillCurves(3, 51);
+    ChartControl chart;
+    InitGraph(chart, GraphFamily::Stability, 1);
+    DrawCurves(chart, GraphFamily::Stability);
+    XlsxFileWriter writer(PathTo("curves.xlsx"));
+    ExportCurves(chart, GraphFamily::Stability, writer);
+    const auto cells = Cells(ReadBytes(PathTo("curves.xlsx")));
+    EXPECT_EQ(cells.size(), 6u * 52);
+    EXPECT_EQ(cells.at("A1"), "X-coord");
+    EXPECT_EQ(cells.at("C1"), "X-coord");
+    EXPECT_EQ(cells.at("E1"), "X-coord");
+    EXPECT_EQ(cells.at("F1"), "Barrier Pillar");
+    EXPECT_EQ(cells.at("A52"), "200");
+    EXPECT_EQ(cells.at("C2"), "50");
+    EXPECT_EQ(cells.count("A53"), 0u);
+}
+
+// Rows of the CSV, cells of the workbook and points of the chart to the last digit of a single.
+TEST_F(XlsxWriterTest, CsvWorkbookAndPlottedPointsAgree) {
+    FillCurves(3, 51);
+    for (int row = 1; row <= 51; ++row) CurveData(2, row) = 10.0f / static_cast<float>(row);
+    ChartControl chart;
+    InitGraph(chart, GraphFamily::Stability, 1);
+    DrawCurves(chart, GraphFamily::Stability);
+    XlsxFileWriter writer(PathTo("curves.xlsx"));
+    ExportCurves(chart, GraphFamily::Stability, writer);
+    const auto cells = Cells(ReadBytes(PathTo("curves.xlsx")));
+    std::istringstream csv(CurveTableCsv("X", {"Overall", "Webs ONLY", "Barrier Pillar"}));
+    std::string line;
+    std::getline(csv, line);
+    for (long point = 1; point <= 51; ++point) {
+        ASSERT_TRUE(std::getline(csv, line));
+        std::istringstream fields(line);
+        std::string field;
+        for (int column = 0; column <= 3; ++column) {
+            std::getline(fields, field, ',');
+            const int series = std::max(column, 1);
+            const double plotted = column == 0 ? chart.X(1, point) : chart.Y(series, point);
+            const char letter = static_cast<char>((column == 0 ? 63 : 64) + 2 * series);
+            const std::string cell = cells.at(letter + std::to_string(point + 1));
+            EXPECT_EQ(static_cast<float>(NumericParse(cell)), static_cast<float>(plotted)) << cell;
+            EXPECT_EQ(GeneralText(static_cast<float>(plotted)), field);
+            EXPECT_EQ(GeneralText(static_cast<float>(NumericParse(cell))), field);
+        }
+    }
+}
+
+TEST_F(XlsxWriterTest, ADecimalCommaOfTheDesktopDoesNotReachTheWorkbook) {
+    const char* comma = nullptr;
+    for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "nl_NL.UTF-8"})
+        if (comma == nullptr) comma = std::setlocale(LC_NUMERIC, name);
+    if (comma == nullptr) GTEST_SKIP() << "this system has no locale with a decimal comma";
+    XlsxFileWriter writer(PathTo("book.xlsx"));
+    writer.BeginWorkbook();
+    writer.SetCell("A1", 12.5);
+    writer.ShowWorkbook();
+    std::setlocale(LC_NUMERIC, "C");
+    EXPECT_EQ(Cells(ReadBytes(PathTo("book.xlsx"))).at("A1"), "12.5");
+}
+
+TEST_F(XlsxWriterTest, FailuresAreErrorsOfTheFileSystem) {
+    XlsxFileWriter missing(PathTo("no/such/folder/book.xlsx"));
+    EXPECT_EQ(RaisedError([&] { missing.BeginWorkbook(); }), 76);
+    std::filesystem::create_directory(Folder / "folder.xlsx");
+    XlsxFileWriter folder(PathTo("folder.xlsx"));
+    EXPECT_NE(RaisedError([&] { folder.BeginWorkbook(); }), 0);
+    XlsxFileWriter idle(PathTo("idle.xlsx"));
+    EXPECT_EQ(RaisedError([&] { idle.SetCell("A1", 1.0); }), 429);
+    EXPECT_EQ(RaisedError([&] { idle.ShowWorkbook(); }), 429);
+}
+
+TEST_F(XlsxWriterTest, AFullDiskIsReported) {
+    std::filesystem::create_symlink("/dev/full", Folder / "full.xlsx");
+    XlsxFileWriter writer(PathTo("full.xlsx"));
+    writer.BeginWorkbook();
+    writer.SetCell("A1", 1.0);
+    EXPECT_EQ(RaisedError([&] { writer.ShowWorkbook(); }), 61);
+}
+
+TEST_F(XlsxWriterTest, AnAbandonedWorkbookLeavesNothing) {
+    {
+        XlsxFileWriter writer(PathTo("book.xlsx"));
+        writer.BeginWorkbook();
+        writer.SetCell("A1", 1.0);
+    }
+    EXPECT_FALSE(std::filesystem::exists(PathTo("book.xlsx")));
+}
+
+TEST_F(XlsxWriterTest, TheDesktopsWorkbookTakesAFreeNameAndIsOpened) {
+    WriteBytes(PathTo("Curves1.xlsx"), "mine");
+    DesktopXlsxWriter writer;
+    writer.BeginWorkbook();
+    writer.SetCell("A1", 1.0);
+    writer.ShowWorkbook();
+    EXPECT_EQ(writer.Path(), PathTo("Curves2.xlsx"));
+    EXPECT_EQ(ReadBytes(PathTo("Curves1.xlsx")), "mine");
+    EXPECT_EQ(Cells(ReadBytes(PathTo("Curves2.xlsx"))).at("A1"), "1");
+    ASSERT_EQ(Host.TheShell.Opened.size(), 1u);
+    EXPECT_EQ(Host.TheShell.Opened[0], PathTo("Curves2.xlsx"));
+    EXPECT_EQ(Host.MainWindow.History, "1. Workbook: " + PathTo("Curves2.xlsx") + "\r\n");
+}
+
+TEST_F(XlsxWriterTest, ADesktopWithoutASpreadsheetProgramGetsTheWorkbookAllTheSame) {
+    Host.TheShell.OpenResult = 31;
+    DesktopXlsxWriter writer;
+    writer.BeginWorkbook();
+    writer.SetCell("A1", 1.0);
+    writer.ShowWorkbook();
+    EXPECT_EQ(Cells(ReadBytes(PathTo("Curves1.xlsx"))).at("A1"), "1");
+    EXPECT_EQ(Host.MainWindow.History, "1. Workbook: " + PathTo("Curves1.xlsx") + "\r\n");
+}
+
+TEST_F(XlsxWriterTest, WithoutAScratchFolderTheSystemsServes) {
+    TempDataFolder.clear();
+    Host.Folders.TemporaryFolder = Folder.string();
+    DesktopXlsxWriter writer;
+    writer.BeginWorkbook();
+    writer.ShowWorkbook();
+    EXPECT_EQ(writer.Path(), PathTo("Curves1.xlsx"));
+}
+
+TEST_F(XlsxWriterTest, AFolderThatIsGoneRaisesItsError) {
+    TempDataFolder = PathTo("gone") + "/";
+    DesktopXlsxWriter writer;
+    EXPECT_EQ(RaisedError([&] { writer.BeginWorkbook(); }), 76);
+}
+
+}  // namespace
+}  // namespace tarvokol

@@ -1,0 +1,296 @@
+#include "core/program/start_up.h"
+
+#include <filesystem>
+
+#include "core/engine/options_record.h"
+#include "core/engine/project_record.h"
+#include "core/graphics/TarvoGraf.h"
+#include "core/messages/history_log.h"
+#include "core/messages/titles.h"
+#include "core/project/lifecycle.h"
+#include "core/project/project_file.h"
+#include "core/project/project_state.h"
+#include "core/settings/configuration.h"
+#include "core/settings/folders.h"
+#include "core/settings/ini_file.h"
+#include "core/settings/program_settings.h"
+#include "tests/support/core_fixture.h"
+
+namespace tarvokol {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+// A main window that comes into being when its history is touched, as the real one does, and that notes what
+// stood in the settings when its load ran.
+class LazyWindow : public HeadlessMainWindow {
+  public:
+    void ScrollHistoryToEnd() override {
+        Create();
+        HeadlessMainWindow::ScrollHistoryToEnd();
+    }
+
+    void Create() {
+        if (created_) return;
+        created_ = true;
+        Events.push_back("load, size " + std::to_string(MaxDisplaySize) + ", name '" + ProjectFileName + "'");
+    }
+
+    void OpenProjectParameters() override {
+        HeadlessMainWindow::OpenProjectParameters();
+        Events.push_back("parameters of " + ProjectFileName);
+    }
+
+    Texts Events;
+
+  private:
+    bool created_ = false;
+};
+
+class StartUp : public CoreTest {
+  protected:
+    StartUp() {
+        ResetProgram();
+        std::filesystem::create_directory(Folder / "app");
+        Host.Folders.Program = PathTo("app/tarvokol");
+        Host.Folders.DocumentsFolder = Folder.string();
+        Platform.MainWindow = &Window;
+    }
+    ~StartUp() override { ResetProgram(); }
+
+    void Start(const std::string& command_line = "") {
+        Main(
+            command_line,
+            {[&] { Window.Create(); }, [&] { Window.Events.push_back("show " + ProjectFileName); },
+             [&] { Window.Events.push_back("font"); }, [&] { Window.Events.push_back("close parameters"); }});
+    }
+
+    // Starts once so that a configuration file exists, changes one of its keys, and forgets all but the disk.
+    void PrepareSecondStart(const std::string& section_name, const std::string& key,
+                            const std::string& value) {
+        if (!std::filesystem::exists(PathTo("MyOLTEK/TARVOKOL.INI"))) Start();
+        PutIniString(section_name, key, value, PathTo("MyOLTEK/TARVOKOL.INI"));
+        ResetProgram();
+        Window = LazyWindow();
+    }
+
+    void WriteProject(const std::string& path, const std::string& title) {
+        FileNew(true, true);
+        ProjectTitle = title;
+        ProjectFileName = path;
+        ASSERT_TRUE(FileSave());
+    }
+
+    std::string Ini() const { return PathTo("MyOLTEK/TARVOKOL.INI"); }
+
+    LazyWindow Window;
+};
+
+TEST_F(StartUp, TheFirstStartLoadsTheWindowOverTheBuiltInSettings) {
+    Start();
+    EXPECT_EQ(Window.Events, (Texts{"load, size 2048, name ''", "show Untitled", "font"}));
+    EXPECT_EQ(GetIniString("Version", "INIFileVersion", Ini()), "050924");
+    EXPECT_EQ(GetIniString("Settings", "MaxDisplaySize", Ini()), "2048");
+    EXPECT_EQ(GetIniString("Settings", "DisplayHistoryWin", Ini()), "0");
+    EXPECT_EQ(MaxDisplaySize, 4096);
+    EXPECT_EQ(DisplayHistoryWin, 0);
+    EXPECT_EQ(Window.History, "");
+    EXPECT_EQ(Window.Caption, "TARVO-KOL");
+    EXPECT_TRUE(Host.Messages.Shown.empty());
+}
+
+TEST_F(StartUp, ALaterStartLoadsTheWindowAfterTheSettingsWereRead) {
+    PrepareSecondStart("Settings", "MaxDisplaySize", "8192");
+    Start();
+    EXPECT_EQ(Window.Events, (Texts{"load, size 8192, name ''", "show Untitled", "font"}));
+}
+
+TEST_F(StartUp, ARepairOfThePlotRangeLoadsTheWindowEarlyToo) {
+    PrepareSecondStart("TARVOKOLOptions", "PlotRangeMin", "100");
+    WriteBytes(PathTo("app/A.TKL"), "example\n");
+    Start();
+    EXPECT_EQ(Window.Events.front(), "load, size 4096, name ''");
+    EXPECT_EQ(GetIniString("TARVOKOLOptions", "PlotRangeMin", Ini()), "100");
+    EXPECT_EQ(GetIniString("TARVOKOLOptions", "PlotRangeMax", Ini()), "100");
+}
+
+TEST_F(StartUp, AStaleFileIsThrownAwayWithoutAMessage) {
+    PrepareSecondStart("Version", "INIFileVersion", "040101");
+    PutIniString("Settings", "KeepFileNames", "0", Ini());
+    Start();
+    EXPECT_EQ(GetIniString("Version", "INIFileVersion", Ini()), "050924");
+    EXPECT_EQ(KeepFileNames, 1);
+    EXPECT_EQ(Window.Events.front(), "load, size 2048, name ''");
+    EXPECT_TRUE(Host.Messages.Shown.empty());
+}
+
+TEST_F(StartUp, TheNewProjectTakesTheDefaultsOfTheFile) {
+    PrepareSecondStart("Settings", "DefaultUnits", "1");
+    PutIniString("TARVOKOLOptions", "DefaultAbutment", "25", Ini());
+    PutIniString("TARVOKOLOptions", "DefaultSFWeb", "1.3", Ini());
+    PutIniString("Settings", "DisplayHistoryWin", "1", Ini());
+    Start();
+    EXPECT_EQ(UnitSystem, 1);
+    EXPECT_EQ(ProjectRecord.AbutmentAngle, 25.0);
+    EXPECT_EQ(ProjectRecord.SFWeb, 1.3f);
+    EXPECT_EQ(WebDrawLength, 200.0f);
+    EXPECT_EQ(Window.History, "1. File initialized. Use Edit-Project Parameters to enter data\r\n");
+}
+
+TEST_F(StartUp, ExamplesAreCopiedAtEveryStart) {
+    WriteBytes(PathTo("app/A.TKL"), "example\n");
+    Start();
+    EXPECT_EQ(ReadBytes(PathTo("MyOLTEK/A.TKL")), "example\r\n");
+    std::filesystem::remove(PathTo("MyOLTEK/A.TKL"));
+    PrepareSecondStart("Settings", "KeepFileNames", "1");
+    Start();
+    EXPECT_TRUE(std::filesystem::exists(PathTo("MyOLTEK/A.TKL")));
+    std::filesystem::remove(PathTo("MyOLTEK/A.TKL"));
+    PrepareSecondStart("Settings", "CopyExampleFiles", "0");
+    Start();
+    EXPECT_FALSE(std::filesystem::exists(PathTo("MyOLTEK/A.TKL")));
+}
+
+TEST_F(StartUp, TheLastFileOpensFirstThenTheOneOfTheCommandLine) {
+    Start();
+    WriteProject(PathTo("last.TKL"), "Last");
+    WriteProject(PathTo("by name.TKL"), "Named");
+    PutIniString("FileMenu", "MaxLastFiles", "1", Ini());
+    PutIniString("FileMenu", "LastFile1", "last.TKL", Ini());
+    PutIniString("FileMenu", "LastFileLong1", PathTo("last.TKL"), Ini());
+    PutIniString("Settings", "DisplayHistoryWin", "1", Ini());
+    PrepareSecondStart("Settings", "LoadLastInputFile", "1");
+    Start("\"" + PathTo("by name.TKL") + "\"");
+    EXPECT_EQ(Window.Events, (Texts{"load, size 4096, name ''", "show Untitled", "font",
+                                    "parameters of " + PathTo("last.TKL"), "close parameters",
+                                    "parameters of " + PathTo("by name.TKL")}));
+    const std::size_t first = Window.History.find("Opening: " + PathTo("last.TKL") + "\r\n");
+    const std::size_t second = Window.History.find("Opening: " + PathTo("by name.TKL") + "\r\n");
+    ASSERT_NE(first, std::string::npos);
+    ASSERT_NE(second, std::string::npos);
+    EXPECT_LT(first, second);
+    EXPECT_EQ(ProjectTitle, "Named");
+}
+
+TEST_F(StartUp, ALastFileThatIsGoneIsToldWithRetryAndCancel) {
+    Start();
+    PutIniString("FileMenu", "MaxLastFiles", "1", Ini());
+    PutIniString("FileMenu", "LastFileLong1", PathTo("gone.TKL"), Ini());
+    PrepareSecondStart("Settings", "LoadLastInputFile", "1");
+    Host.Messages.Answers = {4, 2};
+    Start();
+    EXPECT_EQ(Messages(),
+              (Texts{"Error occurred: File not found (53)", "Error occurred: File not found (53)"}));
+    EXPECT_EQ(Host.Messages.Shown[0].style, 5);
+}
+
+TEST_F(StartUp, AnEmptyLastEntryIsNotOpened) {
+    PrepareSecondStart("Settings", "LoadLastInputFile", "1");
+    Start();
+    EXPECT_EQ(ProjectFileName, "Untitled");
+    EXPECT_TRUE(Host.Messages.Shown.empty());
+}
+
+TEST_F(StartUp, AFileOfAnotherFormatLeavesTheNewProject) {
+    WriteBytes(PathTo("other.TKL"), "SOMETHING\r\n");
+    Start(PathTo("other.TKL"));
+    EXPECT_EQ(Messages(), Texts{"Invalid file format"});
+    EXPECT_EQ(ProjectRecord.NumberHoles, 2);
+    EXPECT_EQ(ProjectEmpty, 255);
+}
+
+TEST_F(StartUp, AMissingFileOfTheCommandLineLeavesMain) {
+    EXPECT_EQ(RaisedError([&] { Start(PathTo("gone.TKL")); }), 53);
+    EXPECT_TRUE(Host.Messages.Shown.empty());
+}
+
+TEST_F(StartUp, TwoNamesOnTheCommandLineAreOneName) {
+    Start();
+    WriteProject(PathTo("a.TKL"), "A");
+    WriteProject(PathTo("b.TKL"), "B");
+    ResetProgram();
+    EXPECT_NE(RaisedError([&] { Start("\"" + PathTo("a.TKL") + "\" \"" + PathTo("b.TKL") + "\""); }), 0);
+    EXPECT_EQ(ProjectFileName, PathTo("a.TKL") + " " + PathTo("b.TKL"));
+}
+
+TEST_F(StartUp, AProfileWithoutFoldersWorksInTheProgramFolder) {
+    Host.Folders.DocumentsFolder.reset();
+    Start();
+    EXPECT_TRUE(std::filesystem::exists(PathTo("app/TARVOKOL.INI")));
+    EXPECT_EQ(DataPath, PathTo("app/"));
+}
+
+TEST_F(StartUp, LeavingSavesTheRecentFilesOnly) {
+    Start();
+    std::filesystem::remove(Ini());
+    DisplayHistoryWin = 1;
+    ShutDown();
+    EXPECT_EQ(ReadBytes(Ini()), "[FileMenu]\r\nMaxLastFiles=0\r\n");
+    EXPECT_EQ(Host.Help.Calls, Texts{"uninitialize " + PathTo("app/TARVOKOL.CHM")});
+    EXPECT_EQ(Window.History, "1. Saving default settings to file: " + Ini() + "\r\n");
+}
+
+TEST_F(StartUp, TheProgramFolderBecomesTheCurrentOne) {
+    const auto before = std::filesystem::current_path();
+    AppFolder = PathTo("app/");
+    EnterProgramFolder();
+    EXPECT_EQ(std::filesystem::current_path(), Folder / "app");
+    AppFolder = PathTo("gone/");
+    EnterProgramFolder();
+    EXPECT_EQ(std::filesystem::current_path(), Folder / "app");
+    std::filesystem::current_path(before);
+}
+
+TEST_F(StartUp, ASavedProjectClosesWithoutAQuestion) {
+    Start();
+    EXPECT_TRUE(MayCloseProgram());
+    EXPECT_TRUE(Host.Messages.Shown.empty());
+}
+
+class Closing : public StartUp {
+  protected:
+    Closing() {
+        Start();
+        ProjectFileName = PathTo("mine.TKL");
+        ProjectSaved = 0;
+    }
+};
+
+TEST_F(Closing, AsksAboutUnsavedWork) {
+    Host.Messages.Answers = {7};
+    EXPECT_TRUE(MayCloseProgram());
+    ASSERT_EQ(Host.Messages.Shown.size(), 1u);
+    EXPECT_EQ(Host.Messages.Shown[0].message, "Save changes to: " + PathTo("mine.TKL") + "?");
+    EXPECT_EQ(Host.Messages.Shown[0].style, 35);
+    EXPECT_FALSE(std::filesystem::exists(PathTo("mine.TKL")));
+}
+
+TEST_F(Closing, CancelKeepsTheProgramOpen) {
+    Host.Messages.Answers = {2};
+    EXPECT_FALSE(MayCloseProgram());
+}
+
+TEST_F(Closing, YesSavesAndEntersTheFileIntoTheList) {
+    Host.Messages.Answers = {6};
+    EXPECT_TRUE(MayCloseProgram());
+    EXPECT_TRUE(std::filesystem::exists(PathTo("mine.TKL")));
+    EXPECT_EQ(LastFileLong[1], PathTo("mine.TKL"));
+}
+
+TEST_F(Closing, ACancelledSaveDialogKeepsTheProgramOpen) {
+    ProjectFileName = "Untitled";
+    Host.Messages.Answers = {6};
+    Host.Dialogs.FileAnswers = {""};
+    EXPECT_FALSE(MayCloseProgram());
+    EXPECT_EQ(ProjectSaved, 0);
+}
+
+TEST_F(Closing, AFailedSaveKeepsTheProgramOpen) {
+    ProjectFileName = PathTo("gone/mine.TKL");
+    Host.Messages.Answers = {6, 1};
+    EXPECT_FALSE(MayCloseProgram());
+    EXPECT_EQ(Messages().back(), "Error occurred: Path not found (76). Procedure Terminated");
+}
+
+}  // namespace
+}  // namespace tarvokol
