@@ -72,6 +72,8 @@ class HeadlessMainWindow : public MainWindowServices {
     std::string RecentCaption(int index) override { return RecentEntries[index].caption; }
     void ShowRecentEntry(int index) override { RecentEntries[index].visible = true; }
     void OpenProjectParameters() override { ++ParametersOpened; }
+    void ApplySettings() override { ++SettingsApplied; }
+    void ApplyHistoryFont() override { ++HistoryFontsApplied; }
 
     struct RecentEntry {
         std::string caption;
@@ -84,6 +86,8 @@ class HeadlessMainWindow : public MainWindowServices {
     int HistoryScrolls = 0;
     std::map<int, RecentEntry> RecentEntries;
     int ParametersOpened = 0;
+    int SettingsApplied = 0;
+    int HistoryFontsApplied = 0;
 };
 
 class HeadlessHelp : public HelpViewer {

@@ -31,6 +31,11 @@ class MainWindowServices {
 
     // The command Input, Project Parameters.
     virtual void OpenProjectParameters() = 0;
+
+    // Changed settings show: history, window state, toolbar; font of the history. Nothing happens while the main
+    // window does not exist.
+    virtual void ApplySettings() = 0;
+    virtual void ApplyHistoryFont() = 0;
 };
 
 }  // namespace tarvokol

@@ -1,4 +1,5 @@
-// The forms that commands open, by name: the one place that knows them all.
+// The forms that commands open, by name, so that no dialog needs to know another folder's form. The table of all forms
+// stands beside the main window (desktop/main/form_table.h) and enters them here.
 #pragma once
 
 #include <string_view>
@@ -7,11 +8,18 @@
 
 namespace tarvokol {
 
+using FormLoader = FormBase& (*)();
+using GraphOpener = void (*)(int index, QWidget* owner);
+
+// Makes a form known under its name; a name that is known already gets the new entry.
+void EnterForm(std::string_view name, FormLoader loader);
+void EnterGraphForm(std::string_view name, GraphOpener opener);
+
 // The form of that name, loaded if it is not. An unknown name raises "Invalid procedure call or argument".
 FormBase& FormNamed(std::string_view name);
 
 // Loads the graph form of that name ("frmGraph", "frmGraphS") for the curves in the curve table and shows it
-// modally above `owner`; `index` is the kind of curve.
+// modally above `owner`; `index` is the kind of curve. An unknown name raises "Invalid procedure call or argument".
 void ShowGraphForm(std::string_view name, int index, QWidget* owner);
 
 }  // namespace tarvokol

@@ -12,6 +12,7 @@
 #include "core/settings/program_settings.h"
 #include "core/settings/update_reminder.h"
 #include "desktop/base/form_registry.h"
+#include "desktop/main/form_table.h"
 #include "qt/qt_text.h"
 #include "ui_frmMain.h"
 
@@ -46,6 +47,7 @@ std::string DroppedFile(const QMimeData& data) {
 
 frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>()) {
     UseArtwork();
+    EnterAllForms();
     // The forms and boxes that have no icon of their own show the program's.
     QApplication::setWindowIcon(QIcon(":/artwork/tarvokol.svg"));
     ui_->setupUi(this);

@@ -22,7 +22,7 @@ QPlainTextEdit& HistoryBox() {
 MainWindowSteps StepsOfMainWindow() {
     return {.Create = [] { frmMain::Instance(); },
             .Show = [] { frmMain::Instance().ShowModeless(); },
-            .ApplyHistoryFont = [] { ApplyHistoryFont(); },
+            .ApplyHistoryFont = [] { tarvokol::ApplyHistoryFont(); },
             .CloseParameters =
                 [] {
                     if (FormBase* dialog = FindForm("frmTARVOParm")) dialog->Unload();
@@ -88,6 +88,14 @@ void MainWindowBinding::ShowRecentEntry(int index) {
 
 void MainWindowBinding::OpenProjectParameters() {
     frmMain::Instance().mnuEditItem_Click(kProjectParameters);
+}
+
+void MainWindowBinding::ApplySettings() {
+    if (frmMain::IsLoaded()) ApplyMainWindowSettings(frmMain::Instance());
+}
+
+void MainWindowBinding::ApplyHistoryFont() {
+    if (frmMain::IsLoaded()) tarvokol::ApplyHistoryFont();
 }
 
 }  // namespace tarvokol

@@ -26,6 +26,8 @@ class MainWindowBinding : public MainWindowServices {
     void ShowRecentEntry(int index) override;
 
     void OpenProjectParameters() override;
+    void ApplySettings() override;
+    void ApplyHistoryFont() override;
 };
 
 // What the start-up asks of the form itself.

@@ -8,6 +8,7 @@
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
 #include "core/platform/common_dialogs.h"
+#include "core/platform/main_window_services.h"
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
 #include "core/runtime/checked.h"
@@ -17,7 +18,6 @@
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
 #include "core/settings/program_settings.h"
-#include "desktop/main/frmMain.h"
 #include "desktop/settings/frmPath.h"
 #include "qt/qt_text.h"
 #include "ui_frmSet.h"
@@ -123,7 +123,7 @@ void frmSet::Form_Unload() {
         return;
     }
     TakeSettings();
-    if (frmMain::IsLoaded()) ApplyMainWindowSettings(frmMain::Instance());
+    Platform.MainWindow->ApplySettings();
     LogMessage("Settings Modified");
     SaveSettings(section::Settings);
 }
@@ -180,7 +180,7 @@ void frmSet::Command5_Click() {
         DisplayFontSize = font.size;
         DisplayFontBold = font.bold ? kTrue : 0;
         DisplayFontItalic = font.italic ? kTrue : 0;
-        if (frmMain::IsLoaded()) ApplyHistoryFont();
+        Platform.MainWindow->ApplyHistoryFont();
     });
 }
 

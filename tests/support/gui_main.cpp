@@ -2,6 +2,7 @@
 // run-time errors recorded instead of ending the program.
 #include <gtest/gtest.h>
 
+#include "desktop/main/form_table.h"
 #include "qt/program_application.h"
 #include "tests/support/gui_fixture.h"
 
@@ -26,5 +27,6 @@ int main(int argc, char** argv) {
         tarvokol::RecordUnhandledError(error);
     });
     application.setQuitOnLastWindowClosed(false);
+    tarvokol::EnterAllForms();
     return RUN_ALL_TESTS();
 }
