@@ -19,7 +19,10 @@ endif()
 add_library(tarvokol_options INTERFACE)
 target_include_directories(tarvokol_options INTERFACE ${CMAKE_SOURCE_DIR})
 target_compile_options(tarvokol_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror -ffp-contract=off)
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -ffp-contract=off)
+if(TARVOKOL_WERROR)
+    target_compile_options(tarvokol_options INTERFACE -Werror)
+endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # GCC 12 sees an overlap in every `"text" + string`; its own bug 105651.
     target_compile_options(tarvokol_options INTERFACE -Wno-restrict)
