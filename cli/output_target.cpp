@@ -55,17 +55,18 @@ std::string OutputTarget::PathFor(const std::string& project, const std::string&
     return WithSeparator(output_) + file;
 }
 
-void OutputTarget::Refuse(const std::string& path) const {
+void OutputTarget::Prepare(const std::string& path) const {
     std::error_code failure;
     if (FolderExists(path)) throw OutputError{error_number::PathFileAccess, path + ": is a folder"};
     if (!force_ && std::filesystem::exists(path, failure) && std::filesystem::is_regular_file(path, failure))
-        throw OutputError{58, path + ": file already exists (--force replaces it)"};
+        throw OutputError{error_number::FileAlreadyExists,
+                          path + ": file already exists (--force replaces it)"};
     if (folder_) std::filesystem::create_directories(output_, failure);
 }
 
 void OutputTarget::Write(const std::string& path,
                          const std::function<void(const std::string&)>& write) const {
-    Refuse(path);
+    Prepare(path);
     try {
         write(path);
     } catch (const RunTimeError& error) {

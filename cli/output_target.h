@@ -30,8 +30,8 @@ class OutputTarget {
     // format's extension, or `kept_name` where one is given.
     std::string PathFor(const std::string& project, const std::string& kept_name = "") const;
 
-    // Raises OutputError if the file exists and is not to be replaced.
-    void Refuse(const std::string& path) const;
+    // Makes the folder of the files. Raises OutputError if the file exists and is not to be replaced.
+    void Prepare(const std::string& path) const;
 
     // Writes through `write`, which is given the path, and raises OutputError for a run-time error in it.
     void Write(const std::string& path, const std::function<void(const std::string&)>& write) const;

@@ -10,14 +10,22 @@ namespace tarvokol {
 // guard is then passed over. `cancelled` is cleared whenever the guard deals with an error.
 class CommandGuard {
   public:
+    // With a flag of its own, for a handler that no other one asks whether it was cancelled.
+    CommandGuard() : cancelled_(own_cancelled_) {}
     explicit CommandGuard(bool& cancelled) : cancelled_(cancelled) {}
+    CommandGuard(const CommandGuard&) = delete;
+    CommandGuard& operator=(const CommandGuard&) = delete;
 
     void operator()(const std::function<void()>& statement);
 
     // True once the handler has been left; what stands outside the guard behind it must not run then.
     bool Left() const { return left_; }
 
+    // True if the last error that the guard dealt with was a cancelled dialog.
+    bool Cancelled() const { return cancelled_; }
+
   private:
+    bool own_cancelled_ = false;
     bool& cancelled_;
     bool left_ = false;
 };

@@ -18,13 +18,14 @@ constexpr int16_t Leave = 3;
 constexpr int16_t LeaveDatabase = 6;
 }  // namespace error_answer
 
-// The error that a handler is dealing with.
-inline RunTimeError CurrentError{0, ""};
-
 ErrorClass ClassOfError(int number);
 
-// Sorts `CurrentError` into its class, logs it, asks and answers what the handler shall do (error_answer). Without
+// Sorts the error into its class, logs it, asks and answers what the handler shall do (error_answer). Without
 // showMessage nothing is logged or shown.
+int16_t HandleRuntimeError(const RunTimeError& error, bool showMessage);
+
+// The same for the error noted last, for a handler that has no error in its hands.
+inline RunTimeError CurrentError{0, ""};
 int16_t HandleRuntimeError(bool showMessage);
 
 }  // namespace tarvokol

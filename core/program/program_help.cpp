@@ -8,7 +8,6 @@
 #include "core/platform/platform.h"
 #include "core/platform/shell.h"
 #include "core/program/start_up.h"
-#include "core/project/project_state.h"
 #include "core/runtime/file_system.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/folders.h"
@@ -64,7 +63,7 @@ void ShowHelpTopic(int index, const std::string& topic) {
 }
 
 void OpenPdfManual() {
-    CommandGuard guard(DialogCancelled);
+    CommandGuard guard;
     guard([] {
         const std::string path = ManualPath();
         if (!FileExists(path))

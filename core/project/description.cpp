@@ -110,7 +110,7 @@ class Scratch {
         }
     }
 
-    CommandGuard guard_{DialogCancelled};
+    CommandGuard guard_;
     int number_ = 0;
     bool written_ = false;
     bool complete_ = false;

@@ -169,7 +169,7 @@ void frmMain::dropEvent(QDropEvent* event) {
 
 // As a pick from the recent files.
 void frmMain::OpenDropped(const std::string& path) {
-    CommandGuard guard(DialogCancelled);
+    CommandGuard guard;
     guard([] { PreviousFileName = ProjectFileName; });
     guard([&] { ProjectFileName = path; });
     guard([] { LoadProjFile(); });

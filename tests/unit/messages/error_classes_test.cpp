@@ -25,8 +25,7 @@ class ErrorHandling : public CoreTest {
 
     // What the handler answers for an error.
     int16_t Handle(int number, bool show_message = true) {
-        CurrentError = RunTimeError(number);
-        return HandleRuntimeError(show_message);
+        return HandleRuntimeError(RunTimeError(number), show_message);
     }
 
     const std::string& Log() const { return Host.MainWindow.History; }
@@ -116,9 +115,14 @@ TEST_F(ErrorHandling, AnswersWithoutABoxOnRequest) {
 }
 
 TEST_F(ErrorHandling, SaysTheTextThatTheErrorCarries) {
-    CurrentError = RunTimeError(53, "ridge.TKL is gone");
-    HandleRuntimeError(true);
+    HandleRuntimeError(RunTimeError(53, "ridge.TKL is gone"), true);
     EXPECT_THAT(Messages(), ElementsAre("Error occurred: ridge.TKL is gone (53)"));
+}
+
+TEST_F(ErrorHandling, WithoutAnErrorInHandsTakesTheOneNotedLast) {
+    CurrentError = RunTimeError(75);
+    EXPECT_EQ(HandleRuntimeError(true), 3);
+    EXPECT_THAT(Messages(), ElementsAre("Error occurred: Path/File access error (75). Procedure Terminated"));
 }
 
 TEST_F(ErrorHandling, FillsAnEmptyErrorTitle) {
@@ -191,6 +195,25 @@ TEST_F(Guarded, KeepsTheCancelledFlagWithoutAnError) {
     Cancelled = true;
     EXPECT_EQ(RunCommand(53, 0), "abd");
     EXPECT_TRUE(Cancelled);
+}
+
+TEST_F(Guarded, AGuardWithoutAForeignFlagKeepsItsOwn) {
+    Cancelled = false;
+    CommandGuard guard;
+    EXPECT_FALSE(guard.Cancelled());
+    guard([] { Raise(32755); });
+    EXPECT_TRUE(guard.Cancelled());
+    EXPECT_FALSE(Cancelled);
+    Host.Messages.Answers = {2};
+    guard([] { Raise(53); });
+    EXPECT_FALSE(guard.Cancelled());
+}
+
+TEST_F(Guarded, TheGuardNotesTheErrorThatItDealsWith) {
+    Host.Messages.Answers = {2};
+    RunCommand(61, 1);
+    EXPECT_EQ(CurrentError.number, 61);
+    EXPECT_EQ(CurrentError.text, "Disk full");
 }
 
 TEST_F(Guarded, LetsEverythingElsePass) {
