@@ -13,20 +13,7 @@
 
 namespace tarvokol {
 
-// Layout state, valid between one BuildLayout and the next; project length units.
-inline float PlotWidth = 0;
-inline float PlotHeight = 0;
-inline OneBased<int16_t, MaxHoles> PillarPresent;
-inline OneBased<OneBased<float, MaxHoles>, 4> CornerX;  // corners from the lower left, against the clock
-inline OneBased<OneBased<float, MaxHoles>, 4> CornerY;
-inline OneBased<float, MaxHoles> XcutDimX;
-inline OneBased<int16_t, MaxHoles> XcutDimShown;
-inline OneBased<int16_t, 4> ZoneActive;  // cleared and never set: no zone is drawn
-
-// Length of a web on the drawing, the same in both unit systems: the plan is to scale across the row only.
-inline float WebDrawLength = 200.0f;
-
-// What the label of a pillar shows, 1 to 5; true when the results viewer opened the plot window.
+// What the label of a pillar shows, 1 to 5.
 namespace plot_mode {
 constexpr int16_t Dimensions = 1;
 constexpr int16_t Strength = 2;
@@ -34,12 +21,45 @@ constexpr int16_t Capacity = 3;
 constexpr int16_t AbutmentStress = 4;
 constexpr int16_t TotalStress = 5;
 }  // namespace plot_mode
-inline int16_t PlotMode = plot_mode::Dimensions;
-inline bool PlotFromResults = false;
 
-// Stresses per pillar for the last two modes. No part of the calculation fills them.
-inline OneBased<double, MaxHoles> PillarAbutmentStress;
-inline OneBased<double, MaxHoles> PillarTotalStress;
+struct PlanState {
+    // Layout, valid between one BuildLayout and the next; project length units.
+    float PlotWidth = 0;
+    float PlotHeight = 0;
+    OneBased<int16_t, MaxHoles> PillarPresent;
+    OneBased<OneBased<float, MaxHoles>, 4> CornerX;  // corners from the lower left, against the clock
+    OneBased<OneBased<float, MaxHoles>, 4> CornerY;
+    OneBased<float, MaxHoles> XcutDimX;
+    OneBased<int16_t, MaxHoles> XcutDimShown;
+    OneBased<int16_t, 4> ZoneActive;  // cleared and never set: no zone is drawn
+
+    // Length of a web on the drawing, the same in both unit systems: the plan is to scale across the row
+    // only.
+    float WebDrawLength = 200.0f;
+
+    int16_t PlotMode = plot_mode::Dimensions;
+    bool PlotFromResults = false;  // true when the results viewer opened the plot window
+
+    // Stresses per pillar for the last two modes. No part of the calculation fills them.
+    OneBased<double, MaxHoles> PillarAbutmentStress;
+    OneBased<double, MaxHoles> PillarTotalStress;
+};
+namespace state {
+inline PlanState Plan;
+}
+inline auto& PlotWidth = state::Plan.PlotWidth;
+inline auto& PlotHeight = state::Plan.PlotHeight;
+inline auto& PillarPresent = state::Plan.PillarPresent;
+inline auto& CornerX = state::Plan.CornerX;
+inline auto& CornerY = state::Plan.CornerY;
+inline auto& XcutDimX = state::Plan.XcutDimX;
+inline auto& XcutDimShown = state::Plan.XcutDimShown;
+inline auto& ZoneActive = state::Plan.ZoneActive;
+inline auto& WebDrawLength = state::Plan.WebDrawLength;
+inline auto& PlotMode = state::Plan.PlotMode;
+inline auto& PlotFromResults = state::Plan.PlotFromResults;
+inline auto& PillarAbutmentStress = state::Plan.PillarAbutmentStress;
+inline auto& PillarTotalStress = state::Plan.PillarTotalStress;
 
 // Fills the corners of pillar i; they stay as they are where the crosscut angle is not exactly 90.
 void ComputePillarCorners(int i, int row);

@@ -6,12 +6,20 @@
 
 namespace tarvokol {
 
-// Settings of the log (configuration section "Settings"): on if 1; size in characters at which it is cut.
-inline int16_t DisplayHistoryWin = 1;
-inline int16_t MaxDisplaySize = 2048;
+struct HistoryLogState {
+    // Settings of the log (configuration section "Settings"): on if 1; size in characters at which it is cut.
+    int16_t DisplayHistoryWin = 1;
+    int16_t MaxDisplaySize = 2048;
 
-// Number of the last line written, 1 to 16384, then 1 again.
-inline int16_t HistorySequence = 0;
+    // Number of the last line written, 1 to 16384, then 1 again.
+    int16_t HistorySequence = 0;
+};
+namespace state {
+inline HistoryLogState History;
+}
+inline auto& DisplayHistoryWin = state::History.DisplayHistoryWin;
+inline auto& MaxDisplaySize = state::History.MaxDisplaySize;
+inline auto& HistorySequence = state::History.HistorySequence;
 
 // Appends a line: the sequence number, ". ", the text. A log that has reached its size is first cut to its last two
 // lines. With the log off only the insertion point moves to the end.

@@ -13,12 +13,23 @@ inline std::string AppLongTitle;
 // Prefixes of the dialogs' titles; 1 description, 2 parameters, 7 options, 8 settings, the others empty.
 inline OneBased<std::string, 13> DialogPrefix;
 
-inline std::string MessageTitle;
-inline std::string RangeErrorTitle;
-inline std::string RangeWarningTitle;
-inline std::string InvalidCharTitle;
-inline std::string ErrorTitle;
-inline std::string LogicErrorTitle;
+struct MessageTitleValues {
+    std::string MessageTitle;
+    std::string RangeErrorTitle;
+    std::string RangeWarningTitle;
+    std::string InvalidCharTitle;
+    std::string ErrorTitle;
+    std::string LogicErrorTitle;
+};
+namespace state {
+inline MessageTitleValues Titles;
+}
+inline auto& MessageTitle = state::Titles.MessageTitle;
+inline auto& RangeErrorTitle = state::Titles.RangeErrorTitle;
+inline auto& RangeWarningTitle = state::Titles.RangeWarningTitle;
+inline auto& InvalidCharTitle = state::Titles.InvalidCharTitle;
+inline auto& ErrorTitle = state::Titles.ErrorTitle;
+inline auto& LogicErrorTitle = state::Titles.LogicErrorTitle;
 
 // Sets the five dialog titles from prefix `index` and `MessageTitle` to "Message". An index outside 1 to 13 raises
 // "Subscript out of range".

@@ -1,5 +1,4 @@
 #include "core/engine/curves.h"
-#include "core/engine/options_record.h"
 #include "core/engine/project_record.h"
 #include "core/engine/working_parameters.h"
 #include "core/graphics/TarvoGraf.h"
@@ -14,7 +13,6 @@
 #include "core/runtime/file_system.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
-#include "core/settings/graph_settings.h"
 #include "core/settings/program_settings.h"
 
 namespace tarvokol {
@@ -29,39 +27,13 @@ void SetIdentity() {
     ExeNameUpper = ProgramNameUpper();
     IniStamp = "050924";
     KillStaleIni = -1;
+    ProjectExtension = "TKL";
 }
 
-void SetFontDefaults() {
-    DisplayFontName = BrowseFontName = BestScreenFont();
-    DisplayFontSize = BrowseFontSize = 10.0f;
-    DisplayFontBold = BrowseFontBold = 0;
-    DisplayFontItalic = BrowseFontItalic = 0;
-}
-
-void SetModuleSettings() {
-    DefaultUnitSystem = 0;
+void ForgetProjectFlags() {
     UnitSystem = 0;
-    DisplayHistoryWin = 1;
-    KeepFileNames = 1;
-    MaxDisplaySize = 2048;
-    ShowDisclaim = 1;
-    MaxMainMenu = 0;
-    DataPath = ChosenPath = PersonalDataFolder;
-    ExternalEditor = "Notepad.exe";
-    EnableMainMenuToolbar = 1;
-    LoadLastInputFile = 0;
-    CopyExampleFilesSetting = 1;
     ProjectSaved = ProjectEmpty = 255;
-    HistorySequence = 0;
     FileFormatLevel = 0;
-    MessageTitle = "Message";
-    BrowseUseNotepad = 0;
-    BrowseDefaultFilter.clear();
-    ShortRecentFiles = 0;
-    RemindAnnualUpdates = 1;
-    LastFile.Fill("");
-    LastFileLong.Fill("");
-    SetFontDefaults();
 }
 
 void FillNameTables() {
@@ -83,28 +55,15 @@ void FillNameTables() {
     FillResourceTables();
 }
 
-void SetOptions() {
-    LastOutputPage = 2;
-    OptionsRecord = EngineOptions{};
-    ShowInputScreenOnLoad = 1;
-    ViewChildWindow = 1;
-    PrintModuleHeader = 1;
-    PrintPlotReminder = 1;
-    AskOfficeInstall = 1;
-    PlotEntryDims = 1;
-    PlotXcutDims = PlotGobDims = PlotSingleXcutDims = PlotGobExtLoose = 0;
-    WebDrawLength = UnitSystem == 0 ? 200.0f : 60.0f;
-}
-
 // What follows the module defaults. The history window is off in a new configuration.
 void SetMainValues() {
+    SetSettingsToBuiltIn();
     DisplayHistoryWin = 0;
-    InitGraphDefaults();
-    InitGraphFactoryValues();
     FillNameTables();
-    SetOptions();
-    ProjectExtension = "TKL";
-    FileExtension = ProjectExtension;
+    LastOutputPage = 2;
+    WebDrawLength = UnitSystem == 0 ? 200.0f : 60.0f;
+    HistorySequence = 0;
+    MessageTitle = "Message";
 }
 
 void SetPaths() {
@@ -122,12 +81,13 @@ void InitModuleDefaults() {
     LocateAppFolder();
     LocateDataFolders();
     SetHelpFile();
-    SetModuleSettings();
+    ForgetProjectFlags();
+    SetSettingsToBuiltIn();
 }
 
 void SetBuiltInValues() {
     SetIdentity();
-    SetModuleSettings();
+    ForgetProjectFlags();
     SetMainValues();
 }
 

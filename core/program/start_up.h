@@ -10,14 +10,25 @@
 namespace tarvokol {
 
 // Identity, set first, never changed.
-inline std::string HelpFileName;
-inline std::string PdfHelpName;
-inline std::string UpdatePageAddress;
-inline std::string SupportAddress;
-inline std::string RunTimeHelpFile;  // full name
+struct ProgramIdentity {
+    std::string HelpFileName;
+    std::string PdfHelpName;
+    std::string UpdatePageAddress;
+    std::string SupportAddress;
+    std::string RunTimeHelpFile;  // full name
 
-// Names set at start-up and read by nothing so far.
-inline OneBased<std::string, 2> OrdinalNames;
+    // Names set at start-up and read by nothing so far.
+    OneBased<std::string, 2> OrdinalNames;
+};
+namespace state {
+inline ProgramIdentity Identity;
+}
+inline auto& HelpFileName = state::Identity.HelpFileName;
+inline auto& PdfHelpName = state::Identity.PdfHelpName;
+inline auto& UpdatePageAddress = state::Identity.UpdatePageAddress;
+inline auto& SupportAddress = state::Identity.SupportAddress;
+inline auto& RunTimeHelpFile = state::Identity.RunTimeHelpFile;
+inline auto& OrdinalNames = state::Identity.OrdinalNames;
 
 // What Main asks of the main window, which the binding creates.
 struct MainWindowSteps {

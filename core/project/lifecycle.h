@@ -3,12 +3,9 @@
 
 #include <string>
 
-#include "core/runtime/one_based.h"
+#include "core/project/project_state.h"
 
 namespace tarvokol {
-
-// Remembered start paths of the file dialog: 1 for Open, 2 for Save As.
-inline OneBased<std::string, 2> DialogPaths;
 
 // Resets the project; always false.
 bool FileNew(const bool& setUntitled, const bool& resetUnits);

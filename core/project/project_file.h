@@ -5,15 +5,14 @@
 #include <string>
 #include <string_view>
 
+#include "core/project/project_state.h"
+
 namespace tarvokol {
 
 // The lines around the description block, and the format level that every reading sets.
 inline constexpr std::string_view DescriptionStart = "##StartDesc##";
 inline constexpr std::string_view DescriptionEnd = "##EndDesc##";
 constexpr int16_t PresentFormatLevel = 50;
-
-// Scratch file of the reformatter; empty where the scratch is kept in memory.
-inline std::string DescTempPath;
 
 // Writes the project to `ProjectFileName`, replacing what is there; true when it ran to the end. What the
 // file held before is kept as a copy in the temporary data folder. Raises the errors of the files.

@@ -11,12 +11,21 @@
 
 namespace tarvokol {
 
-// `OutputBuffers` holds pages 0 (inputs), 1 (stability factors) and 2 (pillars); a new project clears 1 and 2.
-inline int16_t LastOutputPage = 2;
+struct ReportState {
+    // `OutputBuffers` holds pages 0 (inputs), 1 (stability factors) and 2 (pillars); a new project clears 1
+    // and 2.
+    int16_t LastOutputPage = 2;
 
-// Names printed in the report, set at start-up.
-inline OneBased<std::string, 3> StabilityCaseNames;
-inline OneBased<std::string, 2> PillarClassNames;
+    // Names printed in the report, set at start-up.
+    OneBased<std::string, 3> StabilityCaseNames;
+    OneBased<std::string, 2> PillarClassNames;
+};
+namespace state {
+inline ReportState Report;
+}
+inline auto& LastOutputPage = state::Report.LastOutputPage;
+inline auto& StabilityCaseNames = state::Report.StabilityCaseNames;
+inline auto& PillarClassNames = state::Report.PillarClassNames;
 
 // Writes page 0 from the project's inputs; `mode` is ignored. Raises the error of WrapText.
 void LoadOutBuf0(const int16_t& mode);

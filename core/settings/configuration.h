@@ -4,28 +4,26 @@
 #include <cstdint>
 #include <string>
 
+#include "core/settings/key_tables.h"
+
 namespace tarvokol {
 
-inline std::string IniPath;
-inline std::string IniStamp;        // layout stamp that the file must carry
-inline std::string IniFileVersion;  // stamp read or to be written
-inline int16_t KillStaleIni = -1;   // a file of another stamp is deleted
+struct ConfigurationState {
+    std::string IniPath;
+    std::string IniStamp;        // layout stamp that the file must carry
+    std::string IniFileVersion;  // stamp read or to be written
+    int16_t KillStaleIni = -1;   // a file of another stamp is deleted
 
-inline std::string ProjectExtension;  // "TKL"
-
-// Selectors of SaveSettings.
-namespace section {
-constexpr int All = 1;
-constexpr int Settings = 2;
-constexpr int FileMenu = 3;
-constexpr int TextBrowse = 4;
-constexpr int Graph = 5;
-constexpr int Options = 6;
-}  // namespace section
-
-// The value after the range rule: one outside low to high becomes `low`, also when it lies above `high`.
-int16_t ClampToRange(int16_t& value, int16_t low, int16_t high);
-float ClampToRange(float& value, float low, float high);
+    std::string ProjectExtension;  // "TKL"
+};
+namespace state {
+inline ConfigurationState Configuration;
+}
+inline auto& IniPath = state::Configuration.IniPath;
+inline auto& IniStamp = state::Configuration.IniStamp;
+inline auto& IniFileVersion = state::Configuration.IniFileVersion;
+inline auto& KillStaleIni = state::Configuration.KillStaleIni;
+inline auto& ProjectExtension = state::Configuration.ProjectExtension;
 
 std::string ReadIniVersion();
 void WriteIniVersion();
@@ -33,13 +31,18 @@ void WriteIniVersion();
 void ReadCommonSection(int selector);
 void WriteCommonSection(int selector);
 
-// The whole file into the settings. Equal ends of the plot range are repaired; `save_repair` tells whether
-// the repaired section is written back at once.
+// The whole file into the settings. Equal ends of the plot range are repaired; `repair` tells whether the
+// repaired section is written back at once.
 enum class RangeRepair { Save, KeepInMemory };
 void ReadSettings(RangeRepair repair = RangeRepair::Save);
 
-// Writes all sections or one and logs "Saving default settings to file: ". Failures are silent.
+// Writes all sections or one (core/settings/key_tables.h) and logs "Saving default settings to file: ".
+// Failures are silent.
 void SaveSettings(int selector);
+
+// Puts every setting to its built-in value: what a new file gets. Asks the screen for its fonts; folders and
+// names that settings start from are taken as they stand.
+void SetSettingsToBuiltIn();
 
 // Settles the file at start-up: creates it, or deletes one of another stamp and creates it anew; then reads
 // it.

@@ -5,9 +5,17 @@
 
 namespace tarvokol {
 
-inline std::string AppFolder;           // the program's own
-inline std::string PersonalDataFolder;  // the user's data
-inline std::string TempDataFolder;      // scratch files; empty where scratch is kept in memory
+struct ProgramFolders {
+    std::string AppFolder;           // the program's own
+    std::string PersonalDataFolder;  // the user's data
+    std::string TempDataFolder;      // scratch files; empty where scratch is kept in memory
+};
+namespace state {
+inline ProgramFolders Folders;
+}
+inline auto& AppFolder = state::Folders.AppFolder;
+inline auto& PersonalDataFolder = state::Folders.PersonalDataFolder;
+inline auto& TempDataFolder = state::Folders.TempDataFolder;
 
 // Sets `AppFolder` from the program's path.
 void LocateAppFolder();

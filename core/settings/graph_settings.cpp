@@ -34,10 +34,7 @@ void InitGraphDefaults() {
 }
 
 void InitGraphFactoryValues() {
-    GraphDefaults.GridStyle = 0;
-    GraphDefaults.GraphStyle = 3;
-    GraphDefaults.CurveLegend = 1;
-    GraphDefaults.SymbolSize = 5;
+    GraphDefaults = {};
     GraphDefaults.GraphTitle = AppLongTitle;
     GraphDefaults.XAxisTitle[0] = "Extraction Height";
     GraphDefaults.XAxisTitle[1] = "Depth of Cover";

@@ -8,37 +8,50 @@
 
 namespace tarvokol {
 
-inline int16_t GraphSetParams = 0;  // 1 keep the last used format, 0 use the defaults
-inline int16_t GridStyle = 0;       // 0 none, 1 grid of the Y axis, 2 of the X axis, 3 both
-inline int16_t GraphStyle = 3;      // 1 lines, 2 symbols, 3 both
-inline int16_t CurveLegend = 1;
-inline int16_t SymbolSize = 5;
-inline int16_t GraphUnits = 0;  // unit system for which the axis titles were composed
-inline std::string GraphTitle;
-inline ZeroBased<std::string, 2> XAxisTitle;  // stability graphs 0 to 2
-inline ZeroBased<std::string, 2> YAxisTitle;
-inline ZeroBased<std::string, 1> XAxisTitleS;  // sizing graphs 0 and 1
-inline ZeroBased<std::string, 1> YAxisTitleS;
-
-// The unchanging set of the same fields: base titles without units and the default styles.
+// Titles and styles of a graph; as built in, the styles of a graph that nobody has changed.
 struct GraphDefaultSet {
-    int16_t GridStyle = 0;
-    int16_t GraphStyle = 3;
+    int16_t GridStyle = 0;   // 0 none, 1 grid of the Y axis, 2 of the X axis, 3 both
+    int16_t GraphStyle = 3;  // 1 lines, 2 symbols, 3 both
     int16_t CurveLegend = 1;
     int16_t SymbolSize = 5;
     std::string GraphTitle;
-    ZeroBased<std::string, 2> XAxisTitle;
+    ZeroBased<std::string, 2> XAxisTitle;  // stability graphs 0 to 2
     ZeroBased<std::string, 2> YAxisTitle;
-    ZeroBased<std::string, 1> XAxisTitleS;
+    ZeroBased<std::string, 1> XAxisTitleS;  // sizing graphs 0 and 1
     ZeroBased<std::string, 1> YAxisTitleS;
 };
+
+// The unchanging set: base titles without units and the default styles.
 inline GraphDefaultSet GraphDefaults;
 
-// Curves that the graph options dialog restyles.
-inline int16_t GraphRestyleCount = 0;
+// The set in use and what belongs to it.
+struct GraphSettingValues : GraphDefaultSet {
+    int16_t GraphSetParams = 0;  // 1 keep the last used format, 0 use the defaults
+    int16_t GraphUnits = 0;      // unit system for which the axis titles were composed
 
-// Colours of the curves in the byte order blue, green, red.
-inline OneBased<int32_t, 6> CurveColor;
+    // No keys. Curves that the graph options dialog restyles.
+    int16_t GraphRestyleCount = 0;
+    // Colours of the curves in the byte order blue, green, red.
+    OneBased<int32_t, 6> CurveColor;
+};
+namespace state {
+inline GraphSettingValues Graphs;
+}
+
+// The names by which the settings are known everywhere.
+inline auto& GraphSetParams = state::Graphs.GraphSetParams;
+inline auto& GridStyle = state::Graphs.GridStyle;
+inline auto& GraphStyle = state::Graphs.GraphStyle;
+inline auto& CurveLegend = state::Graphs.CurveLegend;
+inline auto& SymbolSize = state::Graphs.SymbolSize;
+inline auto& GraphUnits = state::Graphs.GraphUnits;
+inline auto& GraphTitle = state::Graphs.GraphTitle;
+inline auto& XAxisTitle = state::Graphs.XAxisTitle;
+inline auto& YAxisTitle = state::Graphs.YAxisTitle;
+inline auto& XAxisTitleS = state::Graphs.XAxisTitleS;
+inline auto& YAxisTitleS = state::Graphs.YAxisTitleS;
+inline auto& GraphRestyleCount = state::Graphs.GraphRestyleCount;
+inline auto& CurveColor = state::Graphs.CurveColor;
 
 // Fills `CurveColor`, empties the current titles and `GraphTitle`, sets `GraphRestyleCount` to 0.
 void InitGraphDefaults();

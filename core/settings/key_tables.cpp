@@ -1,11 +1,16 @@
 #include "core/settings/key_tables.h"
 
+#include <cmath>
+
 #include "core/engine/options_record.h"
 #include "core/messages/history_log.h"
+#include "core/runtime/numbers.h"
+#include "core/runtime/run_time_error.h"
 #include "core/settings/graph_settings.h"
 #include "core/settings/program_settings.h"
 
 namespace tarvokol {
+namespace {
 
 std::span<const KeyRule> SettingsKeys() {
     static const KeyRule keys[] = {
@@ -29,6 +34,29 @@ std::span<const KeyRule> SettingsKeys() {
         {"FileExtension", &FileExtension},
     };
     return keys;
+}
+
+// A slot's keys are in use, in the file as in memory, up to the number of entries.
+std::span<const KeyRule> FileMenuKeys() {
+    constexpr std::size_t kKeysOfASlot = 3;
+    static const KeyRule keys[] = {
+        {"MaxLastFiles", &MaxLastFiles, 0, MostLastFiles},
+        {"LastFile1", &LastFile[1]},
+        {"LastFileMode1", &LastFileMode[1], INT16_MIN, INT16_MAX},
+        {"LastFileLong1", &LastFileLong[1]},
+        {"LastFile2", &LastFile[2]},
+        {"LastFileMode2", &LastFileMode[2], INT16_MIN, INT16_MAX},
+        {"LastFileLong2", &LastFileLong[2]},
+        {"LastFile3", &LastFile[3]},
+        {"LastFileMode3", &LastFileMode[3], INT16_MIN, INT16_MAX},
+        {"LastFileLong3", &LastFileLong[3]},
+        {"LastFile4", &LastFile[4]},
+        {"LastFileMode4", &LastFileMode[4], INT16_MIN, INT16_MAX},
+        {"LastFileLong4", &LastFileLong[4]},
+    };
+    int16_t entries = MaxLastFiles;
+    ClampToRange(entries, 0, MostLastFiles);
+    return std::span(keys).first(1 + kKeysOfASlot * static_cast<std::size_t>(entries));
 }
 
 std::span<const KeyRule> TextBrowseKeys() {
@@ -86,6 +114,89 @@ std::span<const KeyRule> OptionKeys() {
         {"AskOfficeInstall", &AskOfficeInstall, 0, 1, "1"},
     };
     return keys;
+}
+
+// The number in a text; one too large for any variable counts as infinite, so that it lies outside every
+// range.
+double NumberIn(const std::string& text) {
+    try {
+        return NumericParse(text);
+    } catch (const RunTimeError&) {
+        return HUGE_VAL;
+    }
+}
+
+// Halves to even, as the default rounding has it; beyond 16 bits the low bound, like any other value out of
+// range.
+int16_t ShortIn(const std::string& text, int16_t low, int16_t high) {
+    const double rounded = std::nearbyint(NumberIn(text));
+    if (rounded < INT16_MIN || rounded > INT16_MAX) return low;
+    auto value = static_cast<int16_t>(rounded);
+    return ClampToRange(value, low, high);
+}
+
+float SingleIn(const std::string& text, float low, float high) {
+    auto value = static_cast<float>(NumberIn(text));
+    return ClampToRange(value, low, high);
+}
+
+}  // namespace
+
+const char* SectionName(int selector) {
+    switch (selector) {
+        case section::Settings:
+            return "Settings";
+        case section::FileMenu:
+            return "FileMenu";
+        case section::TextBrowse:
+            return "TextBrowse";
+        case section::Graph:
+            return "Graph";
+        default:
+            return "TARVOKOLOptions";
+    }
+}
+
+std::span<const KeyRule> KeysOf(int selector) {
+    switch (selector) {
+        case section::Settings:
+            return SettingsKeys();
+        case section::FileMenu:
+            return FileMenuKeys();
+        case section::TextBrowse:
+            return TextBrowseKeys();
+        case section::Graph:
+            return GraphKeys();
+        case section::Options:
+            return OptionKeys();
+        default:
+            return {};
+    }
+}
+
+std::string KeyText(const KeyRule& rule) {
+    if (auto* const* number = std::get_if<int16_t*>(&rule.value)) return GeneralText(**number);
+    if (auto* const* single = std::get_if<float*>(&rule.value)) return GeneralText(**single);
+    return *std::get<std::string*>(rule.value);
+}
+
+void SetFromText(const KeyRule& rule, const std::string& text) {
+    if (auto* const* number = std::get_if<int16_t*>(&rule.value))
+        **number = ShortIn(text, static_cast<int16_t>(rule.low), static_cast<int16_t>(rule.high));
+    else if (auto* const* single = std::get_if<float*>(&rule.value))
+        **single = SingleIn(text, static_cast<float>(rule.low), static_cast<float>(rule.high));
+    else
+        *std::get<std::string*>(rule.value) = text;
+}
+
+int16_t ClampToRange(int16_t& value, int16_t low, int16_t high) {
+    if (value < low || value > high) value = low;
+    return value;
+}
+
+float ClampToRange(float& value, float low, float high) {
+    if (!(value >= low && value <= high)) value = low;
+    return value;
 }
 
 }  // namespace tarvokol

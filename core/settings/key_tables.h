@@ -1,4 +1,7 @@
-// The keys of the configuration file, section by section, in the order in which they are written.
+// The one table of the configuration file: section by section every key with the variable that holds it, its
+// range and what is read where it is missing, in the order in which the keys are written. Reading, writing
+// and the listing of the command line go over it; the value that a new file gets is the variable's own
+// built-in value.
 #pragma once
 
 #include <cstdint>
@@ -7,6 +10,18 @@
 #include <variant>
 
 namespace tarvokol {
+
+// Selectors of the sections.
+namespace section {
+constexpr int All = 1;
+constexpr int Settings = 2;
+constexpr int FileMenu = 3;
+constexpr int TextBrowse = 4;
+constexpr int Graph = 5;
+constexpr int Options = 6;
+constexpr int First = Settings;
+constexpr int Last = Options;
+}  // namespace section
 
 // One key and the variable that holds it. A number outside low to high reads as low.
 struct KeyRule {
@@ -18,9 +33,21 @@ struct KeyRule {
     const char* read_name = name;  // name under which it is read, where that differs
 };
 
-std::span<const KeyRule> SettingsKeys();
-std::span<const KeyRule> TextBrowseKeys();
-std::span<const KeyRule> GraphKeys();
-std::span<const KeyRule> OptionKeys();
+// Name of a section, "Settings" to "TARVOKOLOptions".
+const char* SectionName(int selector);
+
+// The keys of a section. Those of the recent files go on up to the present count of entries.
+std::span<const KeyRule> KeysOf(int selector);
+
+// The variable's value as it is written, and the variable set from a text of the file.
+std::string KeyText(const KeyRule& rule);
+void SetFromText(const KeyRule& rule, const std::string& text);
+
+// The recent files that the list holds at most.
+constexpr int16_t MostLastFiles = 4;
+
+// The value after the range rule: one outside low to high becomes `low`, also when it lies above `high`.
+int16_t ClampToRange(int16_t& value, int16_t low, int16_t high);
+float ClampToRange(float& value, float low, float high);
 
 }  // namespace tarvokol
