@@ -1,0 +1,48 @@
+# Takes one help page apart; see reference.sh. An item begins at column 3, its text stands behind two blanks or more, or on
+# the lines below at a deeper column.
+function flush() {
+    if (left != "") item(left, text)
+    left = text = ""
+}
+
+function item(left, text,    spelling, rest, choices, argument, number) {
+    if (section == "Subcommands:") {
+        print "command|" left "|" text
+        return
+    }
+    number = left ~ / \.\.\./ ? "many" : left ~ / REQUIRED/ ? "one" : "optional"
+    gsub(/ \.\.\.| REQUIRED/, "", left)
+    if (match(left, /:\{[^}]*\}/)) {
+        choices = substr(left, RSTART + 2, RLENGTH - 3)
+        gsub(/,/, " ", choices)
+        left = substr(left, 1, RSTART - 1)
+    }
+    sub(/:[A-Z]+$/, "", left)
+    spelling = argument = left
+    sub(/ .*/, "", spelling)
+    sub(/ $/, "", spelling)
+    if (!sub(/^[^ ]* +/, "", argument)) argument = ""
+    sub(/^TEXT$/, "WORD", argument)
+    gsub(/,/, " ", spelling)
+    if (section == "Positionals:")
+        print "positional|" command "|" spelling "|" number "|" choices "|" text
+    else
+        print "option|" command "|" spelling "|" argument "|" choices "|" text
+}
+
+/^[A-Z][A-Za-z]*:$/ { flush(); section = $0; next }
+section == "" { next }
+/^  [^ ]/ {
+    flush()
+    left = substr($0, 3)
+    if (match(left, /  +/)) {
+        text = substr(left, RSTART + RLENGTH)
+        left = substr(left, 1, RSTART - 1)
+    }
+    next
+}
+/^ +[^ ]/ {
+    sub(/^ +/, "")
+    text = text (text == "" ? "" : " ") $0
+}
+END { flush() }
