@@ -1,11 +1,13 @@
-# Sourced by ./run and ./test: the Debian packages that building, running and testing need.
+# Sourced by ./run, ./test and ./package: the Debian packages that building, running, packaging and testing need.
+. packaging/progress.sh
 
 BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-tools-dev qt6-tools-dev-tools
     qt6-documentation-tools qt6-svg-dev libqt6sql6-sqlite libqcustomplot-dev libxlsxwriter-dev zlib1g-dev
     libcli11-dev nlohmann-json3-dev"
 RUN_PACKAGES="fonts-liberation fonts-dejavu-core"
+PACKAGE_PACKAGES="dpkg-dev file git"
 TEST_PACKAGES="libgtest-dev libgmock-dev libbenchmark-dev clang-14 libclang-rt-14-dev libx11-dev xvfb xauth openbox xdotool xclip
-    poppler-utils imagemagick"
+    poppler-utils imagemagick desktop-file-utils appstream lintian mandoc zsh fish debootstrap"
 
 # Prints those of the packages named that are not installed.
 missing_packages() {
@@ -15,14 +17,33 @@ missing_packages() {
     done
 }
 
-# Installs what is missing of the packages named; says so, and uses sudo when not root.
+# The missing packages named, for a user who may not install any.
+ask_administrator() {
+    {
+        echo "These Debian packages are missing, and installing them takes root or sudo:"
+        echo "    $*"
+        echo "Ask an administrator of this machine to run, then start again:"
+        echo "    apt-get update && apt-get install --no-install-recommends $*"
+    } >&2
+}
+
+# Installs what is missing of the packages named; says so, and uses sudo when not root. False where neither is at hand, or
+# where the installation fails.
 install_packages() {
     local missing as_root=""
     missing=$(missing_packages "$@")
+    missing=${missing% }
     [ -n "$missing" ] || return 0
-    [ "$(id -u)" -eq 0 ] || as_root="sudo"
-    echo "Installing Debian packages: $missing"
-    $as_root apt-get update -qq || return 1
+    if [ "$(id -u)" -ne 0 ]; then
+        as_root="sudo"
+        if ! command -v sudo >/dev/null || ! sudo -v; then
+            ask_administrator "$missing"
+            return 1
+        fi
+    fi
+    echo "Debian packages that are missing: $missing"
+    progress "Reading the package lists" $as_root apt-get update -qq || return 1
     # shellcheck disable=SC2086
-    $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
+    progress "Installing the packages" $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq \
+        --no-install-recommends -o APT::Status-Fd=1 $missing
 }
