@@ -13,7 +13,8 @@ target_link_libraries(tarvokol_bindings PUBLIC tarvokol_core Qt6::Widgets Qt6::P
                       PRIVATE QCustomPlotQt6::QCustomPlotQt6 PkgConfig::XLSX)
 
 add_library(tarvokol_gui STATIC)
-set_target_properties(tarvokol_gui PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON)
+# The first form of compiled artwork carries no dates of files.
+set_target_properties(tarvokol_gui PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON AUTORCC_OPTIONS "--format-version;1")
 target_precompile_headers(tarvokol_gui PRIVATE <QtWidgets>)
 target_link_libraries(tarvokol_gui PUBLIC tarvokol_bindings Qt6::Widgets Qt6::PrintSupport Qt6::Svg Qt6::SvgWidgets
                       Qt6::Help)

@@ -4,13 +4,16 @@
 //     html_to_pdf [--running-title TEXT] [--css CSS] --book LIST.txt -o OUT.pdf
 //
 // A line of LIST.txt is "title FILE" (the title page), "part HEADING" or "topic FILE"; files are named from
-// the list's folder. A book gets a table of contents after its title page.
+// the list's folder. A book gets a table of contents after its title page, each line of it a link. Both get
+// bookmarks, and the date that SOURCE_DATE_EPOCH tells; without it no date.
 #include <QCommandLineParser>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QRegularExpression>
+#include <QTimeZone>
 
 #include "page_setter.h"
 
@@ -18,6 +21,8 @@ namespace tarvokol {
 namespace {
 
 constexpr int most_contents_passes = 4;
+constexpr const char* contents_heading = "Contents";
+constexpr const char* author = "The TARVO-KOL authors";
 
 QString TextOf(const QString& path) {
     QFile file(path);
@@ -102,7 +107,8 @@ QString ContentsTable(const Book& book, const QList<int>& pages) {
             entry.level == 1 ? "<b>" + entry.heading + "</b>" : "&nbsp;&nbsp;&nbsp;&nbsp;" + entry.heading;
         rows += "<tr><td>" + heading + "</td><td align=\"right\">" + number + "</td></tr>";
     }
-    return "<p class=\"contents\" style=\"page-break-before: always\">Contents</p>"
+    return "<p class=\"contents\" style=\"page-break-before: always\">" + QString(contents_heading) +
+           "</p>"
            "<table width=\"100%\" border=\"0\" cellspacing=\"0\" cellpadding=\"1\">" +
            rows + "</table>";
 }
@@ -113,12 +119,32 @@ void LayBook(PageSetter& setter, const Book& book) {
     for (int pass = 0; pass < most_contents_passes; ++pass) {
         const QString html = book.title_page + ContentsTable(book, pages) + book.text;
         setter.Lay(WithImageWidths(html, book.folders));
-        const QList<int> found = setter.HeadingPages(1, 2);
+        QList<int> found;
+        for (const PdfBookmark& heading : setter.Headings(1, 2)) found.append(heading.place.page);
         if (found.size() != book.entries.size()) qFatal("the book's headings differ from its contents");
         if (found == pages) return;
         pages = found;
     }
     qFatal("the page numbers of the contents do not settle");
+}
+
+QString SourceDate() {
+    const qint64 seconds = qEnvironmentVariable("SOURCE_DATE_EPOCH").toLongLong();
+    return seconds > 0 ? QDateTime::fromSecsSinceEpoch(seconds, QTimeZone::utc()).toString("yyyyMMddHHmmss")
+                       : QString();
+}
+
+// Each line of the contents leads to its heading.
+QList<PdfLink> ContentsLinks(const PageSetter& setter) {
+    QList<PdfLink> links = setter.TableRows(contents_heading);
+    const QList<PdfBookmark> headings = setter.Headings(1, 2);
+    if (links.size() != headings.size()) qFatal("the contents have %d lines", static_cast<int>(links.size()));
+    for (qsizetype i = 0; i < links.size(); ++i) links[i].target = headings[i].place;
+    return links;
+}
+
+int Finish(const QString& pdf, const QList<PdfBookmark>& bookmarks, const QList<PdfLink>& links) {
+    return AddToPdf(pdf, {author, SourceDate(), bookmarks, links}) ? 0 : 1;
 }
 
 int Run(const QCommandLineParser& options) {
@@ -132,7 +158,7 @@ int Run(const QCommandLineParser& options) {
         LayBook(setter, book);
         text.title = book.title;
         text.title_page = true;
-        return setter.Write(text) ? 0 : 1;
+        return setter.Write(text) ? Finish(output, setter.Headings(1, 3), ContentsLinks(setter)) : 1;
     }
     const QString source = options.positionalArguments().value(0);
     const QString html = TextOf(source);
@@ -140,7 +166,7 @@ int Run(const QCommandLineParser& options) {
     PageSetter setter(output, folders, style);
     setter.Lay(WithImageWidths(WithoutLinks(BodyOf(html)), folders));
     text.title = TitleOf(html);
-    return setter.Write(text) ? 0 : 1;
+    return setter.Write(text) ? Finish(output, setter.Headings(1, 3), {}) : 1;
 }
 
 }  // namespace

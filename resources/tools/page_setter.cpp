@@ -23,6 +23,7 @@ constexpr double inches_per_millimetre = 1.0 / 25.4;
 constexpr double page_width = 210, page_height = 297;                  // millimetres
 constexpr double side_margin = 24, top_margin = 26, foot_margin = 24;  // millimetres
 constexpr double screen_dots_per_inch = 96;
+constexpr double points_per_inch = 72;
 constexpr double screenshot_scale = 0.66;
 constexpr double tallest_screenshot = 300;  // screen dots; a taller one leaves its text no room
 constexpr int short_paragraph = 4;          // lines; not to be split over two pages
@@ -31,6 +32,10 @@ constexpr int most_mended_breaks = 400;
 
 double Dots(double millimetres) {
     return millimetres * inches_per_millimetre * dots_per_inch;
+}
+
+double Points(double dots) {
+    return dots / dots_per_inch * points_per_inch;
 }
 
 double TextWidth() {
@@ -231,13 +236,37 @@ void PageSetter::BreakBefore(const Element& element) {
     QTextCursor(element.block).mergeBlockFormat(format);
 }
 
-QList<int> PageSetter::HeadingPages(int lowest_level, int highest_level) const {
-    QList<int> pages;
+PdfPlace PageSetter::PlaceOf(double y) const {
+    const int page = PageOf(y);
+    return {page + 1, Points(y - page * TextHeight() + Dots(top_margin))};
+}
+
+QList<PdfBookmark> PageSetter::Headings(int lowest_level, int highest_level) const {
+    QList<PdfBookmark> headings;
     for (QTextBlock block = document_.begin(); block.isValid(); block = block.next()) {
         const int level = block.blockFormat().headingLevel();
-        if (level >= lowest_level && level <= highest_level) pages.append(PageOf(Top({block, nullptr})) + 1);
+        if (level >= lowest_level && level <= highest_level)
+            headings.append({level, block.text(), PlaceOf(Top({block, nullptr}))});
     }
-    return pages;
+    return headings;
+}
+
+QList<PdfLink> PageSetter::TableRows(const QString& paragraph_before) const {
+    QList<PdfLink> rows;
+    const QList<Element> elements = Elements();
+    for (qsizetype i = 1; i < elements.size(); ++i) {
+        const QTextTable* table = elements[i].table;
+        if (!table || elements[i - 1].table || elements[i - 1].block.text() != paragraph_before) continue;
+        for (int row = 0; row < table->rows(); ++row) {
+            const QTextBlock first = table->cellAt(row, 0).firstCursorPosition().block();
+            const QRectF line = document_.documentLayout()->blockBoundingRect(first);
+            const PdfPlace place = PlaceOf(line.top());
+            const QRectF area(Points(Dots(side_margin)), place.top, Points(TextWidth()),
+                              Points(line.height()));
+            rows.append({place.page, area, {}});
+        }
+    }
+    return rows;
 }
 
 bool PageSetter::Write(const PageText& text) {

@@ -9,6 +9,8 @@
 #include <QTextDocument>
 #include <QTextTable>
 
+#include "pdf_outline.h"
+
 namespace tarvokol {
 
 // A document whose images are read from beside its source; drawings are rendered at print resolution.
@@ -41,8 +43,11 @@ class PageSetter {
     // tables whole.
     void Lay(const QString& body);
 
-    // The page, from 1, of every heading of the levels asked for, in order.
-    QList<int> HeadingPages(int lowest_level, int highest_level) const;
+    // Every heading of the levels asked for, in order, and where it stands.
+    QList<PdfBookmark> Headings(int lowest_level, int highest_level) const;
+
+    // The page and the area of every row of the table behind the paragraph of that text.
+    QList<PdfLink> TableRows(const QString& paragraph_before) const;
 
     int PageCount() const { return document_.pageCount(); }
 
@@ -59,6 +64,7 @@ class PageSetter {
     double Top(const Element& element) const;
     double Bottom(const Element& element) const;
     int PageOf(double y) const;
+    PdfPlace PlaceOf(double y) const;
     static bool StartsListing(const QList<Element>& elements, int index);
     static int LastOfListing(const QList<Element>& elements, int index);
     bool FitsWorse(const QList<Element>& elements, int index) const;

@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# reproducible.sh PACKAGE: builds the package again, from a copy of the sources at another place and with nothing reused, and
+# compares: true if every byte is equal. PACKAGE is the one that ./package has made of the same sources.
+set -euo pipefail
+package=$(realpath "$1")
+cd "$(dirname "$0")/.."
+copy=$(mktemp -d "${TMPDIR:-/tmp}/tarvokol-sources.XXXXXX")
+trap 'rm -rf "$copy"' EXIT
+SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
+export SOURCE_DATE_EPOCH CCACHE_DISABLE=1 TZ=Pacific/Auckland LC_ALL=C.UTF-8
+git ls-files -z | tar -c --null -T - | tar -x -C "$copy"
+umask 027
+second=$("$copy/package")
+if cmp "$package" "$second"; then
+    echo "The packages are equal: $(sha256sum < "$package" | cut -d ' ' -f 1)"
+    exit 0
+fi
+# What differs, by file.
+for made in "$package" "$second"; do
+    folder=$(mktemp -d -p "$copy")
+    dpkg-deb -R "$made" "$folder"
+    (cd "$folder" && find . -type f -exec sha256sum {} + | sort -k 2) > "$folder.sums"
+    sums+=("$folder.sums")
+done
+diff "${sums[@]}" >&2
+exit 1
