@@ -173,6 +173,8 @@ int Run(const QCommandLineParser& options) {
 }  // namespace tarvokol
 
 int main(int argc, char** argv) {
+    // The writer's own date, blanked later, is of a length that depends on the time zone.
+    qputenv("TZ", "UTC");
     QGuiApplication application(argc, argv);
     QCommandLineParser options;
     options.addHelpOption();
