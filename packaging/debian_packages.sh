@@ -7,7 +7,7 @@ BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-tools-d
 RUN_PACKAGES="fonts-liberation fonts-dejavu-core"
 PACKAGE_PACKAGES="dpkg-dev file git"
 TEST_PACKAGES="libgtest-dev libgmock-dev libbenchmark-dev clang-14 libclang-rt-14-dev libx11-dev xvfb xauth openbox xdotool xclip
-    poppler-utils imagemagick desktop-file-utils appstream lintian mandoc zsh fish debootstrap"
+    poppler-utils imagemagick shared-mime-info desktop-file-utils appstream lintian mandoc zsh fish debootstrap"
 
 # Prints those of the packages named that are not installed.
 missing_packages() {

@@ -8,7 +8,7 @@ progress() {
     shift
     log=$(mktemp)
     echo "$label ..."
-    exec {source}< <(exec "$@" 2>&1)
+    exec {source}< <("$@" 2>&1)
     local command=$!
     while IFS= read -r -u "$source" line; do
         printf '%s\n' "$line" >> "$log"

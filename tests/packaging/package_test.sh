@@ -1,0 +1,150 @@
+#!/usr/bin/env bash
+# package_test.sh BUILD: makes the Debian package of the build and holds it against those who will read it: the desktop, the
+# software centre, the shells, man and Debian's own checker.
+set -uo pipefail
+build=$1
+source=$(cd "$(dirname "$0")/../.." && pwd)
+. "$source/tests/packaging/checks.sh"
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+
+(cd "$build" && cpack -B "$scratch") > "$scratch/log" 2>&1 || { cat "$scratch/log"; exit 1; }
+package=$(echo "$scratch"/tarvokol_*.deb)
+root=$scratch/root
+dpkg-deb -x "$package" "$root"
+usr=$root/usr share=$root/usr/share
+doc=$share/doc/tarvokol
+
+test_is_accepted_by_lintian() {
+    clean lintian lintian --no-cfg --allow-root --no-override --fail-on error,warning --tag-display-limit 0 "$package"
+}
+
+test_holds_every_file() {
+    local file
+    for file in bin/tarvokol bin/tarvokol-cli share/applications/tarvokol.desktop \
+        share/metainfo/example.oltek.tarvokol.metainfo.xml share/mime/packages/tarvokol.xml \
+        share/man/man1/tarvokol.1.gz share/man/man1/tarvokol-cli.1.gz share/man/man5/tarvokol-project.5.gz \
+        share/bash-completion/completions/tarvokol-cli share/zsh/vendor-completions/_tarvokol-cli \
+        share/fish/vendor_completions.d/tarvokol-cli.fish share/tarvokol/TARVOKOL.qch \
+        share/doc/tarvokol/{copyright,changelog.gz,TARVOKOL.PDF,PillarStrength.pdf,AbutmentLoad.pdf} \
+        share/doc/tarvokol/{SizingEquations.pdf,UnitsConversions.pdf,WorkedDesign.pdf} \
+        share/doc/tarvokol/examples/Contour_Bench_Shallow.TKL share/tarvokol/Contour_Bench_Shallow.TKL; do
+        [ -s "$usr/$file" ] || fail "not in the package, empty or a broken link: $file"
+    done
+    same "examples" "$(ls "$source/examples")" "$(ls "$doc/examples")"
+}
+
+test_has_icons_of_all_sizes() {
+    local size kind
+    for kind in apps/tarvokol mimetypes/application-x-tarvokol; do
+        [ -s "$share/icons/hicolor/scalable/$kind.svg" ] || fail "no drawing of $kind"
+        for size in 16 22 24 32 48 64 128 256; do
+            same "$kind" "PNG ${size}x$size" \
+                "$(identify -format '%m %wx%h' "$share/icons/hicolor/${size}x$size/$kind.png" 2>&1)"
+        done
+    done
+}
+
+test_desktop_entry_is_valid() {
+    clean "desktop entry" desktop-file-validate "$share/applications/tarvokol.desktop"
+}
+
+test_metainfo_is_valid_and_tells_the_releases() {
+    local metainfo=$share/metainfo/example.oltek.tarvokol.metainfo.xml
+    appstreamcli validate --no-net "$metainfo" > "$scratch/appstream" || { fail metainfo; cat "$scratch/appstream"; }
+    same "releases of metainfo and changelog" \
+        "$(sed -n 's/^## \[\([0-9.]*\)\] - \(.*\)/\1 \2/p' "$source/CHANGELOG.md")" \
+        "$(sed -n 's/.*<release version="\([^"]*\)" date="\([^"]*\)".*/\1 \2/p' "$metainfo")"
+    [ "$(grep -c '<screenshot' "$metainfo")" -ge 3 ] || fail "screenshots of the metainfo"
+}
+
+test_projects_are_known_by_name_and_content() {
+    cp -r "$share/mime" "$scratch/mime"
+    clean "type of projects" env XDG_DATA_DIRS="$scratch" update-mime-database "$scratch/mime"
+    holds "globs" "$(cat "$scratch/mime/globs2")" "50:application/x-tarvokol:*.tkl"
+    holds "icons of types" "$(cat "$scratch/mime/icons")" "application/x-tarvokol:application-x-tarvokol"
+}
+
+test_man_pages_are_clean() {
+    local page
+    for page in "$share"/man/man?/*.gz; do
+        gzip -dc "$page" > "$scratch/page"
+        clean "$(basename "$page")" mandoc -T lint -W all "$scratch/page"
+    done
+}
+
+# The man page and the completions are made of the help; here the other way round, from what the help shows.
+test_command_line_is_told_in_full() {
+    local cli=$usr/bin/tarvokol-cli page command option
+    page=$(mandoc -T ascii "$share/man/man1/tarvokol-cli.1.gz" | sed 's/.\x08//g')
+    for command in $("$cli" --help | sed -n '/^Subcommands:/,$ s/^  \([a-z]*\) .*/\1/p'); do
+        for shell in "$page" "$(cat "$share"/bash-completion/completions/tarvokol-cli)" \
+            "$(cat "$share"/zsh/vendor-completions/_tarvokol-cli)"; do
+            holds "command $command" "$shell" "$command"
+            for option in $("$cli" "$command" --help | grep -o -- '--[a-z][a-z-]*' | sort -u); do
+                holds "option of $command" "$shell" "$option"
+            done
+        done
+        for option in $("$cli" "$command" --help | grep -o -- '^  \(-., *\)\?--[a-z][a-z-]*' | grep -o -- '[a-z-]*$'); do
+            grep -q -- "from $command'.* -l ${option#--}\b" "$share/fish/vendor_completions.d/tarvokol-cli.fish" ||
+                fail "fish knows no $option of $command"
+        done
+    done
+}
+
+# completed WORD...: what bash offers for the last word.
+completed() {
+    bash -c '. "$1"; shift; COMP_WORDS=(tarvokol-cli "$@"); COMP_CWORD=$#; _tarvokol_cli; echo "${COMPREPLY[@]}"' \
+        bash "$share/bash-completion/completions/tarvokol-cli" "$@"
+}
+
+test_shells_complete() {
+    same "kinds of curves" "sf-height sf-depth sf-hole" "$(completed curve sf-)"
+    same "choices of an option" "strength" "$(completed plan --mode str)"
+    same "commands" "convert" "$(completed con)"
+    same "options" "--mode" "$(completed plan --mo)"
+    same "files" "$source/examples/Thick_Seam_Pit.TKL" "$(completed results "$source/examples/Th")"
+    clean "completion of zsh" zsh -n "$share/zsh/vendor-completions/_tarvokol-cli"
+    clean "completion of fish" fish -n "$share/fish/vendor_completions.d/tarvokol-cli.fish"
+    same "fish" "--mode" "$(fish -c "source $share/fish/vendor_completions.d/tarvokol-cli.fish
+        complete -C 'tarvokol-cli plan --mo'" | cut -f 1)"
+}
+
+test_dependencies_are_told() {
+    local depends
+    depends=$(dpkg-deb -f "$package" Depends)
+    holds Depends "$depends" libqt6sql6-sqlite fonts-liberation libqt6svg6 libqt6help6 "libc6 (>= "
+    [[ $depends != *wayland* ]] || fail "Wayland is no must"
+    holds Recommends "$(dpkg-deb -f "$package" Recommends)" qt6-wayland xdg-utils pdf-viewer
+}
+
+test_programs_are_hardened() {
+    local program
+    for program in "$usr"/bin/*; do
+        holds "place in memory of $program" "$(readelf -h "$program")" "DYN (Position-Independent Executable file)"
+        holds "segments of $program" "$(readelf -lW "$program")" GNU_RELRO
+        holds "guards of $program" "$(readelf --dyn-syms -W "$program")" __stack_chk_fail _chk@
+        [[ $(readelf -lW "$program" | grep GNU_STACK) != *RWE* ]] || fail "$program runs code on its stack"
+    done
+}
+
+test_manual_has_title_bookmarks_and_links() {
+    local manual=$doc/TARVOKOL.PDF outline
+    holds "manual" "$(pdfinfo "$manual")" "TARVO-KOL Manual" "The TARVO-KOL authors"
+    outline=$(pdftohtml -xml -i -stdout "$manual")
+    holds "bookmarks of the manual" "$outline" '>Design</item>' '>The project file</item>' '>2. Describe</item>'
+    [ "$(grep -c '<text [^>]*><a href="TARVOKOL.html#[0-9]*">' <<< "$outline")" -ge 60 ] || fail "links of the contents"
+    holds "bookmarks of a note" "$(pdftohtml -xml -i -stdout "$doc/UnitsConversions.pdf")" '>2. Conversion factors</item>'
+}
+
+test_changelog_tells_the_release() {
+    holds changelog "$(gzip -dc "$doc/changelog.gz")" "tarvokol (1.3.02) stable" "Tue, 20 Aug 2013"
+    same "version of the package" "$(gzip -dc "$doc/changelog.gz" | sed -n '1s/.*(\(.*\)).*/\1/p')" \
+        "$(dpkg-deb -f "$package" Version)"
+}
+
+for name in $(declare -F | sed -n 's/^declare -f \(test_.*\)/\1/p'); do
+    echo "$name"
+    $name
+done
+finish
