@@ -68,8 +68,8 @@ test_projects_are_known_by_name_and_content() {
 test_man_pages_are_clean() {
     local page
     for page in "$share"/man/man?/*.gz; do
-        gzip -dc "$page" > "$scratch/page"
-        clean "$(basename "$page")" mandoc -T lint -W all "$scratch/page"
+        gzip -dc "$page" > "$scratch/$(basename "$page" .gz)"
+        clean "$(basename "$page")" mandoc -T lint -W all "$scratch/$(basename "$page" .gz)"
     done
 }
 
