@@ -1,31 +1,29 @@
-// One panel through the engine: inputs as a line of numbers, figures by their names. The reference rows and
-// the validation programs share it.
+// One panel through the engine: inputs and figures as plain rows of numbers with their names. The reference
+// rows and the validation share it.
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
 namespace tarvokol {
 
-struct NamedFigure {
-    std::string name;
-    double value = 0;
-};
+constexpr std::size_t PanelInputCount = 15;
+using PanelRow = std::array<double, PanelInputCount>;
 
-// The inputs of a panel in the order of its line, in the project's units: "UnitSystem", "Height", ...
-// "PlotRangeMax".
-const std::vector<std::string>& PanelInputNames();
+// Names of a row's inputs, in their order: "UnitSystem", "Height", ... "PlotRangeMax".
+extern const std::array<const char*, PanelInputCount> PanelInputNames;
 
-// Enters a line of these numbers, blanks between them, as the project. The crosscut angle is 90. A line with
-// fewer raises "Type mismatch".
-void EnterPanel(const char* line);
+// Enters a row, in the project's units, as the project. The crosscut angle is 90.
+void EnterPanel(const PanelRow& panel);
 
 // Figures of the entered panel. Empty if the input check refuses it; the engine's run-time errors are raised.
-std::vector<NamedFigure> StabilityFactors();
-std::vector<NamedFigure> AnalysisFigures();
+std::vector<double> StabilityFactors();
+std::vector<double> AnalysisFigures();
+std::vector<std::string> AnalysisFigureNames();
 
-// What the Size button finds for the project's own values, inches, -1 on failure.
-std::vector<NamedFigure> SizingFigures();
+// What the Size button finds for the project's own values: web and barrier, inches, -1 on failure.
+std::vector<double> SizingFigures();
 
 // All points of a curve ("sf-height", "sf-depth", "sf-hole", "web", "barrier"), row by row: x, then each
 // curve's value.

@@ -1,12 +1,11 @@
-// The engine behind a pipe: reads panels as lines of numbers, writes their figures as lines of numbers, each
-// in the shortest form that reads back to the same bits. The validation asks it for a million panels at a
-// time.
+// The engine behind a pipe: reads panels as rows of doubles, writes their figures as doubles, all in the
+// machine's own form. The validation asks it for a million panels at a time.
 //
 //   panel_figures factors|analysis|sizes|sf-height|sf-depth|sf-hole|web|barrier <panels >figures
 //
-// tests/support/panel_calculation tells what a panel's line holds. A panel that the input check refuses gives
-// "refused", one that ends in a run-time error "error" and its number.
-#include <charconv>
+// tests/support/panel_calculation tells what a row holds. Each panel is answered by the number of its figures
+// and the figures; the number is 0 if the input check refuses it, and minus the error's number after a
+// run-time error.
 #include <iostream>
 #include <string>
 #include <vector>
@@ -21,38 +20,28 @@ namespace {
 
 using Request = std::vector<double> (*)(const std::string& name);
 
-std::vector<double> Values(const std::vector<NamedFigure>& figures) {
-    std::vector<double> values;
-    for (const NamedFigure& figure : figures) values.push_back(figure.value);
-    return values;
-}
-
 Request RequestOf(const std::string& name) {
-    if (name == "factors") return [](const std::string&) { return Values(StabilityFactors()); };
-    if (name == "analysis") return [](const std::string&) { return Values(AnalysisFigures()); };
-    if (name == "sizes") return [](const std::string&) { return Values(SizingFigures()); };
+    if (name == "factors") return [](const std::string&) { return StabilityFactors(); };
+    if (name == "analysis") return [](const std::string&) { return AnalysisFigures(); };
+    if (name == "sizes") return [](const std::string&) { return SizingFigures(); };
     for (const char* curve : {"sf-height", "sf-depth", "sf-hole", "web", "barrier"})
         if (name == curve) return CurveFigures;
     return nullptr;
 }
 
-std::string LineOf(const std::vector<double>& figures) {
-    if (figures.empty()) return "refused";
-    std::string line;
-    for (const double figure : figures) {
-        char digits[32];
-        if (!line.empty()) line += ' ';
-        line.append(digits, std::to_chars(digits, digits + sizeof digits, figure).ptr);
-    }
-    return line;
+void Write(const std::vector<double>& values) {
+    std::cout.write(reinterpret_cast<const char*>(values.data()),
+                    static_cast<std::streamsize>(values.size() * sizeof(double)));
 }
 
-std::string Answer(const std::string& panel, Request request, const std::string& name) {
+void Answer(const PanelRow& panel, Request request, const std::string& name) {
     try {
-        EnterPanel(panel.c_str());
-        return LineOf(request(name));
+        EnterPanel(panel);
+        const std::vector<double> figures = request(name);
+        Write({static_cast<double>(figures.size())});
+        Write(figures);
     } catch (const RunTimeError& error) {
-        return "error " + std::to_string(error.number);
+        Write({static_cast<double>(-error.number)});
     }
 }
 
@@ -66,8 +55,8 @@ int Run(const std::string& name) {
     host.Install();
     DisplayHistoryWin = 0;
     std::ios::sync_with_stdio(false);
-    for (std::string panel; std::getline(std::cin, panel);) {
-        std::cout << Answer(panel, request, name) << '\n';
+    for (PanelRow panel; std::cin.read(reinterpret_cast<char*>(panel.data()), sizeof panel);) {
+        Answer(panel, request, name);
         host.Messages.Shown.clear();
     }
     return std::cout.flush() ? 0 : 3;

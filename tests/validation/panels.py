@@ -32,7 +32,7 @@ class Panel(NamedTuple):
     range_max: float = 100.0
 
     def line(self):
-        """The panel as panel_figures reads it."""
+        """All figures, with blanks between them."""
         return " ".join(map(repr, self))
 
 
@@ -52,6 +52,11 @@ RANGES = {
 }
 
 
+_POWERS = [2.0**power for power in range(16)]
+_OCTAVES = {name: (low, next((power for power, factor in enumerate(_POWERS) if low * factor >= high), 0))
+            for name, (low, high) in RANGES.items()}
+
+
 class RandomPanels:
     """Random panels from a seed. Only the generator's uniform numbers and exact arithmetic are used, no
     logarithm or power of the machine's library, so that the panels are the same everywhere."""
@@ -65,12 +70,10 @@ class RandomPanels:
     def choice(self, count):
         return int(self._random() * count)
 
-    def by_octaves(self, low, high):
-        """Evenly spread over the powers of two between `low` and `high`, which differ by a power of two."""
-        octaves = 0
-        while low * 2.0**octaves < high:
-            octaves += 1
-        return low * 2.0 ** self.choice(octaves) * (1.0 + self._random())
+    def by_octaves(self, name):
+        """Evenly spread over the powers of two in the range of an input, whose ends are a power of two apart."""
+        low, octaves = _OCTAVES[name]
+        return low * _POWERS[self.choice(octaves)] * (1.0 + self._random())
 
     def next(self, units=None):
         """Half of all panels hold figures as typed, with up to three decimals, half hold all digits of a double; every
@@ -81,7 +84,7 @@ class RandomPanels:
         decimals = self.choice(4) if self._random() < 0.5 else None
 
         def value(name, scale):
-            drawn = self.by_octaves(*RANGES[name]) / scale
+            drawn = self.by_octaves(name) / scale
             if decimals is None:
                 return drawn
             rounded = round(drawn, decimals)

@@ -4,10 +4,12 @@ rounding for each operation, left to right. What comes out here is what the prog
 Written from the reference notes "Pillar strength and load model", "Abutment load and its two cases" and "Sizing
 equations and their iteration"; the order of operations is that of tests/reference/README.md."""
 
+import math
 import struct
 from decimal import ROUND_HALF_UP, Decimal
+from functools import lru_cache
 
-from mpmath.libmp import from_float, mpf_tan, to_float
+from mpmath.libmp import from_float, mpf_sub, mpf_tan, to_float
 
 from panels import (ENGLISH, FEET_PER_METRE, METRIC, PCF_PER_KILONEWTON, PSI_PER_MEGAPASCAL, RADIANS_PER_DEGREE)
 
@@ -20,9 +22,17 @@ def single(value):
     return _SINGLE.unpack(_SINGLE.pack(value))[0]
 
 
+@lru_cache(maxsize=4096)
 def tangent(radians):
     """The correctly rounded tangent of a double: worked out to 160 bits, then rounded once."""
     return to_float(mpf_tan(from_float(radians), 160, "n"), rnd="n")
+
+
+def tangent_is_clear(radians):
+    """Whether the true tangent lies well inside the half unit around its double, so that any good library finds that."""
+    true = mpf_tan(from_float(radians), 160, "n")
+    nearest = to_float(true, rnd="n")
+    return abs(to_float(mpf_sub(true, from_float(nearest)))) < 0.35 * math.ulp(nearest)
 
 
 def through_text(value):
