@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# reproducible.sh PACKAGE: builds the package again, from a copy of the sources at another place and with nothing reused, and
-# compares: true if every byte is equal. PACKAGE is the one that ./package has made of the same sources.
+# Builds the package that ./package has made of these sources again, from a copy at another place, with nothing reused, in
+# another time zone and under another umask. True if every byte is equal; else the files that differ are named.
 set -euo pipefail
-package=$(realpath "$1")
 cd "$(dirname "$0")/.."
+package=$(echo "$PWD"/build/package/tarvokol_*.deb)
 copy=$(mktemp -d "${TMPDIR:-/tmp}/tarvokol-sources.XXXXXX")
 trap 'rm -rf "$copy"' EXIT
 SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
