@@ -201,11 +201,11 @@ def sizing_examples(program):
     _, web_steps = steps.solve(steps.web_balance, steps.button_blocks(SIZED)[0], 1200.0)
     _, barrier_steps = steps.solve(steps.barrier_balance, steps.button_blocks(SIZED)[1], 1200.0)
     return [
-        SizingExample("Web, target 1.6", newton_by_hand(
+        SizingExample("Newton's method for a web, target 1.6", newton_by_hand(
             lambda b: (length + e) * (b + e) - carried * (exact.C054 * b / h + exact.C064) * b * length,
             lambda b: (length + e) - carried * (exact.C108 * b / h + exact.C064) * length, depth, web_steps),
             exact.web_root(h, e, strength, stress, web_target), web),
-        SizingExample("Barrier, target 2.0", newton_by_hand(
+        SizingExample("Newton's method for a barrier, target 2.0", newton_by_hand(
             lambda b: barrier_target * (stress * b + hung) - strength * (exact.C054 * b / h + exact.C064) * b,
             lambda b: barrier_target * stress - strength * (exact.C108 * b / h + exact.C064), depth, barrier_steps),
             exact.barrier_root(h, strength, stress, None, depth, span, tan, barrier_target, True), barrier),

@@ -1,50 +1,15 @@
-"""A page as a list of blocks, written as Markdown and as a help topic. In texts `**` marks bold and a grave accent code."""
+"""A page of Markdown, as simple as the report needs it: headings, paragraphs, lists, tables, indented code; bold and code
+inside texts. And the same page as a help topic."""
 
 import html
 import re
 
 
-def heading(level, text):
-    return ("heading", level, text)
-
-
-def paragraph(*texts):
-    return ("paragraph", " ".join(texts))
-
-
-def items(*texts):
-    return ("items", texts)
-
-
-def code(*lines):
-    return ("code", lines)
-
-
 def table(columns, rows):
-    """Columns by their names; a name that begins with "#" stands for figures and is set to the right."""
-    return ("table", columns, rows)
-
-
-def _markdown_table(columns, rows):
+    """A table; a column whose name begins with "#" holds figures and is set to the right."""
     names = [column.lstrip("#") for column in columns]
     marks = ["---:" if column.startswith("#") else "---" for column in columns]
     return "\n".join("| " + " | ".join(row) + " |" for row in (names, marks, *rows))
-
-
-def markdown(blocks):
-    parts = []
-    for kind, *rest in blocks:
-        if kind == "heading":
-            parts.append("#" * rest[0] + " " + rest[1])
-        elif kind == "paragraph":
-            parts.append(rest[0])
-        elif kind == "items":
-            parts.append("\n".join(f"- {text}" for text in rest[0]))
-        elif kind == "code":
-            parts.append("\n".join(f"    {line}" for line in rest[0]))
-        else:
-            parts.append(_markdown_table(*rest))
-    return "\n\n".join(parts) + "\n"
 
 
 def _inline(text):
@@ -53,15 +18,36 @@ def _inline(text):
     return re.sub(r"`(.+?)`", r"<code>\1</code>", escaped)
 
 
-def _topic_table(columns, rows):
-    align = ["right" if column.startswith("#") else "left" for column in columns]
-    head = "".join(f'<th align="{side}">{_inline(column.lstrip("#"))}</th>' for side, column in zip(align, columns))
-    lines = ['<table border="1" cellspacing="0" cellpadding="4">', f"<thead><tr>{head}</tr></thead>"]
+def _topic_table(lines):
+    names, marks, *rows = [[cell.strip() for cell in line.strip("|").split("|")] for line in lines]
+    sides = ["right" if mark.endswith(":") else "left" for mark in marks]
+    head = "".join(f'<th align="{side}">{_inline(name)}</th>' for side, name in zip(sides, names))
+    made = ['<table border="1" cellspacing="0" cellpadding="4">', f"<thead><tr>{head}</tr></thead>"]
     for row in rows:
         cells = (f'<td align="right">{_inline(cell)}</td>' if side == "right" else f"<td>{_inline(cell)}</td>"
-                 for side, cell in zip(align, row))
-        lines.append("<tr>" + "".join(cells) + "</tr>")
-    return "\n".join([*lines, "</table>"])
+                 for side, cell in zip(sides, row))
+        made.append("<tr>" + "".join(cells) + "</tr>")
+    return "\n".join([*made, "</table>"])
+
+
+def _topic_list(block):
+    points = re.split(r"^- ", block, flags=re.MULTILINE)[1:]
+    return "\n".join(["<ul>", *(f"<li>{_inline(' '.join(point.split()))}</li>" for point in points), "</ul>"])
+
+
+def _topic_block(block):
+    heading = re.match(r"(#+) (.*)", block)
+    if heading:
+        level = len(heading[1])
+        return f"<h{level}>{_inline(heading[2])}</h{level}>"
+    if block.startswith("|"):
+        return _topic_table(block.split("\n"))
+    if block.startswith("- "):
+        return _topic_list(block)
+    if block.startswith("    "):
+        lines = (html.escape(line[4:], quote=False) for line in block.split("\n"))
+        return "<pre>" + "\n".join(lines) + "</pre>"
+    return f"<p>{_inline(block)}</p>"
 
 
 TOPIC = """<?xml version="1.0" encoding="UTF-8"?>
@@ -80,19 +66,9 @@ TOPIC = """<?xml version="1.0" encoding="UTF-8"?>
 """
 
 
-def topic(blocks, see_also):
-    """A help topic; the first block is its title. `see_also`: file and title of other topics."""
-    parts = []
-    for kind, *rest in blocks:
-        if kind == "heading":
-            parts.append(f"<h{rest[0]}>{_inline(rest[1])}</h{rest[0]}>")
-        elif kind == "paragraph":
-            parts.append(f"<p>{_inline(rest[0])}</p>")
-        elif kind == "items":
-            parts.append("<ul>\n" + "\n".join(f"<li>{_inline(text)}</li>" for text in rest[0]) + "\n</ul>")
-        elif kind == "code":
-            parts.append("<pre>" + "\n".join(html.escape(line, quote=False) for line in rest[0]) + "</pre>")
-        else:
-            parts.append(_topic_table(*rest))
+def topic(markdown, see_also):
+    """The page as a help topic; its first line is the title. `see_also`: file and title of other topics."""
+    blocks = re.split(r"\n\n+", markdown.rstrip("\n"))
     links = ", ".join(f'<a href="{file}">{html.escape(name)}</a>' for file, name in see_also)
-    return TOPIC.format(title=html.escape(blocks[0][2]), body="\n".join(parts), see_also=links)
+    return TOPIC.format(title=html.escape(blocks[0].lstrip("# ")), body="\n".join(map(_topic_block, blocks)),
+                        see_also=links)
