@@ -67,24 +67,19 @@ class HeadlessMainWindow : public MainWindowServices {
     void SetHistoryText(const std::string& text) override { History = text; }
     void AppendHistory(const std::string& text) override { History += text; }
     void ScrollHistoryToEnd() override { ++HistoryScrolls; }
-    void CreateRecentEntry(int index) override { RecentEntries[index]; }
-    void SetRecentCaption(int index, const std::string& caption) override { RecentEntries[index].caption = caption; }
-    std::string RecentCaption(int index) override { return RecentEntries[index].caption; }
-    void ShowRecentEntry(int index) override { RecentEntries[index].visible = true; }
+    void SetRecentCaption(int index, const std::string& caption) override { RecentCaptions[index] = caption; }
+    std::string RecentCaption(int index) override { return RecentCaptions[index]; }
+    void ShowRecentSeparator() override { RecentSeparatorShown = true; }
     void OpenProjectParameters() override { ++ParametersOpened; }
     void ApplySettings() override { ++SettingsApplied; }
     void ApplyHistoryFont() override { ++HistoryFontsApplied; }
-
-    struct RecentEntry {
-        std::string caption;
-        bool visible = false;
-    };
 
     std::string Caption = "TARVO-KOL";
     MousePointer Pointer = MousePointer::Default;
     std::string History;
     int HistoryScrolls = 0;
-    std::map<int, RecentEntry> RecentEntries;
+    std::map<int, std::string> RecentCaptions;
+    bool RecentSeparatorShown = false;
     int ParametersOpened = 0;
     int SettingsApplied = 0;
     int HistoryFontsApplied = 0;

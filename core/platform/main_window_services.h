@@ -23,11 +23,11 @@ class MainWindowServices {
     virtual void AppendHistory(const std::string& text) = 0;
     virtual void ScrollHistoryToEnd() = 0;
 
-    // Recent-file entries of the File menu: index 0 is the separator, 1 to 4 are created as needed, hidden.
-    virtual void CreateRecentEntry(int index) = 0;
+    // Recent-file entries 1 to 4 of the File menu. An entry shows as long as it has a caption; one that never got any
+    // has an empty one. The separator above them shows once it is told to.
     virtual void SetRecentCaption(int index, const std::string& caption) = 0;
     virtual std::string RecentCaption(int index) = 0;
-    virtual void ShowRecentEntry(int index) = 0;
+    virtual void ShowRecentSeparator() = 0;
 
     // The command Input, Project Parameters.
     virtual void OpenProjectParameters() = 0;

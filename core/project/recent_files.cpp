@@ -15,6 +15,19 @@ namespace {
 
 constexpr int16_t kMostFiles = 4;
 
+std::string CaptionOf(const std::string& short_name, const std::string& path) {
+    return ShortRecentFiles == 1 ? short_name : path;
+}
+
+// Every file of the arrays has its entry in the menu, also where the list was switched on behind the start-up. An entry
+// that is there keeps its caption; a gap has none and does not show.
+void EnterMissingCaptions() {
+    MainWindowServices& window = *Platform.MainWindow;
+    for (int i = 1; i <= MaxLastFiles; ++i)
+        if (!LastFile[i].empty() && window.RecentCaption(i).empty())
+            window.SetRecentCaption(i, CaptionOf(LastFile[i], LastFileLong[i]));
+}
+
 // Number of the entry with this caption, 0 for none.
 int FindCaption(const std::string& caption) {
     for (int i = 1; i <= MaxLastFiles; ++i)
@@ -46,14 +59,13 @@ void ShiftDown() {
 
 void EnterFirst(const std::string& caption, const std::string& short_name) {
     MainWindowServices& window = *Platform.MainWindow;
-    if (MaxLastFiles < kMostFiles) window.CreateRecentEntry(++MaxLastFiles);
+    if (MaxLastFiles < kMostFiles) ++MaxLastFiles;
     ShiftDown();
     window.SetRecentCaption(1, caption);
     LastFile[1] = short_name;
     LastFileLong[1] = ProjectFileName;
     LastFileMode[1] = ProjectFileMode;
-    window.ShowRecentEntry(0);
-    window.ShowRecentEntry(MaxLastFiles);
+    window.ShowRecentSeparator();
     SaveSettings(section::FileMenu);
 }
 
@@ -61,8 +73,9 @@ void EnterFirst(const std::string& caption, const std::string& short_name) {
 
 void UpdateRecentFiles() {
     const std::string short_name = FileNameOf(ProjectFileName, 0);
-    const std::string caption = ShortRecentFiles == 1 ? short_name : ProjectFileName;
+    const std::string caption = CaptionOf(short_name, ProjectFileName);
     if (KeepFileNames == 0) return;
+    EnterMissingCaptions();
     const int found = FindCaption(caption);
     if (found == 0) {
         EnterFirst(caption, short_name);
@@ -70,6 +83,7 @@ void UpdateRecentFiles() {
     }
     SwapWithFirst(found);
     LastFileLong[1] = ProjectFileName;
+    Platform.MainWindow->ShowRecentSeparator();
 }
 
 void LoadRecentFileMenu() {
@@ -77,9 +91,7 @@ void LoadRecentFileMenu() {
     if (KeepFileNames != 1) return;
     for (int i = 1; i <= MaxLastFiles; ++i) {
         if (LastFile[i].empty()) continue;
-        Platform.MainWindow->CreateRecentEntry(i);
-        Platform.MainWindow->SetRecentCaption(i, ShortRecentFiles == 1 ? LastFile[i] : LastFileLong[i]);
-        Platform.MainWindow->ShowRecentEntry(i);
+        Platform.MainWindow->SetRecentCaption(i, CaptionOf(LastFile[i], LastFileLong[i]));
         RecentListShown = 255;
     }
 }

@@ -30,6 +30,15 @@ QString RecentName(int index) {
     return "mnuFileArray_" + QString::number(index);
 }
 
+// A long path shows its beginning and its end, where the file's name stands.
+QString ShownRecentCaption(const QString& caption) {
+    constexpr int kShown = 60;
+    constexpr int kBeginning = 20;
+    QString shown = caption;
+    if (caption.size() > kShown) shown = caption.left(kBeginning) + "..." + caption.right(kShown - kBeginning - 3);
+    return shown.replace("&", "&&");
+}
+
 // The entry that opens a submenu goes by the submenu's name.
 void NameEntry(const QMenu& submenu) {
     submenu.menuAction()->setObjectName(submenu.objectName());
@@ -82,11 +91,10 @@ void frmMain::ConnectItems(const QString& array, Handler handler) {
 }
 
 QAction& frmMain::RecentEntry(int index) {
-    if (auto* entry = findChild<QAction*>(RecentName(index))) return *entry;
     if (index < 1 || index > kMostRecentEntries) RaiseMissingElement();
+    if (auto* entry = findChild<QAction*>(RecentName(index))) return *entry;
     auto* entry = new QAction(this);
     entry->setObjectName(RecentName(index));
-    entry->setVisible(false);
     connect(entry, &QAction::triggered, this, [this, index] { mnuFileArray_Click(index); });
     QAction* behind = nullptr;
     for (int next = index + 1; next <= kMostRecentEntries && behind == nullptr; ++next)
@@ -95,10 +103,25 @@ QAction& frmMain::RecentEntry(int index) {
     return *entry;
 }
 
+void frmMain::SetRecentCaption(int index, const std::string& caption) {
+    QAction& entry = RecentEntry(index);
+    entry.setData(ToQt(caption));
+    entry.setText(ShownRecentCaption(ToQt(caption)));
+    entry.setVisible(!caption.empty());
+}
+
+std::string frmMain::RecentCaption(int index) const {
+    const auto* entry = findChild<QAction*>(RecentName(index));
+    return entry == nullptr ? std::string() : FromQt(entry->data().toString());
+}
+
+void frmMain::ShowRecentSeparator() {
+    ui_->mnuFileArray_0->setVisible(true);
+}
+
 bool frmMain::HasRecentEntry() const {
     for (int index = 1; index <= kMostRecentEntries; ++index)
-        if (auto* entry = findChild<QAction*>(RecentName(index)); entry != nullptr && entry->isVisible())
-            return true;
+        if (!RecentCaption(index).empty()) return true;
     return false;
 }
 
@@ -135,7 +158,7 @@ void frmMain::Form_Load() {
 }
 
 void frmMain::Form_Activate() {
-    if (HasRecentEntry()) RecentEntry(0).setVisible(true);
+    if (HasRecentEntry()) ShowRecentSeparator();
     LayoutMainWindow(*this);
 }
 

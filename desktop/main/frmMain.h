@@ -42,9 +42,11 @@ class frmMain : public SingleForm<frmMain> {
     // First half of the caption.
     std::string Tag() const;
 
-    // Entries of the recent-file list; index 0 is the separator above them, 1 to 4 are created on demand,
-    // hidden. A caption keeps its "&" as a letter.
-    QAction& RecentEntry(int index);
+    // Entries 1 to 4 of the recent-file list, created with their first caption. An entry shows as long as it has one;
+    // its "&" is a letter, and of a long path the menu shows both ends. The separator above is the menu's own.
+    void SetRecentCaption(int index, const std::string& caption);
+    std::string RecentCaption(int index) const;
+    void ShowRecentSeparator();
 
     QPlainTextEdit& History() const;
     QSvgWidget& Logo() const;
@@ -75,6 +77,7 @@ class frmMain : public SingleForm<frmMain> {
     void ConnectMenus();
     void ConnectItems(const QString& array, Handler handler);
     bool HasRecentEntry() const;
+    QAction& RecentEntry(int index);
     void PrintInputs();
     void PreviewInputs();
     void OpenParameters();

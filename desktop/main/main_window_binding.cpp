@@ -1,6 +1,5 @@
 #include "desktop/main/main_window_binding.h"
 
-#include <QAction>
 #include <QPlainTextEdit>
 
 #include "core/runtime/text.h"
@@ -68,22 +67,16 @@ void MainWindowBinding::ScrollHistoryToEnd() {
     HistoryBox().ensureCursorVisible();
 }
 
-void MainWindowBinding::CreateRecentEntry(int index) {
-    frmMain::Instance().RecentEntry(index);
-}
-
 void MainWindowBinding::SetRecentCaption(int index, const std::string& caption) {
-    QAction& entry = frmMain::Instance().RecentEntry(index);
-    entry.setText(ToQt(caption).replace("&", "&&"));
-    entry.setData(ToQt(caption));
+    frmMain::Instance().SetRecentCaption(index, caption);
 }
 
 std::string MainWindowBinding::RecentCaption(int index) {
-    return FromQt(frmMain::Instance().RecentEntry(index).data().toString());
+    return frmMain::Instance().RecentCaption(index);
 }
 
-void MainWindowBinding::ShowRecentEntry(int index) {
-    frmMain::Instance().RecentEntry(index).setVisible(true);
+void MainWindowBinding::ShowRecentSeparator() {
+    frmMain::Instance().ShowRecentSeparator();
 }
 
 void MainWindowBinding::OpenProjectParameters() {

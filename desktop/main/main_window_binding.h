@@ -20,10 +20,9 @@ class MainWindowBinding : public MainWindowServices {
     void AppendHistory(const std::string& text) override;
     void ScrollHistoryToEnd() override;
 
-    void CreateRecentEntry(int index) override;
     void SetRecentCaption(int index, const std::string& caption) override;
     std::string RecentCaption(int index) override;
-    void ShowRecentEntry(int index) override;
+    void ShowRecentSeparator() override;
 
     void OpenProjectParameters() override;
     void ApplySettings() override;

@@ -317,10 +317,40 @@ TEST_F(MainWindow, RecentFilesStandAtTheFootOfTheFileMenu) {
     QStringList names;
     for (QAction* action : Find<QMenu>(form, "mnuFile").actions()) names << action->objectName();
     EXPECT_EQ(names.mid(12), QStringList({"mnuFileArray_0", "mnuFileArray_1", "mnuFileArray_3"}));
-    Platform.MainWindow->CreateRecentEntry(2);
+    Platform.MainWindow->SetRecentCaption(2, "/p/b.TKL");
     names.clear();
     for (QAction* action : Find<QMenu>(form, "mnuFile").actions()) names << action->objectName();
     EXPECT_EQ(names.mid(13), QStringList({"mnuFileArray_1", "mnuFileArray_2", "mnuFileArray_3"}));
+}
+
+TEST_F(MainWindow, ALongRecentPathShowsItsBeginningAndItsFileName) {
+    Start();
+    const std::string path = "/home/engineer/" + std::string(60, 'p') + "/Ridge Panel & Extension.TKL";
+    Platform.MainWindow->SetRecentCaption(1, path);
+    EXPECT_EQ(Item("mnuFileArray_1").text(),
+              "/home/engineer/ppppp...ppppppppp/Ridge Panel && Extension.TKL");
+    EXPECT_EQ(Platform.MainWindow->RecentCaption(1), path);
+    Platform.MainWindow->SetRecentCaption(1, "");
+    EXPECT_FALSE(Item("mnuFileArray_1").isVisible());
+}
+
+TEST_F(MainWindow, TheRecentListSwitchedOnInARunHoldsTheOpenedAndTheSavedFiles) {
+    KeepFileNames = 0;
+    MaxLastFiles = 1;
+    LastFile[1] = "old.TKL";
+    LastFileLong[1] = "/p/old.TKL";
+    frmMain& form = Start();
+    const std::string path = WriteProject("one.TKL");
+    FileNew(true, true);
+    EXPECT_FALSE(Item("mnuFileArray_0").isVisible());
+    KeepFileNames = 1;
+    Host.Dialogs.FileAnswers = {path};
+    Choose(form, "mnuFileItem_1");
+    EXPECT_EQ(Platform.MainWindow->RecentCaption(1), path);
+    EXPECT_EQ(Item("mnuFileArray_2").text(), "/p/old.TKL");
+    EXPECT_TRUE(Item("mnuFileArray_1").isVisible());
+    EXPECT_TRUE(Item("mnuFileArray_2").isVisible());
+    EXPECT_TRUE(Item("mnuFileArray_0").isVisible());
 }
 
 TEST_F(MainWindow, AnOpenedFileEntersTheListAndItsEntryOpensItAgain) {

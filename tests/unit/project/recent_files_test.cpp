@@ -42,7 +42,8 @@ class RecentFiles : public ProjectTest {
         return {entries.begin(), entries.end()};
     }
 
-    bool Shown(int index) { return Host.MainWindow.RecentEntries[index].visible; }
+    bool Shown(int index) { return !Host.MainWindow.RecentCaption(index).empty(); }
+    bool SeparatorShown() const { return Host.MainWindow.RecentSeparatorShown; }
 
     bool Written() const { return std::filesystem::exists(IniPath); }
 };
@@ -54,7 +55,7 @@ TEST_F(RecentFiles, FirstFileBringsSeparatorAndEntry) {
     EXPECT_EQ(LastFileLong[1], "/a/one.TKL");
     EXPECT_EQ(LastFileMode[1], 1);
     EXPECT_THAT(Captions(), ElementsAre("/a/one.TKL"));
-    EXPECT_TRUE(Shown(0));
+    EXPECT_TRUE(SeparatorShown());
     EXPECT_TRUE(Shown(1));
     EXPECT_THAT(ReadBytes(IniPath), HasSubstr("[FileMenu]"));
 }
@@ -114,7 +115,7 @@ TEST_F(RecentFiles, LoadingTheMenuSkipsEmptyEntries) {
     EXPECT_TRUE(Shown(1));
     EXPECT_FALSE(Shown(2));
     EXPECT_TRUE(Shown(3));
-    EXPECT_FALSE(Shown(0));
+    EXPECT_FALSE(SeparatorShown());
     EXPECT_EQ(Host.MainWindow.RecentCaption(3), "/a/three");
     ShortRecentFiles = 1;
     LoadRecentFileMenu();
@@ -131,6 +132,48 @@ TEST_F(RecentFiles, LoadingTheMenuShowsNothingWhereSwitchedOffOrEmpty) {
     LoadRecentFileMenu();
     EXPECT_EQ(RecentListShown, 0);
     EXPECT_FALSE(Shown(1));
+}
+
+// The arrays come from the configuration file; the menu was not filled at the start.
+TEST_F(RecentFiles, SwitchedOnLaterTheSavedFilesStandBelowTheOpenedOne) {
+    KeepFileNames = 0;
+    MaxLastFiles = 2;
+    LastFile[1] = "one";
+    LastFileLong[1] = "/a/one";
+    LastFile[2] = "two";
+    LastFileLong[2] = "/a/two";
+    LoadRecentFileMenu();
+    KeepFileNames = 1;
+    Use("/b/new");
+    EXPECT_THAT(Captions(), ElementsAre("/b/new", "/a/one", "/a/two"));
+    EXPECT_THAT(All(LastFileLong), ElementsAre("/b/new", "/a/one", "/a/two", ""));
+    EXPECT_TRUE(SeparatorShown());
+}
+
+TEST_F(RecentFiles, SwitchedOnLaterAKnownFileIsFound) {
+    KeepFileNames = 0;
+    MaxLastFiles = 2;
+    LastFile[1] = "one";
+    LastFileLong[1] = "/a/one";
+    LastFile[2] = "two";
+    LastFileLong[2] = "/a/two";
+    LoadRecentFileMenu();
+    KeepFileNames = 1;
+    Use("/a/two");
+    EXPECT_THAT(Captions(), ElementsAre("/a/two", "/a/one"));
+    EXPECT_TRUE(SeparatorShown());
+}
+
+TEST_F(RecentFiles, AGapMovesDownWithTheOthersAndNeverShows) {
+    MaxLastFiles = 3;
+    LastFile[1] = "one";
+    LastFileLong[1] = "/a/one";
+    LastFile[3] = "three";
+    LastFileLong[3] = "/a/three";
+    LoadRecentFileMenu();
+    Use("/b/new");
+    EXPECT_THAT(Captions(), ElementsAre("/b/new", "/a/one", "", "/a/three"));
+    EXPECT_THAT(All(LastFileLong), ElementsAre("/b/new", "/a/one", "", "/a/three"));
 }
 
 TEST_F(RecentFiles, PickReadsTheEntrysFile) {
