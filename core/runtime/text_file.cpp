@@ -1,19 +1,16 @@
 #include "core/runtime/text_file.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <map>
 #include <memory>
 #include <optional>
 #include <vector>
 
 #include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include "core/runtime/charset.h"
+#include "core/runtime/descriptor.h"
 #include "core/runtime/numbers.h"
-#include "core/runtime/os_errors.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 
@@ -26,20 +23,8 @@ constexpr int kHighestNumber = 511;
 class OpenFile {
   public:
     OpenFile(const std::string& path, int flags, FileContent content)
-        : path_(path), content_(content), writing_((flags & O_ACCMODE) != O_RDONLY) {
-        descriptor_ = ::open(path.c_str(), flags | O_CLOEXEC, 0666);
-        if (descriptor_ < 0) Raise(ErrorNumberOfErrno(errno, path_));
-        struct stat status {};
-        if (::fstat(descriptor_, &status) == 0 && S_ISDIR(status.st_mode)) {
-            ::close(descriptor_);
-            Raise(error_number::PathFileAccess);
-        }
-        seekable_ = S_ISREG(status.st_mode);
-    }
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
-    ~OpenFile() {
-        if (descriptor_ >= 0) ::close(descriptor_);
+        : file_(path, flags), content_(content), writing_((flags & O_ACCMODE) != O_RDONLY) {
+        if (writing_) file_.Empty();
     }
 
     bool Writing() const { return writing_; }
@@ -49,29 +34,19 @@ class OpenFile {
         if (content_ == FileContent::Raw && pending_.size() >= kBufferSize) Flush();
     }
 
-    // A failed write goes back to where it began, so that printing the same again writes over what it left.
+    // What a failed write leaves is written over when the same is printed again.
     void Flush() {
         const std::string bytes =
             content_ == FileContent::Text ? EncodeFileText(pending_) : std::move(pending_);
         pending_.clear();
-        std::size_t written = 0;
-        while (written < bytes.size()) {
-            const ssize_t count = ::write(descriptor_, bytes.data() + written, bytes.size() - written);
-            if (count < 0 && errno == EINTR) continue;
-            if (count < 0) {
-                const int failure = errno;
-                ::lseek(descriptor_, -static_cast<off_t>(written), SEEK_CUR);
-                Raise(ErrorNumberOfErrno(failure, path_));
-            }
-            written += static_cast<std::size_t>(count);
-        }
+        file_.Write(bytes);
     }
+
+    void Sync() { file_.Sync(); }
 
     void Close() {
         if (writing_ && !pending_.empty()) Flush();
-        const int descriptor = descriptor_;
-        descriptor_ = -1;
-        if (::close(descriptor) != 0 && writing_) Raise(ErrorNumberOfErrno(errno, path_));
+        file_.Close();
     }
 
     // True if the next byte is `wanted`.
@@ -100,7 +75,7 @@ class OpenFile {
     std::string Decode(const std::string& bytes) {
         if (content_ == FileContent::Raw) return bytes;
         if (AllAscii(bytes)) return bytes;
-        if (!charset_) charset_ = seekable_ ? ScanCharset() : DetectCharset(bytes);
+        if (!charset_) charset_ = ScanCharset();
         return DecodeText(bytes, *charset_);
     }
 
@@ -120,11 +95,9 @@ class OpenFile {
         filled_ -= position_;
         position_ = 0;
         while (filled_ < count) {
-            const ssize_t got = ::read(descriptor_, buffer_.data() + filled_, buffer_.size() - filled_);
-            if (got < 0 && errno == EINTR) continue;
-            if (got < 0) Raise(ErrorNumberOfErrno(errno, path_));
+            const std::size_t got = file_.Read(buffer_.data() + filled_, buffer_.size() - filled_);
             if (got == 0) return false;
-            filled_ += static_cast<std::size_t>(got);
+            filled_ += got;
         }
         return true;
     }
@@ -134,20 +107,16 @@ class OpenFile {
         std::vector<char> bytes(kBufferSize);
         off_t offset = 0;
         while (true) {
-            const ssize_t count = ::pread(descriptor_, bytes.data(), bytes.size(), offset);
-            if (count < 0 && errno == EINTR) continue;
-            if (count < 0) Raise(ErrorNumberOfErrno(errno, path_));
+            const std::size_t count = file_.ReadAt(bytes.data(), bytes.size(), offset);
             if (count == 0 || scanner.Settled()) return scanner.Verdict();
-            scanner.Feed(std::string_view(bytes.data(), static_cast<std::size_t>(count)));
-            offset += count;
+            scanner.Feed(std::string_view(bytes.data(), count));
+            offset += static_cast<off_t>(count);
         }
     }
 
-    std::string path_;
+    Descriptor file_;
     FileContent content_;
     bool writing_;
-    bool seekable_ = false;
-    int descriptor_ = -1;
     std::string pending_;
     std::vector<char> buffer_;
     std::size_t position_ = 0;
@@ -257,11 +226,15 @@ void OpenForInput(int number, const std::string& path, FileContent content) {
 }
 
 void OpenForOutput(int number, const std::string& path, FileContent content) {
-    Open(number, path, O_WRONLY | O_CREAT | O_TRUNC, content);
+    Open(number, path, O_WRONLY | O_CREAT, content);
 }
 
 void FlushFile(int number) {
     FileOf(number, true).Flush();
+}
+
+void SyncFile(int number) {
+    FileOf(number, true).Sync();
 }
 
 void CloseFile(int number) {

@@ -21,14 +21,18 @@ constexpr std::size_t kLongestText = std::size_t{16} * 1024 * 1024;
 // A number from 1 on under which no file is open.
 int FreeFile();
 
-// Opens `path` for reading or for writing under `number`. Writing empties an existing file at once. Raises
-// "File already open" for a number in use, else the error of the operating system.
+// Opens the regular file `path` for reading or for writing under `number`. Writing empties an existing file at
+// once. Raises "File already open" for a number in use, "Path/File access error" for a folder, a pipe, a socket
+// or a device, else the error of the operating system.
 void OpenForInput(int number, const std::string& path, FileContent content = FileContent::Text);
 void OpenForOutput(int number, const std::string& path, FileContent content = FileContent::Text);
 
-// Brings everything printed so far to the disk; a text file's character set is settled here, so it is to be
+// Hands everything printed so far to the system; a text file's character set is settled here, so it is to be
 // called once, behind the last print. Raises "Disk full" and its kind.
 void FlushFile(int number);
+
+// Returns once everything flushed is on the disk. Raises "Device I/O error" and its kind.
+void SyncFile(int number);
 
 // Closes the file; nothing happens where none is open. What was printed and not flushed is written first.
 void CloseFile(int number);

@@ -1,4 +1,4 @@
-// Whole files at once: read with a bound on the memory, replaced so that a failure leaves the old content.
+// Whole files read at once, with a bound on the memory.
 #pragma once
 
 #include <cstddef>
@@ -6,18 +6,17 @@
 
 namespace tarvokol {
 
+// The bytes of a regular file. Raises the errors of the files, and "Out of memory" for one of more than
+// `max_bytes`.
+std::string ReadWholeFile(const std::string& path, std::size_t max_bytes);
+
 enum class ReadOutcome {
     Read,
     Missing,  // nothing stands under the path
     Refused   // a folder, a device, no permission, too long, a failure of the disk
 };
 
-// Reads a regular file of at most `max_bytes` into `bytes`, which is empty unless the outcome is Read.
+// The same as a value: `bytes` is empty unless the outcome is Read.
 ReadOutcome ReadWholeFile(const std::string& path, std::size_t max_bytes, std::string& bytes);
-
-// Replaces the file's content, or creates the file; links are followed. The new content is complete on the
-// disk before it takes the old one's place. A read-only file, even one that the user could override, is left
-// alone. False on any failure.
-bool ReplaceWholeFile(const std::string& path, const std::string& bytes);
 
 }  // namespace tarvokol

@@ -4,6 +4,8 @@
 #include <optional>
 
 #include "core/runtime/charset.h"
+#include "core/runtime/file_replacement.h"
+#include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 #include "core/runtime/whole_file.h"
 
@@ -157,7 +159,13 @@ void IniDocument::Put(std::string_view section, std::string_view key, std::strin
 }
 
 bool IniDocument::Save(const std::string& path) const {
-    return may_save_ && ReplaceWholeFile(path, EncodeFileText(text_));
+    if (!may_save_) return false;
+    try {
+        ReplaceWholeFile(path, EncodeFileText(text_));
+        return true;
+    } catch (const RunTimeError&) {
+        return false;
+    }
 }
 
 std::string GetIniString(const std::string& section, const std::string& key, const std::string& ini_path,

@@ -2,6 +2,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 #include "tests/cli/cli_runner.h"
@@ -103,10 +104,13 @@ TEST_F(Streams, AConfigurationFileThatIsNotThereIsWrongUsage) {
     EXPECT_FALSE(std::filesystem::exists(Folder / "none.ini"));
 }
 
-TEST_F(Streams, ASpecialFileIsRefusedWithoutBeingReadWhole) {
-    EXPECT_EQ(Run({"results", "--json", "/dev/zero"}).Object()["messages"], json{"Invalid file format"});
-    EXPECT_EQ(Run({"results", "--json", "/dev/null"}).Object()["error"]["number"], 62);
-    EXPECT_EQ(Run({"results", "--json", "."}).Object()["error"]["number"], 75);
+TEST_F(Streams, ASpecialFileIsRefusedAtOnce) {
+    ASSERT_EQ(::mkfifo(PathTo("pipe").c_str(), 0600), 0);
+    for (const std::string name : {"/dev/zero", "/dev/null", "pipe", "."}) {
+        SCOPED_TRACE(name);
+        const json error{{"number", 75}, {"text", "Path/File access error"}};
+        EXPECT_EQ(Run({"results", "--json", name}).Object()["error"], error);
+    }
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "core/platform/message_box.h"
+#include "tests/support/failing_files.h"
 #include "tests/unit/project/project_fixture.h"
 
 namespace tarvokol {
@@ -166,7 +167,7 @@ TEST_F(DescriptionScratch, InAMissingFolderSaysSoAndKeepsTheDescription) {
 }
 
 TEST_F(DescriptionScratch, OnAFullDiskAsksAndKeepsTheDescriptionOnCancel) {
-    std::filesystem::create_symlink("/dev/full", PathTo("~tmpdesc.tmp"));
+    const FailingFiles fault({.folder = Folder.string(), .at = 1, .kind = FaultKind::Full});
     DescTempPath = PathTo("~tmpdesc.tmp");
     ProjectDescription = "a\r\n\r\nb";
     Host.Messages.Answers = {box_result::Retry, box_result::Cancel};

@@ -9,6 +9,7 @@
 #include "core/platform/message_box.h"
 #include "core/settings/configuration.h"
 #include "core/settings/program_settings.h"
+#include "tests/support/failing_files.h"
 #include "tests/unit/project/project_fixture.h"
 
 namespace tarvokol {
@@ -289,9 +290,10 @@ TEST_F(Lifecycle, CancelledSaveAsSavesNothing) {
 }
 
 TEST_F(Lifecycle, FailedSaveChangesNeitherCaptionNorList) {
-    ProjectFileName = "/dev/full";
+    ProjectFileName = PathTo("full.TKL");
     ProjectSaved = 0;
     Window().Caption = "before";
+    const FailingFiles fault({.folder = Folder.string(), .at = 1, .kind = FaultKind::Full});
     Host.Messages.Answers = {box_result::Retry, box_result::Cancel};
     FileSaveCommand(false);
     EXPECT_THAT(Messages(), ElementsAre("Error occurred: Disk full (61)", "Error occurred: Disk full (61)"));

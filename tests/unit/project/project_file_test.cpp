@@ -9,6 +9,7 @@
 
 #include "core/messages/titles.h"
 #include "core/platform/main_window_services.h"
+#include "tests/support/failing_files.h"
 #include "tests/unit/project/project_fixture.h"
 
 namespace tarvokol {
@@ -324,8 +325,12 @@ TEST_F(ProjectFile, ThatMayNotBeReadOrWrittenRaisesPermissionDenied) {
 
 TEST_F(ProjectFile, OnAFullDiskRaisesDiskFullAndStaysUnsaved) {
     ProjectSaved = 0;
-    ProjectFileName = "/dev/full";
-    EXPECT_EQ(RaisedError([] { FileSave(); }), 61);
+    ProjectFileName = PathTo("full.TKL");
+    {
+        const FailingFiles fault({.folder = Folder.string(), .at = 1, .kind = FaultKind::Full});
+        EXPECT_EQ(RaisedError([] { FileSave(); }), 61);
+        EXPECT_EQ(fault.Failed(), "write");
+    }
     EXPECT_EQ(ProjectSaved, 0);
     EXPECT_EQ(Host.MainWindow.Pointer, MousePointer::Hourglass);
     ProjectFileName = PathTo("good.TKL");

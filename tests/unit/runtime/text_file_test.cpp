@@ -1,12 +1,18 @@
 #include "core/runtime/text_file.h"
 
 #include <csignal>
+#include <cstdio>
 #include <filesystem>
 
 #include <gmock/gmock.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include "tests/support/core_fixture.h"
+#include "tests/support/failing_files.h"
 
 namespace tarvokol {
 namespace {
@@ -256,13 +262,47 @@ TEST_F(TextFile, OpeningForOutputEmptiesTheFileAtOnce) {
 }
 
 TEST_F(TextFile, AFullDiskIsFoundAtTheFlushAndClosesQuietly) {
-    OpenForOutput(2, "/dev/full");
-    PrintLine(2, "a");
-    EXPECT_EQ(RaisedError([] { FlushFile(2); }), 61);
-    EXPECT_EQ(RaisedError([] { CloseFile(2); }), 0);
-    OpenForOutput(2, "/dev/full");
+    const auto full_disk = [this] {
+        return FileFault{.folder = Folder.string(), .at = 3};  // behind opening and emptying
+    };
+    {
+        const FailingFiles fault(full_disk());
+        OpenForOutput(2, PathTo("output"));
+        PrintLine(2, "a");
+        EXPECT_EQ(RaisedError([] { FlushFile(2); }), 61);
+        EXPECT_EQ(RaisedError([] { CloseFile(2); }), 0);
+    }
+    const FailingFiles fault(full_disk());
+    OpenForOutput(2, PathTo("output"));
     PrintLine(2, "a");
     EXPECT_EQ(RaisedError([] { CloseFile(2); }), 61);
+    EXPECT_EQ(FreeFile(), 1);
+}
+
+TEST_F(TextFile, AFailedCloseAndAFailedWayToTheDiskAreTold) {
+    FailingFiles fault({.folder = Folder.string(), .at = 5, .error = EIO});
+    OpenForOutput(2, PathTo("output"));
+    PrintLine(2, "a");
+    FlushFile(2);
+    SyncFile(2);
+    EXPECT_EQ(RaisedError([] { CloseFile(2); }), 57);
+    EXPECT_EQ(fault.Failed(), "close");
+    EXPECT_EQ(FreeFile(), 1);
+}
+
+TEST_F(TextFile, APipeADeviceAndASocketAreRefusedAtOnce) {
+    ASSERT_EQ(::mkfifo(PathTo("pipe").c_str(), 0600), 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::snprintf(address.sun_path, sizeof(address.sun_path), "%s", PathTo("socket").c_str());
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_EQ(::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
+    for (const std::string& path : {PathTo("pipe"), PathTo("socket"), std::string("/dev/null")}) {
+        SCOPED_TRACE(path);
+        EXPECT_EQ(RaisedError([&] { OpenForInput(1, path); }), 75);
+        EXPECT_EQ(RaisedError([&] { OpenForOutput(1, path); }), 75);
+    }
+    ::close(socket);
     EXPECT_EQ(FreeFile(), 1);
 }
 

@@ -118,7 +118,7 @@ TEST_F(Folders, AFailedCopyRaisesAndLeavesTheNumbersFree) {
     WriteBytes(PathTo("from"), "x\n");
     EXPECT_EQ(RaisedError([&] { CopyTextFile(PathTo("from"), PathTo("gone/to")); }), 76);
     EXPECT_EQ(FreeFile(), 1);
-    EXPECT_EQ(RaisedError([&] { CopyTextFile(PathTo("from"), "/dev/full"); }), 61);
+    EXPECT_EQ(RaisedError([&] { CopyTextFile(PathTo("from"), "/dev/full"); }), 75);
     EXPECT_EQ(FreeFile(), 1);
 }
 

@@ -1,0 +1,45 @@
+// Makes the N-th call of the operating system on files fail. Linked into a test it is driven by the functions
+// below; loaded in front of a built program (LD_PRELOAD) it takes its orders from the environment:
+//   TARVOKOL_FAULT_FOLDER  folder below which files count, all others are left alone
+//   TARVOKOL_FAULT_AT      number of the call that fails, from 1; 0 for none
+//   TARVOKOL_FAULT_ERROR   errno that it fails with
+//   TARVOKOL_FAULT_KIND    once, forever, full, half or kill
+//   TARVOKOL_FAULT_COUNT   file that takes the number of calls seen and the name of the one that failed
+// Calls that count: open, read, write, close, fsync, truncate, rename, unlink, mkdir, and what the standard
+// streams make of them.
+#pragma once
+
+#include <cerrno>
+#include <string>
+
+namespace tarvokol {
+
+enum class FaultKind {
+    Once,
+    Forever,  // that call and all that follow
+    Full,     // from that call on every write: a full disk
+    Half,     // a write takes half of its bytes, the next write fails; any other call fails once
+    Kill      // the process ends there as by SIGKILL
+};
+
+struct FileFault {
+    std::string folder;
+    long at = 0;
+    int error = ENOSPC;
+    FaultKind kind = FaultKind::Once;
+    long refused_at = 0;  // a call before `at` that fails with "no permission"; 0 for none
+};
+
+// The fault holds while the object lives.
+class FailingFiles {
+  public:
+    explicit FailingFiles(const FileFault& fault);
+    FailingFiles(const FailingFiles&) = delete;
+    FailingFiles& operator=(const FailingFiles&) = delete;
+    ~FailingFiles();
+
+    long Seen() const;           // calls so far
+    std::string Failed() const;  // name of the first call that failed; empty while none has
+};
+
+}  // namespace tarvokol
