@@ -17,11 +17,11 @@
 #include <vector>
 
 #include "bench/saved_project.h"
-#include "core/engine/curves.h"
-#include "core/engine/parameter_texts.h"
 #include "core/graphics/TarvoGraf.h"
 #include "core/program/start_up.h"
+#include "core/project/curves.h"
 #include "core/project/lifecycle.h"
+#include "core/project/parameter_texts.h"
 #include "core/report/report_builder.h"
 #include "core/report/results_state.h"
 #include "core/settings/configuration.h"

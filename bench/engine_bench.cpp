@@ -2,14 +2,14 @@
 // a curve of 51 points in 20 microseconds.
 #include <benchmark/benchmark.h>
 
-#include "core/engine/curves.h"
-#include "core/engine/input_check.h"
-#include "core/engine/parameter_texts.h"
-#include "core/engine/project_record.h"
-#include "core/engine/sizing_solver.h"
-#include "core/engine/stability_analysis.h"
-#include "core/engine/working_parameters.h"
 #include "core/headless/headless_platform.h"
+#include "core/project/curves.h"
+#include "core/project/input_check.h"
+#include "core/project/parameter_texts.h"
+#include "core/project/project_record.h"
+#include "core/project/sizing_solver.h"
+#include "core/project/stability_analysis.h"
+#include "core/project/working_parameters.h"
 
 namespace tarvokol {
 namespace {

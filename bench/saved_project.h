@@ -7,10 +7,10 @@
 
 #include <unistd.h>
 
-#include "core/engine/project_record.h"
 #include "core/headless/headless_platform.h"
 #include "core/messages/history_log.h"
 #include "core/project/project_file.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
 
 namespace tarvokol {

@@ -2,10 +2,10 @@
 
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
-#include "core/engine/project_record.h"
 #include "core/messages/notify.h"
 #include "core/project/file_conversion.h"
 #include "core/project/project_file.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/runtime/file_system.h"
 

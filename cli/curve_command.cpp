@@ -1,7 +1,7 @@
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
 #include "cli/toolkit.h"
-#include "core/engine/curves.h"
+#include "core/project/curves.h"
 #include "core/graphics/curve_export.h"
 #include "core/graphics/graph_setup.h"
 #include "core/platform/chart_model.h"

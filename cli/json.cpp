@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "core/engine/project_record.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
 
 namespace tarvokol::cli {

@@ -1,10 +1,10 @@
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
 #include "cli/pdf_report.h"
-#include "core/engine/input_check.h"
-#include "core/engine/project_record.h"
-#include "core/engine/stability_analysis.h"
-#include "core/engine/working_parameters.h"
+#include "core/project/input_check.h"
+#include "core/project/project_record.h"
+#include "core/project/stability_analysis.h"
+#include "core/project/working_parameters.h"
 #include "core/report/report_builder.h"
 
 namespace tarvokol::cli {

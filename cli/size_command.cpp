@@ -1,6 +1,6 @@
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
-#include "core/engine/parameter_texts.h"
+#include "core/project/parameter_texts.h"
 #include "core/messages/titles.h"
 
 namespace tarvokol::cli {

@@ -1,6 +1,5 @@
 #include "core/engine/curve_range.h"
 
-#include "core/engine/options_record.h"
 #include "core/runtime/checked.h"
 
 namespace tarvokol {
@@ -11,9 +10,9 @@ constexpr double kSteps = 50.0;
 
 }  // namespace
 
-CurveRange RangeAround(double base) {
-    const double lower = OptionsRecord.PlotRangeMin / kPercent;
-    const double upper = OptionsRecord.PlotRangeMax / kPercent + 1.0;
+CurveRange RangeAround(double base, const PlotRange& plot) {
+    const double lower = plot.min / kPercent;
+    const double upper = plot.max / kPercent + 1.0;
     const float relative_step = ToSingle((upper - lower) / kSteps);
     CurveRange range{ToSingle(lower * base), ToSingle(upper * base), ToSingle(relative_step * base)};
     if (range.step == 0.0f) range.step = 1.0f;

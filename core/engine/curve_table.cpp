@@ -1,7 +1,9 @@
+#include "core/engine/curve_table.h"
+
 #include <new>
 #include <stdexcept>
 
-#include "core/engine/curves.h"
+#include "core/runtime/run_time_error.h"
 
 namespace tarvokol {
 

@@ -2,51 +2,60 @@
 
 #include <cmath>
 
-#include "core/engine/project_record.h"
-#include "core/engine/sizing_solver.h"
 #include "core/runtime/checked.h"
 
 namespace tarvokol {
 namespace {
 
+constexpr double kInchesPerFoot = 12.0;
 constexpr double kSquareInchesPerSquareFoot = 144.0;
 
 // The solver's length of a web, inches; an endless pillar.
 constexpr float kSizingLength = 1000000.0f;
 
-double Converted(double value, double factor) {
-    return SizingConvertsMetric() ? value * factor : value;
+// The solver works in feet, psi and pcf before it goes to inches.
+double Converted(Units units, double value, double factor) {
+    return units == Units::Metric ? value * factor : value;
 }
 
 }  // namespace
 
-bool SizingConvertsMetric() {
-    return UnitSystem == 1;
-}
-
-float SizingInches(double length) {
-    return ToSingle(Converted(length, FeetPerMetre) * InchesPerFoot);
+float SizingInches(Units units, double length) {
+    return ToSingle(Converted(units, length, FeetPerMetre) * kInchesPerFoot);
 }
 
 float SizingStress(float depth, float unit_weight) {
     return ToSingle(static_cast<double>(depth) * unit_weight / kSquareInchesPerSquareFoot);
 }
 
-float FillSizingBlock(const SizingInputs& inputs) {
-    SizingBlock.SizeHeight = SizingInches(inputs.height);
-    SizingBlock.SizeHoleWidth = SizingInches(inputs.hole_width);
-    SizingBlock.SizeLength = kSizingLength;
-    SizingBlock.SizeStrength = ToSingle(Converted(inputs.strength, PsiPerMegapascal));
-    const float unit_weight = ToSingle(Converted(inputs.unit_weight, PcfPerKilonewton));
-    const float depth = ToSingle(Converted(inputs.depth, FeetPerMetre));
-    SizingBlock.SizeVertStress = SizingStress(depth, unit_weight);
-    SizingBlock.SizeStressGradient = ToSingle(unit_weight / kSquareInchesPerSquareFoot / InchesPerFoot);
-    SizingBlock.SizeDepth = ToSingle(depth * InchesPerFoot);
+float FillSizingBlock(const SizingInputs& inputs, SizingParameters& block) {
+    const Units units = inputs.units;
+    block.SizeHeight = SizingInches(units, inputs.height);
+    block.SizeHoleWidth = SizingInches(units, inputs.hole_width);
+    block.SizeLength = kSizingLength;
+    block.SizeStrength = ToSingle(Converted(units, inputs.strength, PsiPerMegapascal));
+    const float unit_weight = ToSingle(Converted(units, inputs.unit_weight, PcfPerKilonewton));
+    const float depth = ToSingle(Converted(units, inputs.depth, FeetPerMetre));
+    block.SizeVertStress = SizingStress(depth, unit_weight);
+    block.SizeStressGradient = ToSingle(unit_weight / kSquareInchesPerSquareFoot / kInchesPerFoot);
+    block.SizeDepth = ToSingle(depth * kInchesPerFoot);
     return unit_weight;
 }
 
-void FillSizingTangent(double angle) {
-    SizingBlock.SizeTanAbutment = ToSingle(std::tan(angle * RadiansPerDegree));
+float SizingTangent(double angle) {
+    return ToSingle(std::tan(angle * RadiansPerDegree));
+}
+
+float SizingSpan(double holes, const SizingParameters& block, double web) {
+    return ToSingle(holes * (static_cast<double>(block.SizeHoleWidth) + web));
+}
+
+float SizingStart(Units units, double depth) {
+    return ToSingle(units == Units::Metric ? depth : depth * kInchesPerFoot);
+}
+
+double ShownWidth(Units units, float width) {
+    return units == Units::Metric ? width : width / kInchesPerFoot;
 }
 
 }  // namespace tarvokol

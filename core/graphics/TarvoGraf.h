@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <string>
 
-#include "core/engine/project_record.h"
 #include "core/platform/drawing_surface.h"
+#include "core/project/project_record.h"
 #include "core/runtime/one_based.h"
 
 namespace tarvokol {

@@ -1,13 +1,13 @@
 // Outline, dimensions, label and title of a pillar. Positions are singles, as the layout's are.
 #include <string>
 
-#include "core/engine/options_record.h"
-#include "core/engine/project_record.h"
-#include "core/engine/working_parameters.h"
 #include "core/graphics/TarvoGraf.h"
+#include "core/project/project_record.h"
+#include "core/project/working_parameters.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"
 #include "core/runtime/text.h"
+#include "core/settings/options_record.h"
 #include "core/settings/program_settings.h"
 
 namespace tarvokol {

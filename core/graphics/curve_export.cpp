@@ -1,6 +1,6 @@
 #include "core/graphics/curve_export.h"
 
-#include "core/engine/curves.h"
+#include "core/project/curves.h"
 #include "core/runtime/numbers.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"

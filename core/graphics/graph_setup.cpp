@@ -1,7 +1,7 @@
 #include "core/graphics/graph_setup.h"
 
-#include "core/engine/curves.h"
-#include "core/engine/project_record.h"
+#include "core/project/curves.h"
+#include "core/project/project_record.h"
 #include "core/runtime/text.h"
 #include "core/settings/graph_settings.h"
 

@@ -1,17 +1,17 @@
 // Every FILE of the command line starts from a fresh program: the variables of all rooms, room by room, as a
 // new process has them. A variable that is added to a room's record is put back with it; a record belongs
 // here.
-#include "core/engine/curves.h"
-#include "core/engine/project_record.h"
-#include "core/engine/sizing_solver.h"
-#include "core/engine/working_parameters.h"
 #include "core/graphics/TarvoGraf.h"
 #include "core/messages/error_classes.h"
 #include "core/messages/history_log.h"
 #include "core/messages/titles.h"
 #include "core/program/start_up.h"
+#include "core/project/curves.h"
 #include "core/project/file_conversion.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
+#include "core/project/sizing_solver.h"
+#include "core/project/working_parameters.h"
 #include "core/report/print_engine.h"
 #include "core/report/report_builder.h"
 #include "core/report/results_state.h"

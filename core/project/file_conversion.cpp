@@ -1,7 +1,7 @@
 #include "core/project/file_conversion.h"
 
-#include "core/engine/project_record.h"
 #include "core/project/lifecycle.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/runtime/checked.h"
 

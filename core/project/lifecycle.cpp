@@ -1,6 +1,5 @@
 #include "core/project/lifecycle.h"
 
-#include "core/engine/project_record.h"
 #include "core/messages/command_guard.h"
 #include "core/messages/history_log.h"
 #include "core/messages/notify.h"
@@ -9,6 +8,7 @@
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
 #include "core/project/project_file.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/runtime/file_system.h"
 #include "core/runtime/text.h"

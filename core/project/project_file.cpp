@@ -4,13 +4,13 @@
 #include <set>
 #include <system_error>
 
-#include "core/engine/project_record.h"
 #include "core/messages/history_log.h"
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
 #include "core/platform/main_window_services.h"
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"

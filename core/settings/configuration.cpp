@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <system_error>
 
-#include "core/engine/options_record.h"
 #include "core/messages/history_log.h"
 #include "core/platform/platform.h"
 #include "core/platform/screen_fonts.h"
@@ -13,6 +12,7 @@
 #include "core/settings/graph_settings.h"
 #include "core/settings/ini_file.h"
 #include "core/settings/key_tables.h"
+#include "core/settings/options_record.h"
 #include "core/settings/program_settings.h"
 
 namespace tarvokol {

@@ -1,7 +1,7 @@
 #include "core/settings/graph_settings.h"
 
-#include "core/engine/project_record.h"
 #include "core/messages/titles.h"
+#include "core/settings/unit_system.h"
 
 namespace tarvokol {
 namespace {

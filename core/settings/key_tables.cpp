@@ -2,11 +2,11 @@
 
 #include <cmath>
 
-#include "core/engine/options_record.h"
 #include "core/messages/history_log.h"
 #include "core/runtime/numbers.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/graph_settings.h"
+#include "core/settings/options_record.h"
 #include "core/settings/program_settings.h"
 
 namespace tarvokol {

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <string>
 
-#include "core/engine/options_record.h"
 #include "core/messages/history_log.h"
 #include "core/runtime/one_based.h"
+#include "core/settings/options_record.h"
 
 namespace tarvokol {
 

@@ -1,6 +1,6 @@
 #include "desktop/graphs/frmGraphOptS.h"
 
-#include "core/engine/project_record.h"
+#include "core/project/project_record.h"
 #include "ui_frmGraphOptS.h"
 
 namespace tarvokol {

@@ -3,13 +3,13 @@
 #include <QRegularExpression>
 #include <QValidator>
 
-#include "core/engine/project_record.h"
 #include "core/messages/history_log.h"
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
 #include "core/platform/main_window_services.h"
 #include "core/platform/platform.h"
 #include "core/project/lifecycle.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "qt/qt_text.h"
 #include "ui_frmTARVODesc.h"

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "core/engine/parameter_texts.h"
-#include "core/engine/project_record.h"
+#include "core/project/parameter_texts.h"
+#include "core/project/project_record.h"
 #include "desktop/base/form_base.h"
 
 class QLabel;

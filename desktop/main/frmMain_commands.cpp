@@ -1,7 +1,6 @@
 // The commands of the main window's menus.
 #include <QPlainTextEdit>
 
-#include "core/engine/curves.h"
 #include "core/messages/command_guard.h"
 #include "core/messages/notify.h"
 #include "core/platform/clipboard.h"
@@ -11,6 +10,7 @@
 #include "core/platform/platform.h"
 #include "core/program/about_text.h"
 #include "core/program/program_help.h"
+#include "core/project/curves.h"
 #include "core/project/lifecycle.h"
 #include "core/project/project_state.h"
 #include "core/report/print_engine.h"

@@ -1,6 +1,5 @@
 #include "desktop/output/frmResTxtPlt.h"
 
-#include "core/engine/preview_record.h"
 #include "core/graphics/TarvoGraf.h"
 #include "core/messages/command_guard.h"
 #include "core/messages/history_log.h"
@@ -8,6 +7,7 @@
 #include "core/platform/common_dialogs.h"
 #include "core/platform/platform.h"
 #include "core/program/program_help.h"
+#include "core/project/preview_record.h"
 #include "core/report/print_engine.h"
 #include "core/report/report_builder.h"
 #include "core/report/results_state.h"

@@ -1,11 +1,11 @@
 #include "desktop/settings/frmConvert.h"
 
-#include "core/engine/project_record.h"
 #include "core/messages/history_log.h"
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
 #include "core/project/file_conversion.h"
+#include "core/project/project_record.h"
 #include "ui_frmConvert.h"
 
 namespace tarvokol {

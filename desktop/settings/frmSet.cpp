@@ -3,7 +3,6 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
-#include "core/engine/project_record.h"
 #include "core/messages/history_log.h"
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
@@ -11,6 +10,7 @@
 #include "core/platform/main_window_services.h"
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
+#include "core/project/project_record.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/file_system.h"
 #include "core/runtime/numbers.h"

@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "core/engine/options_record.h"
 #include "core/messages/history_log.h"
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
@@ -11,6 +10,7 @@
 #include "core/runtime/numbers.h"
 #include "core/settings/configuration.h"
 #include "core/settings/file_association.h"
+#include "core/settings/options_record.h"
 #include "core/settings/program_settings.h"
 #include "qt/qt_text.h"
 #include "ui_frmTARVOOpts.h"

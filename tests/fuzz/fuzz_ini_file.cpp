@@ -6,7 +6,6 @@
 #include <fstream>
 #include <string>
 
-#include "core/engine/options_record.h"
 #include "core/headless/headless_platform.h"
 #include "core/runtime/charset.h"
 #include "core/runtime/text.h"
@@ -14,6 +13,7 @@
 #include "core/settings/folders.h"
 #include "core/settings/graph_settings.h"
 #include "core/settings/ini_file.h"
+#include "core/settings/options_record.h"
 #include "core/settings/program_settings.h"
 
 using namespace tarvokol;

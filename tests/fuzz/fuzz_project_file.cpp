@@ -8,13 +8,13 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include "core/engine/input_check.h"
-#include "core/engine/project_record.h"
-#include "core/engine/stability_analysis.h"
 #include "core/headless/headless_platform.h"
 #include "core/messages/history_log.h"
+#include "core/project/input_check.h"
 #include "core/project/project_file.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
+#include "core/project/stability_analysis.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text_file.h"
 

@@ -17,13 +17,13 @@
 #include <functional>
 #include <string>
 
-#include "core/engine/curves.h"
-#include "core/engine/parameter_texts.h"
 #include "core/graphics/TarvoGraf.h"
 #include "core/headless/headless_platform.h"
 #include "core/messages/history_log.h"
 #include "core/program/start_up.h"
+#include "core/project/curves.h"
 #include "core/project/lifecycle.h"
+#include "core/project/parameter_texts.h"
 #include "core/project/project_state.h"
 #include "core/report/report_builder.h"
 #include "core/report/results_state.h"

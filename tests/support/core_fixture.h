@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "core/headless/headless_platform.h"
+#include "tests/support/raised_error.h"
 
 namespace tarvokol {
 
@@ -31,20 +32,4 @@ class CoreTest : public ::testing::Test {
     std::filesystem::path Folder;
 };
 
-// Runs the action and returns the number of the run-time error that it raises, 0 for none.
-template <typename Action>
-int RaisedError(Action action);
-
 }  // namespace tarvokol
-
-#include "core/runtime/run_time_error.h"
-
-template <typename Action>
-int tarvokol::RaisedError(Action action) {
-    try {
-        action();
-    } catch (const RunTimeError& error) {
-        return error.number;
-    }
-    return 0;
-}

@@ -3,9 +3,9 @@
 
 #include <initializer_list>
 
-#include "core/engine/curves.h"
-#include "core/engine/project_record.h"
 #include "core/messages/titles.h"
+#include "core/project/curves.h"
+#include "core/project/project_record.h"
 #include "core/settings/graph_settings.h"
 #include "core/settings/program_settings.h"
 #include "tests/support/core_fixture.h"

@@ -2,10 +2,10 @@
 // forms off.
 #pragma once
 
-#include "core/engine/project_record.h"
 #include "core/messages/history_log.h"
 #include "core/program/start_up.h"
 #include "core/project/lifecycle.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"

@@ -1,12 +1,13 @@
 #include "tests/support/panel_calculation.h"
 
-#include "core/engine/curves.h"
-#include "core/engine/input_check.h"
-#include "core/engine/options_record.h"
-#include "core/engine/parameter_texts.h"
-#include "core/engine/project_record.h"
-#include "core/engine/stability_analysis.h"
-#include "core/engine/working_parameters.h"
+#include "core/project/curves.h"
+#include "core/project/input_check.h"
+#include "core/project/parameter_texts.h"
+#include "core/project/project_record.h"
+#include "core/project/stability_analysis.h"
+#include "core/project/working_parameters.h"
+#include "core/runtime/run_time_error.h"
+#include "core/settings/options_record.h"
 
 namespace tarvokol {
 namespace {

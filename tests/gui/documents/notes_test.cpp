@@ -8,12 +8,12 @@
 
 #include <gtest/gtest.h>
 
-#include "core/engine/input_check.h"
-#include "core/engine/parameter_texts.h"
-#include "core/engine/sizing_solver.h"
-#include "core/engine/stability_analysis.h"
-#include "core/engine/working_parameters.h"
 #include "core/project/file_conversion.h"
+#include "core/project/input_check.h"
+#include "core/project/parameter_texts.h"
+#include "core/project/sizing_solver.h"
+#include "core/project/stability_analysis.h"
+#include "core/project/working_parameters.h"
 #include "core/runtime/numbers.h"
 #include "core/settings/unit_calculator.h"
 #include "tests/support/core_fixture.h"

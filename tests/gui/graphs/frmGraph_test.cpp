@@ -3,9 +3,9 @@
 
 #include <filesystem>
 
-#include "core/engine/options_record.h"
-#include "core/engine/working_parameters.h"
+#include "core/project/working_parameters.h"
 #include "core/settings/folders.h"
+#include "core/settings/options_record.h"
 #include "desktop/main/frmMain.h"
 #include "tests/support/graph_fixture.h"
 

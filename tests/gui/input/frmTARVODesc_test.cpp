@@ -5,12 +5,12 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
-#include "core/engine/project_record.h"
 #include "core/messages/history_log.h"
 #include "core/messages/titles.h"
 #include "core/program/start_up.h"
 #include "core/project/lifecycle.h"
 #include "core/project/project_file.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/settings/folders.h"
 #include "core/settings/program_settings.h"

@@ -4,9 +4,9 @@
 #include <QTabWidget>
 #include <string>
 
-#include "core/engine/project_record.h"
 #include "core/messages/history_log.h"
 #include "core/program/start_up.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/settings/program_settings.h"
 #include "desktop/input/frmTARVOParm.h"

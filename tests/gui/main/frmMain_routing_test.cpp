@@ -4,9 +4,9 @@
 #include <map>
 #include <set>
 
-#include "core/engine/project_record.h"
 #include "core/project/lifecycle.h"
 #include "core/project/project_file.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "desktop/base/form_registry.h"
 #include "tests/support/main_window_fixture.h"

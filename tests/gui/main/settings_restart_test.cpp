@@ -3,8 +3,8 @@
 #include <QAbstractButton>
 #include <QTabWidget>
 
-#include "core/engine/options_record.h"
 #include "core/report/text_browser.h"
+#include "core/settings/options_record.h"
 #include "tests/support/main_window_fixture.h"
 
 namespace tarvokol {

@@ -4,12 +4,12 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
-#include "core/engine/project_record.h"
 #include "core/graphics/TarvoGraf.h"
 #include "core/messages/history_log.h"
 #include "core/platform/message_box.h"
 #include "core/program/start_up.h"
 #include "core/project/project_file.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/report/report_builder.h"
 #include "core/report/results_state.h"

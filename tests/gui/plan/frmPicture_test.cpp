@@ -6,10 +6,10 @@
 #include <QMenuBar>
 #include <QScreen>
 
-#include "core/engine/working_parameters.h"
 #include "core/graphics/TarvoGraf.h"
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
+#include "core/project/working_parameters.h"
 #include "core/report/results_state.h"
 #include "core/settings/program_settings.h"
 #include "desktop/base/form_registry.h"

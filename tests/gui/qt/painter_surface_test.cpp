@@ -4,8 +4,8 @@
 #include <QPdfWriter>
 #include <QSvgRenderer>
 
-#include "core/engine/working_parameters.h"
 #include "core/graphics/TarvoGraf.h"
+#include "core/project/working_parameters.h"
 #include "core/settings/program_settings.h"
 #include "qt/plan_export.h"
 #include "tests/support/core_fixture.h"

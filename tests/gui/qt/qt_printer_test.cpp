@@ -4,7 +4,7 @@
 #include <QPrinterInfo>
 #include <QProcess>
 
-#include "core/engine/project_record.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/report/print_engine.h"
 #include "core/report/report_builder.h"

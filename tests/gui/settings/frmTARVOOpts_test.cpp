@@ -8,9 +8,9 @@
 #include <QTabBar>
 #include <QTabWidget>
 
-#include "core/engine/options_record.h"
 #include "core/messages/titles.h"
 #include "core/platform/program_name.h"
+#include "core/settings/options_record.h"
 #include "tests/support/main_window_fixture.h"
 
 namespace tarvokol {

@@ -2,10 +2,10 @@
 
 #include <gmock/gmock.h>
 
-#include "core/engine/working_parameters.h"
 #include "core/graphics/recording_surface.h"
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
+#include "core/project/working_parameters.h"
 #include "core/settings/program_settings.h"
 #include "tests/support/core_fixture.h"
 

@@ -2,17 +2,17 @@
 
 #include <filesystem>
 
-#include "core/engine/options_record.h"
-#include "core/engine/project_record.h"
 #include "core/graphics/TarvoGraf.h"
 #include "core/messages/history_log.h"
 #include "core/messages/titles.h"
 #include "core/project/lifecycle.h"
 #include "core/project/project_file.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
 #include "core/settings/ini_file.h"
+#include "core/settings/options_record.h"
 #include "core/settings/program_settings.h"
 #include "tests/support/core_fixture.h"
 

@@ -4,9 +4,9 @@
 
 #include <gmock/gmock.h>
 
-#include "core/engine/input_check.h"
-#include "core/engine/stability_analysis.h"
-#include "core/engine/working_parameters.h"
+#include "core/project/input_check.h"
+#include "core/project/stability_analysis.h"
+#include "core/project/working_parameters.h"
 #include "tests/unit/project/project_fixture.h"
 
 namespace tarvokol {

@@ -5,9 +5,9 @@
 #include <gmock/gmock.h>
 #include <unistd.h>
 
-#include "core/engine/options_record.h"
 #include "core/platform/message_box.h"
 #include "core/settings/configuration.h"
+#include "core/settings/options_record.h"
 #include "core/settings/program_settings.h"
 #include "tests/support/failing_files.h"
 #include "tests/unit/project/project_fixture.h"

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "core/engine/project_record.h"
 #include "core/project/project_file.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/runtime/text_file.h"
 #include "core/settings/folders.h"

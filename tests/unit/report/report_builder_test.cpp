@@ -1,8 +1,8 @@
 #include "core/report/report_builder.h"
 
-#include "core/engine/project_record.h"
-#include "core/engine/working_parameters.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
+#include "core/project/working_parameters.h"
 #include "core/settings/program_settings.h"
 #include "tests/support/core_fixture.h"
 

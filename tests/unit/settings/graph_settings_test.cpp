@@ -1,6 +1,6 @@
 #include "core/settings/graph_settings.h"
 
-#include "core/engine/project_record.h"
+#include "core/project/project_record.h"
 #include "tests/unit/settings/settings_fixture.h"
 
 namespace tarvokol {

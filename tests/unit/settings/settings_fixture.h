@@ -4,10 +4,10 @@
 #include <filesystem>
 #include <string>
 
-#include "core/engine/options_record.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
 #include "core/settings/graph_settings.h"
+#include "core/settings/options_record.h"
 #include "core/settings/program_settings.h"
 #include "tests/support/core_fixture.h"
 

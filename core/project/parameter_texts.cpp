@@ -1,0 +1,132 @@
+#include "core/project/parameter_texts.h"
+
+#include <cstddef>
+
+#include "core/messages/notify.h"
+#include "core/messages/titles.h"
+#include "core/platform/message_box.h"
+#include "core/project/preview_record.h"
+#include "core/runtime/checked.h"
+#include "core/runtime/numbers.h"
+
+namespace tarvokol {
+namespace {
+
+constexpr const char* kLoadPicture = "#.##";
+
+// The scroll bar's range, quoted in the message of a refused number of holes; the test itself admits from 1.
+constexpr int kFewestHoles = 2;
+
+float SingleOf(const std::string& text) {
+    return ToSingle(NumericParse(text));
+}
+
+int16_t HolesOf(const ParameterTexts& texts) {
+    return ToShort(NumericParse(texts.txtNumberHoles));
+}
+
+void StorePanel(const ParameterTexts& texts, PanelInputs& record) {
+    record.Height = NumericParse(texts.txtHeight);
+    record.DepthCover = NumericParse(texts.txtDepthCover);
+    record.HoleWidth = NumericParse(texts.txtHoleWidth);
+    record.WebThickness = NumericParse(texts.txtWebThickness);
+    record.BarrierPillarWidth = NumericParse(texts.txtBarrierPillarWidth);
+    record.NumberHoles = HolesOf(texts);
+}
+
+void StoreLoads(const ParameterTexts& texts, PanelInputs& record) {
+    record.CoalStrength = NumericParse(texts.txtCoalStrength);
+    record.UnitWeight = NumericParse(texts.txtUnitWeight);
+    record.AbutmentAngle = NumericParse(texts.txtAbutmentAngleActiveGob);
+    record.SFWeb = SingleOf(texts.txtSFWeb);
+    record.SFBarrier = SingleOf(texts.txtSFBarrier);
+}
+
+// What the two calculated fields read from the boxes: a short and singles.
+struct PanelFigures {
+    explicit PanelFigures(const ParameterTexts& texts)
+        : holes(HolesOf(texts)),
+          hole(SingleOf(texts.txtHoleWidth)),
+          web(SingleOf(texts.txtWebThickness)),
+          barrier(SingleOf(texts.txtBarrierPillarWidth)) {}
+
+    int16_t holes;
+    double hole;
+    double web;
+    double barrier;
+};
+
+}  // namespace
+
+ParameterTexts TextsOfRecord(const PanelInputs& record) {
+    ParameterTexts texts;
+    texts.txtHeight = GeneralText(record.Height);
+    texts.txtDepthCover = GeneralText(record.DepthCover);
+    texts.txtHoleWidth = GeneralText(record.HoleWidth);
+    texts.txtWebThickness = GeneralText(record.WebThickness);
+    texts.txtBarrierPillarWidth = GeneralText(record.BarrierPillarWidth);
+    texts.txtNumberHoles = GeneralText(record.NumberHoles);
+    texts.txtCoalStrength = PictureText(record.CoalStrength, kLoadPicture);
+    texts.txtUnitWeight = PictureText(record.UnitWeight, kLoadPicture);
+    texts.txtAbutmentAngleActiveGob = GeneralText(record.AbutmentAngle);
+    texts.txtSFWeb = GeneralText(record.SFWeb);
+    texts.txtSFBarrier = GeneralText(record.SFBarrier);
+    return texts;
+}
+
+void StoreParameterTexts(const ParameterTexts& texts, PanelInputs& record) {
+    StorePanel(texts, record);
+    StoreLoads(texts, record);
+}
+
+void LoadPreviewFromTexts(const ParameterTexts& texts) {
+    StorePanel(texts, PreviewRecord);
+    PreviewRecord.CrosscutSpacing = ProjectRecord.CrosscutSpacing;
+    PreviewRecord.CrosscutAngle = ProjectRecord.CrosscutAngle;
+    DerivePreviewPitches();
+    StoreLoads(texts, PreviewRecord);
+}
+
+std::string PanelWidthText(const ParameterTexts& texts) {
+    const PanelFigures panel(texts);
+    return PictureText(ToSingle((panel.holes - 1) * panel.web + panel.holes * panel.hole), "##0.");
+}
+
+std::string ExtractionRatioText(const ParameterTexts& texts) {
+    const PanelFigures panel(texts);
+    const double whole = (panel.holes - 1) * panel.web + panel.barrier + panel.holes * panel.hole;
+    if (ToSingle(whole) == 0.0f) return "";
+    // The width of all holes is rounded to single on its own; the width of the whole is not.
+    const float mined = ToSingle(panel.holes * panel.hole);
+    return PictureText(ToSingle(Divide(100.0 * mined, whole)), "##0.0");
+}
+
+HolesVerdict JudgeHolesText(const std::string& text) {
+    HolesVerdict verdict;
+    const double holes = NumericParse(text);
+    if (holes == 1.0) {
+        // A 1 is the first digit of 10 to 19.
+        verdict.single_one = true;
+        verdict.scroll_value = 10;
+    } else if (holes < 1.0 || holes > MaxHoles) {
+        verdict.refused = true;
+        Notify(OutsideRangeMessage(text, GeneralText(kFewestHoles), GeneralText(MaxHoles)),
+               box_style::Critical, RangeErrorTitle);
+    } else {
+        verdict.scroll_value = ToShort(holes);
+    }
+    return verdict;
+}
+
+std::string HolesTextAfterLoad(int16_t number_holes) {
+    const std::string text = GeneralText(number_holes);
+    const HolesVerdict verdict = JudgeHolesText(text);
+    if (verdict.single_one) return "10";
+    if (!verdict.refused) return text;
+    // Nothing has been accepted yet, so an empty text is put back, which is a change and is refused in its
+    // turn.
+    JudgeHolesText("");
+    return "";
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,92 @@
+// The texts of the parameters dialog's boxes: how they are filled from a project, tested and read back. The
+// dialog and the command line share them.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "core/project/project_record.h"
+
+namespace tarvokol {
+
+struct ParameterTexts {
+    std::string txtHeight;
+    std::string txtDepthCover;
+    std::string txtHoleWidth;
+    std::string txtWebThickness;
+    std::string txtBarrierPillarWidth;
+    std::string txtNumberHoles;
+    std::string txtCoalStrength;
+    std::string txtUnitWeight;
+    std::string txtAbutmentAngleActiveGob;
+    std::string txtSFWeb;
+    std::string txtSFBarrier;
+};
+
+// The texts as the dialog loads them; `txtNumberHoles` still stands as the plain number.
+ParameterTexts TextsOfRecord(const PanelInputs& record);
+
+// The fields of the dialog that its tests can refuse.
+enum class ParameterField {
+    Height,
+    DepthCover,
+    HoleWidth,
+    WebThickness,
+    BarrierPillarWidth,
+    NumberHoles,
+    CoalStrength,
+    UnitWeight,
+    AbutmentAngle,
+    SFWeb,
+    SFBarrier
+};
+
+// Tab of the dialog on which a field stands: 0 Standard, 1 Defaults, 2 Sizing.
+int TabOfField(ParameterField field);
+
+// The dialog's full test and the short one of its Size button. The first failure shows its message and is
+// returned.
+std::optional<ParameterField> ValidateParameterTexts(const ParameterTexts& texts);
+std::optional<ParameterField> ValidateSizingTexts(const ParameterTexts& texts);
+
+// Reads the texts into a record by the numeric parse; spacing, angle, center distances and the spare single
+// stay.
+void StoreParameterTexts(const ParameterTexts& texts, PanelInputs& record);
+
+// Reads the texts into `PreviewRecord`, with spacing and angle of `ProjectRecord` and the pitches derived.
+void LoadPreviewFromTexts(const ParameterTexts& texts);
+
+// The two fields under "Calculated data".
+std::string PanelWidthText(const ParameterTexts& texts);
+std::string ExtractionRatioText(const ParameterTexts& texts);
+
+// What the change handler of the box "Number of holes" makes of a text.
+struct HolesVerdict {
+    bool single_one = false;   // a 1: the box is to show "10" with the 0 selected
+    bool refused = false;      // outside 1 to 20: message shown, the last text is to be put back
+    int16_t scroll_value = 0;  // value for the scroll bar, 0 to leave it
+};
+HolesVerdict JudgeHolesText(const std::string& text);
+
+// The text that the box shows once the dialog has loaded a project of so many holes; out-of-range numbers
+// give their messages on the way.
+std::string HolesTextAfterLoad(int16_t number_holes);
+
+// The raw results of the Size button, single precision, inches (-1 on failure), and the texts of its two
+// fields.
+struct SuggestedSizes {
+    float SuggestedWeb = 0;
+    float SuggestedBarrier = 0;
+    std::string txtSugWeb;
+    std::string txtSugBarrier;
+};
+
+// What the button does once the short test has passed: fills the solver's block from the texts and sizes the
+// web, then the barrier. `show_web` is called between the two with the web's text, since each value shows as
+// soon as it is found. A blank abutment angle raises "Type mismatch".
+SuggestedSizes SuggestPillarSizes(const ParameterTexts& texts,
+                                  const std::function<void(const std::string&)>& show_web = {});
+
+}  // namespace tarvokol

@@ -1,0 +1,27 @@
+// The open project's inputs: the record that the project file stores and the trial copy that the drawing
+// reads.
+#pragma once
+
+#include <cstdint>
+
+#include "core/engine/panel.h"
+#include "core/engine/unit_labels.h"
+#include "core/settings/unit_system.h"
+
+namespace tarvokol {
+
+// The trial copy with the drawing's own pitches.
+struct PreviewInputs : PanelInputs {
+    OneBased<float, MaxHoles> PreviewCrosscutSpacing;
+    float PreviewCrosscutAngle = 0;
+    OneBased<float, MaxHoles> XcutPitch;
+};
+
+inline PanelInputs ProjectRecord;
+inline PreviewInputs PreviewRecord;
+
+// Fills the record with a new project's values in the present `UnitSystem`, with the default abutment angle
+// and stability factors of `OptionsRecord`. `CenterDistance`(20) and `SpareSingle` keep what they hold.
+void ResetProjectRecord();
+
+}  // namespace tarvokol

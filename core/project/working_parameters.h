@@ -1,0 +1,21 @@
+// What the input check derives from the open project and what the stability analysis computes. Never stored
+// in a file.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/engine/panel_analysis.h"
+
+namespace tarvokol {
+
+// An analysis with what its report needs.
+struct AnalysisState : PanelAnalysis {
+    int16_t CalcStressGrade = 0;  // `OutputStrGradUnits` at the time of the check
+    std::string ForceUnitLabel;   // set by ConvertToOutputUnits
+    std::string StressUnitLabel;
+};
+
+inline AnalysisState WorkingParameters;
+
+}  // namespace tarvokol

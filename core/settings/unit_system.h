@@ -1,0 +1,26 @@
+// The unit system of the open project, in whose units everything is shown.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/engine/panel.h"
+#include "core/engine/unit_labels.h"
+
+namespace tarvokol {
+
+// 0 English, 1 Metric.
+inline int16_t UnitSystem = 0;
+
+// The same as the calculation takes it.
+inline Units ProjectUnits() {
+    return static_cast<Units>(UnitSystem);
+}
+
+// The label of a row (0 to 14) in the open project's unit system: " (ft)". An index outside raises "Subscript
+// out of range".
+inline const std::string& UnitLabels(int row) {
+    return UnitLabel(UnitSystem, row);
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,65 @@
+// What the tests of the calculation on the records start from: fresh records and options, and a panel.
+#pragma once
+
+#include <vector>
+
+#include "core/project/curves.h"
+#include "core/project/project_record.h"
+#include "core/project/sizing_solver.h"
+#include "core/project/working_parameters.h"
+#include "core/settings/options_record.h"
+#include "tests/support/core_fixture.h"
+
+namespace tarvokol {
+
+class CalculationTest : public CoreTest {
+  protected:
+    CalculationTest() { ForgetEverything(); }
+    ~CalculationTest() override { ForgetEverything(); }
+
+    static void ForgetEverything() {
+        ProjectRecord = PanelInputs{};
+        PreviewRecord = PreviewInputs{};
+        WorkingParameters = AnalysisState{};
+        OptionsRecord = EngineOptions{};
+        SizingBlock = SizingParameters{};
+        CurveData = CurveTable{};
+        CurvePoints = 0;
+        CurveCount = StabilityCurveKind = SizingCurveKind = 0;
+        UnitSystem = 0;
+    }
+
+    // Seam 10, cover 100, hole and web 10, barrier 20, 5 holes, 900 psi, 162 pcf, 21 degrees, endless
+    // pillars.
+    static void EnterShallowPanel() {
+        ProjectRecord.Height = 10;
+        ProjectRecord.DepthCover = 100;
+        ProjectRecord.HoleWidth = 10;
+        ProjectRecord.CrosscutSpacing = 1000000;
+        ProjectRecord.CrosscutAngle = 90;
+        ProjectRecord.WebThickness = 10;
+        ProjectRecord.BarrierPillarWidth = 20;
+        ProjectRecord.NumberHoles = 5;
+        ProjectRecord.CoalStrength = 900;
+        ProjectRecord.UnitWeight = 162;
+        ProjectRecord.AbutmentAngle = 21;
+        ProjectRecord.SFWeb = 1.6f;
+        ProjectRecord.SFBarrier = 2.0f;
+    }
+
+    // The same panel under 300 of cover, behind a barrier of 40, with 10 holes.
+    static void EnterDeepPanel() {
+        EnterShallowPanel();
+        ProjectRecord.DepthCover = 300;
+        ProjectRecord.BarrierPillarWidth = 40;
+        ProjectRecord.NumberHoles = 10;
+    }
+};
+
+// The elements of an array, for comparisons as a whole.
+template <typename T, std::size_t N>
+std::vector<T> Elements(const OneBased<T, N>& array) {
+    return {array.begin(), array.end()};
+}
+
+}  // namespace tarvokol
