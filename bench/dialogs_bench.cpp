@@ -194,7 +194,7 @@ void Start(const QTemporaryDir& folder) {
     WaitForPaint(window);
     ProjectRecord = project;
     ProjectEmpty = 0;
-    CalculateReport();
+    CalculateReport(ProjectRecord);
     LoadOutBuf0(0);
     LoadPreviewFromTexts(TextsOfRecord(ProjectRecord));
     PlotFromResults = true;

@@ -2,6 +2,7 @@
 // a curve of 51 points in 20 microseconds.
 #include <benchmark/benchmark.h>
 
+#include "core/engine/engine.h"
 #include "core/headless/headless_platform.h"
 #include "core/project/curves.h"
 #include "core/project/input_check.h"
@@ -61,6 +62,32 @@ void Sizing(benchmark::State& state) {
     for (auto _ : state) benchmark::DoNotOptimize(SolvePillarSize(start));
 }
 BENCHMARK(Sizing)->ArgName("mode")->Arg(1)->Arg(2);
+
+// What a study asks of each of a million panels, without the program's records.
+Panel PanelOfRecord() {
+    EnterPanel(20);
+    return {ProjectRecord, ProjectUnits()};
+}
+
+void FactorsAlone(benchmark::State& state) {
+    Panel panel = PanelOfRecord();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(panel);
+        benchmark::DoNotOptimize(FactorsOf(panel));
+    }
+}
+BENCHMARK(FactorsAlone);
+
+void CheckAnalyseSize(benchmark::State& state) {
+    Panel panel = PanelOfRecord();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(panel);
+        const CheckOutcome outcome = Check(panel);
+        benchmark::DoNotOptimize(Analyse(std::get<CheckedPanel>(outcome)));
+        benchmark::DoNotOptimize(SizePillars(panel));
+    }
+}
+BENCHMARK(CheckAnalyseSize);
 
 void StabilityCurve(benchmark::State& state) {
     EnterPanel(20);

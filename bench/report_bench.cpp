@@ -18,7 +18,7 @@ void SetReportNames() {
 
 // Input check, analysis and all three pages.
 void BuildReport() {
-    if (!CalculateReport()) Raise(error_number::InvalidCall);
+    if (!CalculateReport(ProjectRecord)) Raise(error_number::InvalidCall);
     LoadOutBuf0(2);
 }
 

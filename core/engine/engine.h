@@ -79,6 +79,15 @@ struct Analysis : PanelAnalysis {
 // Strengths, loads and the three stability factors. Raises the errors of AnalysePanel.
 Analysis Analyse(const CheckedPanel& panel);
 
+// The three factors alone, to the bit those of the analysis, for whoever calculates a million panels: no array
+// is filled and nothing is asked of the heap. Raises the errors of Check and Analyse.
+struct PanelFactors {
+    double overall = 0;
+    double webs_only = 0;
+    double barrier = 0;
+};
+std::variant<PanelFactors, Refusal> FactorsOf(const Panel& panel);
+
 // An analysis for a report: forces and stresses in output units, and their labels (" (tons)", " (psi)").
 struct OutputFigures {
     PanelAnalysis figures;

@@ -2,17 +2,12 @@
 
 #include <cmath>
 
+#include "core/engine/panel_formulas.h"
 #include "core/engine/unit_labels.h"
 #include "core/runtime/checked.h"
 
 namespace tarvokol {
 namespace {
-
-// Strength over in situ strength = intercept + slope x width / height - length term x width^2 / (height x
-// length).
-constexpr double kStrengthIntercept = 0.64;
-constexpr double kStrengthSlope = 0.54;
-constexpr double kStrengthLengthTerm = 0.18;
 
 constexpr double kPoundsPerTon = 2000.0;
 constexpr double kPsiPerPsf = 0.006944444444444444;
@@ -26,23 +21,20 @@ void ResetResults(PanelAnalysis& w) {
     w.ZoneOffset.Fill(0.0);
 }
 
-// Strength of a pillar of width `width` and length `length`, in the units of `strength`.
-double StrengthOfPillar(double strength, double width, double height, double length) {
-    return Checked(strength *
-                   (Divide(kStrengthSlope * width, height) -
-                    Divide(kStrengthLengthTerm * Squared(width), height * length) + kStrengthIntercept));
+// The strength of pillar i. Webs are alike, so that most pillars have that of the one before.
+double PillarStrengthOf(const PanelAnalysis& w, int i) {
+    const double width = w.PillarWidth[i];
+    const double length = w.PillarLength[i];
+    if (i > 1 && width == w.PillarWidth[i - 1] && length == w.PillarLength[i - 1])
+        return w.PillarStrength[i - 1];
+    return StrengthOfPillar(w.CalcStrength, width, w.CalcHeight, length);
 }
 
 void ComputePillars(PanelAnalysis& w) {
-    const double strength = w.CalcStrength;
-    const double height = w.CalcHeight;
     for (w.CalcLoopIndex = 1; w.CalcLoopIndex <= w.CalcHoles; ++w.CalcLoopIndex) {
         const int i = w.CalcLoopIndex;
-        const double width = w.PillarWidth[i];
-        const double length = w.PillarLength[i];
-        double pillar_strength = StrengthOfPillar(strength, width, height, length);
-        if (width == 0.0) pillar_strength = 0.0;
-        const double area = Checked(length * width);
+        const double pillar_strength = PillarStrengthOf(w, i);
+        const double area = Checked(w.PillarLength[i] * w.PillarWidth[i]);
         const double capacity = Checked(area * pillar_strength);
         w.PillarStrength[i] = pillar_strength;
         w.PillarArea[i] = area;
@@ -68,13 +60,6 @@ void ComputeDevelopmentLoads(PanelAnalysis& w) {
         Checked(((holes - 1.0) * web + holes * hole + w.PillarWidth[1]) * column);
     w.DevelopmentLoad[stability_case::WebsOnly] = Checked(column * (hole + web));
     w.DevelopmentLoad[stability_case::Barrier] = Checked(w.CalcUnitWeight * w.CalcDepth * w.BarrierWidthCopy);
-}
-
-// Load of the overburden wedge that hangs over the span from one side: fully developed over a wide span, cut
-// off by the symmetry of the span otherwise, exact equality included.
-double SideLoad(double span, double tangent, double depth, double unit_weight) {
-    if (span / 2.0 > depth * tangent) return Checked(Squared(depth) * tangent * (unit_weight / 2.0));
-    return Checked((depth * span / 2.0 - Divide(Squared(span), 8.0 * tangent)) * unit_weight);
 }
 
 // Both passes run on equal inputs; only the first, stored one further up, reaches the result.

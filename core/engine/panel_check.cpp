@@ -1,22 +1,18 @@
 #include "core/engine/panel_check.h"
 
+#include "core/engine/panel_formulas.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"
 
 namespace tarvokol {
 namespace {
 
-// Strength in psf or kPa.
-constexpr double kPsfPerPsi = 144.0;
-constexpr double kKilopascalPerMegapascal = 1000.0;
-
 // Nine hundred, not ninety: the check has always admitted a turn and more.
 constexpr double kLargestCrosscutAngle = 900.0;
 
 void DeriveScalars(const PanelInputs& inputs, Units units, PanelAnalysis& w) {
     w.CalcUnitWeight = inputs.UnitWeight;
-    w.CalcStrength =
-        Checked(inputs.CoalStrength * (units == Units::English ? kPsfPerPsi : kKilopascalPerMegapascal));
+    w.CalcStrength = AnalysisStrength(inputs.CoalStrength, units);
     w.CalcHeight = inputs.Height;
     w.CalcDepth = inputs.DepthCover;
     w.CalcHoleWidth = inputs.HoleWidth;

@@ -102,7 +102,6 @@ SizingOutcome SolvePillar(const SizingParameters& block, float start) {
     double B = start;
     double f = SizingFunction(block, B);
     for (int step = 0; std::fabs(f) > kTolerance && step < kStepLimit; ++step) {
-        f = SizingFunction(block, B);
         B = Checked(B - Divide(f, SizingSlope(block, B)));
         if (B < 0.0) break;
         f = SizingFunction(block, B);

@@ -24,23 +24,19 @@
 namespace tarvokol {
 namespace {
 
-void ResetEngine() {
+void ResetCalculation() {
     ProjectRecord = {};
     PreviewRecord = {};
     WorkingParameters = {};
     SizingBlock = {};
-    CurveData = {};
-    CurvePoints = 0;
-    CurveCount = 0;
-    StabilityCurveKind = 0;
-    SizingCurveKind = 0;
+    state::Curves = {};
 }
 
 }  // namespace
 
 void ResetProgram() {
     AbandonAllFiles();
-    ResetEngine();
+    ResetCalculation();
     CurrentError = RunTimeError{0, ""};
     state::Titles = {};
     state::History = {};

@@ -9,11 +9,21 @@
 
 namespace tarvokol {
 
-inline CurveTable CurveData;            // column 0 holds x, column i the values of curve i
-inline int32_t CurvePoints = 0;         // rows filled
-inline int16_t CurveCount = 0;          // curves to draw
-inline int16_t StabilityCurveKind = 0;  // 0 height, 1 depth of cover, 2 hole width
-inline int16_t SizingCurveKind = 0;     // 0 web thickness, 1 barrier width
+struct CurveValues {
+    CurveTable CurveData;            // column 0 holds x, column i the values of curve i
+    int32_t CurvePoints = 0;         // rows filled
+    int16_t CurveCount = 0;          // curves to draw
+    int16_t StabilityCurveKind = 0;  // 0 height, 1 depth of cover, 2 hole width
+    int16_t SizingCurveKind = 0;     // 0 web thickness, 1 barrier width
+};
+namespace state {
+inline CurveValues Curves;
+}  // namespace state
+inline auto& CurveData = state::Curves.CurveData;
+inline auto& CurvePoints = state::Curves.CurvePoints;
+inline auto& CurveCount = state::Curves.CurveCount;
+inline auto& StabilityCurveKind = state::Curves.StabilityCurveKind;
+inline auto& SizingCurveKind = state::Curves.SizingCurveKind;
 
 // Names of the curves, set at start-up.
 inline OneBased<std::string, 3> CurveNames;

@@ -85,17 +85,17 @@ void WriteInputs(Page& page) {
 }
 
 // The hole width takes a trip through text here, and nowhere else.
-double PanelWidth() {
+double PanelWidth(const PanelInputs& record) {
     const int holes = WorkingParameters.CalcHoles;
-    return Checked((holes - 1) * ProjectRecord.WebThickness +
+    return Checked((holes - 1) * record.WebThickness +
                    holes * ThroughText(WorkingParameters.CalcHoleWidth));
 }
 
 // Percent.
-double ExtractionRatio() {
+double ExtractionRatio(const PanelInputs& record) {
     const int holes = WorkingParameters.CalcHoles;
     const double mined = holes * WorkingParameters.CalcHoleWidth;
-    const double panel = (holes - 1) * ProjectRecord.WebThickness + ProjectRecord.BarrierPillarWidth + mined;
+    const double panel = (holes - 1) * record.WebThickness + record.BarrierPillarWidth + mined;
     return Checked(Divide(100.0 * mined, panel));
 }
 
@@ -103,15 +103,14 @@ void DerivedRow(Page& page, const char* label, double value, const std::string& 
     InputRow(page, label, PictureText(value, kTwoDecimals), unit);
 }
 
-void WriteDerivedValues(Page& page) {
-    const PanelInputs& record = ProjectRecord;
-    DerivedRow(page, "Panel width (excluding barriers)", PanelWidth(), UnitLabels(unit_row::Length));
+void WriteDerivedValues(Page& page, const PanelInputs& record) {
+    DerivedRow(page, "Panel width (excluding barriers)", PanelWidth(record), UnitLabels(unit_row::Length));
     if (record.Height != 0.0) {
         DerivedRow(page, "Barrier pillar width-to-height ratio",
                    Checked(record.BarrierPillarWidth / record.Height), "");
         DerivedRow(page, "Web thickness-to-height ratio", Checked(record.WebThickness / record.Height), "");
     }
-    DerivedRow(page, "Extraction ratio", ExtractionRatio(), " %");
+    DerivedRow(page, "Extraction ratio", ExtractionRatio(record), " %");
 }
 
 using PillarValues = OneBased<double, MaxHoles>;
@@ -145,6 +144,10 @@ void LoadOutBuf0(const int16_t&) {
 }
 
 void WriteStabilitySection() {
+    WriteStabilitySection(ProjectRecord);
+}
+
+void WriteStabilitySection(const PanelInputs& record) {
     Page page(1);
     page.Row("[TARVO-KOL STABILITY FACTORS]");
     page.Blank();
@@ -152,7 +155,7 @@ void WriteStabilitySection() {
         page.Row(DotPad(StabilityCaseNames[k], kFactorDots) +
                  PictureText(WorkingParameters.StabilityFactor[k], kTwoDecimals));
     page.Blank(2);
-    WriteDerivedValues(page);
+    WriteDerivedValues(page, record);
     page.Blank(2);
     LogMessage("TARVO-KOL stability factors calculated");
     ConvertToOutputUnits();
@@ -178,11 +181,11 @@ void WritePillarSection() {
     page.Blank(3);
 }
 
-bool CalculateReport() {
+bool CalculateReport(PanelInputs& record) {
     LastOutputPage = 2;
-    if (!PrepareWorkingParameters()) return false;
+    if (!PrepareWorkingParameters(record)) return false;
     RunStabilityAnalysis();
-    WriteStabilitySection();
+    WriteStabilitySection(record);
     WritePillarSection();
     return true;
 }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/runtime/numbers.h"
 #include "core/runtime/one_based.h"
@@ -30,15 +31,18 @@ inline auto& PillarClassNames = state::Report.PillarClassNames;
 // Writes page 0 from the project's inputs; `mode` is ignored. Raises the error of WrapText.
 void LoadOutBuf0(const int16_t& mode);
 
-// Writes page 1, logs, and puts the results into output units at its very end.
+// Writes page 1 of the project, or of the record that the analysis ran on; logs, and puts the results into
+// output units at its very end.
 void WriteStabilitySection();
+void WriteStabilitySection(const PanelInputs& record);
 
 // Writes page 2; must run after WriteStabilitySection.
 void WritePillarSection();
 
-// Steps of the output command behind its gate: input check, analysis, pages 1 and 2. False if the check
-// refuses, and then the pages stay as they were.
-bool CalculateReport();
+// Steps of the output command behind its gate, for a record in the open project's units: input check, which
+// rebuilds its center distances, analysis, pages 1 and 2. False if the check refuses, and then the pages stay
+// as they were.
+bool CalculateReport(PanelInputs& record);
 
 // The text with "." up to a width, or with blanks before it; longer texts stay unchanged. Widths in
 // characters.

@@ -1,4 +1,5 @@
-// Fixed arrays whose elements are numbered from 1, as the trade numbers its pillars.
+// Fixed arrays whose elements carry the numbers of what they stand for: pillars and cases from 1, pages and rows
+// of tables from 0.
 #pragma once
 
 #include <array>
@@ -8,7 +9,7 @@
 
 namespace tarvokol {
 
-// Elements First to Last of T. An index outside raises "Subscript out of range".
+// Elements FirstIndex to LastIndex of T. An index outside raises "Subscript out of range".
 template <typename T, std::size_t FirstIndex, std::size_t LastIndex>
 class IndexedArray {
   public:
@@ -40,7 +41,7 @@ class IndexedArray {
 template <typename T, std::size_t N>
 using OneBased = IndexedArray<T, 1, N>;
 
-// Elements 0 to N, for the tables whose first row is numbered 0.
+// Elements 0 to N, that is, N + 1 of them.
 template <typename T, std::size_t N>
 using ZeroBased = IndexedArray<T, 0, N>;
 

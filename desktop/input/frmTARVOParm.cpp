@@ -259,7 +259,7 @@ void frmTARVOParm::cmdResults_Click() {
     LoadPreview();
     SavedRecord_ = ProjectRecord;
     ProjectRecord = PreviewRecord;
-    if (!CalculateReport()) return;
+    if (!CalculateReport(ProjectRecord)) return;
     LoadOutBuf0(2);
     ResultsCaller = this;
     setEnabled(false);

@@ -113,7 +113,7 @@ void frmMain::mnuCalcItem_Click(int Index) {
         Notify("Current file is empty", box_style::PlainSecondButton);
         return;
     }
-    if (Index != 0 || !CalculateReport()) return;
+    if (Index != 0 || !CalculateReport(ProjectRecord)) return;
     ResultsCaller = this;
     setEnabled(false);
     LoadOutBuf0(2);

@@ -159,7 +159,7 @@ void OpenProject(const QString& project) {
 
 void KeepForms() {
     frmMain::Instance().ShowModeless();
-    CalculateReport();
+    CalculateReport(ProjectRecord);
     LoadOutBuf0(0);
     LoadPreviewFromTexts(TextsOfRecord(ProjectRecord));
     PlotFromResults = true;

@@ -119,7 +119,7 @@ TEST_F(PaperPrinter, PrintsTheWholeReport) {
     record.CoalStrength = 900;
     record.UnitWeight = 162;
     record.AbutmentAngle = 21;
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     LoadOutBuf0(2);
     const std::string report = OutputBuffers[0] + OutputBuffers[1] + OutputBuffers[2];
     PrintJobOf(report);

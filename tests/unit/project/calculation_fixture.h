@@ -23,9 +23,7 @@ class CalculationTest : public CoreTest {
         WorkingParameters = AnalysisState{};
         OptionsRecord = EngineOptions{};
         SizingBlock = SizingParameters{};
-        CurveData = CurveTable{};
-        CurvePoints = 0;
-        CurveCount = StabilityCurveKind = SizingCurveKind = 0;
+        state::Curves = {};
         UnitSystem = 0;
     }
 

@@ -119,7 +119,7 @@ TEST_F(Report, RepeatsTheInputsOnPageZero) {
 }
 
 TEST_F(Report, GivesTheFactorsAndDerivedFiguresOnPageOne) {
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     EXPECT_EQ(OutputBuffers[1],
               PageOf({"[TARVO-KOL STABILITY FACTORS]", "", "Overall............................5.93",
                       "Webs ONLY..........................4.72", "Barrier Pillar.....................4.71",
@@ -130,7 +130,7 @@ TEST_F(Report, GivesTheFactorsAndDerivedFiguresOnPageOne) {
 }
 
 TEST_F(Report, GivesThePillarTablesOnPageTwo) {
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     EXPECT_EQ(OutputBuffers[2],
               PageOf({"[PILLAR PARAMETERS]", "", "PILLAR          ENTRY       MINIMUM",
                       "               CENTER     DIMENSION", "                 (ft)          (ft)",
@@ -145,7 +145,7 @@ TEST_F(Report, GivesTheDeepTenHolePanel) {
     ProjectRecord.DepthCover = 300;
     ProjectRecord.BarrierPillarWidth = 40;
     ProjectRecord.NumberHoles = 10;
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     EXPECT_EQ(OutputBuffers[1],
               PageOf({"[TARVO-KOL STABILITY FACTORS]", "", "Overall............................2.53",
                       "Webs ONLY..........................1.57", "Barrier Pillar.....................1.97",
@@ -160,7 +160,7 @@ TEST_F(Report, GivesTheDeepTenHolePanel) {
 TEST_F(Report, GivesTheTwoHolePanelWithItsCutOffWedge) {
     ProjectRecord.BarrierPillarWidth = 10;
     ProjectRecord.NumberHoles = 2;
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     EXPECT_EQ(OutputBuffers[1],
               PageOf({"[TARVO-KOL STABILITY FACTORS]", "", "Overall............................4.72",
                       "Webs ONLY..........................4.72", "Barrier Pillar.....................2.77",
@@ -172,7 +172,7 @@ TEST_F(Report, GivesTheTwoHolePanelWithItsCutOffWedge) {
 
 TEST_F(Report, GivesAMetricPanelInMetricUnits) {
     SetMetricPanel();
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     EXPECT_EQ(InputPage(), PageOf({"TARVOKOL module build: 1.3.02",
                                    "Project File: Untitled",
                                    "",
@@ -217,7 +217,7 @@ TEST_F(Report, GivesAMetricPanelInMetricUnits) {
 TEST_F(Report, ShowsMetricStressesInKilopascalsWhateverTheOptionSays) {
     SetMetricPanel();
     OptionsRecord.OutputStrUnits = 1;
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     const std::vector<std::string> lines = LinesOf(OutputBuffers[2]);
     EXPECT_EQ(lines[9], "              (m)*(m)         (kPa)");
     EXPECT_EQ(lines[10], "Barrier      9.75E+06      2.21E+04");
@@ -225,7 +225,7 @@ TEST_F(Report, ShowsMetricStressesInKilopascalsWhateverTheOptionSays) {
 
 TEST_F(Report, ShowsStrengthsInPoundsPerSquareFootOnRequest) {
     OptionsRecord.OutputStrUnits = 1;
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     const std::vector<std::string> lines = LinesOf(OutputBuffers[2]);
     EXPECT_EQ(lines[9], "            (ft)*(ft)         (psf)");
     EXPECT_EQ(lines[10], "Barrier      2.00E+07      2.23E+05");
@@ -233,16 +233,16 @@ TEST_F(Report, ShowsStrengthsInPoundsPerSquareFootOnRequest) {
 }
 
 TEST_F(Report, GivesTheSameFactorsInAnyOutputUnits) {
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     const std::string tons_and_psi = OutputBuffers[1];
     OptionsRecord.OutputStrUnits = 1;
     OptionsRecord.OutputStrGradUnits = 0;
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     EXPECT_EQ(OutputBuffers[1], tons_and_psi);
 }
 
 TEST_F(Report, PutsForcesIntoTonsAtTheEndOfPageOne) {
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     EXPECT_EQ(WorkingParameters.ForceUnitLabel, " (tons)");
     EXPECT_EQ(WorkingParameters.StressUnitLabel, " (psi)");
     EXPECT_DOUBLE_EQ(WorkingParameters.DevelopmentLoad[3], 162.0);  // 162 x 100 x 20 lbs/ft / 2000
@@ -251,7 +251,7 @@ TEST_F(Report, PutsForcesIntoTonsAtTheEndOfPageOne) {
 
 TEST_F(Report, LeavesForcesInPoundsOnRequest) {
     OptionsRecord.OutputStrGradUnits = 0;
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     EXPECT_EQ(WorkingParameters.ForceUnitLabel, " (lbs)");
     EXPECT_DOUBLE_EQ(WorkingParameters.DevelopmentLoad[3], 324000.0);
 }
@@ -265,7 +265,7 @@ TEST_F(Report, BeginsWithTheTitleWithoutTheModuleHeader) {
 
 TEST_F(Report, LeavesOutThePlotReminderOnRequest) {
     PrintPlotReminder = 0;
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     EXPECT_EQ(OutputBuffers[2],
               PageOf({"[PILLAR PARAMETERS]", "", "PILLAR          ENTRY       MINIMUM",
                       "               CENTER     DIMENSION", "                 (ft)          (ft)",
@@ -286,7 +286,7 @@ TEST_F(Report, LimitsNoWidth) {
     record.CoalStrength = 9000;
     record.UnitWeight = 100;
     record.AbutmentAngle = 45;
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     EXPECT_THAT(
         LinesOf(OutputBuffers[1]),
         ElementsAre("[TARVO-KOL STABILITY FACTORS]", "", "Overall............................54663574.92",
@@ -323,7 +323,7 @@ TEST_F(Report, RoundsAFactorFromItsDecimal) {
 TEST_F(Report, TakesTheNamesFromTheirTables) {
     StabilityCaseNames[2] = "A name of exactly thirty-five chars";
     PillarClassNames[1] = "Rib";
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     EXPECT_EQ(LinesOf(OutputBuffers[1])[3], "A name of exactly thirty-five chars4.72");
     EXPECT_EQ(LinesOf(OutputBuffers[2])[5], "Rib         30.00         20.00");
 }
@@ -353,7 +353,7 @@ TEST_F(Report, LeavesOutTheRatiosOfAPanelWithoutHeight) {
 }
 
 TEST_F(Report, TakesThePanelsFiguresFromTheRecordNotTheResults) {
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     ProjectRecord.WebThickness = 20;
     WriteStabilitySection();
     EXPECT_EQ(LinesOf(OutputBuffers[1])[7], "Panel width (excluding barriers)..................130.00 (ft)");
@@ -361,31 +361,31 @@ TEST_F(Report, TakesThePanelsFiguresFromTheRecordNotTheResults) {
 }
 
 TEST_F(Report, LogsTheCalculation) {
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     EXPECT_EQ(Host.MainWindow.History, "1. TARVO-KOL stability factors calculated\r\n");
 }
 
 TEST_F(Report, LeavesTheLoopIndexBehindThePillarsListed) {
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     EXPECT_EQ(WorkingParameters.CalcLoopIndex, 3);
 }
 
 TEST_F(Report, ListsBarrierAndWebWhateverTheNumberOfHoles) {
     for (const int16_t holes : {int16_t{2}, int16_t{20}}) {
         ProjectRecord.NumberHoles = holes;
-        ASSERT_TRUE(CalculateReport());
+        ASSERT_TRUE(CalculateReport(ProjectRecord));
         EXPECT_EQ(LinesOf(OutputBuffers[2]).size(), 19u);
     }
 }
 
 TEST_F(Report, AccumulatesNothingInASecondRun) {
     ProjectDescription = "One line";
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     LoadOutBuf0(2);
     const std::string inputs = OutputBuffers[0];
     const std::string factors = OutputBuffers[1];
     const std::string pillars = OutputBuffers[2];
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     LoadOutBuf0(2);
     EXPECT_EQ(OutputBuffers[0], inputs);
     EXPECT_EQ(OutputBuffers[1], factors);
@@ -402,24 +402,45 @@ TEST_F(Report, IgnoresTheModeOfPageZero) {
 TEST_F(Report, SetsTheLastPageBeforeEveryRun) {
     LastOutputPage = 0;
     ProjectRecord.Height = 0;
-    EXPECT_FALSE(CalculateReport());
+    EXPECT_FALSE(CalculateReport(ProjectRecord));
     EXPECT_EQ(LastOutputPage, 2);
 }
 
 TEST_F(Report, WritesNoPageForAProjectThatTheCheckRefuses) {
     OutputBuffers.Fill("kept");
     ProjectRecord.Height = 0;
-    EXPECT_FALSE(CalculateReport());
+    EXPECT_FALSE(CalculateReport(ProjectRecord));
     EXPECT_THAT(Messages(), ElementsAre("Invalid entry height"));
     EXPECT_EQ(OutputBuffers[0], "kept");
     EXPECT_EQ(OutputBuffers[1], "kept");
     EXPECT_EQ(OutputBuffers[2], "kept");
 }
 
+TEST_F(Report, ReportsTheRecordThatItIsGiven) {
+    PanelInputs other = ProjectRecord;
+    other.Height = ProjectRecord.Height / 2;
+    other.HoleWidth = 8;
+    other.WebThickness = 4;
+    other.BarrierPillarWidth = 36;
+    other.NumberHoles = 5;
+    const PanelInputs before = ProjectRecord;
+    ASSERT_TRUE(CalculateReport(other));
+    // 4 webs and 5 holes: 16 + 40; 40 of 92
+    EXPECT_THAT(OutputBuffers[1],
+                ::testing::HasSubstr("Panel width (excluding barriers)..................56.00 (ft)"));
+    EXPECT_THAT(OutputBuffers[1],
+                ::testing::HasSubstr("Extraction ratio..................................43.48 %"));
+    EXPECT_EQ(other.CenterDistance[1], 44);
+    EXPECT_EQ(ProjectRecord.WebThickness, before.WebThickness);
+    EXPECT_EQ(ProjectRecord.CenterDistance, before.CenterDistance);
+    EXPECT_FALSE(CalculateReport(other = PanelInputs{}));
+    EXPECT_THAT(Messages(), ElementsAre("Invalid entry height"));
+}
+
 TEST_F(Report, ChangesNoFlagOfTheProject) {
     ProjectSaved = 0;
     ProjectEmpty = 0;
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     LoadOutBuf0(2);
     EXPECT_EQ(ProjectSaved, 0);
     EXPECT_EQ(ProjectEmpty, 0);
@@ -502,7 +523,7 @@ TEST_F(Report, AcceptsAnyPathWithoutTheModuleHeader) {
 
 TEST_F(Report, ReplacesAPageWhole) {
     OutputBuffers.Fill("old text");
-    ASSERT_TRUE(CalculateReport());
+    ASSERT_TRUE(CalculateReport(ProjectRecord));
     LoadOutBuf0(0);
     for (int page = 0; page <= 2; ++page) EXPECT_EQ(OutputBuffers[page].find("old text"), std::string::npos);
 }

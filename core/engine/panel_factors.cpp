@@ -1,0 +1,78 @@
+// The three stability factors without the arrays of the analysis.
+#include <cmath>
+
+#include "core/engine/engine.h"
+#include "core/engine/panel_formulas.h"
+
+namespace tarvokol {
+namespace {
+
+// Between these figures no product of the analysis comes near the range of a double or of a single, and
+// nothing is refused.
+constexpr double kLeast = 1e-9;
+constexpr double kMost = 1e9;
+
+constexpr double kFullTurn = 360.0;
+constexpr int kFewestHoles = 2;
+
+bool IsOrdinary(double figure) {
+    return figure >= kLeast && figure <= kMost;
+}
+
+bool IsOrdinary(const Panel& p) {
+    return IsOrdinary(p.Height) && IsOrdinary(p.DepthCover) && IsOrdinary(p.HoleWidth) &&
+           IsOrdinary(p.CrosscutSpacing) && IsOrdinary(p.WebThickness) && IsOrdinary(p.BarrierPillarWidth) &&
+           IsOrdinary(p.CoalStrength) && IsOrdinary(p.UnitWeight) && IsOrdinary(p.AbutmentAngle) &&
+           p.CrosscutAngle >= 0.0 && p.CrosscutAngle <= kFullTurn && p.NumberHoles >= kFewestHoles &&
+           p.NumberHoles <= MaxHoles;
+}
+
+// One barrier and its webs, added up pillar by pillar.
+double PanelCapacity(double barrier, double web, int holes) {
+    double sum = barrier;
+    for (int i = 2; i <= holes; ++i) sum += web;
+    return sum;
+}
+
+PanelFactors FactorsOfOrdinary(const Panel& p) {
+    const double hole = p.HoleWidth;
+    const double length = p.CrosscutSpacing;
+    const double depth = p.DepthCover;
+    const double holes = p.NumberHoles;
+    const double barrier = (p.BarrierPillarWidth + hole) - hole;
+    const double web = (p.WebThickness + hole) - hole;
+    const double strength = AnalysisStrength(p.CoalStrength, p.units);
+    const double barrier_capacity = length * barrier * StrengthOfPillar(strength, barrier, p.Height, length);
+    const double web_capacity = length * web * StrengthOfPillar(strength, web, p.Height, length);
+
+    const double span = (holes - 1.0) * web + holes * hole;
+    const double column = p.UnitWeight * depth * length;
+    const double side = SideLoad(span, std::tan(p.AbutmentAngle * RadiansPerDegree), depth, p.UnitWeight);
+    const double barrier_load = 2.0 * side + p.UnitWeight * depth * barrier;
+
+    PanelFactors factors;
+    factors.overall =
+        Divide(PanelCapacity(barrier_capacity, web_capacity, p.NumberHoles), (span + barrier) * column);
+    factors.webs_only = Divide(web_capacity, column * (hole + web));
+    factors.barrier = Checked(Divide(barrier_capacity / length, barrier_load));
+    return factors;
+}
+
+// Whatever is out of the ordinary goes the long road, which tells refusals and errors in their order.
+std::variant<PanelFactors, Refusal> FactorsOfAnalysis(const Panel& panel) {
+    const CheckOutcome outcome = Check(panel);
+    if (const auto* refusal = std::get_if<Refusal>(&outcome)) return *refusal;
+    const Analysis analysis = Analyse(std::get<CheckedPanel>(outcome));
+    return PanelFactors{analysis.StabilityFactor[stability_case::Overall],
+                        analysis.StabilityFactor[stability_case::WebsOnly],
+                        analysis.StabilityFactor[stability_case::Barrier]};
+}
+
+}  // namespace
+
+std::variant<PanelFactors, Refusal> FactorsOf(const Panel& panel) {
+    if (!IsOrdinary(panel)) return FactorsOfAnalysis(panel);
+    return FactorsOfOrdinary(panel);
+}
+
+}  // namespace tarvokol

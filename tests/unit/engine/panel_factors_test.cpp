@@ -1,0 +1,89 @@
+// The factors alone and those of the whole analysis: the same bits, refusals and errors.
+#include <bit>
+
+#include <gtest/gtest.h>
+
+#include "core/engine/engine.h"
+#include "tests/support/raised_error.h"
+#include "tests/support/random_panels.h"
+
+namespace tarvokol {
+namespace {
+
+struct Answer {
+    int error = 0;
+    int refused_test = -1;
+    std::uint64_t bits[3] = {0, 0, 0};
+
+    bool operator==(const Answer&) const = default;
+};
+
+template <typename Calculate>
+Answer AnswerOf(Calculate calculate) {
+    Answer answer;
+    answer.error = RaisedError([&] { calculate(answer); });
+    return answer;
+}
+
+void Store(Answer& answer, double overall, double webs, double barrier) {
+    answer.bits[0] = std::bit_cast<std::uint64_t>(overall);
+    answer.bits[1] = std::bit_cast<std::uint64_t>(webs);
+    answer.bits[2] = std::bit_cast<std::uint64_t>(barrier);
+}
+
+Answer OfTheFactorsAlone(const Panel& panel) {
+    return AnswerOf([&](Answer& answer) {
+        const auto outcome = FactorsOf(panel);
+        if (const auto* refusal = std::get_if<Refusal>(&outcome)) {
+            answer.refused_test = static_cast<int>(refusal->test);
+            return;
+        }
+        const auto& factors = std::get<PanelFactors>(outcome);
+        Store(answer, factors.overall, factors.webs_only, factors.barrier);
+    });
+}
+
+Answer OfTheAnalysis(const Panel& panel) {
+    return AnswerOf([&](Answer& answer) {
+        const CheckOutcome outcome = Check(panel);
+        if (const auto* refusal = std::get_if<Refusal>(&outcome)) {
+            answer.refused_test = static_cast<int>(refusal->test);
+            return;
+        }
+        const auto found = Analyse(std::get<CheckedPanel>(outcome)).StabilityFactor;
+        Store(answer, found[1], found[2], found[3]);
+    });
+}
+
+TEST(PanelFactorsTest, AreThoseOfTheAnalysisToTheBit) {
+    int sound = 0, refused = 0, failed = 0;
+    for (std::uint64_t number = 0; number < 200000; ++number) {
+        const Panel panel = RandomPanel(number);
+        const Answer answer = OfTheAnalysis(panel);
+        ASSERT_EQ(OfTheFactorsAlone(panel), answer) << "panel " << number;
+        ++(answer.error != 0 ? failed : answer.refused_test >= 0 ? refused : sound);
+    }
+    EXPECT_GT(sound, 150000);
+    EXPECT_GT(refused, 3000);
+    EXPECT_GT(failed, 500);
+}
+
+TEST(PanelFactorsTest, OfTheShallowPanel) {
+    Panel panel;
+    panel.Height = panel.HoleWidth = panel.WebThickness = 10;
+    panel.DepthCover = 100;
+    panel.BarrierPillarWidth = 20;
+    panel.NumberHoles = 5;
+    panel.CrosscutSpacing = 1000000;
+    panel.CrosscutAngle = 90;
+    panel.CoalStrength = 900;
+    panel.UnitWeight = 162;
+    panel.AbutmentAngle = 21;
+    const auto factors = std::get<PanelFactors>(FactorsOf(panel));
+    EXPECT_EQ(factors.overall, 5.934529745454546);
+    EXPECT_EQ(factors.webs_only, 4.719992800000001);
+    EXPECT_NEAR(factors.barrier, 4.713406400915023, 1e-15);
+}
+
+}  // namespace
+}  // namespace tarvokol
