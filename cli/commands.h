@@ -4,6 +4,7 @@
 #include <string>
 
 #include "cli/options.h"
+#include "cli/study_options.h"
 #include "core/headless/headless_platform.h"
 
 namespace tarvokol::cli {
@@ -22,6 +23,11 @@ int RunPlan(const Options& options, HeadlessPlatform& host, const std::string& m
 int RunConvert(const Options& options, HeadlessPlatform& host, const std::string& target);
 
 int RunSave(const Options& options, HeadlessPlatform& host);
+
+// Studies: a grid of panels, a table of panels, the probability of factors below their targets.
+int RunSweep(const StudyOptions& options, HeadlessPlatform& host);
+int RunTable(const StudyOptions& options, HeadlessPlatform& host);
+int RunRiskCommand(const StudyOptions& options, HeadlessPlatform& host);
 
 // `quantity` is length, load, load-grad, stress or stress-grad; `unit` an option caption.
 int RunUnits(bool json, const std::string& quantity, const std::string& unit, const std::string& value);

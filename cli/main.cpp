@@ -111,6 +111,95 @@ void AddSettingsCommand(CLI::App& app, Options& options, Command& chosen) {
     settings->callback([&] { chosen = [&] { return RunSettings(options.json, options.settings); }; });
 }
 
+void AddStudy(CLI::App& command, StudyOptions& options, const std::string& output_help) {
+    AddSettings(command, options.common);
+    command.add_option("-o,--output", options.common.output, output_help)->type_name("PATH");
+    command.add_flag("--force", options.common.force, "Replace existing files");
+    command.add_option("--threads", options.threads, "Threads to calculate on (default: one a core)")
+        ->type_name("N")
+        ->check(CLI::Range(1U, 1024U));
+    command.add_option("PROJECT", options.project, "The project to start from")->required()->type_name("");
+}
+
+void AddRowOptions(CLI::App& command, StudyOptions& options) {
+    command.add_flag("--size", options.sizes, "The suggested sizes, too: SuggestedWeb and SuggestedBarrier, inches");
+    command.add_option("--format", options.format, "Of standard output: csv or json")
+        ->check(CLI::IsMember({"csv", "json"}))
+        ->type_name("FORMAT");
+}
+
+constexpr const char* kFieldsFooter =
+    "Fields, in the project's units: Height, DepthCover, HoleWidth, WebThickness, BarrierPillarWidth, NumberHoles,\n"
+    "CoalStrength, UnitWeight, AbutmentAngle, SFWeb, SFBarrier.\n\n";
+
+void AddSweepCommand(CLI::App& app, StudyOptions& options, HeadlessPlatform& host, Command& chosen) {
+    auto* sweep = app.add_subcommand("sweep", "Every combination of the values that fields of a project are given");
+    AddStudy(*sweep, options, "Write rows (.csv, .json, .xlsx) or a picture (.png, .svg, .pdf)");
+    AddRowOptions(*sweep, options);
+    sweep
+        ->add_option("--vary", options.vary,
+                     "FIELD=FIRST:LAST:STEP, FIELD=FIRST:LAST/COUNT or FIELD=V1,V2,V3; once a field, the last one "
+                     "given runs fastest")
+        ->required()
+        ->take_all()
+        ->expected(1)
+        ->type_name("FIELD=VALUES");
+    sweep->add_option("--of", options.of,
+                      "The figure of a picture: Overall (default of a map), WebsOnly, BarrierPillar, ExtractionRatio, "
+                      "SuggestedWeb, SuggestedBarrier")
+        ->type_name("FIGURE");
+    sweep->footer(std::string(kFieldsFooter) +
+                  "Examples:\n"
+                  "  tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 > depth.csv\n"
+                  "  tarvokol-cli sweep panel.TKL --vary WebThickness=2:12:0.5 --vary DepthCover=50:400:10 --of WebsOnly "
+                  "-o map.svg\n"
+                  "  tarvokol-cli sweep panel.TKL --vary NumberHoles=5,10,15,20 --size -o sizes.xlsx");
+    sweep->callback([&] { chosen = [&] { return RunSweep(options, host); }; });
+}
+
+void AddTableCommand(CLI::App& app, StudyOptions& options, HeadlessPlatform& host, Command& chosen) {
+    auto* table = app.add_subcommand("table", "A table of panels: each row of a CSV file sets some fields of a project");
+    AddStudy(*table, options, "Write the rows: .csv, .json or .xlsx");
+    AddRowOptions(*table, options);
+    table->add_option("ROWS.csv", options.rows,
+                      "The table: a header with names of fields and any other columns; `-` reads standard input")
+        ->required()
+        ->type_name("");
+    table->footer(std::string(kFieldsFooter) +
+                  "Examples:\n"
+                  "  tarvokol-cli table panel.TKL boreholes.csv > factors.csv\n"
+                  "  tarvokol-cli table panel.TKL boreholes.csv --size -o factors.xlsx\n"
+                  "  cut -d, -f1-3 survey.csv | tarvokol-cli table panel.TKL - --json");
+    table->callback([&] { chosen = [&] { return RunTable(options, host); }; });
+}
+
+void AddRiskCommand(CLI::App& app, StudyOptions& options, HeadlessPlatform& host, Command& chosen) {
+    auto* risk = app.add_subcommand("risk", "How likely the factors lie below their targets when figures are uncertain");
+    AddStudy(*risk, options, "Write the summary (.txt, .json) or a picture (.png, .svg, .pdf)");
+    risk->add_option("--random", options.random,
+                     "FIELD=normal:MEAN:SD, lognormal:MEAN:SD, uniform:LO:HI or triangular:LO:MODE:HI; a figure that "
+                     "ends in % is a share of the project's own; once a field")
+        ->required()
+        ->take_all()
+        ->expected(1)
+        ->type_name("FIELD=DISTRIBUTION");
+    risk->add_option("--correlate", options.correlate, "FIELD,FIELD=R: correlation of a pair of normal fields")
+        ->take_all()
+        ->expected(1)
+        ->type_name("A,B=R");
+    risk->add_option("--samples", options.samples, "Number of samples (default 100000)")->type_name("N");
+    risk->add_option("--seed", options.seed, "Seed of the random numbers (default 1)")->type_name("S");
+    risk->add_flag("--plain", options.plain, "Independent draws instead of a Latin hypercube");
+    risk->add_option("--samples-out", options.samples_out, "Write all samples as CSV")->type_name("FILE.csv");
+    risk->footer(std::string(kFieldsFooter) +
+                 "Examples:\n"
+                 "  tarvokol-cli risk panel.TKL --random CoalStrength=lognormal:100%:15%\n"
+                 "  tarvokol-cli risk panel.TKL --random CoalStrength=normal:900:135 --random "
+                 "DepthCover=triangular:90%:100%:120% -o risk.png\n"
+                 "  tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --samples 1000000 --json");
+    risk->callback([&] { chosen = [&] { return RunRiskCommand(options, host); }; });
+}
+
 // A negative number that is an argument by itself is a VALUE, no option: it goes to the end, behind "--".
 void ProtectNegativeValue(std::vector<std::string>& arguments) {
     const auto end = std::find(arguments.begin(), arguments.end(), "--");
@@ -182,12 +271,18 @@ int Main(int argc, char** argv) {
     AddConvertCommand(app, options, host, chosen);
     AddUnitsCommand(app, options, chosen);
     AddSettingsCommand(app, options, chosen);
+    StudyOptions study;
+    AddSweepCommand(app, study, host, chosen);
+    AddTableCommand(app, study, host, chosen);
+    AddRiskCommand(app, study, host, chosen);
     try {
         app.parse(Arguments(argc, argv));
     } catch (const CLI::ParseError& error) {
         return StatusOfOutput(app.exit(error) == 0 ? exit_status::Done : exit_status::WrongUsage);
     }
     UnprotectPaths(options);
+    UnprotectPaths(study.common);
+    for (std::string* path : {&study.project, &study.rows, &study.samples_out}) Unprotect(*path);
     return StatusOfOutput(RunChosen(chosen));
 }
 

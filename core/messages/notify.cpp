@@ -38,17 +38,18 @@ std::string OutsideRangeMessage(const std::string& text, const std::string& low,
     return "Value '" + Trim(text) + "' is outside input range" + std::string(CrLf) + "Valid range is: " + low + "-" + high;
 }
 
+std::string RangeFault(const std::string& text, double low, double high) {
+    if (IsBlank(text)) return "Blank field not allowed";
+    const double value = NumericParse(text);
+    if (value >= low && value <= high) return "";
+    return OutsideRangeMessage(text, GeneralText(low), GeneralText(high));
+}
+
 bool CheckRange(const std::string& text, double low, double high, std::string& label) {
     if (!label.empty()) label += ": ";
-    std::string message = label;
-    if (IsBlank(text)) {
-        message += "Blank field not allowed";
-    } else {
-        const double value = NumericParse(text);
-        if (value >= low && value <= high) return true;
-        message += OutsideRangeMessage(text, GeneralText(low), GeneralText(high));
-    }
-    Notify(message, box_style::Critical, RangeErrorTitle);
+    const std::string fault = RangeFault(text, low, high);
+    if (fault.empty()) return true;
+    Notify(label + fault, box_style::Critical, RangeErrorTitle);
     return false;
 }
 

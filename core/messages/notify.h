@@ -19,6 +19,9 @@ int16_t Notify(const std::string& message, int style);
 bool CheckRange(const std::string& text, double low, double high, std::string& label);
 bool CheckRange(const std::string& text, double low, double high);
 
+// What the range check says of a text, empty if it lies from low to high.
+std::string RangeFault(const std::string& text, double low, double high);
+
 // The message of a value outside its range.
 std::string OutsideRangeMessage(const std::string& text, const std::string& low, const std::string& high);
 

@@ -101,6 +101,18 @@ std::string ExtractionRatioText(const ParameterTexts& texts) {
     return PictureText(ToSingle(Divide(100.0 * mined, whole)), "##0.0");
 }
 
+std::string HolesFault(const std::string& text) {
+    const double holes = NumericParse(text);
+    if (holes >= 1.0 && holes <= MaxHoles) return "";
+    return OutsideRangeMessage(text, GeneralText(kFewestHoles), GeneralText(MaxHoles));
+}
+
+std::vector<std::string> FaultsOfLoadedHoles(int16_t number_holes) {
+    const std::string fault = HolesFault(GeneralText(number_holes));
+    if (fault.empty()) return {};
+    return {fault, HolesFault("")};
+}
+
 HolesVerdict JudgeHolesText(const std::string& text) {
     HolesVerdict verdict;
     const double holes = NumericParse(text);
@@ -108,10 +120,9 @@ HolesVerdict JudgeHolesText(const std::string& text) {
         // A 1 is the first digit of 10 to 19.
         verdict.single_one = true;
         verdict.scroll_value = 10;
-    } else if (holes < 1.0 || holes > MaxHoles) {
+    } else if (const std::string fault = HolesFault(text); !fault.empty()) {
         verdict.refused = true;
-        Notify(OutsideRangeMessage(text, GeneralText(kFewestHoles), GeneralText(MaxHoles)),
-               box_style::Critical, RangeErrorTitle);
+        Notify(fault, box_style::Critical, RangeErrorTitle);
     } else {
         verdict.scroll_value = ToShort(holes);
     }

@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/project/project_record.h"
 
@@ -51,6 +52,13 @@ int TabOfField(ParameterField field);
 std::optional<ParameterField> ValidateParameterTexts(const ParameterTexts& texts);
 std::optional<ParameterField> ValidateSizingTexts(const ParameterTexts& texts);
 
+// What the short test refuses, without a word to the user.
+struct SizingRefusal {
+    ParameterField field;
+    std::string message;
+};
+std::optional<SizingRefusal> RefusalOfSizing(const ParameterTexts& texts);
+
 // Reads the texts into a record by the numeric parse; spacing, angle, center distances and the spare single
 // stay.
 void StoreParameterTexts(const ParameterTexts& texts, PanelInputs& record);
@@ -69,6 +77,11 @@ struct HolesVerdict {
     int16_t scroll_value = 0;  // value for the scroll bar, 0 to leave it
 };
 HolesVerdict JudgeHolesText(const std::string& text);
+
+// What the handler refuses, without a word to the user; empty for a number of holes that it takes. And what it says while
+// the dialog loads a project of so many holes.
+std::string HolesFault(const std::string& text);
+std::vector<std::string> FaultsOfLoadedHoles(int16_t number_holes);
 
 // The text that the box shows once the dialog has loaded a project of so many holes; out-of-range numbers
 // give their messages on the way.

@@ -81,19 +81,26 @@ std::optional<ParameterField> ValidateParameterTexts(const ParameterTexts& texts
     return Refuse(refusal->field, refusal->message, box_style::Critical);
 }
 
-std::optional<ParameterField> ValidateSizingTexts(const ParameterTexts& texts) {
-    const auto refuse = [](ParameterField field, const char* message) {
-        return Refuse(field, message, box_style::Plain);
-    };
+std::optional<SizingRefusal> RefusalOfSizing(const ParameterTexts& texts) {
+    const std::string range_fault = RangeFault(texts.txtSFWeb, kLowestSizingFactor, kHighestSizingFactor);
     if (NotAboveZero(texts.txtDepthCover))
-        return refuse(ParameterField::DepthCover, "Invalid depth of cover");
-    // The range check speaks for itself.
-    if (!CheckRange(texts.txtSFWeb, kLowestSizingFactor, kHighestSizingFactor)) return ParameterField::SFWeb;
-    if (NotAboveZero(texts.txtHeight)) return refuse(ParameterField::Height, "Invalid extraction height");
-    if (NotAboveZero(texts.txtHoleWidth)) return refuse(ParameterField::HoleWidth, "Invalid hole width");
+        return SizingRefusal{ParameterField::DepthCover, "Invalid depth of cover"};
+    if (!range_fault.empty()) return SizingRefusal{ParameterField::SFWeb, range_fault};
+    if (NotAboveZero(texts.txtHeight))
+        return SizingRefusal{ParameterField::Height, "Invalid extraction height"};
+    if (NotAboveZero(texts.txtHoleWidth))
+        return SizingRefusal{ParameterField::HoleWidth, "Invalid hole width"};
     if (NotAboveZero(texts.txtCoalStrength))
-        return refuse(ParameterField::CoalStrength, "Invalid pillar strength");
+        return SizingRefusal{ParameterField::CoalStrength, "Invalid pillar strength"};
     return std::nullopt;
+}
+
+std::optional<ParameterField> ValidateSizingTexts(const ParameterTexts& texts) {
+    const auto refusal = RefusalOfSizing(texts);
+    if (!refusal) return std::nullopt;
+    const bool of_range = refusal->field == ParameterField::SFWeb;
+    Notify(refusal->message, of_range ? box_style::Critical : box_style::Plain, RangeErrorTitle);
+    return refusal->field;
 }
 
 }  // namespace tarvokol

@@ -19,8 +19,21 @@ function with_argument(argument, choices) {
     return argument == "" ? "" : " \\fI" escaped(argument) "\\fR"
 }
 
+# In lines of 78 characters at most, as a man page's source has them.
+function folded(text,    words, count, i, line, lines) {
+    count = split(text, words, " ")
+    for (i = 1; i <= count; ++i) {
+        if (line != "" && length(line " " words[i]) > 78) {
+            lines = lines line "\n"
+            line = ""
+        }
+        line = line (line == "" ? "" : " ") words[i]
+    }
+    return lines line
+}
+
 function sentence(text) {
-    return escaped(text) (text ~ /\.$/ ? "" : ".")
+    return folded(escaped(text) (text ~ /\.$/ ? "" : "."))
 }
 
 BEGIN { FS = "|" }

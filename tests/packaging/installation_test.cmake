@@ -24,8 +24,8 @@ foreach(file IN ITEMS
     endif()
 endforeach()
 
-file(GLOB sources RELATIVE ${SOURCE}/examples ${SOURCE}/examples/*.TKL)
-file(GLOB installed RELATIVE ${PREFIX}/share/tarvokol ${PREFIX}/share/tarvokol/*.TKL)
+file(GLOB sources RELATIVE ${SOURCE}/examples ${SOURCE}/examples/*.TKL ${SOURCE}/examples/*.csv)
+file(GLOB installed RELATIVE ${PREFIX}/share/tarvokol ${PREFIX}/share/tarvokol/*.TKL ${PREFIX}/share/tarvokol/*.csv)
 if(NOT installed STREQUAL sources)
     message(SEND_ERROR "examples installed: ${installed}; in the sources: ${sources}")
 endif()

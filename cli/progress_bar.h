@@ -1,0 +1,33 @@
+// Progress on standard error where a terminal is: a bar with the rate and the time left.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+
+namespace tarvokol::cli {
+
+class ProgressBar {
+  public:
+    // Shows nothing where it is to be quiet or standard error is no terminal.
+    ProgressBar(bool quiet, std::optional<std::uint64_t> total);
+    // Leaves an empty line behind.
+    ~ProgressBar();
+    ProgressBar(const ProgressBar&) = delete;
+    ProgressBar& operator=(const ProgressBar&) = delete;
+
+    void Advance(std::uint64_t rows);
+
+  private:
+    using Clock = std::chrono::steady_clock;
+
+    void Show(Clock::time_point now);
+
+    bool shown_;
+    std::optional<std::uint64_t> total_;
+    std::uint64_t done_ = 0;
+    Clock::time_point start_ = Clock::now();
+    Clock::time_point next_;
+};
+
+}  // namespace tarvokol::cli

@@ -1,0 +1,120 @@
+#include "cli/row_sink.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "cli/output_target.h"
+#include "core/runtime/descriptor.h"
+#include "core/runtime/file_replacement.h"
+#include "core/runtime/os_errors.h"
+#include "core/runtime/run_time_error.h"
+#include "core/runtime/text.h"
+
+namespace tarvokol::cli {
+namespace {
+
+constexpr const char* kStandardOutput = "-";
+
+// Bytes that a system call has not taken yet are given once more; false for a pipe that nobody reads.
+bool WriteAll(int file, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t written = ::write(file, text.data(), text.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) return false;
+        text.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+class StandardOutputSink : public RowSink {
+  public:
+    bool Write(std::string_view text) override {
+        if (WriteAll(STDOUT_FILENO, text)) return true;
+        if (errno == EPIPE) return false;
+        const int number = ErrorNumberOfErrno(errno);
+        throw OutputError{number, "standard output: " + RunTimeError(number).text};
+    }
+    void Finish() override {}
+};
+
+// Beside its place until it is whole.
+class FileSink : public RowSink {
+  public:
+    explicit FileSink(const std::string& path)
+        : path_(path), place_(path), file_(place_.BuildPath(), O_WRONLY) {}
+
+    bool Write(std::string_view text) override {
+        Told([&] { file_.Write(text); });
+        return true;
+    }
+    void Finish() override {
+        Told([this] {
+            file_.Close();
+            place_.Commit();
+        });
+    }
+
+  private:
+    template <typename Step>
+    void Told(Step step) const {
+        try {
+            step();
+        } catch (const RunTimeError& error) {
+            throw OutputError{error.number, path_ + ": " + error.text};
+        }
+    }
+
+    std::string path_;
+    FileReplacement place_;
+    Descriptor file_;
+};
+
+RowTarget::KindOfRows KindOfFile(const std::string& path) {
+    const std::string extension = std::filesystem::path(path).extension().string();
+    const auto is = [&extension](const char* name) { return EqualIgnoringCase(extension, name); };
+    if (is(".csv")) return RowTarget::Csv;
+    if (is(".json") || is(".jsonl")) return RowTarget::JsonLines;
+    if (is(".xlsx")) return RowTarget::Workbook;
+    if (is(".png") || is(".svg") || is(".pdf")) return RowTarget::Picture;
+    throw UsageError{"-o: the extension must be one of .csv, .json, .jsonl, .xlsx, .png, .svg, .pdf"};
+}
+
+}  // namespace
+
+void RefuseExisting(const std::string& path, bool force) {
+    Options options;
+    options.output = path;
+    options.force = force;
+    options.files = {path};
+    OutputTarget(options, {}).Prepare(path);
+}
+
+std::unique_ptr<RowSink> OpenFileSink(const std::string& path, bool force) {
+    RefuseExisting(path, force);
+    try {
+        return std::make_unique<FileSink>(path);
+    } catch (const RunTimeError& error) {
+        throw OutputError{error.number, path + ": " + error.text};
+    }
+}
+
+RowTarget::RowTarget(const StudyOptions& options) : path_(options.common.output) {
+    if (!path_.empty() && path_ != kStandardOutput) {
+        kind_ = KindOfFile(path_);
+        RefuseExisting(path_, options.common.force);
+        return;
+    }
+    path_.clear();
+    kind_ = options.common.json || options.format == "json" ? JsonLines : Csv;
+}
+
+std::unique_ptr<RowSink> RowTarget::Open() const {
+    if (path_.empty()) return std::make_unique<StandardOutputSink>();
+    return OpenFileSink(path_, true);
+}
+
+}  // namespace tarvokol::cli

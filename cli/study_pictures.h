@@ -1,0 +1,22 @@
+// Pictures of the studies: curves over one field, a map over two, the spread of the factors.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/study_options.h"
+#include "cli/study_run.h"
+#include "core/studies/risk_study.h"
+#include "core/studies/value_axis.h"
+
+namespace tarvokol::cli {
+
+// Draws a sweep of one or two fields. Raises UsageError for more of them, for a map whose figure is not
+// known, or whose axis has fewer than two values, and OutputError.
+int DrawSweep(RowSource& source, const std::vector<ValueAxis>& axes, const Panel& project,
+              const StudyOptions& options, const std::string& path);
+
+// Draws histogram and cumulative curve of each factor, its targets marked.
+void DrawRisk(const RiskResult& result, const StudyOptions& options, const std::string& path);
+
+}  // namespace tarvokol::cli

@@ -1,0 +1,174 @@
+#include "cli/study_rows.h"
+
+#include <cmath>
+#include <utility>
+
+#include "cli/json.h"
+#include "core/studies/study_numbers.h"
+
+namespace tarvokol::cli {
+namespace {
+
+constexpr const char* kCsvLineEnd = "\r\n";
+constexpr const char* kMessageColumn = "Message";
+
+struct FigureColumn {
+    const char* title;
+    const char* unit;
+    double PanelFigures::*value;
+};
+
+constexpr std::array<FigureColumn, 6> kFigures{{
+    {"Overall", "", &PanelFigures::Overall},
+    {"WebsOnly", "", &PanelFigures::WebsOnly},
+    {"BarrierPillar", "", &PanelFigures::BarrierPillar},
+    {"ExtractionRatio", "percent", &PanelFigures::ExtractionRatio},
+    {"SuggestedWeb", "in", &PanelFigures::SuggestedWeb},
+    {"SuggestedBarrier", "in", &PanelFigures::SuggestedBarrier},
+}};
+constexpr std::size_t kWithoutSizes = 4;
+
+std::span<const FigureColumn> Figures(bool sizes) {
+    return std::span(kFigures).first(sizes ? kFigures.size() : kWithoutSizes);
+}
+
+// As one cell of a CSV file.
+void AppendCell(std::string& text, const std::string& cell) {
+    if (cell.find_first_of(",\"\r\n") == std::string::npos) {
+        text += cell;
+        return;
+    }
+    text += '"';
+    for (const char c : cell) {
+        if (c == '"') text += '"';
+        text += c;
+    }
+    text += '"';
+}
+
+std::string JsonText(const std::string& text) {
+    std::string line = JsonLine(Json(text));
+    line.pop_back();
+    return line;
+}
+
+std::string Key(const std::string& title) {
+    return ',' + JsonText(title) + ':';
+}
+
+Json UnitsObject(std::span<const LeadingColumn> leading, bool sizes) {
+    Json units = Json::object();
+    for (const LeadingColumn& column : leading)
+        if (!column.unit.empty()) units[column.title] = column.unit;
+    for (const FigureColumn& figure : Figures(sizes))
+        if (*figure.unit != '\0') units[figure.title] = figure.unit;
+    return units;
+}
+
+}  // namespace
+
+std::vector<std::string> FigureColumns(bool sizes) {
+    std::vector<std::string> titles;
+    for (const FigureColumn& figure : Figures(sizes)) titles.emplace_back(figure.title);
+    titles.emplace_back(kMessageColumn);
+    return titles;
+}
+
+std::vector<std::string> FigureTitlesWithUnits(bool sizes) {
+    std::vector<std::string> titles;
+    for (const FigureColumn& figure : Figures(sizes))
+        titles.push_back(TitleWithUnit({figure.title, figure.unit}));
+    titles.emplace_back(kMessageColumn);
+    return titles;
+}
+
+std::string TitleWithUnit(const LeadingColumn& column) {
+    return column.unit.empty() ? column.title : column.title + " (" + column.unit + ")";
+}
+
+std::vector<double> FigureValues(const PanelFigures& figures, bool sizes) {
+    std::vector<double> values;
+    for (const FigureColumn& figure : Figures(sizes)) values.push_back(figures.*figure.value);
+    return values;
+}
+
+std::string UnitsInWords(std::span<const LeadingColumn> leading, bool sizes) {
+    std::string words;
+    const Json units = UnitsObject(leading, sizes);
+    for (const auto& [title, unit] : units.items())
+        words += (words.empty() ? "" : ", ") + title + " " + unit.get<std::string>();
+    return words;
+}
+
+RowWriter::RowWriter(RowFormat format, const std::string& project, std::vector<LeadingColumn> leading,
+                     bool sizes)
+    : format_(format),
+      leading_(std::move(leading)),
+      sizes_(sizes),
+      object_start_("{\"file\":" + JsonText(project)) {
+    for (const LeadingColumn& column : leading_) lead_keys_.push_back(Key(column.title));
+    for (const FigureColumn& figure : Figures(sizes_)) figure_keys_.push_back(Key(figure.title));
+    std::string units = JsonLine(UnitsObject(leading_, sizes_));
+    units.pop_back();
+    object_end_ = ",\"units\":" + units + "}\n";
+}
+
+std::string RowWriter::Header() const {
+    if (format_ == RowFormat::JsonLines) return "";
+    std::string header;
+    const auto add = [&header](const std::string& title) {
+        if (!header.empty()) header += ',';
+        AppendCell(header, title);
+    };
+    for (const LeadingColumn& column : leading_) add(column.title);
+    for (const std::string& title : FigureColumns(sizes_)) add(title);
+    return header + kCsvLineEnd;
+}
+
+void RowWriter::Append(std::string& text, std::span<const LeadingCell* const> leading,
+                       const PanelFigures& figures) const {
+    if (format_ == RowFormat::Csv)
+        AppendCsv(text, leading, figures);
+    else
+        AppendJson(text, leading, figures);
+}
+
+void RowWriter::AppendCsv(std::string& text, std::span<const LeadingCell* const> leading,
+                          const PanelFigures& figures) const {
+    for (const LeadingCell* cell : leading) {
+        AppendCell(text, cell->text);
+        text += ',';
+    }
+    for (const FigureColumn& figure : Figures(sizes_)) {
+        AppendShortest(text, figures.*figure.value);
+        text += ',';
+    }
+    AppendCell(text, figures.message);
+    text += kCsvLineEnd;
+}
+
+void RowWriter::AppendJson(std::string& text, std::span<const LeadingCell* const> leading,
+                           const PanelFigures& figures) const {
+    text += object_start_;
+    text += figures.refused ? ",\"ok\":false,\"messages\":[" : ",\"ok\":true,\"messages\":[";
+    if (!figures.message.empty()) text += JsonText(figures.message);
+    text += ']';
+    for (std::size_t i = 0; i < leading.size(); ++i) {
+        text += lead_keys_[i];
+        text += !leading[i]->number        ? JsonText(leading[i]->text)
+                : leading[i]->text.empty() ? "null"
+                                           : leading[i]->text;
+    }
+    std::size_t key = 0;
+    for (const FigureColumn& figure : Figures(sizes_)) {
+        text += figure_keys_[key++];
+        const double value = figures.*figure.value;
+        if (std::isnan(value))
+            text += "null";
+        else
+            AppendShortest(text, value);
+    }
+    text += object_end_;
+}
+
+}  // namespace tarvokol::cli

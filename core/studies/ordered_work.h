@@ -1,0 +1,126 @@
+// Work on many threads with its results in order and a bounded number of them at a time.
+#pragma once
+
+#include <condition_variable>
+#include <cstdint>
+#include <exception>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace tarvokol {
+
+// Takes pieces from a source, works on them on several threads and hands the results over in the order of the
+// pieces. Not more than some four pieces a thread are under way, so memory stays flat however many there are.
+template <typename Piece, typename Result>
+class OrderedWork {
+  public:
+    // Gives the next piece, nothing at the end. Called by one thread at a time.
+    using Source = std::function<std::optional<Piece>()>;
+    // Works on one piece; called by many threads at once.
+    using Work = std::function<Result(Piece&)>;
+    // Takes the results in order, in the calling thread; false ends the work early.
+    using Sink = std::function<bool(Result&&)>;
+
+    OrderedWork(Source source, Work work) : source_(std::move(source)), work_(std::move(work)) {}
+
+    // Runs to the end of the source or until the sink refuses. An exception of source, work or sink ends all
+    // threads and comes out here, that of the earliest piece first.
+    void Run(unsigned threads, const Sink& sink) {
+        window_ = std::uint64_t{threads} * 4;
+        std::vector<std::jthread> workers;
+        workers.reserve(threads);
+        for (unsigned i = 0; i < threads; ++i) workers.emplace_back([this] { WorkOn(); });
+        try {
+            while (auto result = NextResult())
+                if (!sink(std::move(*result))) break;
+        } catch (...) {
+            Stop();
+            throw;
+        }
+        Stop();
+    }
+
+  private:
+    struct Outcome {
+        std::optional<Result> result;
+        std::exception_ptr failure;
+    };
+
+    // The turn at the source is a lock of its own: reading on never keeps finished results from being handed
+    // over.
+    std::optional<Piece> TakePiece(std::uint64_t& number, std::exception_ptr& failure) {
+        const std::scoped_lock turn(source_mutex_);
+        {
+            std::unique_lock lock(mutex_);
+            room_.wait(lock, [this] { return stopped_ || taken_ < handed_ + window_; });
+            if (stopped_ || ended_) return std::nullopt;
+            number = taken_++;
+        }
+        std::optional<Piece> piece;
+        try {
+            piece = source_();
+        } catch (...) {
+            failure = std::current_exception();
+        }
+        if (piece) return piece;
+        const std::scoped_lock lock(mutex_);
+        ended_ = true;
+        // Behind the last piece stands an outcome without a result, which tells the end.
+        outcomes_.insert_or_assign(number, Outcome{std::nullopt, failure});
+        ready_.notify_one();
+        return std::nullopt;
+    }
+
+    void WorkOn() {
+        std::uint64_t number = 0;
+        std::exception_ptr failure;
+        while (std::optional<Piece> piece = TakePiece(number, failure)) {
+            Outcome outcome;
+            try {
+                outcome.result = work_(*piece);
+            } catch (...) {
+                outcome.failure = std::current_exception();
+            }
+            const std::scoped_lock lock(mutex_);
+            outcomes_.insert_or_assign(number, std::move(outcome));
+            ready_.notify_one();
+        }
+    }
+
+    // The next result in order; nothing behind the last one.
+    std::optional<Result> NextResult() {
+        std::unique_lock lock(mutex_);
+        ready_.wait(lock, [this] { return outcomes_.contains(handed_); });
+        auto node = outcomes_.extract(handed_);
+        if (node.mapped().failure) std::rethrow_exception(node.mapped().failure);
+        ++handed_;
+        room_.notify_all();
+        return std::move(node.mapped().result);
+    }
+
+    void Stop() {
+        const std::scoped_lock lock(mutex_);
+        stopped_ = true;
+        room_.notify_all();
+    }
+
+    Source source_;
+    Work work_;
+    std::mutex source_mutex_;
+    std::mutex mutex_;
+    std::condition_variable ready_;
+    std::condition_variable room_;
+    std::map<std::uint64_t, Outcome> outcomes_;
+    std::uint64_t window_ = 1;
+    std::uint64_t taken_ = 0;
+    std::uint64_t handed_ = 0;
+    bool ended_ = false;
+    bool stopped_ = false;
+};
+
+}  // namespace tarvokol

@@ -1,0 +1,231 @@
+#include "core/studies/panel_figures.h"
+
+#include <cmath>
+#include <limits>
+
+#include "core/engine/engine.h"
+#include "core/messages/notify.h"
+#include "core/project/parameter_texts.h"
+#include "core/runtime/checked.h"
+#include "core/runtime/numbers.h"
+
+namespace tarvokol {
+namespace {
+
+constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+constexpr const char* kBetweenMessages = " | ";
+
+void ForgetFigures(PanelFigures& figures) {
+    figures.Overall = figures.WebsOnly = figures.BarrierPillar = kNone;
+    figures.ExtractionRatio = figures.SuggestedWeb = figures.SuggestedBarrier = kNone;
+    figures.refused = false;
+    figures.message.clear();
+}
+
+// Of the width of holes, webs and barrier, in percent.
+double ExtractionRatioOf(const Panel& panel) {
+    const double holes = panel.NumberHoles;
+    const double mined = holes * panel.HoleWidth;
+    return Divide(100.0 * mined, (holes - 1.0) * panel.WebThickness + panel.BarrierPillarWidth + mined);
+}
+
+// The number of holes that the dialog's box stands for once it has loaded a project: a single 1 becomes 10, a
+// number out of its range none.
+int16_t TypedHoles(int16_t holes) {
+    constexpr int16_t kTenForOne = 10;
+    if (holes == 1) return kTenForOne;
+    return holes < 1 || holes > MaxHoles ? int16_t{0} : holes;
+}
+
+// True where the dialog's short test has nothing to refuse; else its texts tell what it says.
+bool MayBeSized(const Panel& typed) {
+    constexpr float kLowestFactor = 1.0f;
+    constexpr float kHighestFactor = 10.0f;
+    return typed.DepthCover > 0.0 && typed.SFWeb >= kLowestFactor && typed.SFWeb <= kHighestFactor &&
+           typed.Height > 0.0 && typed.HoleWidth > 0.0 && typed.CoalStrength > 0.0;
+}
+
+}  // namespace
+
+PanelEvaluator::PanelEvaluator(const Panel& project, bool sizes)
+    : panel_(project), typed_(project), sizes_(sizes) {
+    for (int field = 0; sizes_ && field < kStudyFields; ++field) TakeTyped(static_cast<StudyField>(field));
+}
+
+void PanelEvaluator::Set(StudyField field, double value) {
+    Store(field, value);
+    if (sizes_) TakeTyped(field);
+}
+
+void PanelEvaluator::Store(StudyField field, double value) {
+    switch (field) {
+        case StudyField::Height:
+            panel_.Height = value;
+            return;
+        case StudyField::DepthCover:
+            panel_.DepthCover = value;
+            return;
+        case StudyField::HoleWidth:
+            panel_.HoleWidth = value;
+            return;
+        case StudyField::WebThickness:
+            panel_.WebThickness = value;
+            return;
+        case StudyField::BarrierPillarWidth:
+            panel_.BarrierPillarWidth = value;
+            return;
+        case StudyField::NumberHoles:
+            // A project file's 0 becomes 1.
+            panel_.NumberHoles = value == 0.0 ? int16_t{1} : ToShort(value);
+            return;
+        case StudyField::CoalStrength:
+            panel_.CoalStrength = value;
+            return;
+        case StudyField::UnitWeight:
+            panel_.UnitWeight = value;
+            return;
+        case StudyField::AbutmentAngle:
+            panel_.AbutmentAngle = value;
+            return;
+        case StudyField::SFWeb:
+            panel_.SFWeb = ToSingle(value);
+            return;
+        case StudyField::SFBarrier:
+            panel_.SFBarrier = ToSingle(value);
+            return;
+    }
+}
+
+// The sizes start from what the dialog's boxes hold, so a field makes the trip through its box.
+void PanelEvaluator::TakeTyped(StudyField field) {
+    switch (field) {
+        case StudyField::Height:
+            typed_.Height = ThroughText(panel_.Height);
+            return;
+        case StudyField::DepthCover:
+            typed_.DepthCover = ThroughText(panel_.DepthCover);
+            return;
+        case StudyField::HoleWidth:
+            typed_.HoleWidth = ThroughText(panel_.HoleWidth);
+            return;
+        case StudyField::WebThickness:
+            typed_.WebThickness = ThroughText(panel_.WebThickness);
+            return;
+        case StudyField::BarrierPillarWidth:
+            return;  // no size reads it
+        case StudyField::NumberHoles:
+            typed_.NumberHoles = TypedHoles(panel_.NumberHoles);
+            return;
+        case StudyField::CoalStrength:
+            typed_.CoalStrength = NumericParse(TextsOfRecord(panel_).txtCoalStrength);
+            return;
+        case StudyField::UnitWeight:
+            typed_.UnitWeight = NumericParse(TextsOfRecord(panel_).txtUnitWeight);
+            return;
+        case StudyField::AbutmentAngle:
+            typed_.AbutmentAngle = ThroughText(panel_.AbutmentAngle);
+            return;
+        case StudyField::SFWeb:
+            typed_.SFWeb = ToSingle(NumericParse(GeneralText(panel_.SFWeb)));
+            return;
+        case StudyField::SFBarrier:
+            typed_.SFBarrier = ToSingle(NumericParse(GeneralText(panel_.SFBarrier)));
+            return;
+    }
+}
+
+void PanelEvaluator::AddMessage(const std::string& text) {
+    if (!figures_.message.empty()) figures_.message += kBetweenMessages;
+    figures_.message += text;
+}
+
+const PanelFigures& PanelEvaluator::Evaluate() {
+    ForgetFigures(figures_);
+    try {
+        if (!CalculateFactors()) return figures_;
+    } catch (const RunTimeError& error) {
+        ForgetFigures(figures_);
+        figures_.refused = true;
+        figures_.message = error.text;
+        return figures_;
+    }
+    if (!sizes_) return figures_;
+    try {
+        CalculateSizes();
+    } catch (const RunTimeError& error) {
+        AddMessage(error.text);
+    }
+    return figures_;
+}
+
+// False if the check refuses the panel.
+bool PanelEvaluator::CalculateFactors() {
+    const auto outcome = FactorsOf(panel_);
+    if (const auto* refusal = std::get_if<Refusal>(&outcome)) {
+        figures_.refused = true;
+        figures_.message = refusal->Message();
+        return false;
+    }
+    const PanelFactors& factors = std::get<PanelFactors>(outcome);
+    figures_.Overall = factors.overall;
+    figures_.WebsOnly = factors.webs_only;
+    figures_.BarrierPillar = factors.barrier;
+    figures_.ExtractionRatio = ExtractionRatioOf(panel_);
+    return true;
+}
+
+void PanelEvaluator::CalculateSizes() {
+    for (const std::string& message : FaultsOfLoadedHoles(panel_.NumberHoles)) AddMessage(message);
+    if (!MayBeSized(typed_)) {
+        const auto refusal = RefusalOfSizing(TextsOfRecord(panel_));
+        if (refusal) AddMessage(refusal->message);
+        if (refusal) return;
+    }
+    const PillarSizes sizes = SizePillars(typed_);
+    figures_.SuggestedWeb = sizes.web.width;
+    figures_.SuggestedBarrier = sizes.barrier.width;
+    for (const SizingOutcome& outcome : {sizes.web, sizes.barrier})
+        if (!outcome.Solved()) AddMessage(SizingFailureMessage(outcome.failure));
+}
+
+bool FitsField(StudyField field, double value) {
+    switch (field) {
+        case StudyField::NumberHoles:
+            return value == std::floor(value) && std::fabs(value) <= std::numeric_limits<std::int16_t>::max();
+        case StudyField::SFWeb:
+        case StudyField::SFBarrier:
+            return std::isfinite(static_cast<float>(value));
+        default:
+            return true;
+    }
+}
+
+double ValueOfField(const PanelInputs& panel, StudyField field) {
+    switch (field) {
+        case StudyField::Height:
+            return panel.Height;
+        case StudyField::DepthCover:
+            return panel.DepthCover;
+        case StudyField::HoleWidth:
+            return panel.HoleWidth;
+        case StudyField::WebThickness:
+            return panel.WebThickness;
+        case StudyField::BarrierPillarWidth:
+            return panel.BarrierPillarWidth;
+        case StudyField::NumberHoles:
+            return panel.NumberHoles;
+        case StudyField::CoalStrength:
+            return panel.CoalStrength;
+        case StudyField::UnitWeight:
+            return panel.UnitWeight;
+        case StudyField::AbutmentAngle:
+            return panel.AbutmentAngle;
+        case StudyField::SFWeb:
+            return panel.SFWeb;
+        case StudyField::SFBarrier:
+            return panel.SFBarrier;
+    }
+    return kNone;
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,57 @@
+// The figures of one panel of a study: factors, extraction ratio and, where asked for, suggested sizes.
+#pragma once
+
+#include <string>
+
+#include "core/engine/panel.h"
+#include "core/studies/study_fields.h"
+
+namespace tarvokol {
+
+// A figure that a panel does not have is NaN.
+struct PanelFigures {
+    double Overall = 0;
+    double WebsOnly = 0;
+    double BarrierPillar = 0;
+    double ExtractionRatio = 0;   // percent
+    double SuggestedWeb = 0;      // in, -1 where the solver fails
+    double SuggestedBarrier = 0;  // in
+    bool refused = false;         // by the input check or a run-time error: no figures
+    std::string message;          // why a figure is missing, or what the solver says; empty if all is well
+};
+
+// Calculates panels that differ from a project in a few fields. One for each thread.
+class PanelEvaluator {
+  public:
+    PanelEvaluator(const Panel& project, bool sizes);
+
+    // Gives a field a value in the project's units, stored as the project record stores it. Raises "Overflow"
+    // for one that it cannot hold (see FitsField).
+    void Set(StudyField field, double value);
+
+    const Panel& Inputs() const { return panel_; }
+
+    // The figures of the panel as it stands: the factors of an analysis, the sizes of the button "Size
+    // pillars".
+    const PanelFigures& Evaluate();
+
+  private:
+    void Store(StudyField field, double value);
+    void TakeTyped(StudyField field);
+    bool CalculateFactors();
+    void CalculateSizes();
+    void AddMessage(const std::string& text);
+
+    Panel panel_;
+    Panel typed_;  // as the parameters dialog shows the panel and reads it back
+    bool sizes_;
+    PanelFigures figures_;
+};
+
+// True if the record can hold the value: a whole number of holes within its type, factors within a single.
+bool FitsField(StudyField field, double value);
+
+// The value of a field in the project's units.
+double ValueOfField(const PanelInputs& panel, StudyField field);
+
+}  // namespace tarvokol

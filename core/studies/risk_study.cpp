@@ -1,0 +1,311 @@
+#include "core/studies/risk_study.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <thread>
+
+#include "core/studies/random_numbers.h"
+#include "core/studies/study_numbers.h"
+#include "core/studies/study_refusal.h"
+
+namespace tarvokol {
+namespace {
+
+constexpr double kBelowOne = 1.0 - 0x1p-53;
+constexpr std::size_t kMostRefusalTexts = 10;
+constexpr std::uint32_t kPiece = 4096;
+
+using Matrix = std::vector<std::vector<double>>;
+
+bool IsNormal(DistributionKind kind) {
+    return kind == DistributionKind::Normal;
+}
+
+std::size_t IndexOf(const std::vector<RandomField>& fields, StudyField field) {
+    const auto found = std::find_if(fields.begin(), fields.end(),
+                                    [field](const RandomField& one) { return one.field == field; });
+    return static_cast<std::size_t>(found - fields.begin());
+}
+
+// Streams of random numbers: one for the place inside a stratum, one for the order of the strata, of each
+// field.
+std::uint32_t PlaceStream(std::size_t field) {
+    return static_cast<std::uint32_t>(2 * field);
+}
+std::uint32_t OrderStream(std::size_t field) {
+    return static_cast<std::uint32_t>(2 * field + 1);
+}
+
+// The lower triangle L with L x transposed L = the matrix of correlations (Cholesky).
+Matrix Triangle(const RiskRequest& request) {
+    const std::size_t n = request.fields.size();
+    Matrix a(n, std::vector<double>(n, 0.0));
+    for (std::size_t i = 0; i < n; ++i) a[i][i] = 1.0;
+    for (const FieldCorrelation& one : request.correlations) {
+        const std::size_t i = IndexOf(request.fields, one.first);
+        const std::size_t j = IndexOf(request.fields, one.second);
+        a[i][j] = a[j][i] = one.value;
+    }
+    for (std::size_t j = 0; j < n; ++j) {
+        for (std::size_t k = 0; k < j; ++k) a[j][j] -= a[j][k] * a[j][k];
+        if (!(a[j][j] > 0.0))
+            throw StudyRefusal(
+                "--correlate: the correlations contradict one another (their matrix is not positive "
+                "definite); bring some of them nearer to 0");
+        a[j][j] = std::sqrt(a[j][j]);
+        for (std::size_t i = j + 1; i < n; ++i) {
+            for (std::size_t k = 0; k < j; ++k) a[i][j] -= a[i][k] * a[j][k];
+            a[i][j] /= a[j][j];
+        }
+        for (std::size_t i = 0; i < j; ++i) a[i][j] = 0.0;
+    }
+    return a;
+}
+
+// Runs the tasks on so many threads; which thread takes which does not matter to any result.
+void RunTasks(const std::vector<std::function<void()>>& tasks, unsigned threads) {
+    std::atomic<std::size_t> next = 0;
+    const auto work = [&] {
+        for (std::size_t task = next++; task < tasks.size(); task = next++) tasks[task]();
+    };
+    std::vector<std::jthread> others;
+    for (unsigned i = 1; i < threads; ++i) others.emplace_back(work);
+    work();
+}
+
+class RiskRun {
+  public:
+    RiskRun(const RiskRequest& request, const Panel& project)
+        : request_(request), project_(project), triangle_(Triangle(request)) {}
+
+    RiskResult Run() {
+        Prepare();
+        DrawAll();
+        KeepSound();
+        Summarise();
+        return std::move(result_);
+    }
+
+  private:
+    std::size_t Fields() const { return request_.fields.size(); }
+
+    void Prepare() {
+        result_.drawn.assign(Fields(), std::vector<double>(request_.samples));
+        for (auto& factor : result_.factors) factor.resize(request_.samples);
+        target_web_.resize(request_.samples);
+        target_barrier_.resize(request_.samples);
+        if (!request_.latin) return;
+        orders_.resize(Fields());
+        std::vector<std::function<void()>> tasks;
+        for (std::size_t field = 0; field < Fields(); ++field)
+            tasks.emplace_back([this, field] {
+                orders_[field] = RandomOrder(request_.seed, OrderStream(field), request_.samples);
+            });
+        RunTasks(tasks, request_.threads);
+    }
+
+    void DrawAll() {
+        const std::uint32_t pieces = (request_.samples + kPiece - 1) / kPiece;
+        refusals_.resize(pieces);
+        std::atomic<std::uint32_t> next = 0;
+        const auto work = [&] {
+            PanelEvaluator panel(project_, false);
+            for (std::uint32_t piece = next++; piece < pieces; piece = next++) DrawPiece(panel, piece);
+        };
+        std::vector<std::jthread> others;
+        for (unsigned i = 1; i < request_.threads; ++i) others.emplace_back(work);
+        work();
+    }
+
+    void DrawPiece(PanelEvaluator& panel, std::uint32_t piece) {
+        const std::uint32_t first = piece * kPiece;
+        const std::uint32_t end = std::min(request_.samples, first + kPiece);
+        std::vector<double> normals(Fields());
+        for (std::uint32_t sample = first; sample < end; ++sample) {
+            DrawSample(panel, sample, normals);
+            const PanelFigures& figures = panel.Evaluate();
+            result_.factors[0][sample] = figures.Overall;
+            result_.factors[1][sample] = figures.WebsOnly;
+            result_.factors[2][sample] = figures.BarrierPillar;
+            target_web_[sample] = panel.Inputs().SFWeb;
+            target_barrier_[sample] = panel.Inputs().SFBarrier;
+            if (figures.refused) refusals_[piece].push_back(figures.message);
+        }
+    }
+
+    double ShareOfSample(std::size_t field, std::uint32_t sample) const {
+        const double place = UnitFromBits(RandomBits(request_.seed, PlaceStream(field), sample));
+        if (!request_.latin) return place;
+        return std::min((orders_[field][sample] + place) / request_.samples, kBelowOne);
+    }
+
+    void DrawSample(PanelEvaluator& panel, std::uint32_t sample, std::vector<double>& normals) {
+        for (std::size_t field = 0; field < Fields(); ++field) {
+            const RandomField& random = request_.fields[field];
+            const double share = ShareOfSample(field, sample);
+            double value = 0;
+            if (IsNormal(random.distribution.Kind())) {
+                normals[field] = NormalQuantile(share);
+                value = random.distribution.FromNormal(Mixed(field, normals));
+            } else {
+                value = random.distribution.Quantile(share);
+            }
+            panel.Set(random.field, value);
+            result_.drawn[field][sample] = ValueOfField(panel.Inputs(), random.field);
+        }
+    }
+
+    // The normal figure of a field with its correlations to those before it.
+    double Mixed(std::size_t field, const std::vector<double>& normals) const {
+        if (request_.correlations.empty()) return normals[field];
+        double sum = 0;
+        for (std::size_t k = 0; k <= field; ++k)
+            if (triangle_[field][k] != 0.0) sum += triangle_[field][k] * normals[k];
+        return sum;
+    }
+
+    // The samples that were not refused, in their order.
+    void KeepSound() {
+        for (const auto& texts : refusals_) {
+            result_.refused += texts.size();
+            for (const std::string& text : texts)
+                if (result_.refusals.size() < kMostRefusalTexts &&
+                    std::find(result_.refusals.begin(), result_.refusals.end(), text) ==
+                        result_.refusals.end())
+                    result_.refusals.push_back(text);
+        }
+        if (result_.refused == 0) return;
+        for (std::uint32_t sample = 0; sample < request_.samples; ++sample)
+            if (!std::isnan(result_.factors[0][sample])) sound_.push_back(sample);
+    }
+
+    // The values of the samples that were not refused; `kept` holds them where some were.
+    std::span<const double> SoundOf(const std::vector<double>& values, std::vector<double>& kept) const {
+        if (result_.refused == 0) return values;
+        kept.reserve(sound_.size());
+        for (const std::uint32_t sample : sound_) kept.push_back(values[sample]);
+        return kept;
+    }
+
+    // True where the strata of the draw rank the values by themselves.
+    bool RankedByStrata(std::size_t field) const {
+        const RandomField& random = request_.fields[field];
+        return request_.latin && result_.refused == 0 && request_.correlations.empty() &&
+               random.field != StudyField::NumberHoles && random.distribution.StandardDeviation() > 0.0;
+    }
+
+    void RankField(std::size_t field) {
+        if (RankedByStrata(field)) {
+            field_ranks_[field].assign(orders_[field].begin(), orders_[field].end());
+            return;
+        }
+        std::vector<double> kept;
+        const auto values = SoundOf(result_.drawn[field], kept);
+        field_ranks_[field] = RanksOf(values, SortedOrder(values));
+    }
+
+    void SummariseFactor(std::size_t factor) {
+        FactorRisk& risk = result_.risk[factor];
+        std::vector<double> kept;
+        const auto values = SoundOf(result_.factors[factor], kept);
+        risk.moments = MomentsOf(values);
+        const auto order = SortedOrder(values);
+        for (std::size_t i = 0; i < kRiskShares.size(); ++i)
+            risk.quantiles[i] = QuantileOf(values, order, kRiskShares[i]);
+        factor_ranks_[factor] = RanksOf(values, order);
+        if (factor == 1) risk.below.push_back(Below(values, project_.SFWeb, target_web_));
+        if (factor == 2) risk.below.push_back(Below(values, project_.SFBarrier, target_barrier_));
+        risk.below.push_back(Below(values, 1.0, {}));
+    }
+
+    // Each sample is held against its own target, where targets are given; `target` is the project's.
+    BelowTarget Below(std::span<const double> values, double target,
+                      const std::vector<float>& targets) const {
+        std::uint64_t hits = 0;
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            const std::size_t sample = sound_.empty() ? i : sound_[i];
+            if (values[i] < (targets.empty() ? target : double{targets[sample]})) ++hits;
+        }
+        return {target, ShareOf(hits, values.size())};
+    }
+
+    void Summarise() {
+        field_ranks_.resize(Fields());
+        std::vector<std::function<void()>> tasks;
+        for (std::size_t factor = 0; factor < kFactors; ++factor)
+            tasks.emplace_back([this, factor] { SummariseFactor(factor); });
+        for (std::size_t field = 0; field < Fields(); ++field)
+            tasks.emplace_back([this, field] { RankField(field); });
+        RunTasks(tasks, request_.threads);
+        tasks.clear();
+        for (std::size_t factor = 0; factor < kFactors; ++factor) {
+            auto& list = result_.risk[factor].rank_correlation;
+            list.resize(Fields());
+            for (std::size_t field = 0; field < Fields(); ++field)
+                tasks.emplace_back([this, factor, field, &list] {
+                    list[field] = Correlation(field_ranks_[field], factor_ranks_[factor]);
+                });
+        }
+        RunTasks(tasks, request_.threads);
+    }
+
+    const RiskRequest& request_;
+    const Panel& project_;
+    Matrix triangle_;
+    RiskResult result_;
+    std::vector<std::vector<std::uint32_t>> orders_;  // of the strata, one list a field
+    std::vector<float> target_web_;
+    std::vector<float> target_barrier_;
+    std::vector<std::vector<std::string>> refusals_;  // by pieces
+    std::vector<std::uint32_t> sound_;                // samples not refused; empty where none was
+    std::vector<std::vector<double>> field_ranks_;
+    std::array<std::vector<double>, kFactors> factor_ranks_;
+};
+
+}  // namespace
+
+void RiskRequest::AddField(std::string_view text, const PanelInputs& project) {
+    const std::size_t equals = text.find('=');
+    if (equals == std::string_view::npos)
+        throw StudyRefusal("--random: \"" + std::string(text) +
+                           "\" has no \"=\"; write FIELD=normal:MEAN:SD");
+    const StudyField field = RequiredField(text.substr(0, equals));
+    const std::string what = std::string("--random ") + NameOfField(field);
+    if (IndexOf(fields, field) < fields.size()) throw StudyRefusal(what + ": the field is given twice");
+    fields.push_back(
+        {field, Distribution::Parse(text.substr(equals + 1), ValueOfField(project, field), what)});
+}
+
+void RiskRequest::AddCorrelation(std::string_view text) {
+    const std::size_t comma = text.find(',');
+    const std::size_t equals = text.find('=');
+    if (comma == std::string_view::npos || equals == std::string_view::npos || comma > equals)
+        throw StudyRefusal("--correlate: \"" + std::string(text) +
+                           "\" is no correlation; write FIELD,FIELD=R");
+    FieldCorrelation made{RequiredField(text.substr(0, comma)),
+                          RequiredField(text.substr(comma + 1, equals - comma - 1)),
+                          RequiredNumber(text.substr(equals + 1), "--correlate")};
+    const std::string what = "--correlate " + std::string(text.substr(0, equals));
+    if (!(made.value > -1.0 && made.value < 1.0))
+        throw StudyRefusal(what + ": the correlation must lie between -1 and 1, both left out");
+    if (made.first == made.second) throw StudyRefusal(what + ": a field is not correlated with itself");
+    for (const StudyField field : {made.first, made.second}) {
+        const std::size_t index = IndexOf(fields, field);
+        if (index == fields.size() || !IsNormal(fields[index].distribution.Kind()))
+            throw StudyRefusal(what + ": both fields must be drawn from a normal distribution (--random)");
+    }
+    for (const FieldCorrelation& other : correlations)
+        if ((other.first == made.first && other.second == made.second) ||
+            (other.first == made.second && other.second == made.first))
+            throw StudyRefusal(what + ": the pair is given twice");
+    correlations.push_back(made);
+}
+
+RiskResult RunRisk(const RiskRequest& request, const Panel& project) {
+    return RiskRun(request, project).Run();
+}
+
+}  // namespace tarvokol

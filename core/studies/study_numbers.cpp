@@ -1,0 +1,36 @@
+#include "core/studies/study_numbers.h"
+
+#include <charconv>
+#include <cmath>
+
+#include "core/studies/study_refusal.h"
+
+namespace tarvokol {
+
+std::optional<double> WholeNumber(std::string_view text) {
+    // The library knows no plus sign, but names for infinity and NaN.
+    std::string_view digits = text;
+    if (digits.starts_with('+')) {
+        digits.remove_prefix(1);
+        if (digits.starts_with('-')) return std::nullopt;
+    }
+    double value = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (result.ec != std::errc() || result.ptr != digits.data() + digits.size()) return std::nullopt;
+    if (!std::isfinite(value)) return std::nullopt;
+    return value;
+}
+
+double RequiredNumber(std::string_view text, const std::string& what) {
+    if (const auto value = WholeNumber(text)) return *value;
+    throw StudyRefusal(what + ": \"" + std::string(text) + "\" is not a number with a decimal point");
+}
+
+void AppendShortest(std::string& text, double value) {
+    if (std::isnan(value)) return;
+    char buffer[32];
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
+    text.append(buffer, result.ptr);
+}
+
+}  // namespace tarvokol

@@ -1,0 +1,21 @@
+// Numbers of a study as text. Wherever people or other programs write them, a number is one to its last
+// character.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tarvokol {
+
+// The whole text as a number with a decimal point: an optional sign, digits, an optional exponent. Nothing
+// for any other text, and for a number beyond the range of a double.
+std::optional<double> WholeNumber(std::string_view text);
+
+// The same; any other text is refused by `what` ("--vary Height") and the text itself.
+double RequiredNumber(std::string_view text, const std::string& what);
+
+// Adds the shortest digits that read back the same; nothing for a NaN.
+void AppendShortest(std::string& text, double value);
+
+}  // namespace tarvokol

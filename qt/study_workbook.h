@@ -1,0 +1,40 @@
+// A workbook of many rows, written row by row so that memory stays flat.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+struct lxw_workbook;
+struct lxw_worksheet;
+struct lxw_format;
+
+namespace tarvokol {
+
+// One sheet with a bold header that stays in view. Cells follow one another to the right; EndRow begins the
+// next row. A file that cannot be written raises the error of the file system; without Finish nothing is left
+// at its place.
+class StudyWorkbook {
+  public:
+    explicit StudyWorkbook(const std::string& path);
+    ~StudyWorkbook();
+    StudyWorkbook(const StudyWorkbook&) = delete;
+    StudyWorkbook& operator=(const StudyWorkbook&) = delete;
+
+    void AddTitles(const std::vector<std::string>& titles);
+    void AddNumber(double value);  // a NaN leaves the cell empty
+    void AddText(const std::string& text);
+    void EndRow();
+
+    // Writes the workbook to its end.
+    void Finish();
+
+  private:
+    std::string path_;
+    lxw_workbook* book_ = nullptr;
+    lxw_worksheet* sheet_ = nullptr;
+    std::uint32_t row_ = 0;
+    std::uint16_t column_ = 0;
+};
+
+}  // namespace tarvokol

@@ -1,0 +1,172 @@
+#include <cmath>
+
+#include "tests/cli/cli_runner.h"
+
+namespace tarvokol {
+namespace {
+
+using nlohmann::json;
+using ::testing::HasSubstr;
+
+class RiskCommand : public CliTest {
+  protected:
+    json Risk(std::vector<std::string> more) {
+        std::vector<std::string> arguments{"risk", "--quiet", "--json", Project("p.TKL")};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        const CliAnswer answer = Run(arguments);
+        EXPECT_EQ(answer.status, 0) << answer.err;
+        return answer.Object();
+    }
+};
+
+// The webs' factor is 471.99928 / depth: below 1.6 where the depth is above 294.99955. Of 200 to 400 feet
+// that is a share of 0.52500225; Latin hypercube samples hit it within one stratum.
+TEST_F(RiskCommand, ProbabilityOfOneUniformFieldIsThatOfTheClosedForm) {
+    const json object = Risk({"--random", "DepthCover=uniform:200:400"});
+    EXPECT_EQ(object["samples"], 100000);
+    EXPECT_EQ(object["method"], "latin-hypercube");
+    EXPECT_EQ(object["refused"], 0);
+    const json& webs = object["factors"]["WebsOnly"];
+    EXPECT_NEAR(webs["below"][0]["target"], 1.6, 1e-6);
+    EXPECT_NEAR(webs["below"][0]["probability"], 0.52500225, 1.1e-5);
+    EXPECT_LT(webs["below"][0]["low"], 0.52500225);
+    EXPECT_GT(webs["below"][0]["high"], 0.52500225);
+    EXPECT_EQ(webs["below"][1]["target"], 1);
+    EXPECT_EQ(webs["below"][1]["probability"], 0);
+    // Deeper is weaker, sample by sample.
+    EXPECT_DOUBLE_EQ(webs["rank_correlation"]["DepthCover"], -1);
+    // Quantile q of the factor stands at the depth 400 - 200 q.
+    EXPECT_NEAR(webs["quantiles"]["0.5"], 471.99928 / 300, 1e-5);
+    EXPECT_NEAR(webs["quantiles"]["0.05"], 471.99928 / 390, 1e-5);
+    // Mean of a / x over 200 to 400: a ln 2 / 200.
+    EXPECT_NEAR(webs["mean"], 471.99928 * std::log(2.0) / 200, 1e-5);
+    EXPECT_EQ(object["units"], (json{{"DepthCover", "ft"}}));
+    EXPECT_FALSE(object["factors"]["Overall"]["below"].size() != 1);
+}
+
+// Strength stands in every factor as it is: a factor's spread is that of the strength.
+TEST_F(RiskCommand, SpreadOfTheStrengthIsThatOfTheFactors) {
+    const json object = Risk({"--random", "CoalStrength=normal:100%:15%"});
+    const json& webs = object["factors"]["WebsOnly"];
+    EXPECT_NEAR(webs["mean"], 4.7199928, 1e-4);
+    EXPECT_NEAR(webs["standard_deviation"], 0.15 * 4.7199928, 1e-3);
+    EXPECT_NEAR(webs["quantiles"]["0.95"], 4.7199928 * (1 + 0.15 * 1.644853626951), 1e-3);
+    EXPECT_EQ(object["random"]["CoalStrength"], "normal:900:135");
+}
+
+TEST_F(RiskCommand, SameSeedSameBytesOnAnyNumberOfThreads) {
+    Project("p.TKL");
+    const auto run = [this](const char* threads, const char* seed, bool plain) {
+        std::vector<std::string> arguments{"risk",
+                                           "p.TKL",
+                                           "--json",
+                                           "--random",
+                                           "CoalStrength=lognormal:900:135",
+                                           "--random",
+                                           "DepthCover=triangular:80:100:150",
+                                           "--samples",
+                                           "20000",
+                                           "--seed",
+                                           seed,
+                                           "--threads",
+                                           threads,
+                                           "--samples-out",
+                                           "s.csv",
+                                           "--force"};
+        if (plain) arguments.emplace_back("--plain");
+        const std::string out = Run(arguments).out;
+        return out + ReadBytes(PathTo("s.csv"));
+    };
+    const std::string one = run("1", "7", false);
+    EXPECT_EQ(one, run("2", "7", false));
+    EXPECT_EQ(one, run("16", "7", false));
+    EXPECT_NE(one, run("1", "8", false));
+    EXPECT_EQ(run("1", "7", true), run("3", "7", true));
+    EXPECT_NE(one, run("1", "7", true));
+}
+
+TEST_F(RiskCommand, RefusedSamplesAreCountedAndLeftOut) {
+    // Heights of -1 to 3: a quarter is not above 0.
+    const json object = Risk({"--random", "Height=uniform:-1:3", "--samples", "10000"});
+    EXPECT_EQ(object["refused"], 2500);
+    EXPECT_EQ(object["refused_share"], 0.25);
+    EXPECT_EQ(object["messages"], json({"Invalid entry height"}));
+    EXPECT_DOUBLE_EQ(object["factors"]["WebsOnly"]["rank_correlation"]["Height"], -1);
+}
+
+TEST_F(RiskCommand, CorrelatedFieldsMoveTogether) {
+    Project("p.TKL");
+    ASSERT_EQ(Run({"risk", "p.TKL", "--random", "Height=normal:10:1", "--random", "HoleWidth=normal:10:1",
+                   "--correlate", "Height,HoleWidth=0.8", "--samples", "50000", "--samples-out", "s.csv"})
+                  .status,
+              0);
+    double sum_x = 0, sum_y = 0, xx = 0, yy = 0, xy = 0;
+    std::istringstream samples(ReadBytes(PathTo("s.csv")));
+    std::string line;
+    std::getline(samples, line);
+    EXPECT_EQ(line, "Height,HoleWidth,Overall,WebsOnly,BarrierPillar\r");
+    int n = 0;
+    for (double x = 0, y = 0; std::getline(samples, line); ++n) {
+        ASSERT_EQ(std::sscanf(line.c_str(), "%lf,%lf", &x, &y), 2);
+        sum_x += x, sum_y += y, xx += x * x, yy += y * y, xy += x * y;
+    }
+    ASSERT_EQ(n, 50000);
+    const double covariance = xy / n - sum_x / n * sum_y / n;
+    const double spread = std::sqrt((xx / n - sum_x / n * sum_x / n) * (yy / n - sum_y / n * sum_y / n));
+    EXPECT_NEAR(covariance / spread, 0.8, 0.01);
+}
+
+TEST_F(RiskCommand, TextAndPictures) {
+    Project("p.TKL");
+    const CliAnswer text =
+        Run({"risk", "p.TKL", "--random", "CoalStrength=lognormal:100%:15%", "--samples", "1000"});
+    for (const char* words :
+         {"Ridge Panel 4", "lognormal:900:135", "1000 samples (Latin hypercube), seed 1, 0 refused",
+          "Probability below the target", "Rank correlation CoalStrength"})
+        EXPECT_THAT(text.out, HasSubstr(words));
+    for (const char* name : {"r.txt", "r.json", "r.png", "r.svg", "r.pdf"})
+        EXPECT_EQ(
+            Run({"risk", "p.TKL", "--random", "CoalStrength=normal:900:90", "--samples", "1000", "-o", name})
+                .status,
+            0)
+            << name;
+    EXPECT_THAT(ReadBytes(PathTo("r.svg")), HasSubstr("Share below"));
+}
+
+TEST_F(RiskCommand, WrongUsageIsToldInOneLine) {
+    Project("p.TKL");
+    const auto refused = [this](std::vector<std::string> words, const std::string& text) {
+        words.insert(words.begin(), {"risk", "p.TKL"});
+        const CliAnswer answer = Run(words);
+        EXPECT_EQ(answer.status, 2) << text;
+        EXPECT_EQ(answer.out, "");
+        EXPECT_THAT(answer.err, HasSubstr(text));
+    };
+    refused({"--random", "Foo=normal:1:1"}, "unknown field \"Foo\"; the fields are Height,");
+    refused({"--random", "Height=normal:1:-1"}, "the standard deviation must not be negative");
+    refused({"--random", "Height=gamma:1:1"}, "is no distribution; write normal:MEAN:SD");
+    refused({"--random", "Height=normal:1:1", "--random", "Height=normal:1:1"}, "the field is given twice");
+    refused({"--random", "Height=normal:1:1", "--correlate", "Height,DepthCover=0.5"},
+            "both fields must be drawn from");
+    const std::vector<std::string> three{"--random", "Height=normal:10:1",
+                                         "--random", "DepthCover=normal:100:1",
+                                         "--random", "HoleWidth=normal:10:1"};
+    const auto with = [&three](std::vector<std::string> more) {
+        more.insert(more.begin(), three.begin(), three.end());
+        return more;
+    };
+    refused(with({"--correlate", "Height,DepthCover=1"}), "must lie between -1 and 1");
+    refused(with({"--correlate", "Height,DepthCover=-1.2"}), "must lie between -1 and 1");
+    refused(with({"--correlate", "Height,Height=0.5"}), "a field is not correlated with itself");
+    refused(with({"--correlate", "Height=0.5"}), "is no correlation; write FIELD,FIELD=R");
+    refused(with({"--correlate", "Height,DepthCover=0.9", "--correlate", "DepthCover,HoleWidth=0.9",
+                  "--correlate", "Height,HoleWidth=-0.9"}),
+            "not positive definite");
+    refused({"--random", "Height=normal:1:1", "--samples", "0"},
+            "--samples: \"0\" is not a whole number from 1");
+    refused({"--random", "Height=normal:1:1", "--samples", "1,000"}, "--samples: \"1,000\" is not a number");
+    refused({"--random", "Height=normal:1:1", "--seed", "-1"}, "--seed: \"-1\" is not a whole number from 0");
+}
+
+}  // namespace
+}  // namespace tarvokol

@@ -1,0 +1,91 @@
+#include "core/studies/panel_figures.h"
+
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+namespace tarvokol {
+namespace {
+
+Panel ShallowPanel() {
+    Panel panel;
+    panel.Height = 10;
+    panel.DepthCover = 100;
+    panel.HoleWidth = 10;
+    panel.CrosscutSpacing = 1000000;
+    panel.CrosscutAngle = 90;
+    panel.WebThickness = 10;
+    panel.BarrierPillarWidth = 20;
+    panel.NumberHoles = 5;
+    panel.CoalStrength = 900;
+    panel.UnitWeight = 162;
+    panel.AbutmentAngle = 21;
+    panel.SFWeb = 1.6f;
+    panel.SFBarrier = 2.0f;
+    return panel;
+}
+
+TEST(PanelFigures, FactorsSizesAndExtractionOfTheWorkedPanel) {
+    PanelEvaluator evaluator(ShallowPanel(), true);
+    const PanelFigures& figures = evaluator.Evaluate();
+    EXPECT_NEAR(figures.WebsOnly, 4.7199928, 1e-13);
+    EXPECT_NEAR(figures.ExtractionRatio, 100.0 * 50 / 110, 1e-13);
+    EXPECT_NEAR(figures.SuggestedWeb, 38.9991340637207, 1e-5);
+    EXPECT_NEAR(figures.SuggestedBarrier, 122.40354919433594, 1e-5);
+    EXPECT_FALSE(figures.refused);
+    EXPECT_EQ(figures.message, "");
+}
+
+TEST(PanelFigures, ARefusedPanelHasNoFigureAndItsMessage) {
+    PanelEvaluator evaluator(ShallowPanel(), true);
+    evaluator.Set(StudyField::Height, 0);
+    const PanelFigures& figures = evaluator.Evaluate();
+    EXPECT_TRUE(figures.refused);
+    EXPECT_EQ(figures.message, "Invalid entry height");
+    for (const double figure : {figures.Overall, figures.WebsOnly, figures.BarrierPillar,
+                                figures.ExtractionRatio, figures.SuggestedWeb, figures.SuggestedBarrier})
+        EXPECT_TRUE(std::isnan(figure));
+    evaluator.Set(StudyField::Height, 10);
+    EXPECT_EQ(evaluator.Evaluate().message, "");
+    EXPECT_FALSE(figures.refused);
+}
+
+TEST(PanelFigures, ARunTimeErrorRefusesToo) {
+    PanelEvaluator evaluator(ShallowPanel(), false);
+    evaluator.Set(StudyField::NumberHoles, 21);
+    EXPECT_EQ(evaluator.Evaluate().message, "Subscript out of range");
+    evaluator.Set(StudyField::NumberHoles, 5);
+    evaluator.Set(StudyField::CoalStrength, 1e308);
+    EXPECT_EQ(evaluator.Evaluate().message, "Overflow");
+}
+
+TEST(PanelFigures, TheSolversFailureIsItsWidthAndItsWords) {
+    PanelEvaluator evaluator(ShallowPanel(), true);
+    evaluator.Set(StudyField::UnitWeight, 100000);
+    const PanelFigures& figures = evaluator.Evaluate();
+    EXPECT_FALSE(figures.refused);
+    EXPECT_EQ(figures.SuggestedWeb, -1);
+    const std::string words =
+        "Iteration produced negative pillar size. Check input data. If problem persists, contact Developer";
+    EXPECT_EQ(figures.message, words + " | " + words);
+}
+
+TEST(PanelFigures, TheShortTestOfTheSizesSpeaks) {
+    PanelEvaluator evaluator(ShallowPanel(), true);
+    evaluator.Set(StudyField::SFWeb, 0.5);
+    const PanelFigures& figures = evaluator.Evaluate();
+    EXPECT_EQ(figures.message, "Value '0.5' is outside input range\r\nValid range is: 1-10");
+    EXPECT_FALSE(std::isnan(figures.Overall));
+    EXPECT_TRUE(std::isnan(figures.SuggestedWeb));
+}
+
+TEST(PanelFigures, FieldsThatTheRecordCannotHold) {
+    EXPECT_TRUE(FitsField(StudyField::Height, 1e300));
+    EXPECT_FALSE(FitsField(StudyField::NumberHoles, 2.5));
+    EXPECT_FALSE(FitsField(StudyField::NumberHoles, 40000));
+    EXPECT_FALSE(FitsField(StudyField::SFWeb, 1e39));
+    EXPECT_TRUE(FitsField(StudyField::SFBarrier, 3.5));
+}
+
+}  // namespace
+}  // namespace tarvokol

@@ -1,0 +1,75 @@
+#include "core/studies/sample_statistics.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "core/studies/random_numbers.h"
+
+namespace tarvokol {
+namespace {
+
+using ::testing::ElementsAre;
+using Values = std::vector<double>;
+
+TEST(SampleStatistics, MomentsOfAFewValues) {
+    const Moments moments = MomentsOf(Values{2, 4, 4, 4, 5, 5, 7, 9});
+    EXPECT_EQ(moments.mean, 5);
+    EXPECT_DOUBLE_EQ(moments.standard_deviation, std::sqrt(32.0 / 7));
+    EXPECT_EQ(MomentsOf(Values{3}).standard_deviation, 0);
+    EXPECT_TRUE(std::isnan(MomentsOf(Values{}).mean));
+}
+
+TEST(SampleStatistics, OrdersValuesOfEitherSign) {
+    EXPECT_THAT(SortedOrder(Values{3, -1, 0, -7.5, 1e300, -1e-300}), ElementsAre(3, 1, 5, 2, 0, 4));
+    EXPECT_THAT(SortedOrder(Values{2, 2, 1, 2}), ElementsAre(2, 0, 1, 3));
+    EXPECT_TRUE(SortedOrder(Values{}).empty());
+}
+
+TEST(SampleStatistics, OrdersAsTheLibraryDoes) {
+    Values values(50000);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        values[i] = std::ldexp(UnitFromBits(RandomBits(3, 0, i)) - 0.5, static_cast<int>(i % 40) - 20);
+    const auto order = SortedOrder(values);
+    Values sorted = values;
+    std::sort(sorted.begin(), sorted.end());
+    for (std::size_t i = 0; i < values.size(); ++i) ASSERT_EQ(values[order[i]], sorted[i]);
+}
+
+TEST(SampleStatistics, QuantilesAreLinearBetweenNeighbours) {
+    const Values values{40, 10, 20, 50};
+    const auto order = SortedOrder(values);
+    EXPECT_EQ(QuantileOf(values, order, 0), 10);
+    EXPECT_EQ(QuantileOf(values, order, 0.5), 30);
+    EXPECT_EQ(QuantileOf(values, order, 0.25), 17.5);
+    EXPECT_EQ(QuantileOf(values, order, 1), 50);
+}
+
+TEST(SampleStatistics, EqualValuesShareTheMeanOfTheirRanks) {
+    const Values values{10, 30, 20, 20, 30, 30};
+    EXPECT_THAT(RanksOf(values, SortedOrder(values)), ElementsAre(1, 5, 2.5, 2.5, 5, 5));
+}
+
+TEST(SampleStatistics, CorrelationOfKnownLists) {
+    EXPECT_DOUBLE_EQ(Correlation(Values{1, 2, 3}, Values{2, 4, 6}), 1);
+    EXPECT_DOUBLE_EQ(Correlation(Values{1, 2, 3}, Values{6, 4, 2}), -1);
+    EXPECT_DOUBLE_EQ(Correlation(Values{1, 2, 3, 4}, Values{1, 3, 2, 4}), 0.8);
+    EXPECT_TRUE(std::isnan(Correlation(Values{1, 1, 1}, Values{1, 2, 3})));
+}
+
+// Wilson's bounds for 8 of 10: 0.4902 to 0.9433; for 0 of 10: 0 to 0.2775.
+TEST(SampleStatistics, SharesCarryWilsonsInterval) {
+    const Share share = ShareOf(8, 10);
+    EXPECT_DOUBLE_EQ(share.value, 0.8);
+    EXPECT_NEAR(share.low, 0.4902, 5e-5);
+    EXPECT_NEAR(share.high, 0.9433, 5e-5);
+    EXPECT_EQ(ShareOf(0, 10).low, 0);
+    EXPECT_NEAR(ShareOf(0, 10).high, 0.2775, 5e-5);
+    EXPECT_EQ(ShareOf(10, 10).high, 1);
+    EXPECT_TRUE(std::isnan(ShareOf(0, 0).value));
+}
+
+}  // namespace
+}  // namespace tarvokol

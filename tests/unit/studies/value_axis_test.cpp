@@ -1,0 +1,99 @@
+#include "core/studies/value_axis.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "core/studies/study_refusal.h"
+
+namespace tarvokol {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+std::vector<double> ValuesOf(const char* text) {
+    const ValueAxis axis = ValueAxis::Parse(text);
+    std::vector<double> values;
+    for (std::uint64_t i = 0; i < axis.Count(); ++i) values.push_back(axis[i]);
+    return values;
+}
+
+std::string RefusalOf(const char* text) {
+    try {
+        ValueAxis::Parse(text);
+    } catch (const StudyRefusal& refusal) {
+        return refusal.what();
+    }
+    return "not refused";
+}
+
+TEST(ValueAxis, CountsStepsFromTheFirstValueUpToTheLast) {
+    EXPECT_THAT(ValuesOf("DepthCover=100:300:50"), ElementsAre(100, 150, 200, 250, 300));
+    EXPECT_THAT(ValuesOf("DepthCover=100:299:50"), ElementsAre(100, 150, 200, 250));
+    EXPECT_THAT(ValuesOf("DepthCover=7:7:1"), ElementsAre(7));
+    EXPECT_THAT(ValuesOf("DepthCover=300:100:-100"), ElementsAre(300, 200, 100));
+}
+
+// 0.1 added ten times is 0.9999999999999999; ten counted steps end on 1.
+TEST(ValueAxis, RoundingOfStepsDoesNotAddUp) {
+    const auto values = ValuesOf("Height=0:1:0.1");
+    ASSERT_EQ(values.size(), 11u);
+    EXPECT_EQ(values[3], 0.30000000000000004);  // 3 x 0.1
+    EXPECT_EQ(values[10], 1.0);
+}
+
+TEST(ValueAxis, TakesALastValueThatIsHitWithinHalfAMillionthOfAStep) {
+    EXPECT_EQ(ValuesOf("Height=0:1.9999996:1").size(), 3u);
+    EXPECT_EQ(ValuesOf("Height=0:1.999999:1").size(), 2u);
+    EXPECT_EQ(ValuesOf("Height=0:2.0000001:1").size(), 3u);
+    EXPECT_EQ(ValuesOf("Height=5:4.9999996:1").size(), 1u);
+}
+
+TEST(ValueAxis, SpreadsACountOfValuesEvenly) {
+    EXPECT_THAT(ValuesOf("WebThickness=2:4/5"), ElementsAre(2, 2.5, 3, 3.5, 4));
+    EXPECT_THAT(ValuesOf("WebThickness=4:2/3"), ElementsAre(4, 3, 2));
+    EXPECT_THAT(ValuesOf("WebThickness=2:4/1"), ElementsAre(2));
+}
+
+TEST(ValueAxis, TakesAListInItsOrder) {
+    EXPECT_THAT(ValuesOf("NumberHoles=5,20,10"), ElementsAre(5, 20, 10));
+    EXPECT_THAT(ValuesOf("SFWeb=1.3"), ElementsAre(1.3));
+    EXPECT_THAT(ValuesOf("sfweb=-1.5e1,+2"), ElementsAre(-15, 2));
+}
+
+TEST(ValueAxis, ListsTheKnownFieldsForAnUnknownOne) {
+    EXPECT_EQ(RefusalOf("Depth=1"),
+              "unknown field \"Depth\"; the fields are Height, DepthCover, HoleWidth, WebThickness, "
+              "BarrierPillarWidth, NumberHoles, CoalStrength, UnitWeight, AbutmentAngle, SFWeb, SFBarrier");
+}
+
+TEST(ValueAxis, RefusesRangesThatLeadNowhere) {
+    EXPECT_THAT(RefusalOf("Height=3:1:0.5"), HasSubstr("never arrives"));
+    EXPECT_THAT(RefusalOf("Height=1:3:-0.5"), HasSubstr("never arrives"));
+    EXPECT_THAT(RefusalOf("Height=1:3:0"), HasSubstr("a step of 0"));
+    EXPECT_THAT(RefusalOf("Height=1:3/0"), HasSubstr("is not a count"));
+    EXPECT_THAT(RefusalOf("Height=1:3/2.5"), HasSubstr("is not a count"));
+    EXPECT_THAT(RefusalOf("Height=1:3"), HasSubstr("no step"));
+    EXPECT_THAT(RefusalOf("Height="), HasSubstr("no values"));
+    EXPECT_THAT(RefusalOf("Height"), HasSubstr("no \"=\""));
+    EXPECT_THAT(RefusalOf("Height=0:1e300:1e-300"), HasSubstr("too many steps"));
+}
+
+TEST(ValueAxis, ANumberIsOneToItsLastCharacter) {
+    for (const char* text :
+         {"Height=1,2x", "Height=1;5", "Height= 1", "Height=1:2:0,5", "Height=0x10", "Height=inf",
+          "Height=nan", "Height=1e999", "Height=--1", "Height=+-1", "Height=1,,2",
+          "Height=1."
+          "5.2"})
+        EXPECT_THAT(RefusalOf(text), HasSubstr("is not a number with a decimal point")) << text;
+}
+
+TEST(ValueAxis, HolesAreWhole) {
+    EXPECT_THAT(ValuesOf("NumberHoles=2:20:6"), ElementsAre(2, 8, 14, 20));
+    for (const char* text :
+         {"NumberHoles=2.5", "NumberHoles=2:3:0.5", "NumberHoles=1.5:3.5:1", "NumberHoles=40000"})
+        EXPECT_EQ(RefusalOf(text), "--vary NumberHoles: the number of holes must be a whole number") << text;
+}
+
+}  // namespace
+}  // namespace tarvokol
