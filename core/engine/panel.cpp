@@ -6,8 +6,9 @@ namespace tarvokol {
 
 void BuildCenterDistances(PanelInputs& inputs) {
     inputs.CenterDistance[1] = Checked(inputs.BarrierPillarWidth + inputs.HoleWidth);
-    for (int k = 2; k <= inputs.NumberHoles; ++k)
-        inputs.CenterDistance[k] = Checked(inputs.WebThickness + inputs.HoleWidth);
+    if (inputs.NumberHoles < 2) return;
+    const double web = Checked(inputs.WebThickness + inputs.HoleWidth);
+    for (int k = 2, holes = inputs.NumberHoles; k <= holes; ++k) inputs.CenterDistance[k] = web;
 }
 
 }  // namespace tarvokol

@@ -1,8 +1,7 @@
 #include "core/engine/panel_analysis.h"
 
-#include <cmath>
-
 #include "core/engine/panel_formulas.h"
+#include "core/engine/tangent.h"
 #include "core/engine/unit_labels.h"
 #include "core/runtime/checked.h"
 
@@ -66,8 +65,10 @@ void ComputeDevelopmentLoads(PanelAnalysis& w) {
 void ComputeAbutmentLoads(PanelAnalysis& w) {
     w.AppliedAbutmentLoad[2] = w.AppliedAbutmentLoad[3] = w.AppliedAbutmentLoad[4] = 0.0;
     w.SideAbutmentLoad[1] = 0.0;
+    double tangent = 0.0;
     for (int k = 2; k <= 3; ++k) {
-        const double tangent = std::tan(w.AbutmentAngleRad[k]);
+        if (k == 2 || w.AbutmentAngleRad[3] != w.AbutmentAngleRad[2])
+            tangent = Tangent(w.AbutmentAngleRad[k]);
         w.SideAbutmentLoad[k] = SideLoad(w.PanelSpan[k], tangent, w.CalcDepth, w.CalcUnitWeight);
         double& decay = w.AbutmentDecay[k - 1];
         decay = 0.0;

@@ -19,7 +19,6 @@ void DeriveScalars(const PanelInputs& inputs, Units units, PanelAnalysis& w) {
     w.CalcPillarLength = inputs.CrosscutSpacing;
     w.CalcCrosscutAngleRad = Checked(inputs.CrosscutAngle * RadiansPerDegree);
     w.CalcCrosscutClearance = Checked(inputs.CrosscutSpacing - inputs.HoleWidth);
-    w.CalcCenterSum = 0.0;
     w.CalcHoles = inputs.NumberHoles;
     w.CalcHolesPlusOne = ToShort(inputs.NumberHoles + 1.0);
 }
@@ -36,13 +35,19 @@ void DeriveSpansAndAngles(const PanelInputs& inputs, PanelAnalysis& w) {
 // The widths go through a sum and a difference and may differ from the panel's in the last bit: the analysis
 // reads these.
 void DerivePillars(const PanelInputs& inputs, PanelAnalysis& w) {
-    for (int i = 1; i <= w.CalcHoles; ++i) {
-        w.CenterDist[i] = inputs.CenterDistance[i];
-        w.PillarWidth[i] = Checked(w.CenterDist[i] - w.CalcHoleWidth);
-        w.PillarMinDim[i] = w.PillarWidth[i];
-        w.PillarLength[i] = w.CalcPillarLength;
-        w.CalcCenterSum = Checked(w.CalcCenterSum + w.CenterDist[i]);
+    const int holes = w.CalcHoles;
+    const double hole = w.CalcHoleWidth;
+    const double length = w.CalcPillarLength;
+    double sum = 0.0;
+    for (int i = 1; i <= holes; ++i) {
+        const double distance = inputs.CenterDistance[i];
+        const double width = Checked(distance - hole);
+        w.CenterDist[i] = distance;
+        w.PillarWidth[i] = w.PillarMinDim[i] = width;
+        w.PillarLength[i] = length;
+        sum = Checked(sum + distance);
     }
+    w.CalcCenterSum = sum;
 }
 
 std::optional<Refusal> FirstRefusal(const PanelInputs& inputs) {

@@ -1,8 +1,7 @@
 // The three stability factors without the arrays of the analysis.
-#include <cmath>
-
 #include "core/engine/engine.h"
 #include "core/engine/panel_formulas.h"
+#include "core/engine/tangent.h"
 
 namespace tarvokol {
 namespace {
@@ -47,7 +46,7 @@ PanelFactors FactorsOfOrdinary(const Panel& p) {
 
     const double span = (holes - 1.0) * web + holes * hole;
     const double column = p.UnitWeight * depth * length;
-    const double side = SideLoad(span, std::tan(p.AbutmentAngle * RadiansPerDegree), depth, p.UnitWeight);
+    const double side = SideLoad(span, Tangent(p.AbutmentAngle * RadiansPerDegree), depth, p.UnitWeight);
     const double barrier_load = 2.0 * side + p.UnitWeight * depth * barrier;
 
     PanelFactors factors;

@@ -1,7 +1,6 @@
 #include "core/engine/sizing_inputs.h"
 
-#include <cmath>
-
+#include "core/engine/tangent.h"
 #include "core/runtime/checked.h"
 
 namespace tarvokol {
@@ -43,7 +42,7 @@ float FillSizingBlock(const SizingInputs& inputs, SizingParameters& block) {
 }
 
 float SizingTangent(double angle) {
-    return ToSingle(std::tan(angle * RadiansPerDegree));
+    return ToSingle(Tangent(angle * RadiansPerDegree));
 }
 
 float SizingSpan(double holes, const SizingParameters& block, double web) {

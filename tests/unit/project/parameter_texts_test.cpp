@@ -2,8 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include "core/engine/engine.h"
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
+#include "tests/support/random_panels.h"
 #include "tests/unit/project/calculation_fixture.h"
 
 namespace tarvokol {
@@ -326,6 +328,21 @@ TEST_F(SizeButton, SizesWebAndBarrier) {
     EXPECT_EQ(sizes.txtSugWeb, "3.25");
     EXPECT_EQ(sizes.txtSugBarrier, "10.20");
     EXPECT_THAT(Messages(), IsEmpty());
+}
+
+// What a study calculates is what the button shows for the same figures.
+TEST_F(SizeButton, SizesAsTheCalculationDoesForThePanelOfItsTexts) {
+    for (std::uint64_t number = 0; number < 2000; ++number) {
+        PanelDice dice(number);
+        Panel panel = SoundPanel(dice);
+        UnitSystem = static_cast<int16_t>(panel.units);
+        const ParameterTexts texts = TextsOfRecord(panel);
+        StoreParameterTexts(texts, panel);
+        const SuggestedSizes shown = SuggestPillarSizes(texts);
+        const PillarSizes sizes = SizePillars(panel);
+        ASSERT_EQ(shown.SuggestedWeb, sizes.web.width) << number;
+        ASSERT_EQ(shown.SuggestedBarrier, sizes.barrier.width) << number;
+    }
 }
 
 TEST_F(SizeButton, FillsTheBlockInInchesAndPsi) {
