@@ -6,8 +6,9 @@ BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-tools-d
     libcli11-dev nlohmann-json3-dev"
 RUN_PACKAGES="fonts-liberation fonts-dejavu-core"
 PACKAGE_PACKAGES="dpkg-dev file git"
-TEST_PACKAGES="libgtest-dev libgmock-dev libbenchmark-dev clang-14 libclang-rt-14-dev libx11-dev xvfb xauth openbox xdotool xclip
-    poppler-utils imagemagick shared-mime-info desktop-file-utils appstream lintian mandoc zsh fish debootstrap"
+TEST_PACKAGES="libgtest-dev libgmock-dev libx11-dev xvfb xauth openbox xdotool xclip poppler-utils imagemagick python3
+    shared-mime-info desktop-file-utils appstream lintian mandoc zsh fish"
+ALL_TEST_PACKAGES="libbenchmark-dev clang-14 libclang-rt-14-dev debootstrap"
 
 # Prints those of the packages named that are not installed.
 missing_packages() {
