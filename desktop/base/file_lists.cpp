@@ -4,7 +4,6 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QSignalBlocker>
-#include <QStorageInfo>
 #include <QTimer>
 #include <algorithm>
 
@@ -70,14 +69,18 @@ bool HasWildcards(std::string_view text) {
     return text.find_first_of("*?") != std::string_view::npos;
 }
 
-DriveList::DriveList(QWidget* parent) : QComboBox(parent) {
-    QList<QStorageInfo> volumes = QStorageInfo::mountedVolumes();
+DriveList::DriveList(QWidget* parent) : DriveList(QStorageInfo::mountedVolumes(), parent) {}
+
+DriveList::DriveList(QList<QStorageInfo> volumes, QWidget* parent) : QComboBox(parent) {
     std::sort(volumes.begin(), volumes.end(), [](const QStorageInfo& left, const QStorageInfo& right) {
         return left.rootPath() < right.rootPath();
     });
     for (const QStorageInfo& volume : volumes)
         if (HoldsUserFiles(volume) && findData(volume.rootPath()) < 0)
             addItem(CaptionOf(volume), volume.rootPath());
+    const QString root = QDir::rootPath();
+    if (findData(root) < 0) insertItem(0, QDir::toNativeSeparators(root), root);
+    setCurrentIndex(0);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(this, &QComboBox::currentIndexChanged, this, &DriveList::DriveChanged);
 }

@@ -5,18 +5,22 @@
 #include <QComboBox>
 #include <QFileSystemModel>
 #include <QListView>
+#include <QStorageInfo>
 #include <QTreeView>
 #include <string>
 #include <string_view>
 
 namespace tarvokol {
 
-// The drives of the system; one of them is always the current one.
+// The drives of the system; one of them is always the current one. The system's root is always among them, also
+// where the table of mounted volumes leaves it out, as it does for a program whose root is a folder of another
+// system.
 class DriveList : public QComboBox {
     Q_OBJECT
 
   public:
     explicit DriveList(QWidget* parent = nullptr);
+    explicit DriveList(QList<QStorageInfo> volumes, QWidget* parent = nullptr);
 
     // Root folder of the current drive.
     std::string Drive() const;
