@@ -25,6 +25,7 @@ std::vector<std::string> ExpandFiles(const std::vector<std::string>& files) {
         if (!line.empty() && line.back() == '\r') line.pop_back();
         if (!line.empty()) listed.push_back(std::move(line));
     }
+    if (std::cin.bad()) throw UsageError{"-: the list of files cannot be read"};
     return listed;
 }
 

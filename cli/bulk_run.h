@@ -24,7 +24,7 @@ using FileWork = std::function<FileResult(const std::string& file)>;
 
 class BulkRun {
   public:
-    // Raises UsageError for a FILE list that cannot be read.
+    // Reads the FILE list where `-` asks for it; raises UsageError if that fails.
     BulkRun(Options options, HeadlessPlatform& host);
 
     const Options& TheOptions() const { return options_; }
@@ -32,7 +32,7 @@ class BulkRun {
     // Runs the work on every FILE in turn; returns the exit status.
     int Run(const FileWork& work);
 
-    // True if results also go to standard output as text.
+    // Results do not go to standard output as text.
     void SilenceText() { text_to_stdout_ = false; }
 
     // Writes the JSON object of each FILE here too.

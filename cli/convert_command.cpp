@@ -3,14 +3,17 @@
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
 #include "core/messages/notify.h"
+#include "core/platform/message_box.h"
 #include "core/project/file_conversion.h"
-#include "core/project/project_file.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/runtime/file_system.h"
 
 namespace tarvokol::cli {
 namespace {
+
+constexpr int16_t kEnglish = 0;
+constexpr int16_t kMetric = 1;
 
 // A name beside the original.
 std::string BesideOriginal(const std::string& original, const std::string& name) {
@@ -21,11 +24,11 @@ FileResult ConvertOne(const std::string& file, const std::string& target_name, c
     FileResult result;
     result.ok = OpenProject(file);
     if (!result.ok) return result;
-    ConvertTargetUnits = target_name == "metric" ? 1 : 0;
+    const bool to_metric = target_name == "metric";
+    ConvertTargetUnits = to_metric ? kMetric : kEnglish;
     if (UnitSystem == ConvertTargetUnits) {
-        Notify(
-            std::string("The project is already in ") + (UnitSystem == 1 ? "Metric" : "English") + " units",
-            0);
+        Notify(std::string("The project is already in ") + (to_metric ? "Metric" : "English") + " units",
+               box_style::Plain);
         result.ok = false;
         return result;
     }
@@ -34,10 +37,7 @@ FileResult ConvertOne(const std::string& file, const std::string& target_name, c
         target.ToFile() ? target.PathFor(file, ProjectFileName) : BesideOriginal(file, ProjectFileName);
     result.keys["output"] = output;
     result.keys["project"] = ProjectJson();
-    target.Write(output, [](const std::string& path) {
-        ProjectFileName = path;
-        FileSave();
-    });
+    target.WriteProject(output);
     result.text = file + ": " + output + "\n";
     return result;
 }

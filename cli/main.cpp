@@ -1,15 +1,19 @@
 // tarvokol-cli: the program's work without a window, for scripts and bulk runs.
 #include <algorithm>
+#include <cerrno>
 #include <functional>
 #include <iostream>
 #include <string>
 #include <vector>
 
 #include <CLI/CLI.hpp>
+#include <unistd.h>
 
 #include "cli/commands.h"
 #include "core/headless/headless_platform.h"
 #include "core/report/report_builder.h"
+#include "core/runtime/os_errors.h"
+#include "core/runtime/run_time_error.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -242,10 +246,16 @@ std::vector<std::string> Arguments(int argc, char** argv) {
     return {arguments.rbegin(), arguments.rend()};  // CLI11 takes them last first
 }
 
-// What could not be printed to standard output is an output that could not be written.
+// What could not be printed to standard output is an output that could not be written. Some systems tell only when a
+// file is closed that something written was lost.
 int StatusOfOutput(int status) {
+    errno = 0;
     std::cout.flush();
-    return std::cout ? status : exit_status::NotWritten;
+    const bool written = static_cast<bool>(std::cout) && (::close(STDOUT_FILENO) == 0 || errno == EBADF);
+    if (written) return status;
+    const std::string cause = errno != 0 ? ErrorText(ErrorNumberOfErrno(errno)) : "could not be written";
+    std::cerr << "standard output: " << cause << '\n';
+    return exit_status::NotWritten;
 }
 
 int RunChosen(const Command& chosen) {

@@ -1,12 +1,13 @@
 #include "cli/output_target.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
 #include <filesystem>
-#include <memory>
+#include <system_error>
 #include <utility>
 
+#include "core/project/project_file.h"
+#include "core/project/project_state.h"
+#include "core/runtime/file_replacement.h"
 #include "core/runtime/file_system.h"
 #include "core/runtime/os_errors.h"
 #include "core/runtime/run_time_error.h"
@@ -55,13 +56,24 @@ std::string OutputTarget::PathFor(const std::string& project, const std::string&
     return WithSeparator(output_) + file;
 }
 
+void OutputTarget::MakeFolder() const {
+    std::error_code failure;
+    std::filesystem::create_directories(output_, failure);
+    if (!failure || FolderExists(output_)) return;
+    const int number = ErrorNumberOfErrno(failure.value(), output_);
+    throw OutputError{number, output_ + ": " + ErrorText(number)};
+}
+
+// Makes the folder of the files as well, so that nothing but the file itself is left to fail.
 void OutputTarget::Prepare(const std::string& path) const {
     std::error_code failure;
     if (FolderExists(path)) throw OutputError{error_number::PathFileAccess, path + ": is a folder"};
-    if (!force_ && std::filesystem::exists(path, failure) && std::filesystem::is_regular_file(path, failure))
+    if (taken_.count(path) != 0)
         throw OutputError{error_number::FileAlreadyExists,
-                          path + ": file already exists (--force replaces it)"};
-    if (folder_) std::filesystem::create_directories(output_, failure);
+                          path + ": holds the result of another project of the same name"};
+    if (!force_ && std::filesystem::is_regular_file(path, failure))
+        throw OutputError{error_number::FileAlreadyExists, path + ": file already exists (--force replaces it)"};
+    if (folder_) MakeFolder();
 }
 
 void OutputTarget::Write(const std::string& path,
@@ -72,16 +84,20 @@ void OutputTarget::Write(const std::string& path,
     } catch (const RunTimeError& error) {
         throw OutputError{error.number, path + ": " + error.text};
     }
+    if (folder_) taken_.insert(path);
 }
 
 void OutputTarget::WriteBytes(const std::string& path, const std::string& bytes) const {
-    Write(path, [&bytes](const std::string& name) {
-        const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(name.c_str(), "wb"),
-                                                                   std::fclose);
-        if (!file) Raise(ErrorNumberOfErrno(errno, name));
-        if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size() ||
-            std::fflush(file.get()) != 0)
-            Raise(ErrorNumberOfErrno(errno, name));
+    Write(path, [&bytes](const std::string& name) { ReplaceWholeFile(name, bytes); });
+}
+
+void OutputTarget::WriteProject(const std::string& path) const {
+    Write(path, [](const std::string& name) {
+        FileReplacement replacement(name);
+        ProjectFileName = replacement.BuildPath();
+        FileSave();
+        ProjectFileName = name;
+        replacement.Commit();
     });
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -33,17 +34,24 @@ class OutputTarget {
     // Makes the folder of the files. Raises OutputError if the file exists and is not to be replaced.
     void Prepare(const std::string& path) const;
 
-    // Writes through `write`, which is given the path, and raises OutputError for a run-time error in it.
+    // Writes through `write`, which is given the path and leaves the file whole or as it was. Raises OutputError for a
+    // run-time error in it, and for a file that exists and is not to be replaced.
     void Write(const std::string& path, const std::function<void(const std::string&)>& write) const;
 
     // Writes a file of these bytes.
     void WriteBytes(const std::string& path, const std::string& bytes) const;
 
+    // Writes the open project.
+    void WriteProject(const std::string& path) const;
+
   private:
+    void MakeFolder() const;
+
     std::string output_;
     bool force_;
     bool folder_ = false;
     std::string format_;
+    mutable std::set<std::string> taken_;  // the files of the folder that hold a result of this run
 };
 
 }  // namespace tarvokol::cli

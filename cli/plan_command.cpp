@@ -15,14 +15,15 @@ namespace tarvokol::cli {
 namespace {
 
 struct PlanRequest {
-    int16_t plot_mode = 1;
+    int16_t mode = plot_mode::Dimensions;
     bool results_needed = false;
     bool preview = false;
 };
 
 PlanRequest RequestOf(const std::string& mode, const std::string& view) {
     PlanRequest request;
-    request.plot_mode = mode == "strength" ? 2 : mode == "capacity" ? 3 : 1;
+    if (mode == "strength") request.mode = plot_mode::Strength;
+    if (mode == "capacity") request.mode = plot_mode::Capacity;
     request.results_needed = mode != "dimensions";
     request.preview = view == "preview";
     return request;
@@ -35,7 +36,7 @@ void PreparePlan(const PlanRequest& request) {
     else
         LoadWorkParms();
     PlotFromResults = !request.preview;
-    PlotMode = request.plot_mode;
+    PlotMode = request.mode;
 }
 
 void Draw(const PlanRequest& request, DrawingSurface& surface) {

@@ -1,7 +1,5 @@
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
-#include "core/project/project_file.h"
-#include "core/project/project_state.h"
 
 namespace tarvokol::cli {
 
@@ -17,10 +15,7 @@ int RunSave(const Options& options, HeadlessPlatform& host) {
         const std::string output = target.PathFor(file);
         result.keys["output"] = output;
         result.keys["project"] = ProjectJson();
-        target.Write(output, [](const std::string& path) {
-            ProjectFileName = path;
-            FileSave();
-        });
+        target.WriteProject(output);
         return result;
     });
 }

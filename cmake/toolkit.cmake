@@ -5,12 +5,13 @@ find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets PrintSupport Help Svg 
 find_package(QCustomPlotQt6 REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(XLSX REQUIRED IMPORTED_TARGET xlsxwriter)
+find_package(ZLIB REQUIRED)
 
 add_library(tarvokol_bindings STATIC)
 set_target_properties(tarvokol_bindings PROPERTIES AUTOMOC ON)
 target_precompile_headers(tarvokol_bindings PRIVATE <QtWidgets> <QtPrintSupport>)
 target_link_libraries(tarvokol_bindings PUBLIC tarvokol_core Qt6::Widgets Qt6::PrintSupport Qt6::Svg
-                      PRIVATE QCustomPlotQt6::QCustomPlotQt6 PkgConfig::XLSX)
+                      PRIVATE QCustomPlotQt6::QCustomPlotQt6 PkgConfig::XLSX ZLIB::ZLIB)
 
 add_library(tarvokol_gui STATIC)
 # The first form of compiled artwork carries no dates of files.

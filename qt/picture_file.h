@@ -5,7 +5,8 @@
 
 namespace tarvokol {
 
-// Writes a finished picture to a file; an existing one is replaced. Raises the error of the operating system.
+// Writes a finished picture to a file; an existing one stands until the new one is whole. Raises the errors of the
+// files.
 void WritePictureFile(const std::string& path, const QByteArray& bytes);
 
 }  // namespace tarvokol

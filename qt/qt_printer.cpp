@@ -1,15 +1,19 @@
 #include "qt/qt_printer.h"
 
-#include <QFile>
 #include <QFontMetricsF>
 #include <QPageLayout>
 #include <QPageSize>
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
+#include <filesystem>
 
-#include "core/runtime/os_errors.h"
+#include "core/messages/history_log.h"
+#include "core/platform/common_dialogs.h"
+#include "core/platform/platform.h"
+#include "core/project/lifecycle.h"
+#include "core/project/project_state.h"
 #include "core/runtime/run_time_error.h"
+#include "core/settings/folders.h"
+#include "qt/pdf_check.h"
 #include "qt/qt_screen_fonts.h"
 #include "qt/qt_text.h"
 
@@ -31,21 +35,17 @@ double ToUnits(double twips, int resolution) {
     return twips * resolution / kTwipsPerInch;
 }
 
-// Raises the system's error for a file that cannot be written, before the toolkit tries.
-void RequireWritable(const QString& file) {
-    const std::string path = FromQt(file);
-    std::FILE* stream = std::fopen(path.c_str(), "ab");
-    if (stream == nullptr) Raise(ErrorNumberOfErrno(errno, path));
-    std::fclose(stream);
-}
-
-// The toolkit does not tell when a disk fills up; a file that was written whole ends with its end mark.
-void RequireComplete(const QString& path) {
-    constexpr qint64 kTail = 16;
-    QFile file(path);
-    const bool long_enough = file.open(QIODevice::ReadOnly) && file.size() > kTail;
-    if (!long_enough || !file.seek(file.size() - kTail) || !file.readAll().contains("%%EOF"))
-        Raise(error_number::DiskFull);
+// The name that a job's file may have: the project's, in the project's folder.
+FileDialogRequest PdfRequest() {
+    FileDialogRequest request;
+    const std::string folder = std::filesystem::path(ProjectFileName).parent_path().string();
+    request.title = "Print to PDF File";
+    request.file_name = FileNameOf(ProjectFileName, 1) + ".pdf";
+    request.start_folder = folder.empty() ? PersonalDataFolder : folder;
+    request.filter = "PDF Files (*.pdf)|*.pdf";
+    request.default_extension = "pdf";
+    request.flags = dialog_flag::OverwritePrompt;
+    return request;
 }
 
 // A line of the program's text: what is no character to print becomes a blank.
@@ -76,14 +76,56 @@ void QtPrinter::PrintToFile(const std::string& path) {
     device.setOutputFileName(ToQt(path));
     device.setPageSize(QPageSize(QPageSize::A4));
     device.setFullPage(true);
+    file_is_named_ = true;
+}
+
+bool QtPrinter::StartDoc() {
+    AbandonJob();
+    if (!PrintsToFile(Device()) || file_is_named_) return true;
+    try {
+        Device().setOutputFileName(ToQt(Platform.Dialogs->ShowSave(PdfRequest())));
+        return true;
+    } catch (const RunTimeError& error) {
+        if (error.number != error_number::Cancelled) throw;
+        LogMessage("Printing aborted");
+        return false;
+    }
+}
+
+void QtPrinter::CloseDoc() {
+    AbandonJob();
 }
 
 // An error may have left a job open; the device takes no other file until it ends.
 void QtPrinter::AbandonJob() {
     x_ = y_ = 0;
-    if (!painter_.isActive()) return;
-    device_->abort();
-    painter_.end();
+    if (painter_.isActive()) {
+        device_->abort();
+        painter_.end();
+    }
+    DropFile();
+}
+
+// The job's file grows beside its place.
+void QtPrinter::BeginFile() {
+    DropFile();
+    file_name_ = Device().outputFileName();
+    file_ = std::make_unique<FileReplacement>(FromQt(file_name_));
+    file_is_whole_ = false;
+    Device().setOutputFileName(ToQt(file_->BuildPath()));
+}
+
+// What is whole and cannot be put in place may be tried again; what is not whole never becomes so.
+void QtPrinter::EndFile() {
+    if (!file_is_whole_) Raise(error_number::DiskFull);
+    file_->Commit();
+    DropFile();
+}
+
+void QtPrinter::DropFile() {
+    if (!file_) return;
+    Device().setOutputFileName(file_name_);
+    file_.reset();
 }
 
 bool QtPrinter::HasTarget() const {
@@ -124,8 +166,10 @@ double QtPrinter::TextWidth(const std::string& text) {
 void QtPrinter::EnsureJob() {
     if (painter_.isActive()) return;
     QPrinter& device = Target();
-    if (PrintsToFile(device)) RequireWritable(device.outputFileName());
-    if (!painter_.begin(&device)) Raise(error_number::PrinterError);
+    if (PrintsToFile(device)) BeginFile();
+    if (painter_.begin(&device)) return;
+    DropFile();
+    Raise(error_number::PrinterError);
 }
 
 void QtPrinter::NewPage() {
@@ -136,11 +180,22 @@ void QtPrinter::NewPage() {
 
 void QtPrinter::EndDoc() {
     x_ = y_ = 0;
-    if (!painter_.isActive()) return;
-    if (!painter_.end()) Raise(error_number::PrinterError);
-    const QPrinter& device = Target();
-    if (PrintsToFile(device)) RequireComplete(device.outputFileName());
-    if (device.printerState() == QPrinter::Error) Raise(error_number::PrinterError);
+    if (painter_.isActive()) {
+        const bool ended = painter_.end() && Target().printerState() != QPrinter::Error;
+        file_is_whole_ = ended && file_ && PdfIsWhole(file_->BuildPath());
+        if (!ended && !file_) Raise(error_number::PrinterError);
+    }
+    if (file_) EndFile();
+}
+
+void QtPrinter::PrintWith(const std::function<void(QPrinter&)>& print) {
+    AbandonJob();
+    QPrinter& device = Target();
+    if (PrintsToFile(device)) BeginFile();
+    print(device);
+    if (!file_) return;
+    file_is_whole_ = PdfIsWhole(file_->BuildPath());
+    EndFile();
 }
 
 void QtPrinter::PrintDrawing(const QSizeF& size, const std::function<void(QPainter&)>& draw) {
@@ -157,7 +212,12 @@ void QtPrinter::PrintDrawing(const QSizeF& size, const std::function<void(QPaint
     painter_.scale(scale, scale);
     draw(painter_);
     painter_.restore();
-    EndDoc();
+    try {
+        EndDoc();
+    } catch (const RunTimeError&) {
+        AbandonJob();
+        throw;
+    }
 }
 
 // The fixed-pitch names first: whoever reads the list only in part finds them.

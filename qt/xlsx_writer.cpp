@@ -2,7 +2,8 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <system_error>
+#include <memory>
+#include <utility>
 
 #include <fcntl.h>
 #include <locale.h>
@@ -13,10 +14,12 @@
 #include "core/platform/platform.h"
 #include "core/platform/shell.h"
 #include "core/platform/special_folders.h"
+#include "core/runtime/descriptor.h"
 #include "core/runtime/file_system.h"
 #include "core/runtime/os_errors.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/folders.h"
+#include "qt/workbook_check.h"
 
 namespace tarvokol {
 namespace {
@@ -71,13 +74,6 @@ lxw_error CloseWorkbook(lxw_workbook* book, int& system_error) {
     return result;
 }
 
-// Takes away what is left of a workbook that was not written to its end; a link or a device stays.
-void RemoveRest(const std::string& path) {
-    std::error_code failure;
-    if (std::filesystem::is_regular_file(std::filesystem::symlink_status(path, failure)))
-        ::unlink(path.c_str());
-}
-
 void Check(lxw_error result) {
     if (result == LXW_NO_ERROR) return;
     if (result == LXW_ERROR_MEMORY_MALLOC_FAILED) Raise(error_number::OutOfMemory);
@@ -97,33 +93,38 @@ std::string ScratchFolder() {
 }  // namespace
 
 XlsxFileWriter::~XlsxFileWriter() {
-    Abandon();
+    XlsxFileWriter::Abandon();
 }
 
-void XlsxFileWriter::Begin(const std::string& path, bool replace) {
+void XlsxFileWriter::Begin(const std::string& path) {
     Abandon();
-    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | (replace ? 0 : O_EXCL), 0666);
-    if (file < 0) throw RunTimeError(ErrorNumberOfErrno(errno, path));
-    ::close(file);
     path_ = path;
-    book_ = ::workbook_new(path_.c_str());
+    cells_.clear();
+    replacement_ = std::make_unique<FileReplacement>(path_);
+    // The library's own scratch stands beside the workbook: where that has room, the scratch has it, too.
+    std::string folder = std::filesystem::path(replacement_->BuildPath()).parent_path().string();
+    lxw_workbook_options options{};
+    options.tmpdir = folder.empty() ? nullptr : folder.data();
+    book_ = ::workbook_new_opt(replacement_->BuildPath().c_str(), &options);
     if (book_ == nullptr) Raise(error_number::OutOfMemory);
     sheet_ = ::workbook_add_worksheet(book_, nullptr);
     if (sheet_ == nullptr) Raise(error_number::OutOfMemory);
 }
 
 void XlsxFileWriter::BeginWorkbook() {
-    Begin(path_, true);
+    Begin(path_);
 }
 
 void XlsxFileWriter::SetCell(const std::string& address, double value) {
     if (sheet_ == nullptr) Raise(error_number::CannotCreateObject);
     Check(::worksheet_write_number(sheet_, CELL(address.c_str()), value, nullptr));
+    cells_.insert(address);
 }
 
 void XlsxFileWriter::SetCell(const std::string& address, const std::string& text) {
     if (sheet_ == nullptr) Raise(error_number::CannotCreateObject);
     Check(::worksheet_write_string(sheet_, CELL(address.c_str()), text.c_str(), nullptr));
+    cells_.insert(address);
 }
 
 void XlsxFileWriter::ShowWorkbook() {
@@ -131,21 +132,28 @@ void XlsxFileWriter::ShowWorkbook() {
     lxw_workbook* book = book_;
     book_ = nullptr;
     sheet_ = nullptr;
+    const std::unique_ptr<FileReplacement> replacement = std::move(replacement_);
     int system_error = 0;
     const lxw_error result = CloseWorkbook(book, system_error);
-    if (result == LXW_NO_ERROR) return;
-    RemoveRest(path_);
-    RaiseWriteFailure(result, system_error, path_);
+    if (result != LXW_NO_ERROR) RaiseWriteFailure(result, system_error, path_);
+    // The library does not look whether its scratch took everything.
+    if (!WorkbookIsWhole(replacement->BuildPath(), cells_.size())) Raise(error_number::DiskFull);
+    replacement->Commit();
 }
 
-// The library frees a workbook only by writing it: one that is given up goes where nothing is kept.
+// The library frees a workbook only by writing it: one that is given up is written and not put in place.
 void XlsxFileWriter::Abandon() {
-    if (book_ == nullptr) return;
-    int ignored = 0;
-    CloseWorkbook(book_, ignored);
-    RemoveRest(path_);
+    if (book_ != nullptr) {
+        int ignored = 0;
+        CloseWorkbook(book_, ignored);
+    }
+    replacement_.reset();
     book_ = nullptr;
     sheet_ = nullptr;
+}
+
+DesktopXlsxWriter::~DesktopXlsxWriter() {
+    DesktopXlsxWriter::Abandon();
 }
 
 void DesktopXlsxWriter::BeginWorkbook() {
@@ -153,16 +161,32 @@ void DesktopXlsxWriter::BeginWorkbook() {
         const std::string path = ScratchFolder() + "Curves" + std::to_string(number) + ".xlsx";
         if (std::filesystem::exists(std::filesystem::symlink_status(path))) continue;
         try {
-            Begin(path, false);
-            return;
+            const Descriptor empty(path, O_WRONLY | O_CREAT | O_EXCL);
         } catch (const RunTimeError&) {
-            if (!FileExists(path)) throw;  // else someone else was quicker: the next name
+            if (FileExists(path)) continue;  // someone else was quicker
+            throw;
         }
+        Begin(path);
+        reserved_ = path;
+        return;
     }
 }
 
+// The name is free again where no workbook came to stand there.
+void DesktopXlsxWriter::Abandon() {
+    XlsxFileWriter::Abandon();
+    if (!reserved_.empty()) ::unlink(reserved_.c_str());
+    reserved_.clear();
+}
+
 void DesktopXlsxWriter::ShowWorkbook() {
-    XlsxFileWriter::ShowWorkbook();
+    try {
+        XlsxFileWriter::ShowWorkbook();
+    } catch (const RunTimeError&) {
+        Abandon();
+        throw;
+    }
+    reserved_.clear();
     LogMessage("Workbook: " + Path());
     // The workbook is the result. A desktop that has no program for it leaves it where the log says.
     static_cast<void>(Platform.TheShell->OpenDocument(Path(), ScratchFolder()));

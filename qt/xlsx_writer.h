@@ -1,18 +1,21 @@
 // Workbooks as .xlsx files.
 #pragma once
 
+#include <memory>
+#include <set>
 #include <string>
 
 #include "core/platform/spreadsheet_writer.h"
+#include "core/runtime/file_replacement.h"
 
 struct lxw_workbook;
 struct lxw_worksheet;
 
 namespace tarvokol {
 
-// Writes a workbook of one sheet to a given path; an existing file is replaced. A file that cannot be written
-// raises the error of the file system ("Path not found", "Permission denied", "Disk full" ...), as early as
-// it shows, and leaves nothing behind that it has created.
+// Writes a workbook of one sheet to a given path; an existing file stands until the new one is whole. A file that
+// cannot be written raises the error of the file system ("Path not found", "Permission denied", "Disk full" ...), as
+// early as it shows, and leaves nothing behind that it has created.
 class XlsxFileWriter : public SpreadsheetWriter {
   public:
     explicit XlsxFileWriter(std::string path = "") : path_(std::move(path)) {}
@@ -28,15 +31,17 @@ class XlsxFileWriter : public SpreadsheetWriter {
     const std::string& Path() const { return path_; }
 
   protected:
-    // Creates the file at `path` or raises.
-    void Begin(const std::string& path, bool replace);
+    // Begins the workbook that is to stand at `path`.
+    void Begin(const std::string& path);
+
+    virtual void Abandon();
 
   private:
-    void Abandon();
-
     std::string path_;
     lxw_workbook* book_ = nullptr;
     lxw_worksheet* sheet_ = nullptr;
+    std::unique_ptr<FileReplacement> replacement_;
+    std::set<std::string> cells_;  // addresses written
 };
 
 // Writes the workbook under a free name in the folder for scratch files and opens it with the desktop's
@@ -44,8 +49,15 @@ class XlsxFileWriter : public SpreadsheetWriter {
 // the user where it is.
 class DesktopXlsxWriter : public XlsxFileWriter {
   public:
+    ~DesktopXlsxWriter() override;
     void BeginWorkbook() override;
     void ShowWorkbook() override;
+
+  protected:
+    void Abandon() override;
+
+  private:
+    std::string reserved_;  // the empty file that holds the name while the workbook grows
 };
 
 }  // namespace tarvokol

@@ -11,6 +11,12 @@ class PrinterDevice {
   public:
     virtual ~PrinterDevice() = default;
 
+    // Before a job: chooses what it goes to, where the user is to be asked for that. False if he gives it up.
+    virtual bool StartDoc() { return true; }
+
+    // Behind a job: drops what is left of one that did not come to its end.
+    virtual void CloseDoc() {}
+
     virtual double CurrentX() const = 0;
     virtual double CurrentY() const = 0;
     virtual void SetCurrentX(double twips) = 0;

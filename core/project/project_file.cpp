@@ -1,8 +1,6 @@
 #include "core/project/project_file.h"
 
-#include <filesystem>
 #include <set>
-#include <system_error>
 
 #include "core/messages/history_log.h"
 #include "core/messages/notify.h"
@@ -10,39 +8,30 @@
 #include "core/platform/main_window_services.h"
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
+#include "core/project/kept_copy.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"
+#include "core/runtime/run_time_error.h"
 #include "core/runtime/text_file.h"
-#include "core/settings/folders.h"
 
 namespace tarvokol {
 namespace {
 
 constexpr int kProjectFile = 1;  // file number
-constexpr const char* kMagic = "TARVOKOL_101";
 constexpr std::size_t kMagicLimit = 64;  // bytes of a foreign file that are looked at
 constexpr int kDescriptionFlag = 2;
 
-// The files that a save has emptied and not finished. What stands in them is no project, so it must not
-// replace the copy of the last good content.
+// The files that a save has emptied and not finished: what stands in them is a rest of what is being saved.
 std::set<std::string> UnfinishedSaves;
 
-// Keeps the content of the file that is about to be emptied. Never fails: a save must not depend on its
-// safety copy.
-void KeepPreviousContent(const std::string& path) {
-    if (TempDataFolder.empty() || UnfinishedSaves.count(path) != 0) return;
-    std::error_code ignored;
-    if (!std::filesystem::is_regular_file(path, ignored)) return;
-    const std::string name = std::filesystem::path(path).filename().string();
-    std::filesystem::copy_file(path, TempDataFolder + "~bak_" + name,
-                               std::filesystem::copy_options::overwrite_existing, ignored);
+// True if the file may be emptied: its content is kept.
+bool MayEmpty(const std::string& path) {
+    return UnfinishedSaves.count(path) != 0 || KeepPreviousContent(path);
 }
 
 void OpenEmptied() {
-    CloseFile(kProjectFile);
-    KeepPreviousContent(ProjectFileName);
     OpenForOutput(kProjectFile, ProjectFileName);
     UnfinishedSaves.insert(ProjectFileName);
 }
@@ -53,7 +42,7 @@ void PrintNumberText(Number value) {
 }
 
 void PrintIdentity() {
-    PrintLine(kProjectFile, kMagic);
+    PrintLine(kProjectFile, ProjectMagic);
     PrintNumber(kProjectFile, UnitSystem);
     PrintLine(kProjectFile, ProjectTitle);
     ReformatDescription();
@@ -123,39 +112,54 @@ void ReadInputs() {
     ProjectRecord.SpareSingle = ReadSingle();
 }
 
+// Opens and reads the project; false if the magic does not match.
+bool ReadOpenFile() {
+    OpenForInput(kProjectFile, ProjectFileName);
+    FileFormatLevel = PresentFormatLevel;
+    if (!CheckMagic(TokenStart(kProjectFile, kMagicLimit), std::string(ProjectMagic))) return false;
+    ReadIdentity();
+    ReadInputs();
+    ProjectSaved = 255;
+    ProjectEmpty = 0;
+    UnitsLocked = 255;
+    CloseFile(kProjectFile);
+    UnfinishedSaves.erase(ProjectFileName);
+    return true;
+}
+
 }  // namespace
 
 bool FileSave() {
     LogMessage("Saving: " + ProjectFileName);
     Platform.MainWindow->SetMousePointer(MousePointer::Hourglass);
-    OpenEmptied();
-    PrintIdentity();
-    PrintInputs();
-    FlushFile(kProjectFile);
-    ProjectSaved = 255;
     CloseFile(kProjectFile);
-    UnfinishedSaves.erase(ProjectFileName);
+    const bool saves = MayEmpty(ProjectFileName);
+    if (saves) {
+        OpenEmptied();
+        PrintIdentity();
+        PrintInputs();
+        FlushFile(kProjectFile);
+        SyncFile(kProjectFile);
+        ProjectSaved = 255;
+        CloseFile(kProjectFile);
+        UnfinishedSaves.erase(ProjectFileName);
+    }
     Platform.MainWindow->SetMousePointer(MousePointer::Default);
-    return true;
+    return saves;
 }
 
 bool ReadProjectFile() {
     CloseFile(kProjectFile);
     LogMessage("Opening: " + ProjectFileName);
-    OpenForInput(kProjectFile, ProjectFileName);
-    FileFormatLevel = PresentFormatLevel;
-    const bool known = CheckMagic(TokenStart(kProjectFile, kMagicLimit), kMagic);
-    if (known) {
-        ReadIdentity();
-        ReadInputs();
-        ProjectSaved = 255;
-        ProjectEmpty = 0;
-        UnitsLocked = 255;
-        CloseFile(kProjectFile);
-        UnfinishedSaves.erase(ProjectFileName);
+    try {
+        const bool known = ReadOpenFile();
+        if (!known) TellKeptCopy(ProjectFileName);
+        Platform.MainWindow->SetMousePointer(MousePointer::Default);
+        return known;
+    } catch (const RunTimeError&) {
+        TellKeptCopy(ProjectFileName);
+        throw;
     }
-    Platform.MainWindow->SetMousePointer(MousePointer::Default);
-    return known;
 }
 
 std::string NumberToFileText(double value) {

@@ -9,13 +9,15 @@
 
 namespace tarvokol {
 
-// The lines around the description block, and the format level that every reading sets.
+// The first line, the lines around the description block, and the format level that every reading sets.
+inline constexpr std::string_view ProjectMagic = "TARVOKOL_101";
 inline constexpr std::string_view DescriptionStart = "##StartDesc##";
 inline constexpr std::string_view DescriptionEnd = "##EndDesc##";
 constexpr int16_t PresentFormatLevel = 50;
 
 // Writes the project to `ProjectFileName`, replacing what is there; true when it ran to the end. What the
-// file held before is kept as a copy in the temporary data folder. Raises the errors of the files.
+// file held before is kept as a copy in the temporary data folder first (kept_copy.h); false, with the file as it
+// was, if that failed and the user does not want to go on. Raises the errors of the files.
 bool FileSave();
 
 // The reading half of Open: reads `ProjectFileName`. False if the magic does not match. Raises the errors of

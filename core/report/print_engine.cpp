@@ -127,6 +127,16 @@ void PrintBlock(std::string_view text) {
 
 }  // namespace
 
+void RunPrintJob(CommandGuard& guard, const std::string& text) {
+    bool wanted = false;
+    guard([&] { wanted = Printer().StartDoc(); });
+    if (!wanted) return;
+    guard([] { PrintCommand(print_command::BeginJob, ""); });
+    guard([&] { PrintCommand(print_command::Block, text); });
+    guard([] { PrintCommand(print_command::EndJob, ""); });
+    Printer().CloseDoc();
+}
+
 void PrintCommand(const int& command, const std::string& text) {
     switch (command) {
         case print_command::Line:

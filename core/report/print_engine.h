@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "core/messages/command_guard.h"
+
 namespace tarvokol {
 
 struct PrintJobState {
@@ -25,5 +27,9 @@ constexpr int NewPage = 8;
 // Runs one print command on the printer; any other number does nothing. Raises the printer's errors, and
 // "Subscript out of range" when the printer has none of the fonts wanted.
 void PrintCommand(const int& command, const std::string& text);
+
+// A whole print job under the guard of its command: begin, the block of lines, end. Nothing is printed if the user
+// gives the job up when asked where it is to go.
+void RunPrintJob(CommandGuard& guard, const std::string& text);
 
 }  // namespace tarvokol

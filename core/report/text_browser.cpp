@@ -1,39 +1,22 @@
 #include "core/report/text_browser.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <filesystem>
-#include <memory>
-#include <system_error>
+
+#include <fcntl.h>
 
 #include "core/runtime/charset.h"
-#include "core/runtime/os_errors.h"
-#include "core/runtime/run_time_error.h"
+#include "core/runtime/descriptor.h"
 #include "core/runtime/text.h"
 
 namespace tarvokol {
 namespace {
 
-struct Closer {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
-// A pipe or a device would keep the program waiting, so only regular files are opened.
-void ExpectRegularFile(const std::string& path) {
-    std::error_code failure;
-    const auto status = std::filesystem::status(path, failure);
-    if (!std::filesystem::exists(status)) Raise(error_number::FileNotFound);
-    if (!std::filesystem::is_regular_file(status)) Raise(error_number::PathFileAccess);
-}
-
 // One byte more than is shown tells whether the file goes on.
-std::string ReadBeginning(const std::string& path) {
-    const std::unique_ptr<std::FILE, Closer> file(std::fopen(path.c_str(), "rb"));
-    if (!file) Raise(ErrorNumberOfErrno(errno, path));
+std::string ReadBeginning(Descriptor& file) {
     std::string bytes(kLongestView + 1, '\0');
-    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file.get()));
-    if (std::ferror(file.get()) != 0) Raise(ErrorNumberOfErrno(errno, path));
+    std::size_t filled = 0;
+    while (const std::size_t count = file.Read(bytes.data() + filled, bytes.size() - filled)) filled += count;
+    bytes.resize(filled);
     return bytes;
 }
 
@@ -108,12 +91,10 @@ void FillText(FileView& view, std::string_view decoded) {
 }  // namespace
 
 FileView ReadFileView(const std::string& path) {
-    ExpectRegularFile(path);
+    Descriptor file(path, O_RDONLY);
     FileView view;
-    std::string bytes = ReadBeginning(path);
-    std::error_code failure;
-    view.size = std::filesystem::file_size(path, failure);
-    if (failure) view.size = bytes.size();
+    std::string bytes = ReadBeginning(file);
+    view.size = static_cast<std::uintmax_t>(file.Status().st_size);
     view.cut = bytes.size() > kLongestView;
     if (view.cut) EndCleanly(bytes);
     FillText(view, DecodeText(bytes, DetectCharset(bytes)));

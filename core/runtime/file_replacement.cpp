@@ -192,14 +192,17 @@ void FileReplacement::RewriteInPlace() const {
 }
 
 void FileReplacement::Commit() {
+    if (!build_path_.empty()) MoveIntoPlace();
+    if (!rewrite_) SyncFolder(FolderOf(target_));
+}
+
+void FileReplacement::MoveIntoPlace() {
     FinishBuildFile();
     if (rewrite_ || !RenameIntoPlace()) {
         RewriteInPlace();
         Drop();
-        return;
     }
     build_path_.clear();
-    SyncFolder(FolderOf(target_));
 }
 
 void ReplaceWholeFile(const std::string& path, std::string_view bytes) {

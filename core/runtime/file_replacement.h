@@ -34,7 +34,7 @@ class FileReplacement {
     // Makes these bytes the new content.
     void Fill(std::string_view bytes);
 
-    // Puts the new content in place; returns once it is on the disk under its name.
+    // Puts the new content in place; returns once it is on the disk under its name. What has failed may be tried again.
     void Commit();
 
   private:
@@ -42,6 +42,7 @@ class FileReplacement {
     void CreateBuildFile();
     int CreateIn(const std::string& folder);
     void FinishBuildFile() const;
+    void MoveIntoPlace();
     bool RenameIntoPlace() const;
     void RewriteInPlace() const;
     void Drop();

@@ -10,10 +10,12 @@
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
 #include "core/platform/special_folders.h"
+#include "core/runtime/file_replacement.h"
 #include "core/runtime/file_system.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 #include "core/runtime/text_file.h"
+#include "core/runtime/whole_file.h"
 #include "core/settings/configuration.h"
 #include "core/settings/program_settings.h"
 
@@ -51,9 +53,11 @@ void CloseBoth() {
 
 void CopyLines(const std::string& source, const std::string& dest) {
     OpenForInput(kSourceNumber, source, FileContent::Raw);
-    OpenForOutput(kDestNumber, dest, FileContent::Raw);
+    FileReplacement replacement(dest);
+    OpenForOutput(kDestNumber, replacement.BuildPath(), FileContent::Raw);
     while (!EndOfFile(kSourceNumber)) PrintLine(kDestNumber, LineInput(kSourceNumber));
     CloseBoth();
+    replacement.Commit();
 }
 
 // Leaves both numbers free, whatever has happened.
@@ -89,11 +93,23 @@ std::vector<std::string> ExampleNames(const std::string& folder) {
     return names;
 }
 
+// True if the user's example is only the beginning of the one that comes with the program, as a copy that was broken off
+// leaves it. One that the user has edited is neither that nor touched.
+bool IsHalfCopied(const std::string& source, const std::string& dest) {
+    std::string whole, copied;
+    if (ReadWholeFile(source, kLongestText, whole) != ReadOutcome::Read) return false;
+    if (ReadWholeFile(dest, kLongestText, copied) != ReadOutcome::Read) return false;
+    if (copied.size() >= whole.size()) return false;
+    whole = ReplaceAll(ReplaceAll(whole, CrLf, "\n"), "\n", CrLf);  // as the copy ends its lines
+    return whole.starts_with(copied);
+}
+
 void CopyMissingExamples(const std::string& folder) {
     for (const std::string& name : ExampleNames(folder)) {
-        if (FileExists(PersonalDataFolder + name)) continue;
+        const std::string source = folder + name, dest = PersonalDataFolder + name;
+        if (FileExists(dest) && !IsHalfCopied(source, dest)) continue;
         try {
-            CopyTextFile(folder + name, PersonalDataFolder + name);
+            CopyTextFile(source, dest);
         } catch (const RunTimeError&) {
             // An example that cannot be copied is no reason to stop the start.
         }

@@ -33,7 +33,7 @@ void LocateDataFolders();
 // of the files.
 bool CopyTextFile(const std::string& source, const std::string& dest);
 
-// Copies the example projects that the data folder lacks, if the setting "CopyExampleFiles" is on. Errors are
+// Copies the example projects that the data folder lacks, or of which it has only the beginning, if the setting "CopyExampleFiles" is on. Errors are
 // ignored.
 void CopyExampleFiles();
 

@@ -73,9 +73,7 @@ void frmMain::PrintInputs() {
     guard([&] { wanted = MayPrint(); });
     if (!wanted) return;
     guard([] { LoadOutBuf0(0); });
-    guard([] { PrintCommand(print_command::BeginJob, ""); });
-    guard([] { PrintCommand(print_command::Block, OutputBuffers[0]); });
-    guard([] { PrintCommand(print_command::EndJob, ""); });
+    RunPrintJob(guard, OutputBuffers[0]);
 }
 
 void frmMain::PreviewInputs() {

@@ -42,10 +42,8 @@ void frmPreview::PrintPreviewText() {
         return;
     }
     std::string text;
-    guard([] { PrintCommand(print_command::BeginJob, ""); });
     guard([&] { text = LinesOf(*ui_->RichTextBox1); });
-    guard([&] { PrintCommand(print_command::Block, text); });
-    guard([] { PrintCommand(print_command::EndJob, ""); });
+    RunPrintJob(guard, text);
 }
 
 }  // namespace tarvokol

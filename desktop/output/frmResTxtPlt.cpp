@@ -84,9 +84,7 @@ void frmResTxtPlt::PrintPages(int16_t first, int16_t last) {
     }
     std::string text;
     guard([&] { text = JoinPages(first, last); });
-    guard([] { PrintCommand(print_command::BeginJob, ""); });
-    guard([&] { PrintCommand(print_command::Block, text); });
-    guard([] { PrintCommand(print_command::EndJob, ""); });
+    RunPrintJob(guard, text);
 }
 
 void frmResTxtPlt::cmdPrevPage_Click() {

@@ -214,6 +214,7 @@ void frmPicture::PrintForm() {
     auto* printer = dynamic_cast<QtPrinter*>(Platform.Printer);
     if (printer == nullptr || !printer->HasTarget()) Raise(error_number::PrinterError);
     const QSizeF size = ui_->client->PaperSize();
+    if (!printer->StartDoc()) return;
     printer->PrintDrawing(size, [&](QPainter& painter) {
         if (!ui_->client->HasDrawing()) return;
         PainterSurface surface(painter, size);

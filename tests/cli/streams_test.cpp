@@ -83,19 +83,6 @@ TEST_F(Streams, NumbersAreTheShortestThatReadBack) {
     EXPECT_THAT(out, testing::HasSubstr("\"SpareSingle\":0.10000000149011612}"));
 }
 
-TEST_F(Streams, AFullDiskIsToldInOneLineByEveryFormat) {
-    Project("a.TKL");
-    for (const std::string format : {"csv", "xlsx", "png", "svg", "pdf", "json"}) {
-        SCOPED_TRACE(format);
-        const std::string name = "full." + format;
-        std::filesystem::create_symlink("/dev/full", Folder / name);
-        const CliAnswer answer = Run({"curve", "web", "-o", name, "a.TKL"});
-        EXPECT_EQ(answer.status, 3);
-        EXPECT_EQ(answer.err, "a.TKL: " + name + ": Disk full\n");
-        EXPECT_TRUE(std::filesystem::is_symlink(Folder / name));
-    }
-}
-
 TEST_F(Streams, AConfigurationFileThatIsNotThereIsWrongUsage) {
     Project("a.TKL");
     EXPECT_EQ(Run({"settings", "none.ini"}).status, 2);

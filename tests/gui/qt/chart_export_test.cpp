@@ -66,7 +66,7 @@ TEST_F(ChartExport, RefusesOtherFormats) {
 TEST_F(ChartExport, WriteFailuresAreErrorsOfTheFileSystem) {
     EXPECT_EQ(RaisedError([this] { ExportChart(GraphFamily::Stability, 0, PathTo("gone/curves.png")); }), 76);
     std::filesystem::create_symlink("/dev/full", Folder / "full.svg");
-    EXPECT_EQ(RaisedError([this] { ExportChart(GraphFamily::Stability, 0, PathTo("full.svg")); }), 61);
+    EXPECT_EQ(RaisedError([this] { ExportChart(GraphFamily::Stability, 0, PathTo("full.svg")); }), 75);
 }
 
 }  // namespace

@@ -4,14 +4,17 @@
 #include <QPrinterInfo>
 #include <QProcess>
 
+#include "core/messages/command_guard.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/report/print_engine.h"
 #include "core/report/report_builder.h"
 #include "core/runtime/text.h"
 #include "core/settings/program_settings.h"
+#include "qt/pdf_check.h"
 #include "qt/qt_screen_fonts.h"
 #include "tests/support/core_fixture.h"
+#include "tests/support/failing_files.h"
 
 namespace tarvokol {
 namespace {
@@ -229,8 +232,72 @@ TEST_F(PaperPrinter, RaisesTheErrorOfAFileThatCannotBeWritten) {
 }
 
 TEST_F(PaperPrinter, NoticesAFullDisk) {
-    File = "/dev/full";
+    WriteBytes(File, "the finished report");
+    const FailingFiles fault({.folder = Folder.string(), .at = 1, .kind = FaultKind::Full});
     EXPECT_EQ(RaisedError([this] { PrintJobOf("x\r\n"); }), 61);
+    EXPECT_EQ(RaisedError([] { PrintCommand(print_command::EndJob, ""); }), 61);  // Retry says so again
+    Printer.CloseDoc();
+    EXPECT_EQ(ReadBytes(File), "the finished report");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Folder), {}), 1);
+}
+
+// Whatever fails, once or half-way: the old file stands, or a PDF that is whole.
+TEST_F(PaperPrinter, AFailureAtAnyPointLeavesAWholeFile) {
+    long cases = 0;
+    for (const FaultKind kind : {FaultKind::Once, FaultKind::Half})
+        for (long at = 1;; ++at) {
+            WriteBytes(File, "old");
+            int raised = 0;
+            std::string failed;
+            {
+                const FailingFiles fault({.folder = Folder.string(), .at = at, .error = EIO, .kind = kind});
+                raised = RaisedError([this] { PrintJobOf("a line\r\n"); });
+                failed = fault.Failed();
+            }
+            Printer.CloseDoc();
+            if (failed.empty()) break;
+            ++cases;
+            SCOPED_TRACE(failed + " " + std::to_string(at));
+            EXPECT_TRUE(ReadBytes(File) == "old" || PdfIsWhole(File));
+            if (raised == 0) {
+                EXPECT_TRUE(PdfIsWhole(File));
+            }
+        }
+    std::printf("%ld failures\n", cases);
+    EXPECT_GE(cases, 15);
+}
+
+TEST_F(PaperPrinter, AFileWithBytesMissingIsNotWhole) {
+    PrintJobOf("a line\r\n");
+    const std::string pdf = ReadBytes(File);
+    EXPECT_TRUE(PdfIsWhole(File));
+    WriteBytes(File, pdf.substr(0, pdf.size() - 1));
+    EXPECT_FALSE(PdfIsWhole(File));
+    WriteBytes(File, pdf.substr(0, 400) + pdf.substr(401));
+    EXPECT_FALSE(PdfIsWhole(File));
+    WriteBytes(File, "");
+    EXPECT_FALSE(PdfIsWhole(File));
+}
+
+TEST_F(PaperPrinter, AsksEachJobForItsPdfFile) {
+    ProjectFileName = PathTo("Ridge 4.TKL");
+    Printer.Device().setOutputFormat(QPrinter::PdfFormat);
+    Printer.Device().setOutputFileName(QString::fromStdString(PathTo("report.pdf")));
+    WriteBytes(PathTo("report.pdf"), "the finished report");
+    CommandGuard guard;
+    Host.Dialogs.FileAnswers = {PathTo("first.pdf"), PathTo("second.pdf"), ""};
+    RunPrintJob(guard, "one\r\n");
+    RunPrintJob(guard, "two\r\n");
+    RunPrintJob(guard, "three\r\n");
+    EXPECT_EQ(ReadBytes(PathTo("report.pdf")), "the finished report");
+    EXPECT_THAT(BodyOf(PagesOf(PathTo("first.pdf")).at(0)), ElementsAre("one"));
+    EXPECT_THAT(BodyOf(PagesOf(PathTo("second.pdf")).at(0)), ElementsAre("two"));
+    ASSERT_EQ(Host.Dialogs.FileRequests.size(), 3u);
+    EXPECT_EQ(Host.Dialogs.FileRequests[0].file_name, "Ridge 4.pdf");
+    EXPECT_EQ(Host.Dialogs.FileRequests[0].start_folder, Folder.string());
+    EXPECT_EQ(Host.Dialogs.FileRequests[0].flags, 2);  // asks before it replaces a file
+    EXPECT_THAT(Host.MainWindow.History, ::testing::HasSubstr("Printing aborted"));
+    EXPECT_TRUE(Messages().empty());
 }
 
 TEST_F(PaperPrinter, RaisesAPrinterErrorWithoutAPrinter) {

@@ -12,6 +12,8 @@
 #include "core/runtime/numbers.h"
 #include "core/settings/folders.h"
 #include "qt/chart_control.h"
+#include "qt/workbook_check.h"
+#include "tests/support/failing_files.h"
 #include "tests/support/curve_fixture.h"
 
 namespace tarvokol {
@@ -166,12 +168,64 @@ TEST_F(XlsxWriterTest, FailuresAreErrorsOfTheFileSystem) {
     EXPECT_EQ(RaisedError([&] { idle.ShowWorkbook(); }), 429);
 }
 
-TEST_F(XlsxWriterTest, AFullDiskIsReported) {
-    std::filesystem::create_symlink("/dev/full", Folder / "full.xlsx");
-    XlsxFileWriter writer(PathTo("full.xlsx"));
-    writer.BeginWorkbook();
-    writer.SetCell("A1", 1.0);
-    EXPECT_EQ(RaisedError([&] { writer.ShowWorkbook(); }), 61);
+// A disk that is full at any moment, also for the scratch of the library, which does not tell.
+TEST_F(XlsxWriterTest, AFullDiskIsReportedAndLeavesTheOldFile) {
+    const std::string path = PathTo("full.xlsx");
+    long cases = 0;
+    for (long at = 1;; ++at) {
+        WriteBytes(path, "old");
+        int raised = 0;
+        std::string failed;
+        {
+            const FailingFiles fault({.folder = Folder.string(), .at = at, .kind = FaultKind::Full});
+            raised = RaisedError([&path] {
+                XlsxFileWriter writer(path);
+                writer.BeginWorkbook();
+                for (int row = 1; row < 200; ++row) writer.SetCell("A" + std::to_string(row), 1.0 / row);
+                writer.ShowWorkbook();
+            });
+            failed = fault.Failed();
+        }
+        if (failed.empty()) break;
+        ++cases;
+        EXPECT_EQ(raised, 61) << at;
+        EXPECT_EQ(ReadBytes(path), "old") << at;
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Folder), {}), 1) << at;
+    }
+    EXPECT_GE(cases, 5);
+    EXPECT_TRUE(WorkbookIsWhole(path, 199));
+    EXPECT_FALSE(WorkbookIsWhole(path, 198));
+}
+
+// Whatever fails, once or half-way: the old file stands, or a workbook that is whole.
+TEST_F(XlsxWriterTest, AFailureAtAnyPointLeavesAWholeFile) {
+    const std::string path = PathTo("book.xlsx");
+    long cases = 0;
+    for (const FaultKind kind : {FaultKind::Once, FaultKind::Half})
+        for (long at = 1;; ++at) {
+            WriteBytes(path, "old");
+            int raised = 0;
+            std::string failed;
+            {
+                const FailingFiles fault({.folder = Folder.string(), .at = at, .error = EIO, .kind = kind});
+                raised = RaisedError([&path] {
+                    XlsxFileWriter writer(path);
+                    writer.BeginWorkbook();
+                    for (int row = 1; row < 20; ++row) writer.SetCell("A" + std::to_string(row), 1.0 / row);
+                    writer.ShowWorkbook();
+                });
+                failed = fault.Failed();
+            }
+            if (failed.empty()) break;
+            ++cases;
+            SCOPED_TRACE(failed + " " + std::to_string(at));
+            EXPECT_TRUE(ReadBytes(path) == "old" || WorkbookIsWhole(path, 19));
+            if (raised == 0) {
+                EXPECT_TRUE(WorkbookIsWhole(path, 19));
+            }
+        }
+    std::printf("%ld failures\n", cases);
+    EXPECT_GE(cases, 40);
 }
 
 TEST_F(XlsxWriterTest, AnAbandonedWorkbookLeavesNothing) {

@@ -348,57 +348,6 @@ TEST_F(ProjectFile, IsNotTouchedByReading) {
     EXPECT_EQ(std::filesystem::last_write_time(ProjectFileName), time);
 }
 
-TEST_F(ProjectFile, IsCopiedAsideBeforeASaveEmptiesIt) {
-    TempDataFolder = PathTo("temp/");
-    std::filesystem::create_directory(TempDataFolder);
-    Provide("old content");
-    FileSave();
-    EXPECT_EQ(ReadBytes(TempDataFolder + "~bak_panel.TKL"), "old content");
-}
-
-TEST_F(ProjectFile, IsSavedAlsoWhereTheCopyFails) {
-    TempDataFolder = PathTo("gone/");
-    Provide("old content");
-    EXPECT_TRUE(FileSave());
-    EXPECT_TRUE(Messages().empty());
-    EXPECT_EQ(ReadBytes(ProjectFileName).substr(0, 12), "TARVOKOL_101");
-}
-
-// No file may grow beyond `bytes` while one of these lives: the disk is full then.
-class FullDisk {
-  public:
-    explicit FullDisk(rlim_t bytes) {
-        ::getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{bytes, before_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &before_); }
-
-  private:
-    rlimit before_{};
-    decltype(std::signal(SIGXFSZ, SIG_IGN)) handler_ = std::signal(SIGXFSZ, SIG_IGN);
-};
-
-TEST_F(ProjectFile, KeepsTheCopyOfTheLastGoodContentThroughARepeatedSave) {
-    TempDataFolder = PathTo("temp/");
-    std::filesystem::create_directory(TempDataFolder);
-    Provide("old content");
-    {
-        const FullDisk full(20);
-        EXPECT_EQ(RaisedError([] { FileSave(); }), 61);
-        EXPECT_EQ(RaisedError([] { FileSave(); }), 61);
-    }
-    EXPECT_EQ(ReadBytes(ProjectFileName), "TARVOKOL_101\r\n 0 \r\n\r");
-    EXPECT_EQ(ReadBytes(TempDataFolder + "~bak_panel.TKL"), "old content");
-    EXPECT_TRUE(FileSave());
-    EXPECT_EQ(ReadBytes(TempDataFolder + "~bak_panel.TKL"), "old content");
-    const std::string saved = ReadBytes(ProjectFileName);
-    EXPECT_TRUE(FileSave());
-    EXPECT_EQ(ReadBytes(TempDataFolder + "~bak_panel.TKL"), saved);
-}
-
 TEST_F(ProjectFile, KeepsTitleAndDescriptionInWindows1252WhereTheyFit) {
     ProjectTitle = "Fl\xC3\xB6z \xE2\x82\xAC";
     EXPECT_THAT(Saved(), HasSubstr("\r\nFl\xF6z \x80\r\n"));

@@ -1,9 +1,11 @@
 #include "core/settings/folders.h"
 
+#include <gmock/gmock.h>
 #include <sys/stat.h>
 
 #include "core/platform/program_name.h"
 #include "core/runtime/text_file.h"
+#include "tests/support/failing_files.h"
 #include "tests/unit/settings/settings_fixture.h"
 
 namespace tarvokol {
@@ -122,6 +124,23 @@ TEST_F(Folders, AFailedCopyRaisesAndLeavesTheNumbersFree) {
     EXPECT_EQ(FreeFile(), 1);
 }
 
+TEST_F(Folders, ACopyThatFailsLeavesWhatStoodThere) {
+    WriteBytes(PathTo("from"), "new\n");
+    WriteBytes(PathTo("to"), "old");
+    for (long at = 1;; ++at) {
+        WriteBytes(PathTo("to"), "old");
+        std::string failed;
+        {
+            const FailingFiles fault({.folder = Folder.string(), .at = at});
+            RaisedError([this] { CopyTextFile(PathTo("from"), PathTo("to")); });
+            failed = fault.Failed();
+        }
+        if (failed.empty()) break;
+        EXPECT_THAT(ReadBytes(PathTo("to")), ::testing::AnyOf("old", "new\r\n")) << failed << at;
+    }
+    EXPECT_EQ(ReadBytes(PathTo("to")), "new\r\n");
+}
+
 TEST_F(Folders, AFileIsNotCopiedOntoItself) {
     WriteBytes(PathTo("from"), "x\n");
     EXPECT_EQ(RaisedError([&] { CopyTextFile(PathTo("from"), PathTo("from")); }), 55);
@@ -144,6 +163,20 @@ TEST_F(Folders, AnExampleThatIsThereStays) {
     WriteBytes(PathTo("data/A.TKL"), "mine");
     CopyExampleFiles();
     EXPECT_EQ(ReadBytes(PathTo("data/A.TKL")), "mine");
+}
+
+TEST_F(Folders, AHalfCopiedExampleIsMendedAndAnEditedOneIsNot) {
+    WriteBytes(PathTo("app/A.TKL"), "one\ntwo\nthree\n");
+    for (const char* half : {"", "one", "one\r", "one\r\ntwo\r\nthr"}) {
+        WriteBytes(PathTo("data/A.TKL"), half);
+        CopyExampleFiles();
+        EXPECT_EQ(ReadBytes(PathTo("data/A.TKL")), "one\r\ntwo\r\nthree\r\n");
+    }
+    for (const char* edited : {"one\r\n2\r\n", "two\r\n", "one\r\ntwo\r\nthree\r\nfour\r\n"}) {
+        WriteBytes(PathTo("data/A.TKL"), edited);
+        CopyExampleFiles();
+        EXPECT_EQ(ReadBytes(PathTo("data/A.TKL")), edited);
+    }
 }
 
 TEST_F(Folders, ADeletedExampleComesBackUnlessSwitchedOff) {

@@ -1,0 +1,121 @@
+// Any bytes as a project file, taken through everything that is made of a project: report, plan, curves, sizes, CSV and
+// JSON. A run-time error is an answer; any other end is a fault. The text of JSON reads back as it was written.
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include "cli/json.h"
+#include "core/graphics/TarvoGraf.h"
+#include "core/graphics/curve_export.h"
+#include "core/graphics/graph_setup.h"
+#include "core/graphics/recording_surface.h"
+#include "core/headless/headless_platform.h"
+#include "core/platform/chart_model.h"
+#include "core/program/start_up.h"
+#include "core/project/curves.h"
+#include "core/project/input_check.h"
+#include "core/project/parameter_texts.h"
+#include "core/project/preview_record.h"
+#include "core/project/project_file.h"
+#include "core/project/project_record.h"
+#include "core/project/project_state.h"
+#include "core/project/stability_analysis.h"
+#include "core/report/report_builder.h"
+#include "core/runtime/run_time_error.h"
+#include "core/runtime/text_file.h"
+
+namespace tarvokol {
+namespace {
+
+// A file of these bytes that has a path.
+std::string PathOf(std::string_view bytes) {
+    static const int descriptor = ::memfd_create("project", 0);
+    if (::ftruncate(descriptor, 0) != 0) std::abort();
+    if (::pwrite(descriptor, bytes.data(), bytes.size(), 0) != static_cast<ssize_t>(bytes.size())) std::abort();
+    return "/proc/self/fd/" + std::to_string(descriptor);
+}
+
+// Runs a step from a program that has just read the project.
+template <typename Step>
+void Try(const std::string& path, const Step& step) {
+    try {
+        ResetProgram();
+        ProjectFileName = path;
+        if (ReadProjectFile()) step();
+    } catch (const RunTimeError&) {
+    }
+    AbandonAllFiles();
+}
+
+void RequireReadable(const cli::Json& object) {
+    const std::string line = cli::JsonLine(object);
+    if (line.empty() || line.back() != '\n') std::abort();
+    if (cli::Json::parse(line).dump() != cli::Json::parse(cli::JsonLine(cli::Json::parse(line))).dump()) std::abort();
+}
+
+void Report() {
+    RequireReadable(cli::ProjectJson());
+    if (!PrepareWorkingParameters()) return;
+    RunStabilityAnalysis();
+    WriteStabilitySection();
+    WritePillarSection();
+    LoadOutBuf0(LastOutputPage);
+    RequireReadable(cli::Json{OutputBuffers[0], OutputBuffers[1], OutputBuffers[2]});
+}
+
+void Plan(bool preview) {
+    if (PrepareWorkingParameters()) {
+        RunStabilityAnalysis();
+        ConvertToOutputUnits();
+    }
+    if (preview)
+        LoadPreviewFromTexts(TextsOfRecord(ProjectRecord));
+    else
+        LoadWorkParms();
+    RecordingSurface surface;
+    if (preview)
+        DrawPanelPreview(surface);
+    else
+        DrawPanelPlot(surface);
+}
+
+void Curve(GraphFamily family, int index) {
+    const bool computed =
+        family == GraphFamily::Stability ? ComputeStabilityCurves(index) : ComputeSizingCurve(index);
+    if (!computed) return;
+    ChartModel chart;
+    InitGraph(chart, family, index);
+    DrawCurves(chart, family);
+    std::vector<std::string> names;
+    for (int curve = 1; curve <= CurveCount; ++curve) names.push_back(LegendName(family, curve));
+    if (CurveTableCsv(chart.AxisTitle(ChartAxis::X), names).empty()) std::abort();
+}
+
+void Sizes() {
+    const ParameterTexts texts = TextsOfRecord(ProjectRecord);
+    if (!ValidateSizingTexts(texts)) SuggestPillarSizes(texts);
+}
+
+void TryBytes(std::string_view bytes) {
+    static HeadlessPlatform host;
+    host.Install();
+    host.Messages.Shown.clear();
+    const std::string path = PathOf(bytes);
+    Try(path, Report);
+    Try(path, Sizes);
+    for (const bool preview : {false, true}) Try(path, [preview] { Plan(preview); });
+    for (int index = 0; index < 3; ++index) Try(path, [index] { Curve(GraphFamily::Stability, index); });
+    for (int index = 0; index < 2; ++index) Try(path, [index] { Curve(GraphFamily::Sizing, index); });
+}
+
+}  // namespace
+}  // namespace tarvokol
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    tarvokol::TryBytes(std::string_view(reinterpret_cast<const char*>(data), size));
+    return 0;
+}
