@@ -7,8 +7,14 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QWindow>
 #include <algorithm>
+#include <map>
+#include <utility>
 
 #include "core/platform/help_viewer.h"
 #include "core/platform/platform.h"
@@ -21,8 +27,30 @@ namespace {
 
 std::vector<FormBase*> Forms;
 
+// The form that the user came to last, until he goes on to another one.
+FormBase* Foremost = nullptr;
+
+// Sizes that the user gave to forms in this run, by the form's name.
+std::map<QString, QSize> ChosenSizes;
+
 bool TakesInput(const QWidget* widget) {
     return widget != nullptr && widget->isVisible() && widget->isEnabled();
+}
+
+// What a form may take of its screen: the window manager adds a title bar.
+QSize RoomFor(const QWidget& form) {
+    const int title_bar = form.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    return form.screen()->availableGeometry().size() - QSize(0, title_bar);
+}
+
+// A tab widget counts with a part of its tab bar only, because the bar can be scrolled.
+int WidthOfAllTabs(const QWidget& form) {
+    int width = 0;
+    for (const auto* tabs : form.findChildren<QTabWidget*>()) {
+        const int around = form.minimumSizeHint().width() - tabs->minimumSizeHint().width();
+        width = std::max(width, around + tabs->tabBar()->sizeHint().width());
+    }
+    return width;
 }
 
 }  // namespace
@@ -35,6 +63,7 @@ FormBase::FormBase() {
 FormBase::~FormBase() {
     // The window's own end moves the focus once more; this is no form by then.
     disconnect(qApp, nullptr, this, nullptr);
+    if (Foremost == this) Foremost = nullptr;
     std::erase(Forms, this);
 }
 
@@ -46,17 +75,50 @@ void FormBase::Load() {
         throw;
     }
     FitToContents();
+    TakeChosenSize();
     CenterForm(*this);
 }
 
 // A large font needs more room than the form was drawn with, and a form that is larger than the screen hides
-// its buttons.
+// its buttons: there the content scrolls.
 void FormBase::FitToContents() {
-    QSize needed = size().expandedTo(minimumSizeHint());
-    // Wrapped text needs the more height the narrower the form is.
-    if (const QWidget* body = centralWidget(); body != nullptr && body->hasHeightForWidth())
-        needed.setHeight(std::max(needed.height(), body->heightForWidth(needed.width())));
-    resize(needed.boundedTo(screen()->availableGeometry().size()));
+    const QSize room = RoomFor(*this);
+    const QSize least = minimumSizeHint();
+    const int width = std::min(std::max({size().width(), least.width(), WidthOfAllTabs(*this)}), room.width());
+    const int least_height = HeightNeededFor(width);
+    if (least.width() > room.width() || least_height > room.height()) LetContentsScroll();
+    resize(width, std::min(std::max(size().height(), least_height), room.height()));
+}
+
+// Wrapped text needs the more height the narrower the form is.
+int FormBase::HeightNeededFor(int width) const {
+    const QWidget* body = centralWidget();
+    const bool wraps = body != nullptr && body->hasHeightForWidth();
+    return std::max(minimumSizeHint().height(), wraps ? body->heightForWidth(width) : 0);
+}
+
+void FormBase::LetContentsScroll() {
+    QWidget* focus = focusWidget();
+    QWidget* body = takeCentralWidget();
+    if (body == nullptr) return;
+    auto* view = new QScrollArea;
+    view->setObjectName("contentsView");
+    view->setFrameShape(QFrame::NoFrame);
+    view->setWidgetResizable(true);
+    view->setFocusPolicy(Qt::NoFocus);
+    view->setWidget(body);
+    setCentralWidget(view);
+    // What changes its parent loses it.
+    if (focus != nullptr) focus->setFocus();
+}
+
+void FormBase::TakeChosenSize() {
+    const auto chosen = ChosenSizes.find(objectName());
+    if (chosen != ChosenSizes.end()) resize(chosen->second.boundedTo(RoomFor(*this)));
+}
+
+void FormBase::KeepChosenSize() {
+    if (sized_by_user_ && !isMaximized() && !isFullScreen()) ChosenSizes[objectName()] = size();
 }
 
 void FormBase::ShowModeless(QWidget* owner) {
@@ -79,7 +141,9 @@ void FormBase::ShowModal(QWidget* owner) {
     if (TakesInput(opener)) opener->activateWindow();
 }
 
+// Whoever was in front is left, also where the desktop never gives this form the keyboard.
 void FormBase::Present(QWidget* owner) {
+    if (Foremost != this) LeaveForemost();
     const QWidget* below = owner != nullptr ? owner : QApplication::activeWindow();
     winId();
     if (below != nullptr && below->window() != this && below->window()->windowHandle() != nullptr)
@@ -101,6 +165,8 @@ bool FormBase::Unload() {
 void FormBase::Discard() {
     if (unloaded_) return;
     unloaded_ = true;
+    KeepChosenSize();
+    if (Foremost == this) Foremost = nullptr;
     ForgetInstance();
     std::erase(Forms, this);
     SetScreenPointer(MousePointer::Default);
@@ -117,14 +183,21 @@ std::string FormBase::HelpTopic() const {
 bool FormBase::event(QEvent* event) {
     const bool handled = QMainWindow::event(event);
     if (event->type() == QEvent::WindowActivate) Activate();
-    if (event->type() == QEvent::WindowDeactivate && !unloaded_) Form_Deactivate();
     return handled;
 }
 
 // A window manager may make a disabled form the active window; the form takes notice once it is enabled.
 void FormBase::Activate() {
     activate_missed_ = !isEnabled();
-    if (!unloaded_ && !activate_missed_) Form_Activate();
+    if (unloaded_ || activate_missed_ || Foremost == this) return;
+    LeaveForemost();
+    Foremost = this;
+    Form_Activate();
+}
+
+void FormBase::LeaveForemost() {
+    FormBase* left = std::exchange(Foremost, nullptr);
+    if (left != nullptr) left->Form_Deactivate();
 }
 
 void FormBase::RememberFocus(QWidget* now) {
@@ -133,7 +206,9 @@ void FormBase::RememberFocus(QWidget* now) {
 
 void FormBase::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    if (event->type() != QEvent::EnabledChange || !isEnabled()) return;
+    if (event->type() != QEvent::EnabledChange) return;
+    if (!isEnabled() && Foremost == this) LeaveForemost();
+    if (!isEnabled()) return;
     // Disabling a window takes the focus from its control.
     if (last_focus_ != nullptr && focusWidget() == nullptr) last_focus_->setFocus();
     if (activate_missed_ && isActiveWindow()) Activate();
@@ -188,6 +263,7 @@ QPushButton* FormBase::ButtonWith(const char* property) const {
 
 void FormBase::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
+    if (event->spontaneous() && isVisible()) sized_by_user_ = true;
     if (!unloaded_) Form_Resize();
 }
 

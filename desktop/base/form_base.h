@@ -42,9 +42,10 @@ class FormBase : public QMainWindow {
   protected:
     FormBase();
 
-    // Events of a form. Load runs once, before the form shows; Activate whenever its window becomes the
-    // active one and is enabled; Resize with every new size, the first one included. An unload can be refused
-    // by QueryUnload only.
+    // Events of a form. Load runs once, before the form shows; Activate whenever the user comes to it from another
+    // form, or first of all, and it is enabled; Deactivate when he goes on to another form. Message boxes, common
+    // dialogs, the help window and other programs come and go in front of a form without either. Resize runs with
+    // every new size, the first one included. An unload can be refused by QueryUnload only.
     virtual void Form_Load() {}
     virtual void Form_Activate() {}
     virtual void Form_Deactivate() {}
@@ -70,8 +71,13 @@ class FormBase : public QMainWindow {
   private:
     void Discard();
     void FitToContents();
+    int HeightNeededFor(int width) const;
+    void LetContentsScroll();
+    void TakeChosenSize();
+    void KeepChosenSize();
     void Present(QWidget* owner);
     void Activate();
+    static void LeaveForemost();
     void RememberFocus(QWidget* now);
     bool PressDefault();
     bool PressCancel();
@@ -80,6 +86,7 @@ class FormBase : public QMainWindow {
     bool unloading_ = false;
     bool unloaded_ = false;
     bool activate_missed_ = false;
+    bool sized_by_user_ = false;
     QPointer<QWidget> last_focus_;
     QEventLoop* modal_loop_ = nullptr;
 };

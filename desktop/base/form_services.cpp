@@ -10,6 +10,8 @@
 #include <QScreen>
 #include <QTabWidget>
 #include <QTextEdit>
+#include <memory>
+#include <utility>
 
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
@@ -21,9 +23,14 @@ namespace {
 
 constexpr int kMissingElement = 340;
 
+// True if the focus comes or goes with the whole window, or for a menu.
+bool IsPassing(Qt::FocusReason reason) {
+    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
+}
+
 // Selects a text box's whole text when it gets the focus. A click into the box puts the caret down after the
 // focus came, so the selection is made once more when the button is released, unless the user has dragged one
-// of his own.
+// of his own. A box that lost the focus to a message, a menu or another program gets it back as it was.
 class FocusSelector : public QObject {
   public:
     using QObject::QObject;
@@ -32,8 +39,10 @@ class FocusSelector : public QObject {
         auto* box = static_cast<QLineEdit*>(watched);
         switch (event->type()) {
             case QEvent::FocusIn:
-                box->selectAll();
-                clicked_ = static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
+                FocusIn(*box, static_cast<QFocusEvent*>(event)->reason());
+                break;
+            case QEvent::FocusOut:
+                left_in_passing_ = IsPassing(static_cast<QFocusEvent*>(event)->reason());
                 break;
             case QEvent::MouseButtonRelease:
                 if (clicked_ && !box->hasSelectedText()) box->selectAll();
@@ -46,7 +55,13 @@ class FocusSelector : public QObject {
     }
 
   private:
+    void FocusIn(QLineEdit& box, Qt::FocusReason reason) {
+        if (!left_in_passing_ || !IsPassing(reason)) box.selectAll();
+        clicked_ = reason == Qt::MouseFocusReason;
+    }
+
     bool clicked_ = false;
+    bool left_in_passing_ = false;
 };
 
 bool IsTabStop(const QWidget* widget) {
@@ -112,6 +127,19 @@ void FixTabStops(QTabWidget& tabs) {
 
 void RaiseMissingElement() {
     Raise(kMissingElement);
+}
+
+void OnChoice(QRadioButton& option, QObject& listener, const std::function<void()>& chosen) {
+    // A click that turns the option on has been told by then.
+    auto told = std::make_shared<bool>(false);
+    QObject::connect(&option, &QAbstractButton::pressed, &listener, [told] { *told = false; });
+    QObject::connect(&option, &QAbstractButton::toggled, &listener, [told, chosen](bool on) {
+        *told = true;
+        if (on) chosen();
+    });
+    QObject::connect(&option, &QAbstractButton::clicked, &listener, [told, chosen] {
+        if (!std::exchange(*told, false)) chosen();
+    });
 }
 
 int16_t GetOptionIndex(const OptionGroup& group) {

@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QRadioButton>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 
@@ -99,6 +100,9 @@ class ControlArray {
 
 using OptionGroup = ControlArray<QRadioButton>;
 
+// Calls `chosen` whenever the option is turned on, by whomever, and when it is clicked while it is on.
+void OnChoice(QRadioButton& option, QObject& listener, const std::function<void()>& chosen);
+
 // The last index whose option is on; the lowest index if none is.
 int16_t GetOptionIndex(const OptionGroup& group);
 
@@ -106,7 +110,8 @@ int16_t GetOptionIndex(const OptionGroup& group);
 // then raises error 340. The option's click handler runs.
 void SetArrayIndex(const OptionGroup& group, int index);
 
-// Connects every element's click to `(form.*handler)(index)`; for options: whenever one is turned on.
+// Connects every element's click to `(form.*handler)(index)`; for options: whenever one is turned on, and at a click
+// on the one that is on.
 template <typename Form, typename Control>
 void ConnectClicks(const ControlArray<Control>& controls, Form* form, void (Form::*handler)(int)) {
     for (const auto& [index, control] : controls)
@@ -116,9 +121,7 @@ void ConnectClicks(const ControlArray<Control>& controls, Form* form, void (Form
 template <typename Form>
 void ConnectClicks(const OptionGroup& options, Form* form, void (Form::*handler)(int)) {
     for (const auto& [index, option] : options)
-        QObject::connect(option, &QAbstractButton::toggled, form, [form, handler, element = index](bool on) {
-            if (on) (form->*handler)(element);
-        });
+        OnChoice(*option, *form, [form, handler, element = index] { (form->*handler)(element); });
 }
 
 }  // namespace tarvokol

@@ -3,6 +3,10 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTabWidget>
 #include <QVBoxLayout>
 
 #include "core/messages/titles.h"
@@ -80,6 +84,99 @@ class FormBaseTest : public GuiTest {
     }
     void ExpectGone() { EXPECT_EQ(FindForm("frmSample"), nullptr); }
 };
+
+class frmOther : public SingleForm<frmOther> {
+  public:
+    frmOther() { setObjectName("frmOther"); }
+
+  private:
+    void Form_Activate() override { Events.push_back("other activate"); }
+    void Form_Deactivate() override { Events.push_back("other deactivate"); }
+};
+
+TEST_F(FormBaseTest, AMessageInFrontOfAFormIsNoNewActivation) {
+    frmSample& form = frmSample::Instance();
+    ShowAndActivate(form);
+    QDialog box(&form);
+    QTimer::singleShot(50, &box, &QDialog::accept);
+    box.exec();
+    form.activateWindow();
+    EXPECT_TRUE(WaitUntil([&] { return form.isActiveWindow(); }));
+    RunEvents();
+    EXPECT_THAT(Events, ElementsAre("load", "activate"));
+}
+
+TEST_F(FormBaseTest, AnotherFormInFrontDeactivatesAndItsEndActivatesAgain) {
+    ShowAndActivate(frmOther::Instance());
+    Events.clear();
+    frmSample& form = frmSample::Instance();
+    ShowAndActivate(form);
+    EXPECT_THAT(Events, ElementsAre("load", "other deactivate", "activate"));
+    form.Unload();
+    frmOther::Instance().activateWindow();
+    EXPECT_TRUE(WaitUntil([] { return Events.back() == "other activate"; }));
+}
+
+TEST_F(FormBaseTest, TheSizeThatTheUserGaveItIsThereAtTheNextOpening) {
+    const QSize drawn = frmSample::Instance().size();
+    frmSample::Instance().ShowModeless();
+    frmSample::Instance().resize(drawn + QSize(40, 60));
+    frmSample::Instance().Unload();
+    EXPECT_EQ(frmSample::Instance().size(), drawn);  // the program's own change
+    frmSample& form = frmSample::Instance();
+    form.ShowModeless();
+    form.resize(drawn + QSize(50, 70));
+    QResizeEvent by_user(form.size(), drawn);
+    QSpontaneKeyEvent::setSpontaneous(&by_user);
+    qApp->notify(&form, &by_user);
+    form.Unload();
+    EXPECT_EQ(frmSample::Instance().size(), drawn + QSize(50, 70));
+}
+
+// A form that needs more than the screen of 800 x 800.
+class frmLarge : public SingleForm<frmLarge> {
+  public:
+    frmLarge() {
+        setObjectName("frmLarge");
+        auto* body = new QWidget(this);
+        body->setObjectName("body");
+        auto* layout = new QVBoxLayout(body);
+        for (int row = 0; row < 60; ++row) layout->addWidget(new QPushButton("Button " + QString::number(row)));
+        setCentralWidget(body);
+    }
+};
+
+TEST_F(FormBaseTest, AFormLargerThanTheScreenScrollsAndStaysOnIt) {
+    frmLarge& form = frmLarge::Instance();
+    ShowAndActivate(form);
+    EXPECT_LE(form.height(), form.screen()->availableGeometry().height());
+    auto& view = Find<QScrollArea>(form, "contentsView");
+    EXPECT_EQ(view.widget()->objectName(), "body");
+    EXPECT_GT(view.verticalScrollBar()->maximum(), 0);
+    auto* last = form.findChildren<QPushButton*>().last();
+    view.ensureWidgetVisible(last);
+    EXPECT_TRUE(view.viewport()->rect().contains(last->mapTo(view.viewport(), last->rect().center())));
+}
+
+// Long captions of pages above a narrow page.
+class frmTabs : public SingleForm<frmTabs> {
+  public:
+    frmTabs() {
+        setObjectName("frmTabs");
+        auto* tabs = new QTabWidget;
+        for (const char* caption : {"Program control", "Results and graphs", "Panel layout plots", "Others"})
+            tabs->addTab(new QWidget, caption);
+        setCentralWidget(tabs);
+        resize(100, 100);
+    }
+};
+
+TEST_F(FormBaseTest, AllCaptionsOfTabsFit) {
+    frmTabs& form = frmTabs::Instance();
+    ShowAndActivate(form);
+    const auto* bar = form.findChild<QTabBar*>();
+    EXPECT_GE(bar->width(), bar->sizeHint().width());
+}
 
 TEST_F(FormBaseTest, LoadsOnFirstUseOnly) {
     EXPECT_FALSE(frmSample::IsLoaded());

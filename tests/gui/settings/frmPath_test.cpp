@@ -84,6 +84,42 @@ TEST_F(SelectPath, TheOptionsGoToTheirFolders) {
     EXPECT_EQ(ChosenPath, PathTo("current") + "/");
 }
 
+TEST_F(SelectPath, TheChosenOptionLeadsBackToItsFolder) {
+    frmPath& form = Open();
+    Dir(form).SetFolder(PathTo("temp"));
+    Click(form, "Option1_2");
+    EXPECT_EQ(Dir(form).Folder(), PathTo("current"));
+    Click(form, "Option1_0");
+    Dir(form).SetFolder(PathTo("temp"));
+    Find<QRadioButton>(form, "Option1_0").setFocus();
+    Press(form, Qt::Key_Space);
+    EXPECT_EQ(Dir(form).Folder(), PathTo("home"));
+}
+
+TEST_F(SelectPath, TheFirstPictureOfTheListShowsTheCurrentFolder) {
+    for (int i = 0; i < 60; ++i) std::filesystem::create_directory(PathTo("beside" + std::to_string(i)));
+    // Looks when the list is about to be painted for the first time.
+    class FirstPaint : public QObject {
+      public:
+        bool eventFilter(QObject* watched, QEvent* event) override {
+            if (event->type() != QEvent::Paint || seen) return false;
+            seen = true;
+            auto* viewport = static_cast<QWidget*>(watched);
+            auto& list = static_cast<FolderList&>(*viewport->parentWidget());
+            QTimer::singleShot(0, &list, [&] { shown = viewport->rect().contains(list.visualRect(list.currentIndex())); });
+            return false;
+        }
+        bool seen = false;
+        bool shown = false;
+    } look;
+    frmPath& form = frmPath::Instance();
+    Dir(form).viewport()->installEventFilter(&look);
+    ShowAndActivate(form);
+    EXPECT_TRUE(WaitUntil([&] { return look.seen; }));
+    RunEvents();
+    EXPECT_TRUE(look.shown);
+}
+
 TEST_F(SelectPath, OkLeavesTheFolderWithASeparator) {
     frmPath& form = Open();
     Click(form, "Option1_3");
