@@ -3,8 +3,9 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QSignalBlocker>
-#include <QTimer>
+#include <QStorageInfo>
 #include <algorithm>
 
 #include "core/runtime/file_system.h"
@@ -50,20 +51,21 @@ std::string ListableFolder(const std::string& path) {
     return FullName(path);
 }
 
-bool IsEnter(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
-
+// A bracket in a pattern stands for itself.
 QStringList NameFiltersOf(const std::string& pattern) {
     QStringList filters;
     for (const QString& part : ToQt(pattern).split(';')) {
-        const QString name = part.trimmed();
+        const QString name = part.trimmed().replace("[", "[[]");
         if (!name.isEmpty()) filters << (name == "*.*" ? QString("*") : name);
     }
     return filters;
 }
 
 }  // namespace
+
+bool IsEnter(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
 
 bool HasWildcards(std::string_view text) {
     return text.find_first_of("*?") != std::string_view::npos;
@@ -112,13 +114,18 @@ FolderList::FolderList(QWidget* parent) : QTreeView(parent), folder_(FullName(".
     setHeaderHidden(true);
     for (int column = 1; column < model_.columnCount(); ++column) hideColumn(column);
     setExpandsOnDoubleClick(true);
-    connect(&model_, &QFileSystemModel::directoryLoaded, this, &FolderList::KeepInView);
+    // Folders above the current one are listed after it was shown, and sorted after that; both moves it.
+    const auto repaint = qOverload<>(&QWidget::update);
+    connect(&model_, &QFileSystemModel::rowsInserted, viewport(), repaint);
+    connect(&model_, &QFileSystemModel::layoutChanged, viewport(), repaint);
+    connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] { keeps_in_view_ = false; });
 }
 
 void FolderList::SetFolder(const std::string& path) {
     const std::string folder = ListableFolder(path);
     const bool changed = folder != folder_;
     folder_ = folder;
+    keeps_in_view_ = true;
     {
         // The change is told once, below, and with the name as it was asked for.
         const QSignalBlocker quiet(this);
@@ -138,11 +145,15 @@ void FolderList::currentChanged(const QModelIndex& current, const QModelIndex& p
     emit FolderChanged();
 }
 
-// Folders above the current one are listed after it was shown, and sorted after that; both moves it.
-void FolderList::KeepInView(const QString& loaded) {
-    if (!LiesIn(folder_, FromQt(loaded))) return;
-    ScrollToCurrent();
-    QTimer::singleShot(0, this, &FolderList::ScrollToCurrent);
+// Whatever the model has added since, no picture of the list is without the current folder.
+void FolderList::paintEvent(QPaintEvent* event) {
+    if (keeps_in_view_) ScrollToCurrent();
+    QTreeView::paintEvent(event);
+}
+
+void FolderList::mousePressEvent(QMouseEvent* event) {
+    keeps_in_view_ = false;
+    QTreeView::mousePressEvent(event);
 }
 
 void FolderList::ScrollToCurrent() {
@@ -150,6 +161,7 @@ void FolderList::ScrollToCurrent() {
 }
 
 void FolderList::keyPressEvent(QKeyEvent* event) {
+    keeps_in_view_ = false;
     if (!IsEnter(*event)) {
         QTreeView::keyPressEvent(event);
         return;
@@ -165,10 +177,14 @@ FileList::FileList(QWidget* parent) : QListView(parent), folder_(FullName(".")) 
     setModel(&model_);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     connect(this, &QListView::doubleClicked, this, &FileList::OpenSelected);
+    // The model lists and filters behind the caller's back.
+    connect(&model_, &QFileSystemModel::rowsInserted, this, &FileList::SelectWanted);
+    connect(&model_, &QFileSystemModel::layoutChanged, this, &FileList::SelectWanted);
 }
 
 void FileList::SetFolder(const std::string& path) {
     folder_ = ListableFolder(path);
+    wanted_.clear();
     clearSelection();
     setRootIndex(model_.setRootPath(ToQt(folder_)));
 }
@@ -194,6 +210,7 @@ std::string FileList::FileName() const {
 void FileList::SetFileName(const std::string& text) {
     const std::size_t separator = text.find_last_of("/\\");
     const std::string name = separator == std::string::npos ? text : text.substr(separator + 1);
+    wanted_.clear();
     if (separator != std::string::npos)
         SetFolder(FromQt(QDir(ToQt(folder_)).absoluteFilePath(ToQt(text.substr(0, separator + 1)))));
     if (name.empty()) return;
@@ -203,7 +220,17 @@ void FileList::SetFileName(const std::string& text) {
     }
     const std::string file = WithSeparator(folder_) + name;
     if (!FileExists(file)) Raise(error_number::FileNotFound);
-    setCurrentIndex(model_.index(ToQt(file)));
+    wanted_ = file;
+    SelectWanted();
+}
+
+// A file that the pattern hides is selected once a pattern lets it pass.
+void FileList::SelectWanted() {
+    if (wanted_.empty()) return;
+    const QModelIndex file = model_.index(ToQt(wanted_));
+    if (!file.isValid() || file.parent() != rootIndex()) return;
+    setCurrentIndex(file);
+    wanted_.clear();
 }
 
 void FileList::OpenSelected() {

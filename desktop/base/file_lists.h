@@ -53,13 +53,15 @@ class FolderList : public QTreeView {
   protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
-    void KeepInView(const QString& loaded);
     void ScrollToCurrent();
 
     QFileSystemModel model_;
     std::string folder_;
+    bool keeps_in_view_ = true;  // until the user moves the list himself
 };
 
 // The files of one folder whose names match a pattern.
@@ -81,8 +83,8 @@ class FileList : public QListView {
     // Name of the selected file; empty if none is.
     std::string FileName() const;
 
-    // Selects a file by its name; a text with "*" or "?" in it is a pattern. A folder in front of the name
-    // becomes the list's folder. Raises "Path not found" and "File not found".
+    // Selects a file by its name, as soon as the list shows it; a text with "*" or "?" in it is a pattern. A folder
+    // in front of the name becomes the list's folder. Raises "Path not found" and "File not found".
     void SetFileName(const std::string& text);
 
   signals:
@@ -95,11 +97,16 @@ class FileList : public QListView {
 
   private:
     void OpenSelected();
+    void SelectWanted();
 
     QFileSystemModel model_;
     std::string folder_;
     std::string pattern_;
+    std::string wanted_;  // full name of a file that is to be selected, empty for none
 };
+
+// True for the two keys that open or accept what is chosen.
+bool IsEnter(const QKeyEvent& event);
 
 // True if a text is a pattern rather than a file's name.
 bool HasWildcards(std::string_view text);

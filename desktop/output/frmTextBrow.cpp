@@ -1,5 +1,6 @@
 #include "desktop/output/frmTextBrow.h"
 
+#include <QKeyEvent>
 #include <QSignalBlocker>
 
 #include "core/messages/command_guard.h"
@@ -45,6 +46,7 @@ frmTextBrow::frmTextBrow() : ui_(std::make_unique<Ui::frmTextBrow>()) {
     connect(ui_->cmdSetFont, &QPushButton::clicked, this, &frmTextBrow::cmdSetFont_Click);
     connect(ui_->Command1, &QPushButton::clicked, this, &frmTextBrow::Command1_Click);
     SelectAllOnFocus(*this);
+    ui_->Text2->installEventFilter(this);
 }
 
 frmTextBrow::~frmTextBrow() = default;
@@ -98,14 +100,21 @@ void frmTextBrow::Text2_Change() {
     guard([&] { ui_->File1->SetPattern(text); });
 }
 
+// Enter in the pattern box is for the pattern; anywhere else it closes the form.
+bool frmTextBrow::eventFilter(QObject* watched, QEvent* event) {
+    const bool enter = event->type() == QEvent::KeyPress && IsEnter(*static_cast<QKeyEvent*>(event));
+    if (watched != ui_->Text2 || !enter) return FormBase::eventFilter(watched, event);
+    ui_->File1->SetPattern(FromQt(ui_->Text2->text()));
+    return true;
+}
+
 void frmTextBrow::Check1_Click() {
     ui_->cmdSetFont->setDisabled(ui_->Check1->isChecked());
 }
 
 void frmTextBrow::File1_Open() {
     const std::string file = WithSeparator(ui_->File1->Folder()) + ui_->File1->FileName();
-    ui_->Label1->setText(ToQt(file));
-    ui_->Label1->setToolTip(ToQt(file).toHtmlEscaped());
+    ui_->Label1->SetFullText(ToQt(file));
     ShowView({});  // never one file's text under another one's name
     if (ui_->Check1->isChecked())
         ShowInViewer(file);

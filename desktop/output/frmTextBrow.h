@@ -24,6 +24,9 @@ class frmTextBrow : public SingleForm<frmTextBrow> {
     frmTextBrow();
     ~frmTextBrow() override;
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void Form_Load() override;
     void Form_Activate() override;

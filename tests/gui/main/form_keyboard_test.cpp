@@ -166,7 +166,9 @@ TEST_P(FormKeyboard, EnterIsTheDefaultButtonFromBoxesAndOptions) {
     for (const std::string& name : TabStops()) {
         FormBase& form = Open();
         QWidget& control = Find(form, name);
-        const bool simple = qobject_cast<QLineEdit*>(&control) || qobject_cast<QCheckBox*>(&control) ||
+        // In the pattern of the text browser Enter is for the pattern.
+        const bool pattern = std::string(GetParam().form) == "frmTextBrow" && name == "Text2";
+        const bool simple = (qobject_cast<QLineEdit*>(&control) && !pattern) || qobject_cast<QCheckBox*>(&control) ||
                             name.starts_with("Opt");
         if (simple) {
             control.setFocus();

@@ -154,6 +154,41 @@ TEST_F(TextBrowser, AHalfTypedPatternGoesToTheErrorRoutine) {
     EXPECT_TRUE(UnhandledErrors().empty());
 }
 
+TEST_F(TextBrowser, ANameOfAFileThatThePatternHidesSelectsTheFile) {
+    frmTextBrow& form = Open();
+    ASSERT_TRUE(Lists(form, {"a.TKL", "b.tkl"}));
+    Find<QLineEdit>(form, "Text2").setText("c.txt");
+    EXPECT_TRUE(WaitUntil([&] { return Files(form).FileName() == "c.txt"; }));
+    EXPECT_THAT(Messages(), IsEmpty());
+    Files(form).setFocus();
+    Press(form, Qt::Key_Return);
+    EXPECT_EQ(TextOf(form, "Label1"), PathTo("data/c.txt"));
+}
+
+TEST_F(TextBrowser, EnterInThePatternAppliesItAndLeavesTheFormOpen) {
+    frmTextBrow& form = Open();
+    Type(form, "Text2", "*.txt");
+    Press(form, Qt::Key_Return);
+    EXPECT_TRUE(Lists(form, {"c.txt"}));
+    EXPECT_TRUE(frmTextBrow::IsLoaded());
+    Press(form, Qt::Key_Enter);
+    EXPECT_TRUE(frmTextBrow::IsLoaded());
+    EXPECT_THAT(Messages(), IsEmpty());
+}
+
+TEST_F(TextBrowser, ALongPathOfTheCurrentFileKeepsItsName) {
+    const std::string folder = PathTo("data/" + std::string(180, 'd'));
+    std::filesystem::create_directory(folder);
+    WriteBytes(folder + "/long.TKL", "text");
+    DataPath = folder;
+    frmTextBrow& form = Open();
+    DoubleClick(form, "long.TKL");
+    auto& label = Find<QLabel>(form, "Label1");
+    EXPECT_TRUE(label.text().endsWith("/long.TKL")) << FromQt(label.text());
+    EXPECT_LE(label.fontMetrics().horizontalAdvance(label.text()), label.width());
+    EXPECT_EQ(label.toolTip(), ToQt(folder + "/long.TKL"));
+}
+
 TEST_F(TextBrowser, ADoubleClickShowsTheFile) {
     frmTextBrow& form = Open();
     DoubleClick(form, "a.TKL");
