@@ -11,6 +11,7 @@
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
 #include "core/runtime/text.h"
+#include "qt/owner_window.h"
 #include "qt/program_style.h"
 
 namespace tarvokol {
@@ -53,6 +54,8 @@ ProgramApplication::ProgramApplication(int& argc, char** argv) : QApplication(ar
 
 bool ProgramApplication::notify(QObject* receiver, QEvent* event) {
     if (event->type() == QEvent::Shortcut && BelongsToDisabledWindow(receiver)) return true;
+    if (event->type() == QEvent::WindowActivate && receiver->isWidgetType())
+        RememberActiveWindow(*static_cast<QWidget*>(receiver));
     bool handled = true;
     const auto error = ErrorOf([&] { handled = QApplication::notify(receiver, event); });
     if (error) TakeUnhandled(*error);

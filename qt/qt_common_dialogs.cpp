@@ -1,15 +1,17 @@
 #include "qt/qt_common_dialogs.h"
 
-#include <QApplication>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDialog>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPushButton>
 #include <algorithm>
 
 #include "core/runtime/run_time_error.h"
+#include "qt/owner_window.h"
 #include "qt/qt_text.h"
 
 namespace tarvokol {
@@ -31,7 +33,7 @@ void SetFilters(QFileDialog& dialog, const FileDialogRequest& request) {
 }
 
 std::string RunFileDialog(QFileDialog::AcceptMode mode, const FileDialogRequest& request) {
-    QFileDialog dialog(QApplication::activeWindow());
+    QFileDialog dialog(OwnerWindow());
     if (!request.title.empty()) dialog.setWindowTitle(ToQt(request.title));
     dialog.setAcceptMode(mode);
     const bool must_exist = (request.flags & dialog_flag::PathAndFileMustExist) != 0;
@@ -45,10 +47,13 @@ std::string RunFileDialog(QFileDialog::AcceptMode mode, const FileDialogRequest&
     return FromQt(QDir::toNativeSeparators(dialog.selectedFiles().constFirst()));
 }
 
-void RunPrintDialog(QPrinter& printer, const QString& title) {
-    QPrintDialog dialog(&printer, QApplication::activeWindow());
+// The toolkit names its confirming button for printing; where a printer is only chosen, nothing is printed.
+void RunPrintDialog(QPrinter& printer, const QString& title, const QString& confirm) {
+    QPrintDialog dialog(&printer, OwnerWindow());
     dialog.setWindowTitle(title);
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+    if (const auto* buttons = dialog.findChild<QDialogButtonBox*>())
+        if (QPushButton* accept = buttons->button(QDialogButtonBox::Ok)) accept->setText(confirm);
     if (dialog.exec() != QDialog::Accepted) Raise(error_number::Cancelled);
 }
 
@@ -65,15 +70,15 @@ std::string QtCommonDialogs::ShowSave(const FileDialogRequest& request) {
 // Every kind of printer dialog here leaves out page ranges and the selection, so the flags make no
 // difference.
 void QtCommonDialogs::ShowPrinter(int) {
-    RunPrintDialog(printer_(), "Print");
+    RunPrintDialog(printer_(), "Print", "&Print");
 }
 
 void QtCommonDialogs::ShowPrinterSetup() {
-    RunPrintDialog(printer_(), "Printer Setup");
+    RunPrintDialog(printer_(), "Printer Setup", "OK");
 }
 
 FontChoice QtCommonDialogs::ShowFont(const FontChoice& start, int) {
-    QFontDialog dialog(FontOfChoice(start), QApplication::activeWindow());
+    QFontDialog dialog(FontOfChoice(start), OwnerWindow());
     if (dialog.exec() != QDialog::Accepted) Raise(error_number::Cancelled);
     return ChoiceOfFont(dialog.selectedFont());
 }

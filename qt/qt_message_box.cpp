@@ -1,11 +1,15 @@
 #include "qt/qt_message_box.h"
 
-#include <QApplication>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QMessageBox>
+#include <QShortcut>
 
+#include "core/platform/help_viewer.h"
+#include "core/platform/platform.h"
+#include "core/program/program_help.h"
 #include "qt/message_box_style.h"
+#include "qt/owner_window.h"
 #include "qt/qt_text.h"
 
 namespace tarvokol {
@@ -25,16 +29,26 @@ void MakeRoomForTitle(QMessageBox& box) {
     grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
+// F1 opens the topic of a box that has one.
+void OfferHelp(QMessageBox& box, const BoxRequest& request) {
+    if (request.help_file.empty() || request.context == 0) return;
+    auto* help_key = new QShortcut(QKeySequence(Qt::Key_F1), &box);
+    QObject::connect(help_key, &QShortcut::activated, &box, [&request] {
+        Platform.Help->ShowTopic(request.help_file, HelpTopicOfContext(request.context));
+    });
+}
+
 }  // namespace
 
 int QtMessageBox::Show(const BoxRequest& request) {
     QMessageBox box(IconOfStyle(request.style), ToQt(request.title),
                     ToQt(request.message).replace("\r\n", "\n"), ButtonsOfStyle(request.style),
-                    QApplication::activeWindow());
+                    OwnerWindow());
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     box.setDefaultButton(DefaultButtonOfStyle(request.style));
     MakeRoomForTitle(box);
+    OfferHelp(box, request);
     return ResultOfButton(static_cast<QMessageBox::StandardButton>(box.exec()));
 }
 

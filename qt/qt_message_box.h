@@ -4,7 +4,8 @@
 
 namespace tarvokol {
 
-// Message boxes of the toolkit, above the active window.
+// Message boxes of the toolkit, above the window that the user is in. One with a help file and a context opens that
+// topic with F1.
 class QtMessageBox : public MessageBox {
   public:
     int Show(const BoxRequest& request) override;
