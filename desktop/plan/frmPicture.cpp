@@ -2,11 +2,12 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QProxyStyle>
-#include <QResizeEvent>
 #include <QScreen>
 #include <algorithm>
+#include <utility>
 
 #include "core/graphics/TarvoGraf.h"
 #include "core/platform/platform.h"
@@ -24,9 +25,6 @@ namespace {
 // Twips by which the form is higher than wide, so that its client area is square.
 constexpr int kFrameHeight = 510;
 constexpr double kMaximizedShare = 0.9;
-
-// A drag counts as over after so many milliseconds without a new size.
-constexpr int kDragPause = 150;
 
 // Entries of the menu bar as high as the bar, which makes up the difference between the form's height and
 // width.
@@ -59,6 +57,7 @@ frmPicture::frmPicture() : ui_(std::make_unique<Ui::frmPicture>()) {
     ConnectMenu(mnuPlotSetItem_, &frmPicture::mnuPlotSetItem_Click);
     resized_.setSingleShot(true);
     connect(&resized_, &QTimer::timeout, this, &frmPicture::FollowResize);
+    connect(&drag_, &GrabWatch::Released, this, &frmPicture::Drag_Ended);
 }
 
 frmPicture::~frmPicture() = default;
@@ -81,16 +80,18 @@ void frmPicture::Form_Unload() {
     EnableAndFocus(ResultsReturn != results_return::Normal ? "frmResTxtPlt" : "frmTARVOParm");
 }
 
-void frmPicture::resizeEvent(QResizeEvent* event) {
-    dragged_ = event->spontaneous();
-    FormBase::resizeEvent(event);
+// While an edge is dragged, the window manager holds on to its own idea of the size and would fight every answer; the
+// last size of a drag is squared when it lets the edge go. Any other size is squared as soon as control is back in the
+// event loop.
+void frmPicture::Form_Resize() {
+    if (drag_.IsHeld())
+        resized_in_drag_ = true;
+    else
+        resized_.start(0);
 }
 
-// While an edge is dragged, the window manager holds on to its own idea of the size and would fight every
-// answer. The last size of a drag is squared once it is over; a size from the program itself as soon as
-// control is back in the event loop.
-void frmPicture::Form_Resize() {
-    resized_.start(dragged_ ? kDragPause : 0);
+void frmPicture::Drag_Ended() {
+    if (std::exchange(resized_in_drag_, false)) resized_.start(0);
 }
 
 void frmPicture::FollowResize() {
@@ -102,29 +103,16 @@ void frmPicture::FollowResize() {
     ui_->picTMPCopy->move(0, PixelsOf(TwipsOf(height()) - kFrameHeight / 2));
 }
 
-// A drag that pauses is squared and may go on: the window manager then comes back with the side that was
-// taken away. Such a size belongs to the drag, and is judged by the size from before it.
-void frmPicture::RecallDrag(int height, int width) {
-    if (!dragged_ || (height != squaring_.lost_height && width != squaring_.lost_width)) return;
-    LastHeight_ = squaring_.before_height;
-    LastWidth_ = squaring_.before_width;
-}
-
 // Dragged outward the larger side wins, dragged inward the smaller one.
 void frmPicture::MakeSquare() {
     const int H = TwipsOf(height());
     const int W = TwipsOf(width());
-    RecallDrag(H, W);
     const bool grown = H > LastHeight_ || W > LastWidth_;
     const bool width_wins = grown ? H <= W : H >= W;
     if (width_wins)
         resize(width(), PixelsOf(W + kFrameHeight));
     else
         resize(PixelsOf(H - kFrameHeight), height());
-    const bool lost_height = TwipsOf(height()) != H;
-    const bool lost_width = TwipsOf(width()) != W;
-    if (lost_height || lost_width)
-        squaring_ = {LastHeight_, LastWidth_, lost_height ? H : -1, lost_width ? W : -1};
     LastHeight_ = ToShort(TwipsOf(height()));
     LastWidth_ = ToShort(TwipsOf(width()));
     DrawPanelPlot();
@@ -179,6 +167,13 @@ void frmPicture::DecreaseFontSize() {
 
 void frmPicture::mousePressEvent(QMouseEvent* event) {
     if (ui_->client->geometry().contains(event->position().toPoint())) Form_MouseDown(event->button());
+}
+
+void frmPicture::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape)
+        Unload();
+    else
+        FormBase::keyPressEvent(event);
 }
 
 void frmPicture::Form_MouseDown(Qt::MouseButton button) {

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "desktop/base/form_base.h"
+#include "qt/grab_watch.h"
 
 class QAction;
 
@@ -37,7 +38,7 @@ class frmPicture : public SingleForm<frmPicture> {
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
 
   private:
@@ -52,7 +53,7 @@ class frmPicture : public SingleForm<frmPicture> {
     template <std::size_t Count>
     void ConnectMenu(const std::array<QAction*, Count>& items, void (frmPicture::*handler)(int));
     void FollowResize();
-    void RecallDrag(int height, int width);
+    void Drag_Ended();
     void MakeSquare();
     void TakeMaximizedSize();
     void ApplyMaximizedSize();
@@ -61,20 +62,12 @@ class frmPicture : public SingleForm<frmPicture> {
 
     std::unique_ptr<Ui::frmPicture> ui_;
     std::array<QAction*, 3> mnuPlotSetItem_{};
-    QTimer resized_;
+    GrabWatch drag_{*this};
+    QTimer resized_;  // brings control back to the event loop, nothing longer
+    bool resized_in_drag_ = false;
     bool restoring_ = false;
-    bool dragged_ = false;    // the last size came from the window manager
     int16_t LastHeight_ = 0;  // twips, after the last layout pass
     int16_t LastWidth_ = 0;
-
-    // The size before the last squaring, and the height or width that it took away; twips.
-    struct Squaring {
-        int16_t before_height = 0;
-        int16_t before_width = 0;
-        int lost_height = -1;
-        int lost_width = -1;
-    };
-    Squaring squaring_;
 };
 
 }  // namespace tarvokol

@@ -380,6 +380,13 @@ TEST_F(PlotWindow, ClosingGivesTheParametersDialogBack) {
     EXPECT_TRUE(WaitUntil([] { return OpeningDialog::Instance().isActiveWindow(); }));
 }
 
+TEST_F(PlotWindow, EscapeClosesIt) {
+    frmPicture& form = OpenFrom<OpeningDialog>();
+    Press(form, Qt::Key_Escape);
+    EXPECT_FALSE(frmPicture::IsLoaded());
+    EXPECT_TRUE(OpeningDialog::Instance().isEnabled());
+}
+
 TEST_F(PlotWindow, TheOtherOpenerStaysDisabled) {
     OpeningDialog::Instance().setEnabled(false);
     frmPicture& form = OpenFromViewer();
