@@ -84,7 +84,11 @@ void MainWindowBinding::OpenProjectParameters() {
 }
 
 void MainWindowBinding::ApplySettings() {
-    if (frmMain::IsLoaded()) ApplyMainWindowSettings(frmMain::Instance());
+    if (!frmMain::IsLoaded()) return;
+    frmMain& form = frmMain::Instance();
+    ApplyMainWindowSettings(form);
+    LayoutMainWindow(form);
+    PlaceVersionLabel(form, form.Toolbar());
 }
 
 void MainWindowBinding::ApplyHistoryFont() {

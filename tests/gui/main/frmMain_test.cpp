@@ -301,6 +301,33 @@ TEST_F(MainWindow, TheVersionStandsAtTheTopRight) {
     EXPECT_EQ(label.x() + label.width(), form.centralWidget()->width());
 }
 
+TEST_F(MainWindow, TheVersionFollowsAToolbarThatIsSwitched) {
+    frmMain& form = Start();
+    const auto& label = Find<QLabel>(form, "lblVer");
+    const int below = Find<QToolBar>(form, "Toolbar1").height();
+    EXPECT_EQ(label.y(), below);
+    EnableMainMenuToolbar = 0;
+    Platform.MainWindow->ApplySettings();
+    EXPECT_EQ(label.y(), 0);
+    EnableMainMenuToolbar = 1;
+    Platform.MainWindow->ApplySettings();
+    EXPECT_EQ(label.y(), below);
+}
+
+TEST_F(MainWindow, APictureBelowTheToolbarDoesNotShowThroughIt) {
+    frmMain& form = Start();
+    form.resize(320, 220);
+    RunEvents();
+    const QToolBar& toolbar = Find<QToolBar>(form, "Toolbar1");
+    ASSERT_TRUE(form.Logo().geometry().intersects(toolbar.geometry()));
+    form.Logo().hide();
+    const QImage without = form.grab().toImage();
+    form.Logo().show();
+    const QImage with = form.grab().toImage();
+    const QRect bar(toolbar.mapTo(&form, QPoint(0, 0)), toolbar.size());
+    EXPECT_EQ(with.copy(bar), without.copy(bar));
+}
+
 TEST_F(MainWindow, RecentFilesStandAtTheFootOfTheFileMenu) {
     MaxLastFiles = 3;
     LastFile[1] = "a&b.TKL";
