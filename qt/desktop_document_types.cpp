@@ -2,8 +2,12 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
+#include <QRegularExpression>
+#include <QSaveFile>
 #include <QStandardPaths>
+#include <algorithm>
 
 #include "qt/qt_text.h"
 
@@ -11,6 +15,9 @@ namespace tarvokol {
 namespace {
 
 constexpr int kUpdateMilliseconds = 20000;
+
+constexpr const char* kDefaults = "[Default Applications]";
+constexpr const char* kRemoved = "[Removed Associations]";
 
 QString BaseName(const DocumentType& type) {
     return ToQt(type.type_name).section('.', 0, 0);
@@ -44,12 +51,13 @@ QString MimeText(const DocumentType& type) {
            "</comment>\n" + globs + "  </mime-type>\n</mime-info>\n";
 }
 
-// A program's full name as the first word of a desktop entry's command.
+// A program's full name as the first word of a desktop entry's command: a backslash in front of what means something
+// inside quotes, and as the entry's own texts double every backslash, two of it; the backslash itself makes four.
 QString QuotedProgram(const QString& program) {
     QString quoted;
     for (const QChar letter : program) {
-        if (QString("\"`$\\").contains(letter)) quoted += "\\\\";
-        if (letter == '%') quoted += '%';
+        if (QString("\"`$\\").contains(letter)) quoted += R"(\\)";
+        if (letter == '\\' || letter == '%') quoted += letter;
         quoted += letter;
     }
     return '"' + quoted + '"';
@@ -63,13 +71,55 @@ QString EntryText(const DocumentType& type) {
 }
 
 void WriteText(const QString& path, const QString& text) {
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly)) file.write(text.toUtf8());
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) return;
+    file.write(text.toUtf8());
+    file.commit();
 }
 
 QString ReadText(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+// The first word of the entry's command as a program's full name, empty if it has none.
+QString ProgramOfEntry(const QString& text) {
+    static const QRegularExpression command("^Exec=(?:\"([^\"]*)\"|(\\S+))", QRegularExpression::MultilineOption);
+    const QRegularExpressionMatch match = command.match(text);
+    const QString word = match.captured(1) + match.captured(2);
+    return word.isEmpty() ? QString() : QStandardPaths::findExecutable(word);
+}
+
+// True if the entry that a package has installed starts this very program: then that entry is the one, and stays so
+// when the package is upgraded or removed.
+bool IsInstalled(const DocumentType& type, const QString& user_entry) {
+    const QString program = QFileInfo(ToQt(type.program)).canonicalFilePath();
+    const QStringList entries =
+        QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, "applications/" + EntryName(type));
+    return !program.isEmpty() && std::any_of(entries.begin(), entries.end(), [&](const QString& entry) {
+        return entry != user_entry && QFileInfo(ProgramOfEntry(ReadText(entry))).canonicalFilePath() == program;
+    });
+}
+
+void WriteEntry(const DocumentType& type, const QString& user_entry) {
+    if (IsInstalled(type, user_entry))
+        QFile::remove(user_entry);
+    else
+        WriteText(user_entry, EntryText(type));
+}
+
+// Earlier versions made a type of their own, in a list that desktops have left.
+void DropFormerDefault(const QString& list, const DocumentType& type) {
+    const QString former = "application/x-" + ToQt(type.type_name).toLower() + "=";
+    QStringList lines = ReadText(list).split('\n');
+    if (lines.removeIf([&](const QString& line) { return line.startsWith(former); }) == 0) return;
+    const bool empty = std::all_of(lines.begin(), lines.end(), [](const QString& line) {
+        return line.trimmed().isEmpty() || line == kDefaults;
+    });
+    if (empty)
+        QFile::remove(list);
+    else
+        WriteText(list, lines.join('\n'));
 }
 
 // Desktops keep caches of types and entries; one without the updater reads the files themselves.
@@ -81,22 +131,41 @@ void UpdateCache(const QString& updater, const QString& folder) {
     process.waitForFinished(kUpdateMilliseconds);
 }
 
+// The line of a type in the section that begins at `first`; -1 if there is none.
+qsizetype LineOf(const QString& mime, const QStringList& lines, qsizetype first) {
+    for (qsizetype at = first; at < lines.size() && !lines[at].startsWith('['); ++at)
+        if (lines[at].startsWith(mime + "=")) return at;
+    return -1;
+}
+
+// A user who had taken the program off the type has changed his mind.
+void DropFromRemoved(QStringList& lines, const QString& mime, const QString& entry) {
+    const qsizetype section = lines.indexOf(kRemoved);
+    const qsizetype at = section < 0 ? -1 : LineOf(mime, lines, section + 1);
+    if (at < 0) return;
+    QStringList entries = lines[at].mid(mime.size() + 1).split(';', Qt::SkipEmptyParts);
+    entries.removeAll(entry);
+    if (entries.isEmpty())
+        lines.removeAt(at);
+    else
+        lines[at] = mime + "=" + entries.join(';') + ";";
+}
+
 }  // namespace
 
 QString MimeNameOf(const DocumentType& type) {
-    return "application/x-" + ToQt(type.type_name).toLower();
+    return "application/x-" + BaseName(type).toLower();
 }
 
 QString WithDefaultProgram(const QString& list, const QString& mime, const QString& entry) {
-    const QString section = "[Default Applications]";
     QStringList lines = list.split('\n');
     while (!lines.isEmpty() && lines.last().trimmed().isEmpty()) lines.removeLast();
-    if (!lines.contains(section)) lines << section;
-    const qsizetype first = lines.indexOf(section) + 1;
+    DropFromRemoved(lines, mime, entry);
+    if (!lines.contains(kDefaults)) lines << kDefaults;
+    const qsizetype first = lines.indexOf(kDefaults) + 1;
     const QString line = mime + "=" + entry;
-    qsizetype at = first;
-    while (at < lines.size() && !lines[at].startsWith('[') && !lines[at].startsWith(mime + "=")) ++at;
-    if (at < lines.size() && lines[at].startsWith(mime + "="))
+    const qsizetype at = LineOf(mime, lines, first);
+    if (at >= 0)
         lines[at] = line;
     else
         lines.insert(first, line);
@@ -105,12 +174,15 @@ QString WithDefaultProgram(const QString& list, const QString& mime, const QStri
 
 void DesktopDocumentTypes::Register(const DocumentType& type) {
     const QDir data(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+    const QDir configuration(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
     data.mkpath("mime/packages");
     data.mkpath("applications");
+    configuration.mkpath(".");
     WriteText(data.filePath("mime/packages/" + PackageName(type)), MimeText(type));
-    WriteText(data.filePath("applications/" + EntryName(type)), EntryText(type));
-    const QString list = data.filePath("applications/mimeapps.list");
+    WriteEntry(type, data.filePath("applications/" + EntryName(type)));
+    const QString list = configuration.filePath("mimeapps.list");
     WriteText(list, WithDefaultProgram(ReadText(list), MimeNameOf(type), EntryName(type)));
+    DropFormerDefault(data.filePath("applications/mimeapps.list"), type);
     UpdateCache("update-mime-database", data.filePath("mime"));
     UpdateCache("update-desktop-database", data.filePath("applications"));
 }

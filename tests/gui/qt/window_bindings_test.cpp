@@ -1,4 +1,5 @@
 #include <QClipboard>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFontDialog>
@@ -179,10 +180,12 @@ class DesktopTest : public WindowBindings {
         Script("xdg-mime", "[ \"$3\" = text/plain ] && echo viewer.desktop; true");
         qputenv("PATH", QByteArray::fromStdString(Folder.string()) + ":" + path_);
         qputenv("XDG_DATA_HOME", QByteArray::fromStdString(PathTo("data home")));
+        qputenv("XDG_DATA_DIRS", QByteArray::fromStdString(PathTo("system data")));
+        qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(PathTo("config home")));
     }
     ~DesktopTest() override {
         qputenv("PATH", path_);
-        qunsetenv("XDG_DATA_HOME");
+        for (const char* name : {"XDG_DATA_HOME", "XDG_DATA_DIRS", "XDG_CONFIG_HOME"}) qunsetenv(name);
     }
     void Script(const std::string& name, const std::string& body) {
         WriteBytes(PathTo(name), "#!/bin/sh\n" + body + "\n");
@@ -222,7 +225,7 @@ TEST_F(DesktopTest, ATypeIsRegisteredWithPatternCommandAndDefault) {
     EXPECT_EQ(ReadBytes(data + "mime/packages/tarvokol-document-tkl.xml"),
               "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
               "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n"
-              "  <mime-type type=\"application/x-tarvokol.document\">\n"
+              "  <mime-type type=\"application/x-tarvokol\">\n"
               "    <comment>tarvokol Document</comment>\n"
               "    <glob weight=\"80\" pattern=\"*.TKL\"/>\n"
               "    <glob weight=\"80\" pattern=\"*.tkl\"/>\n"
@@ -231,9 +234,10 @@ TEST_F(DesktopTest, ATypeIsRegisteredWithPatternCommandAndDefault) {
     EXPECT_EQ(ReadBytes(data + "applications/tarvokol.desktop"),
               "[Desktop Entry]\nType=Application\nName=TARVO-KOL\nComment=tarvokol Document\n"
               "Exec=\"/opt/x y/tarvokol\" %f\nIcon=tarvokol\nTerminal=false\n"
-              "MimeType=application/x-tarvokol.document;\nCategories=Science;Engineering;\n");
-    EXPECT_EQ(ReadBytes(data + "applications/mimeapps.list"),
-              "[Default Applications]\napplication/x-tarvokol.document=tarvokol.desktop\n");
+              "MimeType=application/x-tarvokol;\nCategories=Science;Engineering;\n");
+    EXPECT_EQ(ReadBytes(PathTo("config home/mimeapps.list")),
+              "[Default Applications]\napplication/x-tarvokol=tarvokol.desktop\n");
+    EXPECT_FALSE(std::filesystem::exists(data + "applications/mimeapps.list"));
     EXPECT_EQ(ReadBytes(PathTo("mime-updated")), data + "mime");
 }
 
@@ -247,8 +251,81 @@ TEST_F(DesktopTest, AnAssociationOfAnotherExtensionStays) {
     EXPECT_THAT(ReadBytes(packages + "tarvokol-document-tkl.xml"), ::testing::HasSubstr("pattern=\"*.tkl\""));
     EXPECT_THAT(ReadBytes(packages + "tarvokol-document-xy.xml"),
                 ::testing::HasSubstr("pattern=\"*.../x y\""));
-    EXPECT_EQ(ReadBytes(PathTo("data home/applications/mimeapps.list")),
-              "[Default Applications]\napplication/x-tarvokol.document=tarvokol.desktop\n");
+    EXPECT_EQ(ReadBytes(PathTo("config home/mimeapps.list")),
+              "[Default Applications]\napplication/x-tarvokol=tarvokol.desktop\n");
+}
+
+TEST_F(DesktopTest, TheEntryOfAPackageThatStartsThisProgramIsNotShadowed) {
+    Script("update-mime-database", "true");
+    Script("update-desktop-database", "true");
+    Script("tarvokol", "true");
+    const std::string installed = PathTo("system data/applications/tarvokol.desktop");
+    std::filesystem::create_directories(PathTo("system data/applications"));
+    WriteBytes(installed, "[Desktop Entry]\nType=Application\nName=TARVO-KOL\nExec=tarvokol %f\n");
+    const std::string own = PathTo("data home/applications/tarvokol.desktop");
+    std::filesystem::create_directories(PathTo("data home/applications"));
+    WriteBytes(own, "[Desktop Entry]\nExec=\"/home/old build/tarvokol\" %f\n");
+    DesktopDocumentTypes().Register(
+        {"TKL", "tarvokol.Document", "tarvokol Document", "", FromQt(QStandardPaths::findExecutable("tarvokol"))});
+    EXPECT_FALSE(std::filesystem::exists(own));
+    EXPECT_EQ(ReadBytes(PathTo("config home/mimeapps.list")),
+              "[Default Applications]\napplication/x-tarvokol=tarvokol.desktop\n");
+    DesktopDocumentTypes().Register({"TKL", "tarvokol.Document", "tarvokol Document", "", "/opt/x/tarvokol"});
+    EXPECT_THAT(ReadBytes(own), ::testing::HasSubstr("Exec=\"/opt/x/tarvokol\" %f\n"));
+}
+
+TEST_F(DesktopTest, SignsThatMeanSomethingInAnEntryAreEscapedInTheProgramsPath) {
+    Script("update-mime-database", "true");
+    Script("update-desktop-database", "true");
+    DesktopDocumentTypes().Register(
+        {"TKL", "tarvokol.Document", "tarvokol Document", "", R"(/opt/a\b $c "d" 100%/tarvokol)"});
+    EXPECT_THAT(ReadBytes(PathTo("data home/applications/tarvokol.desktop")),
+                ::testing::HasSubstr(R"(Exec="/opt/a\\\\b \\$c \\"d\\" 100%%/tarvokol" %f)" "\n"));
+}
+
+TEST_F(DesktopTest, TheFormerTypeAndItsListAreDropped) {
+    Script("update-mime-database", "true");
+    Script("update-desktop-database", "true");
+    const std::string list = PathTo("data home/applications/mimeapps.list");
+    std::filesystem::create_directories(PathTo("data home/applications"));
+    WriteBytes(list, "[Default Applications]\napplication/x-tarvokol.document=tarvokol.desktop\n");
+    DesktopDocumentTypes().Register({"TKL", "tarvokol.Document", "tarvokol Document", "", "/opt/tarvokol"});
+    EXPECT_FALSE(std::filesystem::exists(list));
+    WriteBytes(list,
+               "[Default Applications]\napplication/x-tarvokol.document=tarvokol.desktop\ntext/plain=ed.desktop\n");
+    DesktopDocumentTypes().Register({"TKL", "tarvokol.Document", "tarvokol Document", "", "/opt/tarvokol"});
+    EXPECT_EQ(ReadBytes(list), "[Default Applications]\ntext/plain=ed.desktop\n");
+}
+
+TEST_F(WindowBindings, F1OpensTheTopicOfABoxThatHasOne) {
+    WhenUp<QMessageBox>([](QMessageBox& box) {
+        QTest::keyClick(&box, Qt::Key_F1);
+        box.button(QMessageBox::Ok)->click();
+    });
+    QtMessageBox().Show({"Text", 0, "Title", "/opt/tarvokol/TARVOKOL.CHM", 3100});
+    EXPECT_THAT(Host.Help.Calls, ::testing::ElementsAre("topic /opt/tarvokol/TARVOKOL.CHM menu_output.htm"));
+    WhenUp<QMessageBox>([](QMessageBox& box) {
+        QTest::keyClick(&box, Qt::Key_F1);
+        box.button(QMessageBox::Ok)->click();
+    });
+    QtMessageBox().Show({"Text", 0, "Title", "", 0});
+    EXPECT_EQ(Host.Help.Calls.size(), 1u);
+}
+
+TEST_F(WindowBindings, PrinterSetupIsConfirmedWithOkAndPrintingWithPrint) {
+    QPrinter printer;
+    QtCommonDialogs dialogs([&]() -> QPrinter& { return printer; });
+    const auto expect_confirmation = [](const QString& caption) {
+        WhenUp<QPrintDialog>([caption](QPrintDialog& dialog) {
+            const auto* buttons = dialog.findChild<QDialogButtonBox*>();
+            EXPECT_EQ(buttons->button(QDialogButtonBox::Ok)->text(), caption);
+            dialog.reject();
+        });
+    };
+    expect_confirmation("OK");
+    EXPECT_EQ(RaisedError([&] { dialogs.ShowPrinterSetup(); }), 32755);
+    expect_confirmation("&Print");
+    EXPECT_EQ(RaisedError([&] { dialogs.ShowPrinter(0); }), 32755);
 }
 
 TEST_F(WindowBindings, MonthsAreNamedInTheUsersLanguage) {
@@ -265,6 +342,13 @@ TEST_F(WindowBindings, OtherDefaultsOfTheUserStay) {
         "[Added Associations]\nb/c=d\n\n[Default Applications]\na/b=x.desktop\nm/n=new.desktop\n[Z]\nq=1\n");
     EXPECT_EQ(WithDefaultProgram("[Added Associations]\nm/n=other\n", "m/n", "new.desktop"),
               "[Added Associations]\nm/n=other\n[Default Applications]\nm/n=new.desktop\n");
+}
+
+TEST_F(WindowBindings, AProgramThatTheUserTookOffATypeComesBack) {
+    EXPECT_EQ(WithDefaultProgram("[Removed Associations]\nm/n=new.desktop;\na/b=new.desktop\n", "m/n", "new.desktop"),
+              "[Removed Associations]\na/b=new.desktop\n[Default Applications]\nm/n=new.desktop\n");
+    EXPECT_EQ(WithDefaultProgram("[Removed Associations]\nm/n=x.desktop;new.desktop;\n", "m/n", "new.desktop"),
+              "[Removed Associations]\nm/n=x.desktop;\n[Default Applications]\nm/n=new.desktop\n");
 }
 
 }  // namespace
