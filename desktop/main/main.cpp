@@ -1,9 +1,15 @@
 // The desktop program.
 #include <QFont>
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
+#include <string_view>
 
 #include "core/platform/platform.h"
 #include "core/program/start_up.h"
+#include "core/project/project_state.h"
+#include "core/report/report_builder.h"
+#include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 #include "desktop/main/frmMain.h"
 #include "desktop/main/main_window_binding.h"
@@ -71,8 +77,35 @@ void SetProgramFont() {
     QApplication::setFont(QFont("Liberation Sans", kPoints));
 }
 
+// A project that cannot be opened ends the program, and the user learns which.
 void StartProgram(const std::string& command_line) {
-    Main(command_line, StepsOfMainWindow());
+    try {
+        Main(command_line, StepsOfMainWindow());
+    } catch (const RunTimeError& error) {
+        if (command_line.empty() || ProjectFileName != command_line) throw;
+        throw RunTimeError(error.number, error.text + ": " + command_line);
+    }
+}
+
+constexpr const char* kUsage =
+    "Usage: tarvokol [PROJECT]\n"
+    "Opens the window of TARVO-KOL, with the project file PROJECT if it is named. The whole\n"
+    "command line is one path, so a name with blanks needs no quotes.\n\n"
+    "  --help     this text\n"
+    "  --version  the program's version\n\n"
+    "For scripts and many projects: tarvokol-cli --help\n";
+
+// A question that needs no window is answered on the terminal, also where there is no display.
+bool AnswersOnTerminal(int count, char** words) {
+    if (count != 2) return false;
+    const std::string_view question = words[1];
+    if (question == "--help" || question == "-h")
+        std::fputs(kUsage, stdout);
+    else if (question == "--version")
+        std::printf("tarvokol %s\n", VersionString().c_str());
+    else
+        return false;
+    return true;
 }
 
 }  // namespace
@@ -80,6 +113,7 @@ void StartProgram(const std::string& command_line) {
 
 int main(int argc, char** argv) {
     using namespace tarvokol;
+    if (AnswersOnTerminal(argc, argv)) return EXIT_SUCCESS;
     ProgramApplication application(argc, argv);
     QApplication::setApplicationName("tarvokol");
     QApplication::setQuitOnLastWindowClosed(false);

@@ -1,5 +1,8 @@
 // A user's ways through the program, in a real window.
+#include <chrono>
 #include <set>
+#include <thread>
+#include <utility>
 
 #include <gmock/gmock.h>
 
@@ -55,6 +58,22 @@ class DesignLoop : public DesktopTest {
     void ShowResults() {
         Press("alt+o Return");
         ExpectWindow(kResults);
+    }
+
+    // Answers whatever stands in front until the window of that title has the keyboard again.
+    static void PressUntilBack(const std::string& keys, const std::string& title) {
+        for (int tries = 0; tries < 5 && !HasKeyboard(title); ++tries) {
+            Press(keys);
+            std::this_thread::sleep_for(std::chrono::seconds(1));
+        }
+        ExpectWindow(title);
+    }
+
+    // The first file with that ending below the home folder, empty if there is none.
+    std::string WrittenFile(const std::string& ending) const {
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(Folder))
+            if (entry.path().extension() == ending && entry.file_size() > 0) return entry.path().string();
+        return "";
     }
 
     void ExpectClipboardHolds(const std::string& text) {
@@ -146,6 +165,53 @@ TEST_F(DesignLoop, ANewProjectIsTypedFieldByFieldCalculatedAndSaved) {
               "\r\n90\r\n1000000\r\n900\r\n162\r\n21\r\n1.6\r\n2\r\n0\r\n");
 }
 
+// No mouse from an empty project to a saved file, a printed report and an exported curve.
+TEST_F(DesignLoop, TheKeyboardAloneLeadsFromAnEmptyProjectToFileReportAndCurve) {
+    WriteSettings("", "ShowInputScreenOnLoad=1\r\nAskOfficeInstall=1\r\n");
+    Start();
+    ExpectWindow(kMain);
+    Press("ctrl+n");
+    ExpectWindow(kParameters);
+    // The letters of the labels lead to the boxes, in any order.
+    const std::pair<const char*, const char*> fields[] = {{"alt+b", "20"}, {"alt+e", "10"}, {"alt+d", "100"},
+                                                          {"alt+h", "10"}, {"alt+w", "10"}, {"alt+n", "5"}};
+    for (const auto& [letter, value] : fields) {
+        Press(letter);
+        Type(value);
+    }
+    Press("Return");
+    ExpectWindow(kMain + ": Untitled");
+    Press("ctrl+s");
+    ExpectWindowBeside(kMain + ": Untitled");
+    Press("ctrl+a");
+    Type(PathTo("keys"));
+    Press("Return");
+    ExpectWindow(kMain + ": " + PathTo("keys.TKL"));
+    EXPECT_THAT(ReadBytes(PathTo("keys.TKL")), HasSubstr("##EndDesc##\r\n10\r\n100\r\n10\r\n10\r\n20\r\n 5 \r\n"));
+
+    ShowResults();
+    Press("alt+a");
+    ExpectWindow("Print");
+    PressUntilBack("Return", kResults);
+    EXPECT_TRUE(Eventually([this] { return !WrittenFile(".pdf").empty(); }));
+    EXPECT_EQ(ReadBytes(WrittenFile(".pdf")).substr(0, 5), "%PDF-");
+    Press("Escape");
+    ExpectWindow(kMain + ": " + PathTo("keys.TKL"));
+
+    Press("alt+o Down Right Return");
+    ExpectWindow("Graph");
+    Press("alt+f Down Return");
+    ExpectWindowBeside("Graph");
+    PressUntilBack("Return", "Graph");
+    EXPECT_TRUE(Eventually([this] { return !WrittenFile(".xlsx").empty(); }));
+    EXPECT_EQ(ReadBytes(WrittenFile(".xlsx")).substr(0, 2), "PK");
+    Press("alt+f x");
+    ExpectWindow(kMain + ": " + PathTo("keys.TKL"));
+    Press("alt+f x");
+    EXPECT_EQ(Program.ExitStatus(), 0);
+    EXPECT_EQ(Program.ErrorOutput(), "");
+}
+
 TEST_F(DesignLoop, CopiesThePlanAsAPicture) {
     StartWithProject();
     ShowResults();
@@ -213,7 +279,7 @@ TEST_F(DesignLoop, AMissingFileOnTheCommandLineEndsTheProgram) {
     EXPECT_TRUE(Program.IsRunning());
     Press("Return");
     EXPECT_EQ(Program.ExitStatus(), 1);
-    EXPECT_THAT(Program.ErrorOutput(), HasSubstr("Run-time error '53':\r\n\r\nFile not found"));
+    EXPECT_THAT(Program.ErrorOutput(), HasSubstr("Run-time error '53':\r\n\r\nFile not found: " + PathTo("none.TKL")));
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 
 #include <fcntl.h>
 #include <signal.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -29,23 +28,6 @@ pid_t Spawn(const std::vector<std::string>& words, const posix_spawn_file_action
     return posix_spawnp(&process, arguments[0], actions, nullptr, arguments.data(), environ) == 0 ? process
                                                                                                   : 0;
 }
-
-// A process that ends with the tests.
-class Servant {
-  public:
-    ~Servant() {
-        if (process_ == 0) return;
-        kill(process_, SIGTERM);
-        waitpid(process_, nullptr, 0);
-    }
-    bool Start(const std::vector<std::string>& words, const posix_spawn_file_actions_t* actions = nullptr) {
-        process_ = Spawn(words, actions);
-        return process_ != 0;
-    }
-
-  private:
-    pid_t process_ = 0;
-};
 
 class Desktop {
   public:
@@ -100,6 +82,17 @@ std::string Quoted(const std::string& text) {
 }
 
 }  // namespace
+
+Servant::~Servant() {
+    if (process_ == 0) return;
+    kill(process_, SIGTERM);
+    waitpid(process_, nullptr, 0);
+}
+
+bool Servant::Start(const std::vector<std::string>& words, const posix_spawn_file_actions_t* actions) {
+    process_ = Spawn(words, actions);
+    return process_ != 0;
+}
 
 bool Eventually(const std::function<bool()>& condition) {
     const auto end = std::chrono::steady_clock::now() + kPatience;
@@ -204,6 +197,10 @@ void DesktopTest::ExpectWindow(const std::string& title) {
         << "wanted: " << title << ", active: " << ActiveTitle();
 }
 
+bool DesktopTest::HasKeyboard(const std::string& title) {
+    return ActiveTitle() == title;
+}
+
 void DesktopTest::ExpectWindowBeside(const std::string& title) {
     EXPECT_TRUE(Eventually([&] {
         const std::string active = ActiveTitle();
@@ -218,6 +215,28 @@ void DesktopTest::Press(const std::string& keys) {
 
 void DesktopTest::Type(const std::string& text) {
     OutputOf("xdotool type --clearmodifiers --delay 15 " + Quoted(text));
+}
+
+DesktopTest::Place DesktopTest::ActivePlace() {
+    Place place;
+    const std::string lines = OutputOf("xdotool getactivewindow getwindowgeometry --shell 2>/dev/null");
+    const auto number = [&lines](const std::string& name) {
+        const std::size_t at = ("\n" + lines).find("\n" + name + "=");
+        return at == std::string::npos ? 0 : std::atoi(lines.c_str() + at + name.size() + 1);
+    };
+    place = {number("X"), number("Y"), number("WIDTH"), number("HEIGHT")};
+    return place;
+}
+
+// The window manager takes a drag of the right button with Alt anywhere in the window for one of the nearest edge.
+void DesktopTest::DragRightEdge(int by) {
+    const Place place = ActivePlace();
+    std::string commands = "xdotool mousemove " + std::to_string(place.x + place.width - 20) + " " +
+                           std::to_string(place.y + place.height / 2) + " keydown alt mousedown 3 sleep 0.1";
+    constexpr int kSteps = 8;
+    for (int step = 0; step < kSteps; ++step)
+        commands += " mousemove_relative -- " + std::to_string(by / kSteps) + " 0 sleep 0.03";
+    OutputOf(commands + " sleep 0.3 mouseup 3 keyup alt");
 }
 
 std::string DesktopTest::ClipboardText() {

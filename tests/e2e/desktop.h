@@ -7,6 +7,9 @@
 #include <string>
 #include <vector>
 
+#include <spawn.h>
+#include <sys/types.h>
+
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {
@@ -22,6 +25,21 @@ bool DesktopIsUp();
 
 // What the machine lacks for these tests, empty if nothing.
 std::string MissingTools();
+
+// A process that ends with its owner.
+class Servant {
+  public:
+    Servant() = default;
+    Servant(const Servant&) = delete;
+    Servant& operator=(const Servant&) = delete;
+    ~Servant();
+
+    // Starts the program that the first word names, with the caller's environment.
+    bool Start(const std::vector<std::string>& words, const posix_spawn_file_actions_t* actions = nullptr);
+
+  private:
+    pid_t process_ = 0;
+};
 
 // The program, started in the home folder of the test.
 class ProgramUnderTest {
@@ -53,6 +71,7 @@ class DesktopTest : public CoreTest {
 
     // Waits until the window has the keyboard.
     static void ExpectWindow(const std::string& title);
+    static bool HasKeyboard(const std::string& title);
     // Waits until a window of another title has the keyboard: a message box or a common dialog.
     static void ExpectWindowBeside(const std::string& title);
 
@@ -61,6 +80,18 @@ class DesktopTest : public CoreTest {
     static void Type(const std::string& text);
 
     static std::string ClipboardText();
+
+    // Place and size of what the active window shows, without its frame.
+    struct Place {
+        int x = 0;
+        int y = 0;
+        int width = 0;
+        int height = 0;
+    };
+    static Place ActivePlace();
+
+    // Takes the active window's right edge along by `by` pixels, in steps as a hand does, and lets it go.
+    static void DragRightEdge(int by);
 
     ProgramUnderTest Program;
 };

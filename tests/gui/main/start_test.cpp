@@ -69,7 +69,24 @@ TEST_F(ProgramStart, AMissingFileIsAnErrorThatNoHandlerTakes) {
         told += program_.readAllStandardError().toStdString();
         return told.find("Run-time error '53':") != std::string::npos;
     })) << told;
-    EXPECT_THAT(told, HasSubstr("File not found"));
+    EXPECT_THAT(told, HasSubstr("File not found: " + PathTo("none.TKL")));
+}
+
+TEST_F(ProgramStart, HelpAndVersionAreToldOnTheTerminalWithoutADisplay) {
+    QProcessEnvironment environment = program_.processEnvironment();
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) environment.remove(name);
+    program_.setProcessEnvironment(environment);
+    const auto answer = [this](const QString& question) {
+        program_.start(TARVOKOL_PROGRAM, {question});
+        EXPECT_TRUE(program_.waitForFinished());
+        EXPECT_EQ(program_.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(program_.exitCode(), 0);
+        EXPECT_EQ(program_.readAllStandardError().toStdString(), "");
+        return program_.readAllStandardOutput().toStdString();
+    };
+    EXPECT_EQ(answer("--version"), "tarvokol 1.3.02\n");
+    EXPECT_THAT(answer("--help"), ::testing::StartsWith("Usage: tarvokol [PROJECT]\n"));
+    EXPECT_EQ(answer("-h"), answer("--help"));
 }
 
 }  // namespace
