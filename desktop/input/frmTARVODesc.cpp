@@ -32,6 +32,9 @@ class OneLine : public QValidator {
     }
 };
 
+constexpr const char* kLockedUnitsTip =
+    "The units of a project with data stay; Utilities, File Conversion converts its figures";
+
 }  // namespace
 
 frmTARVODesc::frmTARVODesc() : ui_(std::make_unique<Ui::frmTARVODesc>()) {
@@ -58,7 +61,10 @@ void frmTARVODesc::Form_Load() {
 
 // A project that has its units shows them, with nothing else to choose.
 void frmTARVODesc::ShowUnits() {
-    for (const auto& [index, option] : Option1_) option->setEnabled(UnitsLocked == 0);
+    for (const auto& [index, option] : Option1_) {
+        option->setEnabled(UnitsLocked == 0);
+        if (UnitsLocked != 0) option->setToolTip(kLockedUnitsTip);
+    }
     SetArrayIndex(Option1_, UnitSystem);
     Option1_[UnitSystem].setEnabled(true);
 }

@@ -170,6 +170,17 @@ TEST_F(DescriptionForm, OkWithNothingChangedStillMarksTheProject) {
     EXPECT_THAT(History(), EndsWith("2. Project Description Modified\r\n"));
 }
 
+TEST_F(DescriptionForm, LockedUnitsSayHowTheyAreChanged) {
+    UnitsLocked = 0;
+    EXPECT_EQ(Find<QRadioButton>(Open(), "Option1_0").toolTip(), "A change of units starts the project over");
+    UnloadAllForms();
+    UnitsLocked = 255;
+    frmTARVODesc& form = Open();
+    for (const char* option : {"Option1_0", "Option1_1"})
+        EXPECT_EQ(Find<QRadioButton>(form, option).toolTip(),
+                  "The units of a project with data stay; Utilities, File Conversion converts its figures");
+}
+
 TEST_F(DescriptionForm, AfterOkTheUnitsAreLocked) {
     Click(Open(), "Command2");
     frmTARVODesc& form = Open();
