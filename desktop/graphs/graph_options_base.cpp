@@ -27,7 +27,10 @@ void GraphOptionsBase::BindControls() {
     Label1_ = findChild<QLabel*>("Label1");
     HScroll1_ = findChild<QScrollBar*>("HScroll1");
     txtSS_ = findChild<QLineEdit*>("txtSS");
-    for (QComboBox* combo : {Combo1_, Combo2_}) combo->setCompleter(nullptr);
+    for (QComboBox* combo : {Combo1_, Combo2_}) {
+        combo->setCompleter(nullptr);
+        combo->lineEdit()->setAccessibleName(combo->accessibleName());
+    }
     SelectAllOnFocus(*findChild<QWidget*>("titles"));
     ConnectClicks(Option1_, this, &GraphOptionsBase::Option1_Click);
     connect(Combo1_, &QComboBox::editTextChanged, this, &GraphOptionsBase::Combo1_Change);

@@ -80,7 +80,10 @@ std::string GuiTest::TextOf(QWidget& form, const std::string& name) {
     QWidget& control = Find<QWidget>(form, name);
     if (auto* box = qobject_cast<QPlainTextEdit*>(&control)) return FromQt(box->toPlainText());
     if (auto* box = qobject_cast<QTextEdit*>(&control)) return FromQt(box->toPlainText());
-    return FromQt(control.property("text").toString());
+    QString text = control.property("text").toString();
+    // The mark of a label's mnemonic is no letter of its caption.
+    if (auto* label = qobject_cast<QLabel*>(&control); label != nullptr && label->buddy() != nullptr) text.remove('&');
+    return FromQt(text);
 }
 
 void GuiTest::ShowAndActivate(FormBase& form) {

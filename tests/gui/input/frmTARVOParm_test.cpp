@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
+#include <set>
 
 #include "core/graphics/TarvoGraf.h"
 #include "core/messages/titles.h"
@@ -61,6 +62,19 @@ TEST_F(ParametersDialog, HasItsTabsFramesAndButtons) {
     EXPECT_EQ(Find<QPushButton>(form, "cmdCopyClip").toolTip(), "Copy dialog image to clipboard");
     EXPECT_FALSE(Find<QPushButton>(form, "cmdCopyClip").icon().pixmap(16, 16).isNull());
     EXPECT_EQ(Find<PlanSheet>(form, "Picture1").size(), QSize(601, 121));
+}
+
+TEST_F(ParametersDialog, EveryInputHasAMnemonicOfItsOwn) {
+    frmTARVOParm& form = Open();
+    std::set<QString> letters{"Alt+R", "Alt+V"};
+    for (const auto* label : form.findChildren<QLabel*>()) {
+        auto* box = qobject_cast<QLineEdit*>(label->buddy());
+        if (box == nullptr || box->isReadOnly()) continue;
+        const QString letter = QKeySequence::mnemonic(label->text()).toString();
+        EXPECT_FALSE(letter.isEmpty()) << FromQt(label->text());
+        EXPECT_TRUE(letters.insert(letter).second) << FromQt(label->text());
+    }
+    EXPECT_EQ(letters.size(), 13u);
 }
 
 TEST_F(ParametersDialog, EveryControlStandsOnItsTab) {
