@@ -3,10 +3,11 @@
 
 BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-tools-dev qt6-tools-dev-tools
     qt6-documentation-tools qt6-svg-dev libqt6sql6-sqlite libqcustomplot-dev libxlsxwriter-dev zlib1g-dev
-    libcli11-dev nlohmann-json3-dev"
+    libcli11-dev nlohmann-json3-dev libxcb1-dev"
 RUN_PACKAGES="fonts-liberation fonts-dejavu-core"
 PACKAGE_PACKAGES="dpkg-dev file git"
-TEST_PACKAGES="libgtest-dev libgmock-dev libx11-dev xvfb xauth openbox xdotool xclip poppler-utils imagemagick python3
+TEST_PACKAGES="libgtest-dev libgmock-dev libx11-dev xvfb xauth openbox xdotool xclip qt6-wayland weston
+    poppler-utils imagemagick python3
     shared-mime-info desktop-file-utils appstream lintian mandoc zsh fish"
 ALL_TEST_PACKAGES="libbenchmark-dev clang-14 libclang-rt-14-dev debootstrap"
 

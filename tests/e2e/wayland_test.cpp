@@ -1,0 +1,175 @@
+// The program as a client of a Wayland compositor, which tells nobody where windows stand and places them
+// itself. What the program asks of the compositor stands in its standard error: titles, and the windows that
+// get the keyboard.
+#include <cstdlib>
+#include <map>
+#include <set>
+#include <sstream>
+
+#include "tests/e2e/desktop.h"
+
+namespace tarvokol {
+namespace {
+
+const std::string kMain = "TARVO-KOL";
+const std::string kSocket = "tarvokol-test";
+
+std::string Project(const std::string& height) {
+    return "TARVOKOL_101\r\n 0 \r\nRidge Panel 4\r\n##StartDesc##\r\nUpper seam.\r\n##EndDesc##\r\n" +
+           height +
+           "\r\n100\r\n10\r\n10\r\n20\r\n 5 \r\n90\r\n1000000\r\n900\r\n162\r\n21\r\n1.6\r\n2\r\n0\r\n";
+}
+
+// The text between two marks of a line, empty if the line lacks one.
+std::string Between(const std::string& line, const std::string& before, const std::string& behind) {
+    const std::size_t first = line.find(before);
+    if (first == std::string::npos) return "";
+    const std::size_t start = first + before.size();
+    const std::size_t end = line.find(behind, start);
+    return end == std::string::npos ? "" : line.substr(start, end - start);
+}
+
+// The talk of a client with its compositor, one request or event a line.
+class Talk {
+  public:
+    explicit Talk(const std::string& text) {
+        std::istringstream lines(text);
+        for (std::string line; std::getline(lines, line);) {
+            if (line.starts_with("["))
+                Take(line);
+            else
+                warnings_ += line + "\n";
+        }
+    }
+
+    // Title of the window that has the keyboard.
+    std::string ActiveTitle() const {
+        const auto found = titles_.find(active_);
+        return found == titles_.end() ? "" : found->second;
+    }
+    // What is no talk but a complaint.
+    const std::string& Warnings() const { return warnings_; }
+    bool HasShown(const std::string& title) const { return shown_.contains(title); }
+    int Selections() const { return selections_; }
+
+  private:
+    void Take(const std::string& line) {
+        if (const std::string shell = Between(line, "get_xdg_surface(new id ", ","); !shell.empty()) {
+            surfaces_[shell] = Between(line, ", ", ")");
+            titles_.erase(surfaces_[shell]);  // of a window that is gone
+        }
+        if (const std::string window = Between(line, "get_toplevel(new id ", ")"); !window.empty())
+            surfaces_[window] = surfaces_[Between(line, "-> ", ".get_toplevel")];
+        if (const std::string title = Between(line, ".set_title(\"", "\")"); !title.empty())
+            titles_[surfaces_[Between(line, "-> ", ".set_title")]] = title;
+        if (const std::string surface = Between(line, ".enter(", ", array"); !surface.empty())
+            active_ = surface.substr(surface.find(", ") + 2);
+        if (const std::string surface = Between(line, "-> ", ".commit()"); titles_.contains(surface))
+            shown_.insert(titles_[surface]);
+        if (line.find(".set_selection(") != std::string::npos) ++selections_;
+    }
+
+    std::map<std::string, std::string> surfaces_;  // of windows, by the names of their roles
+    std::map<std::string, std::string> titles_;    // by surface
+    std::set<std::string> shown_;
+    std::string active_;
+    std::string warnings_;
+    int selections_ = 0;
+};
+
+class Wayland : public DesktopTest {
+  protected:
+    void SetUp() override {
+        DesktopTest::SetUp();
+        if (IsSkipped()) return;
+        if (OutputOf("command -v weston").empty()) GTEST_SKIP() << "not installed: weston";
+        std::filesystem::permissions(Folder, std::filesystem::perms::owner_all);
+    }
+    ~Wayland() override {
+        setenv("QT_QPA_PLATFORM", "xcb", 1);
+        for (const char* name : {"WAYLAND_DISPLAY", "WAYLAND_DEBUG"}) unsetenv(name);
+    }
+
+    void StartUnder(const std::string& backend, const std::vector<std::string>& arguments) {
+        setenv("XDG_RUNTIME_DIR", Folder.c_str(), 1);
+        unsetenv("WAYLAND_DISPLAY");
+        ASSERT_TRUE(compositor_.Start({"weston", "--backend=" + backend, "--use-pixman", "--no-config",
+                                       "--idle-time=0", "--width=1100", "--height=850", "--socket=" + kSocket,
+                                       "--log=" + PathTo("weston.log")}));
+        ASSERT_TRUE(Eventually([this] { return std::filesystem::exists(Folder / kSocket); }));
+        setenv("QT_QPA_PLATFORM", "wayland", 1);
+        setenv("WAYLAND_DISPLAY", kSocket.c_str(), 1);
+        setenv("WAYLAND_DEBUG", "1", 1);
+        Start(arguments);
+    }
+
+    // The compositor's screen is a window on the tests' desktop, which hands its keys on.
+    void GiveKeyboard() {
+        ASSERT_TRUE(Eventually([] {
+            OutputOf("xdotool search --onlyvisible --name 'Weston Compositor' windowactivate 2>/dev/null");
+            return OutputOf("xdotool getactivewindow getwindowname 2>/dev/null").find("Weston") == 0;
+        }));
+    }
+
+    Talk Heard() const { return Talk(Program.ErrorOutput()); }
+
+    void ExpectActive(const std::string& title) {
+        EXPECT_TRUE(Eventually([&] { return Heard().ActiveTitle() == title; }))
+            << "wanted: " << title << ", active: " << Heard().ActiveTitle();
+    }
+
+  private:
+    Servant compositor_;
+};
+
+TEST_F(Wayland, TheFirstWindowShowsUnderAHeadlessCompositor) {
+    WriteSettings("", "ShowInputScreenOnLoad=0\r\n");
+    StartUnder("headless-backend.so", {});
+    EXPECT_TRUE(Eventually([this] { return Heard().HasShown(kMain); }));
+    EXPECT_TRUE(Program.IsRunning());
+    EXPECT_EQ(Heard().Warnings(), "");
+}
+
+TEST_F(Wayland, AProjectIsEditedCalculatedShownAndSavedWithoutAWarning) {
+    WriteSettings("KeepFileNames=1\r\n", "ShowInputScreenOnLoad=0\r\nViewChildWindow=1\r\n");
+    const std::string path = PathTo("panel.TKL");
+    const std::string caption = kMain + ": " + path;
+    WriteBytes(path, Project("10"));
+    StartUnder("x11-backend.so", {path});
+    EXPECT_TRUE(Eventually([&] { return Heard().HasShown(caption); }));
+    GiveKeyboard();
+    ExpectActive(caption);
+
+    Press("ctrl+e");
+    ExpectActive("Parameters");
+    Press("ctrl+a");
+    Type("7.5");
+    Press("alt+v");
+    ExpectActive("View Plan");
+    Press("ctrl+c");
+    EXPECT_TRUE(Eventually([this] { return Heard().Selections() == 1; }));
+    Press("Escape");
+    ExpectActive("Parameters");
+    Press("Return");
+    ExpectActive(caption);
+
+    Press("alt+o Return");
+    ExpectActive("Calculation Results");
+    Press("alt+y");
+    EXPECT_TRUE(Eventually([this] { return Heard().Selections() == 2; }));
+    Press("alt+a");
+    ExpectActive("Print");
+    Press("Escape");
+    ExpectActive("Calculation Results");
+    Press("Escape");
+    ExpectActive(caption);
+
+    Press("ctrl+s");
+    EXPECT_TRUE(Eventually([&] { return ReadBytes(path) == Project("7.5"); })) << ReadBytes(path);
+    Press("alt+f x");
+    EXPECT_EQ(Program.ExitStatus(), 0);
+    EXPECT_EQ(Heard().Warnings(), "");
+}
+
+}  // namespace
+}  // namespace tarvokol
