@@ -267,3 +267,45 @@ def size_rows(program):
     answers = program.ask("sizes", [panel for _, panel in cases])
     return [SizeRow(case, exact.sizes(panel), tuple(sizes), panel.units == METRIC)
             for (case, panel), sizes in zip(cases, answers)]
+
+
+class CurveRow(NamedTuple):
+    curve: str
+    point: int
+    x: Decimal
+    hand: tuple
+    program: tuple
+
+
+def _required_width(kind, depth):
+    """Width (ft) of a sizing curve of the first example: stress by the point's depth, wedge by the project's, the target
+    for webs, hole in inches and web in feet added up in the span."""
+    d = Decimal
+    stress, gradient, e = depth * 162 / exact.GROSS, d(162) / exact.GROSS / exact.TWELVE, d(120)
+    if kind == steps.WEB:
+        return exact.web_root(e, e, d(900), stress, typed(SIZED.sf_web)) / exact.TWELVE
+    span, reach = 5 * (e + 10), d(1200) * exact.tangent(SIZED.angle)
+    return exact.barrier_root(e, d(900), stress, gradient, d(1200), span, exact.tangent(SIZED.angle), typed(SIZED.sf_web),
+                              span / 2 > reach) / exact.TWELVE
+
+
+# First value and step of the curves of the first example, with the built-in range of 50 and 100 percent.
+_CURVE_STARTS = {
+    steps.HEIGHT: ("height", Decimal(3), Decimal(1)),
+    steps.DEPTH: ("depth", Decimal(50), Decimal(3)),
+    steps.HOLE: ("hole", Decimal(5), Decimal("0.3")),
+    steps.WEB: (None, Decimal(50), Decimal(3)),
+    steps.BARRIER: (None, Decimal(50), Decimal(3)),
+}
+
+
+def curve_rows(program):
+    """First, middle and last point of the five curves of the first example."""
+    for kind, (name, first, step) in _CURVE_STARTS.items():
+        figures = program.ask(kind, [SIZED])[0]
+        columns = 4 if name else 2
+        count = len(figures) // columns
+        for point in (1, (count + 1) // 2, count):
+            x = first + (point - 1) * step
+            hand = Hand(SIZED._replace(**{name: float(x)})).factors() if name else (_required_width(kind, x),)
+            yield CurveRow(kind, point, x, hand, tuple(figures[(point - 1) * columns:point * columns]))

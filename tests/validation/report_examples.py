@@ -38,6 +38,12 @@ def _factor_row(row):
     return (row.case, *(f"{factor:.10f}" for factor in row.hand), part(max(differences)))
 
 
+def _curve_row(row):
+    figures = [f"{value:.6f}" for value in row.hand] + ["", ""]
+    largest = max(relative_error(*pair) for pair in zip(row.program[1:], row.hand))
+    return (row.curve, str(row.point), f"{row.x.normalize():f}", *figures[:3], part(largest))
+
+
 def example_values(program):
     worked = examples.panel_examples(program)
     sized = examples.sizing_examples(program)
@@ -47,4 +53,6 @@ def example_values(program):
         newton="\n\n".join(_newton_part(*entry) for entry in enumerate(sized, len(worked) + 1)),
         sizes=_size_table(program),
         factors=table(("Panel", "#Overall", "#Webs ONLY", "#Barrier Pillar", "#Largest relative difference"),
-                      [_factor_row(row) for row in examples.factor_rows(program)]))
+                      [_factor_row(row) for row in examples.factor_rows(program)]),
+        curves=table(("Curve", "#Point", "#x (ft)", "#Overall, or width (ft)", "#Webs ONLY", "#Barrier Pillar",
+                      "#Largest relative difference"), [_curve_row(row) for row in examples.curve_rows(program)]))
