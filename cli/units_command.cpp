@@ -4,6 +4,7 @@
 
 #include "cli/commands.h"
 #include "cli/json.h"
+#include "core/runtime/numbers.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/unit_calculator.h"
 
@@ -36,12 +37,13 @@ int RunUnits(bool json, const std::string& quantity_name, const std::string& uni
     const Quantity quantity = Quantities().at(quantity_name);
     const int index = UnitIndex(quantity, unit);
     try {
-        const std::vector<std::string> texts = UnitBoxTexts(quantity, index, value);
+        const std::vector<double> values = ConvertUnits(quantity, index, NumericParse(value));
         Json object;
-        for (std::size_t i = 0; i < texts.size(); ++i) {
+        for (std::size_t i = 0; i < values.size(); ++i) {
             const std::string& caption = UnitBoxCaptions(quantity)[i];
-            object[caption] = texts[i];
-            if (!json) std::cout << caption << ": " << texts[i] << '\n';
+            const std::string text = GeneralText(values[i]);
+            object[caption] = text;
+            if (!json) std::cout << caption << ": " << text << '\n';
         }
         if (json) std::cout << JsonLine(object);
         return exit_status::Done;

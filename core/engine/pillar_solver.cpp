@@ -107,8 +107,8 @@ SizingOutcome SolvePillar(const SizingParameters& block, float start) {
         f = SizingFunction(block, B);
     }
     if (B < 0.0) return Failed(SizingFailure::NegativeSize);
-    // The loop stops at the tolerance, the outcome asks for less.
-    if (std::fabs(f) >= kTolerance || B <= 0.0) return Failed(SizingFailure::NotConverged);
+    // The loop stops at the tolerance, the outcome asks for less, and for a width that a single can hold.
+    if (std::fabs(f) >= kTolerance || B <= 0.0 || !FitsSingle(B)) return Failed(SizingFailure::NotConverged);
     return {ToSingle(B), SizingFailure::None};
 }
 

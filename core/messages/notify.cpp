@@ -40,7 +40,7 @@ std::string OutsideRangeMessage(const std::string& text, const std::string& low,
 
 std::string RangeFault(const std::string& text, double low, double high) {
     if (IsBlank(text)) return "Blank field not allowed";
-    const double value = NumericParse(text);
+    const double value = UnboundedParse(text);
     if (value >= low && value <= high) return "";
     return OutsideRangeMessage(text, GeneralText(low), GeneralText(high));
 }

@@ -15,7 +15,8 @@ int16_t Notify(const std::string& message, int style, std::string& title);
 int16_t Notify(const std::string& message, int style);
 
 // True if the text is not blank and its numeric parse lies from low to high; otherwise says so in a critical box
-// with `RangeErrorTitle`. A label that is not empty gets ": " behind it, in the caller's variable.
+// with `RangeErrorTitle`; a number beyond a double is outside on its side. A label that is not empty gets ": " behind
+// it, in the caller's variable.
 bool CheckRange(const std::string& text, double low, double high, std::string& label);
 bool CheckRange(const std::string& text, double low, double high);
 

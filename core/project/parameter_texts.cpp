@@ -21,6 +21,11 @@ float SingleOf(const std::string& text) {
     return ToSingle(NumericParse(text));
 }
 
+// Rounded to a single like `SingleOf`, an infinity where no single holds the number.
+double SingleOrInfinity(const std::string& text) {
+    return static_cast<double>(static_cast<float>(UnboundedParse(text)));
+}
+
 int16_t HolesOf(const ParameterTexts& texts) {
     return ToShort(NumericParse(texts.txtNumberHoles));
 }
@@ -42,13 +47,14 @@ void StoreLoads(const ParameterTexts& texts, PanelInputs& record) {
     record.SFBarrier = SingleOf(texts.txtSFBarrier);
 }
 
-// What the two calculated fields read from the boxes: a short and singles.
+// What the two calculated fields read from the boxes: a short and singles. A field whose value no single
+// holds stays empty.
 struct PanelFigures {
     explicit PanelFigures(const ParameterTexts& texts)
         : holes(HolesOf(texts)),
-          hole(SingleOf(texts.txtHoleWidth)),
-          web(SingleOf(texts.txtWebThickness)),
-          barrier(SingleOf(texts.txtBarrierPillarWidth)) {}
+          hole(SingleOrInfinity(texts.txtHoleWidth)),
+          web(SingleOrInfinity(texts.txtWebThickness)),
+          barrier(SingleOrInfinity(texts.txtBarrierPillarWidth)) {}
 
     int16_t holes;
     double hole;
@@ -89,16 +95,18 @@ void LoadPreviewFromTexts(const ParameterTexts& texts) {
 
 std::string PanelWidthText(const ParameterTexts& texts) {
     const PanelFigures panel(texts);
-    return PictureText(ToSingle((panel.holes - 1) * panel.web + panel.holes * panel.hole), "##0.");
+    const double width = (panel.holes - 1) * panel.web + panel.holes * panel.hole;
+    return FitsSingle(width) ? PictureText(ToSingle(width), "##0.") : "";
 }
 
 std::string ExtractionRatioText(const ParameterTexts& texts) {
     const PanelFigures panel(texts);
     const double whole = (panel.holes - 1) * panel.web + panel.barrier + panel.holes * panel.hole;
-    if (ToSingle(whole) == 0.0f) return "";
+    if (!FitsSingle(whole) || ToSingle(whole) == 0.0f || !FitsSingle(panel.holes * panel.hole)) return "";
     // The width of all holes is rounded to single on its own; the width of the whole is not.
     const float mined = ToSingle(panel.holes * panel.hole);
-    return PictureText(ToSingle(Divide(100.0 * mined, whole)), "##0.0");
+    const double ratio = Divide(100.0 * mined, whole);
+    return FitsSingle(ratio) ? PictureText(ToSingle(ratio), "##0.0") : "";
 }
 
 std::string HolesFault(const std::string& text) {
@@ -115,7 +123,7 @@ std::vector<std::string> FaultsOfLoadedHoles(int16_t number_holes) {
 
 HolesVerdict JudgeHolesText(const std::string& text) {
     HolesVerdict verdict;
-    const double holes = NumericParse(text);
+    const double holes = UnboundedParse(text);
     if (holes == 1.0) {
         // A 1 is the first digit of 10 to 19.
         verdict.single_one = true;

@@ -66,7 +66,7 @@ void StoreParameterTexts(const ParameterTexts& texts, PanelInputs& record);
 // Reads the texts into `PreviewRecord`, with spacing and angle of `ProjectRecord` and the pitches derived.
 void LoadPreviewFromTexts(const ParameterTexts& texts);
 
-// The two fields under "Calculated data".
+// The two fields under "Calculated data"; empty where a single cannot hold the value.
 std::string PanelWidthText(const ParameterTexts& texts);
 std::string ExtractionRatioText(const ParameterTexts& texts);
 

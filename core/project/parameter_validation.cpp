@@ -1,8 +1,13 @@
 // The tests of the parameters dialog, in its own words.
+#include <algorithm>
+#include <cmath>
+#include <initializer_list>
+
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
 #include "core/project/parameter_texts.h"
+#include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"
 
 namespace tarvokol {
@@ -12,45 +17,128 @@ constexpr double kLargestAbutmentAngle = 90.0;
 constexpr double kLowestSizingFactor = 1.0;
 constexpr double kHighestSizingFactor = 10.0;
 
+constexpr const char* kInvalidHeight = "Invalid extraction height";
+constexpr const char* kInvalidDepth = "Invalid depth of cover";
+constexpr const char* kInvalidHoleWidth = "Invalid hole width";
+constexpr const char* kInvalidWebThickness = "Invalid web thickness width";
+constexpr const char* kInvalidBarrierWidth = "Invalid barrier pillar width";
+constexpr const char* kInvalidUnitWeight = "Invalid overburden unit weight";
+constexpr const char* kInvalidAngle = "Invalid abutment angle of gob";
+constexpr const char* kInvalidSFBarrier = "Invalid Stability Factor for barriers";
+constexpr const char* kInvalidPillarStrength = "Invalid pillar strength";
+
 struct Refusal {
     ParameterField field;
     const char* message;
 };
 
+// Room that the plan takes beside the panel itself, and the growth of a figure that goes over to inches, psi
+// and pcf: both stay well below these.
+constexpr double kPlanRoom = 100.0;
+constexpr double kSolverGrowth = 1000.0;
+
+// A figure counts as the single that drawing and sizing make of it: one that is too small for a single is 0,
+// one that is too large has no size either.
 bool NotAboveZero(const std::string& text) {
-    return NumericParse(text) <= 0.0;
+    const double value = UnboundedParse(text);
+    return !FitsSingle(value) || static_cast<float>(value) <= 0.0f;
+}
+
+struct Share {
+    ParameterField field;
+    const char* message;
+    double size;
+};
+
+// Where several figures together are beyond a single, the one with the largest share in it is refused.
+Refusal RefusalOfLargest(std::initializer_list<Share> shares) {
+    const auto largest = std::max_element(shares.begin(), shares.end(), [](const Share& a, const Share& b) {
+        return std::fabs(a.size) < std::fabs(b.size);
+    });
+    return {largest->field, largest->message};
+}
+
+// Beside a hole of 1E35 a web of 10 is lost in the last digits of their sum.
+bool VanishesBeside(double hole, double pillar) {
+    return pillar + hole - hole <= 0.0;
+}
+
+// Needs figures that are each in range.
+std::optional<Refusal> PlanRefusal(const ParameterTexts& texts) {
+    const double holes = NumericParse(texts.txtNumberHoles);
+    const double hole = NumericParse(texts.txtHoleWidth);
+    const double web = NumericParse(texts.txtWebThickness);
+    const double barrier = NumericParse(texts.txtBarrierPillarWidth);
+    if (VanishesBeside(hole, web) || VanishesBeside(hole, barrier))
+        return Refusal{ParameterField::HoleWidth, kInvalidHoleWidth};
+    const double mined = holes * hole;
+    const double webs = (holes - 1.0) * web;
+    if (FitsSingle((mined + webs + barrier) * kPlanRoom)) return std::nullopt;
+    return RefusalOfLargest({{ParameterField::HoleWidth, kInvalidHoleWidth, mined},
+                             {ParameterField::WebThickness, kInvalidWebThickness, webs},
+                             {ParameterField::BarrierPillarWidth, kInvalidBarrierWidth, barrier}});
+}
+
+// The stress of the cover is a single.
+std::optional<Refusal> CoverRefusal(const ParameterTexts& texts) {
+    const double depth = NumericParse(texts.txtDepthCover);
+    const double unit_weight = NumericParse(texts.txtUnitWeight);
+    if (FitsSingle(depth * unit_weight * kSolverGrowth)) return std::nullopt;
+    return RefusalOfLargest({{ParameterField::DepthCover, kInvalidDepth, depth},
+                             {ParameterField::UnitWeight, kInvalidUnitWeight, unit_weight}});
+}
+
+// What the short test leaves aside must still fit the singles of the solver. A text that is no number at all
+// is none of this test's business.
+std::optional<Refusal> SolverRefusal(const ParameterTexts& texts) {
+    const Share shares[] = {
+        {ParameterField::DepthCover, kInvalidDepth, UnboundedParse(texts.txtDepthCover)},
+        {ParameterField::Height, kInvalidHeight, UnboundedParse(texts.txtHeight)},
+        {ParameterField::HoleWidth, kInvalidHoleWidth, UnboundedParse(texts.txtHoleWidth)},
+        {ParameterField::WebThickness, kInvalidWebThickness, UnboundedParse(texts.txtWebThickness)},
+        {ParameterField::CoalStrength, kInvalidPillarStrength, UnboundedParse(texts.txtCoalStrength)},
+        {ParameterField::UnitWeight, kInvalidUnitWeight, UnboundedParse(texts.txtUnitWeight)},
+        {ParameterField::SFBarrier, kInvalidSFBarrier, UnboundedParse(texts.txtSFBarrier)}};
+    for (const Share& share : shares)
+        if (!FitsSingle(share.size * kSolverGrowth)) return Refusal{share.field, share.message};
+    if (std::isinf(UnboundedParse(texts.txtAbutmentAngleActiveGob)))
+        return Refusal{ParameterField::AbutmentAngle, kInvalidAngle};
+    const double holes = NumericParse(texts.txtNumberHoles);
+    const double mined = holes * NumericParse(texts.txtHoleWidth);
+    const double webs = holes * NumericParse(texts.txtWebThickness);
+    if (!FitsSingle((mined + webs) * kSolverGrowth))
+        return RefusalOfLargest({{ParameterField::HoleWidth, kInvalidHoleWidth, mined},
+                                 {ParameterField::WebThickness, kInvalidWebThickness, webs}});
+    return CoverRefusal(texts);
 }
 
 std::optional<Refusal> PanelRefusal(const ParameterTexts& texts) {
-    if (NotAboveZero(texts.txtHeight)) return Refusal{ParameterField::Height, "Invalid extraction height"};
-    if (NotAboveZero(texts.txtDepthCover))
-        return Refusal{ParameterField::DepthCover, "Invalid depth of cover"};
-    if (NotAboveZero(texts.txtHoleWidth)) return Refusal{ParameterField::HoleWidth, "Invalid hole width"};
+    if (NotAboveZero(texts.txtHeight)) return Refusal{ParameterField::Height, kInvalidHeight};
+    if (NotAboveZero(texts.txtDepthCover)) return Refusal{ParameterField::DepthCover, kInvalidDepth};
+    if (NotAboveZero(texts.txtHoleWidth)) return Refusal{ParameterField::HoleWidth, kInvalidHoleWidth};
     if (NotAboveZero(texts.txtWebThickness))
-        return Refusal{ParameterField::WebThickness, "Invalid web thickness width"};
+        return Refusal{ParameterField::WebThickness, kInvalidWebThickness};
     if (NotAboveZero(texts.txtBarrierPillarWidth))
-        return Refusal{ParameterField::BarrierPillarWidth, "Invalid barrier pillar width"};
+        return Refusal{ParameterField::BarrierPillarWidth, kInvalidBarrierWidth};
     if (NumericParse(texts.txtWebThickness) >= NumericParse(texts.txtBarrierPillarWidth))
         return Refusal{ParameterField::BarrierPillarWidth,
                        "Barrier pillar width should be greater than web thickness width"};
-    if (NumericParse(texts.txtNumberHoles) < 2.0)
+    if (UnboundedParse(texts.txtNumberHoles) < 2.0)
         return Refusal{ParameterField::NumberHoles, "Invalid number of Holes"};
-    return std::nullopt;
+    return PlanRefusal(texts);
 }
 
 std::optional<Refusal> LoadRefusal(const ParameterTexts& texts) {
     if (NotAboveZero(texts.txtCoalStrength))
         return Refusal{ParameterField::CoalStrength, "Invalid in situ coal strength"};
-    if (NotAboveZero(texts.txtUnitWeight))
-        return Refusal{ParameterField::UnitWeight, "Invalid overburden unit weight"};
-    const double angle = NumericParse(texts.txtAbutmentAngleActiveGob);
+    if (NotAboveZero(texts.txtUnitWeight)) return Refusal{ParameterField::UnitWeight, kInvalidUnitWeight};
+    const double angle = UnboundedParse(texts.txtAbutmentAngleActiveGob);
     if (angle < 0.0 || angle > kLargestAbutmentAngle)
-        return Refusal{ParameterField::AbutmentAngle, "Invalid abutment angle of gob"};
+        return Refusal{ParameterField::AbutmentAngle, kInvalidAngle};
     if (NotAboveZero(texts.txtSFWeb))
         return Refusal{ParameterField::SFWeb, "Invalid Stability Factor for webs"};
-    if (NotAboveZero(texts.txtSFBarrier))
-        return Refusal{ParameterField::SFBarrier, "Invalid Stability Factor for barriers"};
-    return std::nullopt;
+    if (NotAboveZero(texts.txtSFBarrier)) return Refusal{ParameterField::SFBarrier, kInvalidSFBarrier};
+    return CoverRefusal(texts);
 }
 
 ParameterField Refuse(ParameterField field, const char* message, int style) {
@@ -83,15 +171,14 @@ std::optional<ParameterField> ValidateParameterTexts(const ParameterTexts& texts
 
 std::optional<SizingRefusal> RefusalOfSizing(const ParameterTexts& texts) {
     const std::string range_fault = RangeFault(texts.txtSFWeb, kLowestSizingFactor, kHighestSizingFactor);
-    if (NotAboveZero(texts.txtDepthCover))
-        return SizingRefusal{ParameterField::DepthCover, "Invalid depth of cover"};
+    if (NotAboveZero(texts.txtDepthCover)) return SizingRefusal{ParameterField::DepthCover, kInvalidDepth};
     if (!range_fault.empty()) return SizingRefusal{ParameterField::SFWeb, range_fault};
-    if (NotAboveZero(texts.txtHeight))
-        return SizingRefusal{ParameterField::Height, "Invalid extraction height"};
-    if (NotAboveZero(texts.txtHoleWidth))
-        return SizingRefusal{ParameterField::HoleWidth, "Invalid hole width"};
+    if (NotAboveZero(texts.txtHeight)) return SizingRefusal{ParameterField::Height, kInvalidHeight};
+    if (NotAboveZero(texts.txtHoleWidth)) return SizingRefusal{ParameterField::HoleWidth, kInvalidHoleWidth};
     if (NotAboveZero(texts.txtCoalStrength))
-        return SizingRefusal{ParameterField::CoalStrength, "Invalid pillar strength"};
+        return SizingRefusal{ParameterField::CoalStrength, kInvalidPillarStrength};
+    if (const std::optional<Refusal> beyond = SolverRefusal(texts))
+        return SizingRefusal{beyond->field, beyond->message};
     return std::nullopt;
 }
 

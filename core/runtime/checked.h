@@ -32,6 +32,9 @@ inline float ToSingle(double value) {
     return single;
 }
 
+// True if `ToSingle` has a value for it.
+inline bool FitsSingle(double value) { return std::isfinite(static_cast<float>(value)); }
+
 // Rounded to a whole number, halves to even; beyond the range of the type "Overflow".
 int16_t ToShort(double value);
 int32_t ToLong(double value);

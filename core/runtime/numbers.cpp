@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <system_error>
 
 #include "core/runtime/run_time_error.h"
@@ -125,18 +126,24 @@ bool IsLarge(std::string_view number) {
     return power + magnitude >= 0;
 }
 
-// The value of a text that LeadingNumberLength accepts whole.
-double ConvertNumber(std::string number) {
+// The value of a text that LeadingNumberLength accepts whole; one beyond a double is an infinity.
+double UnboundedNumber(std::string number) {
     if (number.front() == '+') number.erase(0, 1);
     for (char& c : number)
         if (IsExponentMark(c)) c = 'e';
     double value = 0.0;
     const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
-        if (IsLarge(number)) Raise(error_number::Overflow);
-        return 0.0;
+        if (!IsLarge(number)) return 0.0;
+        constexpr double kBeyond = std::numeric_limits<double>::infinity();
+        return number.front() == '-' ? -kBeyond : kBeyond;
     }
     return value == 0.0 ? 0.0 : value;
+}
+
+double WithinDouble(double value) {
+    if (std::isinf(value)) Raise(error_number::Overflow);
+    return value;
 }
 
 // A picture taken apart.
@@ -218,20 +225,24 @@ std::string ScientificPictureText(Decimal decimal, const Picture& picture) {
 
 }  // namespace
 
-double NumericParse(std::string_view text) {
+double UnboundedParse(std::string_view text) {
     std::string dense;
     for (const char c : text)
         if (c != ' ') dense += c;
     const std::size_t length = LeadingNumberLength(dense);
     if (length == 0) return 0.0;
     dense.resize(length);
-    return ConvertNumber(std::move(dense));
+    return UnboundedNumber(std::move(dense));
+}
+
+double NumericParse(std::string_view text) {
+    return WithinDouble(UnboundedParse(text));
 }
 
 double StrictNumber(std::string_view text) {
     const std::string trimmed = Trim(text);
     if (trimmed.empty() || LeadingNumberLength(trimmed) != trimmed.size()) Raise(error_number::TypeMismatch);
-    return ConvertNumber(trimmed);
+    return WithinDouble(UnboundedNumber(trimmed));
 }
 
 std::string GeneralText(double value) {

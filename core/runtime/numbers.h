@@ -12,6 +12,10 @@ namespace tarvokol {
 // double raises "Overflow"; one too small gives 0.
 double NumericParse(std::string_view text);
 
+// The same for a test of what a user typed: a number beyond the range of a double gives the infinity of its sign,
+// which lies outside every range on that side.
+double UnboundedParse(std::string_view text);
+
 // The strict conversion: the whole text, blanks around it left out, must be a number; else "Type mismatch".
 double StrictNumber(std::string_view text);
 

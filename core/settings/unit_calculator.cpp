@@ -1,6 +1,7 @@
 #include "core/settings/unit_calculator.h"
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <span>
 
@@ -146,9 +147,12 @@ std::vector<double> ConvertUnits(Quantity quantity, int unit, double value) {
 }
 
 std::vector<std::string> UnitBoxTexts(Quantity quantity, int unit, const std::string& typed) {
+    const double typed_value = UnboundedParse(typed);
     std::vector<std::string> texts;
-    for (const double value : ConvertUnits(quantity, unit, NumericParse(typed)))
-        texts.push_back(GeneralText(value));
+    for (const Cell cell : RowOf(quantity, unit)) {
+        const double value = cell(typed_value);
+        texts.push_back(std::isfinite(value) ? GeneralText(value) : "");
+    }
     return texts;
 }
 

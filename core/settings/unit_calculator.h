@@ -19,7 +19,7 @@ const std::vector<std::string>& UnitBoxCaptions(Quantity quantity);
 // Raises "Overflow" and, for a wrong index, "Subscript out of range".
 std::vector<double> ConvertUnits(Quantity quantity, int unit, double value);
 
-// The texts of the boxes for what was typed.
+// The texts of the boxes for what was typed; a box whose value is beyond a double has none and is empty.
 std::vector<std::string> UnitBoxTexts(Quantity quantity, int unit, const std::string& typed);
 
 }  // namespace tarvokol

@@ -37,12 +37,17 @@ int16_t TypedHoles(int16_t holes) {
     return holes < 1 || holes > MaxHoles ? int16_t{0} : holes;
 }
 
-// True where the dialog's short test has nothing to refuse; else its texts tell what it says.
-bool MayBeSized(const Panel& typed) {
+// True where the dialog's short test has nothing to refuse, as a look at the figures tells; else its texts tell what it
+// says.
+bool IsPlainlySizable(const Panel& typed) {
     constexpr float kLowestFactor = 1.0f;
     constexpr float kHighestFactor = 10.0f;
-    return typed.DepthCover > 0.0 && typed.SFWeb >= kLowestFactor && typed.SFWeb <= kHighestFactor &&
-           typed.Height > 0.0 && typed.HoleWidth > 0.0 && typed.CoalStrength > 0.0;
+    constexpr double kLeast = 1e-9;
+    constexpr double kMost = 1e9;
+    for (const double figure : {typed.DepthCover, typed.Height, typed.HoleWidth, typed.CoalStrength,
+                                typed.WebThickness, typed.UnitWeight, static_cast<double>(typed.SFBarrier)})
+        if (!(figure >= kLeast && figure <= kMost)) return false;
+    return typed.SFWeb >= kLowestFactor && typed.SFWeb <= kHighestFactor;
 }
 
 }  // namespace
@@ -176,7 +181,7 @@ bool PanelEvaluator::CalculateFactors() {
 
 void PanelEvaluator::CalculateSizes() {
     for (const std::string& message : FaultsOfLoadedHoles(panel_.NumberHoles)) AddMessage(message);
-    if (!MayBeSized(typed_)) {
+    if (!IsPlainlySizable(typed_)) {
         const auto refusal = RefusalOfSizing(TextsOfRecord(panel_));
         if (refusal) AddMessage(refusal->message);
         if (refusal) return;

@@ -17,6 +17,13 @@ Entry EntryOf(const std::map<std::string, Entry, std::less<>>& table, std::strin
     return found->second;
 }
 
+template <typename Entry>
+std::vector<std::string> NamesIn(const std::map<std::string, Entry, std::less<>>& table) {
+    std::vector<std::string> names;
+    for (const auto& [name, entry] : table) names.push_back(name);
+    return names;
+}
+
 }  // namespace
 
 void EnterForm(std::string_view name, FormLoader loader) {
@@ -29,6 +36,14 @@ void EnterGraphForm(std::string_view name, GraphOpener opener) {
 
 FormBase& FormNamed(std::string_view name) {
     return EntryOf(Loaders, name)();
+}
+
+std::vector<std::string> FormNames() {
+    return NamesIn(Loaders);
+}
+
+std::vector<std::string> GraphFormNames() {
+    return NamesIn(GraphOpeners);
 }
 
 void ShowGraphForm(std::string_view name, int index, QWidget* owner) {

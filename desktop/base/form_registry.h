@@ -2,7 +2,9 @@
 // stands beside the main window (desktop/main/form_table.h) and enters them here.
 #pragma once
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "desktop/base/form_base.h"
 
@@ -17,6 +19,10 @@ void EnterGraphForm(std::string_view name, GraphOpener opener);
 
 // The form of that name, loaded if it is not. An unknown name raises "Invalid procedure call or argument".
 FormBase& FormNamed(std::string_view name);
+
+// Names of all forms entered by EnterForm, and of those entered by EnterGraphForm, in alphabetical order.
+std::vector<std::string> FormNames();
+std::vector<std::string> GraphFormNames();
 
 // Loads the graph form of that name ("frmGraph", "frmGraphS") for the curves in the curve table and shows it
 // modally above `owner`; `index` is the kind of curve. An unknown name raises "Invalid procedure call or argument".

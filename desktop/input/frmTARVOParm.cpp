@@ -30,6 +30,13 @@ void AppendUnit(QLabel& label, int row) {
     if (row != kNoUnit) label.setText(label.text() + ToQt(UnitLabels(row)));
 }
 
+// What the history says when the box cannot show the project's number of holes: OK would store a figure that
+// nobody typed.
+std::string HolesNotShownText(const std::string& holes, const std::string& shown) {
+    return "Number of holes " + holes + " of the project is outside 2-20: " +
+           (shown.empty() ? "the box is left empty" : "the box shows " + shown);
+}
+
 // A text that stands already is left alone, and with it the caret.
 void SetText(QLineEdit& box, const std::string& text) {
     if (box.text() != ToQt(text)) box.setText(ToQt(text));
@@ -120,6 +127,7 @@ void frmTARVOParm::FillHoles(const std::string& text) {
     ui_->HScroll1->setValue(ProjectRecord.NumberHoles);
     SetText(*ui_->txtNumberHoles, text);
     LastHolesText_ = FromQt(ui_->txtNumberHoles->text());
+    if (LastHolesText_ != text) LogMessage(HolesNotShownText(text, LastHolesText_));
 }
 
 // Back from the results viewer the project gets its own figures again.

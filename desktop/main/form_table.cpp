@@ -2,6 +2,8 @@
 
 #include "desktop/base/form_registry.h"
 #include "desktop/graphs/frmGraph.h"
+#include "desktop/graphs/frmGraphOpt.h"
+#include "desktop/graphs/frmGraphOptS.h"
 #include "desktop/graphs/frmGraphS.h"
 #include "desktop/help/frmDisclaimer.h"
 #include "desktop/help/frmResource.h"
@@ -37,9 +39,10 @@ void ShowGraph(int index, QWidget* owner) {
 }  // namespace
 
 void EnterAllForms() {
-    EnterForm("frmSet", InstanceOf<frmSet>);
     EnterForm("frmConvert", InstanceOf<frmConvert>);
     EnterForm("frmDisclaimer", InstanceOf<frmDisclaimer>);
+    EnterForm("frmGraphOpt", InstanceOf<frmGraphOpt>);
+    EnterForm("frmGraphOptS", InstanceOf<frmGraphOptS>);
     EnterForm("frmPath", InstanceOf<frmPath>);
     EnterForm("frmPicture", InstanceOf<frmPicture>);
     EnterForm("frmPreview", InstanceOf<frmPreview>);

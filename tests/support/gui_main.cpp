@@ -20,6 +20,8 @@ extern "C" int __lsan_is_turned_off() {  // NOLINT(bugprone-reserved-identifier)
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    // A test over all forms asks for them when it is registered.
+    tarvokol::EnterAllForms();
     testing::InitGoogleTest(&argc, argv);
     tarvokol::ProgramApplication application(argc, argv);
     application.SetErrorSink([](const tarvokol::RunTimeError& error) {
@@ -27,6 +29,5 @@ int main(int argc, char** argv) {
         tarvokol::RecordUnhandledError(error);
     });
     application.setQuitOnLastWindowClosed(false);
-    tarvokol::EnterAllForms();
     return RUN_ALL_TESTS();
 }

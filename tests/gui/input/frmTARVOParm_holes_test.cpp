@@ -147,5 +147,35 @@ TEST_F(NumberOfHoles, AProjectOfTooManyHolesIsRefusedWhileLoading) {
     EXPECT_EQ(TextOf(form, "txtNumberHoles"), "4");
 }
 
+TEST_F(NumberOfHoles, AFigureThatNobodyTypedIsToldInTheHistory) {
+    const std::pair<int16_t, std::string> lines[] = {
+        {1, "Number of holes 1 of the project is outside 2-20: the box shows 10\r\n"},
+        {0, "Number of holes 0 of the project is outside 2-20: the box is left empty\r\n"},
+        {-3, "Number of holes -3 of the project is outside 2-20: the box is left empty\r\n"},
+        {25, "Number of holes 25 of the project is outside 2-20: the box is left empty\r\n"}};
+    for (const auto& [holes, line] : lines) {
+        ProjectRecord.NumberHoles = holes;
+        Reopen();
+        EXPECT_THAT(History(), ::testing::HasSubstr(line)) << holes;
+    }
+    ProjectRecord.NumberHoles = 20;
+    Host.MainWindow.History.clear();
+    Reopen();
+    EXPECT_THAT(History(), ::testing::Not(::testing::HasSubstr("Number of holes")));
+}
+
+// The first box names the project's figure, the second one the text that is put back for it.
+TEST_F(NumberOfHoles, HolesNotAboveZeroAreRefusedWhileLoading) {
+    for (const auto& [holes, text] : {std::pair<int16_t, std::string>{0, "0"}, {-3, "-3"}}) {
+        Host.Messages.Shown.clear();
+        ProjectRecord.NumberHoles = holes;
+        frmTARVOParm& form = Reopen();
+        EXPECT_THAT(Messages(),
+                    ElementsAre("Value '" + text + "' is outside input range\r\nValid range is: 2-20",
+                                "Value '' is outside input range\r\nValid range is: 2-20"));
+        EXPECT_EQ(TextOf(form, "txtNumberHoles"), "");
+    }
+}
+
 }  // namespace
 }  // namespace tarvokol

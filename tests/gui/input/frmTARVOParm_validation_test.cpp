@@ -192,5 +192,82 @@ TEST_F(ParametersRefused, SizeTellsItsFaultsOneByOneInTheirOrder) {
                     "Invalid extraction height", "Invalid hole width", "Invalid pillar strength"));
 }
 
+// Five holes of the fixture; what a single cannot hold is no size.
+std::vector<Refusal> FiguresBeyondASingle() {
+    return {{"txtHeight", "1E400", "Invalid extraction height", 0},
+            {"txtHeight", "-1E400", "Invalid extraction height", 0},
+            {"txtHeight", "5E-324", "Invalid extraction height", 0},
+            {"txtDepthCover", "1E39", "Invalid depth of cover", 0},
+            {"txtDepthCover", "5E-324", "Invalid depth of cover", 0},
+            {"txtDepthCover", "2.9E37", "Invalid depth of cover", 0},
+            {"txtHoleWidth", "1E39", "Invalid hole width", 0},
+            {"txtHoleWidth", "1E38", "Invalid hole width", 0}};
+}
+
+TEST_F(ParametersRefused, FiguresBeyondASingleByEveryButtonThatReckons) {
+    for (const Refusal& row : FiguresBeyondASingle()) {
+        ExpectRefusal(row, "cmdOK", 16);
+        ExpectRefusal(row, "cmdView", 16);
+        ExpectRefusal(row, "cmdResults", 16);
+        ExpectRefusal(row, "cmdSize", 0);
+    }
+    ExpectRefusal({"txtBarrierPillarWidth", "3.4E38", "Invalid barrier pillar width", 0}, "cmdOK", 16);
+    ExpectRefusal({"txtSFWeb", "1E39", "Invalid Stability Factor for webs", 2}, "cmdOK", 16);
+    ExpectRefusal({"txtSFBarrier", "1E39", "Invalid Stability Factor for barriers", 2}, "cmdView", 16);
+    ExpectRefusal({"txtAbutmentAngleActiveGob", "1E400", "Invalid abutment angle of gob", 1}, "cmdOK", 16);
+    EXPECT_THAT(UnhandledErrors(), IsEmpty());
+}
+
+TEST_F(ParametersRefused, FiguresThatTheSolverCannotHoldBySizePillars) {
+    ExpectRefusal({"txtWebThickness", "1E39", "Invalid web thickness width", 0}, "cmdSize", 0);
+    ExpectRefusal({"txtUnitWeight", "1E39", "Invalid overburden unit weight", 1}, "cmdSize", 0);
+    ExpectRefusal({"txtCoalStrength", "2.9E37", "Invalid pillar strength", 1}, "cmdSize", 0);
+    ExpectRefusal({"txtAbutmentAngleActiveGob", "1E400", "Invalid abutment angle of gob", 1}, "cmdSize", 0);
+    ExpectRefusal({"txtSFBarrier", "1E39", "Invalid Stability Factor for barriers", 2}, "cmdSize", 0);
+    ExpectRefusal({"txtSFWeb", "1E400", "Value '1E400' is outside input range\r\nValid range is: 1-10", 2},
+                  "cmdSize", 0x10);
+    EXPECT_THAT(UnhandledErrors(), IsEmpty());
+}
+
+TEST_F(ParametersRefused, CalculatedFieldsWithoutAValueAreEmpty) {
+    frmTARVOParm& form = Open();
+    Enter(form, "txtWebThickness", "1E39");
+    EXPECT_EQ(TextOf(form, "txtPanelWidth"), "");
+    EXPECT_EQ(TextOf(form, "txtExtractRatio"), "");
+    Enter(form, "txtWebThickness", "10");
+    EXPECT_EQ(TextOf(form, "txtPanelWidth"), "90.");
+    Enter(form, "txtBarrierPillarWidth", "1E400");
+    EXPECT_EQ(TextOf(form, "txtPanelWidth"), "90.");
+    EXPECT_EQ(TextOf(form, "txtExtractRatio"), "");
+    Enter(form, "txtHoleWidth", "1E38");  // five of them
+    EXPECT_EQ(TextOf(form, "txtPanelWidth"), "");
+    EXPECT_THAT(Messages(), IsEmpty());
+    EXPECT_THAT(UnhandledErrors(), IsEmpty());
+}
+
+TEST_F(ParametersRefused, AProjectWithFiguresBeyondASingleOpensToBeMended) {
+    ProjectRecord.HoleWidth = 1e39;
+    ProjectRecord.WebThickness = 1e300;
+    ProjectRecord.BarrierPillarWidth = -1e39;
+    ProjectRecord.Height = 5e-324;
+    frmTARVOParm& form = Open();
+    EXPECT_EQ(TextOf(form, "txtHoleWidth"), "1E+39");
+    EXPECT_EQ(TextOf(form, "txtWebThickness"), "1E+300");
+    EXPECT_EQ(TextOf(form, "txtBarrierPillarWidth"), "-1E+39");
+    EXPECT_EQ(TextOf(form, "txtHeight"), "4.94065645841247E-324");
+    EXPECT_EQ(TextOf(form, "txtPanelWidth"), "");
+    EXPECT_EQ(TextOf(form, "txtExtractRatio"), "");
+    for (const auto& [box, text] :
+         std::vector<std::pair<std::string, std::string>>{{"txtHoleWidth", "10"},
+                                                          {"txtWebThickness", "10"},
+                                                          {"txtBarrierPillarWidth", "20"},
+                                                          {"txtHeight", "10"}})
+        Enter(form, box, text);
+    Press("cmdOK");
+    EXPECT_FALSE(frmTARVOParm::IsLoaded());
+    EXPECT_EQ(ProjectRecord.HoleWidth, 10);
+    EXPECT_THAT(UnhandledErrors(), IsEmpty());
+}
+
 }  // namespace
 }  // namespace tarvokol

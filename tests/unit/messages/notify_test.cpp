@@ -180,9 +180,14 @@ TEST_F(RangeCheck, FillsAnEmptyRangeErrorTitle) {
     EXPECT_EQ(RangeErrorTitle, "Tarvo Panel Stability Evaluation - KOL");
 }
 
-TEST_F(RangeCheck, LeavesAnOverflowToTheCaller) {
-    EXPECT_EQ(RaisedError([] { CheckRange("1e999", 1, 20); }), 6);
-    EXPECT_THAT(Messages(), IsEmpty());
+TEST_F(RangeCheck, ANumberBeyondADoubleIsOutsideOnItsSide) {
+    EXPECT_FALSE(CheckRange("1e999", 1, 20));
+    EXPECT_FALSE(CheckRange(" -1E400 ", 1, 20));
+    EXPECT_FALSE(CheckRange("1E-400", 1, 20));
+    EXPECT_TRUE(CheckRange("1E-400", 0, 20));
+    EXPECT_THAT(Messages(), ElementsAre("Value '1e999' is outside input range\r\nValid range is: 1-20",
+                                        "Value '-1E400' is outside input range\r\nValid range is: 1-20",
+                                        "Value '1E-400' is outside input range\r\nValid range is: 1-20"));
 }
 
 TEST(Titles, TakeTheDialogsPrefix) {

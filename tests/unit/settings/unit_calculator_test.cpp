@@ -100,7 +100,16 @@ TEST(UnitCalculator, AnUnknownUnitIsOutOfRange) {
 }
 
 TEST(UnitCalculator, AResultBeyondADoubleOverflows) {
-    EXPECT_EQ(RaisedError([] { UnitBoxTexts(Quantity::Length, 3, "1E308"); }), 6);
+    EXPECT_EQ(RaisedError([] { ConvertUnits(Quantity::Length, 3, 1E308); }), 6);
+}
+
+TEST(UnitCalculator, ABoxWithoutAValueIsEmpty) {
+    EXPECT_EQ(UnitBoxTexts(Quantity::Length, 3, "1E308"), (Texts{"", "", "", "1E+308"}));
+    EXPECT_EQ(UnitBoxTexts(Quantity::Length, 0, "1E308"), (Texts{"1E+308", "8.33333333333333E+306", "", ""}));
+    for (const Quantity quantity :
+         {Quantity::Length, Quantity::Load, Quantity::LoadGrad, Quantity::Stress, Quantity::StressGrad})
+        for (const char* typed : {"1E309", "-1E400"})
+            for (const std::string& text : UnitBoxTexts(quantity, 0, typed)) EXPECT_EQ(text, "") << typed;
 }
 
 }  // namespace
