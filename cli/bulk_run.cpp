@@ -5,12 +5,12 @@
 
 #include <unistd.h>
 
+#include "cli/commands.h"
 #include "core/program/start_up.h"
 #include "core/project/lifecycle.h"
 #include "core/project/project_state.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
-#include "core/settings/configuration.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -54,10 +54,7 @@ BulkRun::Outcome BulkRun::RunOne(const std::string& file, const FileWork& work) 
     host_.Messages.Shown.clear();
     try {
         ResetProgram();
-        if (!options_.settings.empty()) {
-            IniPath = options_.settings;
-            ReadSettings(RangeRepair::KeepInMemory);
-        }
+        ReadConfiguration(options_.settings);
         outcome.result = work(file);
     } catch (const RunTimeError& error) {
         outcome.failed = true;

@@ -32,6 +32,10 @@ int RunRiskCommand(const StudyOptions& options, HeadlessPlatform& host);
 // `quantity` is length, load, load-grad, stress or stress-grad; `unit` an option caption.
 int RunUnits(bool json, const std::string& quantity, const std::string& unit, const std::string& value);
 
+// Reads the configuration file over the built-in values; an empty path stands for none. Raises UsageError for
+// one that cannot be read.
+void ReadConfiguration(const std::string& ini_path);
+
 // `ini_path` may be empty: the built-in values.
 int RunSettings(bool json, const std::string& ini_path);
 

@@ -258,8 +258,10 @@ int StatusOfOutput(int status) {
     return exit_status::NotWritten;
 }
 
-int RunChosen(const Command& chosen) {
+// The configuration file is read before anything is done, also for a command that asks no setting.
+int RunChosen(const Command& chosen, const Options& options) {
     try {
+        ReadConfiguration(options.settings);
         return chosen();
     } catch (const UsageError& error) {
         std::cerr << error.text << '\n';
@@ -293,7 +295,7 @@ int Main(int argc, char** argv) {
     UnprotectPaths(options);
     UnprotectPaths(study.common);
     for (std::string* path : {&study.project, &study.rows, &study.samples_out}) Unprotect(*path);
-    return StatusOfOutput(RunChosen(chosen));
+    return StatusOfOutput(RunChosen(chosen, options));
 }
 
 }  // namespace

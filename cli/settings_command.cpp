@@ -42,12 +42,16 @@ std::string ListText() {
 
 }  // namespace
 
+void ReadConfiguration(const std::string& ini_path) {
+    if (ini_path.empty()) return;
+    IniPath = ini_path;
+    if (ReadSettings(RangeRepair::KeepInMemory)) return;
+    throw UsageError{"--settings: " + ini_path + ": cannot be read, or is larger than 16 MB"};
+}
+
 int RunSettings(bool json, const std::string& ini_path) {
     ResetProgram();
-    if (!ini_path.empty()) {
-        IniPath = ini_path;
-        ReadSettings(RangeRepair::KeepInMemory);
-    }
+    ReadConfiguration(ini_path);
     std::cout << (json ? JsonText() : ListText());
     return exit_status::Done;
 }

@@ -8,13 +8,13 @@
 #include <fcntl.h>
 
 #include "cli/bulk_run.h"
+#include "cli/commands.h"
 #include "cli/output_target.h"
 #include "core/program/start_up.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/runtime/descriptor.h"
 #include "core/runtime/run_time_error.h"
-#include "core/settings/configuration.h"
 #include "core/studies/csv_reader.h"
 #include "core/studies/study_refusal.h"
 
@@ -29,10 +29,7 @@ Panel ReadStudyProject(const StudyOptions& options, HeadlessPlatform& host) {
     host.Messages.Shown.clear();
     try {
         ResetProgram();
-        if (!options.common.settings.empty()) {
-            IniPath = options.common.settings;
-            ReadSettings(RangeRepair::KeepInMemory);
-        }
+        ReadConfiguration(options.common.settings);
         if (OpenProject(path)) return {ProjectRecord, ProjectUnits()};
     } catch (const RunTimeError& error) {
         throw DataError{path + ": " + error.text};

@@ -1,9 +1,8 @@
 #include "core/settings/configuration.h"
 
-#include <filesystem>
-#include <system_error>
-
 #include "core/messages/history_log.h"
+#include "core/messages/notify.h"
+#include "core/platform/message_box.h"
 #include "core/platform/platform.h"
 #include "core/platform/screen_fonts.h"
 #include "core/runtime/file_system.h"
@@ -41,7 +40,7 @@ std::string UsableDataPath(const std::string& stored) {
     return FolderExists(folder) ? folder : PersonalDataFolder;
 }
 
-void ReadCommonSection(int selector, const IniDocument& file) {
+void ReadSection(int selector, const IniDocument& file) {
     ReadKeys(selector, file);
     if (selector == section::TextBrowse) FillFontName(BrowseFontName);
     if (selector != section::Settings) return;
@@ -56,6 +55,10 @@ void WriteSection(int selector, IniDocument& file) {
     if (selector == section::FileMenu) ClampToRange(MaxLastFiles, 0, MostLastFiles);
 }
 
+std::string StampOf(const IniDocument& file) {
+    return file.Section(kVersionSection).Get(kVersionKey);
+}
+
 bool IsCommonSection(int selector) {
     return selector >= section::Settings && selector <= section::TextBrowse;
 }
@@ -67,21 +70,90 @@ void RepairPlotRange(RangeRepair repair) {
     if (repair == RangeRepair::Save) SaveSettings(section::Options);
 }
 
-bool DeleteFile(const std::string& path) {
-    std::error_code failure;
-    return std::filesystem::remove(path, failure) && !failure;
+void WriteSections(int selector, IniDocument& file) {
+    for (int candidate = section::First; candidate <= section::Last; ++candidate)
+        if (selector == section::All || selector == candidate) WriteSection(candidate, file);
 }
 
-void CreateConfigurationFile() {
+bool HasSettings(const IniDocument& file) {
+    for (int selector = section::First; selector <= section::Last; ++selector)
+        if (file.HasSection(SectionName(selector))) return true;
+    return false;
+}
+
+// A file with its stamp and nothing else was cut off while it was created. Read as it is, it would give every
+// setting the value of a missing key, which is not that of a new file.
+bool IsUsable(const IniDocument& file) {
+    if (KillStaleIni != 0 && StampOf(file) != IniStamp) return false;
+    return HasSettings(file);
+}
+
+// The settings as they stand, as a whole file.
+IniDocument NewConfiguration() {
+    IniDocument file = IniDocument::FromText("");
     IniFileVersion = IniStamp;
-    WriteIniVersion();
-    SaveSettings(section::All);
+    file.Put(kVersionSection, kVersionKey, IniFileVersion);
+    WriteSections(section::All, file);
+    return file;
+}
+
+void LogSaving() {
+    LogMessage("Saving default settings to file: " + IniPath);
+}
+
+// The file is whole on the disk before the log line, which may create the main window and, with it, the
+// disclaimer: there the program may be ended.
+void CreateConfigurationFile() {
+    const IniDocument file = NewConfiguration();
+    file.Save(IniPath);
+    state::Configuration.KnownText = file.Text();
+    LogSaving();
+}
+
+void ReadSettings(const IniDocument& file, RangeRepair repair) {
+    for (int selector = section::First; selector <= section::Last; ++selector) ReadSection(selector, file);
+    RepairPlotRange(repair);
+}
+
+// Notes the sections as they stand in memory; true if they differ from the file as it is known.
+bool NoteSections(int selector) {
+    IniDocument known = IniDocument::FromText(state::Configuration.KnownText);
+    WriteSections(selector, known);
+    const bool changed = known.Text() != state::Configuration.KnownText;
+    state::Configuration.KnownText = known.Text();
+    return changed;
+}
+
+// The settings in memory as they would come back from a new file, which they are told to be before the log
+// line shows the main window.
+void GoOnInMemory(const char* reason) {
+    state::Configuration.KeptInMemory = true;
+    state::Configuration.KnownText = NewConfiguration().Text();
+    LogMessage(reason + IniPath);
+    ReadSettings(NewConfiguration(), RangeRepair::KeepInMemory);
+    NoteSections(section::All);
+}
+
+void TellFailedSave() {
+    if (state::Configuration.SaveFailureTold) return;
+    state::Configuration.SaveFailureTold = true;
+    Notify("The settings cannot be saved to: " + IniPath + std::string(CrLf) +
+               "They hold until the program ends.",
+           box_style::Exclamation);
+}
+
+// The file to change. One that the start could not make becomes whole with the first section that can be
+// saved.
+IniDocument FileToChange() {
+    IniDocument file = IniDocument::Load(IniPath);
+    if (file.Outcome() != ReadOutcome::Missing || !state::Configuration.KeptInMemory) return file;
+    return IniDocument::FromText(state::Configuration.KnownText);
 }
 
 }  // namespace
 
 std::string ReadIniVersion() {
-    IniFileVersion = GetIniString(kVersionSection, kVersionKey, IniPath);
+    IniFileVersion = StampOf(IniDocument::Load(IniPath));
     return IniFileVersion;
 }
 
@@ -90,7 +162,7 @@ void WriteIniVersion() {
 }
 
 void ReadCommonSection(int selector) {
-    if (IsCommonSection(selector)) ReadCommonSection(selector, IniDocument::Load(IniPath));
+    if (IsCommonSection(selector)) ReadSection(selector, IniDocument::Load(IniPath));
 }
 
 void WriteCommonSection(int selector) {
@@ -100,22 +172,21 @@ void WriteCommonSection(int selector) {
     file.Save(IniPath);
 }
 
-void ReadSettings(RangeRepair repair) {
+bool ReadSettings(RangeRepair repair) {
     const IniDocument file = IniDocument::Load(IniPath);
-    for (int selector = section::Settings; selector <= section::TextBrowse; ++selector)
-        ReadCommonSection(selector, file);
-    ReadKeys(section::Graph, file);
-    ReadKeys(section::Options, file);
-    RepairPlotRange(repair);
+    if (file.Outcome() == ReadOutcome::Refused) return false;
+    ReadSettings(file, repair);
+    return file.Outcome() == ReadOutcome::Read;
 }
 
 // The log line comes first: it may create the main window, whose load may save a section of its own.
 void SaveSettings(int selector) {
-    LogMessage("Saving default settings to file: " + IniPath);
-    IniDocument file = IniDocument::Load(IniPath);
-    for (int candidate = section::First; candidate <= section::Last; ++candidate)
-        if (selector == section::All || selector == candidate) WriteSection(candidate, file);
-    file.Save(IniPath);
+    LogSaving();
+    const bool settled = !state::Configuration.KnownText.empty();
+    IniDocument file = FileToChange();
+    WriteSections(selector, file);
+    const bool saved = file.Save(IniPath);
+    if (settled && NoteSections(selector) && !saved) TellFailedSave();
 }
 
 void SetSettingsToBuiltIn() {
@@ -131,12 +202,22 @@ void SetSettingsToBuiltIn() {
     InitGraphFactoryValues();
 }
 
-// Two turns at most: the file made by the first carries the right stamp. One that cannot be deleted is read
-// as it is.
 void SettleConfigurationFile() {
-    if (FileExists(IniPath) && ReadIniVersion() != IniStamp && KillStaleIni != 0) DeleteFile(IniPath);
-    if (!FileExists(IniPath)) CreateConfigurationFile();
-    ReadSettings();
+    IniDocument file = IniDocument::Load(IniPath);
+    const bool refused = file.Outcome() == ReadOutcome::Refused;
+    if (!refused && !IsUsable(file)) {
+        CreateConfigurationFile();
+        file = IniDocument::Load(IniPath);
+    }
+    if (!IsUsable(file)) {
+        GoOnInMemory(refused ? "Settings file cannot be read, those of a new file hold: "
+                             : "Settings file cannot be written, settings hold until the program ends: ");
+        return;
+    }
+    IniFileVersion = StampOf(file);
+    ReadSettings(file, RangeRepair::Save);
+    state::Configuration.KnownText = file.Text();
+    NoteSections(section::All);
 }
 
 std::string BestScreenFont() {

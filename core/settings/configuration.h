@@ -15,6 +15,12 @@ struct ConfigurationState {
     int16_t KillStaleIni = -1;   // a file of another stamp is deleted
 
     std::string ProjectExtension;  // "TKL"
+
+    // Text of the file as this run knows it: read or built at the start, with every section saved since,
+    // whether or not that reached the disk. Empty until the file is settled.
+    std::string KnownText;
+    bool KeptInMemory = false;     // the start found no file that it could use and could not make one
+    bool SaveFailureTold = false;  // once a run
 };
 namespace state {
 inline ConfigurationState Configuration;
@@ -31,21 +37,26 @@ void WriteIniVersion();
 void ReadCommonSection(int selector);
 void WriteCommonSection(int selector);
 
-// The whole file into the settings. Equal ends of the plot range are repaired; `repair` tells whether the
-// repaired section is written back at once.
+// The whole file into the settings; one that is missing counts as one without keys. False unless a file was
+// read; one that is there and cannot be read leaves the settings as they are. Equal ends of the plot range
+// are repaired; `repair` tells whether the repaired section is written back at once.
 enum class RangeRepair { Save, KeepInMemory };
-void ReadSettings(RangeRepair repair = RangeRepair::Save);
+bool ReadSettings(RangeRepair repair = RangeRepair::Save);
 
 // Writes all sections or one (core/settings/key_tables.h) and logs "Saving default settings to file: ".
-// Failures are silent.
+// A
+// failure never stops the program; once the file is settled, the first one that keeps a change from the disk
+// is told.
 void SaveSettings(int selector);
 
 // Puts every setting to its built-in value: what a new file gets. Asks the screen for its fonts; folders and
 // names that settings start from are taken as they stand.
 void SetSettingsToBuiltIn();
 
-// Settles the file at start-up: creates it, or deletes one of another stamp and creates it anew; then reads
-// it.
+// Settles the file at start-up: one that is missing, of another stamp or without any section is built whole,
+// brought to the disk and logged, which may show the main window; then it is read. A file that cannot be read
+// is left alone; then, and where a new one cannot be written, the settings are those of a new file and a line
+// of the history says so.
 void SettleConfigurationFile();
 
 // The best screen font: of "Arial", "Courier New", "System", "Terminal" the first that the screen has, else

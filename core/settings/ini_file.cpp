@@ -7,7 +7,6 @@
 #include "core/runtime/file_replacement.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
-#include "core/runtime/whole_file.h"
 
 namespace tarvokol {
 namespace {
@@ -128,7 +127,7 @@ IniDocument IniDocument::Load(const std::string& path) {
     std::string bytes;
     const ReadOutcome outcome = ReadWholeFile(path, kLargestIniFile, bytes);
     IniDocument document = FromText(DecodeText(bytes, DetectCharset(bytes)));
-    document.may_save_ = outcome != ReadOutcome::Refused;
+    document.outcome_ = outcome;
     return document;
 }
 
@@ -136,6 +135,10 @@ IniDocument IniDocument::FromText(std::string text) {
     IniDocument document;
     document.text_ = std::move(text);
     return document;
+}
+
+bool IniDocument::HasSection(std::string_view name) const {
+    return FindSection(text_, name).has_value();
 }
 
 IniSection IniDocument::Section(std::string_view name) const {
@@ -159,7 +162,7 @@ void IniDocument::Put(std::string_view section, std::string_view key, std::strin
 }
 
 bool IniDocument::Save(const std::string& path) const {
-    if (!may_save_) return false;
+    if (outcome_ == ReadOutcome::Refused) return false;
     try {
         ReplaceWholeFile(path, EncodeFileText(text_));
         return true;

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/runtime/whole_file.h"
+
 namespace tarvokol {
 
 // The longest value, in characters, that is read.
@@ -34,6 +36,11 @@ class IniDocument {
     static IniDocument Load(const std::string& path);
     static IniDocument FromText(std::string text);
 
+    // How the reading went; Read for a document from a text.
+    ReadOutcome Outcome() const { return outcome_; }
+
+    bool HasSection(std::string_view name) const;
+
     // The section's lines, none where it is missing.
     IniSection Section(std::string_view name) const;
 
@@ -48,7 +55,7 @@ class IniDocument {
 
   private:
     std::string text_;
-    bool may_save_ = true;
+    ReadOutcome outcome_ = ReadOutcome::Read;
 };
 
 // The value of a key, at most 254 characters of it; `default_text` where it is missing or empty.

@@ -91,6 +91,26 @@ TEST_F(Streams, AConfigurationFileThatIsNotThereIsWrongUsage) {
     EXPECT_FALSE(std::filesystem::exists(Folder / "none.ini"));
 }
 
+TEST_F(Streams, AConfigurationFileThatCannotBeReadIsWrongUsage) {
+    Project("a.TKL");
+    WriteBytes(PathTo("large.ini"), "[TARVOKOLOptions]\nDefaultAbutment=40\n");
+    std::filesystem::resize_file(Folder / "large.ini", 16 * 1024 * 1024 + 1);
+    std::filesystem::create_directory(Folder / "folder.ini");
+    ASSERT_EQ(::mkfifo(PathTo("tube.ini").c_str(), 0600), 0);
+    for (const std::string name : {"large.ini", "folder.ini", "tube.ini"}) {
+        SCOPED_TRACE(name);
+        for (const std::vector<std::string>& command : {std::vector<std::string>{"settings", name},
+                                                        {"settings", "--settings", name},
+                                                        {"results", "--settings", name, "a.TKL"},
+                                                        {"units", "--settings", name, "length", "ft", "1"}}) {
+            const CliAnswer answer = Run(command);
+            EXPECT_EQ(answer.status, 2);
+            EXPECT_EQ(answer.out, "");
+            EXPECT_THAT(answer.err, testing::HasSubstr(name));
+        }
+    }
+}
+
 TEST_F(Streams, ASpecialFileIsRefusedAtOnce) {
     ASSERT_EQ(::mkfifo(PathTo("pipe").c_str(), 0600), 0);
     for (const std::string name : {"/dev/zero", "/dev/null", "pipe", "."}) {

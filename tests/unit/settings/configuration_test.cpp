@@ -1,6 +1,11 @@
 #include "core/settings/configuration.h"
 
+#include <fstream>
+#include <sstream>
+
+#include <gmock/gmock.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "tests/unit/settings/settings_fixture.h"
 
@@ -60,7 +65,7 @@ TEST_F(Configuration, AFileOfAnotherStampIsDeletedAndRebuilt) {
     EXPECT_EQ(KeepFileNames, 1);
 }
 
-TEST_F(Configuration, AnEmptyBinaryOrHugeFileIsRebuilt) {
+TEST_F(Configuration, AnEmptyOrBinaryFileIsRebuilt) {
     for (const std::string& content :
          {std::string(), std::string(3000, '\xFF'), std::string("\0\0[Version]", 11)}) {
         WriteBytes(IniPath, content);
@@ -68,10 +73,146 @@ TEST_F(Configuration, AnEmptyBinaryOrHugeFileIsRebuilt) {
         SettleConfigurationFile();
         EXPECT_EQ(ReadBytes(IniPath), NewFile());
     }
-    std::filesystem::resize_file(IniPath, 5000000000u);
-    SetBuiltIn();
+}
+
+// The settings of a new file as they come back from it.
+void ExpectSettingsOfANewFile() {
+    EXPECT_EQ(MaxDisplaySize, 4096);
+    EXPECT_EQ(KeepFileNames, 1);
+    EXPECT_EQ(FileExtension, "TKL");
+    EXPECT_EQ(GraphStyle, 3);
+    EXPECT_EQ(OptionsRecord.PlotRangeMin, 50.0f);
+    EXPECT_EQ(OptionsRecord.PlotRangeMax, 100.0f);
+    EXPECT_EQ(OptionsRecord.DefaultAbutment, 21.0f);
+    EXPECT_EQ(OptionsRecord.DefaultSFWeb, 1.6f);
+}
+
+TEST_F(Configuration, AFileWithTheStampAloneIsTreatedLikeANewOne) {
+    for (const char* const text :
+         {"[Version]\r\nINIFileVersion=050924\r\n", "[Version]\nINIFileVersion=050924",
+          "[Version]\r\nINIFileVersion=050924\r\n[Mine]\r\nA=1\r\n"}) {
+        WriteBytes(IniPath, text);
+        SetBuiltIn();
+        SettleConfigurationFile();
+        ExpectSettingsOfANewFile();
+        EXPECT_EQ(ReadBytes(IniPath), NewFile());
+    }
+}
+
+// As on a disk whose read fails: what cannot be read whole may be the user's file.
+TEST_F(Configuration, AFileThatIsTooLargeStaysAndTheSettingsAreThoseOfANewOne) {
+    WriteBytes(IniPath, "[Version]\r\nINIFileVersion=050924\r\n[Settings]\r\nKeepFileNames=0\r\n");
+    std::filesystem::resize_file(IniPath, 16u * 1024 * 1024 + 1);
+    DisplayHistoryWin = 1;
     SettleConfigurationFile();
+    ExpectSettingsOfANewFile();
+    EXPECT_EQ(std::filesystem::file_size(IniPath), 16u * 1024 * 1024 + 1);
+    EXPECT_EQ(Host.MainWindow.History,
+              "1. Settings file cannot be read, those of a new file hold: " + IniPath + "\r\n");
+    EXPECT_TRUE(Host.Messages.Shown.empty());
+}
+
+// The superuser, to whom the system refuses nothing, takes another user's part for a while.
+class AsNobody {
+  public:
+    explicit AsNobody(const std::filesystem::path& folder) {
+        if (::geteuid() != 0) return;
+        const auto give = [](const std::filesystem::path& path) {
+            return ::chown(path.c_str(), kNobody, kNobody) == 0;
+        };
+        changed_ = give(folder);
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
+            changed_ = give(entry.path()) && changed_;
+        changed_ = changed_ && ::seteuid(kNobody) == 0;
+    }
+    ~AsNobody() {
+        if (changed_ && ::seteuid(0) != 0) ADD_FAILURE() << "still another user";
+    }
+    AsNobody(const AsNobody&) = delete;
+    AsNobody& operator=(const AsNobody&) = delete;
+
+  private:
+    static constexpr uid_t kNobody = 65534;
+    bool changed_ = false;
+};
+
+TEST_F(Configuration, AFileWithoutPermissionToReadStays) {
+    WriteBytes(IniPath, NewFile());
+    ASSERT_EQ(::chmod(IniPath.c_str(), 0), 0);
+    {
+        const AsNobody user(Folder);
+        ASSERT_FALSE(std::ifstream(IniPath).is_open());
+        SettleConfigurationFile();
+    }
+    ExpectSettingsOfANewFile();
+    ASSERT_EQ(::chmod(IniPath.c_str(), 0600), 0);
     EXPECT_EQ(ReadBytes(IniPath), NewFile());
+}
+
+TEST_F(Configuration, ATubeInPlaceOfTheFileIsNotWaitedFor) {
+    ASSERT_EQ(::mkfifo(IniPath.c_str(), 0600), 0);
+    SettleConfigurationFile();
+    ExpectSettingsOfANewFile();
+    EXPECT_TRUE(std::filesystem::is_fifo(IniPath));
+}
+
+// A main window that notes what the file holds when the first line is logged: the disclaimer comes up then.
+class FirstLook : public HeadlessMainWindow {
+  public:
+    void ScrollHistoryToEnd() override {
+        if (Seen.empty()) Seen = std::filesystem::exists(IniPath) ? Bytes(IniPath) : "nothing";
+    }
+    std::string Seen;
+
+  private:
+    static std::string Bytes(const std::string& path) {
+        std::ostringstream bytes;
+        bytes << std::ifstream(path, std::ios::binary).rdbuf();
+        return bytes.str();
+    }
+};
+
+TEST_F(Configuration, TheFileIsWholeBeforeAnythingIsShown) {
+    FirstLook window;
+    Platform.MainWindow = &window;
+    for (const char* const text : {"", "[Version]\r\nINIFileVersion=050923\r\n"}) {
+        window.Seen.clear();
+        std::filesystem::remove(IniPath);
+        if (*text != '\0') WriteBytes(IniPath, text);
+        SetBuiltIn();
+        SettleConfigurationFile();
+        EXPECT_EQ(window.Seen, NewFile());
+    }
+}
+
+// A main window whose disclaimer is ticked away when it comes up.
+class DisclaimerTicked : public HeadlessMainWindow {
+  public:
+    void ScrollHistoryToEnd() override {
+        if (ShowDisclaim == 0) return;
+        ShowDisclaim = 0;
+        SaveSettings(section::Settings);
+    }
+};
+
+TEST_F(Configuration, WhatTheDisclaimerSavesDuringTheFirstStartHolds) {
+    DisclaimerTicked window;
+    Platform.MainWindow = &window;
+    SettleConfigurationFile();
+    EXPECT_EQ(ShowDisclaim, 0);
+    EXPECT_NE(ReadBytes(IniPath).find("ShowDisclaim=0\r\n"), std::string::npos);
+    EXPECT_EQ(OptionsRecord.DefaultAbutment, 21.0f);
+}
+
+TEST_F(Configuration, WhatTheDisclaimerSavesHoldsWithoutAFileToo) {
+    DisclaimerTicked window;
+    Platform.MainWindow = &window;
+    std::filesystem::create_directory(IniPath);
+    SettleConfigurationFile();
+    EXPECT_EQ(ShowDisclaim, 0);
+    EXPECT_THAT(Messages(), testing::ElementsAre("The settings cannot be saved to: " + IniPath +
+                                                 "\r\nThey hold until the program ends."));
+    ExpectSettingsOfANewFile();
 }
 
 TEST_F(Configuration, TheStampIsComparedExactly) {
@@ -105,15 +246,28 @@ TEST_F(Configuration, AFolderInPlaceOfTheFileEndsTheHandshake) {
     std::filesystem::create_directory(IniPath);
     SettleConfigurationFile();
     EXPECT_TRUE(std::filesystem::is_directory(IniPath));
-    EXPECT_EQ(MaxDisplaySize, 4096);
-    EXPECT_EQ(OptionsRecord.DefaultAbutment, 90.0f);
+    ExpectSettingsOfANewFile();
 }
 
 TEST_F(Configuration, ADataFolderThatIsMissingEndsTheHandshake) {
     IniPath = PathTo("none/TARVOKOL.INI");
+    DisplayHistoryWin = 1;
     SettleConfigurationFile();
     EXPECT_FALSE(std::filesystem::exists(PathTo("none")));
-    EXPECT_EQ(GraphStyle, 1);
+    ExpectSettingsOfANewFile();
+    EXPECT_EQ(Host.MainWindow.History,
+              "1. Saving default settings to file: " + IniPath +
+                  "\r\n2. Settings file cannot be written, settings hold until the program ends: " + IniPath +
+                  "\r\n");
+}
+
+TEST_F(Configuration, AStaleFileThatCannotBeReplacedStaysAndIsNotRead) {
+    const std::string stale = "[Version]\r\nINIFileVersion=1\r\n[Settings]\r\nKeepFileNames=0\r\n";
+    WriteBytes(IniPath, stale);
+    ASSERT_EQ(::chmod(IniPath.c_str(), 0444), 0);
+    SettleConfigurationFile();
+    EXPECT_EQ(ReadBytes(IniPath), stale);
+    ExpectSettingsOfANewFile();
 }
 
 TEST_F(Configuration, MissingKeysOfSettings) {
@@ -421,6 +575,46 @@ TEST_F(Configuration, AFailedSaveIsSilentAndStillLogged) {
     EXPECT_EQ(ReadBytes(IniPath), "[Graph]\nGridStyle=2\n");
     EXPECT_EQ(Host.MainWindow.History, "1. Saving default settings to file: " + IniPath + "\r\n");
     EXPECT_TRUE(Host.Messages.Shown.empty());
+}
+
+TEST_F(Configuration, AFailedSaveOfAChangeIsToldOnce) {
+    SettleConfigurationFile();
+    ASSERT_EQ(::chmod(IniPath.c_str(), 0444), 0);
+    SaveSettings(section::Settings);
+    EXPECT_TRUE(Host.Messages.Shown.empty()) << "nothing has changed";
+    OptionsRecord.DefaultAbutment = 30;
+    SaveSettings(section::Options);
+    EXPECT_THAT(Messages(), testing::ElementsAre("The settings cannot be saved to: " + IniPath +
+                                                 "\r\nThey hold until the program ends."));
+    EXPECT_EQ(Host.Messages.Shown.back().style, 48);
+    KeepFileNames = 0;
+    SaveSettings(section::Settings);
+    EXPECT_EQ(Messages().size(), 1u);
+    EXPECT_EQ(ReadBytes(IniPath), NewFile());
+    EXPECT_EQ(OptionsRecord.DefaultAbutment, 30.0f);
+}
+
+TEST_F(Configuration, AFileThatTheStartCouldNotMakeIsMadeWholeLater) {
+    std::filesystem::create_directory(IniPath);
+    SettleConfigurationFile();
+    std::filesystem::remove(IniPath);
+    KeepFileNames = 0;
+    SaveSettings(section::Settings);
+    const std::string text = ReadBytes(IniPath);
+    EXPECT_EQ(text.find("[Version]\r\nINIFileVersion=050924\r\n[Settings]\r\n"), 0u);
+    EXPECT_NE(text.find("KeepFileNames=0\r\n"), std::string::npos);
+    EXPECT_NE(text.find("DefaultAbutment=21\r\n"), std::string::npos);
+}
+
+TEST_F(Configuration, AFileThatCannotBeReadLeavesTheSettingsAlone) {
+    std::filesystem::create_directory(IniPath);
+    OptionsRecord.DefaultAbutment = 33;
+    EXPECT_FALSE(ReadSettings());
+    EXPECT_EQ(OptionsRecord.DefaultAbutment, 33.0f);
+    std::filesystem::remove(IniPath);
+    WriteBytes(IniPath, "[TARVOKOLOptions]\nDefaultAbutment=44\nPlotRangeMin=1\n");
+    EXPECT_TRUE(ReadSettings());
+    EXPECT_EQ(OptionsRecord.DefaultAbutment, 44.0f);
 }
 
 TEST_F(Configuration, SinglesAreWrittenInTheirShortForm) {

@@ -25,6 +25,8 @@ class SettingsTest : public CoreTest {
         IniPath = PersonalDataFolder + "TARVOKOL.INI";
         IniStamp = "050924";
         IniFileVersion = "";
+        state::Configuration.KnownText = "";
+        state::Configuration.KeptInMemory = state::Configuration.SaveFailureTold = false;
         KillStaleIni = -1;
         ProjectExtension = "TKL";
         SetBuiltIn();
