@@ -10,6 +10,7 @@
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
+#include "core/project/recovery_copy.h"
 #include "core/runtime/text.h"
 #include "qt/owner_window.h"
 #include "qt/program_style.h"
@@ -44,6 +45,13 @@ bool BelongsToDisabledWindow(const QObject* receiver) {
     return false;
 }
 
+// Where the unsaved project is; nothing while there is none.
+std::string KeptWorkMessage() {
+    const std::string path = UnsavedWorkPath();
+    if (path.empty()) return "";
+    return std::string(CrLf) + std::string(CrLf) + "The unsaved project is kept in: " + path;
+}
+
 }  // namespace
 
 // The desktop's style is known only once the application object is there; before, the toolkit would take its
@@ -71,7 +79,7 @@ void ProgramApplication::TakeUnhandled(const RunTimeError& error) {
         sink_(error);
         return;
     }
-    const std::string message = UnhandledErrorMessage(error);
+    const std::string message = UnhandledErrorMessage(error) + KeptWorkMessage();
     std::fprintf(stderr, "%s\n", message.c_str());
     restoreOverrideCursor();
     const std::string title = AppLongTitle.empty() ? "TARVO-KOL" : AppLongTitle;

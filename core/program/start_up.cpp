@@ -9,6 +9,7 @@
 #include "core/platform/platform.h"
 #include "core/project/lifecycle.h"
 #include "core/project/project_state.h"
+#include "core/project/recovery_copy.h"
 #include "core/runtime/text.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
@@ -46,6 +47,7 @@ void Main(const std::string& command_line, const MainWindowSteps& window) {
     FileNew(true, true);
     window.Show();
     window.ApplyHistoryFont();
+    ReportRecoveryCopies();
     OpenLastFile();
     OpenCommandLineFile(command_line, window);
 }
@@ -63,6 +65,7 @@ bool MayCloseProgram() {
         case box_result::Cancel:
             return false;
         default:
+            DropRecoveryCopy();
             return true;
     }
 }
@@ -70,6 +73,7 @@ bool MayCloseProgram() {
 void ShutDown() {
     Platform.Help->Uninitialize(RunTimeHelpFile);
     SaveSettings(section::FileMenu);
+    DropRecoveryCopy();
 }
 
 }  // namespace tarvokol

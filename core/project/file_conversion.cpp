@@ -3,6 +3,7 @@
 #include "core/project/lifecycle.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
+#include "core/project/recovery_copy.h"
 #include "core/runtime/checked.h"
 
 namespace tarvokol {
@@ -29,6 +30,7 @@ bool ConvertProject() {
         (ConvertTargetUnits != kMetric ? "English_" : "Metric_") + FileNameOf(ProjectFileName, 0);
     UnitSystem = ConvertTargetUnits;
     ProjectSaved = 0;
+    KeepRecoveryCopy();
     UpdateMainCaption();
     return true;
 }

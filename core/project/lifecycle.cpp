@@ -10,6 +10,7 @@
 #include "core/project/project_file.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
+#include "core/project/recovery_copy.h"
 #include "core/runtime/file_system.h"
 #include "core/runtime/text.h"
 #include "core/settings/program_settings.h"
@@ -66,6 +67,8 @@ void OfferToSave() {
     if (Notify("Save changes to: " + PreviousFileName + "?", box_style::YesNoQuestionNoDefault) ==
         box_result::Yes)
         SavePreviousProject();
+    else
+        DropRecoveryCopy();
 }
 
 }  // namespace
@@ -110,6 +113,7 @@ bool FileMenuSave(const bool& ForceDialog) {
     } else {
         guard([&] { saved = FileSave(); });
     }
+    if (saved) DropRecoveryCopy();
     return saved;
 }
 

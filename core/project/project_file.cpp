@@ -1,5 +1,6 @@
 #include "core/project/project_file.h"
 
+#include <functional>
 #include <set>
 
 #include "core/messages/history_log.h"
@@ -14,6 +15,7 @@
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"
 #include "core/runtime/run_time_error.h"
+#include "core/runtime/text.h"
 #include "core/runtime/text_file.h"
 
 namespace tarvokol {
@@ -36,19 +38,54 @@ void OpenEmptied() {
     UnfinishedSaves.insert(ProjectFileName);
 }
 
-template <typename Number>
-void PrintNumberText(Number value) {
-    PrintLine(kProjectFile, NumberToFileText(value));
+// Takes the lines of a project file one by one.
+using LineSink = std::function<void(const std::string&)>;
+
+void PrintLineOfProject(const std::string& line) {
+    PrintLine(kProjectFile, line);
+}
+
+// An integer stands between blanks, the first one being the place of its sign.
+std::string IntegerText(int16_t value) {
+    return SignedText(value) + " ";
+}
+
+void PutTitle(const LineSink& put) {
+    put(std::string(ProjectMagic));
+    put(IntegerText(UnitSystem));
+    put(ProjectTitle);
+}
+
+void PutDescription(const LineSink& put) {
+    put(std::string(DescriptionStart));
+    put(ProjectDescription);
+    put(std::string(DescriptionEnd));
+}
+
+void PutPanel(const LineSink& put) {
+    put(NumberToFileText(ProjectRecord.Height));
+    put(NumberToFileText(ProjectRecord.DepthCover));
+    put(NumberToFileText(ProjectRecord.HoleWidth));
+    put(NumberToFileText(ProjectRecord.WebThickness));
+    put(NumberToFileText(ProjectRecord.BarrierPillarWidth));
+    put(IntegerText(ProjectRecord.NumberHoles));
+    put(NumberToFileText(ProjectRecord.CrosscutAngle));
+    put(NumberToFileText(ProjectRecord.CrosscutSpacing));
+}
+
+void PutLoads(const LineSink& put) {
+    put(NumberToFileText(ProjectRecord.CoalStrength));
+    put(NumberToFileText(ProjectRecord.UnitWeight));
+    put(NumberToFileText(ProjectRecord.AbutmentAngle));
+    put(NumberToFileText(ProjectRecord.SFWeb));
+    put(NumberToFileText(ProjectRecord.SFBarrier));
+    put(NumberToFileText(ProjectRecord.SpareSingle));
 }
 
 void PrintIdentity() {
-    PrintLine(kProjectFile, ProjectMagic);
-    PrintNumber(kProjectFile, UnitSystem);
-    PrintLine(kProjectFile, ProjectTitle);
+    PutTitle(PrintLineOfProject);
     ReformatDescription();
-    PrintLine(kProjectFile, DescriptionStart);
-    PrintLine(kProjectFile, ProjectDescription);
-    PrintLine(kProjectFile, DescriptionEnd);
+    PutDescription(PrintLineOfProject);
 }
 
 // No holes are written as 0 and mended in memory only.
@@ -57,21 +94,9 @@ void MendNumberHoles() {
 }
 
 void PrintInputs() {
-    PrintNumberText(ProjectRecord.Height);
-    PrintNumberText(ProjectRecord.DepthCover);
-    PrintNumberText(ProjectRecord.HoleWidth);
-    PrintNumberText(ProjectRecord.WebThickness);
-    PrintNumberText(ProjectRecord.BarrierPillarWidth);
-    PrintNumber(kProjectFile, ProjectRecord.NumberHoles);
-    PrintNumberText(ProjectRecord.CrosscutAngle);
-    PrintNumberText(ProjectRecord.CrosscutSpacing);
+    PutPanel(PrintLineOfProject);
     MendNumberHoles();
-    PrintNumberText(ProjectRecord.CoalStrength);
-    PrintNumberText(ProjectRecord.UnitWeight);
-    PrintNumberText(ProjectRecord.AbutmentAngle);
-    PrintNumberText(ProjectRecord.SFWeb);
-    PrintNumberText(ProjectRecord.SFBarrier);
-    PrintNumberText(ProjectRecord.SpareSingle);
+    PutLoads(PrintLineOfProject);
 }
 
 double ReadDouble() {
@@ -146,6 +171,16 @@ bool FileSave() {
     }
     Platform.MainWindow->SetMousePointer(MousePointer::Default);
     return saves;
+}
+
+std::string ProjectFileText() {
+    std::string text;
+    const LineSink put = [&text](const std::string& line) { text.append(line).append(CrLf); };
+    PutTitle(put);
+    PutDescription(put);
+    PutPanel(put);
+    PutLoads(put);
+    return text;
 }
 
 bool ReadProjectFile() {

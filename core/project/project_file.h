@@ -20,6 +20,10 @@ constexpr int16_t PresentFormatLevel = 50;
 // was, if that failed and the user does not want to go on. Raises the errors of the files.
 bool FileSave();
 
+// The open project as a file's text. Nothing in memory is changed: the description stands as it is,
+// unwrapped.
+std::string ProjectFileText();
+
 // The reading half of Open: reads `ProjectFileName`. False if the magic does not match. Raises the errors of
 // the files
 // ("Input past end of file" for one that ends early) and of the numbers ("Overflow").

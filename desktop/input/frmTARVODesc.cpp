@@ -11,6 +11,7 @@
 #include "core/project/lifecycle.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
+#include "core/project/recovery_copy.h"
 #include "qt/qt_text.h"
 #include "ui_frmTARVODesc.h"
 
@@ -92,6 +93,7 @@ void frmTARVODesc::Form_Unload() {
     ProjectSaved = 0;
     ProjectEmpty = 0;
     UnitsLocked = kLocked;
+    KeepRecoveryCopy();
 }
 
 // Figures of one system mean nothing in the other: a project that changes its units starts over, its title

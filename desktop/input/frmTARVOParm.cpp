@@ -8,6 +8,7 @@
 #include "core/messages/titles.h"
 #include "core/program/program_help.h"
 #include "core/project/project_state.h"
+#include "core/project/recovery_copy.h"
 #include "core/report/report_builder.h"
 #include "core/report/results_state.h"
 #include "core/runtime/numbers.h"
@@ -171,6 +172,7 @@ void frmTARVOParm::StoreParameters() {
     ProjectEmpty = 0;
     UnitsLocked = 255;
     ParmsModified_ = true;
+    KeepRecoveryCopy();
 }
 
 void frmTARVOParm::LoadPreview() {

@@ -12,6 +12,8 @@ namespace tarvokol {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::StartsWith;
 
 const std::string kDisclaimer = "Disclaimer for TARVOKOL";
 const std::string kReminder = "Program Update for TARVOKOL";
@@ -108,6 +110,14 @@ TEST_F(DesignLoop, TheFirstStartMakesTheSettingsAndExamplesAndTheSecondIsSilent)
     EXPECT_EQ(OutputOf("xdotool search --onlyvisible --name 'for TARVOKOL' 2>/dev/null"), "");
     Press("alt+f x");
     EXPECT_EQ(Program.ExitStatus(), 0);
+}
+
+TEST_F(DesignLoop, AFirstStartThatEndsAtTheDisclaimerLeavesWholeSettings) {
+    Start();
+    ExpectWindow(kDisclaimer);
+    Program.Kill();
+    EXPECT_THAT(ReadBytes(DataFile("TARVOKOL.INI")), HasSubstr("\r\nPlotRangeMin=50\r\nPlotRangeMax=100\r\n"
+                                                               "DefaultAbutment=21\r\n"));
 }
 
 TEST_F(DesignLoop, EditsCalculatesCopiesAndSavesUnderANewName) {
@@ -254,6 +264,60 @@ TEST_F(DesignLoop, ExitWithoutSavingLeavesTheFileAlone) {
     Press("alt+n");
     EXPECT_EQ(Program.ExitStatus(), 0);
     EXPECT_EQ(ReadBytes(ProjectPath()), Project("10"));
+    EXPECT_THAT(ProjectsIn(DataFile("Temp")), IsEmpty());
+}
+
+TEST_F(DesignLoop, AKilledRunLeavesItsUnsavedProjectWhichTheNextStartNamesAndOpens) {
+    StartWithProject();
+    ChangeHeight("7.5");
+    const std::set<std::string> copies = ProjectsIn(DataFile("Temp"));
+    ASSERT_EQ(copies.size(), 1u);
+    const std::string copy = DataFile("Temp/" + *copies.begin());
+    EXPECT_THAT(*copies.begin(), StartsWith("~unsaved_panel-"));
+    Program.Kill();
+    EXPECT_EQ(ReadBytes(copy), Project("7.5"));
+    EXPECT_EQ(ReadBytes(ProjectPath()), Project("10"));
+
+    Start({ProjectPath()});
+    ExpectWindow(Caption());
+    Press("alt+u Up Return");  // copies the history, the last entry
+    ExpectClipboardHolds("Unsaved project of an earlier run: " + copy);
+    Press("ctrl+o");
+    ExpectWindowBeside(Caption());
+    Press("ctrl+a");
+    Type(copy);
+    Press("Return");
+    ExpectWindow(kMain + ": " + copy.substr(0, 10) + "..." + copy.substr(copy.size() - 37));
+    ShowResults();
+    Press("alt+r alt+c");
+    ExpectClipboardHolds("7.5");
+}
+
+TEST_F(DesignLoop, TheEndByAnErrorSaysWhereTheUnsavedProjectIs) {
+    WriteSettings("DisplayHistoryWin=1\r\n", "ShowInputScreenOnLoad=0\r\n");
+    const std::string path = PathTo(std::string(80, 'p') + ".TKL");
+    WriteBytes(path, Project("10"));
+    const std::string caption = kMain + ": " + path.substr(0, 10) + "..." + path.substr(path.size() - 37);
+    Start({path});
+    ExpectWindow(caption);
+    Press("ctrl+e");
+    ExpectWindow(kParameters);
+    Press("ctrl+a");
+    Type("7.5");
+    Press("Return");
+    ExpectWindow(caption);
+    Press("alt+o Return");
+    ExpectWindowBeside(caption);
+    const std::set<std::string> copies = ProjectsIn(DataFile("Temp"));
+    ASSERT_EQ(copies.size(), 1u);
+    const std::string copy = DataFile("Temp/" + *copies.begin());
+    EXPECT_THAT(Program.ErrorOutput(),
+                HasSubstr("Run-time error '5':\r\n\r\nInvalid procedure call or argument\r\n\r\n"
+                          "The unsaved project is kept in: " +
+                          copy + "\n"));
+    Press("Return");
+    EXPECT_EQ(Program.ExitStatus(), 1);
+    EXPECT_EQ(ReadBytes(copy), Project("7.5"));
 }
 
 TEST_F(DesignLoop, PreviewOfAnEmptyProjectAsksFirst) {

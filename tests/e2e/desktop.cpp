@@ -126,9 +126,14 @@ std::string MissingTools() {
 }
 
 ProgramUnderTest::~ProgramUnderTest() {
+    Kill();
+}
+
+void ProgramUnderTest::Kill() {
     if (!IsRunning()) return;
     kill(process_, SIGKILL);
     waitpid(process_, nullptr, 0);
+    process_ = 0;
 }
 
 void ProgramUnderTest::Start(const std::string& home, const std::vector<std::string>& arguments) {

@@ -48,6 +48,8 @@ class ProgramUnderTest {
 
     void Start(const std::string& home, const std::vector<std::string>& arguments);
     bool IsRunning();
+    // Ends it as a crash or a power cut would.
+    void Kill();
     // Waits for the end; the exit status, -1 if it does not end.
     int ExitStatus();
     std::string ErrorOutput() const;

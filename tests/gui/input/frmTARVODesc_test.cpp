@@ -12,6 +12,7 @@
 #include "core/project/project_file.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
+#include "core/project/recovery_copy.h"
 #include "core/settings/folders.h"
 #include "core/settings/program_settings.h"
 #include "desktop/main/frmMain.h"
@@ -158,6 +159,16 @@ TEST_F(DescriptionForm, EveryCharacterSurvivesOk) {
     Click(Open(), "Command2");
     EXPECT_EQ(ProjectTitle, title);
     EXPECT_EQ(ProjectDescription, description);
+}
+
+TEST_F(DescriptionForm, OkKeepsACopyOfTheUnsavedProject) {
+    TempDataFolder = PathTo("");
+    frmTARVODesc& form = Open();
+    Type(form, "Text1", "South pit");
+    Click(form, "Command2");
+    EXPECT_THAT(ReadBytes(RecoveryCopyPath()), testing::HasSubstr("\r\nSouth pit\r\n##StartDesc##\r\n"));
+    DropRecoveryCopy();
+    TempDataFolder = "";
 }
 
 TEST_F(DescriptionForm, OkWithNothingChangedStillMarksTheProject) {

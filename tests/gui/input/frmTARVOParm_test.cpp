@@ -10,6 +10,7 @@
 #include "core/graphics/TarvoGraf.h"
 #include "core/messages/titles.h"
 #include "core/project/lifecycle.h"
+#include "core/project/recovery_copy.h"
 #include "core/report/results_state.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
@@ -306,6 +307,19 @@ TEST_F(ParametersDialog, OkStoresTheTextsAndSoTheirDecimals) {
     Open();
     Press("cmdOK");
     EXPECT_EQ(ProjectRecord.CoalStrength, 6.21);
+}
+
+TEST_F(ParametersDialog, OkKeepsACopyOfTheUnsavedProjectAndCancelDoesNot) {
+    TempDataFolder = PathTo("");
+    Open();
+    Press("cmdCancel");
+    EXPECT_EQ(RecoveryCopyPath(), "");
+    frmTARVOParm& form = Open();
+    Enter(form, "txtHeight", "9.25");
+    Press("cmdOK");
+    EXPECT_THAT(ReadBytes(RecoveryCopyPath()), testing::HasSubstr("##EndDesc##\r\n9.25\r\n"));
+    DropRecoveryCopy();
+    TempDataFolder = "";
 }
 
 TEST_F(ParametersDialog, CancelLeavesTheProject) {

@@ -1,5 +1,7 @@
 #include "qt/program_application.h"
 
+#include "core/project/project_state.h"
+#include "core/settings/folders.h"
 #include "qt/program_style.h"
 #include "tests/support/gui_fixture.h"
 
@@ -22,6 +24,22 @@ TEST_F(ProgramApplicationTest, WorkOutsideTheEventLoopFollowsTheSameRule) {
     static_cast<ProgramApplication*>(qApp)->Run([] { Raise(11); });
     ASSERT_EQ(UnhandledErrors().size(), 1u);
     EXPECT_EQ(UnhandledErrors()[0].text, "Division by zero");
+}
+
+TEST_F(ProgramApplicationTest, TheEndByAnErrorKeepsUnsavedWorkAndSaysWhere) {
+    testing::FLAGS_gtest_death_test_style = "fast";
+    EXPECT_EXIT(
+        {
+            TempDataFolder = PathTo("");
+            ProjectFileName = "ridge.TKL";
+            ProjectSaved = 0;
+            auto* application = static_cast<ProgramApplication*>(qApp);
+            application->SetErrorSink({});
+            application->Run([] { Raise(62); });
+        },
+        testing::ExitedWithCode(1),
+        "Run-time error '62':\r\n\r\nInput past end of file\r\n\r\nThe unsaved project is kept in: " +
+            PathTo("") + "~unsaved_ridge-");
 }
 
 TEST_F(ProgramApplicationTest, AnUnhandledErrorEndsTheProgramWithStatusOne) {

@@ -9,6 +9,7 @@
 #include "core/project/project_file.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
+#include "core/project/recovery_copy.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
 #include "core/settings/ini_file.h"
@@ -228,6 +229,37 @@ TEST_F(StartUp, LeavingSavesTheRecentFilesOnly) {
     EXPECT_EQ(ReadBytes(Ini()), "[FileMenu]\r\nMaxLastFiles=0\r\n");
     EXPECT_EQ(Host.Help.Calls, Texts{"uninitialize " + PathTo("app/TARVOKOL.CHM")});
     EXPECT_EQ(Window.History, "1. Saving default settings to file: " + Ini() + "\r\n");
+}
+
+TEST_F(StartUp, ACopyThatAnEarlierRunLeftIsNamedOnceTheWindowIsShown) {
+    Start();
+    WriteBytes(TempDataFolder + "~unsaved_ridge-1.TKL", "left behind");
+    const std::string left = TempDataFolder + "~unsaved_ridge-1.TKL";
+    WriteBytes(Ini(),
+               "[Version]\nINIFileVersion=050924\n[Settings]\nDisplayHistoryWin=1\nMaxDisplaySize=16384\n"
+               "[TARVOKOLOptions]\nPlotRangeMin=1\n");
+    Window.History.clear();
+    Start();
+    EXPECT_THAT(Window.History, testing::HasSubstr("Unsaved project of an earlier run: " + left + "\r\n"));
+    EXPECT_TRUE(std::filesystem::exists(left));
+    EXPECT_THAT(Messages(), testing::IsEmpty());
+}
+
+TEST_F(StartUp, ACleanExitDropsTheCopyAndARefusedSaveToo) {
+    Start();
+    KeepRecoveryCopy();
+    ASSERT_TRUE(std::filesystem::exists(RecoveryCopyPath()));
+    const std::string copy = RecoveryCopyPath();
+    ProjectSaved = 0;
+    Host.Messages.Answers = {2};
+    EXPECT_FALSE(MayCloseProgram());
+    EXPECT_TRUE(std::filesystem::exists(copy));
+    Host.Messages.Answers = {7};
+    EXPECT_TRUE(MayCloseProgram());
+    EXPECT_FALSE(std::filesystem::exists(copy));
+    KeepRecoveryCopy();
+    ShutDown();
+    EXPECT_FALSE(std::filesystem::exists(copy));
 }
 
 TEST_F(StartUp, TheProgramFolderBecomesTheCurrentOne) {

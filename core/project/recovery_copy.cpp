@@ -1,0 +1,162 @@
+#include "core/project/recovery_copy.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include "core/messages/history_log.h"
+#include "core/project/project_file.h"
+#include "core/project/project_state.h"
+#include "core/runtime/charset.h"
+#include "core/runtime/file_replacement.h"
+#include "core/runtime/file_system.h"
+#include "core/runtime/run_time_error.h"
+#include "core/runtime/text.h"
+#include "core/settings/configuration.h"
+#include "core/settings/folders.h"
+#include "core/settings/program_settings.h"
+
+namespace tarvokol {
+namespace {
+
+constexpr std::string_view kPrefix = "~unsaved_";
+constexpr long kLongestName = 40;
+
+// An open file with a lock on it, which the system takes away when the process ends, however it does. A run
+// marks its copy so; the process number alone would not do, since numbers come again.
+class FileLock {
+  public:
+    FileLock() = default;
+    explicit FileLock(const std::string& path)
+        : file_(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC)) {
+        held_ = file_ >= 0 && ::flock(file_, LOCK_EX | LOCK_NB) == 0;
+    }
+    FileLock(FileLock&& other) noexcept
+        : file_(std::exchange(other.file_, -1)), held_(std::exchange(other.held_, false)) {}
+    FileLock& operator=(FileLock&& other) noexcept {
+        std::swap(file_, other.file_);
+        std::swap(held_, other.held_);
+        return *this;
+    }
+    ~FileLock() {
+        if (file_ >= 0) ::close(file_);
+    }
+
+    bool Held() const { return held_; }
+
+  private:
+    int file_ = -1;
+    bool held_ = false;
+};
+
+// This run's copy.
+struct OwnCopy {
+    std::string path;
+    FileLock lock;
+};
+OwnCopy Own;
+
+bool IsCopyName(const std::string& name) {
+    return name.compare(0, kPrefix.size(), kPrefix) == 0;
+}
+
+// The project's name without folder, extension and, if the project is itself such a copy, the marks of one.
+std::string PlainName() {
+    std::string name = std::filesystem::path(ProjectFileName).stem().string();
+    if (IsCopyName(name)) name = name.substr(kPrefix.size(), name.rfind('-') - kPrefix.size());
+    return Left(name, kLongestName);
+}
+
+// With the extension under which the dialog of File, Open lists projects.
+std::string Extension() {
+    return "." + (FileExtension.empty() ? ProjectExtension : FileExtension);
+}
+
+// A number once used by a run that left its copy behind may be this run's, too.
+std::string FreePath() {
+    const std::string stem =
+        TempDataFolder + std::string(kPrefix) + PlainName() + "-" + std::to_string(::getpid());
+    std::string path = stem + Extension();
+    std::error_code ignored;
+    for (int i = 2; std::filesystem::exists(std::filesystem::symlink_status(path, ignored)); ++i)
+        path = stem + "." + std::to_string(i) + Extension();
+    return path;
+}
+
+// The copy goes on under its name while the project keeps its own.
+std::string PathToWrite() {
+    const std::string stem = TempDataFolder + std::string(kPrefix) + PlainName() + "-";
+    const bool same_name = !Own.path.empty() && Own.path.compare(0, stem.size(), stem) == 0;
+    return same_name ? Own.path : FreePath();
+}
+
+// The new content is locked before it takes its place, so that no other run ever sees it without its owner.
+OwnCopy Written(const std::string& path) {
+    FileReplacement copy(path);
+    copy.Fill(EncodeFileText(ProjectFileText()));
+    FileLock lock(copy.BuildPath());
+    copy.Commit();
+    return {path, std::move(lock)};
+}
+
+void Remove(const std::string& path) {
+    std::error_code ignored;
+    if (!path.empty()) std::filesystem::remove(path, ignored);
+}
+
+// The copies in the temporary folder, this run's apart, in the order of their names.
+std::vector<std::string> OtherCopies() {
+    std::vector<std::string> paths;
+    std::error_code failure;
+    for (std::filesystem::directory_iterator entry(TempDataFolder, failure), end; !failure && entry != end;
+         entry.increment(failure)) {
+        const std::string name = entry->path().filename().string();
+        if (IsCopyName(name) && FileExists(TempDataFolder + name) && TempDataFolder + name != Own.path)
+            paths.push_back(TempDataFolder + name);
+    }
+    std::sort(paths.begin(), paths.end());
+    return paths;
+}
+
+}  // namespace
+
+void KeepRecoveryCopy() {
+    if (TempDataFolder.empty()) return;
+    const std::string path = PathToWrite();
+    try {
+        OwnCopy written = Written(path);
+        if (Own.path != path) Remove(Own.path);
+        Own = std::move(written);
+    } catch (const RunTimeError& error) {
+        LogMessage("Unsaved project cannot be kept: " + path + ": " + error.text);
+    }
+}
+
+void DropRecoveryCopy() {
+    Remove(Own.path);
+    Own = {};
+}
+
+const std::string& RecoveryCopyPath() {
+    return Own.path;
+}
+
+std::string UnsavedWorkPath() {
+    if (ProjectSaved != 0) return "";
+    if (Own.path.empty()) KeepRecoveryCopy();
+    return Own.path;
+}
+
+void ReportRecoveryCopies() {
+    if (TempDataFolder.empty()) return;
+    for (const std::string& path : OtherCopies())
+        if (FileLock(path).Held()) LogMessage("Unsaved project of an earlier run: " + path);
+}
+
+}  // namespace tarvokol

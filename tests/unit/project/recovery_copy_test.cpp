@@ -1,0 +1,265 @@
+#include "core/project/recovery_copy.h"
+
+#include <algorithm>
+#include <csignal>
+#include <cstdlib>
+
+#include <gmock/gmock.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "core/messages/history_log.h"
+#include "core/project/file_conversion.h"
+#include "core/project/lifecycle.h"
+#include "core/settings/configuration.h"
+#include "core/settings/program_settings.h"
+#include "tests/support/failing_files.h"
+#include "tests/unit/project/project_fixture.h"
+
+namespace tarvokol {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class RecoveryCopy : public ProjectTest {
+  protected:
+    RecoveryCopy() {
+        std::filesystem::create_directory(Folder / "temp");
+        TempDataFolder = PathTo("temp/");
+        ProjectExtension = FileExtension = "TKL";
+        DisplayHistoryWin = 1;
+        KeepFileNames = ShowInputScreenOnLoad = 0;
+        ProjectFileName = PathTo("ridge.TKL");
+        FillRecord();
+        ProjectTitle = "Ridge Panel 4";
+        ProjectDescription = "Upper seam,\r\nnorth";
+        ProjectSaved = ProjectEmpty = 0;
+    }
+    ~RecoveryCopy() override { DropRecoveryCopy(); }
+
+    std::string OwnPath() const {
+        return PathTo("temp/~unsaved_ridge-" + std::to_string(::getpid()) + ".TKL");
+    }
+
+    std::vector<std::string> Copies() const {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(Folder / "temp"))
+            names.push_back(entry.path().filename().string());
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+    const std::string& Log() const { return Host.MainWindow.History; }
+};
+
+TEST_F(RecoveryCopy, HoldsTheProjectAsItStandsAndChangesNothing) {
+    KeepRecoveryCopy();
+    EXPECT_EQ(RecoveryCopyPath(), OwnPath());
+    EXPECT_EQ(ReadBytes(OwnPath()), Joined(FileLines("Ridge Panel 4", {"Upper seam,", "north"})));
+    EXPECT_EQ(ProjectDescription, "Upper seam,\r\nnorth");
+    EXPECT_EQ(ProjectSaved, 0);
+    EXPECT_EQ(ProjectFileName, PathTo("ridge.TKL"));
+    EXPECT_EQ(Log(), "");
+    EXPECT_THAT(Messages(), IsEmpty());
+}
+
+TEST_F(RecoveryCopy, OpensLikeAnyProject) {
+    KeepRecoveryCopy();
+    FileNew(true, true);
+    ProjectFileName = OwnPath();
+    EXPECT_TRUE(ReadProjectFile());
+    EXPECT_EQ(ProjectTitle, "Ridge Panel 4");
+    EXPECT_EQ(ProjectDescription, "Upper seam,\r\nnorth\r\n");
+    EXPECT_EQ(ProjectRecord.NumberHoles, 12);
+    EXPECT_EQ(ProjectRecord.SpareSingle, 0.25f);
+}
+
+TEST_F(RecoveryCopy, IsRewrittenByTheNextStore) {
+    KeepRecoveryCopy();
+    ProjectRecord.NumberHoles = 7;
+    KeepRecoveryCopy();
+    EXPECT_EQ(Copies().size(), 1u);
+    EXPECT_NE(ReadBytes(OwnPath()).find("17\r\n 7 \r\n90\r\n"), std::string::npos);
+}
+
+TEST_F(RecoveryCopy, FollowsTheNameOfTheProject) {
+    KeepRecoveryCopy();
+    ProjectFileName = "Untitled";
+    KeepRecoveryCopy();
+    EXPECT_THAT(Copies(), ElementsAre("~unsaved_Untitled-" + std::to_string(::getpid()) + ".TKL"));
+}
+
+TEST_F(RecoveryCopy, OfAProjectThatIsACopyItselfHasItsPlainName) {
+    ProjectFileName = PathTo("temp/~unsaved_north-ridge-1.TKL");
+    WriteBytes(ProjectFileName, "left behind");
+    KeepRecoveryCopy();
+    EXPECT_EQ(RecoveryCopyPath(), PathTo("temp/~unsaved_north-ridge-" + std::to_string(::getpid()) + ".TKL"));
+    EXPECT_EQ(ReadBytes(ProjectFileName), "left behind");
+}
+
+TEST_F(RecoveryCopy, NeverReplacesOneThatWasLeftBehind) {
+    WriteBytes(OwnPath(), "left behind by a run of the same number");
+    KeepRecoveryCopy();
+    EXPECT_EQ(ReadBytes(OwnPath()), "left behind by a run of the same number");
+    EXPECT_EQ(RecoveryCopyPath(), PathTo("temp/~unsaved_ridge-" + std::to_string(::getpid()) + ".2.TKL"));
+}
+
+TEST_F(RecoveryCopy, ALongNameIsCut) {
+    ProjectFileName = PathTo(std::string(200, 'r') + ".TKL");
+    KeepRecoveryCopy();
+    EXPECT_EQ(RecoveryCopyPath(),
+              PathTo("temp/~unsaved_" + std::string(40, 'r') + "-" + std::to_string(::getpid()) + ".TKL"));
+}
+
+TEST_F(RecoveryCopy, IsDroppedOnRequest) {
+    KeepRecoveryCopy();
+    DropRecoveryCopy();
+    EXPECT_THAT(Copies(), IsEmpty());
+    EXPECT_EQ(RecoveryCopyPath(), "");
+    DropRecoveryCopy();
+}
+
+TEST_F(RecoveryCopy, IsDroppedByASave) {
+    KeepRecoveryCopy();
+    EXPECT_TRUE(FileMenuSave(false));
+    EXPECT_EQ(RecoveryCopyPath(), "");
+    EXPECT_FALSE(std::filesystem::exists(OwnPath()));
+}
+
+TEST_F(RecoveryCopy, StaysWhenTheSaveFails) {
+    KeepRecoveryCopy();
+    ProjectFileName = PathTo("none/ridge.TKL");
+    EXPECT_FALSE(FileMenuSave(false));
+    EXPECT_TRUE(std::filesystem::exists(OwnPath()));
+}
+
+TEST_F(RecoveryCopy, IsDroppedWhenTheSaveBeforeAnOpenIsRefused) {
+    KeepRecoveryCopy();
+    PreviousFileName = ProjectFileName;
+    Provide(Joined(FileLines("Other", {""})));
+    Host.Messages.Answers = {7};
+    EXPECT_TRUE(FileOpen());
+    EXPECT_THAT(Copies(), IsEmpty());
+}
+
+TEST_F(RecoveryCopy, IsWrittenByAConversion) {
+    ConvertTargetUnits = 1;
+    ConvertProject();
+    EXPECT_EQ(RecoveryCopyPath(),
+              PathTo("temp/~unsaved_Metric_ridge-" + std::to_string(::getpid()) + ".TKL"));
+    EXPECT_EQ(ReadBytes(RecoveryCopyPath()).find("TARVOKOL_101\r\n 1 \r\nRidge Panel 4\r\n"), 0u);
+}
+
+TEST_F(RecoveryCopy, WithoutATemporaryFolderNothingIsKept) {
+    TempDataFolder = "";
+    KeepRecoveryCopy();
+    ReportRecoveryCopies();
+    EXPECT_EQ(RecoveryCopyPath(), "");
+    EXPECT_EQ(UnsavedWorkPath(), "");
+    EXPECT_EQ(Log(), "");
+}
+
+TEST_F(RecoveryCopy, AFailureIsALineOfTheHistory) {
+    TempDataFolder = PathTo("gone/");
+    KeepRecoveryCopy();
+    EXPECT_EQ(Log(), "1. Unsaved project cannot be kept: " + PathTo("gone/~unsaved_ridge-") +
+                         std::to_string(::getpid()) + ".TKL: Path not found\r\n");
+    EXPECT_THAT(Messages(), IsEmpty());
+    EXPECT_EQ(RecoveryCopyPath(), "");
+}
+
+// Every call on files made to fail in turn: what stands in the folder is the old copy or the new one, never a
+// part.
+TEST_F(RecoveryCopy, AFullDiskLeavesTheOldCopyWhole) {
+    const std::string before = ProjectFileText();
+    KeepRecoveryCopy();
+    ProjectRecord.NumberHoles = 7;
+    const std::string after = ProjectFileText();
+    for (const FaultKind kind : {FaultKind::Once, FaultKind::Forever, FaultKind::Full, FaultKind::Half}) {
+        for (long at = 1;; ++at) {
+            WriteBytes(OwnPath(), before);
+            std::string failed;
+            {
+                const FailingFiles fault({.folder = PathTo("temp"), .at = at, .kind = kind});
+                KeepRecoveryCopy();
+                failed = fault.Failed();
+            }
+            const std::string found = ReadBytes(OwnPath());
+            EXPECT_TRUE(found == before || found == after) << at << failed << found;
+            if (failed.empty()) break;
+            ASSERT_LT(at, 100);
+        }
+    }
+    EXPECT_THAT(Messages(), IsEmpty());
+}
+
+TEST_F(RecoveryCopy, TheEndByAnErrorFindsUnsavedWorkKept) {
+    EXPECT_EQ(UnsavedWorkPath(), OwnPath());
+    EXPECT_TRUE(std::filesystem::exists(OwnPath()));
+    ProjectSaved = 255;
+    EXPECT_EQ(UnsavedWorkPath(), "");
+}
+
+// Another run of the program with the same project, which lives until the object ends it as a crash would.
+class OtherRun {
+  public:
+    OtherRun() {
+        int ready[2];
+        if (::pipe(ready) != 0) std::abort();
+        process_ = ::fork();
+        if (process_ == 0) {
+            KeepRecoveryCopy();
+            const char byte = 'k';
+            if (::write(ready[1], &byte, 1) == 1)
+                for (;;) ::pause();
+            ::_exit(1);
+        }
+        char byte = 0;
+        told_ = ::read(ready[0], &byte, 1) == 1;
+        ::close(ready[0]);
+        ::close(ready[1]);
+    }
+    OtherRun(const OtherRun&) = delete;
+    OtherRun& operator=(const OtherRun&) = delete;
+    ~OtherRun() { Kill(); }
+
+    bool Told() const { return told_; }
+    pid_t Process() const { return process_; }
+
+    void Kill() {
+        if (process_ <= 0) return;
+        ::kill(process_, SIGKILL);
+        ::waitpid(process_, nullptr, 0);
+        process_ = 0;
+    }
+
+  private:
+    pid_t process_ = 0;
+    bool told_ = false;
+};
+
+TEST_F(RecoveryCopy, OfARunThatWasKilledIsToldAtTheNextStartAndStays) {
+    OtherRun other;
+    ASSERT_TRUE(other.Told());
+    const std::string path = PathTo("temp/~unsaved_ridge-" + std::to_string(other.Process()) + ".TKL");
+    other.Kill();
+    ReportRecoveryCopies();
+    EXPECT_EQ(Log(), "1. Unsaved project of an earlier run: " + path + "\r\n");
+    EXPECT_THAT(Messages(), IsEmpty());
+    EXPECT_EQ(ReadBytes(path), Joined(FileLines("Ridge Panel 4", {"Upper seam,", "north"})));
+}
+
+TEST_F(RecoveryCopy, OfARunThatLivesIsItsOwn) {
+    const OtherRun other;
+    ASSERT_TRUE(other.Told());
+    KeepRecoveryCopy();
+    ReportRecoveryCopies();
+    EXPECT_EQ(Log(), "");
+    EXPECT_EQ(Copies().size(), 2u);
+    DropRecoveryCopy();
+    EXPECT_THAT(Copies(), ElementsAre("~unsaved_ridge-" + std::to_string(other.Process()) + ".TKL"));
+}
+
+}  // namespace
+}  // namespace tarvokol
