@@ -56,10 +56,16 @@ void PutTitle(const LineSink& put) {
     put(ProjectTitle);
 }
 
-void PutDescription(const LineSink& put) {
+void PutDescription(const LineSink& put, const std::string& description) {
     put(std::string(DescriptionStart));
-    put(ProjectDescription);
+    put(description);
     put(std::string(DescriptionEnd));
+}
+
+// A description that was read ends in a line end, one that was saved or typed does not.
+std::string DescriptionWithoutLineEnd() {
+    const bool ended = ProjectDescription.ends_with(CrLf);
+    return ProjectDescription.substr(0, ProjectDescription.size() - (ended ? CrLf.size() : 0));
 }
 
 void PutPanel(const LineSink& put) {
@@ -85,7 +91,7 @@ void PutLoads(const LineSink& put) {
 void PrintIdentity() {
     PutTitle(PrintLineOfProject);
     ReformatDescription();
-    PutDescription(PrintLineOfProject);
+    PutDescription(PrintLineOfProject, ProjectDescription);
 }
 
 // No holes are written as 0 and mended in memory only.
@@ -177,7 +183,7 @@ std::string ProjectFileText() {
     std::string text;
     const LineSink put = [&text](const std::string& line) { text.append(line).append(CrLf); };
     PutTitle(put);
-    PutDescription(put);
+    PutDescription(put, DescriptionWithoutLineEnd());
     PutPanel(put);
     PutLoads(put);
     return text;

@@ -25,7 +25,9 @@
 namespace tarvokol {
 namespace {
 
-constexpr std::string_view kPrefix = "~unsaved_";
+// With blanks, at which the report breaks a long path.
+constexpr std::string_view kPrefix = "~unsaved ";
+constexpr char kBeforeNumber = ' ';
 constexpr long kLongestName = 40;
 
 // An open file with a lock on it, which the system takes away when the process ends, however it does. A run
@@ -69,7 +71,7 @@ bool IsCopyName(const std::string& name) {
 // The project's name without folder, extension and, if the project is itself such a copy, the marks of one.
 std::string PlainName() {
     std::string name = std::filesystem::path(ProjectFileName).stem().string();
-    if (IsCopyName(name)) name = name.substr(kPrefix.size(), name.rfind('-') - kPrefix.size());
+    if (IsCopyName(name)) name = name.substr(kPrefix.size(), name.rfind(kBeforeNumber) - kPrefix.size());
     return Left(name, kLongestName);
 }
 
@@ -81,7 +83,7 @@ std::string Extension() {
 // A number once used by a run that left its copy behind may be this run's, too.
 std::string FreePath() {
     const std::string stem =
-        TempDataFolder + std::string(kPrefix) + PlainName() + "-" + std::to_string(::getpid());
+        TempDataFolder + std::string(kPrefix) + PlainName() + kBeforeNumber + std::to_string(::getpid());
     std::string path = stem + Extension();
     std::error_code ignored;
     for (int i = 2; std::filesystem::exists(std::filesystem::symlink_status(path, ignored)); ++i)
@@ -91,7 +93,7 @@ std::string FreePath() {
 
 // The copy goes on under its name while the project keeps its own.
 std::string PathToWrite() {
-    const std::string stem = TempDataFolder + std::string(kPrefix) + PlainName() + "-";
+    const std::string stem = TempDataFolder + std::string(kPrefix) + PlainName() + kBeforeNumber;
     const bool same_name = !Own.path.empty() && Own.path.compare(0, stem.size(), stem) == 0;
     return same_name ? Own.path : FreePath();
 }
@@ -148,8 +150,7 @@ const std::string& RecoveryCopyPath() {
 }
 
 std::string UnsavedWorkPath() {
-    if (ProjectSaved != 0) return "";
-    if (Own.path.empty()) KeepRecoveryCopy();
+    if (ProjectSaved == 0 && Own.path.empty()) KeepRecoveryCopy();
     return Own.path;
 }
 

@@ -1,6 +1,7 @@
 #include "desktop/input/frmTARVOParm.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/graphics/TarvoGraf.h"
 #include "core/messages/history_log.h"
@@ -12,6 +13,7 @@
 #include "core/report/report_builder.h"
 #include "core/report/results_state.h"
 #include "core/runtime/numbers.h"
+#include "core/runtime/run_time_error.h"
 #include "core/settings/program_settings.h"
 #include "desktop/base/form_registry.h"
 #include "desktop/base/form_services.h"
@@ -243,14 +245,43 @@ void frmTARVOParm::cmdCopyClip_Click() {
     CopyDialogImage(*this);
 }
 
+// An error that ends the program, as that of a blank abutment angle does, takes nothing with it that was
+// typed.
+void frmTARVOParm::KeepTypedOnError(const std::function<void()>& trial) {
+    try {
+        trial();
+    } catch (const RunTimeError&) {
+        KeepTypedFigures();
+        throw;
+    }
+}
+
+void frmTARVOParm::KeepTypedFigures() {
+    PanelInputs typed = ProjectRecord;
+    try {
+        StoreParameterTexts(Texts(), typed);
+    } catch (const RunTimeError&) {
+        return;  // beyond what a project can hold
+    }
+    std::swap(typed, ProjectRecord);
+    KeepRecoveryCopy();
+    std::swap(typed, ProjectRecord);
+}
+
 void frmTARVOParm::cmdSize_Click() {
     if (!ValidateForSizing()) return;
-    const SuggestedSizes sizes = SuggestPillarSizes(
-        Texts(), [this](const std::string& web_text) { SetText(*ui_->txtSugWeb, web_text); });
-    SetText(*ui_->txtSugBarrier, sizes.txtSugBarrier);
+    KeepTypedOnError([this] {
+        const SuggestedSizes sizes = SuggestPillarSizes(
+            Texts(), [this](const std::string& web_text) { SetText(*ui_->txtSugWeb, web_text); });
+        SetText(*ui_->txtSugBarrier, sizes.txtSugBarrier);
+    });
 }
 
 void frmTARVOParm::cmdView_Click() {
+    KeepTypedOnError([this] { ShowLayout(); });
+}
+
+void frmTARVOParm::ShowLayout() {
     PlotMode = plot_mode::Dimensions;
     if (!ValidateAll()) return;
     LoadPreview();
@@ -265,6 +296,10 @@ void frmTARVOParm::cmdView_Click() {
 // The run takes the dialog's figures for the project's. They stay in the project if the input check refuses
 // them; otherwise the project gets its own back when the dialog is active again.
 void frmTARVOParm::cmdResults_Click() {
+    KeepTypedOnError([this] { RunResults(); });
+}
+
+void frmTARVOParm::RunResults() {
     if (!ValidateAll()) return;
     LoadPreview();
     SavedRecord_ = ProjectRecord;

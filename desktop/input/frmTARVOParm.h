@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -35,6 +36,10 @@ class frmTARVOParm : public SingleForm<frmTARVOParm> {
 
     // The boxes into `ProjectRecord`, which thereby has unsaved data.
     void StoreParameters();
+    void KeepTypedOnError(const std::function<void()>& trial);
+    void KeepTypedFigures();
+    void ShowLayout();
+    void RunResults();
 
     // The boxes into `PreviewRecord`.
     void LoadPreview();

@@ -273,7 +273,7 @@ TEST_F(DesignLoop, AKilledRunLeavesItsUnsavedProjectWhichTheNextStartNamesAndOpe
     const std::set<std::string> copies = ProjectsIn(DataFile("Temp"));
     ASSERT_EQ(copies.size(), 1u);
     const std::string copy = DataFile("Temp/" + *copies.begin());
-    EXPECT_THAT(*copies.begin(), StartsWith("~unsaved_panel-"));
+    EXPECT_THAT(*copies.begin(), StartsWith("~unsaved panel "));
     Program.Kill();
     EXPECT_EQ(ReadBytes(copy), Project("7.5"));
     EXPECT_EQ(ReadBytes(ProjectPath()), Project("10"));

@@ -5,7 +5,10 @@
 
 #include "core/graphics/TarvoGraf.h"
 #include "core/messages/titles.h"
+#include "core/project/project_state.h"
+#include "core/project/recovery_copy.h"
 #include "core/report/results_state.h"
+#include "core/settings/folders.h"
 #include "desktop/base/results_caller.h"
 #include "qt/plan_sheet.h"
 #include "tests/gui/input/parameters_fixture.h"
@@ -134,6 +137,21 @@ TEST_F(ParametersSized, ABlankAbutmentAngleEndsInATypeMismatch) {
         EXPECT_EQ(error.text, "Type mismatch");
     }
     ExpectSizes(form, "", "");
+}
+
+TEST_F(ParametersSized, WhatWasTypedIsKeptWhenAnErrorEndsTheProgram) {
+    TempDataFolder = PathTo("");
+    frmTARVOParm& form = Open();
+    Enter(form, "txtHeight", "8.75");
+    Enter(form, "txtAbutmentAngleActiveGob", "");
+    const PanelInputs project = ProjectRecord;
+    Size(form);
+    ASSERT_EQ(UnhandledErrors().size(), 1u);
+    EXPECT_THAT(ReadBytes(UnsavedWorkPath()), testing::HasSubstr("##EndDesc##\r\n8.75\r\n"));
+    EXPECT_EQ(ProjectRecord.Height, project.Height);
+    EXPECT_EQ(ProjectSaved, 255);
+    DropRecoveryCopy();
+    TempDataFolder = "";
 }
 
 // --- plan

@@ -39,7 +39,7 @@ TEST_F(ProgramApplicationTest, TheEndByAnErrorKeepsUnsavedWorkAndSaysWhere) {
         },
         testing::ExitedWithCode(1),
         "Run-time error '62':\r\n\r\nInput past end of file\r\n\r\nThe unsaved project is kept in: " +
-            PathTo("") + "~unsaved_ridge-");
+            PathTo("") + "~unsaved ridge ");
 }
 
 TEST_F(ProgramApplicationTest, AnUnhandledErrorEndsTheProgramWithStatusOne) {

@@ -233,8 +233,8 @@ TEST_F(StartUp, LeavingSavesTheRecentFilesOnly) {
 
 TEST_F(StartUp, ACopyThatAnEarlierRunLeftIsNamedOnceTheWindowIsShown) {
     Start();
-    WriteBytes(TempDataFolder + "~unsaved_ridge-1.TKL", "left behind");
-    const std::string left = TempDataFolder + "~unsaved_ridge-1.TKL";
+    WriteBytes(TempDataFolder + "~unsaved ridge 1.TKL", "left behind");
+    const std::string left = TempDataFolder + "~unsaved ridge 1.TKL";
     WriteBytes(Ini(),
                "[Version]\nINIFileVersion=050924\n[Settings]\nDisplayHistoryWin=1\nMaxDisplaySize=16384\n"
                "[TARVOKOLOptions]\nPlotRangeMin=1\n");

@@ -39,7 +39,7 @@ class RecoveryCopy : public ProjectTest {
     ~RecoveryCopy() override { DropRecoveryCopy(); }
 
     std::string OwnPath() const {
-        return PathTo("temp/~unsaved_ridge-" + std::to_string(::getpid()) + ".TKL");
+        return PathTo("temp/~unsaved ridge " + std::to_string(::getpid()) + ".TKL");
     }
 
     std::vector<std::string> Copies() const {
@@ -62,6 +62,9 @@ TEST_F(RecoveryCopy, HoldsTheProjectAsItStandsAndChangesNothing) {
     EXPECT_EQ(ProjectFileName, PathTo("ridge.TKL"));
     EXPECT_EQ(Log(), "");
     EXPECT_THAT(Messages(), IsEmpty());
+    ProjectDescription += "\r\n";  // as after a read
+    KeepRecoveryCopy();
+    EXPECT_EQ(ReadBytes(OwnPath()), Joined(FileLines("Ridge Panel 4", {"Upper seam,", "north"})));
 }
 
 TEST_F(RecoveryCopy, OpensLikeAnyProject) {
@@ -87,14 +90,14 @@ TEST_F(RecoveryCopy, FollowsTheNameOfTheProject) {
     KeepRecoveryCopy();
     ProjectFileName = "Untitled";
     KeepRecoveryCopy();
-    EXPECT_THAT(Copies(), ElementsAre("~unsaved_Untitled-" + std::to_string(::getpid()) + ".TKL"));
+    EXPECT_THAT(Copies(), ElementsAre("~unsaved Untitled " + std::to_string(::getpid()) + ".TKL"));
 }
 
 TEST_F(RecoveryCopy, OfAProjectThatIsACopyItselfHasItsPlainName) {
-    ProjectFileName = PathTo("temp/~unsaved_north-ridge-1.TKL");
+    ProjectFileName = PathTo("temp/~unsaved north ridge 1.TKL");
     WriteBytes(ProjectFileName, "left behind");
     KeepRecoveryCopy();
-    EXPECT_EQ(RecoveryCopyPath(), PathTo("temp/~unsaved_north-ridge-" + std::to_string(::getpid()) + ".TKL"));
+    EXPECT_EQ(RecoveryCopyPath(), PathTo("temp/~unsaved north ridge " + std::to_string(::getpid()) + ".TKL"));
     EXPECT_EQ(ReadBytes(ProjectFileName), "left behind");
 }
 
@@ -102,14 +105,14 @@ TEST_F(RecoveryCopy, NeverReplacesOneThatWasLeftBehind) {
     WriteBytes(OwnPath(), "left behind by a run of the same number");
     KeepRecoveryCopy();
     EXPECT_EQ(ReadBytes(OwnPath()), "left behind by a run of the same number");
-    EXPECT_EQ(RecoveryCopyPath(), PathTo("temp/~unsaved_ridge-" + std::to_string(::getpid()) + ".2.TKL"));
+    EXPECT_EQ(RecoveryCopyPath(), PathTo("temp/~unsaved ridge " + std::to_string(::getpid()) + ".2.TKL"));
 }
 
 TEST_F(RecoveryCopy, ALongNameIsCut) {
     ProjectFileName = PathTo(std::string(200, 'r') + ".TKL");
     KeepRecoveryCopy();
     EXPECT_EQ(RecoveryCopyPath(),
-              PathTo("temp/~unsaved_" + std::string(40, 'r') + "-" + std::to_string(::getpid()) + ".TKL"));
+              PathTo("temp/~unsaved " + std::string(40, 'r') + " " + std::to_string(::getpid()) + ".TKL"));
 }
 
 TEST_F(RecoveryCopy, IsDroppedOnRequest) {
@@ -147,7 +150,7 @@ TEST_F(RecoveryCopy, IsWrittenByAConversion) {
     ConvertTargetUnits = 1;
     ConvertProject();
     EXPECT_EQ(RecoveryCopyPath(),
-              PathTo("temp/~unsaved_Metric_ridge-" + std::to_string(::getpid()) + ".TKL"));
+              PathTo("temp/~unsaved Metric_ridge " + std::to_string(::getpid()) + ".TKL"));
     EXPECT_EQ(ReadBytes(RecoveryCopyPath()).find("TARVOKOL_101\r\n 1 \r\nRidge Panel 4\r\n"), 0u);
 }
 
@@ -163,7 +166,7 @@ TEST_F(RecoveryCopy, WithoutATemporaryFolderNothingIsKept) {
 TEST_F(RecoveryCopy, AFailureIsALineOfTheHistory) {
     TempDataFolder = PathTo("gone/");
     KeepRecoveryCopy();
-    EXPECT_EQ(Log(), "1. Unsaved project cannot be kept: " + PathTo("gone/~unsaved_ridge-") +
+    EXPECT_EQ(Log(), "1. Unsaved project cannot be kept: " + PathTo("gone/~unsaved ridge ") +
                          std::to_string(::getpid()) + ".TKL: Path not found\r\n");
     EXPECT_THAT(Messages(), IsEmpty());
     EXPECT_EQ(RecoveryCopyPath(), "");
@@ -178,6 +181,8 @@ TEST_F(RecoveryCopy, AFullDiskLeavesTheOldCopyWhole) {
     const std::string after = ProjectFileText();
     for (const FaultKind kind : {FaultKind::Once, FaultKind::Forever, FaultKind::Full, FaultKind::Half}) {
         for (long at = 1;; ++at) {
+            for (const std::string& name : Copies())  // what could not be taken away any more
+                if (PathTo("temp/" + name) != OwnPath()) std::filesystem::remove(PathTo("temp/" + name));
             WriteBytes(OwnPath(), before);
             std::string failed;
             {
@@ -197,6 +202,7 @@ TEST_F(RecoveryCopy, AFullDiskLeavesTheOldCopyWhole) {
 TEST_F(RecoveryCopy, TheEndByAnErrorFindsUnsavedWorkKept) {
     EXPECT_EQ(UnsavedWorkPath(), OwnPath());
     EXPECT_TRUE(std::filesystem::exists(OwnPath()));
+    DropRecoveryCopy();
     ProjectSaved = 255;
     EXPECT_EQ(UnsavedWorkPath(), "");
 }
@@ -242,7 +248,7 @@ class OtherRun {
 TEST_F(RecoveryCopy, OfARunThatWasKilledIsToldAtTheNextStartAndStays) {
     OtherRun other;
     ASSERT_TRUE(other.Told());
-    const std::string path = PathTo("temp/~unsaved_ridge-" + std::to_string(other.Process()) + ".TKL");
+    const std::string path = PathTo("temp/~unsaved ridge " + std::to_string(other.Process()) + ".TKL");
     other.Kill();
     ReportRecoveryCopies();
     EXPECT_EQ(Log(), "1. Unsaved project of an earlier run: " + path + "\r\n");
@@ -258,7 +264,7 @@ TEST_F(RecoveryCopy, OfARunThatLivesIsItsOwn) {
     EXPECT_EQ(Log(), "");
     EXPECT_EQ(Copies().size(), 2u);
     DropRecoveryCopy();
-    EXPECT_THAT(Copies(), ElementsAre("~unsaved_ridge-" + std::to_string(other.Process()) + ".TKL"));
+    EXPECT_THAT(Copies(), ElementsAre("~unsaved ridge " + std::to_string(other.Process()) + ".TKL"));
 }
 
 }  // namespace
