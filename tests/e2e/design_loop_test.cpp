@@ -11,6 +11,7 @@
 namespace tarvokol {
 namespace {
 
+using ::testing::AnyOf;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
@@ -219,7 +220,9 @@ TEST_F(DesignLoop, TheKeyboardAloneLeadsFromAnEmptyProjectToFileReportAndCurve) 
     ExpectWindow(kMain + ": " + PathTo("keys.TKL"));
     Press("alt+f x");
     EXPECT_EQ(Program.ExitStatus(), 0);
-    EXPECT_EQ(Program.ErrorOutput(), "");
+    // A system without any starter of documents says so of the workbook; nothing else is said.
+    const std::string no_starter = "Unable to detect a launcher for 'file://" + WrittenFile(".xlsx") + "'\n";
+    EXPECT_THAT(Program.ErrorOutput(), AnyOf("", no_starter));
 }
 
 TEST_F(DesignLoop, CopiesThePlanAsAPicture) {

@@ -89,7 +89,7 @@ class TextBrowser : public GuiTest {
     }
     static bool HasLabel(QWidget& form, const std::string& text) {
         for (const QLabel* label : form.findChildren<QLabel*>())
-            if (FromQt(label->text()) == text) return true;
+            if (FromQt(label->text().remove('&')) == text) return true;
         return false;
     }
 

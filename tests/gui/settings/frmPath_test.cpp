@@ -106,7 +106,9 @@ TEST_F(SelectPath, TheFirstPictureOfTheListShowsTheCurrentFolder) {
             seen = true;
             auto* viewport = static_cast<QWidget*>(watched);
             auto& list = static_cast<FolderList&>(*viewport->parentWidget());
-            QTimer::singleShot(0, &list, [&] { shown = viewport->rect().contains(list.visualRect(list.currentIndex())); });
+            QTimer::singleShot(0, &list, [this, viewport, &list] {
+                shown = viewport->rect().contains(list.visualRect(list.currentIndex()));
+            });
             return false;
         }
         bool seen = false;

@@ -56,7 +56,7 @@ class Settings : public GuiTest {
     static bool IsEnabled(QWidget& form, const std::string& name) { return Find(form, name).isEnabled(); }
     static bool HasLabel(QWidget& form, const std::string& text) {
         for (const QLabel* label : form.findChildren<QLabel*>())
-            if (FromQt(label->text()) == text) return true;
+            if (FromQt(label->text().remove('&')) == text) return true;
         return false;
     }
     static std::string FrameOf(QWidget& form, const std::string& name) {
