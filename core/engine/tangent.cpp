@@ -37,11 +37,16 @@ Reduced Reduce(double x) {
     return {angle, true, false};
 }
 
+// The entry of the tables next to an angle that is not negative.
+int NearestStep(const DoublePair& angle) {
+    return static_cast<int>(angle.high * kSteps + 0.5);
+}
+
 // tan(c + r) for an entry T = tan c of the table: T + t (1 + T^2) + t^2 T (1 + T^2) / (1 - T t), t = tan r.
 // What is large is summed exactly; the last term is 2^-17 of the whole at most, which bounds the error.
 DoublePair QuickTangent(const DoublePair& angle) {
-    const double step = std::floor(angle.high * kSteps + 0.5);
-    const Entry& c = kTangents[static_cast<int>(step)];
+    const int step = NearestStep(angle);
+    const Entry& c = kTangents[step];
     const double r = angle.high - step / kSteps;
     const double r2 = r * r;
     const double rest = angle.low + r * r2 * (1.0 / 3.0 + r2 * (2.0 / 15.0 + r2 * (17.0 / 315.0)));
@@ -65,8 +70,8 @@ DoublePair QuickInverse(const DoublePair& value) {
 
 // The same formula in pairs throughout: T + t (1 + T^2) / (1 - T t).
 DoublePair PreciseTangent(const DoublePair& angle) {
-    const double step = std::floor(angle.high * kSteps + 0.5);
-    const Entry& c = kTangents[static_cast<int>(step)];
+    const int step = NearestStep(angle);
+    const Entry& c = kTangents[step];
     const DoublePair one{1.0, 0.0}, third = one / DoublePair{3.0, 0.0};
     const DoublePair two_fifteenths = DoublePair{2.0, 0.0} / DoublePair{15.0, 0.0};
     const DoublePair tangent{c.tangent, c.tangent_rest}, square{c.square, c.square_rest};
