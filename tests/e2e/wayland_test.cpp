@@ -66,7 +66,7 @@ class Talk {
             active_ = surface.substr(surface.find(", ") + 2);
         if (const std::string surface = Between(line, "-> ", ".commit()"); titles_.contains(surface))
             shown_.insert(titles_[surface]);
-        if (line.find(".set_selection(") != std::string::npos) ++selections_;
+        if (line.find(".set_selection(wl_data_source") != std::string::npos) ++selections_;
     }
 
     std::map<std::string, std::string> surfaces_;  // of windows, by the names of their roles

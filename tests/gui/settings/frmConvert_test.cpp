@@ -163,7 +163,7 @@ TEST_F(Convert, ConvertsTheOpenProjectTellsItAndCloses) {
     EXPECT_THAT(History(), EndsWith("Message: Conversion Completed: The conversion form will be closed\r\n"));
     // Nothing is saved; what is kept of the unsaved project bears a name of its own.
     for (const auto& entry : std::filesystem::directory_iterator(Folder)) {
-        const bool kept = entry.path().filename().string().starts_with("~unsaved_");
+        const bool kept = entry.path().filename().string().starts_with("~unsaved ");
         EXPECT_TRUE(kept || entry.path().extension() != ".TKL") << entry.path();
     }
 }
