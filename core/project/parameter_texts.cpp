@@ -110,7 +110,7 @@ std::string ExtractionRatioText(const ParameterTexts& texts) {
 }
 
 std::string HolesFault(const std::string& text) {
-    const double holes = NumericParse(text);
+    const double holes = UnboundedParse(text);
     if (holes >= 1.0 && holes <= MaxHoles) return "";
     return OutsideRangeMessage(text, GeneralText(kFewestHoles), GeneralText(MaxHoles));
 }
