@@ -1,5 +1,5 @@
 # Takes one help page apart; see reference.sh. An item begins at column 3, its text stands behind two blanks or more, or on
-# the lines below at a deeper column.
+# the lines below at a deeper column. Examples are no items.
 function flush() {
     if (left != "") item(left, text)
     left = text = ""
@@ -17,7 +17,7 @@ function item(left, text,    spelling, rest, choices, argument, number) {
         gsub(/,/, " ", choices)
         left = substr(left, 1, RSTART - 1)
     }
-    sub(/:[A-Z]+$/, "", left)
+    sub(/:[A-Z]+( in \[.*\])?$/, "", left)
     spelling = argument = left
     sub(/ .*/, "", spelling)
     sub(/ $/, "", spelling)
@@ -26,7 +26,7 @@ function item(left, text,    spelling, rest, choices, argument, number) {
     gsub(/,/, " ", spelling)
     if (section == "Positionals:")
         print "positional|" command "|" spelling "|" number "|" choices "|" text
-    else
+    else if (section == "Options:")
         print "option|" command "|" spelling "|" argument "|" choices "|" text
 }
 
