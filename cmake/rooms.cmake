@@ -1,4 +1,4 @@
-# tarvokol_room(TARGET FILE...): adds files of the calling folder to TARGET.
+# tarvokol_room(TARGET FILE...): adds files of the calling folder to TARGET. A header is listed where it holds a Q_OBJECT class.
 function(tarvokol_room target)
     foreach(file IN LISTS ARGN)
         target_sources(${target} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/${file})

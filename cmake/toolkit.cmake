@@ -8,20 +8,11 @@ pkg_check_modules(XLSX REQUIRED IMPORTED_TARGET xlsxwriter)
 find_package(ZLIB REQUIRED)
 
 add_library(tarvokol_bindings STATIC)
-set_target_properties(tarvokol_bindings PROPERTIES AUTOMOC ON)
 target_precompile_headers(tarvokol_bindings PRIVATE <QtWidgets> <QtPrintSupport>)
 target_link_libraries(tarvokol_bindings PUBLIC tarvokol_core Qt6::Widgets Qt6::PrintSupport Qt6::Svg
                       PRIVATE QCustomPlotQt6::QCustomPlotQt6 PkgConfig::XLSX ZLIB::ZLIB)
 
 add_library(tarvokol_gui STATIC)
-# The first form of compiled artwork carries no dates of files.
-set_target_properties(tarvokol_gui PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON AUTORCC_OPTIONS "--format-version;1")
 target_precompile_headers(tarvokol_gui PRIVATE <QtWidgets>)
 target_link_libraries(tarvokol_gui PUBLIC tarvokol_bindings Qt6::Widgets Qt6::PrintSupport Qt6::Svg Qt6::SvgWidgets
                       Qt6::Help)
-
-# The generator behind moc and uic looks for new work only when a file that it knows changes; a form that is new is none.
-# Whenever the build is configured, as a change in any list of files brings about, it looks at all of them.
-foreach(library IN ITEMS tarvokol_bindings tarvokol_gui)
-    file(REMOVE ${CMAKE_BINARY_DIR}/${library}_autogen/timestamp)
-endforeach()

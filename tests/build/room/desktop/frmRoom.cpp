@@ -1,0 +1,5 @@
+#include "desktop/frmRoom.h"
+
+#include "ui_frmRoom.h"
+
+frmRoom::frmRoom() { Ui::frmRoom().setupUi(this); }
