@@ -2,8 +2,8 @@
 arguments = argv();
 side = str2double(arguments{1});
 [depth, web] = meshgrid(linspace(50, 900, side), linspace(2, 12, side));
-web = web'(:);
-depth = depth'(:);
+web = reshape(web', [], 1);
+depth = reshape(depth', [], 1);
 height = 4.5; hole = 9.5; barrier = 10; holes = 14; strength = 900; weight = 162; angle = 21; len = 1e6;
 pillar = @(width) strength * 144 * (0.54 * width / height - 0.18 * width .^ 2 / (height * len) + 0.64);
 span = (holes - 1) * web + holes * hole;
