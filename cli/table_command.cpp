@@ -12,10 +12,6 @@
 namespace tarvokol::cli {
 namespace {
 
-std::string Trimmed(const std::string& text) {
-    return Trim(text);
-}
-
 // What is wrong with a text that is no number.
 std::string WhyNoNumber(const std::string& text) {
     const std::string what = "\"" + text + "\" is no number";
@@ -86,18 +82,10 @@ class TableSource : public RowSource {
     }
 
   private:
-    static std::string KnownFields() {
-        std::string known;
-        for (int i = 0; i < kStudyFields; ++i)
-            known += (known.empty() ? "the fields are " : ", ") +
-                     std::string(NameOfField(static_cast<StudyField>(i)));
-        return known;
-    }
-
     void Check(const TableRow& row) const {
         for (std::size_t i = 0; i < fields_.size(); ++i) {
             if (!fields_[i]) continue;
-            const std::string text = Trimmed(row.cells[i]);
+            const std::string text = Trim(row.cells[i]);
             if (text.empty()) continue;
             const auto value = WholeNumber(text);
             if (!value) throw reader_.FaultOf(row, i, WhyNoNumber(text));
@@ -113,7 +101,7 @@ class TableSource : public RowSource {
             cell.text = text;
             return;
         }
-        const std::string trimmed = Trimmed(text);
+        const std::string trimmed = Trim(text);
         const double value = trimmed.empty() ? ValueOfField(project, *field) : *WholeNumber(trimmed);
         panel.Set(*field, value);
         cell.text.clear();

@@ -54,11 +54,15 @@ std::optional<StudyField> FieldNamed(std::string_view name) {
     return std::nullopt;
 }
 
-StudyField RequiredField(std::string_view name) {
-    if (const auto field = FieldNamed(name)) return *field;
+std::string KnownFields() {
     std::string known;
     for (const FieldFacts& facts : kFacts) known += (known.empty() ? "" : ", ") + std::string(facts.name);
-    throw StudyRefusal("unknown field \"" + std::string(name) + "\"; the fields are " + known);
+    return "the fields are " + known;
+}
+
+StudyField RequiredField(std::string_view name) {
+    if (const auto field = FieldNamed(name)) return *field;
+    throw StudyRefusal("unknown field \"" + std::string(name) + "\"; " + KnownFields());
 }
 
 }  // namespace tarvokol

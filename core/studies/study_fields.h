@@ -35,6 +35,9 @@ const char* UnitOfField(StudyField field, int system);
 // The field of a name in any letter case.
 std::optional<StudyField> FieldNamed(std::string_view name);
 
+// "the fields are Height, DepthCover, ...".
+std::string KnownFields();
+
 // The same; an unknown name raises StudyRefusal, which lists the known ones.
 StudyField RequiredField(std::string_view name);
 
