@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Times `tarvokol-cli results --json` over generated project files beside `cat` over the same files.
 # Usage: bench/bulk_run.sh [COUNT] [tarvokol-cli]
 set -euo pipefail

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The graph window's work: replot of three curves of 51 points, the read-out under the mouse, an exported
 // picture.
 #include <QApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How long every form takes to open, first and later in one run of the program, and how long the plan of
 // twenty pillars takes to draw. A form is open when it has been painted. Wall time and processor time are
 // told; the limits hold for processor time, so that other work of the machine does not decide.

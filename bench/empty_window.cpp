@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An empty main window: the yardstick of the start-up figures. It is linked to the libraries of the program.
 #include <QApplication>
 #include <QMainWindow>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The calculations of one project. To reach: an analysis of 20 holes in 250 ns, one sizing in 1 microsecond,
 // a curve of 51 points in 20 microseconds.
 #include <benchmark/benchmark.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Times programs from their start to the first paint of their main window, and reads their resident memory
 // and processor time at that moment. The programs run as they are: the screen is painted in a colour that no
 // window has, and the moment when the middle of a window no longer shows it is the first paint.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading and writing of one project file, the description's scratch kept in memory.
 #include <string>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The report of one project, and the whole road from the file to the three pages.
 #include <benchmark/benchmark.h>
 

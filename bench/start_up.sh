@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Start-up of the program beside that of an empty main window linked to the same libraries, on Xvfb: time to the first
 # paint, processor time and resident memory. The configuration file is there and the start-up windows are off.
 # Usage: bench/start_up.sh [RUNS] [BUILD_FOLDER]   after a build with TARVOKOL_BENCH

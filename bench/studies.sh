@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The study commands beside programs that an engineer would write for the same work, in one run on one machine:
 #   bench/studies.sh [BUILD_FOLDER]
 # Peers: NumPy with pandas (packages python3-numpy, python3-pandas) and Octave (package octave); a peer that is not

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Calculation alone, without output, on one thread: the evaluator of the studies, or the three formulas
 // written down in a loop as one would for this one grid.   study_loop ours|loop SIDE
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The run of a command over its FILEs: a fresh program for each, results and messages to the right streams,
 // the exit status of the whole.
 #pragma once

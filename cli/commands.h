@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The commands of tarvokol-cli, one file each. Every one returns the exit status and raises UsageError.
 #pragma once
 

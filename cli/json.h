@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Results as JSON: keys in the order in which they are added.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // tarvokol-cli: the program's work without a window, for scripts and bulk runs.
 #include <algorithm>
 #include <cerrno>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The options that the commands share, and the exit statuses.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where a result goes: standard output, one file, or one file a project in a folder.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Progress on standard error where a terminal is: a bar with the rate and the time left.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How likely the factors lie below their targets when figures are only known within bounds.
 #include <charconv>
 #include <cmath>

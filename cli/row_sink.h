@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the text of a long result goes, piece by piece.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the study commands share: how they are called and the project that they start from.
 #pragma once
 

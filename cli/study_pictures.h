@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures of the studies: curves over one field, a map over two, the spread of the factors.
 #pragma once
 

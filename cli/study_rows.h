@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rows of a study as text: CSV as RFC 4180 has it, or JSON Lines.
 #pragma once
 

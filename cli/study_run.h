@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rows of a study: calculated on all cores, written in order, never more than a few thousand of them at a
 // time in memory.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every combination of the values that fields of a project are given.
 #include <algorithm>
 #include <cmath>

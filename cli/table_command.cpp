@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A table of panels: each row sets some fields of a project and carries the rest of its cells through.
 #include <fstream>
 #include <iostream>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Compiler settings shared by every target. Contraction of products and sums is off, so that every machine
 # gives the same last bit.
 set(CMAKE_CXX_STANDARD 20)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # tarvokol_generate(TARGET): the toolkit's compilers over what TARGET lists: uic over forms (.ui), moc over headers (.h),
 # rcc over collections of resources (.qrc). To be called after the last file was added, in the folder that made TARGET.
 #

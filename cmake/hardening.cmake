@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # What Debian asks of every program: a guarded stack, checked library calls, and tables of addresses that nobody can write
 # once the program runs. A random place in memory is the compiler's own default; a test looks for it. Not every address is
 # looked up at the start: that would cost the command line a good part of its start-up time.

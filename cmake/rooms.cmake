@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # tarvokol_room(TARGET FILE...): adds files of the calling folder to TARGET. A header is listed where it holds a Q_OBJECT class.
 function(tarvokol_room target)
     foreach(file IN LISTS ARGN)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The toolkit and its companions, and the targets that use them:
 #   tarvokol_bindings  drawing, printing, charts and workbooks (no form)
 #   tarvokol_gui       the forms and the window bindings

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Sourced by ./run, ./test and ./package: the Debian packages that building, running, packaging and testing need.
 . packaging/progress.sh
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Pictures of all forms for the help, from the real program:
 #   packaging/make_pictures.sh               into resources/help/images
 #   packaging/make_pictures.sh FOLDER        into FOLDER/light, FOLDER/dark and FOLDER/double (200 %), to be looked at

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Sourced by ./run, ./test and ./package: long steps tell how far they are.
 
 # progress LABEL COMMAND...: runs the command with its output kept aside. Shows how far it is, by the "[done/all]" that a

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the package that ./package has made of these sources again, from a copy at another place, with nothing reused, in
 # another time zone and under another umask. True if every byte is equal; else the files that differ are named.
 set -euo pipefail

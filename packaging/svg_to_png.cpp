@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Build tool: draws an icon as a square picture.
 //
 //     svg_to_png DRAWING.svg SIZE OUT.png

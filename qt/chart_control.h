@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The chart of the graph windows: a widget that draws a ChartModel, answers where the mouse stands and
 // prints. White paper with black text under every palette. The wheel zooms, dragging pans, a double click
 // shows the whole range again; the model keeps what it holds through all of that.

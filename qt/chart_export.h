@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The curve table as a picture file, drawn as the graph windows draw it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Texts of the chart, fitted into the room they have.
 #pragma once
 

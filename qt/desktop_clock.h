@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The system's clock, with the names of the months in the user's language.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The collection through which a compiled help file is read.
 #pragma once
 

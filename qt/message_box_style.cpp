@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/message_box_style.h"
 
 #include "core/platform/message_box.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/picture_file.h"
 
 #include "core/runtime/file_replacement.h"

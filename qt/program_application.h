@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The application object of every program with windows: no exception crosses its event loop.
 #pragma once
 

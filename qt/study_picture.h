@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures of studies: curves over one field, a map over two, the spread of the factors of a risk study. In
 // the style of the graph windows; every difference shows in black and white, too.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A workbook of many rows, written row by row so that memory stays flat.
 #pragma once
 

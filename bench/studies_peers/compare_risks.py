@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """compare_risks.py OURS THEIRS: two sets of random numbers agree within what their sizes allow."""
 import json
 import sys

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """compare_rows.py OURS THEIRS: ends with status 1 unless every figure of the two tables agrees to 1E-9 of itself."""
 import csv
 import sys

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The risk study of bench/studies.sh with NumPy: Latin hypercube, inverse transform, factors, statistics."""
 import json
 import sys

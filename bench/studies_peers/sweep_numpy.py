@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The sweep of bench/studies.sh as an engineer would write it with NumPy, all panels at once; pandas writes the rows."""
 import sys
 

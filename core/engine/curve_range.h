@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The range of a parametric curve around the project's own value.
 #pragma once
 

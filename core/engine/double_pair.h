@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Numbers as the sum of two doubles, some 106 bits. Dekker's and Knuth's exact sums and products need no
 // fused multiply-add, so that processors with and without it give the same bits.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole calculation on one page. Values go in, values come out: nothing is shown, nothing is kept between
 // two calls, and any number of threads may calculate at once.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A panel as it goes into the calculation: its figures and the unit system that they stand in.
 #pragma once
 

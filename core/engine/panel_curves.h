@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Parametric curves: one input is varied over a range around the panel's own value.
 #pragma once
 

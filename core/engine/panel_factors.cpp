@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The three stability factors without the arrays of the analysis.
 #include "core/engine/engine.h"
 #include "core/engine/panel_formulas.h"

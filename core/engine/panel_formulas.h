@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The formulas of the stability analysis, shared by the whole analysis and by the factors alone.
 #pragma once
 

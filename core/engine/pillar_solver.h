@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The inverse question: how wide must a web or a barrier be for a target stability factor? A Newton iteration
 // that always works in inches, pounds and psi.
 #pragma once

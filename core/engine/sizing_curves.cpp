@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Required width of a web or a barrier over a range of depths.
 #include "core/engine/panel_curves.h"
 #include "core/engine/sizing_inputs.h"

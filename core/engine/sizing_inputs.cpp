@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/engine/sizing_inputs.h"
 
 #include "core/engine/tangent.h"

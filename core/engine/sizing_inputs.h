@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From a project's figures to the solver's block. The Size button and the sizing curves share it.
 #pragma once
 

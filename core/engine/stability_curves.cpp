@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Stability factors over a range of height, depth or hole width.
 #include "core/engine/panel_curves.h"
 #include "core/runtime/checked.h"

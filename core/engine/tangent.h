@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tangent, correctly rounded: the same last bit on every machine, whatever its C library and its
 // processor.
 #pragma once

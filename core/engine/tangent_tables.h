@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Written by tests/portability/tangent_tables.py; what the tangent looks up.
 #pragma once
 

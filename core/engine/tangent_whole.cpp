@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tangent in whole-number arithmetic: slow, and as precise as any double needs.
 #include <algorithm>
 #include <array>

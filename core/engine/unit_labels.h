@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The labels of units and the names of the unit systems.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The panel plan: geometry of the pillars and its drawing on a surface. A panel is drawn as one row of
 // pillars seen from above, the barrier on the left, then the webs; the holes are the gaps between them.
 // Inputs are those of `PreviewRecord`, in the project's length units. A figure beyond the range of a single

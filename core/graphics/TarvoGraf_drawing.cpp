@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Outline, dimensions, label and title of a pillar. Positions are singles, as the layout's are.
 #include <string>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Curves as tables: the cells of a workbook and the lines of a CSV text.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What stands on a graph: the settings and the curve table put on a chart and read back from it. The graph
 // windows, their options and the command line share it.
 #pragma once

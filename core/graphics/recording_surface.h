@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A drawing surface that lists what is drawn. Its text metrics are fixed, so that a drawing gives the same
 // list on every machine.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/headless/headless_platform.h"
 
 #include "core/platform/system_time.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bindings without a window: boxes and dialogs answer from a script and record what was asked, the rest is
 // kept in memory. The command line and the tests run on them.
 #pragma once

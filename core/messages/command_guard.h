@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The error handling of a command: a list of statements, each run under the guard.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What becomes of a run-time error that reaches a command handler.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The history log: numbered lines in the main window's history text, which is the log's only store.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The message box that also logs, and the range check that speaks through it.
 #pragma once
 

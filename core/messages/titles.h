@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Titles of message boxes. The five dialog titles stay as the last dialog left them.
 #pragma once
 

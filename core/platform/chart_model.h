@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A chart as its roles: axes, header, series, styles and legend. The window control draws it; without a
 // window it stands for itself. Series and points are numbered from 1.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The one program-wide object that holds the bindings of the outside world. The program fills it with the window
 // bindings, the command line and the tests with headless ones.
 #pragma once

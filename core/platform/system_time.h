@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Date and time of the system in the forms that the program prints.
 #pragma once
 

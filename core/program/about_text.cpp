@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/program/about_text.h"
 
 #include "core/platform/message_box.h"

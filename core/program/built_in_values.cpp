@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/project/curves.h"
 #include "core/project/project_record.h"
 #include "core/project/working_parameters.h"

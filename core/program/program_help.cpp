@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/program/program_help.h"
 
 #include "core/messages/command_guard.h"

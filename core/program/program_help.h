@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The Help menu without its windows: help viewer, PDF manual, reference notes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every FILE of the command line starts from a fresh program: the variables of all rooms, room by room, as a
 // new process has them. A variable that is added to a room's record is put back with it; a record belongs
 // here.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Start-up and shutdown: the entry routine as steps that can be run in order.
 #pragma once
 

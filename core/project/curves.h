@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program-wide curve table of the graph windows and the commands that fill it.
 #pragma once
 

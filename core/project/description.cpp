@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The description block: wrapped to 60 columns on the way to the file and the report, read back line by line.
 #include <algorithm>
 #include <cstdint>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The copy of what a project's file held before a save empties it: in the temporary data folder, one for every path.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The texts of the parameters dialog's boxes: how they are filled from a project, tested and read back. The
 // dialog and the command line share them.
 #pragma once

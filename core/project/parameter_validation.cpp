@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tests of the parameters dialog, in its own words.
 #include <algorithm>
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the Size button does with the texts of its dialog.
 #include "core/engine/sizing_inputs.h"
 #include "core/project/parameter_texts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The project file "*.TKL": a small text file of title, description and fourteen inputs.
 #pragma once
 

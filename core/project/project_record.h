@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The open project's inputs: the record that the project file stores and the trial copy that the drawing
 // reads.
 #pragma once

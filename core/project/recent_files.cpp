@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The recent files at the foot of the File menu, newest first. The menu's captions count: two files of one
 // short name are one entry.
 #include <utility>

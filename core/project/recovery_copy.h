@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A copy of the open project's unsaved state, for the case that the program does not live to save it. It is a
 // project file of its own in the temporary data folder, "~unsaved NAME PROCESS.TKL", and belongs to the run
 // that wrote it as long as that lives; afterwards it stays until somebody removes it.

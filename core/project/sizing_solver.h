@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pillar sizing solver on the program-wide block, which whoever calls it has filled.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/project/stability_analysis.h"
 
 #include "core/project/project_record.h"

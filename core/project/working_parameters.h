@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the input check derives from the open project and what the stability analysis computes. Never stored
 // in a file.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The three pages of the report, fixed-pitch text with CR LF line ends.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the results viewer tells the forms that it was opened from and that it opens.
 #pragma once
 

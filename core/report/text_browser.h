@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the text file browser shows of a file: its beginning, as text.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The character sets of files on disk: UTF-8 or Windows-1252. Every one of the 256 bytes of the latter stands
 // for a character, so nothing that a file holds is ever refused or lost.
 #pragma once

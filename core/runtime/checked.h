@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Floating-point results, tested where they are stored, and the roundings of the stored types.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Open files of the operating system. Every call of the system that reads or writes the content of a file
 // stands here.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/runtime/file_replacement.h"
 
 #include <cerrno>

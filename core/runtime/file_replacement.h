@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The one way in which the program writes an output: the new content is built beside its place and takes it
 // when it is whole on the disk. Until then what stood there stays.
 #pragma once

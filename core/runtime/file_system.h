@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Questions about files and folders that never fail, paths as the program writes them, and removing a file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Numbers and text. No locale is ever consulted: "." separates the decimals, always.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fixed arrays whose elements carry the numbers of what they stand for: pillars and cases from 1, pages and rows
 // of tables from 0.
 #pragma once

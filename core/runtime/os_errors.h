@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Failures of the operating system as run-time error numbers.
 #pragma once
 

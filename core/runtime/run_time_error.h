@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Run-time errors: the one exception type of the program, with the classical numbers and texts.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Text helpers on UTF-8. Positions, lengths and columns count characters from 1; only the space is a blank. A
 // byte that belongs to no valid UTF-8 sequence counts as one character.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sequential text files under file numbers, as the program reads and writes all its texts. CR LF and a bare
 // LF both end a line when reading; CR LF is written.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whole files read at once, with a bound on the memory.
 #pragma once
 

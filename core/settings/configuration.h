@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The configuration file "TARVOKOL.INI": reading, writing by section, and the version handshake.
 #pragma once
 

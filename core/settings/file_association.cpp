@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/settings/file_association.h"
 
 #include "core/messages/history_log.h"

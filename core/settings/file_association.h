@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program as the handler of its project files, so that the desktop starts it with the file that is
 // opened.
 #pragma once

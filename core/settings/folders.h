@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program's folders, each with a trailing separator, and copying of text files.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Settings of the graph windows, section "Graph" of the configuration file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A small layer over INI files: one key, an equal sign and its value on a line under a section in square
 // brackets. Names match without regard to case, blanks around them are ignored; other keys and comments stay
 // as they are. Of several sections or keys of one name the first counts.

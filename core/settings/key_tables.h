@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The one table of the configuration file: section by section every key with the variable that holds it, its
 // range and what is read where it is missing, in the order in which the keys are written. Reading, writing
 // and the listing of the command line go over it; the value that a new file gets is the variable's own

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program options that reach into the calculation. They are keys of the configuration file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Settings of the program, one variable a key of the configuration file; memory is the master after start-up.
 // Keys and ranges stand in core/settings/key_tables.cpp.
 #pragma once

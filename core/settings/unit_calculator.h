@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The unit calculator: five quantities, each with its units; one input gives the value in every unit.
 #pragma once
 

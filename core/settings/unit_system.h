@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The unit system of the open project, in whose units everything is shown.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The yearly reminder to look for a newer version: a plain comparison of dates, without any access to a
 // network.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Tables as spreadsheets write them: comma or semicolon, quotes, CR LF or LF, UTF-8 with or without its mark,
 // Windows-1252.
 #pragma once

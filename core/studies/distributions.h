@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The distributions of uncertain figures, drawn by inverse transform. The C++ library's own distributions
 // differ between compilers, and the logarithm of a C library between processors, so what is needed stands
 // here in sums, products, quotients and roots, which are the same on every machine.

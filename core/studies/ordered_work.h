@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Work on many threads with its results in order and a bounded number of them at a time.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The figures of one panel of a study: factors, extraction ratio and, where asked for, suggested sizes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Random numbers that are the same on every machine and for any number of threads: each is a function of the
 // seed, the stream and its own number, so nobody waits for anybody's state.
 #pragma once

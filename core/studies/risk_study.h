@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How sure the factors are: a project whose figures are known within bounds only, drawn many times.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a large number of samples says. All sums are taken block by block in a fixed order, so that the
 // figures do not depend on the number of threads.
 #pragma once

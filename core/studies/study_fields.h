@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The fields of a project that a study may set, by the names of the project record.
 #pragma once
 

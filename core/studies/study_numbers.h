@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Numbers of a study as text. Wherever people or other programs write them, a number is one to its last
 // character.
 #pragma once

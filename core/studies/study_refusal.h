@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a study cannot be done with, told to the user in one line.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The three lists that a user picks a file with: drives, folders, files. Systems without drive letters list
 // their mounted volumes as drives.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What all forms share: one instance of each, loading and unloading, modal and modeless show, Enter, Escape,
 // F1.
 #pragma once

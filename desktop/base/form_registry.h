@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The forms that commands open, by name, so that no dialog needs to know another folder's form. The table of all forms
 // stands beside the main window (desktop/main/form_table.h) and enters them here.
 #pragma once

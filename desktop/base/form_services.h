@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Small services that the forms share: placing, pointer, text selection, control arrays, tab stops.
 #pragma once
 

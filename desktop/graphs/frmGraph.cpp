@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/graphs/frmGraph.h"
 
 #include "desktop/graphs/frmGraphOpt.h"

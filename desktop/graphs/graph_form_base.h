@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the two graph windows share: everything but the family of their graphs and their options dialog.
 #pragma once
 

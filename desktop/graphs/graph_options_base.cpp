@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/graphs/graph_options_base.h"
 
 #include <QCheckBox>

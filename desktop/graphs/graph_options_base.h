@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the two options dialogs of the graph windows share: everything but the titles they edit.
 #pragma once
 

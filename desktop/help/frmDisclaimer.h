@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The liability text, shown at start-up until the user has had enough of it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Tells the program's version and age and leads to its web page.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A label that tells what the pointer does over it, and that the keyboard reaches.
 #pragma once
 

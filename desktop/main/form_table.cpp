@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/main/form_table.h"
 
 #include "desktop/base/form_registry.h"

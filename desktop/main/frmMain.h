@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program's main window: menu, toolbar, picture, version label and history window.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where things stand in the main window, in twips of its client area.
 #include <QFont>
 #include <QLabel>

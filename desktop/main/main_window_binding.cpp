@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/main/main_window_binding.h"
 
 #include <QPlainTextEdit>

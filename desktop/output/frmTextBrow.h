@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Small file browser: shows text files, in the form or in an external viewer.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/output/page_box.h"
 
 #include <QPlainTextEdit>

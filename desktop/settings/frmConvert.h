@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Turns the open project from one unit system into the other.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Edits the section "Settings" of the configuration file.
 #pragma once
 

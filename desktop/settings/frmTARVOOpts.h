@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Edits the section "TARVOKOLOptions" of the configuration file and registers the program with the desktop.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The unit calculator: a value in one unit, shown in every unit of its quantity. No data is touched.
 #pragma once
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The reference of reference.sh as a completion for bash.
 BEGIN { FS = "|" }
 $1 == "command" {

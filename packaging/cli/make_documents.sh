@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # make_documents.sh CLI MAN_FOLDER FOLDER: writes the man page of the command line, its head and tail taken from MAN_FOLDER,
 # and its completions for bash, zsh and fish into FOLDER.
 set -euo pipefail

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The reference of reference.sh as the sections COMMANDS and OPTIONS of a man page.
 function escaped(text) {
     gsub(/\\/, "\\e", text)

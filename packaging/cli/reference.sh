@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # reference.sh CLI: what `CLI --help` and the help of every command tell, one line an item, fields divided by "|":
 #   command|NAME|TEXT
 #   option|COMMAND|SPELLINGS|ARGUMENT|CHOICES|TEXT

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The Debian package.
 find_program(DPKG_SHLIBDEPS dpkg-shlibdeps)
 set(CPACK_GENERATOR DEB)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Read by CPack before it makes a package: the date that everything in the package carries, and its version. A tree with
 # changes that belong to no release yet is later than that release: 1.3.02+20260131.1530 of the commit's date.
 if(NOT DEFINED ENV{SOURCE_DATE_EPOCH})

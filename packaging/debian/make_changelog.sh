@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # make_changelog.sh CHANGELOG.md VERSION: the changelog in Debian's form, on standard output. VERSION is the package's; if
 # there are changes that belong to no release yet they come first, under that version and the date of the commit
 # (SOURCE_DATE_EPOCH).

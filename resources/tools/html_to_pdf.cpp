@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Build tool: sets one HTML file, or a book of several, as a PDF.
 //
 //     html_to_pdf [--running-title TEXT] [--css CSS] SOURCE.htm -o OUT.pdf

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sets an HTML text as numbered A4 pages and writes them as PDF.
 #pragma once
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the desktop of one form in room/, changes its form, its resource and its class, and builds once after each: the
 # program says the new word.
 file(REMOVE_RECURSE ${SCRATCH})

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Runs over many FILEs: one answer each, in order, each from a fresh program; what is said and where.
 #include <pty.h>
 #include <sys/wait.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What every output does when the disk, or the user, ends it in the middle: nothing that stood there is lost.
 #include <csignal>
 #include <cstdlib>

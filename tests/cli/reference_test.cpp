@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The command line beside the reference rows of tests/reference, from the project file to the printed figure.
 #include <cctype>
 

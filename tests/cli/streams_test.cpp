@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a script relies on: names of any form, exact figures, and a status that tells of lost output.
 #include <cstdlib>
 #include <filesystem>

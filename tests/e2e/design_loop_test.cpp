@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A user's ways through the program, in a real window.
 #include <chrono>
 #include <set>

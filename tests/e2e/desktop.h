@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A desktop of the tests' own: an X server on a free display, a window manager, and hands on keyboard and
 // clipboard.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program as a client of a Wayland compositor, which tells nobody where windows stand and places them
 // itself. What the program asks of the compositor stands in its standard error: titles, and the windows that
 // get the keyboard.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What only a real window shows: focus, activation, and the window manager's hand on edges and places.
 #include <gmock/gmock.h>
 

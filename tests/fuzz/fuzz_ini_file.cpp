@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as a configuration file: reading stays within the ranges, a changed key reads back, the rest
 // stays.
 #include <cstdint>

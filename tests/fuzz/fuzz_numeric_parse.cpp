@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Numbers out of any text: what the numeric parse, the strict conversion and the texts of numbers promise one
 // another.
 #include <cmath>

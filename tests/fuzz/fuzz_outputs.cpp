@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as a project file, taken through everything that is made of a project: report, plan, curves, sizes, CSV and
 // JSON. A run-time error is an answer; any other end is a fault. The text of JSON reads back as it was written.
 #include <cstdint>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as a project file: reading raises a run-time error at most, and what was read can be checked,
 // analysed, saved and read again. The file stays as it is.
 #include <cstdint>

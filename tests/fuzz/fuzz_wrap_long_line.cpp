@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Wrapping adds line ends and nothing else: the pieces together are the line, none is longer than 60 columns.
 #include <cstdint>
 #include <cstdlib>

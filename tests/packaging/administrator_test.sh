@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # A user with neither root nor sudo is told what to ask an administrator for.
 set -uo pipefail
 cd "$(dirname "$0")/../.."

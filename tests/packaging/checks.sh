@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Sourced by the tests of the package: what fails is told and counted, and the test goes on.
 failures=0
 

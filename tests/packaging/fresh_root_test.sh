@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # fresh_root_test.sh BUILD: installs the package into a minimal Debian system without recommended packages, works there with
 # the program as an engineer does (its window on an X server outside of that system, so that nothing is installed with it
 # but what the package asks for), removes the package and looks for what is left. Needs root and the Debian archive; the

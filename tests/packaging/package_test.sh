@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # package_test.sh BUILD: makes the Debian package of the build and holds it against those who will read it: the desktop, the
 # software centre, the shells, man and Debian's own checker.
 set -uo pipefail

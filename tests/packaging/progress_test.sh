@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Long steps tell how far they are, keep quiet about the rest and pass on what fails.
 set -uo pipefail
 cd "$(dirname "$0")/../.."

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Loads the real forms with an example project, offscreen, and keeps a picture of each:
 //
 //     make_pictures PROJECT.TKL FOLDER [dark]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The figures of random panels as fingerprints, a thousand panels a line: results, sizes and all five curves,
 // and the texts of the factors. Two builds that print the same lines calculate and write the same bits.
 //

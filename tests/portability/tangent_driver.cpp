@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads doubles, writes their tangents: the machine's own bytes on both sides. With "whole" each goes the
 // last of the three steps.
 #include <cstdio>

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Writes core/engine/tangent_tables.h and tests/reference/tangents.csv with mpmath, correctly rounded.
 
     tests/portability/tangent_tables.py SOURCE_FOLDER

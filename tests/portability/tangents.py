@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Compares the tangent with mpmath, correctly rounded, and with the C library's, over random angles.
 
     tests/portability/tangents.py DRIVER [--angles N] [--seed S]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What every core test starts from: headless bindings, message services as after start-up, a folder of its
 // own.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Curves and graph settings as a start of the program leaves them, and a small curve table to draw.
 #pragma once
 

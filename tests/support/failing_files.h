@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Makes the N-th call of the operating system on files fail. Linked into a test it is driven by the functions
 // below; loaded in front of a built program (LD_PRELOAD) it takes its orders from the environment:
 //   TARVOKOL_FAULT_FOLDER  folder below which files count, all others are left alone

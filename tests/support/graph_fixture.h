@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Graph windows over a small curve table, with a recorded workbook and a printer that prints into a file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What every GUI test starts from: the headless bindings of the core fixture, no form loaded, and hands to
 // drive forms with: controls by their names, clicks, keys, menu commands, scripts for forms that show
 // modally.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Entry of every GUI test binary: the program's application object on the offscreen platform, with unhandled
 // run-time errors recorded instead of ending the program.
 #include <gtest/gtest.h>

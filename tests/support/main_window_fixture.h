@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main window with its real binding, in a folder of the test's own, settings as after start-up, start
 // forms off.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One panel through the engine: inputs and figures as plain rows of numbers with their names. The reference
 // rows and the validation share it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One number that stands for all that the calculation finds for a panel, to the last bit.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Panels by their number: sound, refused and odd ones in both unit systems, the same on every machine and
 // whichever thread asks.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A printer with fixed metrics that records what is printed where.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The reference rows of tests/reference: figures of an independent program.
 #pragma once
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The program beside the two models: every bit beside steps.py, the relative error beside exact.py."""
 
 import math

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The model without rounding: decimal arithmetic of 40 digits from the very inputs, tangent by mpmath. What the program's
 figures would be if a computer had no last digit. Written from the formulas of the help topic "The model: formulas and
 units" and of the reference notes; shares nothing with steps.py but the panels."""

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Worked examples, line by line: what an engineer gets by hand, in exact decimal arithmetic from the figures as typed, beside
 the program's figure."""
 

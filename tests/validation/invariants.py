@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What must hold between panels, whatever the figures: each invariant over random panels of its own. A check returns its
 findings and stops at nothing; `Breach` counts what does not hold and keeps the first panel."""
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What a run must not exceed."""
 
 # Section, path in its figures, largest value allowed.

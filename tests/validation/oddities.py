@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """How much the known oddities of the model matter, over panels as they are mined."""
 
 from decimal import Decimal

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """A page of Markdown, as simple as the report needs it: headings, paragraphs, lists, tables, indented code; bold and code
 inside texts. And the same page as a help topic."""
 

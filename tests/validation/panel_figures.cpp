@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The engine behind a pipe: reads panels as rows of doubles, writes their figures as doubles, all in the
 // machine's own form. The validation asks it for a million panels at a time.
 //

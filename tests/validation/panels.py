@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Panels: the inputs of one calculation, and seeded random ones that are the same on every machine."""
 
 import random

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The reference rows of tests/reference: panels over the whole range with their figures to 17 significant digits."""
 
 import steps

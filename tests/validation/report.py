@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The validation report: docs/validation.md and the help topic that the manual holds, too. The words stand in
 report_template.md; here are the figures for its places."""
 

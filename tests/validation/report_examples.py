@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Worked examples as parts of the report."""
 
 from types import SimpleNamespace

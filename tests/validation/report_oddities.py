@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Figures of section 6 of the report: limits and known oddities of the model."""
 
 import math

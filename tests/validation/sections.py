@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The sections of a run, each with its own random panels."""
 
 import comparison

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The model in the program's own arithmetic: IEEE doubles, singles where a value is kept in single precision, one
 rounding for each operation, left to right. What comes out here is what the program must show, to the last bit.
 

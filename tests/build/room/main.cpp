@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Prints what the form, its class and the resource say, a line each.
 #include <QApplication>
 #include <QFile>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The worked figures of the reference notes, recomputed by the program.
 #include <QFile>
 #include <QRegularExpression>

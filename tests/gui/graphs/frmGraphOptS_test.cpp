@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The options dialog of the sizing graphs, where it differs from its twin.
 #include "desktop/graphs/frmGraphOptS.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The options dialog of the stability graphs.
 #include "desktop/graphs/frmGraphOpt.h"
 

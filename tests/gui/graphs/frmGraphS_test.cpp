@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window of the sizing curve, where it differs from its twin.
 #include "desktop/graphs/frmGraphS.h"
 

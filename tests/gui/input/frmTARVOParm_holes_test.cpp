@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The parameters dialog's number of holes: a text box and a scroll bar that follow each other.
 #include <QScrollBar>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the parameters dialog does with figures that are not accepted yet: sizing, plan, results, its own
 // picture.
 #include <QClipboard>

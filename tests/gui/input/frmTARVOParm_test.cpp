@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The parameters dialog: its controls, what they load, the calculated fields, OK and Cancel.
 #include "desktop/input/frmTARVOParm.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The two tests of the parameters dialog: every refusal with its message, tab and focus.
 #include "core/graphics/TarvoGraf.h"
 #include "tests/gui/input/parameters_fixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The parameters dialog over a project of five holes, with the hands that its tests share.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The keyboard in the forms that menu commands open: which command opens them, F1, Escape from every control,
 // Enter, and the way of the tab key through all controls.
 #include <QCheckBox>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which form a command of the main window opens, and how.
 #include <QMenu>
 #include <QRegularExpression>

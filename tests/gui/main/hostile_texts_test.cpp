@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every text box of every form takes every text and can be left in every way: no run-time error is left
 // unhandled, each of which would end the program. The forms come from the table of all forms, their boxes and
 // buttons from the forms themselves.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Settings survive the end of the program: every control of the two dialogs is changed, the program starts
 // anew from its configuration file, and the dialogs show what was accepted.
 #include <QAbstractButton>

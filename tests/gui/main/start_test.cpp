@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The built program, started as the desktop starts it.
 #include <QDir>
 #include <QProcess>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The curve table as picture files.
 #include "qt/chart_export.h"
 

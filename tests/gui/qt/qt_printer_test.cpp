@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Printing on paper: what the print engine lays out comes back from the PDF line for line.
 #include "qt/qt_printer.h"
 

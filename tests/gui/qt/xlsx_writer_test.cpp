@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Written workbooks, read back by the entries of the zip file.
 #include "qt/xlsx_writer.h"
 

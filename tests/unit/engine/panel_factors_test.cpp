@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The factors alone and those of the whole analysis: the same bits, refusals and errors.
 #include <bit>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Curves as workbook cells and as CSV text.
 #include "core/graphics/curve_export.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the settings put on a chart and what is read back from it.
 #include "core/graphics/graph_setup.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Figures that no panel has, in all boxes of the parameters dialog at once: whatever its tests let pass must
 // go through drawing, results and sizing.
 #include <array>

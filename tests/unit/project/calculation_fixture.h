@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the tests of the calculation on the records start from: fresh records and options, and a panel.
 #pragma once
 

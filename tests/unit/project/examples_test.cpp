@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The example projects that ship with the program. The factors were worked out apart from the program.
 #include <algorithm>
 #include <filesystem>

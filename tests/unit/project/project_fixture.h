@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the project tests start from: an untouched record, no scratch folder, and files built line by line.
 #pragma once
 

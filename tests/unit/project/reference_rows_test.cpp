@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The engine beside the reference rows of tests/reference, to the last bit.
 #include "tests/support/reference_rows.h"
 

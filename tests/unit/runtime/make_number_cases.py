@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Works out the cases of number_cases.inc with exact decimal arithmetic.
 
 Usage: make_number_cases.py > number_cases.inc

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/runtime/one_based.h"
 
 #include "tests/support/core_fixture.h"

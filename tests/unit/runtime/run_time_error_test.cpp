@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/runtime/run_time_error.h"
 
 #include "tests/support/core_fixture.h"

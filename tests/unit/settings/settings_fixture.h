@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings as a fresh program has them, with a configuration file and data folders of the test's own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The calculation keeps nothing between two calls: no variable of its source files outlives a call and can be
 // changed, neither at namespace scope nor as a static of a function or a class.
 #include <filesystem>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The order of the houses and of their rooms, read from the #include lines: each room uses the floors below
 // it, never one above or beside it, and the core knows no toolkit.
 #include <filesystem>

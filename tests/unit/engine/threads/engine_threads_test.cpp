@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Eight threads calculate at once; one thread alone must find the same bits. No thread may ask the heap for
 // anything while it checks, analyses and sizes.
 #include <cstdint>
