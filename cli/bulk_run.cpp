@@ -94,6 +94,7 @@ void BulkRun::Report(const std::string& file, const Outcome& reported) {
     }
     any_refused_ = any_refused_ || outcome.failed || !outcome.result.ok;
     any_not_written_ = any_not_written_ || outcome.not_written;
+    if (!outcome.result.comment.empty()) std::cerr << file << ": " << outcome.result.comment << '\n';
     if (options_.json) {
         std::cout << JsonLine(ObjectOf(file, outcome));
         return;

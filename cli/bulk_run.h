@@ -18,6 +18,7 @@ struct FileResult {
     bool ok = true;
     Json keys = Json::object();  // added to the object behind "file", "ok" and "messages"
     std::string text;            // for people
+    std::string comment;         // beside the result, on standard error
 };
 
 // The work of a command on one FILE, which is given as the path. It reads the project itself.

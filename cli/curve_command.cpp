@@ -3,6 +3,7 @@
 #include "cli/commands.h"
 #include "cli/toolkit.h"
 #include "core/project/curves.h"
+#include "core/settings/unit_system.h"
 #include "core/graphics/curve_export.h"
 #include "core/graphics/graph_setup.h"
 #include "core/platform/chart_model.h"
@@ -49,6 +50,9 @@ void AddCurves(Json& keys, const CurveRequest& request, const ChartModel& chart)
     keys["CurveNames"] = LegendNames(request.family);
     keys["XAxisTitle"] = chart.AxisTitle(ChartAxis::X);
     keys["YAxisTitle"] = chart.AxisTitle(ChartAxis::Y);
+    const std::string curve_unit = CurveUnit(request.family);
+    keys["units"]["X"] = UnitSystem == 0 ? "ft" : "m";
+    for (const std::string& name : LegendNames(request.family)) keys["units"][name] = curve_unit;
 }
 
 void WriteCurve(const OutputTarget& target, const std::string& path, const CurveRequest& request,
@@ -75,6 +79,7 @@ FileResult CurveOf(const std::string& file, const CurveRequest& request, const O
     InitGraph(chart, request.family, request.index);
     DrawCurves(chart, request.family);
     AddCurves(result.keys, request, chart);
+    result.comment = chart.Note();
     result.text = CurveTableCsv(chart.AxisTitle(ChartAxis::X), LegendNames(request.family));
     if (target.ToFile()) WriteCurve(target, target.PathFor(file), request, chart, result.text);
     return result;

@@ -24,8 +24,14 @@ FileResult SizesOf(const std::string& file) {
     result.keys["SuggestedBarrier"] = NumberJson(static_cast<double>(sizes.SuggestedBarrier));
     result.keys["txtSugWeb"] = sizes.txtSugWeb;
     result.keys["txtSugBarrier"] = sizes.txtSugBarrier;
-    result.text = file + ": Suggested web thickness " + sizes.txtSugWeb + ", suggested barrier thickness " +
-                  sizes.txtSugBarrier + "\n";
+    const std::string unit = UnitSystem == 0 ? "ft" : "in";
+    result.keys["units"] = {{"SuggestedWeb", "in"},
+                            {"SuggestedBarrier", "in"},
+                            {"txtSugWeb", unit},
+                            {"txtSugBarrier", unit}};
+    result.text = file + ": Suggested web thickness " + sizes.txtSugWeb + " " + unit +
+                  ", suggested barrier thickness " + sizes.txtSugBarrier + " " + unit + "\n";
+    if (UnitSystem != 0) result.comment = SuggestedUnitNote();
     return result;
 }
 

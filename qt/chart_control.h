@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The chart of the graph windows: a widget that draws a ChartModel, answers where the mouse stands and
 // prints. White paper with black text under every palette. The wheel zooms, dragging pans, a double click
-// shows the whole range again; the model keeps what it holds through all of that.
+// shows the whole range again, the arrow keys step from point to point; the model keeps what it holds through
+// all of that.
 #pragma once
 
 #include <QPagedPaintDevice>
@@ -12,6 +13,11 @@
 #include "core/platform/chart_model.h"
 
 namespace tarvokol {
+
+class ChartPlot;
+
+// The box moved and cut so that it lies inside what the margins leave of the paper, all in one unit.
+QRect PrintableBox(const QRect& box, const QSizeF& paper, const QMarginsF& margins);
 
 class ChartControl : public QWidget, public ChartModel {
     Q_OBJECT
@@ -44,9 +50,9 @@ class ChartControl : public QWidget, public ChartModel {
     // Draws what has changed; otherwise that waits for the next turn of the event loop.
     void Replot();
 
-    // Prints the chart at its box on a page of the printer: box in 1/600 inch from the paper's edge. The
-    // format (4, the printer's own) and the scale mode (2, fit the box) are the only ones there are. Raises
-    // "Printer error".
+    // Prints the chart at its box on a page of the printer: box in 1/600 inch from the paper's edge, moved
+    // into what the printer can print. The format (4, the printer's own) and the scale mode (2, fit the box)
+    // are the only ones there are. Raises "Printer error".
     void Print(QPrinter& printer, int format, int scale_mode, int left, int top, int width, int height);
 
     // Draws the chart at a size in pixels (96 to the inch) on an image, with `scale` device pixels a pixel,
@@ -59,10 +65,15 @@ class ChartControl : public QWidget, public ChartModel {
     // The mouse moved over the chart; twips from its upper left corner.
     void MouseMove(double x, double y);
 
+    // The keys have led to a point.
+    void PointReached(int series, long point);
+
   protected:
     void Changed(bool points) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -70,14 +81,19 @@ class ChartControl : public QWidget, public ChartModel {
     void wheelEvent(QWheelEvent* event) override;
 
   private:
-    class Plot;
+    bool HasSeries();
+    void StepPoint(long by);
+    void StepSeries(int by);
+    void Reach();
 
     // What the model holds is on the plot behind this.
     void Settle();
 
-    std::unique_ptr<Plot> plot_;
+    std::unique_ptr<ChartPlot> plot_;
     bool replot_pending_ = false;
     QPoint drag_from_;
+    int at_series_ = 1;  // where the keys have led
+    long at_point_ = 0;
 };
 
 }  // namespace tarvokol

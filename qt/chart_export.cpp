@@ -11,6 +11,7 @@
 #include "core/runtime/text.h"
 #include "core/settings/graph_settings.h"
 #include "qt/chart_control.h"
+#include "qt/chart_text.h"
 #include "qt/picture_file.h"
 #include "qt/qt_text.h"
 
@@ -40,7 +41,7 @@ QByteArray SvgBytes(ChartControl& chart) {
     generator.setViewBox(QRect(QPoint(0, 0), kPictureSize));
     generator.setTitle(ToQt(chart.HeaderText()));
     chart.DrawOn(generator, QRect(QPoint(0, 0), kPictureSize));
-    return bytes;
+    return WithGenericFamily(bytes);
 }
 
 QByteArray PdfBytes(ChartControl& chart) {

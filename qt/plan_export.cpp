@@ -13,6 +13,7 @@
 #include "core/graphics/TarvoGraf.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
+#include "qt/chart_text.h"
 #include "qt/painter_surface.h"
 #include "qt/picture_file.h"
 
@@ -122,7 +123,8 @@ bool ExportPlan(const std::string& path, PlanView view) {
     buffer.open(QIODevice::WriteOnly);
     if (!DrawFormat(Extension(path), buffer, view, *sheet)) return false;
     buffer.close();
-    WritePictureFile(path, buffer.data());
+    const bool svg = EqualIgnoringCase(Extension(path), "svg");
+    WritePictureFile(path, svg ? WithGenericFamily(buffer.data()) : buffer.data());
     return true;
 }
 

@@ -189,8 +189,10 @@ void DesktopXlsxWriter::ShowWorkbook() {
     }
     reserved_.clear();
     LogMessage("Workbook: " + Path());
-    // The workbook is the result. A desktop that has no program for it leaves it where the log says.
-    static_cast<void>(Platform.TheShell->OpenDocument(Path(), ScratchFolder()));
+    // The workbook is the result. A desktop that has no program for it leaves it where it is.
+    constexpr int kFirstSuccess = 33;
+    const bool opened = Platform.TheShell->OpenDocument(Path(), ScratchFolder()) >= kFirstSuccess;
+    left_at_ = opened ? "" : Path();
 }
 
 }  // namespace tarvokol

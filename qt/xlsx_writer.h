@@ -53,12 +53,14 @@ class DesktopXlsxWriter : public XlsxFileWriter {
     ~DesktopXlsxWriter() override;
     void BeginWorkbook() override;
     void ShowWorkbook() override;
+    std::string WorkbookLeftAt() const override { return left_at_; }
 
   protected:
     void Abandon() override;
 
   private:
     std::string reserved_;  // the empty file that holds the name while the workbook grows
+    std::string left_at_;
 };
 
 }  // namespace tarvokol

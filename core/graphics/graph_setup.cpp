@@ -61,7 +61,18 @@ void InitGraph(ChartModel& chart, GraphFamily family, int index) {
     SetGrids(chart);
     chart.SetHeaderText(GraphTitle);
     chart.SetHeaderSize(kHeaderSize);
+    chart.SetNote(CurveUnitNote(family));
     GraphRestyleCount = family == GraphFamily::Stability ? 0 : 1;
+}
+
+std::string CurveUnitNote(GraphFamily family) {
+    const bool inches_in_metres = family == GraphFamily::Sizing && UnitSystem == 1;
+    return inches_in_metres ? "The widths of this curve are inches, not metres (1 in = 0.0254 m)." : "";
+}
+
+std::string CurveUnit(GraphFamily family) {
+    if (family == GraphFamily::Stability) return "";
+    return UnitSystem == 1 ? "in" : "ft";
 }
 
 void StyleSeries(ChartModel& chart, int series) {

@@ -16,6 +16,13 @@ enum class GraphFamily { Stability, Sizing };
 // `GraphRestyleCount`. An index outside raises "Subscript out of range".
 void InitGraph(ChartModel& chart, GraphFamily family, int index);
 
+// What a reader must know beside the titles: the sizing curves of a metric project are inches on an axis that
+// reads metres. Empty where the titles say it all. InitGraph puts it under the chart.
+std::string CurveUnitNote(GraphFamily family);
+
+// Unit of the curves' values: "ft" or "in" of a size, empty for a factor.
+std::string CurveUnit(GraphFamily family);
+
 // The curve table on the chart: `CurveCount` series of `CurvePoints` points, styled and with their labels.
 void DrawCurves(ChartModel& chart, GraphFamily family);
 

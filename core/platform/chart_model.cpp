@@ -55,6 +55,11 @@ void ChartModel::SetHeaderText(const std::string& text) {
     Changed(false);
 }
 
+void ChartModel::SetNote(const std::string& text) {
+    note_ = text;
+    Changed(false);
+}
+
 void ChartModel::SetHeaderSize(int points) {
     header_size_ = points;
     Changed(false);

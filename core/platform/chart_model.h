@@ -68,6 +68,10 @@ class ChartModel {
     void SetHeaderSize(int points);
     int HeaderSize() const { return header_size_; }
 
+    // A line under the chart; empty for none.
+    void SetNote(const std::string& text);
+    const std::string& Note() const { return note_; }
+
     // Data. Only the general layout exists; another raises "Invalid property value". New points lie at (0,
     // 0). A series or point that does not exist raises "Subscript out of range".
     void SetDataLayout(int layout);
@@ -121,6 +125,7 @@ class ChartModel {
     AxisState axes_[2];
     std::string header_text_;
     int header_size_ = 12;
+    std::string note_;
     std::vector<Points> series_;
     std::vector<SeriesStyle> styles_;
     std::vector<std::optional<std::string>> labels_;

@@ -19,6 +19,9 @@ class SpreadsheetWriter {
 
     // Finishes the workbook and opens it for the user.
     virtual void ShowWorkbook() = 0;
+
+    // Path of the workbook shown last if no program was found that opens it, else empty.
+    virtual std::string WorkbookLeftAt() const { return ""; }
 };
 
 }  // namespace tarvokol

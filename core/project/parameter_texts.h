@@ -97,6 +97,10 @@ struct SuggestedSizes {
     std::string txtSugBarrier;
 };
 
+// What stands beside the two fields in a metric project, whose labels elsewhere say metres; empty in an
+// English one, whose suggestions are feet as everything else.
+std::string SuggestedUnitNote();
+
 // What the button does once the short test has passed: fills the solver's block from the texts and sizes the
 // web, then the barrier. `show_web` is called between the two with the web's text, since each value shows as
 // soon as it is found. A blank abutment angle raises "Type mismatch".

@@ -21,6 +21,10 @@ float SizeOf(float mode, const std::string& target, float start) {
 
 }  // namespace
 
+std::string SuggestedUnitNote() {
+    return UnitSystem == 1 ? "Suggested sizes are inches, not metres (1 in = 0.0254 m)." : "";
+}
+
 SuggestedSizes SuggestPillarSizes(const ParameterTexts& texts,
                                   const std::function<void(const std::string&)>& show_web) {
     const Units units = ProjectUnits();

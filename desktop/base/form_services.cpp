@@ -11,6 +11,7 @@
 #include <QScreen>
 #include <QTabWidget>
 #include <QTextEdit>
+#include <QToolTip>
 #include <memory>
 #include <utility>
 
@@ -111,6 +112,15 @@ bool CheckRangeOf(QLineEdit& box, double low, double high, const std::string& la
     if (CheckRange(FromQt(box.text()), low, high, field)) return true;
     box.setFocus();
     return false;
+}
+
+void NoteCommas(QLineEdit& box) {
+    QObject::connect(&box, &QLineEdit::textEdited, &box, [&box](const QString& text) {
+        if (text.contains(','))
+            QToolTip::showText(box.mapToGlobal(QPoint(0, box.height())), QStringLiteral("Decimal point, no comma"), &box);
+        else
+            QToolTip::hideText();
+    });
 }
 
 // The plain text would be without the difference between a blank and one that does not break.

@@ -48,6 +48,10 @@ void SelectAllOnFocus(QWidget& container);
 // valid.
 bool CheckRangeOf(QLineEdit& box, double low, double high, const std::string& label = "");
 
+// From now on a comma in the box of a figure, behind which nothing counts, is answered by a note beside the
+// box. The text stays as it is.
+void NoteCommas(QLineEdit& box);
+
 // A box's text, its lines joined by CR LF, every other character as it stands.
 std::string LinesOf(const QPlainTextEdit& box);
 

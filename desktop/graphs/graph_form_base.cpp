@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/graphs/graph_form_base.h"
 
+#include <QAccessible>
 #include <QAction>
-#include <QDialog>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QScopedValueRollback>
@@ -18,6 +19,7 @@
 #include "core/platform/spreadsheet_writer.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"
+#include "core/runtime/text.h"
 #include "core/settings/program_settings.h"
 #include "qt/qt_printer.h"
 #include "qt/qt_text.h"
@@ -35,6 +37,10 @@ constexpr int kLeastChartWidth = 500;
 
 // Pixels; a curve point nearer than this to the mouse is read out.
 constexpr double kReach = 4;
+
+// Of the frame with the point's values: pixels, and columns of its grid in a wide window.
+constexpr int kReadOutWidth = 449;
+constexpr int kReadOutColumns = 6;
 
 constexpr int kPointId = 0;
 constexpr int kBasicOptions = 1;
@@ -64,6 +70,8 @@ void GraphFormBase::BindControls() {
     ConnectMenu("GraphEditItem", &GraphFormBase::GraphEditItem_Click);
     ConnectMenu("GraphOptionsItem", &GraphFormBase::GraphOptionsItem_Click);
     connect(graph_, &ChartControl::MouseMove, this, &GraphFormBase::Graph1_MouseMove);
+    connect(graph_, &ChartControl::PointReached, this, &GraphFormBase::Graph1_PointReached);
+    read_out_width_ = frame_->sizeHint().width();
 }
 
 void GraphFormBase::ConnectMenu(const QString& name, void (GraphFormBase::*handler)(int)) {
@@ -90,11 +98,10 @@ void GraphFormBase::Form_Load() {
     options_items_[kPointId].setChecked(true);
 }
 
-// A message box or a common dialog in front of the form is part of its own command. The options were opened
-// with a read-back of their own; one more behind their load would undo it.
+// Another form came to the front; a message, a common dialog, the help or another program leaves the graph as it
+// is. The options were opened with a read-back of their own; one more behind their load would undo it.
 void GraphFormBase::Form_Deactivate() {
-    if (options_open_ || qobject_cast<QDialog*>(QApplication::activeWindow()) != nullptr) return;
-    ReadGraphBack(*graph_, Family());
+    if (!options_open_) ReadGraphBack(*graph_, Family());
 }
 
 void GraphFormBase::Form_Resize() {
@@ -105,6 +112,28 @@ void GraphFormBase::Form_Resize() {
     const int chart_height = below < kTooLittle ? kLeastChartHeight : below - kRoomBelow;
     const int chart_width = beside < kTooLittle ? kLeastChartWidth : beside - kRoomBeside;
     graph_->resize(PixelsOf(chart_width), PixelsOf(chart_height));
+    FitReadOut();
+}
+
+// In a narrow window the captions stand above their values.
+void GraphFormBase::FitReadOut() {
+    const int room = std::max(width(), LeastPixels()) - 2 * frame_->x();
+    const bool narrow = room < read_out_width_;
+    auto* grid = static_cast<QGridLayout*>(frame_->layout());
+    const std::pair<const char*, QLabel*> read_outs[] = {
+        {"Label1", x_label_}, {"Label3", value_label_}, {"Label5", curve_label_}};
+    int column = 0;
+    for (const auto& [name, value] : read_outs) {
+        auto* caption = findChild<QLabel*>(name);
+        grid->removeWidget(caption);
+        grid->removeWidget(value);
+        grid->addWidget(caption, 0, narrow ? column : 2 * column);
+        grid->addWidget(value, narrow ? 1 : 0, narrow ? column : 2 * column + 1);
+        ++column;
+    }
+    grid->setVerticalSpacing(narrow ? 0 : -1);
+    for (int i = 0; i < kReadOutColumns; ++i) grid->setColumnStretch(i, narrow ? 0 : i == 5 ? 2 : i % 2);
+    frame_->resize(std::min(room, kReadOutWidth), frame_->height());
 }
 
 void GraphFormBase::Form_Unload() {
@@ -169,6 +198,10 @@ void GraphFormBase::ExportToWorkbook() {
     if (Platform.Spreadsheet == nullptr) Raise(error_number::CannotCreateObject);
     ExportCurves(*graph_, Family(), *Platform.Spreadsheet);
     Notify("Exported " + GeneralText(graph_->NumSeries()) + " Curves", box_style::Plain);
+    const std::string left_at = Platform.Spreadsheet->WorkbookLeftAt();
+    if (!left_at.empty())
+        Notify("No program for workbooks was found. The workbook is:" + std::string(CrLf) + left_at,
+               box_style::Information);
     unsetCursor();
 }
 
@@ -187,11 +220,23 @@ void GraphFormBase::Graph1_MouseMove(double X, double Y) {
         unsetCursor();
 }
 
+void GraphFormBase::Graph1_PointReached(int series, long point) {
+    ShowValues(series, point);
+    graph_->setAccessibleDescription(curve_label_->text().trimmed() + ", X " + x_label_->text() + ", Y " +
+                                     value_label_->text());
+    QAccessibleEvent said(graph_, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&said);
+}
+
 void GraphFormBase::ShowReadOut(int series, long point) {
+    ShowValues(series, point);
+    setCursor(Qt::CrossCursor);
+}
+
+void GraphFormBase::ShowValues(int series, long point) {
     value_label_->setText(ToQt(PictureText(graph_->Y(series, point), "##0.00")));
     x_label_->setText(ToQt(PictureText(graph_->X(series, point), "##0.00")));
     curve_label_->setText(ToQt(ReadOutName(Family(), series)));
-    setCursor(Qt::CrossCursor);
 }
 
 }  // namespace tarvokol

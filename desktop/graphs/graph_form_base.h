@@ -52,7 +52,10 @@ class GraphFormBase : public FormBase {
     void PrintGraph();
     void ExportGraph();
     void ExportToWorkbook();
+    void Graph1_PointReached(int series, long point);
     void ShowReadOut(int series, long point);
+    void ShowValues(int series, long point);
+    void FitReadOut();
 
     ChartControl* graph_ = nullptr;
     QGroupBox* frame_ = nullptr;
@@ -62,6 +65,7 @@ class GraphFormBase : public FormBase {
     ControlArray<QAction> options_items_;
     bool DialogCancelled_ = false;
     bool options_open_ = false;
+    int read_out_width_ = 0;  // that its labels need beside one another
 };
 
 }  // namespace tarvokol

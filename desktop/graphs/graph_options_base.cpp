@@ -53,6 +53,7 @@ void GraphOptionsBase::Form_Load() {
     Combo2_->setCurrentIndex(GraphStyle - 1);
     SetArrayIndex(Option1_, GraphSetParams);
     InitForm();
+    Option1_[GetOptionIndex(Option1_)].setFocus();
 }
 
 void GraphOptionsBase::SetGraphParms() {
@@ -79,6 +80,7 @@ void GraphOptionsBase::InitForm() {
 
 void GraphOptionsBase::Option1_Click(int Index) {
     if (Index == 0) {
+        if (!before_defaults_) before_defaults_ = state::Graphs;
         GraphSetParams = 0;
         SetGraphParms();
         InitForm();
@@ -153,8 +155,18 @@ void GraphOptionsBase::Form_Unload() {
     if (ok_pressed_) {
         StoreSettings();
         SaveSettings(section::Graph);
+    } else {
+        RestoreSettings();
     }
     ApplyGraphOptions(frmGraph::Instance().Graph1(), Family());
+}
+
+// Showing the defaults makes them the settings; a cancelled dialog has changed nothing. What ClearGraph did in
+// between stays.
+void GraphOptionsBase::RestoreSettings() {
+    if (!before_defaults_) return;
+    before_defaults_->GraphRestyleCount = GraphRestyleCount;
+    state::Graphs = *before_defaults_;
 }
 
 void GraphOptionsBase::StoreSettings() {

@@ -2,7 +2,10 @@
 // What the two options dialogs of the graph windows share: everything but the titles they edit.
 #pragma once
 
+#include <optional>
+
 #include "core/graphics/graph_setup.h"
+#include "core/settings/graph_settings.h"
 #include "desktop/base/form_base.h"
 #include "desktop/base/form_services.h"
 
@@ -55,6 +58,7 @@ class GraphOptionsBase : public FormBase {
     void BlankOtherTitles(const ControlArray<QLineEdit>& boxes);
     void RequireListItem(QComboBox& combo);
     void StoreSettings();
+    void RestoreSettings();
 
     QLineEdit* Text1_ = nullptr;
     ControlArray<QLineEdit> Text2_;
@@ -67,6 +71,7 @@ class GraphOptionsBase : public FormBase {
     QScrollBar* HScroll1_ = nullptr;
     QLineEdit* txtSS_ = nullptr;
     bool ok_pressed_ = false;
+    std::optional<GraphSettingValues> before_defaults_;  // what the defaults took the place of
 };
 
 }  // namespace tarvokol

@@ -42,8 +42,11 @@ std::string HolesNotShownText(const std::string& holes, const std::string& shown
 }
 
 // A text that stands already is left alone, and with it the caret.
+// A long figure shows its beginning, not its last digits.
 void SetText(QLineEdit& box, const std::string& text) {
-    if (box.text() != ToQt(text)) box.setText(ToQt(text));
+    if (box.text() == ToQt(text)) return;
+    box.setText(ToQt(text));
+    if (!box.hasFocus()) box.setCursorPosition(0);
 }
 
 }  // namespace
@@ -53,6 +56,7 @@ frmTARVOParm::frmTARVOParm() : ui_(std::make_unique<Ui::frmTARVOParm>()) {
     ListInputBoxes();
     ConnectControls();
     for (QWidget* frame : {ui_->Frame1, ui_->Frame0, ui_->Frame3}) SelectAllOnFocus(*frame);
+    for (const InputBox& input : inputs_) NoteCommas(*input.box);
     ui_->txtHeight->setFocus();
 }
 
@@ -121,6 +125,17 @@ void frmTARVOParm::FillControls() {
             SetText(*input.box, texts.*input.text);
     }
     AppendUnit(*ui_->lblPanelWidth, unit_row::Length);
+    ShowSuggestedUnit();
+}
+
+void frmTARVOParm::ShowSuggestedUnit() {
+    const QString note = ToQt(SuggestedUnitNote());
+    ui_->lblSugUnit->setText(note);
+    ui_->lblSugUnit->setVisible(!note.isEmpty());
+    for (QLineEdit* box : {ui_->txtSugWeb, ui_->txtSugBarrier}) {
+        box->setToolTip(note);
+        box->setAccessibleDescription(note);
+    }
 }
 
 // The handlers of both controls run; the bar takes the nearest number that it has. A project of one hole

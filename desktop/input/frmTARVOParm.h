@@ -79,6 +79,7 @@ class frmTARVOParm : public SingleForm<frmTARVOParm> {
     void ListInputBoxes();
     void ConnectControls();
     void FillControls();
+    void ShowSuggestedUnit();
     void FillHoles(const std::string& text);
     void ScrollTo(int16_t holes);
     void ShowTenWithZeroSelected();

@@ -74,6 +74,7 @@ frmTARVOOpts::frmTARVOOpts() : ui_(std::make_unique<Ui::frmTARVOOpts>()) {
     Option3_ = OptionGroup(*this, "Option3");
     Connect();
     SelectAllOnFocus(*this);
+    for (const Figure& figure : FiguresOf(*ui_)) NoteCommas(*figure.box);
 }
 
 frmTARVOOpts::~frmTARVOOpts() = default;
@@ -101,7 +102,10 @@ void frmTARVOOpts::ShowOptions() {
     SetArrayIndex(Option3_, PlotGobExtLoose);
     SetArrayIndex(Option1_, OptionsRecord.OutputStrUnits);
     SetArrayIndex(Option2_, OptionsRecord.OutputStrGradUnits);
-    for (const Figure& figure : FiguresOf(*ui_)) figure.box->setText(ToQt(GeneralText(*figure.setting)));
+    for (const Figure& figure : FiguresOf(*ui_)) {
+        figure.box->setText(ToQt(GeneralText(*figure.setting)));
+        figure.box->setCursorPosition(0);
+    }
 }
 
 void frmTARVOOpts::Form_Unload() {

@@ -62,6 +62,7 @@ void frmUnits::Connect(const Tab& tab) {
             if (on) Fill(tab);
         });
     tab.input->installEventFilter(this);
+    NoteCommas(*tab.input);
 }
 
 bool frmUnits::eventFilter(QObject* watched, QEvent* event) {
@@ -100,7 +101,10 @@ void frmUnits::Command3_Click() {
 void frmUnits::Fill(const Tab& tab) {
     const std::vector<std::string> texts =
         UnitBoxTexts(tab.quantity, GetOptionIndex(tab.units), FromQt(tab.input->text()));
-    for (std::size_t i = 0; i < texts.size(); ++i) tab.boxes[i]->setText(ToQt(texts[i]));
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        tab.boxes[i]->setText(ToQt(texts[i]));
+        tab.boxes[i]->setCursorPosition(0);
+    }
 }
 
 }  // namespace tarvokol

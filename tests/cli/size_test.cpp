@@ -16,7 +16,7 @@ TEST_F(SizeCommand, GivesRawInchesAndTheTwoFields) {
     EXPECT_EQ(object["txtSugWeb"], "3.25");
     EXPECT_EQ(object["txtSugBarrier"], "10.20");
     EXPECT_EQ(Run({"size", "p.TKL"}).out,
-              "p.TKL: Suggested web thickness 3.25, suggested barrier thickness 10.20\n");
+              "p.TKL: Suggested web thickness 3.25 ft, suggested barrier thickness 10.20 ft\n");
 }
 
 TEST_F(SizeCommand, MetricResultsStayInInches) {
@@ -30,6 +30,13 @@ TEST_F(SizeCommand, MetricResultsStayInInches) {
     const json object = Run({"size", "--json", Project("m.TKL", project)}).Object();
     EXPECT_EQ(object["txtSugWeb"], "37.72");
     EXPECT_EQ(object["txtSugBarrier"], "118.87");
+    EXPECT_EQ(object["units"], (json{{"SuggestedWeb", "in"},
+                                     {"SuggestedBarrier", "in"},
+                                     {"txtSugWeb", "in"},
+                                     {"txtSugBarrier", "in"}}));
+    const CliAnswer text = Run({"size", "m.TKL"});
+    EXPECT_EQ(text.out, "m.TKL: Suggested web thickness 37.72 in, suggested barrier thickness 118.87 in\n");
+    EXPECT_EQ(text.err, "m.TKL: Suggested sizes are inches, not metres (1 in = 0.0254 m).\n");
 }
 
 TEST_F(SizeCommand, TheShortTestRefusesInItsOwnWords) {

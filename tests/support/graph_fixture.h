@@ -30,9 +30,11 @@ class RecordedWorkbook : public SpreadsheetWriter {
     void SetCell(const std::string& address, double value) override { Numbers[address] = value; }
     void SetCell(const std::string& address, const std::string& text) override { Texts[address] = text; }
     void ShowWorkbook() override { Shown = true; }
+    std::string WorkbookLeftAt() const override { return LeftAt; }
 
     bool Refuses = false;
     bool Shown = false;
+    std::string LeftAt;
     QWidget* FormOnShow = nullptr;
     Qt::CursorShape PointerAtBegin = Qt::ArrowCursor;
     std::map<std::string, double> Numbers;

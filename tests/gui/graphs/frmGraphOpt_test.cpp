@@ -294,8 +294,8 @@ TEST_F(GraphOptions, TitleBoxesSelectTheirTextOnFocus) {
     }
 }
 
-// The read-back comes first, then the defaults: behind a cancelled dialog the chart has the default titles.
-TEST_F(GraphOptions, OpeningWithDefaultsResetsTheSettingsOnShow) {
+// The dialog shows the defaults; cancelled, it leaves the settings and the chart as they were.
+TEST_F(GraphOptions, OpeningWithDefaultsAndCancellingChangesNothing) {
     ResetGraphDefaults();
     GraphTitle = "My panel";
     GridStyle = 3;
@@ -307,9 +307,57 @@ TEST_F(GraphOptions, OpeningWithDefaultsResetsTheSettingsOnShow) {
         Click(dialog, "Command1");
     });
     Choose(form, "GraphOptionsItem_1");
-    EXPECT_EQ(GraphTitle, "Tarvo Panel Stability Evaluation - KOL");
-    EXPECT_EQ(form.Graph1().HeaderText(), "Tarvo Panel Stability Evaluation - KOL");
+    EXPECT_EQ(GraphTitle, "My panel");
+    EXPECT_EQ(form.Graph1().HeaderText(), "My panel");
+    EXPECT_EQ(GraphSetParams, 0);
     EXPECT_EQ(GridStyle, 3);
+}
+
+TEST_F(GraphOptions, ATitleStoredWithDefaultsOutlivesACancelledOpening) {
+    ResetGraphDefaults();
+    frmGraph& form = ShowStability(0);
+    GraphSetParams = 0;
+    WhenShown("frmGraphOpt", [](FormBase& dialog) {
+        Find<QLineEdit>(dialog, "Text2_0").setText("Seam height");
+        Find<QPushButton>(dialog, "Command2").click();
+    });
+    Choose(form, "GraphOptionsItem_1");
+    EXPECT_EQ(XAxisTitle[0], "Seam height");
+    WhenShown("frmGraphOpt", [](FormBase& dialog) { Find<QPushButton>(dialog, "Command1").click(); });
+    Choose(form, "GraphOptionsItem_1");
+    EXPECT_EQ(XAxisTitle[0], "Seam height");
+    EXPECT_EQ(form.Graph1().AxisTitle(ChartAxis::X), "Seam height");
+}
+
+TEST_F(GraphOptions, TheOpeningFocusStandsOnTheChosenOption) {
+    for (const int16_t chosen : {0, 1}) {
+        frmGraphOpt& dialog = ShowDialog(0, chosen);
+        ASSERT_NE(dialog.focusWidget(), nullptr);
+        EXPECT_EQ(FromQt(dialog.focusWidget()->objectName()), "Option1_" + std::to_string(chosen));
+        Press(dialog, Qt::Key_Space);
+        EXPECT_TRUE(Find<QRadioButton>(dialog, "Option1_" + std::to_string(chosen)).isChecked());
+        dialog.Abandon();
+        RunEvents();
+    }
+}
+
+TEST_F(GraphOptions, KeysMoveTheSymbolSizeTheWayTheyPoint) {
+    frmGraphOpt& dialog = ShowDialog(0);
+    auto& bar = Find<QScrollBar>(dialog, "HScroll1");
+    bar.setValue(10);
+    bar.setFocus();
+    Press(dialog, Qt::Key_Right);
+    EXPECT_EQ(TextOf(dialog, "txtSS"), "11");
+    Press(dialog, Qt::Key_Left);
+    Press(dialog, Qt::Key_Left);
+    EXPECT_EQ(TextOf(dialog, "txtSS"), "9");
+    EXPECT_EQ(bar.pageStep(), 3);
+}
+
+TEST_F(GraphOptions, TheBoxesInsideTheListsHaveNames) {
+    frmGraphOpt& dialog = ShowDialog(0);
+    EXPECT_EQ(Find<QComboBox>(dialog, "Combo1").lineEdit()->accessibleName(), "Grid style");
+    EXPECT_EQ(Find<QComboBox>(dialog, "Combo2").lineEdit()->accessibleName(), "Graph Style");
 }
 
 }  // namespace

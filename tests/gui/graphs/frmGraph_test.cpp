@@ -194,6 +194,67 @@ TEST_F(GraphForm, DeactivationReadsTheChartBackWithTheGridsExchanged) {
     EXPECT_EQ(CurveLegend, 1);
 }
 
+// Another program, or the help, in front of the graph: no form of the program is active.
+TEST_F(GraphForm, ADeactivationByAnotherProgramDoesNotReadBack) {
+    ResetGraphDefaults();
+    frmGraph& form = ShowStability(2);
+    form.Graph1().SetHeaderText("Edited on the chart");
+    QWidget help;
+    help.show();
+    help.activateWindow();
+    ASSERT_TRUE(WaitUntil([&] { return QApplication::activeWindow() == &help; }));
+    RunEvents();
+    EXPECT_EQ(GraphTitle, "Tarvo Panel Stability Evaluation - KOL");
+}
+
+TEST_F(GraphForm, ArrowKeysStepTheReadOut) {
+    frmGraph& form = ShowStability(0);
+    form.Graph1().setFocus();
+    Press(form, Qt::Key_Right);
+    EXPECT_EQ(TextOf(form, "lblX"), "50.00");
+    EXPECT_EQ(TextOf(form, "lblSF"), "1.10");
+    EXPECT_EQ(TextOf(form, "lblCurve"), "Overall");
+    Press(form, Qt::Key_Right);
+    EXPECT_EQ(TextOf(form, "lblX"), "53.00");
+    EXPECT_EQ(TextOf(form, "lblSF"), "1.20");
+    Press(form, Qt::Key_Down);
+    EXPECT_EQ(TextOf(form, "lblSF"), "2.20");
+    EXPECT_EQ(TextOf(form, "lblCurve"), "Webs ONLY");
+    EXPECT_EQ(FromQt(form.Graph1().accessibleDescription()), "Webs ONLY, X 53.00, Y 2.20");
+    Press(form, Qt::Key_Up);
+    Press(form, Qt::Key_Up);  // no curve above the first
+    EXPECT_EQ(TextOf(form, "lblCurve"), "Overall");
+    Press(form, Qt::Key_End);
+    EXPECT_EQ(TextOf(form, "lblX"), "200.00");
+    Press(form, Qt::Key_Right);
+    EXPECT_EQ(TextOf(form, "lblX"), "200.00");
+    Press(form, Qt::Key_Home);
+    EXPECT_EQ(TextOf(form, "lblX"), "50.00");
+}
+
+TEST_F(GraphForm, TheReadOutStaysInsideANarrowWindow) {
+    frmGraph& form = ShowStability(0);
+    form.resize(267, 300);
+    RunEvents();
+    auto& frame = Find<QGroupBox>(form, "Frame1");
+    EXPECT_LE(frame.geometry().right(), form.width());
+    for (const char* name : {"Label1", "lblX", "Label3", "lblSF", "Label5", "lblCurve"})
+        EXPECT_TRUE(frame.rect().contains(Find<QLabel>(form, name).geometry().topLeft())) << name;
+    EXPECT_LT(Find<QLabel>(form, "Label5").y(), Find<QLabel>(form, "lblCurve").y());
+    form.resize(600, 420);
+    RunEvents();
+    EXPECT_EQ(Find<QLabel>(form, "Label5").geometry().center().y(),
+              Find<QLabel>(form, "lblCurve").geometry().center().y());
+}
+
+TEST_F(GraphForm, AWorkbookWithoutAProgramForItIsToldWithItsPlace) {
+    frmGraph& form = ShowStability(0);
+    Workbook.LeftAt = "/tmp/Curves1.xlsx";
+    Choose(form, "GraphFileItem_2");
+    EXPECT_THAT(Messages(), ElementsAre("Exported 3 Curves",
+                                        "No program for workbooks was found. The workbook is:\r\n/tmp/Curves1.xlsx"));
+}
+
 TEST_F(GraphForm, ClosingDoesNotReadBack) {
     ResetGraphDefaults();
     GridStyle = 1;

@@ -7,6 +7,7 @@
 #include <locale.h>
 
 #include "core/runtime/run_time_error.h"
+#include "qt/chart_text.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {
@@ -355,6 +356,48 @@ TEST_F(ChartControlTest, ReplotAndReadOutAreQuick) {
     RecordProperty("read_out_ms", std::to_string(read_out));
     EXPECT_LT(replot, 40.0);  // five times the aim, for busy machines
     EXPECT_LT(read_out, 1.0);
+}
+
+// The ink in the lowest rows of the chart.
+TEST_F(ChartControlTest, ANoteStandsUnderTheChart) {
+    AddLine(20);
+    Chart.AddSeriesLabel(1, "Web Thickness");
+    const QImage plain = Chart.ToImage(Chart.size(), 1);
+    Chart.SetNote("The widths of this curve are inches, not metres (1 in = 0.0254 m).");
+    const QImage noted = Chart.ToImage(Chart.size(), 1);
+    const QRect lowest(0, Chart.height() - 20, Chart.width(), 20);
+    EXPECT_GT(CountPixels(noted.copy(lowest), Qt::black, 90), CountPixels(plain.copy(lowest), Qt::black, 90) + 200);
+}
+
+TEST_F(ChartControlTest, ABoxIsMovedIntoWhatThePrinterReaches) {
+    const QSizeF paper(816, 1056);
+    EXPECT_EQ(PrintableBox(QRect(16, 16, 640, 800), paper, QMarginsF(0, 0, 0, 0)), QRect(16, 16, 640, 800));
+    EXPECT_EQ(PrintableBox(QRect(16, 16, 640, 800), paper, QMarginsF(24, 48, 24, 48)), QRect(24, 48, 640, 800));
+    EXPECT_EQ(PrintableBox(QRect(16, 16, 640, 800), QSizeF(600, 800), QMarginsF(24, 24, 24, 24)),
+              QRect(24, 24, 552, 752));
+}
+
+// One curve of 51 points, its symbols thinned: the ends carry theirs at every size.
+TEST_F(ChartControlTest, ThinnedSymbolsIncludeTheFirstAndTheLastPoint) {
+    AddLine(51);
+    Chart.SetSymbolShape(1, chart_style::SeriesSymbol);
+    Chart.SetSymbolColour(1, 0x0000FF);
+    for (const int size : {3, 5, 7, 11, 20}) {
+        Chart.SetSymbolSize(1, size);
+        Show();
+        const QImage image = Chart.grab().toImage();
+        const int reach = size;
+        for (const long point : {1L, 51L}) {
+            const QPoint at = Chart.PixelOf(1, point);
+            const QRect around(at - QPoint(reach, reach), QSize(2 * reach + 1, 2 * reach + 1));
+            EXPECT_GT(CountPixels(image.copy(around), Qt::red, 90), size) << "size " << size << ", point " << point;
+        }
+    }
+}
+
+TEST_F(ChartControlTest, PicturesNameAGenericFaceBehindTheirOwn) {
+    EXPECT_EQ(WithGenericFamily("<g font-family=\"Arial\" font-size=\"9\">"),
+              QByteArray("<g font-family=\"Arial, sans-serif\" font-size=\"9\">"));
 }
 
 }  // namespace

@@ -259,6 +259,7 @@ TEST_F(XlsxWriterTest, ADesktopWithoutASpreadsheetProgramGetsTheWorkbookAllTheSa
     writer.SetCell("A1", 1.0);
     writer.ShowWorkbook();
     EXPECT_EQ(Cells(ReadBytes(PathTo("Curves1.xlsx"))).at("A1"), "1");
+    EXPECT_EQ(writer.WorkbookLeftAt(), PathTo("Curves1.xlsx"));
     EXPECT_EQ(Host.MainWindow.History, "1. Workbook: " + PathTo("Curves1.xlsx") + "\r\n");
 }
 

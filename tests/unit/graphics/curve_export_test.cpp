@@ -124,5 +124,25 @@ TEST_F(CurveExport, CsvKeepsSevenDigitsOfASingle) {
     EXPECT_EQ(CurveTableCsv("X", {"Y"}), "X,Y\n50,-0.08333334\n");
 }
 
+TEST_F(CurveExport, SizesOfAMetricProjectCarryTheirUnitBelowTheData) {
+    UnitSystem = 1;
+    FillCurves(1, 4);
+    Draw(GraphFamily::Sizing);
+    EXPECT_EQ(Chart.Note(), "The widths of this curve are inches, not metres (1 in = 0.0254 m).");
+    WriteCurveCells(Chart, GraphFamily::Sizing, Sheet);
+    EXPECT_EQ(Sheet.Texts["A7"], "The widths of this curve are inches, not metres (1 in = 0.0254 m).");
+    EXPECT_EQ(Sheet.Numbers.size(), 8u);
+    EXPECT_EQ(Sheet.Texts.size(), 3u);
+}
+
+TEST_F(CurveExport, OtherCurvesNeedNoNote) {
+    FillCurves(1, 4);
+    Draw(GraphFamily::Sizing);
+    EXPECT_EQ(Chart.Note(), "");
+    UnitSystem = 1;
+    Draw(GraphFamily::Stability);
+    EXPECT_EQ(Chart.Note(), "");
+}
+
 }  // namespace
 }  // namespace tarvokol

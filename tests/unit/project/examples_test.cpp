@@ -40,9 +40,9 @@ INSTANTIATE_TEST_SUITE_P(Shipped, ExampleProject,
                                            Example{"Auger_Panel_Two_Holes.TKL", 0, 2, 3.37, 2.20, 2.49},
                                            Example{"Thick_Seam_Pit.TKL", 0, 8, 2.51, 1.71, 2.03},
                                            Example{"Ridge_Point_Narrow_Webs.TKL", 0, 12, 2.00, 1.39, 2.11},
-                                           Example{"Metric_Trench_Panel.TKL", 1, 10, 2.59, 1.63, 2.16},
-                                           Example{"Metric_Deep_Panel.TKL", 1, 12, 2.65, 1.67, 2.06},
-                                           Example{"Metric_Shallow_5_Holes.TKL", 1, 5, 2.82, 1.70, 2.04}));
+                                           Example{"Metric_Trench_Panel.TKL", 1, 4, 2.84, 1.63, 2.08},
+                                           Example{"Metric_Deep_Panel.TKL", 1, 9, 2.79, 1.67, 2.06},
+                                           Example{"Metric_Shallow_5_Holes.TKL", 1, 5, 2.88, 1.57, 2.17}));
 
 TEST_P(ExampleProject, PassesTheInputCheckWithPlausibleFactors) {
     Open();
