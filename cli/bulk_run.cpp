@@ -36,8 +36,10 @@ std::string NativeLineEnds(const std::string& text) {
 
 }  // namespace
 
-BulkRun::BulkRun(Options options, HeadlessPlatform& host) : options_(std::move(options)), host_(host) {
+BulkRun::BulkRun(Options options, HeadlessPlatform& host, const OutputTarget& target)
+    : options_(std::move(options)), host_(host), target_(target) {
     options_.files = ExpandFiles(options_.files);
+    target_.RequireRoomFor(options_.files.size());
 }
 
 int BulkRun::Run(const FileWork& work) {
@@ -83,9 +85,9 @@ Json BulkRun::ObjectOf(const std::string& file, const Outcome& outcome) const {
 
 void BulkRun::Report(const std::string& file, const Outcome& reported) {
     Outcome outcome = reported;
-    if (json_target_ != nullptr && json_target_->Format() == ".json") {
+    if (target_.Format() == ".json") {
         try {
-            json_target_->WriteBytes(json_target_->PathFor(file), JsonLine(ObjectOf(file, outcome)));
+            target_.WriteBytes(target_.PathFor(file), JsonLine(ObjectOf(file, outcome)));
         } catch (const OutputError& error) {
             outcome.not_written = true;
             outcome.error_number = error.number;
@@ -102,7 +104,8 @@ void BulkRun::Report(const std::string& file, const Outcome& reported) {
     for (const BoxRequest& box : host_.Messages.Shown)
         std::cerr << file << ": " << NativeLineEnds(box.message) << '\n';
     if (outcome.error_number != 0) std::cerr << file << ": " << outcome.error_text << '\n';
-    if (text_to_stdout_) std::cout << NativeLineEnds(outcome.result.text);
+    if (!target_.ToFile()) std::cout << NativeLineEnds(outcome.result.text);
+    std::cout << NativeLineEnds(outcome.result.note);
 }
 
 void BulkRun::ShowProgress(std::size_t done) const {

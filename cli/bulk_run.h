@@ -17,7 +17,8 @@ namespace tarvokol::cli {
 struct FileResult {
     bool ok = true;
     Json keys = Json::object();  // added to the object behind "file", "ok" and "messages"
-    std::string text;            // for people
+    std::string text;            // for people, where the result goes to standard output
+    std::string note;            // for people, wherever it goes
     std::string comment;         // beside the result, on standard error
 };
 
@@ -26,19 +27,12 @@ using FileWork = std::function<FileResult(const std::string& file)>;
 
 class BulkRun {
   public:
-    // Reads the FILE list where `-` asks for it; raises UsageError if that fails.
-    BulkRun(Options options, HeadlessPlatform& host);
-
-    const Options& TheOptions() const { return options_; }
+    // Reads the FILE list where `-` asks for it; raises UsageError if that fails, or if the target takes fewer FILEs.
+    // The target of format ".json" receives the JSON object of each FILE, too.
+    BulkRun(Options options, HeadlessPlatform& host, const OutputTarget& target);
 
     // Runs the work on every FILE in turn; returns the exit status.
     int Run(const FileWork& work);
-
-    // Results do not go to standard output as text.
-    void SilenceText() { text_to_stdout_ = false; }
-
-    // Writes the JSON object of each FILE here too.
-    void AlsoWriteJson(const OutputTarget& target) { json_target_ = &target; }
 
   private:
     struct Outcome {
@@ -56,8 +50,7 @@ class BulkRun {
 
     Options options_;
     HeadlessPlatform& host_;
-    bool text_to_stdout_ = true;
-    const OutputTarget* json_target_ = nullptr;
+    const OutputTarget& target_;
     bool any_refused_ = false;
     bool any_not_written_ = false;
 };

@@ -39,15 +39,15 @@ FileResult ConvertOne(const std::string& file, const std::string& target_name, c
     result.keys["output"] = output;
     result.keys["project"] = ProjectJson();
     target.WriteProject(output);
-    result.text = file + ": " + output + "\n";
+    result.note = file + ": " + output + "\n";
     return result;
 }
 
 }  // namespace
 
 int RunConvert(const Options& options, HeadlessPlatform& host, const std::string& target_name) {
-    BulkRun run(options, host);
-    const OutputTarget target(run.TheOptions(), {});
+    const OutputTarget target(options, {});
+    BulkRun run(options, host, target);
     return run.Run([&](const std::string& file) { return ConvertOne(file, target_name, target); });
 }
 

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
-#include "cli/toolkit.h"
+#include "cli/drawing.h"
 #include "core/project/curves.h"
 #include "core/settings/unit_system.h"
 #include "core/graphics/curve_export.h"
 #include "core/graphics/graph_setup.h"
 #include "core/platform/chart_model.h"
-#include "qt/chart_export.h"
-#include "qt/xlsx_writer.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -61,13 +59,12 @@ void WriteCurve(const OutputTarget& target, const std::string& path, const Curve
         target.WriteBytes(path, csv);
     } else if (target.Format() == ".xlsx") {
         target.Write(path, [&](const std::string& name) {
-            XlsxFileWriter writer(name);
-            ExportCurves(chart, request.family, writer);
+            ExportCurves(chart, request.family, *TheDrawing().CurveWorkbook(name));
         });
     } else if (target.Format() != ".json") {
-        StartToolkit();
-        target.Write(path,
-                     [&](const std::string& name) { ExportChart(request.family, request.index, name); });
+        target.Write(path, [&](const std::string& name) {
+            TheDrawing().DrawCurves(name, request.family, request.index);
+        });
     }
 }
 
@@ -88,10 +85,9 @@ FileResult CurveOf(const std::string& file, const CurveRequest& request, const O
 }  // namespace
 
 int RunCurve(const Options& options, HeadlessPlatform& host, const std::string& kind) {
-    BulkRun run(options, host);
-    const OutputTarget target(run.TheOptions(), {".csv", ".xlsx", ".png", ".svg", ".pdf", ".json"});
-    if (target.ToFile()) run.SilenceText();
-    run.AlsoWriteJson(target);
+    const OutputTarget target(options, {".csv", ".xlsx", ".png", ".svg", ".pdf", ".json"});
+    if (target.IsDrawn()) TheDrawing();
+    BulkRun run(options, host, target);
     const CurveRequest request = RequestOf(kind);
     return run.Run([&](const std::string& file) { return CurveOf(file, request, target); });
 }

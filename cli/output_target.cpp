@@ -42,11 +42,20 @@ OutputTarget::OutputTarget(const Options& options, std::vector<std::string> exte
                                        : extensions.front();
         return;
     }
-    if (options.files.size() > 1)
-        throw UsageError{"-o: one output file for several projects; name a folder instead"};
+    RequireRoomFor(options.files.size());
+    if (extensions.empty()) return;
     format_ = LowerExtension(output_);
-    if (!extensions.empty() && std::count(extensions.begin(), extensions.end(), format_) == 0)
+    if (std::count(extensions.begin(), extensions.end(), format_) == 0)
         throw UsageError{"-o: the extension must be one of " + Joined(extensions)};
+}
+
+bool OutputTarget::IsDrawn() const {
+    return format_ == ".pdf" || format_ == ".png" || format_ == ".svg" || format_ == ".xlsx";
+}
+
+void OutputTarget::RequireRoomFor(std::size_t projects) const {
+    if (projects > 1 && ToFile() && !folder_)
+        throw UsageError{"-o: one output file for several projects; name a folder instead"};
 }
 
 std::string OutputTarget::PathFor(const std::string& project, const std::string& kept_name) const {

@@ -25,8 +25,14 @@ class OutputTarget {
 
     bool ToFile() const { return !output_.empty(); }
 
-    // Lower-case extension that chooses the format, with its dot; empty for standard output.
-    std::string Format() const { return format_; }
+    // Lower-case extension that chooses the format, with its dot; empty for standard output and where any name is taken.
+    const std::string& Format() const { return format_; }
+
+    // True for a format that only a `Drawing` writes.
+    bool IsDrawn() const;
+
+    // Raises UsageError for more than one project where there is one output file.
+    void RequireRoomFor(std::size_t projects) const;
 
     // Name of the file that takes the result of a project. In a folder it is the project's name with the
     // format's extension, or `kept_name` where one is given.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
-#include "cli/toolkit.h"
+#include "cli/drawing.h"
 #include "core/project/input_check.h"
 #include "core/project/parameter_texts.h"
 #include "core/project/preview_record.h"
@@ -10,7 +10,6 @@
 #include "core/graphics/recording_surface.h"
 #include "core/report/report_builder.h"
 #include "core/runtime/numbers.h"
-#include "qt/plan_export.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -92,10 +91,8 @@ FileResult PlanOf(const std::string& file, const PlanRequest& request, const Out
     AddPlan(result.keys, surface);
     result.text = file + "\n" + CornerTable();
     if (target.ToFile() && target.Format() != ".json") {
-        StartToolkit();
-        target.Write(target.PathFor(file), [&](const std::string& path) {
-            ExportPlan(path, request.preview ? PlanView::Preview : PlanView::Window);
-        });
+        target.Write(target.PathFor(file),
+                     [&](const std::string& path) { TheDrawing().DrawPlan(path, request.preview); });
     }
     return result;
 }
@@ -104,10 +101,9 @@ FileResult PlanOf(const std::string& file, const PlanRequest& request, const Out
 
 int RunPlan(const Options& options, HeadlessPlatform& host, const std::string& mode,
             const std::string& view) {
-    BulkRun run(options, host);
-    const OutputTarget target(run.TheOptions(), {".svg", ".png", ".pdf", ".json"});
-    if (target.ToFile()) run.SilenceText();
-    run.AlsoWriteJson(target);
+    const OutputTarget target(options, {".svg", ".png", ".pdf", ".json"});
+    if (target.IsDrawn()) TheDrawing();
+    BulkRun run(options, host, target);
     const PlanRequest request = RequestOf(mode, view);
     return run.Run([&](const std::string& file) { return PlanOf(file, request, target); });
 }

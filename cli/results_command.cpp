@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
-#include "cli/pdf_report.h"
+#include "cli/drawing.h"
 #include "core/project/input_check.h"
 #include "core/project/project_record.h"
 #include "core/project/stability_analysis.h"
@@ -50,17 +50,16 @@ FileResult ResultsOf(const std::string& file, bool want_keys, const OutputTarget
     if (target.Format() == ".txt") target.WriteBytes(target.PathFor(file), result.text);
     if (target.Format() == ".pdf")
         target.Write(target.PathFor(file),
-                     [&](const std::string& path) { PrintTextToPdf(path, result.text); });
+                     [&](const std::string& path) { TheDrawing().PrintToPdf(path, result.text); });
     return result;
 }
 
 }  // namespace
 
 int RunResults(const Options& options, HeadlessPlatform& host) {
-    BulkRun run(options, host);
-    const OutputTarget target(run.TheOptions(), {".txt", ".pdf", ".json"});
-    if (target.ToFile()) run.SilenceText();
-    run.AlsoWriteJson(target);
+    const OutputTarget target(options, {".txt", ".pdf", ".json"});
+    if (target.IsDrawn()) TheDrawing();
+    BulkRun run(options, host, target);
     const bool want_keys = options.json || target.Format() == ".json";
     return run.Run([&](const std::string& file) { return ResultsOf(file, want_keys, target); });
 }

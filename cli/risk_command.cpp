@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "cli/commands.h"
+#include "cli/drawing.h"
 #include "cli/json.h"
 #include "cli/output_target.h"
 #include "cli/row_sink.h"
@@ -195,11 +196,12 @@ void WriteSamples(const RiskRequest& request, const RiskResult& result, const St
 
 int RunRiskCommand(const StudyOptions& options, HeadlessPlatform& host) {
     return RunStudy([&] {
-        const Panel project = ReadStudyProject(options, host);
-        const RiskRequest request = RequestOf(options, project);
         Options common = options.common;
         common.files = {options.project};
         const OutputTarget target(common, {".txt", ".json", ".png", ".svg", ".pdf"});
+        if (target.IsDrawn()) TheDrawing();
+        const Panel project = ReadStudyProject(options, host);
+        const RiskRequest request = RequestOf(options, project);
         if (target.ToFile()) target.Prepare(target.PathFor(options.project));
         const RiskResult result = RunRisk(request, project);
         if (!options.samples_out.empty()) WriteSamples(request, result, options);

@@ -31,6 +31,7 @@ class RowTarget {
     explicit RowTarget(const StudyOptions& options);
 
     KindOfRows Kind() const { return kind_; }
+    bool IsDrawn() const { return kind_ == Workbook || kind_ == Picture; }  // only a `Drawing` writes it
     const std::string& Path() const { return path_; }  // empty: standard output
 
     std::unique_ptr<RowSink> Open() const;

@@ -6,9 +6,8 @@ namespace tarvokol::cli {
 
 int RunSave(const Options& options, HeadlessPlatform& host) {
     if (options.output.empty()) throw UsageError{"-o is required"};
-    BulkRun run(options, host);
-    const OutputTarget target(run.TheOptions(), {});
-    run.SilenceText();
+    const OutputTarget target(options, {});
+    BulkRun run(options, host, target);
     return run.Run([&](const std::string& file) {
         FileResult result;
         result.ok = OpenProject(file);

@@ -38,10 +38,8 @@ FileResult SizesOf(const std::string& file) {
 }  // namespace
 
 int RunSize(const Options& options, HeadlessPlatform& host) {
-    BulkRun run(options, host);
-    const OutputTarget target(run.TheOptions(), {".json"});
-    if (target.ToFile()) run.SilenceText();
-    run.AlsoWriteJson(target);
+    const OutputTarget target(options, {".json"});
+    BulkRun run(options, host, target);
     return run.Run(SizesOf);
 }
 

@@ -5,9 +5,8 @@
 #include <cmath>
 #include <limits>
 
-#include "cli/toolkit.h"
+#include "cli/drawing.h"
 #include "core/runtime/text.h"
-#include "qt/study_picture.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -91,7 +90,7 @@ void DrawCurves(RowSource& source, const ValueAxis& axis, const Panel& project, 
         const StudyTarget target = TargetOf(*figure, project);
         if (!std::isnan(target.value)) picture.targets.push_back(target);
     }
-    WriteStudyPicture(picture, path);
+    TheDrawing().DrawStudy(path, picture);
 }
 
 void DrawMap(RowSource& source, const std::vector<ValueAxis>& axes, const Panel& project,
@@ -116,7 +115,7 @@ void DrawMap(RowSource& source, const std::vector<ValueAxis>& axes, const Panel&
         picture.grid.values[j * axes[0].Count() + i] = figures.*figure.value;
         ++row;
     });
-    WriteStudyPicture(picture, path);
+    TheDrawing().DrawStudy(path, picture);
 }
 
 }  // namespace
@@ -126,7 +125,6 @@ int DrawSweep(RowSource& source, const std::vector<ValueAxis>& axes, const Panel
     if (axes.size() > 2)
         throw UsageError{"-o: a picture shows one field (curves) or two (a map), not " +
                          std::to_string(axes.size()) + "; write .csv, .json or .xlsx, or vary fewer fields"};
-    StartToolkit();
     if (axes.size() == 1)
         DrawCurves(source, axes[0], project, options, path);
     else
@@ -147,8 +145,7 @@ void DrawRisk(const RiskResult& result, const StudyOptions& options, const std::
             panel.targets.push_back({"Target", below.target});
         picture.panels.push_back(std::move(panel));
     }
-    StartToolkit();
-    WriteStudyPicture(picture, path);
+    TheDrawing().DrawStudy(path, picture);
 }
 
 }  // namespace tarvokol::cli

@@ -5,12 +5,12 @@
 #include <limits>
 #include <utility>
 
+#include "cli/drawing.h"
 #include "cli/progress_bar.h"
 #include "cli/row_sink.h"
 #include "core/runtime/file_replacement.h"
 #include "core/studies/ordered_work.h"
 #include "core/studies/study_numbers.h"
-#include "qt/study_workbook.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -100,27 +100,27 @@ int WriteWorkbook(RowSource& source, const Panel& project, const StudyOptions& o
                   const std::string& path) {
     if (source.Total() && *source.Total() >= kMostSheetRows) RefuseSheet(*source.Total());
     FileReplacement place(path);
-    StudyWorkbook book(place.BuildPath());
+    const auto book = TheDrawing().RowWorkbook(place.BuildPath());
     std::vector<std::string> titles;
     for (const LeadingColumn& column : source.Columns()) titles.push_back(TitleWithUnit(column));
     for (const std::string& title : FigureTitlesWithUnits(options.sizes)) titles.push_back(title);
-    book.AddTitles(titles);
+    book->AddTitles(titles);
     std::uint64_t rows = 1;
     CollectRows(source, project, options,
                 [&](std::span<const LeadingCell* const> leading, const PanelFigures& figures) {
                     if (++rows > kMostSheetRows) RefuseSheet(rows - 1);
                     for (const LeadingCell* cell : leading) {
                         if (cell->number)
-                            book.AddNumber(
+                            book->AddNumber(
                                 WholeNumber(cell->text).value_or(std::numeric_limits<double>::quiet_NaN()));
                         else
-                            book.AddText(cell->text);
+                            book->AddText(cell->text);
                     }
-                    for (const double value : FigureValues(figures, options.sizes)) book.AddNumber(value);
-                    book.AddText(figures.message);
-                    book.EndRow();
+                    for (const double value : FigureValues(figures, options.sizes)) book->AddNumber(value);
+                    book->AddText(figures.message);
+                    book->EndRow();
                 });
-    book.Finish();
+    book->Finish();
     place.Commit();
     return exit_status::Done;
 }

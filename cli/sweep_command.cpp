@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "cli/commands.h"
+#include "cli/drawing.h"
 #include "cli/row_sink.h"
 #include "cli/study_pictures.h"
 #include "cli/study_run.h"
@@ -141,6 +142,7 @@ int RunSweep(const StudyOptions& options, HeadlessPlatform& host) {
         const std::vector<ValueAxis> axes = AxesOf(options);
         const std::uint64_t rows = RowsOf(axes, options.common.force);
         const RowTarget target(options);
+        if (target.IsDrawn()) TheDrawing();
         const Panel project = ReadStudyProject(options, host);
         SweepSource source(axes, rows, static_cast<int>(project.units));
         if (target.Kind() == RowTarget::Picture)

@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "cli/commands.h"
+#include "cli/drawing.h"
 #include "cli/row_sink.h"
 #include "cli/study_run.h"
 #include "core/runtime/text.h"
@@ -130,6 +131,7 @@ int RunTable(const StudyOptions& options, HeadlessPlatform& host) {
         const RowTarget target(options);
         if (target.Kind() == RowTarget::Picture)
             throw UsageError{"-o: a table gives .csv, .json or .xlsx, no picture"};
+        if (target.IsDrawn()) TheDrawing();
         const Panel project = ReadStudyProject(options, host);
         if (options.rows == "-") {
             TableSource source(std::cin, "standard input", static_cast<int>(project.units));

@@ -14,21 +14,21 @@ namespace tarvokol {
 
 // One sheet with a bold header that stays in view. Cells follow one another to the right; EndRow begins the
 // next row. A file that cannot be written raises the error of the file system; without Finish nothing is left
-// at its place.
+// at its place. The functions are virtual so that who is only handed one links no workbook library.
 class StudyWorkbook {
   public:
     explicit StudyWorkbook(const std::string& path);
-    ~StudyWorkbook();
+    virtual ~StudyWorkbook();
     StudyWorkbook(const StudyWorkbook&) = delete;
     StudyWorkbook& operator=(const StudyWorkbook&) = delete;
 
-    void AddTitles(const std::vector<std::string>& titles);
-    void AddNumber(double value);  // a NaN leaves the cell empty
-    void AddText(const std::string& text);
-    void EndRow();
+    virtual void AddTitles(const std::vector<std::string>& titles);
+    virtual void AddNumber(double value);  // a NaN leaves the cell empty
+    virtual void AddText(const std::string& text);
+    virtual void EndRow();
 
     // Writes the workbook to its end.
-    void Finish();
+    virtual void Finish();
 
   private:
     std::string path_;

@@ -37,11 +37,16 @@ nlohmann::json CliAnswer::Object() const {
 
 CliAnswer RunCli(const std::vector<std::string>& arguments, const std::string& folder,
                  const std::string& input) {
+    return RunProgram(TARVOKOL_CLI, arguments, folder, input);
+}
+
+CliAnswer RunProgram(const std::string& program, const std::vector<std::string>& arguments,
+                     const std::string& folder, const std::string& input) {
     std::string pattern = (std::filesystem::temp_directory_path() / "tarvokol-cli-XXXXXX").string();
     const std::filesystem::path scratch = ::mkdtemp(pattern.data());
     std::ofstream(scratch / "in", std::ios::binary) << input;
 
-    std::vector<std::string> words{TARVOKOL_CLI};
+    std::vector<std::string> words{program};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> argv;
     for (std::string& word : words) argv.push_back(word.data());

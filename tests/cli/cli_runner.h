@@ -27,6 +27,10 @@ struct CliAnswer {
 CliAnswer RunCli(const std::vector<std::string>& arguments, const std::string& folder = "",
                  const std::string& input = "");
 
+// The same for another program: the path of a copy.
+CliAnswer RunProgram(const std::string& program, const std::vector<std::string>& arguments,
+                     const std::string& folder = "", const std::string& input = "");
+
 // A project of nice round figures, as a file's text; fields by their names.
 struct ProjectText {
     std::string magic = "TARVOKOL_101";

@@ -8,6 +8,8 @@ endif()
 
 foreach(file IN ITEMS
         bin/tarvokol
+        bin/tarvokol-cli
+        libexec/tarvokol/tarvokol-cli-drawing
         share/applications/tarvokol.desktop
         share/doc/tarvokol/LICENSE
         share/icons/hicolor/scalable/apps/tarvokol.svg

@@ -22,7 +22,7 @@ test_is_accepted_by_lintian() {
 
 test_holds_every_file() {
     local file
-    for file in bin/tarvokol bin/tarvokol-cli share/applications/tarvokol.desktop \
+    for file in bin/tarvokol bin/tarvokol-cli libexec/tarvokol/tarvokol-cli-drawing share/applications/tarvokol.desktop \
         share/metainfo/example.oltek.tarvokol.metainfo.xml share/mime/packages/tarvokol.xml \
         share/man/man1/tarvokol.1.gz share/man/man1/tarvokol-cli.1.gz share/man/man5/tarvokol-project.5.gz \
         share/bash-completion/completions/tarvokol-cli share/zsh/vendor-completions/_tarvokol-cli \
@@ -121,12 +121,19 @@ test_dependencies_are_told() {
 
 test_programs_are_hardened() {
     local program
-    for program in "$usr"/bin/*; do
+    for program in "$usr"/bin/* "$usr"/libexec/tarvokol/*; do
         holds "place in memory of $program" "$(readelf -h "$program")" "DYN (Position-Independent Executable file)"
         holds "segments of $program" "$(readelf -lW "$program")" GNU_RELRO
         holds "guards of $program" "$(readelf --dyn-syms -W "$program")" __stack_chk_fail _chk@
         [[ $(readelf -lW "$program" | grep GNU_STACK) != *RWE* ]] || fail "$program runs code on its stack"
     done
+}
+
+test_command_line_starts_without_the_toolkit_and_finds_it() {
+    local cli=$usr/bin/tarvokol-cli
+    [[ $(readelf -d "$cli") != *Qt6* ]] || fail "the toolkit is loaded by every command"
+    "$cli" plan -o "$scratch/plan.svg" "$source/examples/Thick_Seam_Pit.TKL" || fail "plan as SVG"
+    [ -s "$scratch/plan.svg" ] || fail "no plan"
 }
 
 test_manual_has_title_bookmarks_and_links() {

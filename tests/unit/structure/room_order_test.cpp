@@ -187,5 +187,19 @@ TEST(RoomOrder, ChartAndWorkbookLibrariesStayBehindTheirBindings) {
     EXPECT_THAT(workbook, ElementsAre("qt/study_workbook.cpp", "qt/xlsx_writer.cpp"));
 }
 
+// The command line starts without the toolkit: what draws with it is not linked to the commands.
+TEST(RoomOrder, OnlyTheDrawingOfTheCommandLineKnowsTheToolkit) {
+    const std::set<std::string> drawing{"cli/toolkit_drawing.cpp", "cli/drawing_main.cpp"};
+    const std::set<std::string> plain{"qt/study_picture.h", "qt/study_workbook.h"};  // declarations that link nothing
+    std::vector<std::string> refused;
+    for (const Include& include : AllIncludes()) {
+        if (HouseOf(include.file) != "cli" || drawing.contains(include.file)) continue;
+        const bool toolkit = include.header.starts_with('Q') ||
+                             (HouseOf(include.header) == "qt" && !plain.contains(include.header));
+        if (toolkit) refused.push_back(include.file + " includes " + include.header);
+    }
+    EXPECT_THAT(refused, IsEmpty());
+}
+
 }  // namespace
 }  // namespace tarvokol
