@@ -9,6 +9,7 @@
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
 #include "core/program/program_help.h"
+#include "core/project/figure_range.h"
 #include "core/project/project_state.h"
 #include "core/project/recovery_copy.h"
 #include "core/report/report_builder.h"
@@ -300,11 +301,12 @@ void frmTARVOParm::cmdView_Click() {
 void frmTARVOParm::ShowLayout() {
     PlotMode = plot_mode::Dimensions;
     if (!ValidateAll()) return;
-    LoadPreview();
-    if (ViewChildWindow != 1) {
-        ui_->Picture1->Draw(DrawPanelPreview);
-        return;
-    }
+    const bool in_window = ViewChildWindow == 1;
+    const bool shown = DoneWithinRange(ProjectRecord, [&] {
+        LoadPreview();
+        if (!in_window) ui_->Picture1->Draw(DrawPanelPreview);
+    });
+    if (!shown || !in_window) return;
     setEnabled(false);
     FormNamed("frmPicture").ShowModeless(this);
 }
@@ -317,10 +319,13 @@ void frmTARVOParm::cmdResults_Click() {
 
 void frmTARVOParm::RunResults() {
     if (!ValidateAll()) return;
-    LoadPreview();
+    if (!DoneWithinRange(ProjectRecord, [this] { LoadPreview(); })) return;
     SavedRecord_ = ProjectRecord;
     ProjectRecord = PreviewRecord;
-    if (!CalculateReport(ProjectRecord)) return;
+    bool calculated = false;
+    if (!DoneWithinRange(ProjectRecord, [&] { calculated = CalculateReport(ProjectRecord); }))
+        ProjectRecord = SavedRecord_;
+    if (!calculated) return;
     LoadOutBuf0(2);
     ResultsCaller = this;
     setEnabled(false);

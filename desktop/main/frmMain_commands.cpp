@@ -12,7 +12,9 @@
 #include "core/program/about_text.h"
 #include "core/program/program_help.h"
 #include "core/project/curves.h"
+#include "core/project/figure_range.h"
 #include "core/project/lifecycle.h"
+#include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/report/print_engine.h"
 #include "core/report/report_builder.h"
@@ -29,6 +31,12 @@ constexpr uint8_t kNoData = 255;
 bool MayPrint() {
     return ProjectEmpty != kNoData ||
            Notify("Current file is empty. Continue?", box_style::YesNoQuestionNoDefault) == box_result::Yes;
+}
+
+// The project's figures go through a calculation; what it says, or false for a figure that it has no room for.
+bool Calculated(const std::function<bool()>& calculation) {
+    bool calculated = false;
+    return DoneWithinRange(ProjectRecord, [&] { calculated = calculation(); }) && calculated;
 }
 
 }  // namespace
@@ -112,7 +120,7 @@ void frmMain::mnuCalcItem_Click(int Index) {
         Notify("Current file is empty", box_style::PlainSecondButton);
         return;
     }
-    if (Index != 0 || !CalculateReport(ProjectRecord)) return;
+    if (Index != 0 || !Calculated([] { return CalculateReport(ProjectRecord); })) return;
     ResultsCaller = this;
     setEnabled(false);
     LoadOutBuf0(2);
@@ -120,11 +128,11 @@ void frmMain::mnuCalcItem_Click(int Index) {
 }
 
 void frmMain::mnuCalcGrafItem_Click(int Index) {
-    if (ComputeStabilityCurves(Index)) ShowGraphForm("frmGraph", Index, this);
+    if (Calculated([&] { return ComputeStabilityCurves(Index); })) ShowGraphForm("frmGraph", Index, this);
 }
 
 void frmMain::mnuSizGrafItem_Click(int Index) {
-    if (ComputeSizingCurve(Index)) ShowGraphForm("frmGraphS", Index, this);
+    if (Calculated([&] { return ComputeSizingCurve(Index); })) ShowGraphForm("frmGraphS", Index, this);
 }
 
 void frmMain::mnuUtilItem_Click(int Index) {

@@ -8,7 +8,9 @@
 #include "core/platform/common_dialogs.h"
 #include "core/platform/platform.h"
 #include "core/program/program_help.h"
+#include "core/project/figure_range.h"
 #include "core/project/preview_record.h"
+#include "core/project/project_record.h"
 #include "core/report/print_engine.h"
 #include "core/report/report_builder.h"
 #include "core/report/results_state.h"
@@ -130,7 +132,7 @@ void frmResTxtPlt::cmdCopyAll_Click() {
 
 // The plot window enables this form again when it closes.
 void frmResTxtPlt::cmdViewPlots_Click() {
-    LoadWorkParms();
+    if (!DoneWithinRange(ProjectRecord, [this] { LoadWorkParms(); })) return;
     PlotFromResults = true;
     PlotsShown_ = true;
     setEnabled(false);

@@ -12,6 +12,8 @@
 
 #include "core/graphics/TarvoGraf.h"
 #include "core/platform/platform.h"
+#include "core/project/figure_range.h"
+#include "core/project/preview_record.h"
 #include "core/report/results_state.h"
 #include "core/runtime/checked.h"
 #include "desktop/base/form_services.h"
@@ -144,7 +146,8 @@ void frmPicture::changeEvent(QEvent* event) {
 }
 
 void frmPicture::DrawPanelPlot() {
-    ui_->client->Draw([](DrawingSurface& surface) { tarvokol::DrawPanelPlot(surface); });
+    const auto draw = [](DrawingSurface& surface) { tarvokol::DrawPanelPlot(surface); };
+    DoneWithinRange(PreviewRecord, [&] { ui_->client->Draw(draw); });
 }
 
 double frmPicture::FontSize() const {
@@ -202,7 +205,7 @@ void frmPicture::mnuPlotSetItem_Click(int Index) {
     PlotMode = static_cast<int16_t>(Index + 1);
     for (QAction* item : mnuPlotSetItem_) item->setChecked(false);
     mnuPlotSetItem_.at(static_cast<std::size_t>(Index))->setChecked(true);
-    ui_->client->Draw(DrawPillars);
+    DoneWithinRange(PreviewRecord, [this] { ui_->client->Draw(DrawPillars); });
 }
 
 // What stands on the sheet is drawn anew for the printer, which has more and finer dots than the screen.
