@@ -6,16 +6,20 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <algorithm>
 
+#include "core/messages/history_log.h"
+#include "core/runtime/file_replacement.h"
+#include "core/runtime/run_time_error.h"
+#include "core/runtime/whole_file.h"
 #include "qt/qt_text.h"
 
 namespace tarvokol {
 namespace {
 
 constexpr int kUpdateMilliseconds = 20000;
+constexpr std::size_t kLargestList = 16 * 1024 * 1024;  // bytes of a list of default programs
 
 constexpr const char* kDefaults = "[Default Applications]";
 constexpr const char* kRemoved = "[Removed Associations]";
@@ -71,11 +75,13 @@ QString EntryText(const DocumentType& type) {
            ";\nCategories=Science;Engineering;\n";
 }
 
+// A desktop that does not take the type goes without it: the program works all the same.
 void WriteText(const QString& path, const QString& text) {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) return;
-    file.write(text.toUtf8());
-    file.commit();
+    try {
+        ReplaceWholeFile(FromQt(path), text.toStdString());
+    } catch (const RunTimeError& error) {
+        LogMessage(FromQt(path) + ": " + error.text);
+    }
 }
 
 QString ReadText(const QString& path) {
@@ -121,6 +127,16 @@ void DropFormerDefault(const QString& list, const DocumentType& type) {
         QFile::remove(list);
     else
         WriteText(list, lines.join('\n'));
+}
+
+// A list that cannot be read is the user's all the same, and stays.
+void EnterDefaultProgram(const QString& list, const DocumentType& type) {
+    std::string bytes;
+    if (ReadWholeFile(FromQt(list), kLargestList, bytes) == ReadOutcome::Refused) {
+        LogMessage(FromQt(list) + ": Path/File access error");
+        return;
+    }
+    WriteText(list, WithDefaultProgram(QString::fromStdString(bytes), MimeNameOf(type), EntryName(type)));
 }
 
 // Desktops keep caches of types and entries; one without the updater reads the files themselves.
@@ -181,8 +197,7 @@ void DesktopDocumentTypes::Register(const DocumentType& type) {
     configuration.mkpath(".");
     WriteText(data.filePath("mime/packages/" + PackageName(type)), MimeText(type));
     WriteEntry(type, data.filePath("applications/" + EntryName(type)));
-    const QString list = configuration.filePath("mimeapps.list");
-    WriteText(list, WithDefaultProgram(ReadText(list), MimeNameOf(type), EntryName(type)));
+    EnterDefaultProgram(configuration.filePath("mimeapps.list"), type);
     DropFormerDefault(data.filePath("applications/mimeapps.list"), type);
     UpdateCache("update-mime-database", data.filePath("mime"));
     UpdateCache("update-desktop-database", data.filePath("applications"));

@@ -1,29 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/study_workbook.h"
 
+#include <cerrno>
 #include <cmath>
 
 #include <xlsxwriter.h>
 
+#include "core/runtime/os_errors.h"
 #include "core/runtime/run_time_error.h"
+#include "qt/workbook_file.h"
 
 namespace tarvokol {
-namespace {
-
-void Check(lxw_error result) {
-    if (result == LXW_NO_ERROR) return;
-    Raise(result == LXW_ERROR_MEMORY_MALLOC_FAILED ? error_number::OutOfMemory : error_number::DeviceIo);
-}
-
-}  // namespace
-
-StudyWorkbook::StudyWorkbook(const std::string& path) : path_(path) {
-    lxw_workbook_options options{};
-    options.constant_memory = LXW_TRUE;
-    book_ = ::workbook_new_opt(path_.c_str(), &options);
-    if (book_ == nullptr) Raise(error_number::OutOfMemory);
+StudyWorkbook::StudyWorkbook(const std::string& path) : path_(path), book_(NewWorkbook(path, true)) {
     sheet_ = ::workbook_add_worksheet(book_, nullptr);
-    if (sheet_ == nullptr) Raise(error_number::DeviceIo);
+    if (sheet_ != nullptr) return;
+    const int system_error = errno;
+    ::lxw_workbook_free(book_);
+    Raise(system_error != 0 ? ErrorNumberOfErrno(system_error, path_) : error_number::DeviceIo);
 }
 
 StudyWorkbook::~StudyWorkbook() {
@@ -35,17 +28,20 @@ void StudyWorkbook::AddTitles(const std::vector<std::string>& titles) {
     ::format_set_bold(bold);
     ::worksheet_freeze_panes(sheet_, 1, 0);
     for (const std::string& title : titles)
-        Check(::worksheet_write_string(sheet_, row_, column_++, title.c_str(), bold));
+        CountCell(::worksheet_write_string(sheet_, row_, column_++, title.c_str(), bold));
     EndRow();
 }
 
 void StudyWorkbook::AddNumber(double value) {
-    if (!std::isnan(value)) Check(::worksheet_write_number(sheet_, row_, column_, value, nullptr));
+    // A cell in a new row writes the one before it.
+    const PlainNumbers plain;
+    if (!std::isnan(value)) CountCell(::worksheet_write_number(sheet_, row_, column_, value, nullptr));
     ++column_;
 }
 
 void StudyWorkbook::AddText(const std::string& text) {
-    if (!text.empty()) Check(::worksheet_write_string(sheet_, row_, column_, text.c_str(), nullptr));
+    const PlainNumbers plain;
+    if (!text.empty()) CountCell(::worksheet_write_string(sheet_, row_, column_, text.c_str(), nullptr));
     ++column_;
 }
 
@@ -57,7 +53,13 @@ void StudyWorkbook::EndRow() {
 void StudyWorkbook::Finish() {
     lxw_workbook* book = book_;
     book_ = nullptr;
-    Check(::workbook_close(book));
+    FinishWorkbook(book, path_, cells_);
+}
+
+void StudyWorkbook::CountCell(int result) {
+    if (result == LXW_ERROR_MEMORY_MALLOC_FAILED) Raise(error_number::OutOfMemory);
+    if (result != LXW_NO_ERROR) Raise(error_number::DeviceIo);
+    ++cells_;
 }
 
 }  // namespace tarvokol

@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QXmlStreamReader>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string_view>
 
@@ -22,6 +23,8 @@ constexpr std::string_view kDirectoryEntry{"PK\x01\x02", 4};
 constexpr std::size_t kDirectoryEndSize = 22;
 constexpr std::size_t kDirectoryEntrySize = 46;
 constexpr std::size_t kLocalHeaderSize = 30;
+
+constexpr qsizetype kPiece = 65536;  // bytes unpacked at once
 
 struct Part {
     std::size_t packed_size = 0;
@@ -59,24 +62,31 @@ class Archive {
         return true;
     }
 
-    // The bytes of a part; nothing if they do not unpack to what the directory says.
-    std::optional<QByteArray> Unpack(const Part& part) const {
-        if (part.header + kLocalHeaderSize > bytes_.size()) return std::nullopt;
+    // Hands a part's bytes to `take` as they unpack; false if they are not what the directory says.
+    bool Unpack(const Part& part, const std::function<void(const QByteArray&)>& take) const {
+        if (part.header + kLocalHeaderSize > bytes_.size()) return false;
         const std::size_t start = part.header + kLocalHeaderSize + Number(part.header + 26, 2) + Number(part.header + 28, 2);
-        if (start + part.packed_size > bytes_.size() || part.size > kLargestWorkbook) return std::nullopt;
+        if (start + part.packed_size > bytes_.size()) return false;
         std::string packed(bytes_.substr(start, part.packed_size));
-        QByteArray content(static_cast<qsizetype>(part.size), '\0');
         z_stream stream{};
+        if (::inflateInit2(&stream, -MAX_WBITS) != Z_OK) return false;
         stream.next_in = reinterpret_cast<Bytef*>(packed.data());
         stream.avail_in = static_cast<uInt>(packed.size());
-        stream.next_out = reinterpret_cast<Bytef*>(content.data());
-        stream.avail_out = static_cast<uInt>(content.size());
-        if (::inflateInit2(&stream, -MAX_WBITS) != Z_OK) return std::nullopt;
-        const int result = ::inflate(&stream, Z_FINISH);
+        uLong sum = ::crc32(0, nullptr, 0);
+        std::size_t size = 0;
+        int result = Z_OK;
+        while (result == Z_OK) {
+            QByteArray piece(kPiece, '\0');
+            stream.next_out = reinterpret_cast<Bytef*>(piece.data());
+            stream.avail_out = static_cast<uInt>(piece.size());
+            result = ::inflate(&stream, Z_NO_FLUSH);
+            piece.truncate(piece.size() - static_cast<qsizetype>(stream.avail_out));
+            sum = ::crc32(sum, reinterpret_cast<const Bytef*>(piece.constData()), static_cast<uInt>(piece.size()));
+            size += static_cast<std::size_t>(piece.size());
+            take(piece);
+        }
         ::inflateEnd(&stream);
-        const uLong sum = ::crc32(0, reinterpret_cast<const Bytef*>(content.constData()), static_cast<uInt>(content.size()));
-        if (result != Z_STREAM_END || stream.avail_out != 0 || sum != part.check_sum) return std::nullopt;
-        return content;
+        return result == Z_STREAM_END && size == part.size && sum == part.check_sum;
     }
 
   private:
@@ -90,14 +100,30 @@ class Archive {
     std::string_view bytes_;
 };
 
-// Number of the cells in an XML part; nothing if it is not well formed.
-std::optional<std::size_t> CellsOf(const QByteArray& xml) {
-    QXmlStreamReader reader(xml);
-    std::size_t cells = 0;
-    while (!reader.atEnd())
-        if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == QStringLiteral("c")) ++cells;
-    if (reader.hasError()) return std::nullopt;
-    return cells;
+// Counts the cells of an XML part that comes in pieces.
+class CellCounter {
+  public:
+    void Add(const QByteArray& piece) {
+        reader_.addData(piece);
+        while (!reader_.atEnd())
+            if (reader_.readNext() == QXmlStreamReader::StartElement && reader_.name() == QStringLiteral("c")) ++cells_;
+    }
+
+    // Nothing if the part is not well formed to its end.
+    std::optional<std::size_t> Cells() const {
+        if (reader_.hasError()) return std::nullopt;
+        return cells_;
+    }
+
+  private:
+    QXmlStreamReader reader_;
+    std::size_t cells_ = 0;
+};
+
+std::optional<std::size_t> CellsOf(const Archive& archive, const Part& part) {
+    CellCounter counter;
+    if (!archive.Unpack(part, [&](const QByteArray& piece) { counter.Add(piece); })) return std::nullopt;
+    return counter.Cells();
 }
 
 }  // namespace
@@ -110,8 +136,7 @@ bool WorkbookIsWhole(const std::string& path, std::size_t cells) {
     if (!archive.FindDirectory(parts, at)) return false;
     for (std::size_t i = 0; i < parts; ++i) {
         const std::optional<Part> part = archive.NextPart(at);
-        const std::optional<QByteArray> content = part ? archive.Unpack(*part) : std::nullopt;
-        const std::optional<std::size_t> in_part = content ? CellsOf(*content) : std::nullopt;
+        const std::optional<std::size_t> in_part = part ? CellsOf(archive, *part) : std::nullopt;
         if (!in_part) return false;
         if (part->name.starts_with("xl/worksheets/")) found += *in_part;
     }
