@@ -2,6 +2,7 @@
 #include "core/project/kept_copy.h"
 
 #include <cstdlib>
+#include <map>
 #include <random>
 
 #include <gmock/gmock.h>
@@ -33,9 +34,7 @@ class KeptCopy : public ProjectTest {
     // The project as it is kept, empty if it is not.
     std::string Kept() const { return ReadBytes(KeptCopyPath(ProjectFileName)); }
 
-    long KeptFiles() const {
-        return std::distance(std::filesystem::directory_iterator(Folder / "temp"), {});
-    }
+    long KeptFiles() const { return std::distance(std::filesystem::directory_iterator(Folder / "temp"), {}); }
 
     const std::string Old = Joined(FileLines("old", {"Upper seam"}));
     const std::string New = Joined(FileLines("new", {"Lower seam", "North"}));
@@ -100,8 +99,9 @@ TEST_F(KeptCopy, ThatCannotBeMadeIsAskedAboutBeforeTheFileIsEmptied) {
     EXPECT_FALSE(FileSave());
     EXPECT_EQ(ReadBytes(ProjectFileName), Old);
     EXPECT_EQ(ProjectSaved, 0);
-    EXPECT_THAT(Messages(), ElementsAre("The present content of " + ProjectFileName +
-                                        " cannot be kept as a copy: Path not found (76).\r\nSave all the same?"));
+    EXPECT_THAT(Messages(),
+                ElementsAre("The present content of " + ProjectFileName +
+                            " cannot be kept as a copy: Path not found (76).\r\nSave all the same?"));
     EXPECT_EQ(Host.Messages.Shown[0].style, 292);
     EXPECT_EQ(Host.MainWindow.Pointer, MousePointer::Default);
     Host.Messages.Answers = {box_result::Yes};
@@ -128,8 +128,8 @@ TEST_F(KeptCopy, OfTheLastWholeContentStaysThroughARepeatedSave) {
 TEST_F(KeptCopy, IsNotReplacedByADamagedProject) {
     EXPECT_TRUE(FileSave());
     EXPECT_EQ(Kept(), Old);
-    for (const std::string& damaged : {Old.substr(0, Old.size() - 6), Old.substr(0, 20), Old.substr(0, Old.size() - 1),
-                                       std::string(Old.size(), '\0')}) {
+    for (const std::string& damaged : {Old.substr(0, Old.size() - 6), Old.substr(0, 20),
+                                       Old.substr(0, Old.size() - 1), std::string(Old.size(), '\0')}) {
         WriteBytes(ProjectFileName, damaged);
         EXPECT_TRUE(FileSave());
         EXPECT_EQ(Kept(), Old);
@@ -143,7 +143,8 @@ TEST_F(KeptCopy, IsToldWhereADamagedProjectIsOpened) {
     Host.MainWindow.History.clear();
     EXPECT_TRUE(ReadProjectFile());
     EXPECT_THAT(Host.MainWindow.History, ::testing::Not(HasSubstr("kept in")));
-    const std::string told = ". The last whole content of this project is kept in: " + KeptCopyPath(ProjectFileName) + "\r\n";
+    const std::string told =
+        ". The last whole content of this project is kept in: " + KeptCopyPath(ProjectFileName) + "\r\n";
     WriteBytes(ProjectFileName, Old.substr(0, 60));
     EXPECT_EQ(RaisedError([] { ReadProjectFile(); }), 62);
     EXPECT_THAT(Host.MainWindow.History, HasSubstr(told));
@@ -169,7 +170,8 @@ TEST_F(KeptCopy, WithASaveThatFailsAtAnyPointLosesNothing) {
                 std::string failed;
                 bool saved = false;
                 {
-                    const FailingFiles fault({.folder = Folder.string(), .at = at, .error = error, .kind = kind});
+                    const FailingFiles fault(
+                        {.folder = Folder.string(), .at = at, .error = error, .kind = kind});
                     RaisedError([&saved] { saved = FileSave(); });
                     failed = fault.Failed();
                 }
@@ -189,12 +191,81 @@ TEST_F(KeptCopy, WithASaveThatFailsAtAnyPointLosesNothing) {
     EXPECT_GE(cases, 100);
 }
 
+// The project's file and its copies, to begin again from.
+struct FilesOfASave {
+    std::string project;
+    std::map<std::string, std::string> copies;
+};
+
+class KilledSaves : public KeptCopy {
+  protected:
+    FilesOfASave Files() const {
+        FilesOfASave files{ReadBytes(ProjectFileName), {}};
+        for (const auto& entry : std::filesystem::directory_iterator(Folder / "temp"))
+            files.copies[entry.path().string()] = ReadBytes(entry.path().string());
+        return files;
+    }
+
+    void Restore(const FilesOfASave& files) const {
+        for (const auto& entry : std::filesystem::directory_iterator(Folder / "temp"))
+            std::filesystem::remove(entry.path());
+        WriteBytes(ProjectFileName, files.project);
+        for (const auto& [path, bytes] : files.copies) WriteBytes(path, bytes);
+    }
+
+    // Saves in a process of its own, which ends by SIGKILL at the file operation of that number; false if it
+    // had no so many.
+    bool SaveKilledAt(long operation, const std::string& title) {
+        ProjectTitle = title;
+        const pid_t child = ::fork();
+        if (child == 0) {
+            const FailingFiles fault({.folder = Folder.string(), .at = operation, .kind = FaultKind::Kill});
+            FileSave();
+            ::_exit(0);
+        }
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        return WIFSIGNALED(status);
+    }
+
+    static bool IsWhole(const std::string& bytes) {
+        return bytes.size() > 12 && bytes.ends_with("\r\n1.6\r\n2\r\n0.25\r\n");
+    }
+
+    bool IsLost() const { return !IsWhole(ReadBytes(ProjectFileName)) && !IsWhole(Kept()); }
+};
+
+// The next session saves over what the kill left, and is killed in its turn.
+TEST_F(KilledSaves, LoseNothingAtAnyFileOperationOfTwoSessions) {
+    const long step = std::getenv("TARVOKOL_KILLS") == nullptr ? 6 : 1;
+    long kills = 0, lost = 0;
+    FillNew();
+    const FilesOfASave start{Joined(FileLines("old", {"Upper seam"})), {}};
+    bool killed = true;
+    for (long first = 1; killed; ++first) {
+        Restore(start);
+        killed = SaveKilledAt(first, "new");
+        kills += killed;
+        lost += IsLost();
+        const FilesOfASave left = Files();
+        for (long second = 1 + first % step; SaveKilledAt(second, "newer"); second += step) {
+            ++kills;
+            lost += IsLost();
+            EXPECT_FALSE(IsLost()) << "killed at operation " << first << ", then at " << second;
+            Restore(left);
+        }
+    }
+    std::printf("%ld kills at file operations of a save, %ld lost\n", kills, lost);
+    EXPECT_EQ(lost, 0);
+    EXPECT_GE(kills, 40);
+}
+
 // Saves over and over until somebody ends the process.
 [[noreturn]] void SaveForEver() {
     while (true) FileSave();
 }
 
-TEST_F(KeptCopy, WithASaveThatIsKilledLosesNothing) {
+TEST_F(KilledSaves, LoseNothingAtAnyMoment) {
     const char* wanted = std::getenv("TARVOKOL_KILLS");
     const int kills = wanted == nullptr ? 40 : std::atoi(wanted);
     std::mt19937 random(7);
@@ -207,12 +278,8 @@ TEST_F(KeptCopy, WithASaveThatIsKilledLosesNothing) {
         ::usleep(random() % 20000);
         ::kill(child, SIGKILL);
         ::waitpid(child, nullptr, 0);
-        const auto whole = [](const std::string& bytes) {
-            return bytes.size() > 12 && bytes.ends_with("\r\n1.6\r\n2\r\n0.25\r\n");
-        };
-        const bool in_place = whole(ReadBytes(ProjectFileName));
-        if (!in_place) ++broken_off;
-        ASSERT_TRUE(in_place || whole(Kept())) << "kill " << i;
+        if (!IsWhole(ReadBytes(ProjectFileName))) ++broken_off;
+        ASSERT_FALSE(IsLost()) << "kill " << i;
     }
     std::printf("%d kills, %d saves broken off, 0 lost\n", kills, broken_off);
 }
