@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "cli/commands.h"
+#include "cli/standard_input.h"
 #include "core/program/start_up.h"
 #include "core/project/lifecycle.h"
 #include "core/project/project_state.h"
@@ -20,7 +21,7 @@ constexpr std::size_t kProgressStep = 50;
 
 // `-` alone stands for the paths on standard input, one a line.
 std::vector<std::string> ExpandFiles(const std::vector<std::string>& files) {
-    if (files.size() != 1 || files.front() != "-") return files;
+    if (files.size() != 1 || files.front() != kStandardStream) return files;
     std::vector<std::string> listed;
     for (std::string line; std::getline(std::cin, line);) {
         if (!line.empty() && line.back() == '\r') line.pop_back();
@@ -38,7 +39,7 @@ std::string NativeLineEnds(const std::string& text) {
 
 BulkRun::BulkRun(Options options, HeadlessPlatform& host, const OutputTarget& target)
     : options_(std::move(options)), host_(host), target_(target) {
-    options_.files = ExpandFiles(options_.files);
+    if (!options_.stdin_project) options_.files = ExpandFiles(options_.files);
     target_.RequireRoomFor(options_.files.size());
 }
 
@@ -71,23 +72,25 @@ BulkRun::Outcome BulkRun::RunOne(const std::string& file, const FileWork& work) 
     return outcome;
 }
 
-Json BulkRun::ObjectOf(const std::string& file, const Outcome& outcome) const {
-    Json object;
-    object["file"] = file;
-    object["ok"] = outcome.result.ok && outcome.error_number == 0;
-    object["messages"] = Json::array();
-    for (const BoxRequest& box : host_.Messages.Shown) object["messages"].push_back(box.message);
+std::string BulkRun::ObjectLine(const std::string& file, const Outcome& outcome) const {
+    std::vector<std::string> messages;
+    for (const BoxRequest& box : host_.Messages.Shown) messages.push_back(box.message);
+    JsonMembers object;
+    object.Add("file", file);
+    object.Add("ok", outcome.result.ok && outcome.error_number == 0);
+    object.Add("messages", messages);
     if (outcome.error_number != 0)
-        object["error"] = Json{{"number", outcome.error_number}, {"text", outcome.error_text}};
-    object.update(outcome.result.keys);
-    return object;
+        object.Add("error", Json{{"number", outcome.error_number}, {"text", outcome.error_text}});
+    object.Append(outcome.result.keys);
+    object.Add("schema", kSchemaVersion);
+    return object.Object() + '\n';
 }
 
 void BulkRun::Report(const std::string& file, const Outcome& reported) {
     Outcome outcome = reported;
     if (target_.Format() == ".json") {
         try {
-            target_.WriteBytes(target_.PathFor(file), JsonLine(ObjectOf(file, outcome)));
+            target_.WriteBytes(target_.PathFor(file), ObjectLine(file, outcome));
         } catch (const OutputError& error) {
             outcome.not_written = true;
             outcome.error_number = error.number;
@@ -98,7 +101,7 @@ void BulkRun::Report(const std::string& file, const Outcome& reported) {
     any_not_written_ = any_not_written_ || outcome.not_written;
     if (!outcome.result.comment.empty()) std::cerr << file << ": " << outcome.result.comment << '\n';
     if (options_.json) {
-        std::cout << JsonLine(ObjectOf(file, outcome));
+        std::cout << ObjectLine(file, outcome);
         return;
     }
     for (const BoxRequest& box : host_.Messages.Shown)
@@ -116,9 +119,11 @@ void BulkRun::ShowProgress(std::size_t done) const {
 }
 
 bool OpenProject(const std::string& file) {
-    ProjectFileName = file;
-    PreviousFileName = file;
-    return FileOpen();
+    ProjectFileName = PathToOpen(file);
+    PreviousFileName = ProjectFileName;
+    const bool opened = FileOpen();
+    if (opened) ProjectFileName = PreviousFileName = file;
+    return opened;
 }
 
 }  // namespace tarvokol::cli

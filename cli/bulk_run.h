@@ -16,7 +16,7 @@ namespace tarvokol::cli {
 // What a command hands back for one FILE.
 struct FileResult {
     bool ok = true;
-    Json keys = Json::object();  // added to the object behind "file", "ok" and "messages"
+    JsonMembers keys;            // added to the object behind "file", "ok" and "messages"
     std::string text;            // for people, where the result goes to standard output
     std::string note;            // for people, wherever it goes
     std::string comment;         // beside the result, on standard error
@@ -31,6 +31,9 @@ class BulkRun {
     // The target of format ".json" receives the JSON object of each FILE, too.
     BulkRun(Options options, HeadlessPlatform& host, const OutputTarget& target);
 
+    // The results of several projects follow one another on standard output.
+    bool ProjectsGoTogether() const { return options_.files.size() > 1 && target_.IsOneTable(); }
+
     // Runs the work on every FILE in turn; returns the exit status.
     int Run(const FileWork& work);
 
@@ -44,7 +47,7 @@ class BulkRun {
     };
 
     Outcome RunOne(const std::string& file, const FileWork& work);
-    Json ObjectOf(const std::string& file, const Outcome& outcome) const;
+    std::string ObjectLine(const std::string& file, const Outcome& outcome) const;
     void Report(const std::string& file, const Outcome& outcome);
     void ShowProgress(std::size_t done) const;
 

@@ -11,11 +11,15 @@
 #include <CLI/CLI.hpp>
 #include <unistd.h>
 
+#include "cli/arguments.h"
+#include "cli/build_name.h"
 #include "cli/commands.h"
+#include "cli/nearest_word.h"
+#include "cli/standard_input.h"
 #include "core/headless/headless_platform.h"
-#include "core/report/report_builder.h"
 #include "core/runtime/os_errors.h"
 #include "core/runtime/run_time_error.h"
+#include "core/studies/study_numbers.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -30,13 +34,24 @@ void AddSettings(CLI::App& command, Options& options) {
         ->check(CLI::ExistingFile)
         ->type_name("FILE.INI");
     command.add_flag("--json", options.json, "Print JSON Lines, one object a FILE");
-    command.add_flag("--quiet", options.quiet, "No progress line");
+    command.add_flag("-q,--quiet", options.quiet, "No progress line");
 }
 
-void AddFiles(CLI::App& command, Options& options, const std::string& output_help) {
-    AddSettings(command, options);
-    command.add_option("-o", options.output, output_help)->type_name("PATH");
+void AddOutput(CLI::App& command, Options& options, const std::string& output_help,
+               const std::vector<std::string>& formats) {
+    command.add_option("-o,--output", options.output, output_help + "; `-`: standard output")->type_name("PATH");
+    if (!formats.empty())
+        command.add_option("--format", options.format, "Of standard output, or of the files in a folder")
+            ->check(CLI::IsMember(formats))
+            ->type_name("FORMAT");
     command.add_flag("--force", options.force, "Replace existing files");
+    command.add_flag("--stdin-project", options.stdin_project, "The project `-` is read from standard input");
+}
+
+void AddFiles(CLI::App& command, Options& options, const std::string& output_help,
+              const std::vector<std::string>& formats) {
+    AddSettings(command, options);
+    AddOutput(command, options, output_help, formats);
     command.add_option("FILE", options.files, "Projects; `-` alone reads their paths from standard input")
         ->required()
         ->type_name("");
@@ -44,15 +59,15 @@ void AddFiles(CLI::App& command, Options& options, const std::string& output_hel
 
 void AddFileCommands(CLI::App& app, Options& options, HeadlessPlatform& host, Command& chosen) {
     auto* results = app.add_subcommand("results", "Input check, analysis and report");
-    AddFiles(*results, options, "Write the report: .txt, .pdf or .json, or a folder");
+    AddFiles(*results, options, "Write the report: .txt, .pdf or .json, or a folder", {"txt", "pdf", "json"});
     results->callback([&] { chosen = [&] { return RunResults(options, host); }; });
 
     auto* size = app.add_subcommand("size", "Suggested web and barrier sizes");
-    AddFiles(*size, options, "Write the sizes: .json, or a folder");
+    AddFiles(*size, options, "Write the sizes: .json, or a folder", {"json"});
     size->callback([&] { chosen = [&] { return RunSize(options, host); }; });
 
     auto* save = app.add_subcommand("save", "Read a project and write it again");
-    AddFiles(*save, options, "The file or folder to write (required)");
+    AddFiles(*save, options, "The file or folder to write (required)", {});
     save->callback([&] { chosen = [&] { return RunSave(options, host); }; });
 }
 
@@ -63,7 +78,8 @@ void AddCurveCommand(CLI::App& app, Options& options, HeadlessPlatform& host, Co
         ->required()
         ->check(CLI::IsMember({"sf-height", "sf-depth", "sf-hole", "web", "barrier"}))
         ->type_name("");
-    AddFiles(*curve, options, "Write the curve: .csv, .xlsx, .png, .svg, .pdf or .json, or a folder");
+    AddFiles(*curve, options, "Write the curve: .csv, .xlsx, .png, .svg, .pdf or .json, or a folder",
+             {"csv", "xlsx", "png", "svg", "pdf", "json"});
     curve->callback([&] { chosen = [&] { return RunCurve(options, host, kind); }; });
 }
 
@@ -77,7 +93,8 @@ void AddPlanCommand(CLI::App& app, Options& options, HeadlessPlatform& host, Com
     plan->add_option("--view", view, "Drawn as in the plot window or in the parameters dialog")
         ->check(CLI::IsMember({"window", "preview"}))
         ->capture_default_str();
-    AddFiles(*plan, options, "Write the plan: .svg, .png, .pdf or .json, or a folder");
+    AddFiles(*plan, options, "Write the plan: .svg, .png, .pdf, .csv or .json, or a folder",
+             {"svg", "png", "pdf", "csv", "json"});
     plan->callback([&] { chosen = [&] { return RunPlan(options, host, mode, view); }; });
 }
 
@@ -87,7 +104,7 @@ void AddConvertCommand(CLI::App& app, Options& options, HeadlessPlatform& host, 
     convert->add_option("--to", target, "Target unit system")
         ->required()
         ->check(CLI::IsMember({"english", "metric"}));
-    AddFiles(*convert, options, "The file or folder to write (default: beside the original)");
+    AddFiles(*convert, options, "The file or folder to write (default: beside the original)", {});
     convert->callback([&] { chosen = [&] { return RunConvert(options, host, target); }; });
 }
 
@@ -117,21 +134,27 @@ void AddSettingsCommand(CLI::App& app, Options& options, Command& chosen) {
     settings->callback([&] { chosen = [&] { return RunSettings(options.json, options.settings); }; });
 }
 
-void AddStudy(CLI::App& command, StudyOptions& options, const std::string& output_help) {
+// A number of threads in plain digits; the library would read 010 as 8.
+std::string WhyNoThreads(const std::string& text) {
+    constexpr double kMost = 1024;
+    const bool digits = !text.empty() && text.front() != '0' &&
+                        text.find_first_not_of("0123456789") == std::string::npos;
+    if (digits && WholeNumber(text).value_or(kMost + 1) <= kMost) return "";
+    return "\"" + text + "\" is not a whole number from 1 to 1024";
+}
+
+void AddStudy(CLI::App& command, StudyOptions& options, const std::string& output_help,
+              const std::vector<std::string>& formats) {
     AddSettings(command, options.common);
-    command.add_option("-o,--output", options.common.output, output_help)->type_name("PATH");
-    command.add_flag("--force", options.common.force, "Replace existing files");
+    AddOutput(command, options.common, output_help, formats);
     command.add_option("--threads", options.threads, "Threads to calculate on (default: one a core)")
         ->type_name("N")
-        ->check(CLI::Range(1U, 1024U));
+        ->check(WhyNoThreads);
     command.add_option("PROJECT", options.project, "The project to start from")->required()->type_name("");
 }
 
 void AddRowOptions(CLI::App& command, StudyOptions& options) {
     command.add_flag("--size", options.sizes, "The suggested sizes, too: SuggestedWeb and SuggestedBarrier, inches");
-    command.add_option("--format", options.format, "Of standard output: csv or json")
-        ->check(CLI::IsMember({"csv", "json"}))
-        ->type_name("FORMAT");
 }
 
 constexpr const char* kFieldsFooter =
@@ -140,7 +163,8 @@ constexpr const char* kFieldsFooter =
 
 void AddSweepCommand(CLI::App& app, StudyOptions& options, HeadlessPlatform& host, Command& chosen) {
     auto* sweep = app.add_subcommand("sweep", "Every combination of the values that fields of a project are given");
-    AddStudy(*sweep, options, "Write rows (.csv, .json, .xlsx) or a picture (.png, .svg, .pdf)");
+    AddStudy(*sweep, options, "Write rows (.csv, .json, .xlsx) or a picture (.png, .svg, .pdf)",
+             {"csv", "json", "xlsx", "png", "svg", "pdf"});
     AddRowOptions(*sweep, options);
     sweep
         ->add_option("--vary", options.vary,
@@ -165,7 +189,7 @@ void AddSweepCommand(CLI::App& app, StudyOptions& options, HeadlessPlatform& hos
 
 void AddTableCommand(CLI::App& app, StudyOptions& options, HeadlessPlatform& host, Command& chosen) {
     auto* table = app.add_subcommand("table", "A table of panels: each row of a CSV file sets some fields of a project");
-    AddStudy(*table, options, "Write the rows: .csv, .json or .xlsx");
+    AddStudy(*table, options, "Write the rows: .csv, .json or .xlsx", {"csv", "json", "xlsx"});
     AddRowOptions(*table, options);
     table->add_option("ROWS.csv", options.rows,
                       "The table: a header with names of fields and any other columns; `-` reads standard input")
@@ -181,7 +205,8 @@ void AddTableCommand(CLI::App& app, StudyOptions& options, HeadlessPlatform& hos
 
 void AddRiskCommand(CLI::App& app, StudyOptions& options, HeadlessPlatform& host, Command& chosen) {
     auto* risk = app.add_subcommand("risk", "How likely the factors lie below their targets when figures are uncertain");
-    AddStudy(*risk, options, "Write the summary (.txt, .json) or a picture (.png, .svg, .pdf)");
+    AddStudy(*risk, options, "Write the summary (.txt, .json) or a picture (.png, .svg, .pdf)",
+             {"txt", "json", "png", "svg", "pdf"});
     risk->add_option("--random", options.random,
                      "FIELD=normal:MEAN:SD, lognormal:MEAN:SD, uniform:LO:HI or triangular:LO:MODE:HI; a figure that "
                      "ends in % is a share of the project's own; once a field")
@@ -206,46 +231,10 @@ void AddRiskCommand(CLI::App& app, StudyOptions& options, HeadlessPlatform& host
     risk->callback([&] { chosen = [&] { return RunRiskCommand(options, host); }; });
 }
 
-// A negative number that is an argument by itself is a VALUE, no option: it goes to the end, behind "--".
-void ProtectNegativeValue(std::vector<std::string>& arguments) {
-    const auto end = std::find(arguments.begin(), arguments.end(), "--");
-    const auto found = std::find_if(arguments.begin(), end, [](const std::string& word) {
-        return word.size() > 1 && word[0] == '-' && word.find_first_of("0123456789. ", 1) == 1;
-    });
-    if (found == end) return;
-    const std::string value = *found;
-    if (end == arguments.end()) arguments.emplace_back("--");
-    arguments.erase(std::find(arguments.begin(), arguments.end(), value));
-    arguments.push_back(value);
-}
-
-// CLI11 takes a word in square brackets for a list. With this at its end, which no argument can hold, a path
-// of that form stays whole.
-constexpr char kNoList = '\0';
-
-void ProtectBrackets(std::vector<std::string>& arguments) {
-    for (std::string& word : arguments)
-        if (word.size() > 1 && word.front() == '[' && word.back() == ']') word += kNoList;
-}
-
-void Unprotect(std::string& word) {
-    if (!word.empty() && word.back() == kNoList) word.pop_back();
-}
-
 void UnprotectPaths(Options& options) {
     for (std::string& file : options.files) Unprotect(file);
     Unprotect(options.output);
     Unprotect(options.settings);
-}
-
-std::vector<std::string> Arguments(int argc, char** argv) {
-    std::vector<std::string> arguments(argv + 1, argv + argc);
-    const std::string command = arguments.empty() ? "" : arguments.front();
-    if (command == "units")
-        ProtectNegativeValue(arguments);
-    else if (command != "settings")
-        ProtectBrackets(arguments);
-    return {arguments.rbegin(), arguments.rend()};  // CLI11 takes them last first
 }
 
 // What could not be printed to standard output is an output that could not be written. Some systems tell only when a
@@ -260,15 +249,69 @@ int StatusOfOutput(int status) {
     return exit_status::NotWritten;
 }
 
+// Standard output as text is what comes without -o; as JSON it is what --json prints.
+void SettleStandardOutput(Options& options) {
+    if (!options.format.empty() && options.output.empty()) options.output = kStandardStream;
+    if (options.output != kStandardStream) return;
+    if (options.format == "json") options.json = true;
+    if (options.format.empty() || options.format == "json") options.output.clear();
+}
+
 // The configuration file is read before anything is done, also for a command that asks no setting.
 int RunChosen(const Command& chosen, const Options& options) {
     try {
+        AdmitStandardProject(options);
         ReadConfiguration(options.settings);
         return chosen();
     } catch (const UsageError& error) {
         std::cerr << error.text << '\n';
         return exit_status::WrongUsage;
     }
+}
+
+std::vector<std::string> CommandNames(CLI::App& app) {
+    std::vector<std::string> names;
+    for (const CLI::App* command : app.get_subcommands([](CLI::App*) { return true; }))
+        names.push_back(command->get_name());
+    return names;
+}
+
+std::string DidYouMean(const std::string& nearest) {
+    return nearest.empty() ? "" : "; did you mean " + nearest + "?";
+}
+
+int TellWrongWord(const std::string& word, const std::string& kind, const std::string& nearest) {
+    std::cerr << word << " is no " << kind << DidYouMean(nearest) << "\nRun with --help for more information.\n";
+    return exit_status::WrongUsage;
+}
+
+// The first option given that the command named does not have; empty if there is none.
+std::string UnknownOption(const CLI::App& app) {
+    for (const std::string& word : app.remaining(true))
+        if (word.size() > 1 && word.front() == '-' && word != "--") return word.substr(0, word.find('='));
+    return "";
+}
+
+int TellUnknownOption(CLI::App& app, const std::string& word) {
+    const auto named = app.get_subcommands();
+    const CLI::App& owner = named.empty() ? app : *named.front();
+    std::vector<std::string> known;
+    for (const CLI::Option* option : owner.get_options())
+        for (const std::string& name : option->get_lnames()) known.push_back("--" + name);
+    if (std::count(known.begin(), known.end(), word) > 0) {
+        std::cerr << word << ": the options of a command stand behind its name\n";
+        return exit_status::WrongUsage;
+    }
+    const std::string kind = named.empty() ? "option" : "option of " + owner.get_name();
+    return TellWrongWord(word, kind, word.starts_with("--") ? NearestWord(word, known) : "");
+}
+
+// What the library tells of arguments that it cannot read, and of questions such as --help; but for words that are
+// meant to be others.
+int StatusOfParseError(CLI::App& app, const CLI::ParseError& error) {
+    const std::string option = error.get_exit_code() == 0 ? "" : UnknownOption(app);
+    if (!option.empty()) return TellUnknownOption(app, option);
+    return app.exit(error) == 0 ? exit_status::Done : exit_status::WrongUsage;
 }
 
 }  // namespace
@@ -280,7 +323,7 @@ int RunCommandLine(int argc, char** argv) {
     Options options;
     Command chosen;
     CLI::App app("Stability design of highwall mining panels, without a window", "tarvokol-cli");
-    app.set_version_flag("--version", "tarvokol-cli " + VersionString());
+    app.set_version_flag("--version", BuildName());
     app.require_subcommand(1);
     AddFileCommands(app, options, host, chosen);
     AddCurveCommand(app, options, host, chosen);
@@ -292,15 +335,24 @@ int RunCommandLine(int argc, char** argv) {
     AddSweepCommand(app, study, host, chosen);
     AddTableCommand(app, study, host, chosen);
     AddRiskCommand(app, study, host, chosen);
+    const std::string command = argc > 1 ? argv[1] : "";
+    const std::vector<std::string> known = CommandNames(app);
+    if (argc > 1 && !command.starts_with('-') && std::count(known.begin(), known.end(), command) == 0)
+        return TellWrongWord('"' + command + '"', "command", NearestWord(command, known));
     try {
         app.parse(Arguments(argc, argv));
     } catch (const CLI::ParseError& error) {
-        return StatusOfOutput(app.exit(error) == 0 ? exit_status::Done : exit_status::WrongUsage);
+        return StatusOfOutput(StatusOfParseError(app, error));
     }
     UnprotectPaths(options);
     UnprotectPaths(study.common);
     for (std::string* path : {&study.project, &study.rows, &study.samples_out}) Unprotect(*path);
-    return StatusOfOutput(RunChosen(chosen, options));
+    study.common.files = {study.project};
+    const bool has_formats = app.get_subcommands().front()->get_option_no_throw("--format") != nullptr;
+    for (Options* given : {&options, &study.common})
+        if (has_formats) SettleStandardOutput(*given);
+    const bool is_study = !study.project.empty();
+    return StatusOfOutput(RunChosen(chosen, is_study ? study.common : options));
 }
 
 }  // namespace tarvokol::cli

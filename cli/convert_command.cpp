@@ -36,16 +36,19 @@ FileResult ConvertOne(const std::string& file, const std::string& target_name, c
     ConvertProject();
     const std::string output =
         target.ToFile() ? target.PathFor(file, ProjectFileName) : BesideOriginal(file, ProjectFileName);
-    result.keys["output"] = output;
-    result.keys["project"] = ProjectJson();
+    result.keys.Add("output", output);
+    result.keys.Add("project", ProjectJson());
+    result.keys.Add("units", ProjectUnitsJson());
     target.WriteProject(output);
-    result.note = file + ": " + output + "\n";
+    if (!target.ToStandardOutput()) result.note = file + ": " + output + "\n";
     return result;
 }
 
 }  // namespace
 
 int RunConvert(const Options& options, HeadlessPlatform& host, const std::string& target_name) {
+    if (options.stdin_project && options.output.empty())
+        throw UsageError{"--stdin-project: name the converted project with -o, - for standard output"};
     const OutputTarget target(options, {});
     BulkRun run(options, host, target);
     return run.Run([&](const std::string& file) { return ConvertOne(file, target_name, target); });

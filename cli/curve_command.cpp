@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <optional>
+
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
 #include "cli/drawing.h"
+#include "core/messages/notify.h"
+#include "core/platform/message_box.h"
 #include "core/project/curves.h"
 #include "core/settings/unit_system.h"
 #include "core/graphics/curve_export.h"
@@ -34,24 +38,67 @@ std::vector<std::string> LegendNames(GraphFamily family) {
     return names;
 }
 
-void AddCurves(Json& keys, const CurveRequest& request, const ChartModel& chart) {
-    keys["CurveCount"] = CurveCount;
-    keys["CurvePoints"] = CurvePoints;
-    Json columns = Json::array();
+std::string ColumnsJson() {
+    std::string columns = "[";
     for (int column = 0; column <= CurveCount; ++column) {
-        Json values = Json::array();
-        for (long row = 1; row <= CurvePoints; ++row)
-            values.push_back(NumberJson(static_cast<double>(CurveData(column, row))));
-        columns.push_back(std::move(values));
+        columns += column == 0 ? "[" : ",[";
+        for (long row = 1; row <= CurvePoints; ++row) {
+            if (row > 1) columns += ',';
+            AppendNumber(columns, static_cast<double>(CurveData(column, row)));
+        }
+        columns += ']';
     }
-    keys["CurveData"] = std::move(columns);
-    keys["CurveNames"] = LegendNames(request.family);
-    keys["XAxisTitle"] = chart.AxisTitle(ChartAxis::X);
-    keys["YAxisTitle"] = chart.AxisTitle(ChartAxis::Y);
-    const std::string curve_unit = CurveUnit(request.family);
-    keys["units"]["X"] = UnitSystem == 0 ? "ft" : "m";
-    for (const std::string& name : LegendNames(request.family)) keys["units"][name] = curve_unit;
+    return columns + ']';
 }
+
+void AddCurves(JsonMembers& keys, const CurveRequest& request, const ChartModel& chart) {
+    const std::vector<std::string> names = LegendNames(request.family);
+    keys.Add("CurveCount", CurveCount);
+    keys.Add("CurvePoints", CurvePoints);
+    keys.AddWritten("CurveData", ColumnsJson());
+    keys.Add("CurveNames", names);
+    keys.Add("XAxisTitle", chart.AxisTitle(ChartAxis::X));
+    keys.Add("YAxisTitle", chart.AxisTitle(ChartAxis::Y));
+    JsonMembers units;
+    units.Add("X", UnitSystem == 0 ? "ft" : "m");
+    for (const std::string& name : names) units.Add(name, CurveUnit(request.family));
+    keys.Add("units", units);
+}
+
+// The names of the columns, with their unit where they have one.
+std::vector<std::string> ColumnNames(GraphFamily family) {
+    std::vector<std::string> names = LegendNames(family);
+    const std::string unit = CurveUnit(family);
+    for (std::string& name : names)
+        if (!unit.empty()) name += " (" + unit + ")";
+    return names;
+}
+
+// Curves as CSV: those of one project, or those of all in one table, which names the project in front of each row.
+class CurveCsv {
+  public:
+    explicit CurveCsv(bool one_table) : one_table_(one_table) {}
+
+    // The curve table as it stands. Nothing, told by a message, for a project whose unit system is not that of the
+    // table's first.
+    std::optional<std::string> Of(const std::string& file, const std::string& x_name, GraphFamily family) {
+        if (!one_table_) return CurveTableCsv(x_name, ColumnNames(family));
+        const std::string csv = CurveTableCsv(x_name, ColumnNames(family), file);
+        if (!unit_system_) {
+            unit_system_ = UnitSystem;
+            return csv;
+        }
+        if (*unit_system_ == UnitSystem) return csv.substr(csv.find('\n') + 1);
+        const std::string system = UnitSystem == 0 ? "English" : "Metric";
+        Notify("The project is in " + system + " units and the table in others; run it by itself, or convert it",
+               box_style::Plain);
+        return std::nullopt;
+    }
+
+  private:
+    bool one_table_;
+    std::optional<int16_t> unit_system_;
+};
 
 void WriteCurve(const OutputTarget& target, const std::string& path, const CurveRequest& request,
                 const ChartModel& chart, const std::string& csv) {
@@ -68,7 +115,8 @@ void WriteCurve(const OutputTarget& target, const std::string& path, const Curve
     }
 }
 
-FileResult CurveOf(const std::string& file, const CurveRequest& request, const OutputTarget& target) {
+FileResult CurveOf(const std::string& file, const CurveRequest& request, const OutputTarget& target,
+                   CurveCsv& table) {
     FileResult result;
     result.ok = OpenProject(file) && Compute(request);
     if (!result.ok) return result;
@@ -76,8 +124,11 @@ FileResult CurveOf(const std::string& file, const CurveRequest& request, const O
     InitGraph(chart, request.family, request.index);
     DrawCurves(chart, request.family);
     AddCurves(result.keys, request, chart);
+    const auto csv = table.Of(file, chart.AxisTitle(ChartAxis::X), request.family);
+    result.ok = csv.has_value();
+    if (!result.ok) return result;
     result.comment = chart.Note();
-    result.text = CurveTableCsv(chart.AxisTitle(ChartAxis::X), LegendNames(request.family));
+    result.text = *csv;
     if (target.ToFile()) WriteCurve(target, target.PathFor(file), request, chart, result.text);
     return result;
 }
@@ -89,7 +140,8 @@ int RunCurve(const Options& options, HeadlessPlatform& host, const std::string& 
     if (target.IsDrawn()) TheDrawing();
     BulkRun run(options, host, target);
     const CurveRequest request = RequestOf(kind);
-    return run.Run([&](const std::string& file) { return CurveOf(file, request, target); });
+    CurveCsv table(!options.json && run.ProjectsGoTogether());
+    return run.Run([&](const std::string& file) { return CurveOf(file, request, target, table); });
 }
 
 }  // namespace tarvokol::cli

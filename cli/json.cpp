@@ -2,11 +2,12 @@
 #include "cli/json.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
+#include <cstdint>
 
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
+#include "core/studies/study_numbers.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -14,22 +15,44 @@ namespace {
 // Up to here every whole double has an integer of the same digits.
 constexpr double kLargestWhole = 1e15;
 
-// The library's own form of a double is now and then a digit longer than needed.
-void AppendShortest(std::string& text, double value) {
-    char buffer[32];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
-    text.append(buffer, result.ptr);
+bool IsWhole(double value) {
+    return value == std::floor(value) && std::fabs(value) < kLargestWhole;
 }
 
-// Keys and most texts stand in JSON as they are; the library is asked about the others only.
-bool NeedsNoEscape(const std::string& text) {
-    return std::all_of(text.begin(), text.end(),
-                       [](char c) { return c >= ' ' && c <= '~' && c != '"' && c != '\\'; });
+bool IsAscii(const std::string& text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-std::string Quoted(const std::string& text) {
-    if (NeedsNoEscape(text)) return '"' + text + '"';
-    return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
+// What JSON writes for a character of ASCII that may not stand in a text as it is; empty for the others.
+std::string_view Escape(char c) {
+    switch (c) {
+        case '"': return "\\\"";
+        case '\\': return "\\\\";
+        case '\b': return "\\b";
+        case '\f': return "\\f";
+        case '\n': return "\\n";
+        case '\r': return "\\r";
+        case '\t': return "\\t";
+        default: return "";
+    }
+}
+
+std::string QuotedAscii(const std::string& text) {
+    constexpr const char* kDigits = "0123456789abcdef";
+    std::string quoted(1, '"');
+    quoted.reserve(text.size() + text.size() / 8 + 2);
+    for (const char c : text) {
+        if (c >= ' ' && c != '"' && c != '\\') {
+            quoted += c;
+        } else if (const std::string_view escape = Escape(c); !escape.empty()) {
+            quoted += escape;
+        } else {
+            quoted += "\\u00";
+            quoted += kDigits[c / 16];
+            quoted += kDigits[c % 16];
+        }
+    }
+    return quoted + '"';
 }
 
 void Append(std::string& text, const Json& value);
@@ -38,7 +61,7 @@ void AppendObject(std::string& text, const Json& object) {
     text += '{';
     for (const auto& [key, value] : object.items()) {
         if (text.back() != '{') text += ',';
-        text += Quoted(key) + ':';
+        text += JsonText(key) + ':';
         Append(text, value);
     }
     text += '}';
@@ -59,9 +82,9 @@ void Append(std::string& text, const Json& value) {
     else if (value.is_array())
         AppendArray(text, value);
     else if (value.is_string())
-        text += Quoted(value.get_ref<const std::string&>());
+        text += JsonText(value.get_ref<const std::string&>());
     else if (value.is_number_float())
-        AppendShortest(text, value.get<double>());
+        AppendShortest(text, value.get<double>());  // the library's own form is now and then a digit longer
     else
         text += value.dump();
 }
@@ -70,9 +93,23 @@ void Append(std::string& text, const Json& value) {
 
 Json NumberJson(double value) {
     if (!std::isfinite(value)) return nullptr;
-    if (value == std::floor(value) && std::fabs(value) < kLargestWhole)
-        return static_cast<std::int64_t>(value);
+    if (IsWhole(value)) return static_cast<std::int64_t>(value);
     return value;
+}
+
+void AppendNumber(std::string& text, double value) {
+    if (!std::isfinite(value))
+        text += "null";
+    else if (IsWhole(value))
+        text += std::to_string(static_cast<std::int64_t>(value));
+    else
+        AppendShortest(text, value);
+}
+
+// The library knows what is no UTF-8.
+std::string JsonText(const std::string& text) {
+    if (IsAscii(text)) return QuotedAscii(text);
+    return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
 std::string JsonLine(const Json& object) {
@@ -81,25 +118,84 @@ std::string JsonLine(const Json& object) {
     return line + "\n";
 }
 
-Json ProjectJson() {
+void JsonMembers::AddKey(std::string_view key) {
+    if (!text_.empty()) text_ += ',';
+    text_ += '"';
+    text_ += key;
+    text_ += "\":";
+}
+
+void JsonMembers::Add(std::string_view key, double value) {
+    AddKey(key);
+    AppendNumber(text_, value);
+}
+
+void JsonMembers::Add(std::string_view key, const std::vector<std::string>& values) {
+    AddKey(key);
+    text_ += '[';
+    for (const std::string& value : values) {
+        if (&value != &values.front()) text_ += ',';
+        text_ += JsonText(value);
+    }
+    text_ += ']';
+}
+
+void JsonMembers::Add(std::string_view key, const JsonMembers& object) {
+    AddKey(key);
+    text_ += '{';
+    text_ += object.text_;
+    text_ += '}';
+}
+
+void JsonMembers::Add(std::string_view key, const Json& value) {
+    AddKey(key);
+    ::tarvokol::cli::Append(text_, value);
+}
+
+void JsonMembers::AddWritten(std::string_view key, std::string_view value) {
+    AddKey(key);
+    text_ += value;
+}
+
+void JsonMembers::Append(const JsonMembers& other) {
+    if (!text_.empty() && !other.text_.empty()) text_ += ',';
+    text_ += other.text_;
+}
+
+JsonMembers ProjectJson() {
     const PanelInputs& record = ProjectRecord;
-    return Json{{"UnitSystem", UnitSystem},
-                {"ProjectTitle", ProjectTitle},
-                {"ProjectDescription", ProjectDescription},
-                {"Height", NumberJson(record.Height)},
-                {"DepthCover", NumberJson(record.DepthCover)},
-                {"HoleWidth", NumberJson(record.HoleWidth)},
-                {"CrosscutSpacing", NumberJson(record.CrosscutSpacing)},
-                {"CrosscutAngle", NumberJson(record.CrosscutAngle)},
-                {"WebThickness", NumberJson(record.WebThickness)},
-                {"BarrierPillarWidth", NumberJson(record.BarrierPillarWidth)},
-                {"NumberHoles", record.NumberHoles},
-                {"CoalStrength", NumberJson(record.CoalStrength)},
-                {"UnitWeight", NumberJson(record.UnitWeight)},
-                {"AbutmentAngle", NumberJson(record.AbutmentAngle)},
-                {"SFWeb", NumberJson(static_cast<double>(record.SFWeb))},
-                {"SFBarrier", NumberJson(static_cast<double>(record.SFBarrier))},
-                {"SpareSingle", NumberJson(static_cast<double>(record.SpareSingle))}};
+    JsonMembers members;
+    members.Add("UnitSystem", UnitSystem);
+    members.Add("ProjectTitle", ProjectTitle);
+    members.Add("ProjectDescription", ProjectDescription);
+    members.Add("Height", record.Height);
+    members.Add("DepthCover", record.DepthCover);
+    members.Add("HoleWidth", record.HoleWidth);
+    members.Add("CrosscutSpacing", record.CrosscutSpacing);
+    members.Add("CrosscutAngle", record.CrosscutAngle);
+    members.Add("WebThickness", record.WebThickness);
+    members.Add("BarrierPillarWidth", record.BarrierPillarWidth);
+    members.Add("NumberHoles", record.NumberHoles);
+    members.Add("CoalStrength", record.CoalStrength);
+    members.Add("UnitWeight", record.UnitWeight);
+    members.Add("AbutmentAngle", record.AbutmentAngle);
+    members.Add("SFWeb", static_cast<double>(record.SFWeb));
+    members.Add("SFBarrier", static_cast<double>(record.SFBarrier));
+    members.Add("SpareSingle", static_cast<double>(record.SpareSingle));
+    return members;
+}
+
+JsonMembers ProjectUnitsJson() {
+    const bool english = UnitSystem == 0;
+    JsonMembers units;
+    for (const char* length : {"Height", "DepthCover", "HoleWidth", "CrosscutSpacing"})
+        units.Add(length, english ? "ft" : "m");
+    units.Add("CrosscutAngle", "degrees");
+    for (const char* length : {"WebThickness", "BarrierPillarWidth"}) units.Add(length, english ? "ft" : "m");
+    units.Add("CoalStrength", english ? "psi" : "MPa");
+    units.Add("UnitWeight", english ? "pcf" : "kN/m3");
+    units.Add("AbutmentAngle", "degrees");
+    return units;
 }
 
 }  // namespace tarvokol::cli

@@ -2,16 +2,23 @@
 #include "cli/output_target.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cstdlib>
 #include <filesystem>
+#include <iostream>
 #include <system_error>
 #include <utility>
 
+#include <unistd.h>
+
+#include "cli/standard_input.h"
 #include "core/project/project_file.h"
 #include "core/project/project_state.h"
 #include "core/runtime/file_replacement.h"
 #include "core/runtime/file_system.h"
 #include "core/runtime/os_errors.h"
 #include "core/runtime/run_time_error.h"
+#include "core/runtime/whole_file.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -30,32 +37,72 @@ std::string Joined(const std::vector<std::string>& words) {
     return text;
 }
 
+// A folder of this run's own for one file, gone with everything in it when this is.
+class ScratchFolder {
+  public:
+    ScratchFolder() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "tarvokol-XXXXXX").string();
+        if (::mkdtemp(pattern.data()) == nullptr) Raise(ErrorNumberOfErrno(errno, pattern));
+        path_ = WithSeparator(pattern);
+    }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+    ~ScratchFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+
+    const std::string& Path() const { return path_; }
+
+  private:
+    std::string path_;
+};
+
 }  // namespace
 
-OutputTarget::OutputTarget(const Options& options, std::vector<std::string> extensions)
-    : output_(options.output), force_(options.force) {
+OutputTarget::OutputTarget(const Options& options, const std::vector<std::string>& extensions)
+    : output_(options.output), force_(options.force), standard_output_(options.output == kStandardStream) {
     if (output_.empty()) return;
-    folder_ = EndsInSeparator(output_) || FolderExists(output_);
-    if (folder_) {
-        format_ = options.json && std::count(extensions.begin(), extensions.end(), ".json") > 0 ? ".json"
-                  : extensions.empty()                                                          ? ""
-                                       : extensions.front();
-        return;
-    }
+    if (standard_output_ && options.json)
+        throw UsageError{"-o -: standard output takes the result or, with --json, the objects, not both"};
+    folder_ = !standard_output_ && (EndsInSeparator(output_) || FolderExists(output_));
+    ChooseFormat(options, extensions);
     RequireRoomFor(options.files.size());
+    if (standard_output_ && IsDrawn() && ::isatty(STDOUT_FILENO) != 0)
+        throw UsageError{"-o -: a terminal shows no " + format_.substr(1) + "; send it into a file or a pipe"};
+}
+
+void OutputTarget::ChooseFormat(const Options& options, const std::vector<std::string>& extensions) {
     if (extensions.empty()) return;
-    format_ = LowerExtension(output_);
-    if (std::count(extensions.begin(), extensions.end(), format_) == 0)
-        throw UsageError{"-o: the extension must be one of " + Joined(extensions)};
+    const auto is_known = [&extensions](const std::string& format) {
+        return std::count(extensions.begin(), extensions.end(), format) > 0;
+    };
+    const std::string asked = options.format.empty() ? "" : '.' + options.format;
+    if (folder_) {
+        const bool objects = options.json && is_known(".json");
+        format_ = !asked.empty() ? asked : objects ? ".json" : extensions.front();
+    } else if (standard_output_) {
+        format_ = asked;
+    } else {
+        format_ = LowerExtension(output_);
+        if (!is_known(format_)) throw UsageError{"-o: the extension must be one of " + Joined(extensions)};
+        if (!asked.empty() && asked != format_)
+            throw UsageError{"--format: " + output_ + " has the extension of another format"};
+    }
 }
 
 bool OutputTarget::IsDrawn() const {
     return format_ == ".pdf" || format_ == ".png" || format_ == ".svg" || format_ == ".xlsx";
 }
 
+bool OutputTarget::IsOneTable() const {
+    return output_.empty() || (standard_output_ && (format_ == ".csv" || format_ == ".txt"));
+}
+
 void OutputTarget::RequireRoomFor(std::size_t projects) const {
-    if (projects > 1 && ToFile() && !folder_)
-        throw UsageError{"-o: one output file for several projects; name a folder instead"};
+    if (projects < 2 || folder_ || IsOneTable()) return;
+    throw UsageError{standard_output_ ? "-o -: one result on standard output for several projects; name a folder instead"
+                                      : "-o: one output file for several projects; name a folder instead"};
 }
 
 std::string OutputTarget::PathFor(const std::string& project, const std::string& kept_name) const {
@@ -74,8 +121,21 @@ void OutputTarget::MakeFolder() const {
     throw OutputError{number, output_ + ": " + ErrorText(number)};
 }
 
+void WriteToStandardOutput(const std::string& extension,
+                           const std::function<void(const std::string&)>& write) {
+    try {
+        const ScratchFolder folder;
+        const std::string path = folder.Path() + "output" + extension;
+        write(path);
+        std::cout << ReadWholeFile(path, std::string().max_size());
+    } catch (const RunTimeError& error) {
+        throw OutputError{error.number, "standard output: " + error.text};
+    }
+}
+
 // Makes the folder of the files as well, so that nothing but the file itself is left to fail.
 void OutputTarget::Prepare(const std::string& path) const {
+    if (standard_output_) return;
     std::error_code failure;
     if (FolderExists(path)) throw OutputError{error_number::PathFileAccess, path + ": is a folder"};
     if (taken_.count(path) != 0)
@@ -89,6 +149,10 @@ void OutputTarget::Prepare(const std::string& path) const {
 void OutputTarget::Write(const std::string& path,
                          const std::function<void(const std::string&)>& write) const {
     Prepare(path);
+    if (standard_output_) {
+        WriteToStandardOutput(format_, write);
+        return;
+    }
     try {
         write(path);
     } catch (const RunTimeError& error) {
@@ -98,7 +162,10 @@ void OutputTarget::Write(const std::string& path,
 }
 
 void OutputTarget::WriteBytes(const std::string& path, const std::string& bytes) const {
-    Write(path, [&bytes](const std::string& name) { ReplaceWholeFile(name, bytes); });
+    if (standard_output_)
+        std::cout << bytes;
+    else
+        Write(path, [&bytes](const std::string& name) { ReplaceWholeFile(name, bytes); });
 }
 
 void OutputTarget::WriteProject(const std::string& path) const {

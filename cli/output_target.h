@@ -20,16 +20,23 @@ struct OutputError {
 class OutputTarget {
   public:
     // `extensions` are the formats of the command, the first being the one that a folder receives; an empty
-    // list takes any name. Raises UsageError for another extension, or for one output file and several FILEs.
-    OutputTarget(const Options& options, std::vector<std::string> extensions);
+    // list takes any name. Raises UsageError for another extension, for one output file and several FILEs, and for a
+    // standard output that cannot take the format.
+    OutputTarget(const Options& options, const std::vector<std::string>& extensions);
 
+    // The result goes to a file, or to standard output as the bytes of a file.
     bool ToFile() const { return !output_.empty(); }
+
+    bool ToStandardOutput() const { return standard_output_; }
 
     // Lower-case extension that chooses the format, with its dot; empty for standard output and where any name is taken.
     const std::string& Format() const { return format_; }
 
     // True for a format that only a `Drawing` writes.
     bool IsDrawn() const;
+
+    // The results of all projects follow one another on standard output.
+    bool IsOneTable() const;
 
     // Raises UsageError for more than one project where there is one output file.
     void RequireRoomFor(std::size_t projects) const;
@@ -52,13 +59,19 @@ class OutputTarget {
     void WriteProject(const std::string& path) const;
 
   private:
+    void ChooseFormat(const Options& options, const std::vector<std::string>& extensions);
     void MakeFolder() const;
 
     std::string output_;
     bool force_;
+    bool standard_output_ = false;
     bool folder_ = false;
     std::string format_;
     mutable std::set<std::string> taken_;  // the files of the folder that hold a result of this run
 };
+
+// Lets `write` make a file of that extension and sends its bytes to standard output. Raises OutputError.
+void WriteToStandardOutput(const std::string& extension,
+                           const std::function<void(const std::string&)>& write);
 
 }  // namespace tarvokol::cli

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <utility>
+
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
 #include "cli/drawing.h"
@@ -7,9 +9,11 @@
 #include "core/project/preview_record.h"
 #include "core/project/stability_analysis.h"
 #include "core/graphics/TarvoGraf.h"
+#include "core/graphics/curve_export.h"
 #include "core/graphics/recording_surface.h"
 #include "core/report/report_builder.h"
 #include "core/runtime/numbers.h"
+#include "core/settings/unit_system.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -46,19 +50,59 @@ void Draw(const PlanRequest& request, DrawingSurface& surface) {
         DrawPanelPlot(surface);
 }
 
-void AddPlan(Json& keys, const RecordingSurface& surface) {
-    keys["PlotWidth"] = NumberJson(static_cast<double>(PlotWidth));
-    keys["PlotHeight"] = NumberJson(static_cast<double>(PlotHeight));
-    keys["lines"] = Json::array();
-    for (const auto& line : surface.Lines)
-        keys["lines"].push_back(Json::array(
-            {NumberJson(line.x1), NumberJson(line.y1), NumberJson(line.x2), NumberJson(line.y2)}));
-    keys["texts"] = Json::array();
-    for (const auto& text : surface.Texts)
-        keys["texts"].push_back(Json{{"text", text.text},
-                                     {"x", NumberJson(text.x)},
-                                     {"y", NumberJson(text.y)},
-                                     {"rotated", text.rotated}});
+std::string LinesJson(const RecordingSurface& surface) {
+    std::string lines = "[";
+    for (const auto& line : surface.Lines) {
+        char before = '[';
+        if (lines.size() > 1) lines += ',';
+        for (const double value : {line.x1, line.y1, line.x2, line.y2}) {
+            lines += before;
+            AppendNumber(lines, value);
+            before = ',';
+        }
+        lines += ']';
+    }
+    return lines + ']';
+}
+
+std::string TextsJson(const RecordingSurface& surface) {
+    std::string texts = "[";
+    for (const auto& text : surface.Texts) {
+        JsonMembers members;
+        members.Add("text", text.text);
+        members.Add("x", text.x);
+        members.Add("y", text.y);
+        members.Add("rotated", text.rotated);
+        if (texts.size() > 1) texts += ',';
+        texts += members.Object();
+    }
+    return texts + ']';
+}
+
+std::string LengthUnit() {
+    return UnitSystem == 0 ? "ft" : "m";
+}
+
+void AddPlan(JsonMembers& keys, const RecordingSurface& surface) {
+    keys.Add("PlotWidth", static_cast<double>(PlotWidth));
+    keys.Add("PlotHeight", static_cast<double>(PlotHeight));
+    keys.AddWritten("lines", LinesJson(surface));
+    keys.AddWritten("texts", TextsJson(surface));
+    JsonMembers units;
+    for (const char* key : {"PlotWidth", "PlotHeight", "lines", "texts"}) units.Add(key, LengthUnit());
+    keys.Add("units", units);
+}
+
+// The corners for programs, one pillar a line.
+std::string CornerCsv(const std::string& file, bool with_header) {
+    std::string csv = with_header ? "File,Pillar,Kind,Unit,X1,Y1,X2,Y2,X3,Y3,X4,Y4\n" : "";
+    for (int i = 1; i <= PreviewRecord.NumberHoles; ++i) {
+        csv += CsvField(file) + ',' + GeneralText(i) + (i == 1 ? ",Barrier," : ",Web,") + LengthUnit();
+        for (int corner = 1; corner <= 4; ++corner)
+            csv += ',' + GeneralText(CornerX[corner][i]) + ',' + GeneralText(CornerY[corner][i]);
+        csv += '\n';
+    }
+    return csv;
 }
 
 // A table of the corners, one pillar a line.
@@ -73,7 +117,9 @@ std::string CornerTable() {
     return table;
 }
 
-FileResult PlanOf(const std::string& file, const PlanRequest& request, const OutputTarget& target) {
+// `table_begun` tells that the header of a table of several projects stands.
+FileResult PlanOf(const std::string& file, const PlanRequest& request, const OutputTarget& target,
+                  bool& table_begun) {
     FileResult result;
     result.ok = OpenProject(file);
     if (!result.ok) return result;
@@ -90,7 +136,10 @@ FileResult PlanOf(const std::string& file, const PlanRequest& request, const Out
     if (!result.ok) return result;
     AddPlan(result.keys, surface);
     result.text = file + "\n" + CornerTable();
-    if (target.ToFile() && target.Format() != ".json") {
+    if (target.Format() == ".csv") {
+        const bool with_header = !target.IsOneTable() || !std::exchange(table_begun, true);
+        target.WriteBytes(target.PathFor(file), CornerCsv(file, with_header));
+    } else if (target.IsDrawn()) {
         target.Write(target.PathFor(file),
                      [&](const std::string& path) { TheDrawing().DrawPlan(path, request.preview); });
     }
@@ -101,11 +150,12 @@ FileResult PlanOf(const std::string& file, const PlanRequest& request, const Out
 
 int RunPlan(const Options& options, HeadlessPlatform& host, const std::string& mode,
             const std::string& view) {
-    const OutputTarget target(options, {".svg", ".png", ".pdf", ".json"});
+    const OutputTarget target(options, {".svg", ".png", ".pdf", ".csv", ".json"});
     if (target.IsDrawn()) TheDrawing();
     BulkRun run(options, host, target);
     const PlanRequest request = RequestOf(mode, view);
-    return run.Run([&](const std::string& file) { return PlanOf(file, request, target); });
+    bool table_begun = false;
+    return run.Run([&](const std::string& file) { return PlanOf(file, request, target, table_begun); });
 }
 
 }  // namespace tarvokol::cli

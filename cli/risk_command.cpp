@@ -166,6 +166,7 @@ Json RiskJson(const RiskRequest& request, const RiskResult& result, const StudyO
     for (std::size_t factor = 0; factor < kFactors; ++factor)
         object["factors"][kFactorNames[factor]] = FactorJson(request, result.risk[factor]);
     object["units"] = std::move(units);
+    object["schema"] = kSchemaVersion;
     return object;
 }
 
@@ -196,9 +197,7 @@ void WriteSamples(const RiskRequest& request, const RiskResult& result, const St
 
 int RunRiskCommand(const StudyOptions& options, HeadlessPlatform& host) {
     return RunStudy([&] {
-        Options common = options.common;
-        common.files = {options.project};
-        const OutputTarget target(common, {".txt", ".json", ".png", ".svg", ".pdf"});
+        const OutputTarget target(options.common, {".txt", ".json", ".png", ".svg", ".pdf"});
         if (target.IsDrawn()) TheDrawing();
         const Panel project = ReadStudyProject(options, host);
         const RiskRequest request = RequestOf(options, project);

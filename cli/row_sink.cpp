@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include "cli/output_target.h"
+#include "cli/standard_input.h"
 #include "core/runtime/descriptor.h"
 #include "core/runtime/file_replacement.h"
 #include "core/runtime/os_errors.h"
@@ -17,8 +18,6 @@
 
 namespace tarvokol::cli {
 namespace {
-
-constexpr const char* kStandardOutput = "-";
 
 // Bytes that a system call has not taken yet are given once more; false for a pipe that nobody reads.
 bool WriteAll(int file, std::string_view text) {
@@ -74,8 +73,7 @@ class FileSink : public RowSink {
     Descriptor file_;
 };
 
-RowTarget::KindOfRows KindOfFile(const std::string& path) {
-    const std::string extension = std::filesystem::path(path).extension().string();
+RowTarget::KindOfRows KindOf(const std::string& extension) {
     const auto is = [&extension](const char* name) { return EqualIgnoringCase(extension, name); };
     if (is(".csv")) return RowTarget::Csv;
     if (is(".json") || is(".jsonl")) return RowTarget::JsonLines;
@@ -104,13 +102,24 @@ std::unique_ptr<RowSink> OpenFileSink(const std::string& path, bool force) {
 }
 
 RowTarget::RowTarget(const StudyOptions& options) : path_(options.common.output) {
-    if (!path_.empty() && path_ != kStandardOutput) {
-        kind_ = KindOfFile(path_);
-        RefuseExisting(path_, options.common.force);
+    const Options& common = options.common;
+    if (!path_.empty() && path_ != kStandardStream) {
+        kind_ = KindOf(std::filesystem::path(path_).extension().string());
+        RefuseExisting(path_, common.force);
         return;
     }
     path_.clear();
-    kind_ = options.common.json || options.format == "json" ? JsonLines : Csv;
+    if (!common.format.empty()) extension_ = '.' + common.format;
+    kind_ = common.json ? JsonLines : extension_.empty() ? Csv : KindOf(extension_);
+    if (IsDrawn() && ::isatty(STDOUT_FILENO) != 0)
+        throw UsageError{"-o -: a terminal shows no " + common.format + "; send it into a file or a pipe"};
+}
+
+void RowTarget::WriteDrawn(const std::function<void(const std::string&)>& write) const {
+    if (path_.empty())
+        WriteToStandardOutput(extension_, write);
+    else
+        write(path_);
 }
 
 std::unique_ptr<RowSink> RowTarget::Open() const {

@@ -2,6 +2,7 @@
 // Where the text of a long result goes, piece by piece.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -32,12 +33,15 @@ class RowTarget {
 
     KindOfRows Kind() const { return kind_; }
     bool IsDrawn() const { return kind_ == Workbook || kind_ == Picture; }  // only a `Drawing` writes it
-    const std::string& Path() const { return path_; }  // empty: standard output
+
+    // Lets `write` make the workbook or the picture in the file, or in one whose bytes go to standard output.
+    void WriteDrawn(const std::function<void(const std::string&)>& write) const;
 
     std::unique_ptr<RowSink> Open() const;
 
   private:
-    std::string path_;
+    std::string path_;       // empty: standard output
+    std::string extension_;  // of a file that goes to standard output
     KindOfRows kind_ = Csv;
 };
 

@@ -5,7 +5,7 @@
 namespace tarvokol::cli {
 
 int RunSave(const Options& options, HeadlessPlatform& host) {
-    if (options.output.empty()) throw UsageError{"-o is required"};
+    if (options.output.empty()) throw UsageError{"-o is required: the file or folder to write"};
     const OutputTarget target(options, {});
     BulkRun run(options, host, target);
     return run.Run([&](const std::string& file) {
@@ -13,8 +13,9 @@ int RunSave(const Options& options, HeadlessPlatform& host) {
         result.ok = OpenProject(file);
         if (!result.ok) return result;
         const std::string output = target.PathFor(file);
-        result.keys["output"] = output;
-        result.keys["project"] = ProjectJson();
+        result.keys.Add("output", output);
+        result.keys.Add("project", ProjectJson());
+        result.keys.Add("units", ProjectUnitsJson());
         target.WriteProject(output);
         return result;
     });

@@ -23,7 +23,7 @@ Json ValueJson(const KeyRule& rule) {
     return *std::get<std::string*>(rule.value);
 }
 
-std::string JsonText() {
+std::string SettingsJson() {
     Json sections = Json::object();
     for (int selector = section::First; selector <= section::Last; ++selector) {
         Json& keys = sections[SectionName(selector)] = Json::object();
@@ -53,7 +53,7 @@ void ReadConfiguration(const std::string& ini_path) {
 int RunSettings(bool json, const std::string& ini_path) {
     ResetProgram();
     ReadConfiguration(ini_path);
-    std::cout << (json ? JsonText() : ListText());
+    std::cout << (json ? SettingsJson() : ListText());
     return exit_status::Done;
 }
 

@@ -20,15 +20,15 @@ FileResult SizesOf(const std::string& file) {
     result.ok = !ValidateSizingTexts(texts).has_value();
     if (!result.ok) return result;
     const SuggestedSizes sizes = SuggestPillarSizes(texts);
-    result.keys["SuggestedWeb"] = NumberJson(static_cast<double>(sizes.SuggestedWeb));
-    result.keys["SuggestedBarrier"] = NumberJson(static_cast<double>(sizes.SuggestedBarrier));
-    result.keys["txtSugWeb"] = sizes.txtSugWeb;
-    result.keys["txtSugBarrier"] = sizes.txtSugBarrier;
+    result.keys.Add("SuggestedWeb", static_cast<double>(sizes.SuggestedWeb));
+    result.keys.Add("SuggestedBarrier", static_cast<double>(sizes.SuggestedBarrier));
+    result.keys.Add("txtSugWeb", sizes.txtSugWeb);
+    result.keys.Add("txtSugBarrier", sizes.txtSugBarrier);
     const std::string unit = UnitSystem == 0 ? "ft" : "in";
-    result.keys["units"] = {{"SuggestedWeb", "in"},
-                            {"SuggestedBarrier", "in"},
-                            {"txtSugWeb", unit},
-                            {"txtSugBarrier", unit}};
+    result.keys.Add("units", Json{{"SuggestedWeb", "in"},
+                                  {"SuggestedBarrier", "in"},
+                                  {"txtSugWeb", unit},
+                                  {"txtSugBarrier", unit}});
     result.text = file + ": Suggested web thickness " + sizes.txtSugWeb + " " + unit +
                   ", suggested barrier thickness " + sizes.txtSugBarrier + " " + unit + "\n";
     if (UnitSystem != 0) result.comment = SuggestedUnitNote();

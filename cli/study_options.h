@@ -15,7 +15,6 @@ namespace tarvokol::cli {
 struct StudyOptions {
     Options common;        // without its files
     std::string project;   // path of the project to start from
-    std::string format;    // of standard output: "csv" or "json"; empty: csv, or json with --json
     bool sizes = false;    // suggested sizes, too
     std::string of;        // the figure of a map
     unsigned threads = 0;  // 0: one a core

@@ -120,8 +120,8 @@ void DrawMap(RowSource& source, const std::vector<ValueAxis>& axes, const Panel&
 
 }  // namespace
 
-int DrawSweep(RowSource& source, const std::vector<ValueAxis>& axes, const Panel& project,
-              const StudyOptions& options, const std::string& path) {
+void DrawSweep(RowSource& source, const std::vector<ValueAxis>& axes, const Panel& project,
+               const StudyOptions& options, const std::string& path) {
     if (axes.size() > 2)
         throw UsageError{"-o: a picture shows one field (curves) or two (a map), not " +
                          std::to_string(axes.size()) + "; write .csv, .json or .xlsx, or vary fewer fields"};
@@ -129,7 +129,6 @@ int DrawSweep(RowSource& source, const std::vector<ValueAxis>& axes, const Panel
         DrawCurves(source, axes[0], project, options, path);
     else
         DrawMap(source, axes, project, options, path);
-    return exit_status::Done;
 }
 
 void DrawRisk(const RiskResult& result, const StudyOptions& options, const std::string& path) {

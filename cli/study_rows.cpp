@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "cli/json.h"
+#include "core/graphics/curve_export.h"
 #include "core/studies/study_numbers.h"
 
 namespace tarvokol::cli {
@@ -33,37 +34,24 @@ std::span<const FigureColumn> Figures(bool sizes) {
     return std::span(kFigures).first(sizes ? kFigures.size() : kWithoutSizes);
 }
 
-// As one cell of a CSV file.
-void AppendCell(std::string& text, const std::string& cell) {
-    if (cell.find_first_of(",\"\r\n") == std::string::npos) {
-        text += cell;
-        return;
-    }
-    text += '"';
-    for (const char c : cell) {
-        if (c == '"') text += '"';
-        text += c;
-    }
-    text += '"';
-}
-
-std::string JsonText(const std::string& text) {
-    std::string line = JsonLine(Json(text));
-    line.pop_back();
-    return line;
-}
-
 std::string Key(const std::string& title) {
     return ',' + JsonText(title) + ':';
 }
 
-Json UnitsObject(std::span<const LeadingColumn> leading, bool sizes) {
-    Json units = Json::object();
-    for (const LeadingColumn& column : leading)
-        if (!column.unit.empty()) units[column.title] = column.unit;
-    for (const FigureColumn& figure : Figures(sizes))
-        if (*figure.unit != '\0') units[figure.title] = figure.unit;
-    return units;
+// Most cells need no quotes; they are not copied.
+void AppendCell(std::string& text, const std::string& cell) {
+    if (cell.find_first_of(",\"\r\n") == std::string::npos)
+        text += cell;
+    else
+        text += CsvField(cell);
+}
+
+// The columns that have a unit.
+std::vector<LeadingColumn> ColumnsWithUnits(std::span<const LeadingColumn> leading, bool sizes) {
+    std::vector<LeadingColumn> columns(leading.begin(), leading.end());
+    for (const FigureColumn& figure : Figures(sizes)) columns.push_back({figure.title, figure.unit});
+    std::erase_if(columns, [](const LeadingColumn& column) { return column.unit.empty(); });
+    return columns;
 }
 
 }  // namespace
@@ -95,9 +83,8 @@ std::vector<double> FigureValues(const PanelFigures& figures, bool sizes) {
 
 std::string UnitsInWords(std::span<const LeadingColumn> leading, bool sizes) {
     std::string words;
-    const Json units = UnitsObject(leading, sizes);
-    for (const auto& [title, unit] : units.items())
-        words += (words.empty() ? "" : ", ") + title + " " + unit.get<std::string>();
+    for (const LeadingColumn& column : ColumnsWithUnits(leading, sizes))
+        words += (words.empty() ? "" : ", ") + column.title + " " + column.unit;
     return words;
 }
 
@@ -109,9 +96,12 @@ RowWriter::RowWriter(RowFormat format, const std::string& project, std::vector<L
       object_start_("{\"file\":" + JsonText(project)) {
     for (const LeadingColumn& column : leading_) lead_keys_.push_back(Key(column.title));
     for (const FigureColumn& figure : Figures(sizes_)) figure_keys_.push_back(Key(figure.title));
-    std::string units = JsonLine(UnitsObject(leading_, sizes_));
-    units.pop_back();
-    object_end_ = ",\"units\":" + units + "}\n";
+    JsonMembers end;
+    JsonMembers units;
+    for (const LeadingColumn& column : ColumnsWithUnits(leading_, sizes_)) units.Add(column.title, column.unit);
+    end.Add("units", units);
+    end.Add("schema", kSchemaVersion);
+    object_end_ = ',' + end.Members() + "}\n";
 }
 
 std::string RowWriter::Header() const {
@@ -119,7 +109,7 @@ std::string RowWriter::Header() const {
     std::string header;
     const auto add = [&header](const std::string& title) {
         if (!header.empty()) header += ',';
-        AppendCell(header, title);
+        header += CsvField(title);
     };
     for (const LeadingColumn& column : leading_) add(column.title);
     for (const std::string& title : FigureColumns(sizes_)) add(title);

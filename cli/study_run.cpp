@@ -96,7 +96,7 @@ constexpr std::uint64_t kMostSheetRows = 1048576;
                      std::to_string(kMostSheetRows) + " of a sheet; write .csv or .json"};
 }
 
-int WriteWorkbook(RowSource& source, const Panel& project, const StudyOptions& options,
+void WriteWorkbook(RowSource& source, const Panel& project, const StudyOptions& options,
                   const std::string& path) {
     if (source.Total() && *source.Total() >= kMostSheetRows) RefuseSheet(*source.Total());
     FileReplacement place(path);
@@ -122,7 +122,6 @@ int WriteWorkbook(RowSource& source, const Panel& project, const StudyOptions& o
                 });
     book->Finish();
     place.Commit();
-    return exit_status::Done;
 }
 
 }  // namespace
@@ -139,7 +138,10 @@ void CollectRows(RowSource& source, const Panel& project, const StudyOptions& op
 }
 
 int WriteRows(RowSource& source, const Panel& project, const StudyOptions& options, const RowTarget& target) {
-    if (target.Kind() == RowTarget::Workbook) return WriteWorkbook(source, project, options, target.Path());
+    if (target.Kind() == RowTarget::Workbook) {
+        target.WriteDrawn([&](const std::string& path) { WriteWorkbook(source, project, options, path); });
+        return exit_status::Done;
+    }
     const auto sink = target.Open();
     if (target.Kind() == RowTarget::Csv) TellUnits(options, source.Columns());
     return WriteTextRows(source, project, options,

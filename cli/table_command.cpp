@@ -6,6 +6,7 @@
 #include "cli/commands.h"
 #include "cli/drawing.h"
 #include "cli/row_sink.h"
+#include "cli/standard_input.h"
 #include "cli/study_run.h"
 #include "core/runtime/text.h"
 #include "core/studies/csv_reader.h"
@@ -13,15 +14,6 @@
 
 namespace tarvokol::cli {
 namespace {
-
-// What is wrong with a text that is no number.
-std::string WhyNoNumber(const std::string& text) {
-    const std::string what = "\"" + text + "\" is no number";
-    std::string without = text;
-    std::erase_if(without, [](char c) { return c == ',' || c == '\'' || c == ' '; });
-    if (without.size() == text.size() || !WholeNumber(without)) return what;
-    return what + ": write a decimal point and no thousands separators";
-}
 
 class TableSource : public RowSource {
   public:
@@ -131,9 +123,11 @@ int RunTable(const StudyOptions& options, HeadlessPlatform& host) {
         const RowTarget target(options);
         if (target.Kind() == RowTarget::Picture)
             throw UsageError{"-o: a table gives .csv, .json or .xlsx, no picture"};
+        if (options.rows == kStandardStream && options.common.stdin_project)
+            throw UsageError{"--stdin-project: standard input holds the project or the rows, not both"};
         if (target.IsDrawn()) TheDrawing();
         const Panel project = ReadStudyProject(options, host);
-        if (options.rows == "-") {
+        if (options.rows == kStandardStream) {
             TableSource source(std::cin, "standard input", static_cast<int>(project.units));
             return WriteRows(source, project, options, target);
         }

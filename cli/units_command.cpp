@@ -8,6 +8,7 @@
 #include "core/runtime/numbers.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/unit_calculator.h"
+#include "core/studies/study_numbers.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -37,8 +38,10 @@ int UnitIndex(Quantity quantity, const std::string& unit) {
 int RunUnits(bool json, const std::string& quantity_name, const std::string& unit, const std::string& value) {
     const Quantity quantity = Quantities().at(quantity_name);
     const int index = UnitIndex(quantity, unit);
+    const auto number = WholeNumber(value);
+    if (!number) throw UsageError{"VALUE: " + WhyNoNumber(value)};
     try {
-        const std::vector<double> values = ConvertUnits(quantity, index, NumericParse(value));
+        const std::vector<double> values = ConvertUnits(quantity, index, *number);
         Json object;
         for (std::size_t i = 0; i < values.size(); ++i) {
             const std::string& caption = UnitBoxCaptions(quantity)[i];

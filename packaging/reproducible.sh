@@ -8,7 +8,8 @@ package=$(echo "$PWD"/build/package/tarvokol_*.deb)
 copy=$(mktemp -d "${TMPDIR:-/tmp}/tarvokol-sources.XXXXXX")
 trap 'rm -rf "$copy"' EXIT
 SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
-export SOURCE_DATE_EPOCH CCACHE_DISABLE=1 TZ=Pacific/Auckland LC_ALL=C.UTF-8
+TARVOKOL_COMMIT=${TARVOKOL_COMMIT:-$(git rev-parse --short=12 HEAD)}
+export SOURCE_DATE_EPOCH TARVOKOL_COMMIT CCACHE_DISABLE=1 TZ=Pacific/Auckland LC_ALL=C.UTF-8
 git ls-files -z | tar -c --null -T - | tar -x -C "$copy"
 umask 027
 second=$("$copy/package")

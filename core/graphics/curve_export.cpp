@@ -20,11 +20,6 @@ std::string CellAddress(char column, long row) {
     return column + std::to_string(row);
 }
 
-std::string CsvField(const std::string& text) {
-    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
-    return '"' + ReplaceAll(text, "\"", "\"\"") + '"';
-}
-
 }  // namespace
 
 char FirstColumnOf(int series) {
@@ -70,12 +65,19 @@ void ExportCurves(const ChartModel& chart, GraphFamily family, SpreadsheetWriter
     writer.ShowWorkbook();
 }
 
-std::string CurveTableCsv(const std::string& x_name, const std::vector<std::string>& names) {
-    std::string csv = CsvField(x_name);
+std::string CsvField(const std::string& text) {
+    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+    return '"' + ReplaceAll(text, "\"", "\"\"") + '"';
+}
+
+std::string CurveTableCsv(const std::string& x_name, const std::vector<std::string>& names,
+                          const std::string& file) {
+    const std::string first_cell = file.empty() ? "" : CsvField(file) + ',';
+    std::string csv = (file.empty() ? "" : "File,") + CsvField(x_name);
     for (const std::string& name : names) csv += ',' + CsvField(name);
     csv += '\n';
     for (long row = 1; row <= CurvePoints; ++row) {
-        csv += GeneralText(CurveData(0, row));
+        csv += first_cell + GeneralText(CurveData(0, row));
         for (int curve = 1; curve <= CurveCount; ++curve) csv += ',' + GeneralText(CurveData(curve, row));
         csv += '\n';
     }

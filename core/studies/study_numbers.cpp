@@ -27,6 +27,14 @@ double RequiredNumber(std::string_view text, const std::string& what) {
     throw StudyRefusal(what + ": \"" + std::string(text) + "\" is not a number with a decimal point");
 }
 
+std::string WhyNoNumber(const std::string& text) {
+    const std::string what = "\"" + text + "\" is no number";
+    std::string without = text;
+    std::erase_if(without, [](char c) { return c == ',' || c == '\'' || c == ' '; });
+    if (without.size() == text.size() || !WholeNumber(without)) return what;
+    return what + ": write a decimal point and no thousands separators";
+}
+
 void AppendShortest(std::string& text, double value) {
     if (std::isnan(value)) return;
     char buffer[32];

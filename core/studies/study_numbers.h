@@ -16,6 +16,9 @@ std::optional<double> WholeNumber(std::string_view text);
 // The same; any other text is refused by `what` ("--vary Height") and the text itself.
 double RequiredNumber(std::string_view text, const std::string& what);
 
+// What is wrong with a text that is no number, and what to do.
+std::string WhyNoNumber(const std::string& text);
+
 // Adds the shortest digits that read back the same; nothing for a NaN.
 void AppendShortest(std::string& text, double value);
 

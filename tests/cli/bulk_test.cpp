@@ -51,9 +51,9 @@ TEST_F(Bulk, KeysStandInTheirOrder) {
         R"("SFBarrier":2,"SpareSingle":0},"StabilityFactor":[)";
     EXPECT_EQ(answer.out.substr(0, a.size()), a);
     EXPECT_THAT(answer.out, testing::EndsWith(
-                                "\n{\"file\":\"b.TKL\",\"ok\":false,\"messages\":[\"Invalid file format\"]}\n"
+                                "\n{\"file\":\"b.TKL\",\"ok\":false,\"messages\":[\"Invalid file format\"],\"schema\":1}\n"
                                 "{\"file\":\"c.TKL\",\"ok\":false,\"messages\":[],"
-                                "\"error\":{\"number\":62,\"text\":\"Input past end of file\"}}\n"));
+                                "\"error\":{\"number\":62,\"text\":\"Input past end of file\"},\"schema\":1}\n"));
 }
 
 TEST_F(Bulk, WordsForPeopleGoToStandardErrorUnderTheFilesName) {

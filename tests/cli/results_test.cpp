@@ -233,7 +233,7 @@ TEST_F(ResultsCommand, SettingsOfAFileHold) {
 }
 
 TEST_F(ResultsCommand, VersionAndHelpAnswerWithoutAFile) {
-    EXPECT_EQ(Run({"--version"}).out, "tarvokol-cli 1.3.02\n");
+    EXPECT_THAT(Run({"--version"}).out, testing::StartsWith("tarvokol-cli 1.3.02\n"));
     EXPECT_EQ(Run({"--help"}).status, 0);
     EXPECT_EQ(Run({"plan", "--help"}).status, 0);
 }

@@ -26,13 +26,15 @@ TEST_F(UnitsCommand, TakesNegativeValuesWithAndWithoutTheTwoDashes) {
 TEST_F(UnitsCommand, TakesOptionsBehindANegativeValue) {
     EXPECT_EQ(Run({"units", "length", "ft", "-.5", "--json"}).out,
               "{\"in\":\"-6\",\"ft\":\"-0.5\",\"cm\":\"-15.24\",\"m\":\"-0.1524\"}\n");
-    EXPECT_EQ(Run({"units", "length", "ft", "- 1"}).out, "in: -12\nft: -1\ncm: -30.48\nm: -0.3048\n");
     EXPECT_EQ(Run({"units", "length", "ft", "-1", "--"}).out, "in: -12\nft: -1\ncm: -30.48\nm: -0.3048\n");
 }
 
-TEST_F(UnitsCommand, ReadsTheValueAsTheBoxDoes) {
-    EXPECT_EQ(Run({"units", "length", "ft", "junk"}).out, "in: 0\nft: 0\ncm: 0\nm: 0\n");
-    EXPECT_EQ(Run({"units", "length", "ft", "2 5 feet"}).out.substr(0, 8), "in: 300\n");
+TEST_F(UnitsCommand, RefusesAValueThatIsNoNumber) {
+    const CliAnswer answer = Run({"units", "length", "ft", "2 5 feet"});
+    EXPECT_EQ(answer.status, 2);
+    EXPECT_EQ(answer.out, "");
+    EXPECT_EQ(answer.err, "VALUE: \"2 5 feet\" is no number\n");
+    EXPECT_EQ(Run({"units", "length", "ft", "+2.5E1"}).out, "in: 300\nft: 25\ncm: 762\nm: 7.62\n");
 }
 
 TEST_F(UnitsCommand, RefusesUnknownWordsAndReportsAnOverflow) {

@@ -32,6 +32,7 @@ test_holds_every_file() {
         share/doc/tarvokol/examples/Contour_Bench_Shallow.TKL share/tarvokol/Contour_Bench_Shallow.TKL; do
         [ -s "$usr/$file" ] || fail "not in the package, empty or a broken link: $file"
     done
+    same "schemas" "$(ls "$source/docs/schema")" "$(ls "$doc/schema")"
     same "examples" "$(ls "$source/examples")" "$(ls "$doc/examples")"
 }
 

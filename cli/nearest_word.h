@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a user may have meant with a word that is none of those known.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tarvokol::cli {
+
+// The known word that is nearest to the one given: one that begins with it, else the one reached by the fewest letters
+// added, dropped, changed or exchanged with their neighbour. Upper and lower case are the same. Empty where more than
+// a third of the letters differ.
+std::string NearestWord(const std::string& word, const std::vector<std::string>& known);
+
+}  // namespace tarvokol::cli

@@ -1,0 +1,138 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""Holds the JSON of every command against docs/schema.
+
+    tests/cli/schemas.py TARVOKOL_CLI SOURCE
+
+Every command runs over all examples and over projects that are refused, torn, empty or missing. An object with a key that
+its schema does not know is a fault, and so is a key of a schema that no object has.
+"""
+import json
+import pathlib
+import subprocess
+import sys
+import tempfile
+import warnings
+
+with warnings.catch_warnings():
+    warnings.simplefilter("ignore", DeprecationWarning)
+    import jsonschema
+    from jsonschema import Draft202012Validator, RefResolver
+
+CURVES = ["sf-height", "sf-depth", "sf-hole", "web", "barrier"]
+BOXES = {"length": "ft", "load": "lbsF", "load-grad": "lbsF/ft", "stress": "psf", "stress-grad": "psi/ft"}
+SETTINGS = b"[FileMenu]\r\nMaxLastFiles=4\r\nLastFile1=a\r\nLastFile2=b\r\nLastFile3=c\r\nLastFile4=d\r\n"
+
+
+class Schemas:
+    def __init__(self, folder):
+        self.schemas = {path.name.split(".")[0]: json.loads(path.read_text()) for path in folder.glob("*.schema.json")}
+        self.store = {schema["$id"]: schema for schema in self.schemas.values()}
+        self.seen = {name: set() for name in self.schemas}
+        self.faults = []
+        self.objects = 0
+        for schema in self.schemas.values():
+            Draft202012Validator.check_schema(schema)
+
+    def check(self, command, line, arguments):
+        item = json.loads(line)
+        schema = self.schemas[command]
+        self.seen[command].update(item)
+        self.objects += 1
+        with warnings.catch_warnings():
+            warnings.simplefilter("ignore", DeprecationWarning)
+            resolver = RefResolver(schema["$id"], schema, store=self.store)
+            for error in Draft202012Validator(schema, resolver=resolver).iter_errors(item):
+                where = "/".join(map(str, error.absolute_path))
+                self.faults.append(f"{' '.join(arguments)}\n  {where}: {error.message:.300}")
+
+    def unused(self):
+        for name, schema in self.schemas.items():
+            for key in sorted(set(schema.get("properties", {})) - self.seen[name]):
+                yield f"{name}.schema.json: no object has {key}"
+
+
+class Commands:
+    def __init__(self, cli, schemas, folder):
+        self.cli, self.schemas, self.folder = cli, schemas, folder
+
+    def run(self, *arguments, objects):
+        done = subprocess.run([self.cli, *arguments], cwd=self.folder, capture_output=True, stdin=subprocess.DEVNULL)
+        lines = done.stdout.splitlines()
+        if len(lines) != objects:
+            self.schemas.faults.append(f"{' '.join(arguments)}: {len(lines)} objects, expected {objects}: "
+                                       f"{done.stderr.decode():.300}")
+        for line in lines:
+            self.schemas.check(arguments[0], line, arguments)
+
+
+def refused_projects(folder, example):
+    """Projects that the check refuses, that end early, that are of another format, and that are not there."""
+    lines = example.read_bytes().split(b"\r\n")
+    end = lines.index(b"##EndDesc##")
+    broken = {"height.TKL": (1, b"0"), "angle.TKL": (7, b"60"), "odd.TKL": (4, b"1E300"), "holes.TKL": (6, b" 99 ")}
+    for name, (offset, value) in broken.items():
+        changed = list(lines)
+        changed[end + offset] = value
+        (folder / name).write_bytes(b"\r\n".join(changed))
+    (folder / "torn.TKL").write_bytes(b"\r\n".join(lines[:end]))
+    (folder / "other.TKL").write_bytes(b"something else\r\n")
+    (folder / "empty.TKL").write_bytes(b"")
+    return [*broken, "torn.TKL", "other.TKL", "empty.TKL", "missing.TKL"]
+
+
+def run_all(commands, folder, examples):
+    sound = [str(path) for path in examples]
+    names = sound + refused_projects(folder, examples[0])
+    (folder / "s.ini").write_bytes(SETTINGS)
+    (folder / "rows.csv").write_text("Hole,DepthCover,Height\nA,150,5\nB,200,\nC,90,0\n")
+    commands.run("results", "--json", *names, objects=len(names))
+    commands.run("size", "--json", *names, objects=len(names))
+    for kind in CURVES:
+        commands.run("curve", kind, "--json", *names, objects=len(names))
+    for mode in ["dimensions", "strength", "capacity"]:
+        for view in ["window", "preview"]:
+            commands.run("plan", "--mode", mode, "--view", view, "--json", *names, objects=len(names))
+    commands.run("save", "--json", "-o", "saved/", *names, objects=len(names))
+    for system in ["english", "metric"]:
+        commands.run("convert", "--to", system, "--json", "-o", system + "/", *names, objects=len(names))
+    for quantity, unit in BOXES.items():
+        commands.run("units", "--json", quantity, unit, "2.5", objects=1)
+    commands.run("units", "--json", "length", "m", "1E308", objects=1)
+    commands.run("settings", "--json", objects=1)
+    commands.run("settings", "--json", "s.ini", objects=1)
+    for project in sound:
+        varied = [word for field in FIELDS for word in ("--vary", f"{field}=0,5")]
+        commands.run("sweep", project, "--json", *varied[:8], objects=16)
+        commands.run("sweep", project, "--json", "--size", *varied[8:], objects=2 ** 7)
+        commands.run("table", project, "rows.csv", "--json", "--size", objects=3)
+        commands.run("risk", project, "--json", "--samples", "100", "--random", "Height=uniform:1:12", "--random",
+                     "DepthCover=normal:100%:10%", objects=1)
+    commands.run("table", sound[0], every_field(folder), "--json", objects=1)
+    commands.run("risk", sound[0], "--json", "--samples", "50", "--random", "Height=uniform:-2:-1", objects=1)
+
+
+FIELDS = ["Height", "DepthCover", "HoleWidth", "WebThickness", "BarrierPillarWidth", "NumberHoles", "CoalStrength",
+          "UnitWeight", "AbutmentAngle", "SFWeb", "SFBarrier"]
+
+
+def every_field(folder):
+    (folder / "fields.csv").write_text(",".join(FIELDS) + "\n" + ",".join(["6"] * len(FIELDS)) + "\n")
+    return "fields.csv"
+
+
+def main():
+    cli, source = sys.argv[1], pathlib.Path(sys.argv[2])
+    schemas = Schemas(source / "docs" / "schema")
+    with tempfile.TemporaryDirectory() as name:
+        folder = pathlib.Path(name)
+        run_all(Commands(cli, schemas, folder), folder, sorted((source / "examples").glob("*.TKL")))
+    faults = schemas.faults + list(schemas.unused())
+    for fault in faults[:20]:
+        print(fault)
+    print(f"{schemas.objects} objects, {len(faults)} faults")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
