@@ -16,17 +16,9 @@ constexpr double kTwipsPerPixel = 15;
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
 constexpr double kStartFontSize = 8.25;
 constexpr double kLargestFontSize = 2160;
-// Pixels between a pillar's outline and the label that begins there.
-constexpr double kTurnedTextGap = 2;
+// Pixels by which the top of a pillar and the start of its label may differ.
+constexpr double kAtTheTop = 0.5;
 constexpr const char* kPlanFont = "Arial";
-
-QFont PixelFont(const QString& face, int pixels) {
-    QFont font(face);
-    font.setStyleHint(QFont::SansSerif);
-    font.setPixelSize(std::max(1, pixels));
-    font.setWeight(QFont::Normal);
-    return font;
-}
 
 // One end of a line, cut off at a bound of one coordinate.
 double CutAt(double from_main, double from_other, double to_main, double to_other, double bound) {
@@ -65,11 +57,6 @@ bool CutToSheet(QPointF& from, QPointF& to, const QSizeF& size) {
     return true;
 }
 
-// The paper that a text covers: its letters and half a pixel around them.
-QRectF StripOf(const QFont& font, const QPointF& baseline, const QString& text) {
-    return QFontMetricsF(font).tightBoundingRect(text).translated(baseline).adjusted(-0.5, -0.5, 0.5, 0.5);
-}
-
 }  // namespace
 
 PainterSurface::PainterSurface(QPaintDevice& device, const QSizeF& size)
@@ -105,18 +92,23 @@ void PainterSurface::SetPaper(const QSizeF& size, double units_per_pixel) {
 
 void PainterSurface::Finish() {
     if (painter_ != nullptr) {
-        PutTextsOnTop();
+        if (fits_labels_)
+            texts_.FitLabels(size_, outlines_);
+        else
+            texts_.MoveClearOfTitle(size_);
+        texts_.Draw(*painter_);
         painter_->restore();
     }
     painter_ = nullptr;
     own_painter_.reset();
-    texts_.clear();
+    texts_.Clear();
+    outlines_.clear();
 }
 
 void PainterSurface::SetFontSize(double points) {
     if (!(points > 0) || points > kLargestFontSize) Raise(error_number::InvalidPropertyValue);
     const int pixels = std::max(1, static_cast<int>(std::lround(points * kPixelsPerPoint)));
-    font_ = PixelFont(kPlanFont, pixels);
+    font_ = PlanFont(kPlanFont, pixels);
     font_size_ = pixels / kPixelsPerPoint;
 }
 
@@ -170,7 +162,9 @@ QPointF PainterSurface::ToPixelCentre(const QPointF& point) const {
 
 void PainterSurface::Cls() {
     Painter().fillRect(QRectF({0, 0}, size_), Qt::white);
-    texts_.clear();
+    texts_.Clear();
+    outlines_.clear();
+    labels_.clear();
     SetCurrentPoint(0, 0);
 }
 
@@ -178,7 +172,26 @@ void PainterSurface::Line(double x1, double y1, double x2, double y2) {
     SetCurrentPoint(x2, y2);
     QPointF from = ToPixels(x1, y1);
     QPointF to = ToPixels(x2, y2);
+    line_ = {from, to};
     if (CutToSheet(from, to, size_)) Painter().drawLine(ToPixelCentre(from), ToPixelCentre(to));
+}
+
+// Only the outline of a pillar is drawn on from its own end: its first edge is the line before.
+void PainterSurface::LineTo(double x, double y) {
+    const QLineF before = line_;
+    if (outlines_.empty() || outlines_.back() != before) outlines_.push_back(before);
+    Line(x_, y_, x, y);
+    outlines_.push_back(line_);
+}
+
+// The last outline if a label begins at its upper edge.
+QRectF PainterSurface::PillarAt(const QPointF& point) const {
+    constexpr std::size_t kEdges = 4;
+    if (outlines_.size() < kEdges) return {};
+    QRectF pillar;
+    for (std::size_t edge = outlines_.size() - kEdges; edge < outlines_.size(); ++edge)
+        pillar |= QRectF(outlines_[edge].p1(), outlines_[edge].p2()).normalized().adjusted(0, 0, 1e-9, 1e-9);
+    return std::abs(pillar.top() - point.y()) < kAtTheTop ? pillar : QRectF();
 }
 
 void PainterSurface::SetCurrentPoint(double x, double y) {
@@ -190,78 +203,26 @@ double PainterSurface::TextWidth(const std::string& text) {
     return QFontMetricsF(font_).horizontalAdvance(ToQt(text)) * (width_ / size_.width());
 }
 
+// What the drawing asks for is the height of labels that are turned up: it lies along x.
 double PainterSurface::TextHeight(const std::string&) {
-    return QFontMetricsF(font_).height() * (height_ / size_.height());
+    return QFontMetricsF(font_).height() * (width_ / size_.width());
 }
 
 void PainterSurface::Print(const std::string& text) {
-    PrintLine(font_, 0, {0, QFontMetricsF(font_).ascent()}, text);
+    Place({font_, ToPixels(x_, y_), 0, ToQt(text), {}});
 }
 
 void PainterSurface::PrintTurned(const TurnedFont& font, const std::string& text) {
-    const QFont turned = PixelFont(ToQt(font.face), font.height);
-    PrintLine(turned, font.escapement / 10.0, {kTurnedTextGap, -QFontMetricsF(turned).descent()}, text);
+    const QPointF at = ToPixels(x_, y_);
+    const QRectF pillar = PillarAt(at);
+    if (!pillar.isEmpty()) labels_.push_back({ToQt(text), pillar});
+    Place({PlanFont(ToQt(font.face), font.height), at, font.escapement / 10.0, ToQt(text), pillar});
 }
 
-// `baseline` is where the text begins, seen from the current point in the turned direction.
-void PainterSurface::PrintLine(const QFont& font, double escapement_degrees, const QPointF& baseline,
-                               const std::string& text) {
-    const QPointF origin = ToPixels(x_, y_);
-    const QTransform turn = QTransform::fromTranslate(origin.x(), origin.y()).rotate(-escapement_degrees);
-    const PlacedText placed{font, turn, baseline, ToQt(text)};
-    if (!placed.StripOnSheet().intersects(QRectF({0, 0}, size_))) return;
-    if (std::find(texts_.begin(), texts_.end(), placed) != texts_.end()) return;
+void PainterSurface::Place(const PlanText& text) {
+    if (!text.Strip().intersects(QRectF({0, 0}, size_))) return;
     Painter();
-    texts_.push_back(placed);
-}
-
-QRectF PainterSurface::PlacedText::StripOnSheet() const {
-    return turn.mapRect(StripOf(font, baseline, text));
-}
-
-int PainterSurface::TextClashes() const {
-    const QRectF sheet({0, 0}, size_);
-    std::vector<QRectF> strips;
-    int clashes = 0;
-    for (const PlacedText& text : texts_) {
-        const QRectF strip = text.StripOnSheet();
-        if (!sheet.contains(strip)) ++clashes;
-        for (const QRectF& other : strips)
-            if (strip.intersects(other)) ++clashes;
-        strips.push_back(strip);
-    }
-    return clashes;
-}
-
-void PainterSurface::MoveClearOfTitle() {
-    for (PlacedText& text : texts_) {
-        if (!text.turn.isRotating()) continue;
-        const QRectF strip = text.StripOnSheet();
-        QRectF clear = strip;
-        clear.moveTop(std::max(strip.top(), 0.0));
-        for (const PlacedText& other : texts_) {
-            if (other.turn.isRotating()) continue;
-            const QRectF level = other.StripOnSheet();
-            if (level.intersects(clear) && level.center().y() < clear.center().y())
-                clear.moveTop(level.bottom());
-        }
-        if (clear.bottom() <= size_.height())
-            text.turn *= QTransform::fromTranslate(0, clear.top() - strip.top());
-    }
-}
-
-void PainterSurface::PutTextsOnTop() {
-    MoveClearOfTitle();
-    const QTransform sheet = painter_->transform();
-    for (const PlacedText& text : texts_) {
-        painter_->setTransform(text.turn * sheet);
-        painter_->fillRect(StripOf(text.font, text.baseline, text.text), Qt::white);
-    }
-    for (const PlacedText& text : texts_) {
-        painter_->setTransform(text.turn * sheet);
-        painter_->setFont(text.font);
-        painter_->drawText(text.baseline, text.text);
-    }
+    texts_.Add(text);
 }
 
 }  // namespace tarvokol

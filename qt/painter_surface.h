@@ -6,13 +6,12 @@
 #include <QPainter>
 #include <QPointF>
 #include <QSizeF>
-#include <QString>
-#include <QTransform>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "core/platform/drawing_surface.h"
+#include "qt/plan_texts.h"
 
 namespace tarvokol {
 
@@ -42,7 +41,18 @@ class PainterSurface : public DrawingSurface {
 
     // How many pairs of the texts printed since the last Cls cover one another, and how many texts the
     // sheet's edge cuts; ask before Finish.
-    int TextClashes() const;
+    int TextClashes() const { return texts_.Clashes(size_); }
+
+    // True if labels without room are made smaller, put into their pillars or left out. Otherwise a label has
+    // the height that it is printed with, and whoever draws takes a larger sheet.
+    void SetFitsLabels(bool fits) { fits_labels_ = fits; }
+
+    // The labels since the last Cls, from left to right, those without room included.
+    struct PillarLabel {
+        QString text;
+        QRectF pillar;  // logical pixels
+    };
+    const std::vector<PillarLabel>& Labels() const { return labels_; }
 
     // The size nearest to `points` that is a whole number of pixels, one at least. Sizes of 0 and below, and
     // above 2160, raise "Invalid property value" (380).
@@ -52,7 +62,7 @@ class PainterSurface : public DrawingSurface {
     void Cls() override;
     void SetDrawMode(int) override {}  // there is one pen, and it always copies its colour
     void Line(double x1, double y1, double x2, double y2) override;
-    void LineTo(double x, double y) override { Line(x_, y_, x, y); }
+    void LineTo(double x, double y) override;
     double CurrentX() const override { return x_; }
     double CurrentY() const override { return y_; }
     void SetCurrentPoint(double x, double y) override;
@@ -60,9 +70,6 @@ class PainterSurface : public DrawingSurface {
     double TextHeight(const std::string& text) override;
     void Print(const std::string& text) override;
 
-    // The lower edge of the line of writing runs through the current point, so that labels stand clear of the
-    // edge that they begin at. One that would run through the title or beyond the sheet's upper edge is moved
-    // down until all of it can be read: a figure that lacks its last digits is a wrong one.
     void PrintTurned(const TurnedFont& font, const std::string& text) override;
     double FontSize() const override { return font_size_; }
 
@@ -72,11 +79,8 @@ class PainterSurface : public DrawingSurface {
     QPointF ToPixels(double x, double y) const;
     QPointF ToPixelCentre(const QPointF& point) const;
     double PenWidth() const;
-    void PrintLine(const QFont& font, double escapement_degrees, const QPointF& baseline,
-                   const std::string& text);
-    void MoveClearOfTitle();
-    void PutTextsOnTop();
-
+    QRectF PillarAt(const QPointF& point) const;
+    void Place(const PlanText& text);
     void SetPaper(const QSizeF& size, double units_per_pixel);
 
     QPaintDevice* device_ = nullptr;
@@ -92,18 +96,11 @@ class PainterSurface : public DrawingSurface {
     double height_ = 0;
     double x_ = 0;
     double y_ = 0;
-    // Texts since the last Cls, put on top of the lines by Finish: each on a strip of bare paper, so that no
-    // dimension line runs through a figure. The title is printed once a pillar at the same place: smoothed
-    // letters that are printed over themselves would grow fat edges.
-    struct PlacedText {
-        QFont font;
-        QTransform turn;
-        QPointF baseline;
-        QString text;
-        bool operator==(const PlacedText&) const = default;
-        QRectF StripOnSheet() const;
-    };
-    std::vector<PlacedText> texts_;
+    PlanTexts texts_;  // since the last Cls, put on top of the lines by Finish
+    std::vector<QLineF> outlines_;  // edges of the pillars since the last Cls, pixels
+    QLineF line_;
+    std::vector<PillarLabel> labels_;
+    bool fits_labels_ = false;
 };
 
 }  // namespace tarvokol

@@ -11,7 +11,8 @@
 namespace tarvokol {
 
 // A sheet of white paper on a form that keeps the plan drawn on it. The drawing is held as a picture in the
-// screen's own pixels, so a repaint costs no drawing.
+// screen's own pixels, so a repaint costs no drawing. Where the sheet takes the keyboard, the arrow keys lead from
+// pillar to pillar, and the screen reader says each one's label.
 class PlanSheet : public QWidget {
     Q_OBJECT
 
@@ -35,13 +36,24 @@ class PlanSheet : public QWidget {
     double FontSize() const { return surface_.FontSize(); }
     void SetFontSize(double points) { surface_.SetFontSize(points); }
 
+    // Takes the mark of the keys off the sheet.
+    void LeavePillars();
+
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
   private:
+    static constexpr int kNoPillar = -1;
+
+    int Pillars() const { return static_cast<int>(surface_.Labels().size()); }
+    void GoToPillar(int pillar);
+
     QPixmap picture_;
     PainterSurface surface_;
     bool square_ = false;
+    int at_pillar_ = kNoPillar;  // where the keys have led
 };
 
 }  // namespace tarvokol

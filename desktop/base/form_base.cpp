@@ -75,6 +75,8 @@ void FormBase::Load() {
         Discard();
         throw;
     }
+    ShowHeadsOfTexts(*this);
+    WidenBoxes(*this);
     FitToContents();
     TakeChosenSize();
     CenterForm(*this);

@@ -12,6 +12,7 @@
 #include <QTabWidget>
 #include <QTextEdit>
 #include <QToolTip>
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -24,6 +25,9 @@ namespace tarvokol {
 namespace {
 
 constexpr int kMissingElement = 340;
+
+// Letters for which the toolkit makes a text box wide enough.
+constexpr int kHintedLetters = 17;
 
 // True if the focus comes or goes with the whole window, or for a menu.
 bool IsPassing(Qt::FocusReason reason) {
@@ -47,7 +51,7 @@ class FocusSelector : public QObject {
                 left_in_passing_ = IsPassing(static_cast<QFocusEvent*>(event)->reason());
                 break;
             case QEvent::MouseButtonRelease:
-                if (clicked_ && !box->hasSelectedText()) box->selectAll();
+                if (clicked_ && !box->hasSelectedText()) SelectWhole(*box);
                 clicked_ = false;
                 break;
             default:
@@ -58,13 +62,42 @@ class FocusSelector : public QObject {
 
   private:
     void FocusIn(QLineEdit& box, Qt::FocusReason reason) {
-        if (!left_in_passing_ || !IsPassing(reason)) box.selectAll();
+        if (!left_in_passing_ || !IsPassing(reason)) SelectWhole(box);
         clicked_ = reason == Qt::MouseFocusReason;
     }
 
     bool clicked_ = false;
     bool left_in_passing_ = false;
 };
+
+// Shows the head of a text that somebody else than the user put into a box, and of every text that is left.
+class HeadShower : public QObject {
+  public:
+    explicit HeadShower(QLineEdit& box) : QObject(&box), box_(box) {
+        connect(&box, &QLineEdit::textChanged, this, &HeadShower::ShowUnlessEdited);
+        box.installEventFilter(this);
+        if (!box.hasSelectedText()) box.home(false);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::FocusOut && !IsPassing(static_cast<QFocusEvent*>(event)->reason()))
+            box_.home(false);
+        return false;
+    }
+
+  private:
+    void ShowUnlessEdited() {
+        if (box_.window()->focusWidget() != &box_) box_.home(false);
+    }
+
+    QLineEdit& box_;
+};
+
+// Digits that a box shows: what it takes at the most, else those of an ordinary figure.
+int DigitsShown(const QLineEdit& box) {
+    constexpr int kFigure = 10;
+    return std::min(kFigure, box.maxLength());
+}
 
 bool IsTabStop(const QWidget* widget) {
     return qobject_cast<const QComboBox*>(widget) != nullptr ||
@@ -102,9 +135,32 @@ void SelectAllText() {
     if (auto* box = qobject_cast<QTextEdit*>(active)) box->selectAll();
 }
 
+void SelectWhole(QLineEdit& box) {
+    const int length = static_cast<int>(box.text().size());
+    box.setSelection(length, -length);
+}
+
 void SelectAllOnFocus(QWidget& container) {
     for (QLineEdit* box : container.findChildren<QLineEdit*>())
         box->installEventFilter(new FocusSelector(box));
+}
+
+void ShowHeadsOfTexts(QWidget& container) {
+    // The inner edit of a list is typed into while the list has the focus.
+    for (QLineEdit* box : container.findChildren<QLineEdit*>())
+        if (box->focusProxy() == nullptr) new HeadShower(*box);
+}
+
+void WidenBoxes(QWidget& container) {
+    for (QLineEdit* box : container.findChildren<QLineEdit*>()) {
+        if (box->maximumWidth() == QWIDGETSIZE_MAX) continue;
+        box->ensurePolished();
+        const int digits = box->fontMetrics().horizontalAdvance(QString(DigitsShown(*box), '0'));
+        const int around = box->sizeHint().width() - box->fontMetrics().horizontalAdvance('x') * kHintedLetters;
+        const int width = std::max(box->maximumWidth(), digits + around);
+        box->setMinimumWidth(width);
+        box->setMaximumWidth(width);
+    }
 }
 
 bool CheckRangeOf(QLineEdit& box, double low, double high, const std::string& label) {
@@ -117,7 +173,8 @@ bool CheckRangeOf(QLineEdit& box, double low, double high, const std::string& la
 void NoteCommas(QLineEdit& box) {
     QObject::connect(&box, &QLineEdit::textEdited, &box, [&box](const QString& text) {
         if (text.contains(','))
-            QToolTip::showText(box.mapToGlobal(QPoint(0, box.height())), QStringLiteral("Decimal point, no comma"), &box);
+            QToolTip::showText(box.mapToGlobal(QPoint(0, box.height())),
+                               QStringLiteral("Decimal point, no comma"), &box);
         else
             QToolTip::hideText();
     });

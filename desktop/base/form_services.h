@@ -40,6 +40,9 @@ void SetScreenPointer(MousePointer pointer);
 // If the control that has the focus is a text box, selects its whole text.
 void SelectAllText();
 
+// Selects a box's whole text with the caret at its beginning, so that a long one shows its head.
+void SelectWhole(QLineEdit& box);
+
 // From now on every text box inside `container` selects its whole text when it gets the focus, with the mouse
 // too.
 void SelectAllOnFocus(QWidget& container);
@@ -47,6 +50,13 @@ void SelectAllOnFocus(QWidget& container);
 // The range check of a text box: the service's message on failure, then the box gets the focus. True if
 // valid.
 bool CheckRangeOf(QLineEdit& box, double low, double high, const std::string& label = "");
+
+// A figure longer than its box shows its first digits, not its last ones: from now on the caret stands at the
+// beginning of every text that the program puts into a box, and of one that the user leaves.
+void ShowHeadsOfTexts(QWidget& container);
+
+// Boxes of a fixed width get room for ten digits of their font, those that take fewer for as many.
+void WidenBoxes(QWidget& container);
 
 // From now on a comma in the box of a figure, behind which nothing counts, is answered by a note beside the
 // box. The text stays as it is.

@@ -96,6 +96,7 @@ void GraphFormBase::ClearGraph() {
 
 void GraphFormBase::Form_Load() {
     options_items_[kPointId].setChecked(true);
+    graph_->setFocus();
 }
 
 // Another form came to the front; a message, a common dialog, the help or another program leaves the graph as it

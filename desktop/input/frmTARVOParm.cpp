@@ -43,11 +43,8 @@ std::string HolesNotShownText(const std::string& holes, const std::string& shown
 }
 
 // A text that stands already is left alone, and with it the caret.
-// A long figure shows its beginning, not its last digits.
 void SetText(QLineEdit& box, const std::string& text) {
-    if (box.text() == ToQt(text)) return;
-    box.setText(ToQt(text));
-    if (!box.hasFocus()) box.setCursorPosition(0);
+    if (box.text() != ToQt(text)) box.setText(ToQt(text));
 }
 
 }  // namespace

@@ -46,6 +46,7 @@ class TallMenuBarStyle : public QProxyStyle {
 frmPicture::frmPicture() : ui_(std::make_unique<Ui::frmPicture>()) {
     ui_->setupUi(this);
     ui_->client->SetSquare(true);
+    ui_->client->setFocusPolicy(Qt::StrongFocus);
     auto* tall = new TallMenuBarStyle;
     tall->setParent(ui_->menubar);
     ui_->menubar->setStyle(tall);
@@ -76,6 +77,7 @@ void frmPicture::Form_Load() {
     const bool results_exist = ResultsReturn == results_return::FromViewer;
     for (QAction* item : mnuPlotSetItem_) item->setEnabled(results_exist);
     if (results_exist) ui_->mnuPlotSetItem_0->setChecked(true);
+    ui_->client->setFocus();
 }
 
 void frmPicture::Form_Unload() {
@@ -218,12 +220,14 @@ void frmPicture::PrintForm() {
         if (!ui_->client->HasDrawing()) return;
         PainterSurface surface(painter, size);
         surface.SetFontSize(FontSize());
+        surface.SetFitsLabels(true);
         surface.SetScale(PlotWidth, PlotHeight);
         DrawPillars(surface);
     });
 }
 
 void frmPicture::CopyPicture() {
+    ui_->client->LeavePillars();
     ui_->picTMPCopy->setPixmap(CaptureForm(*this));
     QClipboard* clipboard = QGuiApplication::clipboard();
     clipboard->clear();

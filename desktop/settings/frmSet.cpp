@@ -71,6 +71,7 @@ frmSet::frmSet() : ui_(std::make_unique<Ui::frmSet>()) {
     optUnits_ = OptionGroup(*this, "optUnits");
     Connect();
     SelectAllOnFocus(*this);
+    NoteCommas(*ui_->Text3);
 }
 
 frmSet::~frmSet() = default;

@@ -102,10 +102,7 @@ void frmTARVOOpts::ShowOptions() {
     SetArrayIndex(Option3_, PlotGobExtLoose);
     SetArrayIndex(Option1_, OptionsRecord.OutputStrUnits);
     SetArrayIndex(Option2_, OptionsRecord.OutputStrGradUnits);
-    for (const Figure& figure : FiguresOf(*ui_)) {
-        figure.box->setText(ToQt(GeneralText(*figure.setting)));
-        figure.box->setCursorPosition(0);
-    }
+    for (const Figure& figure : FiguresOf(*ui_)) figure.box->setText(ToQt(GeneralText(*figure.setting)));
 }
 
 void frmTARVOOpts::Form_Unload() {

@@ -67,7 +67,7 @@ void frmUnits::Connect(const Tab& tab) {
 
 bool frmUnits::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonRelease)
-        if (auto* box = qobject_cast<QLineEdit*>(watched)) box->selectAll();
+        if (auto* box = qobject_cast<QLineEdit*>(watched)) SelectWhole(*box);
     return FormBase::eventFilter(watched, event);
 }
 
@@ -86,7 +86,7 @@ void frmUnits::Form_Activate() {
 void frmUnits::SSTab1_Click(int Index) {
     QLineEdit* input = tabs_.at(static_cast<std::size_t>(Index)).input;
     input->setFocus();
-    input->selectAll();
+    SelectWhole(*input);
     FixTabStops(*ui_->SSTab1);
 }
 
@@ -101,10 +101,7 @@ void frmUnits::Command3_Click() {
 void frmUnits::Fill(const Tab& tab) {
     const std::vector<std::string> texts =
         UnitBoxTexts(tab.quantity, GetOptionIndex(tab.units), FromQt(tab.input->text()));
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-        tab.boxes[i]->setText(ToQt(texts[i]));
-        tab.boxes[i]->setCursorPosition(0);
-    }
+    for (std::size_t i = 0; i < texts.size(); ++i) tab.boxes[i]->setText(ToQt(texts[i]));
 }
 
 }  // namespace tarvokol

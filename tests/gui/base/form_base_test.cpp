@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/base/form_base.h"
 
+#include <QFontMetrics>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
@@ -372,6 +373,53 @@ TEST_F(FormBaseTest, ARangeCheckedBoxGetsTheFocusWhenItIsWrong) {
     EXPECT_FALSE(CheckRangeOf(box, 1, 5, "Size"));
     EXPECT_EQ(form.focusWidget(), &box);
     EXPECT_THAT(Messages(), ElementsAre("Size: Value '6' is outside input range\r\nValid range is: 1-5"));
+}
+
+const char* const kLongFigure = "9.84251968503937";
+
+TEST_F(FormBaseTest, ALongFigureShowsItsFirstDigits) {
+    frmSample& form = frmSample::Instance();
+    ShowAndActivate(form);
+    QLineEdit& first = Find<QLineEdit>(form, "Text1");
+    QLineEdit& second = Find<QLineEdit>(form, "Text2");
+    first.setFocus();
+    second.setText(kLongFigure);
+    EXPECT_EQ(second.cursorPosition(), 0);
+    first.clear();
+    QTest::keyClicks(&first, kLongFigure);
+    EXPECT_EQ(first.cursorPosition(), 16);  // where the user types
+    EXPECT_EQ(first.text(), kLongFigure);
+    second.setFocus();
+    EXPECT_EQ(first.cursorPosition(), 0);
+}
+
+TEST_F(FormBaseTest, ASelectedFigureShowsItsFirstDigits) {
+    frmSample& form = frmSample::Instance();
+    SelectAllOnFocus(form);
+    ShowAndActivate(form);
+    QLineEdit& box = Find<QLineEdit>(form, "Text2");
+    box.setText(kLongFigure);
+    box.setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(box.selectedText(), kLongFigure);
+    EXPECT_EQ(box.cursorPosition(), 0);
+}
+
+TEST_F(FormBaseTest, BoxesOfAFixedWidthGrowWithTheirFont) {
+    QWidget body;
+    QFont large = body.font();
+    large.setPointSize(3 * large.pointSize());
+    for (const int most : {32767, 2}) {
+        QLineEdit box(&body);
+        box.setMaxLength(most);
+        box.setFixedWidth(40);
+        box.setFont(large);
+        WidenBoxes(body);
+        const int digits = QFontMetrics(large).horizontalAdvance(QString(std::min(most, 10), '0'));
+        EXPECT_GE(box.minimumWidth(), digits);
+        EXPECT_LE(box.maximumWidth(), digits + 40);
+        WidenBoxes(body);
+        EXPECT_LE(box.maximumWidth(), digits + 40);
+    }
 }
 
 }  // namespace

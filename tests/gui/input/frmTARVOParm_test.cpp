@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QToolTip>
 #include <set>
 
 #include "core/graphics/TarvoGraf.h"
@@ -435,6 +436,43 @@ TEST_F(ParametersOfTheMainWindow, TheCaptionShowsNoStarRightAfterOk) {
     EXPECT_EQ(window.windowTitle(), "TARVO-KOL: Untitled");
     EXPECT_EQ(ProjectSaved, 0);
     EXPECT_EQ(ProjectRecord.NumberHoles, 2);
+}
+
+TEST_F(ParametersDialog, LongFiguresOfAProjectShowTheirFirstDigits) {
+    ProjectRecord.Height = ProjectRecord.WebThickness = 9.84251968503937;
+    frmTARVOParm& form = Open();
+    for (const char* name : {"txtHeight", "txtWebThickness"}) {
+        EXPECT_EQ(TextOf(form, name), "9.84251968503937");
+        EXPECT_EQ(Box(form, name).cursorPosition(), 0) << name;
+    }
+}
+
+TEST_F(ParametersDialog, ACommaIsAnsweredByANoteAndChangesNothing) {
+    frmTARVOParm& form = Open();
+    Enter(form, "txtWebThickness", "1,5");
+    EXPECT_EQ(FromQt(QToolTip::text()), "Decimal point, no comma");
+    EXPECT_EQ(TextOf(form, "txtWebThickness"), "1,5");
+    EXPECT_THAT(Messages(), IsEmpty());
+    Enter(form, "txtWebThickness", "1.5");
+    EXPECT_TRUE(WaitUntil([] { return !QToolTip::isVisible(); }));
+}
+
+TEST_F(ParametersDialog, SuggestedSizesOfAMetricProjectSayThatTheyAreInches) {
+    frmTARVOParm& english = Open();
+    ShowTab(english, 2);
+    EXPECT_FALSE(Find<QLabel>(english, "lblSugUnit").isVisible());
+    english.Unload();
+    RunEvents();
+    UnitSystem = 1;
+    frmTARVOParm& form = Open();
+    ShowTab(form, 2);
+    const std::string note = "Suggested sizes are inches, not metres (1 in = 0.0254 m).";
+    EXPECT_TRUE(Find<QLabel>(form, "lblSugUnit").isVisible());
+    EXPECT_EQ(TextOf(form, "lblSugUnit"), note);
+    for (const char* name : {"txtSugWeb", "txtSugBarrier"}) {
+        EXPECT_EQ(FromQt(Box(form, name).toolTip()), note);
+        EXPECT_EQ(FromQt(Box(form, name).accessibleDescription()), note);
+    }
 }
 
 }  // namespace

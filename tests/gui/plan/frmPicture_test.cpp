@@ -465,5 +465,26 @@ TEST_F(PlotWindow, CapturesThePartAskedFor) {
     EXPECT_EQ(CaptureWindow(form, true, QRect(10, 20, 30, 40)).toImage(), Shown(form).copy(10, 20, 30, 40));
 }
 
+TEST_F(PlotWindow, ArrowKeysLeadFromPillarToPillarAndSayTheirLabels) {
+    frmPicture& form = OpenFrom<OpeningDialog>();
+    PlanSheet& sheet = SheetOf(form);
+    EXPECT_EQ(form.focusWidget(), &sheet);
+    EXPECT_EQ(FromQt(sheet.accessibleName()), "Plan of the panel");
+    EXPECT_EQ(FromQt(sheet.accessibleDescription()), "20x oo, 8x oo, 8x oo");
+    const QImage plain = Shown(form);
+    Press(form, Qt::Key_Right);
+    EXPECT_EQ(FromQt(sheet.accessibleDescription()), "Pillar 1 of 3: 20x oo");
+    Press(form, Qt::Key_Left);
+    EXPECT_EQ(FromQt(sheet.accessibleDescription()), "Pillar 1 of 3: 20x oo");
+    Press(form, Qt::Key_End);
+    Press(form, Qt::Key_Right);
+    EXPECT_EQ(FromQt(sheet.accessibleDescription()), "Pillar 3 of 3: 8x oo");
+    Press(form, Qt::Key_Home);
+    EXPECT_EQ(FromQt(sheet.accessibleDescription()), "Pillar 1 of 3: 20x oo");
+    EXPECT_NE(Shown(form), plain);
+    EXPECT_TRUE(Choose(form, "mnuEditItem_0"));
+    EXPECT_EQ(Shown(form), plain);  // no mark on the copied picture
+}
+
 }  // namespace
 }  // namespace tarvokol

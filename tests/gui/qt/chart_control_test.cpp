@@ -8,6 +8,7 @@
 
 #include "core/runtime/run_time_error.h"
 #include "qt/chart_text.h"
+#include "qt/chart_ticker.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {
@@ -398,6 +399,63 @@ TEST_F(ChartControlTest, ThinnedSymbolsIncludeTheFirstAndTheLastPoint) {
 TEST_F(ChartControlTest, PicturesNameAGenericFaceBehindTheirOwn) {
     EXPECT_EQ(WithGenericFamily("<g font-family=\"Arial\" font-size=\"9\">"),
               QByteArray("<g font-family=\"Arial, sans-serif\" font-size=\"9\">"));
+}
+
+TEST_F(ChartControlTest, TheLegendShowsALargeSymbolWhole) {
+    AddLine(3);
+    Chart.AddSeriesLabel(1, "Overall");
+    Chart.SetSymbolShape(1, chart_style::DotSymbol);
+    Chart.SetSymbolColour(1, 0x0000FF);
+    Chart.SetSymbolSize(1, 20);
+    Show();
+    const QImage image = Chart.grab().toImage();
+    QRect symbol;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (Chart.RegionAt(x, y) != PlotRegionCode && image.pixelColor(x, y).red() > 200 &&
+                image.pixelColor(x, y).green() < 100 && y > Chart.height() / 2)
+                symbol |= QRect(x, y, 1, 1);
+    EXPECT_NEAR(symbol.height(), 27, 2);  // 20 points at 96 pixels to the inch
+    EXPECT_NEAR(symbol.width(), 27, 2);
+}
+
+TEST_F(ChartControlTest, TheSmallestChartCutsNothing) {
+    AddLine(20);
+    Chart.AddSeriesLabel(1, "Overall");
+    for (const int size : {5, 20}) {
+        Chart.SetSymbolSize(1, size);
+        const QImage image = Chart.ToImage(QSize(239, 164), 1);
+        for (const int y : {0, 163})
+            for (int x = 0; x < 239; ++x) ASSERT_EQ(image.pixelColor(x, y), QColor(Qt::white)) << x << ", " << y;
+        for (const int x : {0, 238})
+            for (int y = 0; y < 164; ++y) ASSERT_EQ(image.pixelColor(x, y), QColor(Qt::white)) << x << ", " << y;
+    }
+}
+
+TEST_F(ChartControlTest, ALongYTitleKeepsClearOfTheHeader) {
+    AddLine(20);
+    const QRect header(0, 0, 449, 30);
+    Chart.SetAxisTitle(ChartAxis::Y, "");
+    const QImage without = Chart.ToImage(Chart.size(), 1).copy(header);
+    Chart.SetAxisTitle(ChartAxis::Y, "Stability factor of the whole panel, of its webs and of its barrier pillar");
+    EXPECT_EQ(CountPixels(Chart.ToImage(Chart.size(), 1).copy(header), Qt::black, 90),
+              CountPixels(without, Qt::black, 90));
+}
+
+TEST(ChartTicks, AnAxisWithRoomHasFourAtTheLeast) {
+    ChartTicker ticker;
+    for (const int wanted : {4, 5, 6, 7}) {
+        ticker.setTickCount(wanted);
+        for (const double upper : {8.0, 3.0, 0.9, 160.0, 2500.0, 7.0}) {
+            QVector<double> ticks;
+            QVector<QString> labels;
+            ticker.generate(QCPRange(0, upper), QLocale::c(), 'f', 6, ticks, nullptr, &labels);
+            const auto shown =
+                std::count_if(ticks.begin(), ticks.end(), [&](double tick) { return tick >= 0 && tick <= upper; });
+            EXPECT_GE(shown, 4) << upper;
+            EXPECT_LE(shown, 11) << upper;
+        }
+    }
 }
 
 }  // namespace

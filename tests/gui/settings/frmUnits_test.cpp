@@ -7,6 +7,7 @@
 #include <QRadioButton>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QToolTip>
 
 #include "core/messages/titles.h"
 #include "tests/support/main_window_fixture.h"
@@ -352,6 +353,33 @@ TEST_F(Units, OpensItsTopicWithF1) {
     RunTimeHelpFile = "/opt/tarvokol/TARVOKOL.CHM";
     Press(form, Qt::Key_F1);
     EXPECT_THAT(Host.Help.Calls, ElementsAre("topic /opt/tarvokol/TARVOKOL.CHM frmUnits.htm"));
+}
+
+TEST_F(Units, CtrlTabLandsInThePagesFirstBox) {
+    frmUnits& form = Open();
+    for (const int page : {1, 2, 3, 4, 0}) {
+        Press(form, Qt::Key_Tab, Qt::ControlModifier);
+        EXPECT_EQ(Tabs(form).currentIndex(), page);
+        ASSERT_NE(form.focusWidget(), nullptr);
+        EXPECT_EQ(FromQt(form.focusWidget()->objectName()), kTabs[static_cast<std::size_t>(page)].input);
+    }
+}
+
+TEST_F(Units, BoxesForReadingAreGrey) {
+    frmUnits& form = Open();
+    const auto paper = [&form](const std::string& name) {
+        QWidget& box = Find(form, name);
+        return box.grab().toImage().pixelColor(box.width() - 12, box.height() / 2);
+    };
+    EXPECT_EQ(paper("txtLength"), form.palette().color(QPalette::Base));
+    for (const std::string& box : kTabs[0].boxes) EXPECT_EQ(paper(box), form.palette().color(QPalette::Window)) << box;
+}
+
+TEST_F(Units, ACommaIsAnsweredByANote) {
+    frmUnits& form = Open();
+    Type(form, "txtLength", "1,5");
+    EXPECT_EQ(FromQt(QToolTip::text()), "Decimal point, no comma");
+    EXPECT_EQ(TextOf(form, "txtLength"), "1,5");
 }
 
 }  // namespace

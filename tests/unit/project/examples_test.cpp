@@ -5,7 +5,9 @@
 
 #include <gmock/gmock.h>
 
+#include "core/project/curves.h"
 #include "core/project/input_check.h"
+#include "core/project/parameter_texts.h"
 #include "core/project/stability_analysis.h"
 #include "core/project/working_parameters.h"
 #include "tests/unit/project/project_fixture.h"
@@ -65,6 +67,29 @@ TEST_P(ExampleProject, SavesToTheSameBytes) {
     ProjectFileName = PathTo("again.TKL");
     ASSERT_TRUE(FileSave());
     EXPECT_EQ(ReadBytes(ProjectFileName), before);
+}
+
+// A curve point or a suggested size that the solver did not find is -1, with a message.
+TEST_P(ExampleProject, GivesSoundCurvesAndSizes) {
+    Open();
+    for (int index = 0; index < 3; ++index) {
+        ASSERT_TRUE(ComputeStabilityCurves(index));
+        for (int curve = 1; curve <= CurveCount; ++curve)
+            for (long row = 1; row <= CurvePoints; ++row) EXPECT_GT(CurveData(curve, row), 0) << index;
+    }
+    for (int index = 0; index < 2; ++index) {
+        ASSERT_TRUE(ComputeSizingCurve(index));
+        for (long row = 1; row <= CurvePoints; ++row) EXPECT_GT(CurveData(1, row), 0) << index;
+    }
+    const SuggestedSizes sizes = SuggestPillarSizes(TextsOfRecord(ProjectRecord));
+    EXPECT_GT(sizes.SuggestedWeb, 0);
+    EXPECT_GT(sizes.SuggestedBarrier, 0);
+    EXPECT_THAT(Messages(), ::testing::IsEmpty());
+}
+
+TEST_P(ExampleProject, AsksADesignQuestion) {
+    Open();
+    EXPECT_THAT(ProjectDescription, ::testing::ContainsRegex("Question: .*[?]"));
 }
 
 TEST(Examples, AreAllTested) {
