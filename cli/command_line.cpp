@@ -62,7 +62,7 @@ void AddFileCommands(CLI::App& app, Options& options, HeadlessPlatform& host, Co
     AddFiles(*results, options, "Write the report: .txt, .pdf or .json, or a folder", {"txt", "pdf", "json"});
     results->callback([&] { chosen = [&] { return RunResults(options, host); }; });
 
-    auto* size = app.add_subcommand("size", "Suggested web and barrier sizes");
+    auto* size = app.add_subcommand("size", "Suggested web and barrier sizes, of a metric project in inches");
     AddFiles(*size, options, "Write the sizes: .json, or a folder", {"json"});
     size->callback([&] { chosen = [&] { return RunSize(options, host); }; });
 
@@ -73,7 +73,7 @@ void AddFileCommands(CLI::App& app, Options& options, HeadlessPlatform& host, Co
 
 void AddCurveCommand(CLI::App& app, Options& options, HeadlessPlatform& host, Command& chosen) {
     static std::string kind;
-    auto* curve = app.add_subcommand("curve", "A parametric curve");
+    auto* curve = app.add_subcommand("curve", "A parametric curve; web and barrier of a metric project in inches");
     curve->add_option("KIND", kind, "sf-height, sf-depth, sf-hole, web or barrier")
         ->required()
         ->check(CLI::IsMember({"sf-height", "sf-depth", "sf-hole", "web", "barrier"}))

@@ -72,6 +72,7 @@ void GraphFormBase::BindControls() {
     connect(graph_, &ChartControl::MouseMove, this, &GraphFormBase::Graph1_MouseMove);
     connect(graph_, &ChartControl::PointReached, this, &GraphFormBase::Graph1_PointReached);
     read_out_width_ = frame_->sizeHint().width();
+    read_out_title_ = frame_->title();
 }
 
 void GraphFormBase::ConnectMenu(const QString& name, void (GraphFormBase::*handler)(int)) {
@@ -116,7 +117,7 @@ void GraphFormBase::Form_Resize() {
     FitReadOut();
 }
 
-// In a narrow window the captions stand above their values.
+// In a narrow window the captions stand above their values, and take the room of the frame's title.
 void GraphFormBase::FitReadOut() {
     const int room = std::max(width(), LeastPixels()) - 2 * frame_->x();
     const bool narrow = room < read_out_width_;
@@ -132,6 +133,7 @@ void GraphFormBase::FitReadOut() {
         grid->addWidget(value, narrow ? 1 : 0, narrow ? column : 2 * column + 1);
         ++column;
     }
+    frame_->setTitle(narrow ? QString() : read_out_title_);
     grid->setVerticalSpacing(narrow ? 0 : -1);
     for (int i = 0; i < kReadOutColumns; ++i) grid->setColumnStretch(i, narrow ? 0 : i == 5 ? 2 : i % 2);
     frame_->resize(std::min(room, kReadOutWidth), frame_->height());

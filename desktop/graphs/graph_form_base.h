@@ -66,6 +66,7 @@ class GraphFormBase : public FormBase {
     bool DialogCancelled_ = false;
     bool options_open_ = false;
     int read_out_width_ = 0;  // that its labels need beside one another
+    QString read_out_title_;
 };
 
 }  // namespace tarvokol

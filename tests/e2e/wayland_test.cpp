@@ -141,6 +141,11 @@ TEST_F(Wayland, AProjectIsEditedCalculatedShownAndSavedWithoutAWarning) {
     GiveKeyboard();
     ExpectActive(caption);
 
+    Press("F1");
+    ExpectActive("TARVO-KOL Help");
+    Press("Escape");
+    ExpectActive(caption);
+
     Press("ctrl+e");
     ExpectActive("Parameters");
     Press("ctrl+a");
