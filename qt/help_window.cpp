@@ -291,7 +291,8 @@ void HelpWindow::Source_Changed() {
     const QModelIndex place = contents->indexOf(browser_->source());
     if (place.isValid()) contents->setCurrentIndex(place);
     const QString title = browser_->documentTitle();
-    setWindowTitle(title.isEmpty() ? tr("TARVO-KOL Help") : title + " - " + tr("TARVO-KOL Help"));
+    const QString help = tr("TARVO-KOL Help");
+    setWindowTitle(title.isEmpty() || title == help ? help : title + " - " + help);
 }
 
 }  // namespace tarvokol

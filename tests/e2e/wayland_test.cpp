@@ -170,6 +170,15 @@ TEST_F(Wayland, AProjectIsEditedCalculatedShownAndSavedWithoutAWarning) {
     Press("Escape");
     ExpectActive(caption);
 
+    Press("alt+o Down Right Return");
+    ExpectActive("Graph");
+    Press("alt+o Down Return");
+    ExpectActive("Graph Parameters and Options");
+    Press("Escape");
+    ExpectActive("Graph");
+    Press("alt+f x");
+    ExpectActive(caption);
+
     Press("ctrl+s");
     EXPECT_TRUE(Eventually([&] { return ReadBytes(path) == Project("7.5"); })) << ReadBytes(path);
     Press("alt+f x");
