@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <optional>
+#include <utility>
 
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
@@ -17,10 +19,6 @@ constexpr double kLargestWhole = 1e15;
 
 bool IsWhole(double value) {
     return value == std::floor(value) && std::fabs(value) < kLargestWhole;
-}
-
-bool IsAscii(const std::string& text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
 // What JSON writes for a character of ASCII that may not stand in a text as it is; empty for the others.
@@ -37,20 +35,38 @@ std::string_view Escape(char c) {
     }
 }
 
-std::string QuotedAscii(const std::string& text) {
+bool StandsAsItIs(char c) {
+    return c >= ' ' && c != '"' && c != '\\';
+}
+
+bool IsAscii(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
+void AppendEscaped(std::string& text, char c) {
     constexpr const char* kDigits = "0123456789abcdef";
+    const std::string_view escape = Escape(c);
+    if (!escape.empty()) {
+        text += escape;
+        return;
+    }
+    text += "\\u00";
+    text += kDigits[c / 16];
+    text += kDigits[c % 16];
+}
+
+// Stretch by stretch: most of a report stands as it is. Nothing for a text that is not all ASCII.
+std::optional<std::string> QuotedAscii(const std::string& text) {
     std::string quoted(1, '"');
     quoted.reserve(text.size() + text.size() / 8 + 2);
-    for (const char c : text) {
-        if (c >= ' ' && c != '"' && c != '\\') {
-            quoted += c;
-        } else if (const std::string_view escape = Escape(c); !escape.empty()) {
-            quoted += escape;
-        } else {
-            quoted += "\\u00";
-            quoted += kDigits[c / 16];
-            quoted += kDigits[c % 16];
-        }
+    for (auto at = text.begin(); at != text.end();) {
+        const auto end = std::find_if_not(at, text.end(), StandsAsItIs);
+        quoted.append(at, end);
+        at = end;
+        if (at == text.end()) break;
+        if (!IsAscii(*at)) return std::nullopt;
+        AppendEscaped(quoted, *at);
+        ++at;
     }
     return quoted + '"';
 }
@@ -108,7 +124,7 @@ void AppendNumber(std::string& text, double value) {
 
 // The library knows what is no UTF-8.
 std::string JsonText(const std::string& text) {
-    if (IsAscii(text)) return QuotedAscii(text);
+    if (auto quoted = QuotedAscii(text)) return std::move(*quoted);
     return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
