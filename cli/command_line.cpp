@@ -2,6 +2,7 @@
 #include "cli/command_line.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <functional>
 #include <iostream>
@@ -318,6 +319,9 @@ int StatusOfParseError(CLI::App& app, const CLI::ParseError& error) {
 
 int RunCommandLine(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
+    // Many objects a call of the system.
+    static std::array<char, 65536> output_room;
+    std::cout.rdbuf()->pubsetbuf(output_room.data(), output_room.size());
     HeadlessPlatform host;
     host.Install();
     Options options;

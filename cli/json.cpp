@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <optional>
-#include <utility>
 
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
@@ -35,10 +33,6 @@ std::string_view Escape(char c) {
     }
 }
 
-bool StandsAsItIs(char c) {
-    return c >= ' ' && c != '"' && c != '\\';
-}
-
 bool IsAscii(char c) {
     return static_cast<unsigned char>(c) < 0x80;
 }
@@ -55,20 +49,31 @@ void AppendEscaped(std::string& text, char c) {
     text += kDigits[c % 16];
 }
 
-// Stretch by stretch: most of a report stands as it is. Nothing for a text that is not all ASCII.
-std::optional<std::string> QuotedAscii(const std::string& text) {
-    std::string quoted(1, '"');
-    quoted.reserve(text.size() + text.size() / 8 + 2);
+// Appends a text between quotes, stretch by stretch: most of a report stands as it is. False, with nothing appended, for one
+// that is not all ASCII.
+bool AppendQuotedAscii(std::string& json, const std::string& text) {
+    const auto stands_as_it_is = [](char c) { return c >= ' ' && c != '"' && c != '\\'; };
+    const std::size_t before = json.size();
+    json += '"';
     for (auto at = text.begin(); at != text.end();) {
-        const auto end = std::find_if_not(at, text.end(), StandsAsItIs);
-        quoted.append(at, end);
+        const auto end = std::find_if_not(at, text.end(), stands_as_it_is);
+        json.append(at, end);
         at = end;
         if (at == text.end()) break;
-        if (!IsAscii(*at)) return std::nullopt;
-        AppendEscaped(quoted, *at);
+        if (!IsAscii(*at)) {
+            json.resize(before);
+            return false;
+        }
+        AppendEscaped(json, *at);
         ++at;
     }
-    return quoted + '"';
+    json += '"';
+    return true;
+}
+
+// The library knows what is no UTF-8.
+void AppendText(std::string& json, const std::string& text) {
+    if (!AppendQuotedAscii(json, text)) json += Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
 void Append(std::string& text, const Json& value);
@@ -77,7 +82,8 @@ void AppendObject(std::string& text, const Json& object) {
     text += '{';
     for (const auto& [key, value] : object.items()) {
         if (text.back() != '{') text += ',';
-        text += JsonText(key) + ':';
+        AppendText(text, key);
+        text += ':';
         Append(text, value);
     }
     text += '}';
@@ -98,7 +104,7 @@ void Append(std::string& text, const Json& value) {
     else if (value.is_array())
         AppendArray(text, value);
     else if (value.is_string())
-        text += JsonText(value.get_ref<const std::string&>());
+        AppendText(text, value.get_ref<const std::string&>());
     else if (value.is_number_float())
         AppendShortest(text, value.get<double>());  // the library's own form is now and then a digit longer
     else
@@ -122,10 +128,10 @@ void AppendNumber(std::string& text, double value) {
         AppendShortest(text, value);
 }
 
-// The library knows what is no UTF-8.
 std::string JsonText(const std::string& text) {
-    if (auto quoted = QuotedAscii(text)) return std::move(*quoted);
-    return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
+    std::string json;
+    AppendText(json, text);
+    return json;
 }
 
 std::string JsonLine(const Json& object) {
@@ -146,12 +152,17 @@ void JsonMembers::Add(std::string_view key, double value) {
     AppendNumber(text_, value);
 }
 
+void JsonMembers::Add(std::string_view key, const std::string& value) {
+    AddKey(key);
+    AppendText(text_, value);
+}
+
 void JsonMembers::Add(std::string_view key, const std::vector<std::string>& values) {
     AddKey(key);
     text_ += '[';
     for (const std::string& value : values) {
         if (&value != &values.front()) text_ += ',';
-        text_ += JsonText(value);
+        AppendText(text_, value);
     }
     text_ += ']';
 }

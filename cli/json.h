@@ -36,7 +36,7 @@ class JsonMembers {
     void Add(std::string_view key, double value);
     void Add(std::string_view key, std::integral auto value) { AddWritten(key, std::to_string(value)); }
     void Add(std::string_view key, bool value) { AddWritten(key, value ? "true" : "false"); }
-    void Add(std::string_view key, const std::string& value) { AddWritten(key, JsonText(value)); }
+    void Add(std::string_view key, const std::string& value);
     void Add(std::string_view key, const char* value) { Add(key, std::string(value)); }
     void Add(std::string_view key, const std::vector<std::string>& values);
     void Add(std::string_view key, const JsonMembers& object);

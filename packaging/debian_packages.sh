@@ -8,7 +8,7 @@ BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-tools-d
 RUN_PACKAGES="fonts-liberation fonts-dejavu-core"
 PACKAGE_PACKAGES="dpkg-dev file git"
 TEST_PACKAGES="libgtest-dev libgmock-dev libx11-dev xvfb xauth openbox xdotool xclip qt6-wayland weston
-    poppler-utils imagemagick python3 python3-jsonschema jq
+    poppler-utils imagemagick python3 python3-jsonschema jq make
     shared-mime-info desktop-file-utils appstream lintian mandoc zsh fish"
 ALL_TEST_PACKAGES="libbenchmark-dev clang-14 libclang-rt-14-dev debootstrap"
 

@@ -27,7 +27,7 @@ test_holds_every_file() {
         share/man/man1/tarvokol.1.gz share/man/man1/tarvokol-cli.1.gz share/man/man5/tarvokol-project.5.gz \
         share/bash-completion/completions/tarvokol-cli share/zsh/vendor-completions/_tarvokol-cli \
         share/fish/vendor_completions.d/tarvokol-cli.fish share/tarvokol/TARVOKOL.qch \
-        share/doc/tarvokol/{copyright,changelog.gz,TARVOKOL.PDF,PillarStrength.pdf,AbutmentLoad.pdf} \
+        share/doc/tarvokol/{copyright,changelog.gz,recipes.md,TARVOKOL.PDF,PillarStrength.pdf,AbutmentLoad.pdf} \
         share/doc/tarvokol/{SizingEquations.pdf,UnitsConversions.pdf,WorkedDesign.pdf} \
         share/doc/tarvokol/examples/Contour_Bench_Shallow.TKL share/tarvokol/Contour_Bench_Shallow.TKL; do
         [ -s "$usr/$file" ] || fail "not in the package, empty or a broken link: $file"
