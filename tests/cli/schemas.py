@@ -122,7 +122,7 @@ def every_field(folder):
 
 
 def main():
-    cli, source = sys.argv[1], pathlib.Path(sys.argv[2])
+    cli, source = pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2]).resolve()
     schemas = Schemas(source / "docs" / "schema")
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
