@@ -11,7 +11,7 @@ namespace {
 constexpr double kTurnedTextGap = 2;
 
 // Pixels; the digits of a smaller face can no longer be told apart.
-constexpr int kSmallestLabel = 9;
+constexpr int kSmallestLabel = 8;
 
 QRectF BoundsOf(const QLineF& line) {
     return QRectF(line.p1(), line.p2()).normalized().adjusted(-0.5, -0.5, 0.5, 0.5);

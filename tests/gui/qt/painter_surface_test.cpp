@@ -466,7 +466,7 @@ TEST(PlanLabels, GetSmallerBetweenTwoPillars) {
     texts.FitLabels({200, 200}, EdgesOf({pillar, next}));
     ASSERT_EQ(texts.Texts().size(), 1u);
     EXPECT_LT(texts.Texts()[0].font.pixelSize(), 12);
-    EXPECT_GE(texts.Texts()[0].font.pixelSize(), 9);
+    EXPECT_GE(texts.Texts()[0].font.pixelSize(), 8);
     EXPECT_GT(texts.Texts()[0].Strip().left(), pillar.right());
     EXPECT_LT(texts.Texts()[0].Strip().right(), next.left());
     EXPECT_GE(texts.Texts()[0].Strip().top(), 0);
