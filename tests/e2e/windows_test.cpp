@@ -122,5 +122,49 @@ TEST_F(Windows, ASizeThatTheUserGaveIsKeptForTheNextOpening) {
     ExpectSquare();
 }
 
+// What the active window shows, in short.
+std::string PictureOfWindow() {
+    return OutputOf("import -window $(xdotool getactivewindow) rgba:- 2>/dev/null | md5sum");
+}
+
+TEST_F(Windows, GraphAndPlanAnswerTheArrowKeysAtOnce) {
+    if (OutputOf("command -v import").empty()) GTEST_SKIP() << "not installed: imagemagick";
+    StartWithProject();
+    Press("alt+o Down Right Return");
+    ExpectWindow("Graph");
+    std::string before = PictureOfWindow();
+    for (const char* key : {"Right", "Right", "Down"}) {
+        Press(key);
+        EXPECT_TRUE(Eventually([&] { return PictureOfWindow() != before; })) << key;
+        before = PictureOfWindow();
+    }
+    Press("alt+f x");
+    ExpectWindow(Caption());
+    OpenPlan();
+    before = PictureOfWindow();
+    Press("Right");
+    EXPECT_TRUE(Eventually([&] { return PictureOfWindow() != before; }));
+    Press("Escape");
+    ExpectWindow("Parameters");
+}
+
+TEST_F(Windows, ACommaIsAnsweredByANoteThatLeavesTheKeyboardAlone) {
+    StartWithProject();
+    Press("ctrl+e");
+    ExpectWindow("Parameters");
+    Press("alt+h ctrl+a");
+    const auto windows = [] { return OutputOf("xdotool search --onlyvisible --class tarvokol | wc -l"); };
+    const std::string before = windows();
+    Type("9,5");
+    EXPECT_TRUE(Eventually([&] { return windows() != before; }));
+    ExpectWindow("Parameters");
+    Press("Return");
+    ExpectWindow(Caption());
+    Press("ctrl+s");
+    EXPECT_TRUE(Eventually([this] {
+        return ReadBytes(ProjectPath()).find("##EndDesc##\r\n10\r\n100\r\n9\r\n10\r\n20\r\n") != std::string::npos;
+    })) << ReadBytes(ProjectPath());
+}
+
 }  // namespace
 }  // namespace tarvokol

@@ -107,5 +107,11 @@ TEST_F(SizingGraphOptions, AStabilityGraphAfterwardsHasItsOwnLegend) {
     EXPECT_EQ(form.Graph1().SeriesLabel(1), "Overall");
 }
 
+TEST_F(SizingGraphOptions, TheBoxesInsideTheListsHaveNames) {
+    frmGraphOptS& dialog = ShowDialog(0);
+    EXPECT_EQ(Find<QComboBox>(dialog, "Combo1").lineEdit()->accessibleName(), "Grid style");
+    EXPECT_EQ(Find<QComboBox>(dialog, "Combo2").lineEdit()->accessibleName(), "Graph Style");
+}
+
 }  // namespace
 }  // namespace tarvokol
