@@ -17,6 +17,15 @@ if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
         CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${CCACHE_PROGRAM})
 endif()
 
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    # The time of a precompiled header is no part of what it says, so that ccache finds it again.
+    add_compile_options("$<$<COMPILE_LANGUAGE:CXX>:SHELL:-Xclang -fno-pch-timestamp>")
+    find_program(TARVOKOL_LLD ld.lld)
+    if(TARVOKOL_LLD)
+        add_link_options(-fuse-ld=lld)
+    endif()
+endif()
+
 add_library(tarvokol_options INTERFACE)
 target_include_directories(tarvokol_options INTERFACE ${CMAKE_SOURCE_DIR})
 target_compile_options(tarvokol_options INTERFACE
