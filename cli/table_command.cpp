@@ -61,6 +61,7 @@ class TableSource : public RowSource {
         const PanelInputs project = panel.Inputs();
         std::vector<LeadingCell> cells(fields_.size());
         std::vector<const LeadingCell*> pointers;
+        pointers.reserve(cells.size());
         for (const LeadingCell& cell : cells) pointers.push_back(&cell);
         for (const TableRow& row : piece.rows) {
             for (std::size_t i = 0; i < fields_.size(); ++i)

@@ -63,9 +63,10 @@ bool FolderRefuses(int error) {
 // Returns the error of the system, 0 for none.
 int CreateFree(const std::string& folder, const std::string& start, const std::string& end, mode_t rights,
                std::string& path) {
+    const std::string common = WithSeparator(folder) + start + std::to_string(::getpid()) + "-";
     for (int number = 1;; ++number) {
-        path =
-            WithSeparator(folder) + start + std::to_string(::getpid()) + "-" + std::to_string(number) + end;
+        path = common;
+        path.append(std::to_string(number)).append(end);
         const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, rights);
         if (file >= 0) {
             if (::close(file) == 0) return 0;

@@ -21,6 +21,7 @@ Entry EntryOf(const std::map<std::string, Entry, std::less<>>& table, std::strin
 template <typename Entry>
 std::vector<std::string> NamesIn(const std::map<std::string, Entry, std::less<>>& table) {
     std::vector<std::string> names;
+    names.reserve(table.size());
     for (const auto& [name, entry] : table) names.push_back(name);
     return names;
 }
