@@ -121,6 +121,14 @@ void OutputTarget::MakeFolder() const {
     throw OutputError{number, output_ + ": " + ErrorText(number)};
 }
 
+void WriteTowards(const std::string& path, const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const RunTimeError& error) {
+        throw OutputError{error.number, path + ": " + error.text};
+    }
+}
+
 void WriteToStandardOutput(const std::string& extension,
                            const std::function<void(const std::string&)>& write) {
     try {
@@ -153,11 +161,7 @@ void OutputTarget::Write(const std::string& path,
         WriteToStandardOutput(format_, write);
         return;
     }
-    try {
-        write(path);
-    } catch (const RunTimeError& error) {
-        throw OutputError{error.number, path + ": " + error.text};
-    }
+    WriteTowards(path, [&] { write(path); });
     if (folder_) taken_.insert(path);
 }
 

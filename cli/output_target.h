@@ -70,6 +70,9 @@ class OutputTarget {
     mutable std::set<std::string> taken_;  // the files of the folder that hold a result of this run
 };
 
+// Does a step towards the file at `path`; a run-time error in it becomes the OutputError that names the file.
+void WriteTowards(const std::string& path, const std::function<void()>& step);
+
 // Lets `write` make a file of that extension and sends its bytes to standard output. Raises OutputError.
 void WriteToStandardOutput(const std::string& extension,
                            const std::function<void(const std::string&)>& write);

@@ -48,26 +48,17 @@ class FileSink : public RowSink {
         : path_(path), place_(path), file_(place_.BuildPath(), O_WRONLY) {}
 
     bool Write(std::string_view text) override {
-        Told([&] { file_.Write(text); });
+        WriteTowards(path_, [&] { file_.Write(text); });
         return true;
     }
     void Finish() override {
-        Told([this] {
+        WriteTowards(path_, [this] {
             file_.Close();
             place_.Commit();
         });
     }
 
   private:
-    template <typename Step>
-    void Told(Step step) const {
-        try {
-            step();
-        } catch (const RunTimeError& error) {
-            throw OutputError{error.number, path_ + ": " + error.text};
-        }
-    }
-
     std::string path_;
     FileReplacement place_;
     Descriptor file_;
@@ -94,11 +85,9 @@ void RefuseExisting(const std::string& path, bool force) {
 
 std::unique_ptr<RowSink> OpenFileSink(const std::string& path, bool force) {
     RefuseExisting(path, force);
-    try {
-        return std::make_unique<FileSink>(path);
-    } catch (const RunTimeError& error) {
-        throw OutputError{error.number, path + ": " + error.text};
-    }
+    std::unique_ptr<RowSink> sink;
+    WriteTowards(path, [&] { sink = std::make_unique<FileSink>(path); });
+    return sink;
 }
 
 RowTarget::RowTarget(const StudyOptions& options) : path_(options.common.output) {
@@ -119,7 +108,7 @@ void RowTarget::WriteDrawn(const std::function<void(const std::string&)>& write)
     if (path_.empty())
         WriteToStandardOutput(extension_, write);
     else
-        write(path_);
+        WriteTowards(path_, [&] { write(path_); });
 }
 
 std::unique_ptr<RowSink> RowTarget::Open() const {
