@@ -74,6 +74,17 @@ CliAnswer RunProgram(const std::string& program, const std::vector<std::string>&
     return answer;
 }
 
+ProjectText MetricProject() {
+    ProjectText project;
+    project.units = " 1 ";
+    project.height = project.hole = project.web = "3";
+    project.barrier = "6";
+    project.depth = "30";
+    project.strength = "6.2";
+    project.weight = "25.4";
+    return project;
+}
+
 std::string ProjectText::Bytes() const {
     std::vector<std::string> lines{magic, units, title, "##StartDesc##"};
     lines.insert(lines.end(), description.begin(), description.end());

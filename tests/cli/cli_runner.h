@@ -44,6 +44,9 @@ struct ProjectText {
     std::string Bytes() const;
 };
 
+// Three metres high, holes and webs of three metres, barriers of six, under thirty metres of rock.
+ProjectText MetricProject();
+
 class CliTest : public CoreTest {
   protected:
     // Writes a project into the test's folder and returns its name there.

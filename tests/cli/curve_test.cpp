@@ -174,14 +174,7 @@ TEST_F(PlanCommand, WritesPicturesAndATable) {
 TEST_F(CurveCommand, TheUnitsAreToldAndWhereTheTitleMisleadsOnStandardErrorToo) {
     const json english = Run({"curve", "web", "--json", Project("p.TKL")}).Object();
     EXPECT_EQ(english["units"], (json{{"X", "ft"}, {"Web Thickness", "ft"}}));
-    ProjectText project;
-    project.units = " 1 ";
-    project.height = project.hole = project.web = "3";
-    project.barrier = "6";
-    project.depth = "30";
-    project.strength = "6.2";
-    project.weight = "25.4";
-    const CliAnswer metric = Run({"curve", "web", "--json", Project("m.TKL", project)});
+    const CliAnswer metric = Run({"curve", "web", "--json", Project("m.TKL", MetricProject())});
     EXPECT_EQ(metric.Object()["units"], (json{{"X", "m"}, {"Web Thickness", "in"}}));
     EXPECT_EQ(metric.err, "m.TKL: The widths of this curve are inches, not metres (1 in = 0.0254 m).\n");
     const CliAnswer factors = Run({"curve", "sf-depth", "--json", "m.TKL"});

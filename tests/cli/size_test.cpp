@@ -20,14 +20,7 @@ TEST_F(SizeCommand, GivesRawInchesAndTheTwoFields) {
 }
 
 TEST_F(SizeCommand, MetricResultsStayInInches) {
-    ProjectText project;
-    project.units = " 1 ";
-    project.height = project.hole = project.web = "3";
-    project.barrier = "6";
-    project.depth = "30";
-    project.strength = "6.2";
-    project.weight = "25.4";
-    const json object = Run({"size", "--json", Project("m.TKL", project)}).Object();
+    const json object = Run({"size", "--json", Project("m.TKL", MetricProject())}).Object();
     EXPECT_EQ(object["txtSugWeb"], "37.72");
     EXPECT_EQ(object["txtSugBarrier"], "118.87");
     EXPECT_EQ(object["units"], (json{{"SuggestedWeb", "in"},
