@@ -3,14 +3,14 @@
 
 # Section, path in its figures, largest value allowed.
 LIMITS = [
-    ("analysis", ("other bits", "otherwise"), 0),
+    ("analysis", ("other bits", "count"), 0),
     ("analysis", ("largest relative error", "Overall", "value"), 1e-13),
     ("analysis", ("largest relative error", "Webs ONLY", "value"), 1e-13),
     ("analysis", ("largest relative error", "Barrier Pillar", "value"), 1e-13),
-    ("sizes", ("other bits", "otherwise"), 0),
+    ("sizes", ("other bits", "count"), 0),
     ("sizes", ("largest error", "web", "value"), 1e-6),
     ("sizes", ("largest error", "barrier, inches", "value"), 0.05),
-    ("curves", ("other bits", "otherwise"), 0),
+    ("curves", ("other bits", "count"), 0),
     ("unit systems", ("converted", "value"), 1e-4),
     ("unit systems", ("unexplained", "value"), 1e-12),
     ("span limit", ("formulas at equality", "value"), 1e-14),

@@ -24,11 +24,8 @@ INPUTS = (("extraction height", "height", "ft"), ("depth of cover", "depth", "ft
 
 
 def _bits(found):
-    other = found["other bits"]
-    if other["by the tangent"] + other["otherwise"] == 0:
-        return "every figure is the same to the last bit"
-    return (f"{count(other['by the tangent'])} differ in the last digits, each because the tangent of the C library is one "
-            f"unit off in its last place there, and {count(other['otherwise'])} for another reason")
+    other = found["other bits"]["count"]
+    return "every figure is the same to the last bit" if other == 0 else f"{count(other)} differ in the last digits"
 
 
 def _held(breach):

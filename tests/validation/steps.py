@@ -5,12 +5,11 @@ rounding for each operation, left to right. What comes out here is what the prog
 Written from the reference notes "Pillar strength and load model", "Abutment load and its two cases" and "Sizing
 equations and their iteration"; the order of operations is that of tests/reference/README.md."""
 
-import math
 import struct
 from decimal import ROUND_HALF_UP, Decimal
 from functools import lru_cache
 
-from mpmath.libmp import from_float, mpf_sub, mpf_tan, to_float
+from mpmath.libmp import from_float, mpf_tan, to_float
 
 from panels import (ENGLISH, FEET_PER_METRE, METRIC, PCF_PER_KILONEWTON, PSI_PER_MEGAPASCAL, RADIANS_PER_DEGREE)
 
@@ -27,13 +26,6 @@ def single(value):
 def tangent(radians):
     """The correctly rounded tangent of a double: worked out to 160 bits, then rounded once."""
     return to_float(mpf_tan(from_float(radians), 160, "n"), rnd="n")
-
-
-def tangent_is_clear(radians):
-    """Whether the true tangent lies well inside the half unit around its double, so that any good library finds that."""
-    true = mpf_tan(from_float(radians), 160, "n")
-    nearest = to_float(true, rnd="n")
-    return abs(to_float(mpf_sub(true, from_float(nearest)))) < 0.35 * math.ulp(nearest)
 
 
 def through_text(value):
@@ -67,13 +59,13 @@ class Analysis:
 class Loads:
     """A panel as the analysis takes it: what does not change along a curve is worked out once."""
 
-    def __init__(self, panel, tan=tangent):
+    def __init__(self, panel):
         self.height, self.depth, self.hole = panel.height, panel.depth, panel.hole
         self.length, self.weight, self.holes = panel.length, panel.weight, panel.holes
         self.strength = panel.strength * (144.0 if panel.units == ENGLISH else 1000.0)
         # Pillar widths go through the center distance, a sum and a difference.
         self.width = ((panel.barrier + panel.hole) - panel.hole, (panel.web + panel.hole) - panel.hole)
-        self.tan = tan(panel.angle * RADIANS_PER_DEGREE)
+        self.tan = tangent(panel.angle * RADIANS_PER_DEGREE)
 
     def analyse(self):
         found = Analysis()
@@ -104,8 +96,8 @@ class Loads:
         return found
 
 
-def analyse(panel, tan=tangent):
-    return Loads(panel, tan).analyse()
+def analyse(panel):
+    return Loads(panel).analyse()
 
 
 class Block:
@@ -122,7 +114,7 @@ def _converted(panel):
     return None
 
 
-def _fill(panel, material, tan):
+def _fill(panel, material):
     """What button and curves fill alike. Every value arrives through its text, strength and unit weight through
     `material`."""
     block = Block()
@@ -140,7 +132,7 @@ def _fill(panel, material, tan):
     block.depth = single(depth * 12.0)
     block.stress = single(depth * weight / 144.0)
     block.gradient = single(weight / 144.0 / 12.0)
-    block.tan = single(tan(through_text(panel.angle) * RADIANS_PER_DEGREE))
+    block.tan = single(tangent(through_text(panel.angle) * RADIANS_PER_DEGREE))
     block.weight = weight
     return block
 
@@ -195,9 +187,9 @@ def solve(balance, block, start):
     return single(width), steps
 
 
-def button_blocks(panel, tan=tangent):
+def button_blocks(panel):
     """The solver's inputs as the button Size pillars fills them: web, barrier and the start width."""
-    web = _fill(panel, as_shown, tan)
+    web = _fill(panel, as_shown)
     thickness = through_text(panel.web)
     thickness = single(thickness * FEET_PER_METRE * 12.0 if panel.units == METRIC else thickness * 12.0)
     web.span = single(panel.holes * (web.hole + thickness))
@@ -211,9 +203,9 @@ def button_blocks(panel, tan=tangent):
     return web, barrier, single(start * 12.0 if panel.units == ENGLISH else start)
 
 
-def sizes(panel, tan=tangent):
+def sizes(panel):
     """Suggested web and barrier, inches or FAILED."""
-    web, barrier, start = button_blocks(panel, tan)
+    web, barrier, start = button_blocks(panel)
     return solve(web_balance, web, start)[0], solve(barrier_balance, barrier, start)[0]
 
 
@@ -229,9 +221,9 @@ HEIGHT, DEPTH, HOLE = "sf-height", "sf-depth", "sf-hole"
 _VARIED = {HEIGHT: "height", DEPTH: "depth", HOLE: "hole"}
 
 
-def stability_curve(panel, kind, tan=tangent):
+def stability_curve(panel, kind):
     """Rows of x and the three factors, singles."""
-    loads = Loads(panel, tan)
+    loads = Loads(panel)
     name = _VARIED[kind]
     first, last, step = curve_range(panel, getattr(panel, name))
     if kind == HEIGHT and panel.units == ENGLISH:
@@ -247,18 +239,18 @@ def stability_curve(panel, kind, tan=tangent):
 WEB, BARRIER = "web", "barrier"
 
 
-def curve_block(panel, tan=tangent):
+def curve_block(panel):
     """The solver's inputs of the sizing curves: both follow the target of the webs, and the span adds the hole in inches
     to the web in the project's unit."""
-    block = _fill(panel, through_text, tan)
+    block = _fill(panel, through_text)
     block.span = single(panel.holes * (block.hole + through_text(panel.web)))
     block.target = single_through_text(single(panel.sf_web))
     return block
 
 
-def sizing_curve(panel, kind, tan=tangent):
+def sizing_curve(panel, kind):
     """Rows of depth and required width (feet in an English project, inches in a Metric one), singles."""
-    block = curve_block(panel, tan)
+    block = curve_block(panel)
     balance = web_balance if kind == WEB else barrier_balance
     first, last, step = curve_range(panel, panel.depth)
     rows, depth = [], first
