@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Start-up of the program beside that of an empty main window linked to the same libraries, on Xvfb: time to the first
-# paint, processor time and resident memory. The configuration file is there and the start-up windows are off.
+# paint, processor time and resident memory, and beside speedcrunch, featherpad and focuswriter. The configuration file is there and the start-up windows are off.
 # Usage: bench/start_up.sh [RUNS] [BUILD_FOLDER]   after a build with TARVOKOL_BENCH
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -87,4 +87,9 @@ PrintPlotReminder=1
 AskOfficeInstall=1
 SETTINGS
 
-"$build/bench/first_paint" "$runs" "$build/bench/empty_window" "$build/bin/tarvokol"
+# Other small programs of Debian, where they are installed, in the same turns.
+neighbours=()
+for program in speedcrunch featherpad focuswriter; do
+    ! command -v "$program" >/dev/null || neighbours+=("$(command -v "$program")")
+done
+"$build/bench/first_paint" "$runs" "$build/bench/empty_window" "$build/bin/tarvokol" ${neighbours[@]+"${neighbours[@]}"}

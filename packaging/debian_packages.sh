@@ -3,7 +3,7 @@
 . packaging/progress.sh
 
 BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-tools-dev qt6-tools-dev-tools
-    qt6-documentation-tools qt6-svg-dev libqt6sql6-sqlite libqcustomplot-dev libxlsxwriter-dev zlib1g-dev
+    qt6-documentation-tools qt6-svg-dev libqt6sql6-sqlite libqcustomplot-dev libxlsxwriter-dev zlib1g-dev libfontconfig-dev
     libcli11-dev nlohmann-json3-dev libxcb1-dev"
 RUN_PACKAGES="fonts-liberation fonts-dejavu-core"
 PACKAGE_PACKAGES="dpkg-dev file git"

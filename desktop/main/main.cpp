@@ -5,6 +5,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <string_view>
+#include <thread>
+
+#include <fontconfig/fontconfig.h>
 
 #include "core/platform/platform.h"
 #include "core/program/start_up.h"
@@ -115,7 +118,11 @@ bool AnswersOnTerminal(int count, char** words) {
 int main(int argc, char** argv) {
     using namespace tarvokol;
     if (AnswersOnTerminal(argc, argv)) return EXIT_SUCCESS;
+    // Before the first text shows, the system's fifty files on fonts are read; a seventh of the start. That needs no toolkit,
+    // so it is done while the toolkit connects to the screen.
+    std::thread fonts([] { FcInit(); });
     ProgramApplication application(argc, argv);
+    fonts.join();
     QApplication::setApplicationName("tarvokol");
     QApplication::setQuitOnLastWindowClosed(false);
     SetProgramFont();
