@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <functional>
 #include <iostream>
 #include <string>
@@ -18,6 +19,7 @@
 #include "cli/nearest_word.h"
 #include "cli/standard_input.h"
 #include "core/headless/headless_platform.h"
+#include "core/runtime/file_replacement.h"
 #include "core/runtime/os_errors.h"
 #include "core/runtime/run_time_error.h"
 #include "core/studies/study_numbers.h"
@@ -315,9 +317,27 @@ int StatusOfParseError(CLI::App& app, const CLI::ParseError& error) {
     return app.exit(error) == 0 ? exit_status::Done : exit_status::WrongUsage;
 }
 
+// Ends the process as the signal would have, without the files that it was building.
+void TidyUpAndEnd(int signal) {
+    RemoveUnfinishedFiles();
+    ::raise(signal);
+}
+
+// A signal that the caller has put off, as nohup does, stays so.
+void TidyUpOnSignals() {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
+        struct sigaction action {};
+        if (::sigaction(signal, nullptr, &action) != 0 || action.sa_handler != SIG_DFL) continue;
+        action.sa_handler = TidyUpAndEnd;
+        action.sa_flags = static_cast<int>(SA_RESETHAND);
+        ::sigaction(signal, &action, nullptr);
+    }
+}
+
 }  // namespace
 
 int RunCommandLine(int argc, char** argv) {
+    TidyUpOnSignals();
     std::ios::sync_with_stdio(false);
     // Many objects a call of the system.
     static std::array<char, 65536> output_room;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/runtime/file_replacement.h"
 
+#include <array>
+#include <atomic>
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
@@ -25,6 +27,32 @@ constexpr int kMostLinks = 40;
 
 // A longer extension is none, and does not fit into the name of a build file with certainty.
 constexpr std::size_t kLongestExtension = 16;
+
+// A file that is being built, where a signal handler finds it: in memory that is never given back.
+struct UnfinishedFile {
+    enum State { Free, Filling, Ready };
+    std::atomic<int> state{Free};
+    std::array<char, 4096> path{};
+};
+
+// No command builds more at once; one that has no place here is left to the next look into its folder.
+std::array<UnfinishedFile, 16> Unfinished;
+
+void EnterUnfinished(const std::string& path) {
+    for (UnfinishedFile& file : Unfinished) {
+        int free = UnfinishedFile::Free;
+        if (path.size() >= file.path.size() || !file.state.compare_exchange_strong(free, UnfinishedFile::Filling)) continue;
+        path.copy(file.path.data(), path.size());
+        file.path[path.size()] = '\0';
+        file.state = UnfinishedFile::Ready;
+        return;
+    }
+}
+
+void LeaveUnfinished(const std::string& path) {
+    for (UnfinishedFile& file : Unfinished)
+        if (file.state == UnfinishedFile::Ready && path == file.path.data()) file.state = UnfinishedFile::Free;
+}
 
 // The file that a path names in the end, behind all links, whether it exists or not.
 std::string LinkTarget(const std::string& path) {
@@ -116,6 +144,7 @@ FileReplacement::~FileReplacement() {
 
 void FileReplacement::Drop() {
     if (!build_path_.empty()) ::unlink(build_path_.c_str());
+    LeaveUnfinished(build_path_);
     build_path_.clear();
 }
 
@@ -137,8 +166,10 @@ int FileReplacement::CreateIn(const std::string& folder) {
     const mode_t rights = old_status_ ? kOwnerUses : Descriptor::kOrdinaryRights;
     std::string path;
     const int failure = CreateFree(folder, ".tarvokol-", ShortExtension(target_), rights, path);
-    if (failure == 0) build_path_ = path;
-    return failure;
+    if (failure != 0) return failure;
+    build_path_ = path;
+    EnterUnfinished(path);
+    return 0;
 }
 
 void FileReplacement::CreateBuildFile() {
@@ -204,7 +235,13 @@ void FileReplacement::MoveIntoPlace() {
         RewriteInPlace();
         Drop();
     }
+    LeaveUnfinished(build_path_);
     build_path_.clear();
+}
+
+void RemoveUnfinishedFiles() noexcept {
+    for (UnfinishedFile& file : Unfinished)
+        if (file.state == UnfinishedFile::Ready) ::unlink(file.path.data());
 }
 
 void ReplaceWholeFile(const std::string& path, std::string_view bytes) {

@@ -54,6 +54,9 @@ class FileReplacement {
     bool rewrite_ = false;  // the folder takes no new file
 };
 
+// Takes away what is being built at the moment, for a signal that ends the process: it may be called by its handler.
+void RemoveUnfinishedFiles() noexcept;
+
 // Replaces the content of a file, or creates it.
 void ReplaceWholeFile(const std::string& path, std::string_view bytes);
 

@@ -26,6 +26,8 @@ long Wanted(const char* variable, long otherwise) {
     return text == nullptr ? otherwise : std::atol(text);
 }
 
+constexpr const char* kOldContent = "the old content";
+
 class LostFiles : public CliTest {
   protected:
     LostFiles() {
@@ -149,8 +151,6 @@ struct Failure {
     std::string kind = "once";
     int error = ENOSPC;
 };
-
-constexpr const char* kOldContent = "the old content";
 
 // Runs a command over and over, each time with another of its calls failing, and judges what it leaves.
 class FailingRuns : public LostFiles {
@@ -316,6 +316,59 @@ TEST_F(LostFiles, AnEndAtAnyFileOperationLosesNothing) {
     }
     std::printf("%ld ends\n", cases);
     EXPECT_GE(cases, 15);
+}
+
+// A sweep of a million rows into a file that stands, ended by a signal when its new content has begun to
+// grow.
+class EndedStudy : public LostFiles, public ::testing::WithParamInterface<std::string> {
+  protected:
+    // The signal that ended it, 0 for none.
+    int EndBy(int signal) {
+        WriteBytes(PathTo(GetParam()), kOldContent);
+        const std::string command = "cd '" + Folder.string() +
+                                    "' && exec '" TARVOKOL_CLI
+                                    "' sweep --quiet p.TKL --vary Height=2:12/1000 "
+                                    "--vary DepthCover=50:900/1000 --force -o " +
+                                    GetParam();
+        const char* words[] = {"sh", "-c", command.c_str(), nullptr};
+        pid_t child = 0;
+        if (::posix_spawn(&child, "/bin/sh", nullptr, nullptr, const_cast<char**>(words), environ) != 0)
+            return -1;
+        const auto outputs = std::vector<std::string>{GetParam()};
+        for (int turn = 0; turn < 20000 && Leftovers(outputs).empty(); ++turn) ::usleep(500);
+        ::kill(child, signal);
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+    }
+};
+
+TEST_P(EndedStudy, LeavesTheOldFile) {
+    EXPECT_EQ(EndBy(SIGKILL), SIGKILL);
+    EXPECT_EQ(ReadBytes(PathTo(GetParam())), kOldContent);
+    for (const std::string& name : Leftovers({GetParam()})) std::filesystem::remove(Folder / name);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        EXPECT_EQ(EndBy(signal), signal);
+        EXPECT_EQ(ReadBytes(PathTo(GetParam())), kOldContent);
+        EXPECT_THAT(Leftovers({GetParam()}), testing::IsEmpty()) << "signal " << signal;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, EndedStudy, ::testing::Values("o.csv", "o.jsonl", "o.xlsx"),
+                         [](const auto& format) { return format.param.substr(2); });
+
+// Who has seen enough of a pipe ends the study without a word.
+TEST_F(LostFiles, AStudyWhosePipeIsClosedEndsQuietly) {
+    for (const char* study :
+         {"sweep --quiet p.TKL --vary Height=2:12/1000 --vary DepthCover=50:900/1000",
+          "sweep --quiet --json p.TKL --vary Height=2:12/1000 --vary DepthCover=50:900/1000"}) {
+        const std::string command =
+            "cd '" + Folder.string() + "' && '" TARVOKOL_CLI "' " + study + " 2>err | head -n 2 >out";
+        EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 0);
+        EXPECT_EQ(ReadBytes(PathTo("err")), "");
+        const std::string rows = ReadBytes(PathTo("out"));
+        EXPECT_EQ(std::count(rows.begin(), rows.end(), '\n'), 2);
+    }
 }
 
 TEST_F(LostFiles, AFileThatReplacesItselfKeepsItsRightsAndItsLink) {
