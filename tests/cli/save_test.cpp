@@ -72,6 +72,14 @@ TEST_F(ConvertCommand, RefusesTheSystemThatTheProjectIsIn) {
     EXPECT_EQ(Run({"convert", "--to", "martian", "p.TKL"}).status, 2);
 }
 
+TEST_F(ConvertCommand, NamesTheSystemThatTheProjectIsIn) {
+    EXPECT_EQ(Run({"convert", "--to", "english", Project("p.TKL")}).err,
+              "p.TKL: The project is already in English units\n");
+    Run({"convert", "--to", "metric", "p.TKL"});
+    EXPECT_EQ(Run({"convert", "--to", "metric", "Metric_p.TKL"}).err,
+              "Metric_p.TKL: The project is already in Metric units\n");
+}
+
 TEST_F(ConvertCommand, AnExistingResultIsReplacedOnlyByForce) {
     Project("p.TKL");
     EXPECT_EQ(Run({"convert", "--to", "metric", "p.TKL"}).status, 0);

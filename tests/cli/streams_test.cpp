@@ -84,6 +84,15 @@ TEST_F(Streams, NumbersAreTheShortestThatReadBack) {
     EXPECT_THAT(out, testing::HasSubstr("\"SpareSingle\":0.10000000149011612}"));
 }
 
+TEST_F(Streams, WholeNumbersOfUpToFifteenDigitsAreWrittenAsSuch) {
+    ProjectText project;
+    project.web = "1E+14";
+    project.barrier = "1E+15";
+    const std::string out = Run({"results", "--json", Project("a.TKL", project)}).out;
+    EXPECT_THAT(out, testing::HasSubstr("\"WebThickness\":100000000000000,"));
+    EXPECT_THAT(out, testing::HasSubstr("\"BarrierPillarWidth\":1e+15,"));
+}
+
 TEST_F(Streams, AConfigurationFileThatIsNotThereIsWrongUsage) {
     Project("a.TKL");
     EXPECT_EQ(Run({"settings", "none.ini"}).status, 2);

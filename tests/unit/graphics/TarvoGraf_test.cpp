@@ -277,6 +277,18 @@ TEST_F(PanelPlan, SpacingsAndWidthsOfBrokenFiguresAreRounded) {
     EXPECT_EQ(Surface.Texts[4], (Text{"8x oo", 170.23569f, 251.62001f, true}));
 }
 
+// The corners are singles: 144.72 - 124.22 falls short of 20.5, and is 20 where the barrier's own width were 21.
+TEST_F(PanelPlan, AWidthIsThatBetweenTheCornersDrawn) {
+    SetPanel(9.3, 12.5, 20.5, 3);
+    DrawPanelPlot(Surface);
+    EXPECT_EQ(CornerX[1][1], 124.22001f);
+    EXPECT_EQ(CornerX[2][1], 144.72f);
+    const std::vector<Text> labels = Rotated();
+    ASSERT_THAT(labels, SizeIs(3));
+    EXPECT_EQ(labels[0].text, "20x oo");
+    EXPECT_EQ(labels[1].text, "13x oo");
+}
+
 TEST_F(PanelPlan, WithoutDimensionsOnlyOutlinesLabelsAndTitle) {
     PlotEntryDims = 0;
     DrawPanelPlot(Surface);

@@ -116,6 +116,15 @@ TEST_F(CurveExport, CsvQuotesWhatWouldBreakTheTable) {
     EXPECT_EQ(CurveTableCsv("Depth, \"deep\"", {"Web"}), "\"Depth, \"\"deep\"\"\",Web\n50,1.1\n");
 }
 
+TEST_F(CurveExport, ACsvFieldIsQuotedForEachSignThatBreaksATable) {
+    EXPECT_EQ(CsvField("Depth (ft)"), "Depth (ft)");
+    EXPECT_EQ(CsvField("5\" seam"), "\"5\"\" seam\"");
+    EXPECT_EQ(CsvField("a,b"), "\"a,b\"");
+    EXPECT_EQ(CsvField("a\nb"), "\"a\nb\"");
+    EXPECT_EQ(CsvField("a\rb"), "\"a\rb\"");
+    EXPECT_EQ(CsvField(""), "");
+}
+
 TEST_F(CurveExport, CsvKeepsSevenDigitsOfASingle) {
     FillCurves(1, 1);
     CurveData(1, 1) = 1.0f / 3.0f;

@@ -15,6 +15,7 @@
 #include "core/project/working_parameters.h"
 #include "core/report/print_engine.h"
 #include "core/report/results_state.h"
+#include "core/report/text_browser.h"
 #include "core/runtime/text_file.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
@@ -108,6 +109,7 @@ TEST_F(Reset, SettingsAndMessagesAreForgotten) {
     XAxisTitleS[1] = "x";
     AppFolder = PersonalDataFolder = TempDataFolder = IniPath = DescTempPath = UpdateAdvice = "x";
     IniFileVersion = "1";
+    BrowseFolder = "x";
     ResetProgram();
     EXPECT_EQ(HistorySequence, 0);
     ExpectEmpty({ErrorTitle, RangeErrorTitle, RangeWarningTitle, InvalidCharTitle, LogicErrorTitle});
@@ -119,6 +121,7 @@ TEST_F(Reset, SettingsAndMessagesAreForgotten) {
     EXPECT_EQ(GraphSetParams + GraphUnits, 0);
     ExpectEmpty({XAxisTitleS[1]});
     ExpectEmpty({AppFolder, PersonalDataFolder, TempDataFolder, IniPath, DescTempPath, UpdateAdvice});
+    ExpectEmpty({BrowseFolder});
     ExpectEmpty({IniFileVersion, DataPath, RunTimeHelpFile});
 }
 

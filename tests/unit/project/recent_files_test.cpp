@@ -71,12 +71,12 @@ TEST_F(RecentFiles, FifthFilePushesTheOldestOut) {
 
 TEST_F(RecentFiles, KnownFileChangesPlacesWithTheFirstAndNothingIsWritten) {
     for (const char* path : {"/1", "/2", "/3", "/4"}) Use(path);
-    LastFileMode[2] = 7;
+    LastFileMode[3] = 7;
     std::filesystem::remove(IniPath);
     Use("/2");
     EXPECT_THAT(Captions(), ElementsAre("/2", "/3", "/4", "/1"));
     EXPECT_THAT(All(LastFileLong), ElementsAre("/2", "/3", "/4", "/1"));
-    EXPECT_THAT(All(LastFileMode), ElementsAre(1, 7, 1, 1));
+    EXPECT_THAT(All(LastFileMode), ElementsAre(7, 1, 1, 1));
     EXPECT_FALSE(Written());
 }
 

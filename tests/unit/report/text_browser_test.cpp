@@ -80,6 +80,18 @@ TEST_F(FileViewing, TearsNoCharacterApart) {
               "Very long lines are continued in the next line.");
 }
 
+// At each of the four places of a character at which a view of 1 MiB can end.
+TEST_F(FileViewing, TearsNoCharacterOfFourBytesApart) {
+    for (const std::size_t before : {0u, 1u, 2u, 3u}) {
+        std::string bytes(before, 'x');
+        while (bytes.size() < 1200000) bytes += "\xF0\x9F\x9A\xA7";
+        const FileView view = ViewOf(bytes);
+        EXPECT_TRUE(view.cut) << before;
+        EXPECT_EQ(view.text.find("\xC3"), std::string::npos) << before;  // the bytes were taken for UTF-8
+        EXPECT_TRUE(view.text.ends_with("\xF0\x9F\x9A\xA7")) << before;
+    }
+}
+
 TEST_F(FileViewing, AGigabyteCostsNoMoreThanItsBeginning) {
     WriteBytes(PathTo("sparse"), "head\n");
     std::filesystem::resize_file(PathTo("sparse"), 4294967296u);

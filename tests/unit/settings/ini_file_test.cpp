@@ -34,6 +34,12 @@ TEST(IniReading, IgnoresCaseAndBlanksAroundNames) {
     EXPECT_EQ(ValueIn(text, "GRAPH", "SymbolSize "), "7");
 }
 
+TEST(IniReading, ASectionsNameEndsAtItsFirstBracket) {
+    const std::string text = "[One] ; not [Two]\r\nName=1\r\n[Three]]\r\nName=3\r\n";
+    EXPECT_EQ(ValueIn(text, "One", "Name"), "1");
+    EXPECT_EQ(ValueIn(text, "Three", "Name"), "3");
+}
+
 TEST(IniReading, KeepsQuotesAndInnerBlanksAndEqualSigns) {
     const std::string text = "[S]\r\nA=\"quoted\"\r\nB='single'\r\nC=a  b = c\r\n";
     EXPECT_EQ(ValueIn(text, "S", "A"), "\"quoted\"");
