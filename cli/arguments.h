@@ -7,8 +7,8 @@
 
 namespace tarvokol::cli {
 
-// The arguments of `main` without the program's name, the last one first. Paths are protected where the library would take
-// them for something else.
+// The arguments of `main` without the program's name, the last one first. Paths are protected where the
+// library would take them for something else.
 std::vector<std::string> Arguments(int argc, char** argv);
 
 // Takes the protection off a path that the library has handed back.

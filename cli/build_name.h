@@ -5,8 +5,8 @@
 
 namespace tarvokol::cli {
 
-// The version in a line, and in a second one what it was built of: the commit, where the sources are known by one, and
-// the compiler.
+// The version in a line, and in a second one what it was built of: the commit, where the sources are known by
+// one, and the compiler.
 std::string BuildName();
 
 }  // namespace tarvokol::cli

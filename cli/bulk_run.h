@@ -16,10 +16,10 @@ namespace tarvokol::cli {
 // What a command hands back for one FILE.
 struct FileResult {
     bool ok = true;
-    JsonMembers keys;            // added to the object behind "file", "ok" and "messages"
-    std::string text;            // for people, where the result goes to standard output
-    std::string note;            // for people, wherever it goes
-    std::string comment;         // beside the result, on standard error
+    JsonMembers keys;     // added to the object behind "file", "ok" and "messages"
+    std::string text;     // for people, where the result goes to standard output
+    std::string note;     // for people, wherever it goes
+    std::string comment;  // beside the result, on standard error
 };
 
 // The work of a command on one FILE, which is given as the path. It reads the project itself.
@@ -27,8 +27,8 @@ using FileWork = std::function<FileResult(const std::string& file)>;
 
 class BulkRun {
   public:
-    // Reads the FILE list where `-` asks for it; raises UsageError if that fails, or if the target takes fewer FILEs.
-    // The target of format ".json" receives the JSON object of each FILE, too.
+    // Reads the FILE list where `-` asks for it; raises UsageError if that fails, or if the target takes
+    // fewer FILEs. The target of format ".json" receives the JSON object of each FILE, too.
     BulkRun(Options options, HeadlessPlatform& host, const OutputTarget& target);
 
     // The results of several projects follow one another on standard output.

@@ -4,13 +4,13 @@
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
 #include "cli/drawing.h"
+#include "core/graphics/curve_export.h"
+#include "core/graphics/graph_setup.h"
 #include "core/messages/notify.h"
+#include "core/platform/chart_model.h"
 #include "core/platform/message_box.h"
 #include "core/project/curves.h"
 #include "core/settings/unit_system.h"
-#include "core/graphics/curve_export.h"
-#include "core/graphics/graph_setup.h"
-#include "core/platform/chart_model.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -74,13 +74,14 @@ std::vector<std::string> ColumnNames(GraphFamily family) {
     return names;
 }
 
-// Curves as CSV: those of one project, or those of all in one table, which names the project in front of each row.
+// Curves as CSV: those of one project, or those of all in one table, which names the project in front of each
+// row.
 class CurveCsv {
   public:
     explicit CurveCsv(bool one_table) : one_table_(one_table) {}
 
-    // The curve table as it stands. Nothing, told by a message, for a project whose unit system is not that of the
-    // table's first.
+    // The curve table as it stands. Nothing, told by a message, for a project whose unit system is not that
+    // of the table's first.
     std::optional<std::string> Of(const std::string& file, const std::string& x_name, GraphFamily family) {
         if (!one_table_) return CurveTableCsv(x_name, ColumnNames(family));
         const std::string csv = CurveTableCsv(x_name, ColumnNames(family), file);
@@ -90,8 +91,9 @@ class CurveCsv {
         }
         if (*unit_system_ == UnitSystem) return csv.substr(csv.find('\n') + 1);
         const std::string system = UnitSystem == 0 ? "English" : "Metric";
-        Notify("The project is in " + system + " units and the table in others; run it by itself, or convert it",
-               box_style::Plain);
+        Notify(
+            "The project is in " + system + " units and the table in others; run it by itself, or convert it",
+            box_style::Plain);
         return std::nullopt;
     }
 

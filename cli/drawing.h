@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the toolkit and the workbook library do for the commands. Loading them takes longer than most commands, so
-// `tarvokol-cli` is built without them and hands its arguments on to its sibling, `tarvokol-cli-drawing`, when one of
-// these outputs is asked for.
+// What the toolkit and the workbook library do for the commands. Loading them takes longer than most
+// commands, so `tarvokol-cli` is built without them and hands its arguments on to its sibling,
+// `tarvokol-cli-drawing`, when one of these outputs is asked for.
 #pragma once
 
 #include <memory>
@@ -35,8 +35,8 @@ class Drawing {
     virtual std::unique_ptr<StudyWorkbook> RowWorkbook(const std::string& path) = 0;
 };
 
-// The drawing of this program. The one that has none does not return: it becomes its sibling, which begins with the
-// same arguments anew; so this is asked for before anything is read from standard input or written.
+// The drawing of this program. The one that has none does not return: it becomes its sibling, which begins
+// with the same arguments anew; so this is asked for before anything is read from standard input or written.
 Drawing& TheDrawing();
 
 }  // namespace tarvokol::cli

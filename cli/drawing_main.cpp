@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// tarvokol-cli-drawing: the same command line, linked to the toolkit. `tarvokol-cli` becomes this program when a
-// picture, a PDF or a workbook is asked for.
+// tarvokol-cli-drawing: the same command line, linked to the toolkit. `tarvokol-cli` becomes this program
+// when a picture, a PDF or a workbook is asked for.
 #include "cli/command_line.h"
 #include "cli/toolkit_drawing.h"
 

@@ -22,14 +22,22 @@ bool IsWhole(double value) {
 // What JSON writes for a character of ASCII that may not stand in a text as it is; empty for the others.
 std::string_view Escape(char c) {
     switch (c) {
-        case '"': return "\\\"";
-        case '\\': return "\\\\";
-        case '\b': return "\\b";
-        case '\f': return "\\f";
-        case '\n': return "\\n";
-        case '\r': return "\\r";
-        case '\t': return "\\t";
-        default: return "";
+        case '"':
+            return "\\\"";
+        case '\\':
+            return "\\\\";
+        case '\b':
+            return "\\b";
+        case '\f':
+            return "\\f";
+        case '\n':
+            return "\\n";
+        case '\r':
+            return "\\r";
+        case '\t':
+            return "\\t";
+        default:
+            return "";
     }
 }
 
@@ -49,8 +57,8 @@ void AppendEscaped(std::string& text, char c) {
     text += kDigits[c % 16];
 }
 
-// Appends a text between quotes, stretch by stretch: most of a report stands as it is. False, with nothing appended, for one
-// that is not all ASCII.
+// Appends a text between quotes, stretch by stretch: most of a report stands as it is. False, with nothing
+// appended, for one that is not all ASCII.
 bool AppendQuotedAscii(std::string& json, const std::string& text) {
     const auto stands_as_it_is = [](char c) { return c >= ' ' && c != '"' && c != '\\'; };
     const std::size_t before = json.size();
@@ -73,7 +81,8 @@ bool AppendQuotedAscii(std::string& json, const std::string& text) {
 
 // The library knows what is no UTF-8.
 void AppendText(std::string& json, const std::string& text) {
-    if (!AppendQuotedAscii(json, text)) json += Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
+    if (!AppendQuotedAscii(json, text))
+        json += Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
 void Append(std::string& text, const Json& value);

@@ -30,7 +30,8 @@ std::string JsonText(const std::string& text);
 // Appends a number as JSON, by the rule of NumberJson.
 void AppendNumber(std::string& text, double value);
 
-// The members of an object, written as they are added: thousands of objects a second are printed by some scripts.
+// The members of an object, written as they are added: thousands of objects a second are printed by some
+// scripts.
 class JsonMembers {
   public:
     void Add(std::string_view key, double value);

@@ -20,10 +20,12 @@ constexpr const char* kSibling = "tarvokol-cli-drawing";
 // What the sibling begins with.
 char** arguments = nullptr;
 
-// Beside this program, as in a build, or where an installation keeps it.
+// Beside this program, as in a build, or where an installation keeps it. Nowhere for a program that does not know its own
+// place: the sibling is never taken from the current folder.
 std::filesystem::path SiblingPath() {
     std::error_code failure;
     const auto folder = std::filesystem::read_symlink("/proc/self/exe", failure).parent_path();
+    if (failure || folder.empty()) return {};
     for (const auto& place : {folder, folder / TARVOKOL_LIBEXEC_FROM_BIN})
         if (std::filesystem::is_regular_file(place / kSibling, failure)) return place / kSibling;
     return {};

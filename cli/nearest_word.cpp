@@ -37,7 +37,8 @@ std::string NearestWord(const std::string& word, const std::vector<std::string>&
     std::size_t fewest = 0;
     for (const std::string& name : known) {
         const std::size_t steps = StepsBetween(given, UpperCase(name));
-        const std::size_t most = std::max<std::size_t>(1, std::max(given.size(), name.size()) / kLettersAStep);
+        const std::size_t most =
+            std::max<std::size_t>(1, std::max(given.size(), name.size()) / kLettersAStep);
         if (steps > most || (!nearest.empty() && steps >= fewest)) continue;
         nearest = name;
         fewest = steps;

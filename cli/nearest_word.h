@@ -7,9 +7,9 @@
 
 namespace tarvokol::cli {
 
-// The known word that is nearest to the one given: one that begins with it, else the one reached by the fewest letters
-// added, dropped, changed or exchanged with their neighbour. Upper and lower case are the same. Empty where more than
-// a third of the letters differ.
+// The known word that is nearest to the one given: one that begins with it, else the one reached by the
+// fewest letters added, dropped, changed or exchanged with their neighbour. Upper and lower case are the
+// same. Empty where more than a third of the letters differ.
 std::string NearestWord(const std::string& word, const std::vector<std::string>& known);
 
 }  // namespace tarvokol::cli

@@ -69,7 +69,8 @@ OutputTarget::OutputTarget(const Options& options, const std::vector<std::string
     ChooseFormat(options, extensions);
     RequireRoomFor(options.files.size());
     if (standard_output_ && IsDrawn() && ::isatty(STDOUT_FILENO) != 0)
-        throw UsageError{"-o -: a terminal shows no " + format_.substr(1) + "; send it into a file or a pipe"};
+        throw UsageError{"-o -: a terminal shows no " + format_.substr(1) +
+                         "; send it into a file or a pipe"};
 }
 
 void OutputTarget::ChooseFormat(const Options& options, const std::vector<std::string>& extensions) {
@@ -101,8 +102,9 @@ bool OutputTarget::IsOneTable() const {
 
 void OutputTarget::RequireRoomFor(std::size_t projects) const {
     if (projects < 2 || folder_ || IsOneTable()) return;
-    throw UsageError{standard_output_ ? "-o -: one result on standard output for several projects; name a folder instead"
-                                      : "-o: one output file for several projects; name a folder instead"};
+    throw UsageError{standard_output_
+                         ? "-o -: one result on standard output for several projects; name a folder instead"
+                         : "-o: one output file for several projects; name a folder instead"};
 }
 
 std::string OutputTarget::PathFor(const std::string& project, const std::string& kept_name) const {

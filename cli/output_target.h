@@ -20,8 +20,8 @@ struct OutputError {
 class OutputTarget {
   public:
     // `extensions` are the formats of the command, the first being the one that a folder receives; an empty
-    // list takes any name. Raises UsageError for another extension, for one output file and several FILEs, and for a
-    // standard output that cannot take the format.
+    // list takes any name. Raises UsageError for another extension, for one output file and several FILEs,
+    // and for a standard output that cannot take the format.
     OutputTarget(const Options& options, const std::vector<std::string>& extensions);
 
     // The result goes to a file, or to standard output as the bytes of a file.
@@ -29,7 +29,8 @@ class OutputTarget {
 
     bool ToStandardOutput() const { return standard_output_; }
 
-    // Lower-case extension that chooses the format, with its dot; empty for standard output and where any name is taken.
+    // Lower-case extension that chooses the format, with its dot; empty for standard output and where any
+    // name is taken.
     const std::string& Format() const { return format_; }
 
     // True for a format that only a `Drawing` writes.

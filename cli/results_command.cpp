@@ -30,8 +30,8 @@ void AddResults(JsonMembers& keys) {
     keys.Add("PillarCapacity", state.PillarCapacity, pillars);
 }
 
-// The barrier, the third case, is calculated by length of pillar, as the abutment load that it carries; the others
-// stand for whole pillars.
+// The barrier, the third case, is calculated by length of pillar, as the abutment load that it carries; the
+// others stand for whole pillars.
 JsonMembers ResultUnits() {
     const bool english = UnitSystem == 0;
     const std::string length = english ? "ft" : "m";

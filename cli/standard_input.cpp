@@ -48,8 +48,8 @@ void AdmitStandardProject(const Options& options) {
     const auto named = std::count(options.files.begin(), options.files.end(), kStandardStream);
     if (named != 1) throw UsageError{"--stdin-project: one FILE must be -, which stands for standard input"};
     if (!options.output.empty() && (EndsInSeparator(options.output) || FolderExists(options.output)))
-        throw UsageError{"--stdin-project: the project has no name for a file in the folder " + options.output +
-                         "; name the file, or -"};
+        throw UsageError{"--stdin-project: the project has no name for a file in the folder " +
+                         options.output + "; name the file, or -"};
 }
 
 std::string PathToOpen(const std::string& file) {

@@ -15,7 +15,7 @@ namespace tarvokol::cli {
 // Draws a sweep of one or two fields. Raises UsageError for more of them, for a map whose figure is not
 // known, or whose axis has fewer than two values, and OutputError.
 void DrawSweep(RowSource& source, const std::vector<ValueAxis>& axes, const Panel& project,
-              const StudyOptions& options, const std::string& path);
+               const StudyOptions& options, const std::string& path);
 
 // Draws histogram and cumulative curve of each factor, its targets marked.
 void DrawRisk(const RiskResult& result, const StudyOptions& options, const std::string& path);

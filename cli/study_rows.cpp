@@ -98,7 +98,8 @@ RowWriter::RowWriter(RowFormat format, const std::string& project, std::vector<L
     for (const FigureColumn& figure : Figures(sizes_)) figure_keys_.push_back(Key(figure.title));
     JsonMembers end;
     JsonMembers units;
-    for (const LeadingColumn& column : ColumnsWithUnits(leading_, sizes_)) units.Add(column.title, column.unit);
+    for (const LeadingColumn& column : ColumnsWithUnits(leading_, sizes_))
+        units.Add(column.title, column.unit);
     end.Add("units", units);
     end.Add("schema", kSchemaVersion);
     object_end_ = ',' + end.Members() + "}\n";

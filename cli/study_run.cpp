@@ -97,7 +97,7 @@ constexpr std::uint64_t kMostSheetRows = 1048576;
 }
 
 void WriteWorkbook(RowSource& source, const Panel& project, const StudyOptions& options,
-                  const std::string& path) {
+                   const std::string& path) {
     if (source.Total() && *source.Total() >= kMostSheetRows) RefuseSheet(*source.Total());
     FileReplacement place(path);
     const auto book = TheDrawing().RowWorkbook(place.BuildPath());

@@ -146,7 +146,8 @@ int RunSweep(const StudyOptions& options, HeadlessPlatform& host) {
         const Panel project = ReadStudyProject(options, host);
         SweepSource source(axes, rows, static_cast<int>(project.units));
         if (target.Kind() == RowTarget::Picture) {
-            target.WriteDrawn([&](const std::string& path) { DrawSweep(source, axes, project, options, path); });
+            target.WriteDrawn(
+                [&](const std::string& path) { DrawSweep(source, axes, project, options, path); });
             return static_cast<int>(exit_status::Done);
         }
         return WriteRows(source, project, options, target);

@@ -28,8 +28,8 @@ std::string CsvField(const std::string& text);
 
 // The curve table as text: a header row with the X axis title and the names in the legend, then a line a
 // point, the numbers in the general form of a single. Values with a comma, a quote or a line end are quoted.
-// Lines end in a line feed. A first column `File` holds the file where one is named. A point or curve that the table
-// lacks raises "Subscript out of range".
+// Lines end in a line feed. A first column `File` holds the file where one is named. A point or curve that
+// the table lacks raises "Subscript out of range".
 std::string CurveTableCsv(const std::string& x_name, const std::vector<std::string>& names,
                           const std::string& file = "");
 

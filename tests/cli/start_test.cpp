@@ -51,7 +51,8 @@ TEST_F(Start, LoadsNeitherToolkitNorWorkbookLibrary) {
     const CliAnswer drawing = RunProgram(kSibling.string(), {"--help"});
     ::unsetenv("LD_TRACE_LOADED_OBJECTS");
     EXPECT_THAT(plain.out, HasSubstr("libstdc++"));
-    EXPECT_THAT(plain.out, AllOf(Not(HasSubstr("Qt6")), Not(HasSubstr("xlsxwriter")), Not(HasSubstr("libX"))));
+    EXPECT_THAT(plain.out,
+                AllOf(Not(HasSubstr("Qt6")), Not(HasSubstr("xlsxwriter")), Not(HasSubstr("libX"))));
     EXPECT_THAT(drawing.out, HasSubstr("libQt6Gui"));
 }
 
@@ -63,9 +64,10 @@ TEST_F(Start, WithoutItsSiblingADrawingIsAnOutputThatCannotBeWritten) {
         const CliAnswer answer = RunProgram(alone, arguments, Folder.string(), "p.TKL\n");
         EXPECT_EQ(answer.status, 3);
         EXPECT_EQ(answer.out, "");
-        EXPECT_EQ(answer.err,
-                  "tarvokol-cli-drawing: No such file or directory; pictures, PDF and workbooks need it beside "
-                  "tarvokol-cli: install the program again\n");
+        EXPECT_EQ(
+            answer.err,
+            "tarvokol-cli-drawing: No such file or directory; pictures, PDF and workbooks need it beside "
+            "tarvokol-cli: install the program again\n");
     }
     EXPECT_FALSE(std::filesystem::exists(Folder / "folder"));
 }
@@ -73,9 +75,12 @@ TEST_F(Start, WithoutItsSiblingADrawingIsAnOutputThatCannotBeWritten) {
 TEST_F(Start, WithoutItsSiblingEverythingElseIsDone) {
     Project("p.TKL");
     const std::string alone = CopyAlone();
-    for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{"results", "p.TKL"}, {"results", "--json", "p.TKL"}, {"plan", "p.TKL"},
-          {"curve", "web", "p.TKL"}, {"sweep", "p.TKL", "--vary", "Height=5,6"}, {"--version"}}) {
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{"results", "p.TKL"},
+                                                      {"results", "--json", "p.TKL"},
+                                                      {"plan", "p.TKL"},
+                                                      {"curve", "web", "p.TKL"},
+                                                      {"sweep", "p.TKL", "--vary", "Height=5,6"},
+                                                      {"--version"}}) {
         SCOPED_TRACE(testing::PrintToString(arguments));
         const CliAnswer answer = RunProgram(alone, arguments, Folder.string());
         EXPECT_EQ(answer.status, 0);
@@ -103,7 +108,8 @@ TEST_F(Start, ASiblingThatCannotRunIsNamedWithTheReason) {
     WriteBytes(PathTo("bin/tarvokol-cli-drawing"), "no program");
     const CliAnswer answer = RunProgram(alone, {"plan", "-o", "a.svg", "p.TKL"}, Folder.string());
     EXPECT_EQ(answer.status, 3);
-    EXPECT_THAT(answer.err, AllOf(HasSubstr("bin/tarvokol-cli-drawing: Permission denied; "), EndsWith("again\n")));
+    EXPECT_THAT(answer.err,
+                AllOf(HasSubstr("bin/tarvokol-cli-drawing: Permission denied; "), EndsWith("again\n")));
 }
 
 TEST_F(Start, TheSiblingTakesOverInputOutputsAndStatus) {
