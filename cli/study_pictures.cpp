@@ -120,6 +120,10 @@ void DrawMap(RowSource& source, const std::vector<ValueAxis>& axes, const Panel&
 
 }  // namespace
 
+void CheckFigure(const StudyOptions& options) {
+    FigureNamed(options);
+}
+
 void DrawSweep(RowSource& source, const std::vector<ValueAxis>& axes, const Panel& project,
                const StudyOptions& options, const std::string& path) {
     if (axes.size() > 2)

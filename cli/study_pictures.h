@@ -12,6 +12,9 @@
 
 namespace tarvokol::cli {
 
+// Raises UsageError where --of names no figure, also where no picture is asked for.
+void CheckFigure(const StudyOptions& options);
+
 // Draws a sweep of one or two fields. Raises UsageError for more of them, for a map whose figure is not
 // known, or whose axis has fewer than two values, and OutputError.
 void DrawSweep(RowSource& source, const std::vector<ValueAxis>& axes, const Panel& project,

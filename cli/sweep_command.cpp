@@ -141,6 +141,7 @@ int RunSweep(const StudyOptions& options, HeadlessPlatform& host) {
     return RunStudy([&] {
         const std::vector<ValueAxis> axes = AxesOf(options);
         const std::uint64_t rows = RowsOf(axes, options.common.force);
+        CheckFigure(options);
         const RowTarget target(options);
         if (target.IsDrawn()) TheDrawing();
         const Panel project = ReadStudyProject(options, host);

@@ -139,6 +139,7 @@ TEST_F(SweepCommand, WrongUsageIsToldInOneLine) {
     refused({"--vary", "Height=1,2", "--vary", "DepthCover=1,2", "--vary", "HoleWidth=1,2", "-o", "map.png"},
             "a picture shows one field (curves) or two (a map), not 3");
     refused({"--vary", "Height=1,2", "-o", "c.png", "--of", "Foo"}, "--of: unknown figure \"Foo\"");
+    refused({"--vary", "Height=1,2", "--of", "Foo"}, "--of: unknown figure \"Foo\"");
     refused({"--vary", "Height=1:2/2000", "--vary", "DepthCover=1:9/2000", "-o", "r.xlsx"},
             "of a sheet; write .csv");
     EXPECT_FALSE(std::filesystem::exists(PathTo("r.xlsx")));
