@@ -5,11 +5,10 @@
 #include <limits>
 
 #include "qt/chart_plot.h"
+#include "qt/screen_units.h"
 
 namespace tarvokol {
 namespace {
-
-constexpr double kPixelsPerPoint = 96.0 / 72.0;
 
 // Symbols on a line stand at least this many of their own widths apart, or they would merge into a band.
 constexpr double kSymbolPitch = 2.6;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/graphics/graph_setup.h"
+#include "qt/chart_picture.h"
 
 namespace tarvokol {
 
@@ -12,8 +13,5 @@ namespace tarvokol {
 // path's extension chooses. `index` is the graph of the family. Another extension raises "Invalid procedure
 // call or argument", a failed write the error of the file system.
 void ExportChart(GraphFamily family, int index, const std::string& path);
-
-// True if ExportChart knows the path's extension.
-bool IsChartPicture(const std::string& path);
 
 }  // namespace tarvokol

@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "qt/chart_picture.h"
 #include "qt/chart_text.h"
 #include "qt/chart_ticker.h"
 #include "qt/qt_text.h"
+#include "qt/screen_units.h"
 
 namespace tarvokol {
 namespace {
@@ -36,11 +38,6 @@ constexpr int kAroundPlot = 44;
 
 // Header, note and legend together leave the plot at least this share of the chart.
 constexpr double kPlotShare = 0.55;
-
-constexpr double kPixelsPerPoint = 96.0 / 72.0;
-
-const QColor kInk = Qt::black;
-const QColor kGridGrey(205, 205, 205);
 
 int LinesHeight(const QFont& font, const QString& text) {
     return text.isEmpty() ? 0 : QFontMetrics(font).height() * static_cast<int>(text.count('\n') + 1);

@@ -6,12 +6,11 @@
 #include "core/runtime/run_time_error.h"
 #include "qt/chart_control.h"
 #include "qt/chart_plot.h"
+#include "qt/screen_units.h"
 
 namespace tarvokol {
 namespace {
 
-constexpr int kPixelsPerInch = 96;
-constexpr double kPointsPerInch = 72.0;
 constexpr double kMetresPerInch = 0.0254;
 constexpr int kBoxUnitsPerInch = 600;
 
@@ -65,7 +64,7 @@ void ChartControl::Print(QPrinter& printer, int format, int scale_mode, int left
     const PrinterSetting setting(printer);
     try {
         const QPageLayout page = printer.pageLayout();
-        const double scale = kPixelsPerInch / kPointsPerInch;
+        const double scale = kPixelsPerPoint;
         const QRect box(pixels(left), pixels(top), pixels(width), pixels(height));
         DrawOn(printer, PrintableBox(box, page.fullRect(QPageLayout::Point).size() * scale,
                                      LeastMargins(page) * scale));

@@ -7,13 +7,13 @@
 
 #include "core/runtime/run_time_error.h"
 #include "qt/qt_text.h"
+#include "qt/screen_units.h"
 
 namespace tarvokol {
 
 namespace {
 
 constexpr double kTwipsPerPixel = 15;
-constexpr double kPixelsPerPoint = 96.0 / 72.0;
 constexpr double kStartFontSize = 8.25;
 constexpr double kLargestFontSize = 2160;
 // Pixels by which the top of a pillar and the start of its label may differ.

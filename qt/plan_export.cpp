@@ -16,6 +16,7 @@
 #include "qt/chart_text.h"
 #include "qt/painter_surface.h"
 #include "qt/picture_file.h"
+#include "qt/screen_units.h"
 
 namespace tarvokol {
 
@@ -30,7 +31,6 @@ constexpr ViewSheet kWindowSheet{{700, 700}, 200};
 constexpr ViewSheet kPreviewSheet{{601, 121}, 400};  // the frame's 9015 by 1815 twips
 constexpr int kPercentStep = 20;
 constexpr int kImageScale = 2;
-constexpr double kPointsPerPixel = 72.0 / 96.0;
 constexpr int kPdfResolution = 1200;
 
 void DrawPlan(PainterSurface& surface, PlanView view) {
@@ -85,7 +85,7 @@ bool DrawPng(QIODevice& out, PlanView view, const QSize& sheet) {
 bool DrawSvg(QIODevice& out, PlanView view, const QSize& sheet) {
     QSvgGenerator generator;
     generator.setOutputDevice(&out);
-    generator.setResolution(96);
+    generator.setResolution(kPixelsPerInch);
     generator.setSize(sheet);
     generator.setViewBox(QRect({0, 0}, sheet));
     generator.setTitle("Panel plan");
@@ -97,7 +97,7 @@ bool DrawPdf(QIODevice& out, PlanView view, const QSize& sheet) {
     writer.setResolution(kPdfResolution);
     writer.setPageMargins({});
     writer.setPageSize(
-        QPageSize(QSizeF(sheet) * kPointsPerPixel, QPageSize::Point, {}, QPageSize::ExactMatch));
+        QPageSize(QSizeF(sheet) / kPixelsPerPoint, QPageSize::Point, {}, QPageSize::ExactMatch));
     writer.setTitle("Panel plan");
     return DrawView(writer, view, sheet);
 }

@@ -17,6 +17,7 @@
 #include "qt/pdf_check.h"
 #include "qt/qt_screen_fonts.h"
 #include "qt/qt_text.h"
+#include "qt/screen_units.h"
 
 namespace tarvokol {
 namespace {
@@ -201,13 +202,12 @@ void QtPrinter::PrintWith(const std::function<void(QPrinter&)>& print) {
 
 void QtPrinter::PrintDrawing(const QSizeF& size, const std::function<void(QPainter&)>& draw) {
     EnsureJob();
-    constexpr double kPixelsPerInch = 96;
     const int resolution = Target().resolution();
     const QPageLayout layout = Target().pageLayout();
     const QMargins margins = layout.marginsPixels(resolution);
     const QSizeF room = layout.fullRectPixels(resolution).marginsRemoved(margins).size();
     const double scale =
-        std::min({resolution / kPixelsPerInch, room.width() / size.width(), room.height() / size.height()});
+        std::min({resolution / static_cast<double>(kPixelsPerInch), room.width() / size.width(), room.height() / size.height()});
     painter_.save();
     painter_.translate(margins.left(), margins.top());
     painter_.scale(scale, scale);

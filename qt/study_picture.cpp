@@ -1,28 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/study_picture.h"
 
-#include <QBuffer>
-#include <QPdfWriter>
-#include <QSvgGenerator>
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 
 #include <qcustomplot.h>
 
 #include "core/runtime/run_time_error.h"
-#include "core/runtime/text.h"
+#include "qt/chart_picture.h"
 #include "qt/chart_text.h"
-#include "qt/picture_file.h"
 #include "qt/qt_text.h"
 
 namespace tarvokol {
 namespace {
-
-constexpr QSize kPictureSize(720, 504);  // at 96 pixels to the inch, as the graph windows' pictures
-constexpr double kImageScale = 2.5;      // 240 dots to the inch
-constexpr int kPixelsPerInch = 96;
-constexpr double kPointsPerInch = 72.0;
 
 constexpr double kHeaderPoints = 13;
 constexpr double kTitlePoints = 11;
@@ -30,8 +20,6 @@ constexpr double kTextPoints = 9;
 constexpr double kLinePixels = 1.3;
 constexpr double kBoldPixels = 3.0;
 
-const QColor kInk = Qt::black;
-const QColor kGridGrey(205, 205, 205);
 const QColor kBelowGrey(226, 226, 226);
 
 // Tick labels with "." in every locale and no more digits than they need.
@@ -345,71 +333,20 @@ void Draw(QCustomPlot& plot, QPaintDevice& device) {
     painter.end();
 }
 
-QByteArray PngBytes(QCustomPlot& plot) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    if (!plot.toPixmap(kPictureSize.width(), kPictureSize.height(), kImageScale).save(&buffer, "PNG"))
-        Raise(error_number::DeviceIo);
-    return bytes;
-}
-
-QByteArray SvgBytes(QCustomPlot& plot, const QString& title) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    QSvgGenerator generator;
-    generator.setOutputDevice(&buffer);
-    generator.setResolution(kPixelsPerInch);
-    generator.setSize(kPictureSize);
-    generator.setViewBox(QRect(QPoint(0, 0), kPictureSize));
-    generator.setTitle(title);
-    Draw(plot, generator);
-    return bytes;
-}
-
-QByteArray PdfBytes(QCustomPlot& plot, const QString& title) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    writer.setResolution(kPixelsPerInch);
-    writer.setTitle(title);
-    writer.setPageSize(QPageSize(QSizeF(kPictureSize) * kPointsPerInch / kPixelsPerInch, QPageSize::Point,
-                                 QString(), QPageSize::ExactMatch));
-    writer.setPageMargins(QMarginsF(0, 0, 0, 0));
-    Draw(plot, writer);
-    return bytes;
-}
-
-enum class PictureKind { None, Png, Svg, Pdf };
-
-PictureKind KindOf(const std::string& path) {
-    const std::string extension = std::filesystem::path(path).extension().string();
-    if (EqualIgnoringCase(extension, ".png")) return PictureKind::Png;
-    if (EqualIgnoringCase(extension, ".svg")) return PictureKind::Svg;
-    if (EqualIgnoringCase(extension, ".pdf")) return PictureKind::Pdf;
-    return PictureKind::None;
-}
-
 template <typename Picture>
 void Write(const Picture& picture, const std::string& title, const std::string& path) {
-    const PictureKind kind = KindOf(path);
-    if (kind == PictureKind::None) Raise(error_number::InvalidCall);
     QCustomPlot plot;
     plot.setBackground(Qt::white);
     Compose(plot, picture);
     AddHeader(plot, title);
-    const QByteArray bytes = kind == PictureKind::Png   ? PngBytes(plot)
-                             : kind == PictureKind::Svg ? SvgBytes(plot, ToQt(title))
-                                                        : PdfBytes(plot, ToQt(title));
-    WritePictureFile(path, bytes);
+    const auto image = [&](double scale) {
+        return plot.toPixmap(kPictureSize.width(), kPictureSize.height(), scale).toImage();
+    };
+    const auto draw = [&](QPaintDevice& device) { Draw(plot, device); };
+    WriteChartPicture({.title = ToQt(title), .image = image, .draw = draw}, path);
 }
 
 }  // namespace
-
-bool IsStudyPicture(const std::string& path) {
-    return KindOf(path) != PictureKind::None;
-}
 
 void WriteStudyPicture(const CurvesPicture& picture, const std::string& path) {
     Write(picture, picture.titles.title, path);

@@ -55,9 +55,6 @@ struct SpreadPicture {
     std::vector<SpreadPanel> panels;  // one below the other
 };
 
-// True for a path that ends in .png, .svg or .pdf.
-bool IsStudyPicture(const std::string& path);
-
 // Draws the picture into a file of the kind that the path's extension names (.png, .svg, .pdf). Needs the
 // application object. Raises the run-time errors of writing; "Invalid procedure call or argument" for another
 // extension.

@@ -104,6 +104,7 @@ TEST_F(SweepCommand, WritesEveryKindOfFile) {
          {"Ridge Panel 4", "Web thickness (ft)", "Depth of cover (ft)", "Stability factor", "Target"})
         EXPECT_THAT(map, HasSubstr(text));
     EXPECT_THAT(ReadBytes(PathTo("curve.svg")), HasSubstr("Barrier Pillar"));
+    EXPECT_THAT(ReadBytes(PathTo("curve.svg")), HasSubstr("font-family=\"Arial, sans-serif\""));
     EXPECT_EQ(ReadBytes(PathTo("rows.json")), ReadBytes(PathTo("rows.jsonl")));
 }
 

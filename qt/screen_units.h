@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The inch of the screen, by which everything that is drawn has its size.
+#pragma once
+
+namespace tarvokol {
+
+inline constexpr int kPixelsPerInch = 96;
+inline constexpr double kPointsPerInch = 72.0;
+inline constexpr double kPixelsPerPoint = kPixelsPerInch / kPointsPerInch;
+
+}  // namespace tarvokol
