@@ -87,7 +87,7 @@ QVector<double> Values(const std::vector<double>& values) {
     return {values.begin(), values.end()};
 }
 
-void AddText(QCustomPlot& plot, QCPAxisRect& box, const QPointF& place, const QString& text, bool bold,
+QCPItemText& AddText(QCustomPlot& plot, QCPAxisRect& box, const QPointF& place, const QString& text, bool bold,
              Qt::Alignment side) {
     auto* label = new QCPItemText(&plot);
     label->position->setAxisRect(&box);
@@ -100,6 +100,7 @@ void AddText(QCustomPlot& plot, QCPAxisRect& box, const QPointF& place, const QS
     label->setBrush(QColor(255, 255, 255, 225));
     label->setPadding(QMargins(2, 0, 2, 0));
     label->position->setCoords(place.x(), place.y());
+    return *label;
 }
 
 QCPRange Widened(double low, double high) {
@@ -142,8 +143,10 @@ void Compose(QCustomPlot& plot, const CurvesPicture& picture) {
         graph->removeFromLegend();
         graph->setPen(QPen(kInk, kBoldPixels - 1));
         graph->setData({plot.xAxis->range().lower, plot.xAxis->range().upper}, {target.value, target.value});
+        // Below the curves, so that its ground covers neither them nor its own line.
         AddText(plot, box, {plot.xAxis->range().upper, target.value},
-                ToQt(target.name) + " " + PlainNumber(target.value), true, Qt::AlignRight | Qt::AlignBottom);
+                ToQt(target.name) + " " + PlainNumber(target.value), true, Qt::AlignRight | Qt::AlignBottom)
+            .setLayer("grid");
     }
     PlaceLegend(plot);
 }

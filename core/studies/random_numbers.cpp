@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/studies/random_numbers.h"
 
+#include <algorithm>
 #include <numeric>
 #include <utility>
 
 namespace tarvokol {
 namespace {
+
+constexpr std::uint32_t kBatch = 64;  // places of a random order drawn at a time
 
 constexpr int kRounds = 10;
 constexpr std::uint32_t kMultiplier0 = 0xD2511F53;
@@ -54,8 +57,17 @@ double UnitFromBits(std::uint64_t bits) {
 std::vector<std::uint32_t> RandomOrder(std::uint64_t seed, std::uint32_t stream, std::uint32_t count) {
     std::vector<std::uint32_t> order(count);
     std::iota(order.begin(), order.end(), 0U);
-    for (std::uint32_t left = count; left > 1; --left)
-        std::swap(order[left - 1], order[Below(RandomBits(seed, stream, left), left)]);
+    // The places of a batch are drawn and asked for before they are used: waiting for each in turn would take most of
+    // the time.
+    std::array<std::uint32_t, kBatch> places{};
+    for (std::uint32_t left = count; left > 1;) {
+        const std::uint32_t batch = std::min(left - 1, kBatch);
+        for (std::uint32_t i = 0; i < batch; ++i) {
+            places[i] = Below(RandomBits(seed, stream, left - i), left - i);
+            __builtin_prefetch(&order[places[i]], 1);
+        }
+        for (std::uint32_t i = 0; i < batch; ++i) std::swap(order[--left], order[places[i]]);
+    }
     return order;
 }
 

@@ -92,12 +92,13 @@ class RiskRun {
 
   private:
     std::size_t Fields() const { return request_.fields.size(); }
+    bool IsRandom(StudyField field) const { return IndexOf(request_.fields, field) < Fields(); }
 
     void Prepare() {
         result_.drawn.assign(Fields(), std::vector<double>(request_.samples));
         for (auto& factor : result_.factors) factor.resize(request_.samples);
-        target_web_.resize(request_.samples);
-        target_barrier_.resize(request_.samples);
+        if (IsRandom(StudyField::SFWeb)) target_web_.resize(request_.samples);
+        if (IsRandom(StudyField::SFBarrier)) target_barrier_.resize(request_.samples);
         if (!request_.latin) return;
         orders_.resize(Fields());
         std::vector<std::function<void()>> tasks;
@@ -131,8 +132,8 @@ class RiskRun {
             result_.factors[0][sample] = figures.Overall;
             result_.factors[1][sample] = figures.WebsOnly;
             result_.factors[2][sample] = figures.BarrierPillar;
-            target_web_[sample] = panel.Inputs().SFWeb;
-            target_barrier_[sample] = panel.Inputs().SFBarrier;
+            if (!target_web_.empty()) target_web_[sample] = panel.Inputs().SFWeb;
+            if (!target_barrier_.empty()) target_barrier_[sample] = panel.Inputs().SFBarrier;
             if (figures.refused) refusals_[piece].push_back(figures.message);
         }
     }
@@ -198,14 +199,22 @@ class RiskRun {
                random.field != StudyField::NumberHoles && random.distribution.StandardDeviation() > 0.0;
     }
 
+    // Ranks, and how far they deviate from their mean.
+    struct Ranks {
+        std::vector<double> values;
+        Deviations deviations;
+    };
+
     void RankField(std::size_t field) {
+        Ranks& ranks = field_ranks_[field];
         if (RankedByStrata(field)) {
-            field_ranks_[field].assign(orders_[field].begin(), orders_[field].end());
-            return;
+            ranks.values.assign(orders_[field].begin(), orders_[field].end());
+        } else {
+            std::vector<double> kept;
+            const auto values = SoundOf(result_.drawn[field], kept);
+            ranks.values = RanksOf(values, SortedOrder(values));
         }
-        std::vector<double> kept;
-        const auto values = SoundOf(result_.drawn[field], kept);
-        field_ranks_[field] = RanksOf(values, SortedOrder(values));
+        ranks.deviations = DeviationsOf(ranks.values);
     }
 
     void SummariseFactor(std::size_t factor) {
@@ -216,7 +225,9 @@ class RiskRun {
         const auto order = SortedOrder(values);
         for (std::size_t i = 0; i < kRiskShares.size(); ++i)
             risk.quantiles[i] = QuantileOf(values, order, kRiskShares[i]);
-        factor_ranks_[factor] = RanksOf(values, order);
+        Ranks& ranks = factor_ranks_[factor];
+        ranks.values = RanksOf(values, order);
+        ranks.deviations = DeviationsOf(ranks.values);
         if (factor == 1) risk.below.push_back(Below(values, project_.SFWeb, target_web_));
         if (factor == 2) risk.below.push_back(Below(values, project_.SFBarrier, target_barrier_));
         risk.below.push_back(Below(values, 1.0, {}));
@@ -247,7 +258,9 @@ class RiskRun {
             list.resize(Fields());
             for (std::size_t field = 0; field < Fields(); ++field)
                 tasks.emplace_back([this, factor, field, &list] {
-                    list[field] = Correlation(field_ranks_[field], factor_ranks_[factor]);
+                    const Ranks& x = field_ranks_[field];
+                    const Ranks& y = factor_ranks_[factor];
+                    list[field] = Correlation(x.values, y.values, x.deviations, y.deviations);
                 });
         }
         RunTasks(tasks, request_.threads);
@@ -258,12 +271,12 @@ class RiskRun {
     Matrix triangle_;
     RiskResult result_;
     std::vector<std::vector<std::uint32_t>> orders_;  // of the strata, one list a field
-    std::vector<float> target_web_;
+    std::vector<float> target_web_;  // of each sample, where it is random; else empty
     std::vector<float> target_barrier_;
     std::vector<std::vector<std::string>> refusals_;  // by pieces
     std::vector<std::uint32_t> sound_;                // samples not refused; empty where none was
-    std::vector<std::vector<double>> field_ranks_;
-    std::array<std::vector<double>, kFactors> factor_ranks_;
+    std::vector<Ranks> field_ranks_;
+    std::array<Ranks, kFactors> factor_ranks_;
 };
 
 }  // namespace

@@ -27,8 +27,17 @@ double QuantileOf(std::span<const double> values, std::span<const std::uint32_t>
 // Ranks from 1; equal values share the mean of their ranks.
 std::vector<double> RanksOf(std::span<const double> values, std::span<const std::uint32_t> order);
 
-// Correlation of two lists of the same length; NaN where one of them does not vary.
+// The mean of a list and the sum of the squares of what its values deviate from it.
+struct Deviations {
+    double mean = 0;
+    double squares = 0;
+};
+Deviations DeviationsOf(std::span<const double> values);
+
+// Correlation of two lists of the same length; NaN where one of them does not vary. Who has a list in several pairs
+// gives its deviations.
 double Correlation(std::span<const double> x, std::span<const double> y);
+double Correlation(std::span<const double> x, std::span<const double> y, const Deviations& of_x, const Deviations& of_y);
 
 struct Share {
     double value = 0;
