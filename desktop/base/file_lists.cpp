@@ -29,10 +29,7 @@ bool LiesIn(std::string_view folder, std::string_view outer) {
 
 bool HoldsUserFiles(const QStorageInfo& volume) {
     const std::string root = FromQt(volume.rootPath());
-    if (!volume.isValid() || !volume.isReady() || !FolderExists(root)) return false;
-    if (LiesIn(root, kRemovableFolder)) return true;
-    return std::none_of(std::begin(kSystemFolders), std::end(kSystemFolders),
-                        [&](std::string_view system) { return LiesIn(root, system); });
+    return volume.isValid() && volume.isReady() && FolderExists(root) && MayHoldUserFiles(root);
 }
 
 QString CaptionOf(const QStorageInfo& volume) {
@@ -63,6 +60,12 @@ QStringList NameFiltersOf(const std::string& pattern) {
 }
 
 }  // namespace
+
+bool MayHoldUserFiles(std::string_view root) {
+    if (LiesIn(root, kRemovableFolder)) return true;
+    return std::none_of(std::begin(kSystemFolders), std::end(kSystemFolders),
+                        [&](std::string_view system) { return LiesIn(root, system); });
+}
 
 bool IsEnter(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;

@@ -106,6 +106,9 @@ class FileList : public QListView {
     std::string wanted_;  // full name of a file that is to be selected, empty for none
 };
 
+// False for the root of a volume in which a system shows its own state.
+bool MayHoldUserFiles(std::string_view root);
+
 // True for the two keys that open or accept what is chosen.
 bool IsEnter(const QKeyEvent& event);
 

@@ -23,5 +23,14 @@ TEST_F(DriveListTest, ARootThatIsMountedIsListedOnce) {
     EXPECT_EQ(drives.Drive(), "/");
 }
 
+TEST(Drives, TheSystemsOwnVolumesAreNone) {
+    for (const char* root :
+         {"/", "/home", "/media/stick", "/mnt/share", "/run/media/ann/stick", "/runner", "/etcetera"})
+        EXPECT_TRUE(MayHoldUserFiles(root)) << root;
+    for (const char* root : {"/proc", "/sys/fs", "/dev/shm", "/run", "/run/user/1000", "/run/mediation",
+                             "/boot/efi", "/etc/hosts", "/snap/core"})
+        EXPECT_FALSE(MayHoldUserFiles(root)) << root;
+}
+
 }  // namespace
 }  // namespace tarvokol

@@ -362,6 +362,22 @@ TEST_F(FormBaseTest, BoxesSelectTheirTextOnFocus) {
     EXPECT_EQ(box.selectedText(), "12.5");
 }
 
+TEST_F(FormBaseTest, AClickThatSelectsAPartKeepsIt) {
+    frmSample& form = frmSample::Instance();
+    SelectAllOnFocus(form);
+    ShowAndActivate(form);
+    auto& box = Find<QLineEdit>(form, "Text2");
+    box.setText("1234567890");
+    Find(form, "Text1").setFocus();
+    const int letter = box.fontMetrics().horizontalAdvance('0');
+    const QPoint begin = box.rect().center() + QPoint(-box.width() / 2 + 2, 0);
+    QTest::mousePress(&box, Qt::LeftButton, {}, begin);
+    QTest::mouseMove(&box, begin + QPoint(4 * letter, 0));
+    QTest::mouseRelease(&box, Qt::LeftButton, {}, begin + QPoint(4 * letter, 0));
+    EXPECT_GT(box.selectedText().size(), 1);
+    EXPECT_LT(box.selectedText().size(), 8);
+}
+
 TEST_F(FormBaseTest, ARangeCheckedBoxGetsTheFocusWhenItIsWrong) {
     frmSample& form = frmSample::Instance();
     ShowAndActivate(form);

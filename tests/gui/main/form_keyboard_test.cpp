@@ -6,6 +6,8 @@
 #include <QPlainTextEdit>
 #include <QTabWidget>
 #include <QTreeView>
+#include <algorithm>
+#include <iterator>
 #include <set>
 
 #include "core/program/program_help.h"
@@ -113,8 +115,9 @@ class FormKeyboard : public MainWindowTest, public ::testing::WithParamInterface
     }
 };
 
-TEST_P(FormKeyboard, TheMenuOpensItModally) {
-    if (std::string(GetParam().command).empty()) return;
+class FormOfTheMenu : public FormKeyboard {};
+
+TEST_P(FormOfTheMenu, OpensModally) {
     frmMain& main_window = Start();
     EnterProject();
     bool opened = false;
@@ -205,8 +208,19 @@ TEST_P(FormKeyboard, NoTwoControlsShareAMnemonic) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Forms, FormKeyboard, ::testing::ValuesIn(kForms),
-                         [](const auto& route) { return std::string(route.param.form); });
+std::vector<KeyboardForm> FormsOfTheMenu() {
+    std::vector<KeyboardForm> forms;
+    std::copy_if(std::begin(kForms), std::end(kForms), std::back_inserter(forms),
+                 [](const KeyboardForm& form) { return *form.command != '\0'; });
+    return forms;
+}
+
+std::string NameOfForm(const ::testing::TestParamInfo<KeyboardForm>& info) {
+    return info.param.form;
+}
+
+INSTANTIATE_TEST_SUITE_P(Forms, FormKeyboard, ::testing::ValuesIn(kForms), NameOfForm);
+INSTANTIATE_TEST_SUITE_P(Forms, FormOfTheMenu, ::testing::ValuesIn(FormsOfTheMenu()), NameOfForm);
 
 }  // namespace
 }  // namespace tarvokol

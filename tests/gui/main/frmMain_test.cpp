@@ -110,6 +110,7 @@ TEST_F(MainWindow, TheToolbarHasFiveButtonsWithToolTips) {
                           "Edit Pillar Data"};
     for (int i = 0; i < 5; ++i) {
         EXPECT_EQ(toolbar.actions()[i]->toolTip(), tips[i]);
+        EXPECT_EQ(toolbar.actions()[i]->text(), tips[i]);
         EXPECT_FALSE(toolbar.actions()[i]->icon().isNull());
         EXPECT_FALSE(toolbar.actions()[i]->icon().pixmap(24, 24).isNull());
     }

@@ -220,6 +220,18 @@ TEST_F(ResultsViewer, PrintsAllPagesAsOneJobWithContinuousNumbers) {
     EXPECT_EQ(History(), "1. Results displayed\r\n2. All pages printed\r\n");
 }
 
+// The page may have been scrolled, or its project calculated anew.
+TEST_F(ResultsViewer, PrintingShowsThePageAsItIsNow) {
+    Host.Dialogs.PrinterAnswers = {true, true};
+    frmResTxtPlt& form = Open();
+    OutputBuffers[1] = "second\r\n";
+    Click(form, "cmdPrintPage");
+    EXPECT_EQ(Page(form), "second\n");
+    OutputBuffers[1] = "third\r\n";
+    Click(form, "cmdPrintAll");
+    EXPECT_EQ(Page(form), "third\n");
+}
+
 TEST_F(ResultsViewer, PagesAreJoinedWithNothingBetween) {
     OutputBuffers[0] = "a\r\nb";
     OutputBuffers[1] = "c\r\n";

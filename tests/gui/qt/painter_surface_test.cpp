@@ -323,6 +323,15 @@ TEST_F(PlanExport, LongFiguresGetALargerSheetInsteadOfBeingCut) {
     EXPECT_GT(crowded.TextClashes(), 0);
 }
 
+// No sheet holds hundreds of digits. From 160 % on a larger one would make no label more legible.
+TEST_F(PlanExport, WhatFitsNoSheetGetsTheSmallestOfTheBest) {
+    PlotMode = plot_mode::Capacity;
+    PlotFromResults = true;
+    WorkingParameters.PillarCapacity.Fill(1e300);
+    ASSERT_TRUE(ExportPlan(PathTo("plan.png"), PlanView::Window));
+    EXPECT_EQ(QImage(QString::fromStdString(PathTo("plan.png"))).size(), QSize(2240, 2240));
+}
+
 TEST_F(PlanExport, WritesThePreviewsShape) {
     ViewChildWindow = 0;
     ASSERT_TRUE(ExportPlan(PathTo("plan.PNG"), PlanView::Preview));

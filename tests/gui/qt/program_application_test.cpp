@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/program_application.h"
 
+#include <new>
+#include <stdexcept>
+
+#include "core/messages/titles.h"
+#include "core/platform/message_box.h"
+#include "core/platform/platform.h"
 #include "core/project/project_state.h"
 #include "core/settings/folders.h"
 #include "qt/program_style.h"
@@ -25,6 +31,42 @@ TEST_F(ProgramApplicationTest, WorkOutsideTheEventLoopFollowsTheSameRule) {
     static_cast<ProgramApplication*>(qApp)->Run([] { Raise(11); });
     ASSERT_EQ(UnhandledErrors().size(), 1u);
     EXPECT_EQ(UnhandledErrors()[0].text, "Division by zero");
+}
+
+TEST_F(ProgramApplicationTest, FailuresOfTheLanguagesLibraryAreRunTimeErrors) {
+    auto* application = static_cast<ProgramApplication*>(qApp);
+    application->Run([] { throw std::bad_alloc(); });
+    application->Run([] { throw std::logic_error("a bug"); });
+    ASSERT_EQ(UnhandledErrors().size(), 2u);
+    EXPECT_EQ(UnhandledErrors()[0].number, 7);
+    EXPECT_EQ(UnhandledErrors()[0].text, "Out of memory");
+    EXPECT_EQ(UnhandledErrors()[1].number, 51);
+    EXPECT_EQ(UnhandledErrors()[1].text, "a bug");
+}
+
+// Tells on standard error what it is asked to show, and whether the pointer is the program's own.
+class TellingBox : public MessageBox {
+  public:
+    int Show(const BoxRequest& request) override {
+        std::fprintf(stderr, "box %d \"%s\" %s", request.style, request.title.c_str(),
+                     QApplication::overrideCursor() == nullptr ? "under the arrow" : "under the hourglass");
+        return box_result::Ok;
+    }
+};
+
+TEST_F(ProgramApplicationTest, TheLastBoxIsCriticalUnderTheOrdinaryPointer) {
+    testing::FLAGS_gtest_death_test_style = "fast";
+    const auto end = [](const std::string& title) {
+        TellingBox box;
+        Platform.Messages = &box;
+        AppLongTitle = title;
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        auto* application = static_cast<ProgramApplication*>(qApp);
+        application->SetErrorSink({});
+        application->Run([] { Raise(11); });
+    };
+    EXPECT_EXIT(end("Ridge"), testing::ExitedWithCode(1), "box 16 \"Ridge\" under the arrow");
+    EXPECT_EXIT(end(""), testing::ExitedWithCode(1), "box 16 \"TARVO-KOL\" under the arrow");
 }
 
 TEST_F(ProgramApplicationTest, TheEndByAnErrorKeepsUnsavedWorkAndSaysWhere) {

@@ -13,6 +13,8 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTabBar>
@@ -20,6 +22,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBrowser>
+#include <QTimer>
 #include <QWindow>
 #include <QXmlStreamReader>
 
@@ -318,8 +321,23 @@ TEST_F(HelpViewerTest, BelongsToTheDialogThatItWasAskedFrom) {
     EXPECT_EQ(viewer_.Window()->windowHandle()->transientParent(), nullptr);
 }
 
+// Whether a window last came up without taking the focus.
+class ShowWatch : public QObject {
+  public:
+    explicit ShowWatch(QWidget& window) { window.installEventFilter(this); }
+
+    bool eventFilter(QObject* window, QEvent* event) override {
+        if (event->type() == QEvent::Show)
+            without_activating = static_cast<QWidget*>(window)->testAttribute(Qt::WA_ShowWithoutActivating);
+        return false;
+    }
+
+    bool without_activating = false;
+};
+
 TEST_F(HelpViewerTest, StaysReadableBesideADialogThatOpensLater) {
     viewer_.ShowTopic(help_file, "frmMain.htm");
+    ShowWatch watch(*viewer_.Window());
     QDialog dialog;
     dialog.setModal(true);
     dialog.show();
@@ -327,6 +345,7 @@ TEST_F(HelpViewerTest, StaysReadableBesideADialogThatOpensLater) {
         [&] { return viewer_.Window()->windowHandle()->transientParent() == dialog.windowHandle(); }));
     EXPECT_TRUE(viewer_.Window()->isVisible());
     EXPECT_EQ(QApplication::activeModalWidget(), &dialog);
+    EXPECT_TRUE(watch.without_activating);
     Tabs().setCurrentIndex(0);
     QTest::mouseClick(viewer_.Window()->windowHandle(), Qt::LeftButton, {},
                       Tabs().mapTo(viewer_.Window(), Tabs().tabBar()->tabRect(2).center()));
@@ -340,6 +359,20 @@ TEST_F(HelpViewerTest, DoesNotFollowAMessageBox) {
     box.show();
     QTest::qWait(50);
     EXPECT_EQ(viewer_.Window()->windowHandle()->transientParent(), nullptr);
+}
+
+TEST_F(HelpViewerTest, ATopicIsPrintedUnderItsTitle) {
+    viewer_.ShowTopic(help_file, "frmUnits.htm");
+    QString name;
+    QTimer::singleShot(0, [&name] {
+        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr) return;
+        name = dialog->printer()->docName();
+        dialog->reject();
+    });
+    Tool("print").trigger();
+    EXPECT_FALSE(name.isEmpty());
+    EXPECT_EQ(name, Page().documentTitle());
 }
 
 }  // namespace

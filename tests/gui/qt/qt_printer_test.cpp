@@ -198,6 +198,13 @@ TEST_F(PaperPrinter, PrintsControlCharactersAsBlanks) {
     EXPECT_THAT(BodyOf(PagesOf(File)[0]), ElementsAre("a b c"));
 }
 
+TEST_F(PaperPrinter, NamesTheProgramInTheFile) {
+    PrintJobOf("x\r\n");
+    const std::string info = Output("pdfinfo", {QString::fromStdString(File)}).toStdString();
+    EXPECT_THAT(info, ::testing::ContainsRegex("Title: +TARVO-KOL\n"));
+    EXPECT_THAT(info, ::testing::ContainsRegex("Creator: +TARVO-KOL\n"));
+}
+
 TEST_F(PaperPrinter, StartsEveryJobAfresh) {
     PrintJobOf("first\r\n");
     PrintJobOf("second\r\n");

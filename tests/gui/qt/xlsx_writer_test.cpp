@@ -2,8 +2,13 @@
 // Written workbooks, read back by the entries of the zip file.
 #include "qt/xlsx_writer.h"
 
+#include <QProcess>
+#include <array>
 #include <clocale>
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <map>
 #include <regex>
 
@@ -14,8 +19,8 @@
 #include "core/settings/folders.h"
 #include "qt/chart_control.h"
 #include "qt/workbook_check.h"
-#include "tests/support/failing_files.h"
 #include "tests/support/curve_fixture.h"
+#include "tests/support/failing_files.h"
 
 namespace tarvokol {
 namespace {
@@ -145,16 +150,42 @@ TEST_F(XlsxWriterTest, CsvWorkbookAndPlottedPointsAgree) {
     }
 }
 
+// A locale with a decimal comma in the test's own folder: few systems have one installed.
+class CommaLocale {
+  public:
+    explicit CommaLocale(const std::filesystem::path& folder) {
+        const std::filesystem::path source = folder / "comma.txt";
+        std::ofstream(source) << "comment_char %\nescape_char /\nLC_NUMERIC\ndecimal_point \",\"\n"
+                                 "thousands_sep \"\"\ngrouping -1\nEND LC_NUMERIC\n";
+        // Its status tells of the categories that are missing.
+        QProcess::execute("localedef", {"-c", "--quiet", "-i", QString::fromStdString(source.string()),
+                                        QString::fromStdString((folder / "comma").string())});
+        ::setenv("LOCPATH", folder.c_str(), 1);
+        holds_ = std::setlocale(LC_NUMERIC, "comma") != nullptr;
+    }
+    CommaLocale(const CommaLocale&) = delete;
+    CommaLocale& operator=(const CommaLocale&) = delete;
+    ~CommaLocale() {
+        std::setlocale(LC_NUMERIC, "C");
+        ::unsetenv("LOCPATH");
+    }
+
+    bool Holds() const { return holds_; }
+
+  private:
+    bool holds_ = false;
+};
+
 TEST_F(XlsxWriterTest, ADecimalCommaOfTheDesktopDoesNotReachTheWorkbook) {
-    const char* comma = nullptr;
-    for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "nl_NL.UTF-8"})
-        if (comma == nullptr) comma = std::setlocale(LC_NUMERIC, name);
-    if (comma == nullptr) GTEST_SKIP() << "this system has no locale with a decimal comma";
+    const CommaLocale comma(Folder);
+    ASSERT_TRUE(comma.Holds());
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "%.1f", 12.5);
+    ASSERT_STREQ(text.data(), "12,5");
     XlsxFileWriter writer(PathTo("book.xlsx"));
     writer.BeginWorkbook();
     writer.SetCell("A1", 12.5);
     writer.ShowWorkbook();
-    std::setlocale(LC_NUMERIC, "C");
     EXPECT_EQ(Cells(ReadBytes(PathTo("book.xlsx"))).at("A1"), "12.5");
 }
 
