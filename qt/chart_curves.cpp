@@ -82,6 +82,8 @@ void ChartPlot::ComposeSeries(int series, int width) {
     drawn.line->setScatterStyle(sign);
     drawn.line->setScatterSkip(line ? kFirstSymbolOnly : 0);
     drawn.symbols->setScatterStyle(sign);
+    const int room = whole_range ? static_cast<int>(std::ceil(style.symbol_size * kPixelsPerPoint / 2)) + 1 : 0;
+    for (PlotCurve* curve : {drawn.line, drawn.symbols}) curve->SetSymbolRoom(room);
     if (line)
         PlaceSymbols(series, width);
     else
@@ -115,9 +117,9 @@ long ChartPlot::SymbolsOn(int series, int width) const {
 }
 
 ChartPlot::Drawn ChartPlot::AddCurve() {
-    Drawn drawn{new QCPCurve(view.xAxis, view.yAxis), new QCPCurve(view.xAxis, view.yAxis)};
+    Drawn drawn{new PlotCurve(view.xAxis, view.yAxis), new PlotCurve(view.xAxis, view.yAxis)};
     drawn.symbols->setLineStyle(QCPCurve::lsNone);
-    for (QCPCurve* curve : {drawn.line, drawn.symbols}) curve->removeFromLegend();
+    for (PlotCurve* curve : {drawn.line, drawn.symbols}) curve->removeFromLegend();
     return drawn;
 }
 

@@ -13,8 +13,10 @@
 namespace tarvokol {
 namespace {
 
-// Room for a tick and its label along an axis, and the ticks that it gets at the least and most.
-constexpr int kTickPitch = 45;
+// Room for a tick and its label along an axis: labels are wider than high. And the ticks that it gets at the least and
+// most.
+constexpr int kTickPitchX = 45;
+constexpr int kTickPitchY = 30;
 constexpr int kFewestTicks = 2;
 constexpr int kMostTicks = 7;
 
@@ -36,8 +38,9 @@ constexpr int kMarkSize = 15;
 constexpr int kBesidePlot = 80;
 constexpr int kAroundPlot = 44;
 
-// Header, note and legend together leave the plot at least this share of the chart.
-constexpr double kPlotShare = 0.55;
+// What a header and a legend may take of the chart's height.
+constexpr double kHeaderShare = 0.15;
+constexpr double kLegendShare = 0.45;
 
 int LinesHeight(const QFont& font, const QString& text) {
     return text.isEmpty() ? 0 : QFontMetrics(font).height() * static_cast<int>(text.count('\n') + 1);
@@ -48,6 +51,18 @@ int RowHeight(const QCPTextElement& row) {
 }
 
 }  // namespace
+
+void LegendEntry::draw(QCPPainter* painter) {
+    const QRect icon(mRect.topLeft(), mParentLegend->iconSize());
+    painter->save();
+    painter->setClipRect(icon, Qt::IntersectClip);  // the library draws the line a little too long
+    curve_->DrawIcon(painter, icon);
+    painter->restore();
+    painter->setFont(getFont());
+    painter->setPen(QPen(getTextColor()));
+    const QRect text = mRect.adjusted(icon.width() + mParentLegend->iconTextPadding(), 0, 0, 0);
+    painter->drawText(text, Qt::TextDontClip | Qt::AlignVCenter | Qt::AlignLeft, curve_->name());
+}
 
 ChartPlot::ChartPlot(QWidget& parent, const ChartModel& model) : view(&parent), model_(model) {
     view.setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -115,7 +130,7 @@ void ChartPlot::Compose(const QSize& size) {
     ComposeAxis(ChartAxis::X, size.width() - kBesidePlot);
     const int around = RowHeight(*header_) + RowHeight(*note_) +
                        legend_row_->minimumOuterSizeHint().height() + TitleHeight(ChartAxis::X) + kAroundPlot;
-    ComposeAxis(ChartAxis::Y, std::max(size.height() - around, kTickPitch));
+    ComposeAxis(ChartAxis::Y, std::max(size.height() - around, kTickPitchY));
     for (int series = 1; series <= model_.NumSeries(); ++series) ComposeSeries(series, size.width());
 }
 
@@ -131,7 +146,7 @@ void ChartPlot::ComposeHeader(const QSize& size) {
     double points = model_.HeaderSize();
     FittedText fitted = FitText(ToQt(model_.HeaderText()), ChartFont(points, true), width);
     while (points > kSmallFont &&
-           LinesHeight(fitted.font, fitted.text) > size.height() * (1 - kPlotShare) / 3)
+           LinesHeight(fitted.font, fitted.text) > size.height() * kHeaderShare)
         fitted = FitText(ToQt(model_.HeaderText()), ChartFont(--points, true), width);
     header_->setFont(fitted.font);
     header_->setText(fitted.text);
@@ -152,6 +167,7 @@ void ChartPlot::ComposeNote(const QSize& size) {
 
 void ChartPlot::ShowMark(double x, double y) {
     mark_->position->setCoords(x, y);
+    mark_->setClipToAxisRect(!whole_range);
     mark_->setVisible(true);
 }
 
@@ -183,7 +199,8 @@ void ChartPlot::ComposeAxis(ChartAxis axis, int length) {
     } else if (!drawn->ticker().dynamicCast<ChartTicker>()) {
         drawn->setTicker(QSharedPointer<QCPAxisTicker>(new ChartTicker));
     }
-    drawn->ticker()->setTickCount(std::clamp(length / kTickPitch, kFewestTicks, kMostTicks));
+    const int pitch = axis == ChartAxis::X ? kTickPitchX : kTickPitchY;
+    drawn->ticker()->setTickCount(std::clamp(length / pitch, kFewestTicks, kMostTicks));
 }
 
 std::vector<int> ChartPlot::LegendSeries() const {
@@ -214,13 +231,13 @@ void ChartPlot::ComposeLegend(const QSize& size) {
     const int count = static_cast<int>(entries.size());
     const int columns = std::clamp((size.width() - 2 * kLegendMargin) / entry_width, 1, count);
     const int rows = (count + columns - 1) / columns;
-    if (rows * std::max(icon_height, metrics.height()) > size.height() * (1 - kPlotShare)) return;
+    if (rows * std::max(icon_height, metrics.height()) > size.height() * kLegendShare) return;
     view.legend->setIconSize(icon_width, icon_height);
     view.legend->setWrap(columns);
     for (const int series : entries) {
-        QCPCurve* line = curves_[static_cast<std::size_t>(series - 1)].line;
+        PlotCurve* line = curves_[static_cast<std::size_t>(series - 1)].line;
         line->setName(ToQt(model_.SeriesLabel(series)));
-        view.legend->addItem(new QCPPlottableLegendItem(view.legend, line));
+        view.legend->addItem(new LegendEntry(view.legend, line));
     }
 }
 

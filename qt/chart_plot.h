@@ -11,6 +11,36 @@
 
 namespace tarvokol {
 
+// A curve whose symbols may stand out beyond the plot, so that those on its edge are whole.
+class PlotCurve : public QCPCurve {
+  public:
+    using QCPCurve::QCPCurve;
+
+    // Pixels beyond the plot's edge.
+    void SetSymbolRoom(int pixels) { symbol_room_ = pixels; }
+    void DrawIcon(QCPPainter* painter, const QRectF& place) const { drawLegendIcon(painter, place); }
+
+  protected:
+    QRect clipRect() const override {
+        return QCPCurve::clipRect().adjusted(-symbol_room_, -symbol_room_, symbol_room_, symbol_room_);
+    }
+
+  private:
+    int symbol_room_ = 0;
+};
+
+// An entry of the legend with its text beside the middle of its symbol, however large that is.
+class LegendEntry : public QCPPlottableLegendItem {
+  public:
+    LegendEntry(QCPLegend* legend, PlotCurve* curve) : QCPPlottableLegendItem(legend, curve), curve_(curve) {}
+
+  protected:
+    void draw(QCPPainter* painter) override;
+
+  private:
+    PlotCurve* curve_;
+};
+
 class ChartPlot {
   public:
     ChartPlot(QWidget& parent, const ChartModel& model);
@@ -36,8 +66,8 @@ class ChartPlot {
   private:
     // A curve, and the symbols on it behind the first one.
     struct Drawn {
-        QCPCurve* line;
-        QCPCurve* symbols;
+        PlotCurve* line;
+        PlotCurve* symbols;
     };
 
     QCPAxis* AxisOf(ChartAxis axis) const { return axis == ChartAxis::X ? view.xAxis : view.yAxis; }

@@ -71,6 +71,17 @@ class ChartControlTest : public CoreTest {
         return ink;
     }
 
+    // The smallest rectangle that holds the red pixels of a part of the picture.
+    static QRect RedIn(const QImage& image, const QRect& part) {
+        QRect red;
+        for (int y = part.top(); y <= part.bottom(); ++y)
+            for (int x = part.left(); x <= part.right(); ++x) {
+                const QColor pixel = image.pixelColor(x, y);
+                if (pixel.red() > 200 && pixel.green() < 100) red |= QRect(x, y, 1, 1);
+            }
+        return red;
+    }
+
     static void Wheel(QWidget& widget, QPoint at, int turns) {
         QWheelEvent event(at, widget.mapToGlobal(at), QPoint(), QPoint(0, 120 * turns), Qt::NoButton,
                           Qt::NoModifier, Qt::NoScrollPhase, false);
@@ -512,12 +523,7 @@ TEST_F(ChartControlTest, TheLegendShowsALargeSymbolWhole) {
     Chart.SetSymbolSize(1, 20);
     Show();
     const QImage image = Chart.grab().toImage();
-    QRect symbol;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (Chart.RegionAt(x, y) != PlotRegionCode && image.pixelColor(x, y).red() > 200 &&
-                image.pixelColor(x, y).green() < 100 && y > Chart.height() / 2)
-                symbol |= QRect(x, y, 1, 1);
+    const QRect symbol = RedIn(image, QRect(0, 270, 449, 43));
     EXPECT_NEAR(symbol.height(), 27, 2);  // 20 points at 96 pixels to the inch
     EXPECT_NEAR(symbol.width(), 27, 2);
 }
@@ -607,6 +613,55 @@ TEST(ChartTexts, ATextHasThreeLinesAtTheMost) {
 
 TEST(ChartTexts, NoTextIsSetSmallerThanSixPoints) {
     EXPECT_EQ(FitText(QString(400, 'W'), ChartFont(15), 100).font.pointSizeF(), 6.0);
+}
+
+TEST_F(ChartControlTest, LargeSymbolsAtTheEndsOfACurveAreWhole) {
+    AddLine(3);
+    Chart.SetSymbolShape(1, chart_style::DotSymbol);
+    Chart.SetSymbolColour(1, 0x0000FF);
+    Chart.SetSymbolSize(1, 20);
+    Chart.resize(239, 164);
+    Show();
+    const QImage image = Chart.grab().toImage();
+    for (const long point : {1L, 3L}) {
+        const QRect around(Chart.PixelOf(1, point) - QPoint(16, 16), QSize(33, 33));
+        EXPECT_NEAR(RedIn(image, around & image.rect()).width(), 27, 2) << point;
+        EXPECT_NEAR(RedIn(image, around & image.rect()).height(), 27, 2) << point;
+    }
+}
+
+TEST_F(ChartControlTest, TheLegendsTextStandsBesideTheMiddleOfItsSymbol) {
+    AddLine(3);
+    Chart.AddSeriesLabel(1, "HHH");
+    Chart.SetSymbolShape(1, chart_style::DotSymbol);
+    Chart.SetSymbolColour(1, 0x0000FF);
+    Chart.SetSymbolSize(1, 20);
+    Show();
+    const QImage image = Chart.grab().toImage();
+    const QRect symbol = RedIn(image, QRect(0, 270, 449, 43));
+    QRect text;
+    for (int y = 270; y < 313; ++y)
+        for (int x = symbol.right() + 6; x < 449; ++x)
+            if (qGray(image.pixel(x, y)) < 100 && image.pixelColor(x, y).blue() < 100) text |= QRect(x, y, 1, 1);
+    ASSERT_FALSE(text.isEmpty());
+    EXPECT_NEAR(text.center().y(), symbol.center().y(), 2);
+}
+
+// Grid lines tell where ticks are: a header of two lines leaves a low plot.
+TEST_F(ChartControlTest, ALowPlotHasFourTicksToo) {
+    AddLine(3);
+    Chart.SetY(1, 1, 0);
+    Chart.SetY(1, 3, 7.5);
+    Chart.SetHeaderText("A title of the graph that is somewhat longer than the chart is wide, to see what happens");
+    Chart.SetMajorGridAutomatic(ChartAxis::Y);
+    Show();
+    const QImage image = Chart.grab().toImage();
+    int lines = 0;
+    int plot_x = 0;
+    while (Chart.RegionAt(plot_x, 150) != PlotRegionCode) ++plot_x;
+    for (int y = 0; y < image.height(); ++y)
+        if (image.pixelColor(plot_x + 6, y) == QColor(205, 205, 205)) ++lines;
+    EXPECT_GE(lines, 3);  // and the axis itself stands on the fourth
 }
 
 }  // namespace
