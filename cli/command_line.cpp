@@ -40,9 +40,16 @@ void AddSettings(CLI::App& command, Options& options) {
     command.add_flag("-q,--quiet", options.quiet, "No progress line");
 }
 
+// An empty word is most often a variable of a script that nobody has set.
+std::string WhyEmpty(const std::string& text) {
+    return text.empty() ? "\"\" is empty" : "";
+}
+
 void AddOutput(CLI::App& command, Options& options, const std::string& output_help,
                const std::vector<std::string>& formats) {
-    command.add_option("-o,--output", options.output, output_help + "; `-`: standard output")->type_name("PATH");
+    command.add_option("-o,--output", options.output, output_help + "; `-`: standard output")
+        ->type_name("PATH")
+        ->check(WhyEmpty);
     if (!formats.empty())
         command.add_option("--format", options.format, "Of standard output, or of the files in a folder")
             ->check(CLI::IsMember(formats))
@@ -221,10 +228,16 @@ void AddRiskCommand(CLI::App& app, StudyOptions& options, HeadlessPlatform& host
         ->take_all()
         ->expected(1)
         ->type_name("A,B=R");
-    risk->add_option("--samples", options.samples, "Number of samples (default 100000)")->type_name("N");
-    risk->add_option("--seed", options.seed, "Seed of the random numbers (default 1)")->type_name("S");
+    risk->add_option("--samples", options.samples, "Number of samples (default 100000)")
+        ->type_name("N")
+        ->check(WhyEmpty);
+    risk->add_option("--seed", options.seed, "Seed of the random numbers (default 1)")
+        ->type_name("S")
+        ->check(WhyEmpty);
     risk->add_flag("--plain", options.plain, "Independent draws instead of a Latin hypercube");
-    risk->add_option("--samples-out", options.samples_out, "Write all samples as CSV")->type_name("FILE.csv");
+    risk->add_option("--samples-out", options.samples_out, "Write all samples as CSV")
+        ->type_name("FILE.csv")
+        ->check(WhyEmpty);
     risk->footer(std::string(kFieldsFooter) +
                  "Examples:\n"
                  "  tarvokol-cli risk panel.TKL --random CoalStrength=lognormal:100%:15%\n"

@@ -11,7 +11,6 @@
 #include "cli/row_sink.h"
 #include "cli/study_pictures.h"
 #include "cli/study_rows.h"
-#include "core/runtime/numbers.h"
 #include "core/studies/risk_study.h"
 #include "core/studies/study_numbers.h"
 
@@ -26,9 +25,12 @@ constexpr int kTextColumn = 14;
 template <typename Whole>
 Whole WholeOption(const std::string& text, const char* name, double low, double high) {
     const double value = RequiredNumber(text, name);
-    if (value != std::floor(value) || value < low || value > high)
-        throw UsageError{std::string(name) + ": \"" + text + "\" is not a whole number from " +
-                         GeneralText(low) + " to " + GeneralText(high)};
+    if (value != std::floor(value) || value < low || value > high) {
+        std::string bounds;
+        AppendShortest(bounds, low);
+        AppendShortest(bounds += " to ", high);
+        throw UsageError{std::string(name) + ": \"" + text + "\" is not a whole number from " + bounds};
+    }
     return static_cast<Whole>(value);
 }
 

@@ -245,7 +245,6 @@ TEST_F(Manners, ANumberIsOneToItsLastCharacter) {
         EXPECT_NE(Refusal({"sweep", "p.TKL", "--vary", "Height=5,6", "--threads", text}), "");
         const Words risk{"risk", "p.TKL", "--random", "Height=uniform:5:6"};
         for (const std::string option : {"--samples", "--seed"}) {
-            if (text.empty()) continue;
             EXPECT_THAT(Refusal(With(risk, {option, text})), HasSubstr(option));
         }
     }
@@ -256,6 +255,13 @@ TEST_F(Manners, ANumberIsOneToItsLastCharacter) {
     for (const std::string text : {"0", "1.5", "-3"})
         EXPECT_THAT(Refusal({"risk", "p.TKL", "--random", "Height=uniform:5:6", "--samples=" + text}),
                     HasSubstr("--samples"));
+}
+
+TEST_F(Manners, AnEmptyWordIsNoPath) {
+    Project("p.TKL");
+    EXPECT_THAT(Refusal({"results", "-o", "", "p.TKL"}), HasSubstr("--output: \"\" is empty"));
+    EXPECT_THAT(Refusal({"risk", "p.TKL", "--random", "Height=uniform:5:6", "--samples-out", ""}),
+                HasSubstr("--samples-out: \"\" is empty"));
 }
 
 TEST_F(Manners, ObjectsTellTheUnitOfEachFigure) {
