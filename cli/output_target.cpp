@@ -131,13 +131,17 @@ void WriteTowards(const std::string& path, const std::function<void()>& step) {
     }
 }
 
+// Nothing is left of the file when its bytes go out: a reader that has seen enough ends the program by a signal.
 void WriteToStandardOutput(const std::string& extension,
                            const std::function<void(const std::string&)>& write) {
-    try {
+    const auto bytes_written = [&] {
         const ScratchFolder folder;
         const std::string path = folder.Path() + "output" + extension;
         write(path);
-        std::cout << ReadWholeFile(path, std::string().max_size());
+        return ReadWholeFile(path, std::string().max_size());
+    };
+    try {
+        std::cout << bytes_written();
     } catch (const RunTimeError& error) {
         throw OutputError{error.number, "standard output: " + error.text};
     }

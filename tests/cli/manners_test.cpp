@@ -115,6 +115,18 @@ TEST_F(Manners, StandardOutputTakesPdfWorkbooksAndObjects) {
     EXPECT_EQ(Run({"results", "-o", "-", "p.TKL"}).out, Run({"results", "p.TKL"}).out);
 }
 
+TEST_F(Manners, AReaderThatHasSeenEnoughLeavesNothingBehind) {
+    Project("p.TKL");
+    const std::string scratch = PathTo("scratch");
+    std::filesystem::create_directory(scratch);
+    const std::string command = "cd '" + Folder.string() + "' && TMPDIR='" + scratch + "' '" TARVOKOL_CLI
+                                "' sweep --quiet p.TKL --vary Height=2:12/300 --vary DepthCover=50:900/300 "
+                                "--format xlsx | head -c 1 > first";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(ReadBytes(PathTo("first")), "P");
+    EXPECT_TRUE(std::filesystem::is_empty(scratch));
+}
+
 TEST_F(Manners, StandardOutputTakesAProject) {
     Project("p.TKL");
     EXPECT_EQ(Run({"save", "-o", "q.TKL", "p.TKL"}).status, 0);
