@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A chart of 449 by 313 pixels with titles, and eyes on what it draws.
+#pragma once
+
+#include "qt/chart_control.h"
+#include "tests/support/core_fixture.h"
+
+namespace tarvokol {
+
+class ChartControlTest : public CoreTest {
+  protected:
+    static constexpr int32_t kBlue = 0xFF0000;
+
+    ChartControlTest() {
+        Chart.resize(449, 313);
+        Chart.SetHeaderText("Tarvo Panel Stability Evaluation - KOL");
+        Chart.SetHeaderSize(15);
+        Chart.SetAxisTitle(ChartAxis::X, "Depth of Cover (ft)");
+        Chart.SetAxisTitle(ChartAxis::Y, "Stability Factor");
+    }
+
+    // `count` points on a straight line from (50, 3).
+    void AddLine(int count) {
+        Chart.SetNumSeries(1);
+        Chart.SetNumPoints(1, count);
+        for (int point = 1; point <= count; ++point) {
+            Chart.SetX(1, point, 50 + 3.0 * (point - 1));
+            Chart.SetY(1, point, 3 - 0.04 * (point - 1));
+        }
+        Chart.SetLineColour(1, kBlue);
+        Chart.SetLineWidth(1, 3);
+    }
+
+    void Show() {
+        Chart.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&Chart));
+        Chart.Replot();
+    }
+
+    // Pixels of a picture whose colour is near to `wanted`.
+    static long CountPixels(const QImage& image, QColor wanted, int tolerance = 40) {
+        long count = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor pixel = image.pixelColor(x, y);
+                if (std::abs(pixel.red() - wanted.red()) <= tolerance &&
+                    std::abs(pixel.green() - wanted.green()) <= tolerance &&
+                    std::abs(pixel.blue() - wanted.blue()) <= tolerance)
+                    ++count;
+            }
+        return count;
+    }
+
+    // Where a picture is not white.
+    static QRect InkOf(const QImage& image) {
+        QRect ink;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (image.pixelColor(x, y).lightness() < 200) ink |= QRect(x, y, 1, 1);
+        return ink;
+    }
+
+    // The smallest rectangle that holds the red pixels of a part of the picture.
+    static QRect RedIn(const QImage& image, const QRect& part) {
+        QRect red;
+        for (int y = part.top(); y <= part.bottom(); ++y)
+            for (int x = part.left(); x <= part.right(); ++x) {
+                const QColor pixel = image.pixelColor(x, y);
+                if (pixel.red() > 200 && pixel.green() < 100) red |= QRect(x, y, 1, 1);
+            }
+        return red;
+    }
+
+    static void Wheel(QWidget& widget, QPoint at, int turns) {
+        QWheelEvent event(at, widget.mapToGlobal(at), QPoint(), QPoint(0, 120 * turns), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&widget, &event);
+    }
+
+    ChartControl Chart;
+};
+
+}  // namespace tarvokol
