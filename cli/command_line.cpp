@@ -30,6 +30,22 @@ namespace {
 // The command that the arguments name, to be run once they are all read.
 using Command = std::function<int()>;
 
+std::string DidYouMean(const std::string& nearest) {
+    return nearest.empty() ? "" : "; did you mean " + nearest + "?";
+}
+
+// One of these words; another is refused with the nearest of them.
+CLI::Validator OneOf(const std::vector<std::string>& words) {
+    std::string listed = "{";
+    for (const std::string& word : words) listed += (listed.size() > 1 ? "," : "") + word;
+    listed += '}';
+    const auto refusal = [words, listed](const std::string& given) -> std::string {
+        if (std::count(words.begin(), words.end(), given) > 0) return "";
+        return given + " not in " + listed + DidYouMean(NearestWord(given, words));
+    };
+    return {refusal, listed};
+}
+
 void AddSettings(CLI::App& command, Options& options) {
     command
         .add_option("--settings", options.settings,
@@ -52,7 +68,7 @@ void AddOutput(CLI::App& command, Options& options, const std::string& output_he
         ->check(WhyEmpty);
     if (!formats.empty())
         command.add_option("--format", options.format, "Of standard output, or of the files in a folder")
-            ->check(CLI::IsMember(formats))
+            ->check(OneOf(formats))
             ->type_name("FORMAT");
     command.add_flag("--force", options.force, "Replace existing files");
     command.add_flag("--stdin-project", options.stdin_project, "The project `-` is read from standard input");
@@ -86,7 +102,7 @@ void AddCurveCommand(CLI::App& app, Options& options, HeadlessPlatform& host, Co
     auto* curve = app.add_subcommand("curve", "A parametric curve; web and barrier of a metric project in inches");
     curve->add_option("KIND", kind, "sf-height, sf-depth, sf-hole, web or barrier")
         ->required()
-        ->check(CLI::IsMember({"sf-height", "sf-depth", "sf-hole", "web", "barrier"}))
+        ->check(OneOf({"sf-height", "sf-depth", "sf-hole", "web", "barrier"}))
         ->type_name("");
     AddFiles(*curve, options, "Write the curve: .csv, .xlsx, .png, .svg, .pdf or .json, or a folder",
              {"csv", "xlsx", "png", "svg", "pdf", "json"});
@@ -98,10 +114,10 @@ void AddPlanCommand(CLI::App& app, Options& options, HeadlessPlatform& host, Com
     static std::string view = "window";
     auto* plan = app.add_subcommand("plan", "The panel plan");
     plan->add_option("--mode", mode, "What the pillars' labels show")
-        ->check(CLI::IsMember({"dimensions", "strength", "capacity"}))
+        ->check(OneOf({"dimensions", "strength", "capacity"}))
         ->capture_default_str();
     plan->add_option("--view", view, "Drawn as in the plot window or in the parameters dialog")
-        ->check(CLI::IsMember({"window", "preview"}))
+        ->check(OneOf({"window", "preview"}))
         ->capture_default_str();
     AddFiles(*plan, options, "Write the plan: .svg, .png, .pdf, .csv or .json, or a folder",
              {"svg", "png", "pdf", "csv", "json"});
@@ -113,7 +129,7 @@ void AddConvertCommand(CLI::App& app, Options& options, HeadlessPlatform& host, 
     auto* convert = app.add_subcommand("convert", "Convert a project to the other unit system and save it");
     convert->add_option("--to", target, "Target unit system")
         ->required()
-        ->check(CLI::IsMember({"english", "metric"}));
+        ->check(OneOf({"english", "metric"}));
     AddFiles(*convert, options, "The file or folder to write (default: beside the original)", {});
     convert->callback([&] { chosen = [&] { return RunConvert(options, host, target); }; });
 }
@@ -126,7 +142,7 @@ void AddUnitsCommand(CLI::App& app, Options& options, Command& chosen) {
     AddSettings(*units, options);
     units->add_option("QUANTITY", quantity, "length, load, load-grad, stress or stress-grad")
         ->required()
-        ->check(CLI::IsMember({"length", "load", "load-grad", "stress", "stress-grad"}))
+        ->check(OneOf({"length", "load", "load-grad", "stress", "stress-grad"}))
         ->type_name("");
     units->add_option("UNIT", unit, "An option caption such as psf or lbsF/ft")->required()->type_name("");
     units->add_option("VALUE", value, "What would be typed")->required()->type_name("");
@@ -290,10 +306,6 @@ std::vector<std::string> CommandNames(CLI::App& app) {
     for (const CLI::App* command : app.get_subcommands([](CLI::App*) { return true; }))
         names.push_back(command->get_name());
     return names;
-}
-
-std::string DidYouMean(const std::string& nearest) {
-    return nearest.empty() ? "" : "; did you mean " + nearest + "?";
 }
 
 int TellWrongWord(const std::string& word, const std::string& kind, const std::string& nearest) {

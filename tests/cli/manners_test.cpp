@@ -69,6 +69,16 @@ TEST_F(Manners, AWrongOptionIsNamedWithTheNearestRightOne) {
               "--json: the options of a command stand behind its name\n");
 }
 
+TEST_F(Manners, AWrongChoiceIsNamedWithTheNearestRightOne) {
+    Project("p.TKL");
+    EXPECT_THAT(Refusal({"curve", "sf-hight", "p.TKL"}),
+                StartsWith("KIND: sf-hight not in {sf-height,sf-depth,sf-hole,web,barrier}; did you mean sf-height?\n"));
+    EXPECT_THAT(Refusal({"plan", "--mode", "capasity", "p.TKL"}), HasSubstr("; did you mean capacity?\n"));
+    EXPECT_THAT(Refusal({"convert", "--to", "imperial", "p.TKL"}),
+                StartsWith("--to: imperial not in {english,metric}\n"));
+    EXPECT_THAT(Refusal({"units", "lenght", "ft", "1"}), HasSubstr("; did you mean length?\n"));
+}
+
 TEST_F(Manners, LongAndShortOptionsAreTheSame) {
     Project("p.TKL");
     EXPECT_EQ(Run({"results", "--output", "a.txt", "p.TKL"}).status, 0);
