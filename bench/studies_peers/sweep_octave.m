@@ -1,6 +1,6 @@
 % The sweep of bench/studies.sh in Octave, all panels at once; dlmwrite writes the rows.
-arguments = argv();
-side = str2double(arguments{1});
+words = argv();
+side = str2double(words{1});
 [depth, web] = meshgrid(linspace(50, 900, side), linspace(2, 12, side));
 web = reshape(web', [], 1);
 depth = reshape(depth', [], 1);
@@ -18,4 +18,4 @@ overall = (pillar(barrier) * barrier + (holes - 1) * webs) ./ ((span + barrier) 
 rows = [web, depth, overall, webs ./ (weight * depth .* (hole + web)), ...
         pillar(barrier) * barrier ./ (2 * side_load + weight * depth * barrier), ...
         100 * holes * hole ./ ((holes - 1) * web + barrier + holes * hole)];
-dlmwrite(arguments{2}, rows, "precision", "%.17g");
+dlmwrite(words{2}, rows, "precision", "%.17g");

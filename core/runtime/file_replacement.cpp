@@ -28,6 +28,8 @@ constexpr int kMostLinks = 40;
 // A longer extension is none, and does not fit into the name of a build file with certainty.
 constexpr std::size_t kLongestExtension = 16;
 
+constexpr const char* kBuildPrefix = ".tarvokol-";
+
 // A file that is being built, where a signal handler finds it: in memory that is never given back.
 struct UnfinishedFile {
     enum State { Free, Filling, Ready };
@@ -49,9 +51,13 @@ void EnterUnfinished(const std::string& path) {
     }
 }
 
+// One entry of it: the first try for a free name may have been that of another file.
 void LeaveUnfinished(const std::string& path) {
-    for (UnfinishedFile& file : Unfinished)
-        if (file.state == UnfinishedFile::Ready && path == file.path.data()) file.state = UnfinishedFile::Free;
+    for (UnfinishedFile& file : Unfinished) {
+        if (file.state != UnfinishedFile::Ready || path != file.path.data()) continue;
+        file.state = UnfinishedFile::Free;
+        return;
+    }
 }
 
 // The file that a path names in the end, behind all links, whether it exists or not.
@@ -87,6 +93,16 @@ bool FolderRefuses(int error) {
     return error == EACCES || error == EPERM || error == EROFS || error == EBUSY;
 }
 
+// Creates an empty file where none stands. Returns the error of the system, 0 for none.
+int CreateNew(const std::string& path, mode_t rights) {
+    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, rights);
+    if (file < 0) return errno;
+    if (::close(file) == 0) return 0;
+    const int failure = errno;
+    ::unlink(path.c_str());
+    return failure == EEXIST ? EIO : failure;
+}
+
 // Creates an empty file under a free name in the folder, which begins with `start` and ends with `end`.
 // Returns the error of the system, 0 for none.
 int CreateFree(const std::string& folder, const std::string& start, const std::string& end, mode_t rights,
@@ -95,14 +111,12 @@ int CreateFree(const std::string& folder, const std::string& start, const std::s
     for (int number = 1;; ++number) {
         path = common;
         path.append(std::to_string(number)).append(end);
-        const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, rights);
-        if (file >= 0) {
-            if (::close(file) == 0) return 0;
-            const int failure = errno;
-            ::unlink(path.c_str());
-            return failure;
-        }
-        if (errno != EEXIST) return errno;
+        // Before it is there: a signal may come at once. A name with this process's number is nobody else's.
+        if (start == kBuildPrefix) EnterUnfinished(path);
+        const int failure = CreateNew(path, rights);
+        if (failure == 0) return 0;
+        LeaveUnfinished(path);
+        if (failure != EEXIST) return failure;
     }
 }
 
@@ -165,11 +179,9 @@ int FileReplacement::CreateIn(const std::string& folder) {
     // What replaces a file that others may not read must not be open to them while it grows.
     const mode_t rights = old_status_ ? kOwnerUses : Descriptor::kOrdinaryRights;
     std::string path;
-    const int failure = CreateFree(folder, ".tarvokol-", ShortExtension(target_), rights, path);
-    if (failure != 0) return failure;
-    build_path_ = path;
-    EnterUnfinished(path);
-    return 0;
+    const int failure = CreateFree(folder, kBuildPrefix, ShortExtension(target_), rights, path);
+    if (failure == 0) build_path_ = path;
+    return failure;
 }
 
 void FileReplacement::CreateBuildFile() {
