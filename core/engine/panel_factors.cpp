@@ -19,12 +19,11 @@ bool IsOrdinary(double figure) {
     return figure >= kLeast && figure <= kMost;
 }
 
-bool IsOrdinary(const Panel& p) {
-    return IsOrdinary(p.Height) && IsOrdinary(p.DepthCover) && IsOrdinary(p.HoleWidth) &&
-           IsOrdinary(p.CrosscutSpacing) && IsOrdinary(p.WebThickness) && IsOrdinary(p.BarrierPillarWidth) &&
-           IsOrdinary(p.CoalStrength) && IsOrdinary(p.UnitWeight) && IsOrdinary(p.AbutmentAngle) &&
-           p.CrosscutAngle >= 0.0 && p.CrosscutAngle <= kFullTurn && p.NumberHoles >= kFewestHoles &&
-           p.NumberHoles <= MaxHoles;
+bool IsOrdinaryButDepth(const Panel& p) {
+    return IsOrdinary(p.Height) && IsOrdinary(p.HoleWidth) && IsOrdinary(p.CrosscutSpacing) &&
+           IsOrdinary(p.WebThickness) && IsOrdinary(p.BarrierPillarWidth) && IsOrdinary(p.CoalStrength) &&
+           IsOrdinary(p.UnitWeight) && IsOrdinary(p.AbutmentAngle) && p.CrosscutAngle >= 0.0 &&
+           p.CrosscutAngle <= kFullTurn && p.NumberHoles >= kFewestHoles && p.NumberHoles <= MaxHoles;
 }
 
 // One barrier and its webs, added up pillar by pillar.
@@ -34,27 +33,36 @@ double PanelCapacity(double barrier, double web, int holes) {
     return sum;
 }
 
-PanelFactors FactorsOfOrdinary(const Panel& p) {
+void FillParts(const Panel& p, FactorParts& parts) {
     const double hole = p.HoleWidth;
     const double length = p.CrosscutSpacing;
-    const double depth = p.DepthCover;
     const double holes = p.NumberHoles;
     const double barrier = (p.BarrierPillarWidth + hole) - hole;
     const double web = (p.WebThickness + hole) - hole;
     const double strength = AnalysisStrength(p.CoalStrength, p.units);
     const double barrier_capacity = length * barrier * StrengthOfPillar(strength, barrier, p.Height, length);
-    const double web_capacity = length * web * StrengthOfPillar(strength, web, p.Height, length);
+    parts.barrier = barrier;
+    parts.span = (holes - 1.0) * web + holes * hole;
+    parts.width = parts.span + barrier;
+    parts.pitch = hole + web;
+    parts.web_capacity = length * web * StrengthOfPillar(strength, web, p.Height, length);
+    parts.capacity = PanelCapacity(barrier_capacity, parts.web_capacity, p.NumberHoles);
+    parts.barrier_capacity = barrier_capacity / length;
+    if (parts.angle == p.AbutmentAngle) return;
+    parts.tangent = Tangent(p.AbutmentAngle * RadiansPerDegree);
+    parts.angle = p.AbutmentAngle;
+}
 
-    const double span = (holes - 1.0) * web + holes * hole;
-    const double column = p.UnitWeight * depth * length;
-    const double side = SideLoad(span, Tangent(p.AbutmentAngle * RadiansPerDegree), depth, p.UnitWeight);
-    const double barrier_load = 2.0 * side + p.UnitWeight * depth * barrier;
+PanelFactors FactorsOfOrdinary(const Panel& p, const FactorParts& parts) {
+    const double depth = p.DepthCover;
+    const double column = p.UnitWeight * depth * p.CrosscutSpacing;
+    const double side = SideLoad(parts.span, parts.tangent, depth, p.UnitWeight);
+    const double barrier_load = 2.0 * side + p.UnitWeight * depth * parts.barrier;
 
     PanelFactors factors;
-    factors.overall =
-        Divide(PanelCapacity(barrier_capacity, web_capacity, p.NumberHoles), (span + barrier) * column);
-    factors.webs_only = Divide(web_capacity, column * (hole + web));
-    factors.barrier = Checked(Divide(barrier_capacity / length, barrier_load));
+    factors.overall = Divide(parts.capacity, parts.width * column);
+    factors.webs_only = Divide(parts.web_capacity, column * parts.pitch);
+    factors.barrier = Checked(Divide(parts.barrier_capacity, barrier_load));
     return factors;
 }
 
@@ -70,9 +78,20 @@ std::variant<PanelFactors, Refusal> FactorsOfAnalysis(const Panel& panel) {
 
 }  // namespace
 
+void RenewParts(const Panel& panel, FactorParts& parts) {
+    parts.ordinary = IsOrdinaryButDepth(panel);
+    if (parts.ordinary) FillParts(panel, parts);
+}
+
+std::variant<PanelFactors, Refusal> FactorsOf(const Panel& panel, const FactorParts& parts) {
+    if (!parts.ordinary || !IsOrdinary(panel.DepthCover)) return FactorsOfAnalysis(panel);
+    return FactorsOfOrdinary(panel, parts);
+}
+
 std::variant<PanelFactors, Refusal> FactorsOf(const Panel& panel) {
-    if (!IsOrdinary(panel)) return FactorsOfAnalysis(panel);
-    return FactorsOfOrdinary(panel);
+    FactorParts parts;
+    RenewParts(panel, parts);
+    return FactorsOf(panel, parts);
 }
 
 }  // namespace tarvokol

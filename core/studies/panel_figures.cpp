@@ -60,6 +60,7 @@ PanelEvaluator::PanelEvaluator(const Panel& project, bool sizes)
 
 void PanelEvaluator::Set(StudyField field, double value) {
     Store(field, value);
+    if (field != StudyField::DepthCover) parts_known_ = false;
     if (sizes_) TakeTyped(field);
 }
 
@@ -166,7 +167,8 @@ const PanelFigures& PanelEvaluator::Evaluate() {
 
 // False if the check refuses the panel.
 bool PanelEvaluator::CalculateFactors() {
-    const auto outcome = FactorsOf(panel_);
+    if (!parts_known_) RenewParts(panel_, parts_);
+    const auto outcome = FactorsOf(panel_, parts_);
     if (const auto* refusal = std::get_if<Refusal>(&outcome)) {
         figures_.refused = true;
         figures_.message = refusal->Message();
@@ -176,7 +178,9 @@ bool PanelEvaluator::CalculateFactors() {
     figures_.Overall = factors.overall;
     figures_.WebsOnly = factors.webs_only;
     figures_.BarrierPillar = factors.barrier;
-    figures_.ExtractionRatio = ExtractionRatioOf(panel_);
+    if (!parts_known_) extraction_ratio_ = ExtractionRatioOf(panel_);
+    figures_.ExtractionRatio = extraction_ratio_;
+    parts_known_ = true;
     return true;
 }
 

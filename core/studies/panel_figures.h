@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "core/engine/engine.h"
 #include "core/engine/panel.h"
 #include "core/studies/study_fields.h"
 
@@ -46,6 +47,10 @@ class PanelEvaluator {
     Panel panel_;
     Panel typed_;  // as the parameters dialog shows the panel and reads it back
     bool sizes_;
+    // What a change of the depth alone leaves as it is; not known behind any other change.
+    FactorParts parts_;
+    double extraction_ratio_ = 0;
+    bool parts_known_ = false;
     PanelFigures figures_;
 };
 

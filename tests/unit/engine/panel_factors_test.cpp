@@ -32,9 +32,10 @@ void Store(Answer& answer, double overall, double webs, double barrier) {
     answer.bits[2] = std::bit_cast<std::uint64_t>(barrier);
 }
 
-Answer OfTheFactorsAlone(const Panel& panel) {
+template <typename... Parts>
+Answer OfTheFactorsAlone(const Panel& panel, const Parts&... parts) {
     return AnswerOf([&](Answer& answer) {
-        const auto outcome = FactorsOf(panel);
+        const auto outcome = FactorsOf(panel, parts...);
         if (const auto* refusal = std::get_if<Refusal>(&outcome)) {
             answer.refused_test = static_cast<int>(refusal->test);
             return;
@@ -67,6 +68,18 @@ TEST(PanelFactorsTest, AreThoseOfTheAnalysisToTheBit) {
     EXPECT_GT(sound, 150000);
     EXPECT_GT(refused, 3000);
     EXPECT_GT(failed, 500);
+}
+
+// One object of parts goes from panel to panel, each of them at another depth when its parts are renewed.
+TEST(PanelFactorsTest, AreTheSameFromPartsOfAnotherDepth) {
+    FactorParts parts;
+    for (std::uint64_t number = 0; number < 50000; ++number) {
+        const Panel panel = RandomPanel(number);
+        Panel deeper = panel;
+        deeper.DepthCover = panel.DepthCover * 3 + 40;
+        RenewParts(deeper, parts);
+        ASSERT_EQ(OfTheFactorsAlone(panel, parts), OfTheAnalysis(panel)) << "panel " << number;
+    }
 }
 
 TEST(PanelFactorsTest, OfTheShallowPanel) {

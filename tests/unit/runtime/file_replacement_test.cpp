@@ -255,5 +255,23 @@ TEST_F(Replacement, ACopyHasTheContentOfItsSource) {
     EXPECT_EQ(Entries(), 2u);
 }
 
+// What a handler of a signal does to what is being built; what is finished stays.
+TEST_F(Replacement, WhatIsUnfinishedCanBeTakenAwayAtOnce) {
+    FileReplacement first(Path);
+    FileReplacement second(PathTo("other.txt"));
+    {
+        FileReplacement given_up(PathTo("third.txt"));
+    }
+    ReplaceWholeFile(PathTo("finished.txt"), kNew);
+    first.Fill(kNew);
+    EXPECT_EQ(Entries(), 4u);
+    RemoveUnfinishedFiles();
+    EXPECT_FALSE(std::filesystem::exists(first.BuildPath()));
+    EXPECT_FALSE(std::filesystem::exists(second.BuildPath()));
+    EXPECT_EQ(ReadBytes(Path), kOld);
+    EXPECT_EQ(ReadBytes(PathTo("finished.txt")), kNew);
+    EXPECT_EQ(Entries(), 2u);
+}
+
 }  // namespace
 }  // namespace tarvokol
