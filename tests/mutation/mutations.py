@@ -175,10 +175,11 @@ def _assigned(line):
 
 
 def _order_matters(one, two):
-    """True if one line names what the other assigns, or both only call functions."""
+    """True if one line names what the other assigns, or if they call two functions."""
     first, second = _assigned(one), _assigned(two)
     if first is None and second is None:
-        return all(re.match(r"\w+\(", line) for line in (one, two)) and one != two
+        calls = [re.match(r"\w+\(", line) for line in (one, two)]
+        return all(calls) and calls[0].group() != calls[1].group()
     if first is not None and second is not None and first == second:
         return one != two
     return any(name is not None and re.search(rf"\b{name}\b", line) for name, line in ((first, two), (second, one)))

@@ -81,6 +81,7 @@ class Changes(unittest.TestCase):
         self.assertEqual(changed("{\n    a = 1;\n    b = a;\n}\n", "order"), ["{\n    b = a;\n    a = 1;\n}\n"])
         self.assertEqual(changed("{\n    A();\n    B();\n}\n", "order"), ["{\n    B();\n    A();\n}\n"])
         self.assertEqual(changed("{\n    a = 1;\n    b = 2;\n}\n", "order"), [])
+        self.assertEqual(changed("{\n    A(1);\n    A(2);\n}\n", "order"), [])
 
     def test_the_order_of_two_arguments(self):
         self.assertEqual(changed("    return F(a, b.c);\n", "order"), ["    return F(b.c, a);\n"])

@@ -2,6 +2,7 @@
 #include "core/engine/engine.h"
 
 #include <type_traits>
+#include <utility>
 
 #include <gmock/gmock.h>
 
@@ -50,6 +51,22 @@ Panel MetricPanel() {
 
 CheckedPanel CheckedOf(const Panel& panel) {
     return std::get<CheckedPanel>(Check(panel));
+}
+
+TEST(Engine, EveryRefusalHasItsWords) {
+    const std::pair<Refusal, const char*> kWords[] = {
+        {{PanelTest::Height}, "Invalid entry height"},
+        {{PanelTest::DepthCover}, "Invalid depth of cover"},
+        {{PanelTest::CrosscutAngle}, "Invalid crosscut angle"},
+        {{PanelTest::HoleWidth}, "Invalid entry width"},
+        {{PanelTest::CrosscutSpacing}, "Invalid crosscut spacing"},
+        {{PanelTest::WebThickness}, "Invalid Web thickness"},
+        {{PanelTest::BarrierPillarWidth}, "Invalid barrier pillar width"},
+        {{PanelTest::CoalStrength}, "Invalid coal strength"},
+        {{PanelTest::UnitWeight}, "Invalid unit weight"},
+        {{PanelTest::AbutmentAngle}, "Invalid abutment angle"},
+        {{PanelTest::CenterDistance, 3}, "Invalid center-to-center distance #3"}};
+    for (const auto& [refusal, words] : kWords) EXPECT_EQ(refusal.Message(), words);
 }
 
 TEST(Engine, OnlyTheCheckMakesACheckedPanel) {

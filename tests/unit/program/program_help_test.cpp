@@ -63,6 +63,15 @@ TEST_F(ProgramHelp, TheManualIsOpened) {
     EXPECT_TRUE(Host.Messages.Shown.empty());
 }
 
+TEST_F(ProgramHelp, AHelpContextBelongsToItsMenu) {
+    EXPECT_EQ(HelpTopicOfContext(1000), "menu_file.htm");
+    EXPECT_EQ(HelpTopicOfContext(2999), "menu_input.htm");
+    EXPECT_EQ(HelpTopicOfContext(3000), "menu_output.htm");
+    EXPECT_EQ(HelpTopicOfContext(4000), "menu_utilities.htm");
+    EXPECT_EQ(HelpTopicOfContext(5000), "menu_help.htm");
+    for (const long other : {0L, 999L, 6000L}) EXPECT_EQ(HelpTopicOfContext(other), "index.htm") << other;
+}
+
 TEST_F(ProgramHelp, TheManualOfAnInstallationIsOpened) {
     std::filesystem::create_directories(PathTo("share/tarvokol"));
     WriteBytes(PathTo("share/tarvokol/TARVOKOL.PDF"), "pdf");

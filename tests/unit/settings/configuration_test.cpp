@@ -294,6 +294,14 @@ TEST_F(Configuration, MissingKeysOfSettings) {
     EXPECT_EQ(FileExtension, "");
 }
 
+TEST_F(Configuration, AFontThatIsNotNamedIsTheBestOfTheScreen) {
+    BrowseFontName = "";
+    WriteBytes(IniPath, "[TextBrowse]\r\nBrowseFontSize=10\r\n");
+    ReadCommonSection(section::TextBrowse);
+    EXPECT_EQ(BrowseFontName, "Arial");
+    EXPECT_EQ(BrowseFontSize, 10.0f);
+}
+
 TEST_F(Configuration, MissingKeysOfTheOtherSections) {
     Read("");
     EXPECT_EQ(MaxLastFiles, 0);

@@ -180,6 +180,14 @@ TEST_F(Folders, AHalfCopiedExampleIsMendedAndAnEditedOneIsNot) {
     }
 }
 
+// One byte more than a text may have: nobody can tell whether the user's is the beginning of it.
+TEST_F(Folders, AnExampleTooLongToCompareIsNotMended) {
+    WriteBytes(PathTo("app/A.TKL"), std::string(16 * 1024 * 1024 + 1, '\n'));
+    WriteBytes(PathTo("data/A.TKL"), "mine");
+    CopyExampleFiles();
+    EXPECT_EQ(ReadBytes(PathTo("data/A.TKL")), "mine");
+}
+
 TEST_F(Folders, ADeletedExampleComesBackUnlessSwitchedOff) {
     WriteBytes(PathTo("app/A.TKL"), "one\n");
     CopyExampleFilesSetting = 0;

@@ -37,6 +37,54 @@ TEST(PanelFigures, FactorsSizesAndExtractionOfTheWorkedPanel) {
     EXPECT_EQ(figures.message, "");
 }
 
+struct SetField {
+    StudyField field;
+    double Panel::*doubled;
+    const char* title;
+    const char* english;
+    const char* metric;
+};
+
+TEST(PanelFigures, EveryFieldIsSetByItselfAndReadBack) {
+    const SetField kFields[] = {
+        {StudyField::Height, &Panel::Height, "Extraction height", "ft", "m"},
+        {StudyField::DepthCover, &Panel::DepthCover, "Depth of cover", "ft", "m"},
+        {StudyField::HoleWidth, &Panel::HoleWidth, "Hole width", "ft", "m"},
+        {StudyField::WebThickness, &Panel::WebThickness, "Web thickness", "ft", "m"},
+        {StudyField::BarrierPillarWidth, &Panel::BarrierPillarWidth, "Barrier pillar width", "ft", "m"},
+        {StudyField::CoalStrength, &Panel::CoalStrength, "In situ coal strength", "psi", "MPa"},
+        {StudyField::UnitWeight, &Panel::UnitWeight, "Overburden unit weight", "pcf", "kN/m3"},
+        {StudyField::AbutmentAngle, &Panel::AbutmentAngle, "Abutment angle", "degrees", "degrees"}};
+    for (const SetField& set : kFields) {
+        PanelEvaluator evaluator(ShallowPanel(), false);
+        evaluator.Set(set.field, 7.25);
+        Panel expected = ShallowPanel();
+        expected.*set.doubled = 7.25;
+        for (const SetField& other : kFields)
+            EXPECT_EQ(evaluator.Inputs().*other.doubled, expected.*other.doubled)
+                << set.title << ", " << other.title;
+        EXPECT_EQ(ValueOfField(evaluator.Inputs(), set.field), 7.25) << set.title;
+        EXPECT_STREQ(TitleOfField(set.field), set.title);
+        EXPECT_STREQ(UnitOfField(set.field, 0), set.english);
+        EXPECT_STREQ(UnitOfField(set.field, 1), set.metric);
+    }
+}
+
+TEST(PanelFigures, HolesAndFactorsAreSetByThemselves) {
+    PanelEvaluator evaluator(ShallowPanel(), false);
+    evaluator.Set(StudyField::NumberHoles, 7);
+    evaluator.Set(StudyField::SFWeb, 1.25);
+    evaluator.Set(StudyField::SFBarrier, 2.5);
+    EXPECT_EQ(evaluator.Inputs().NumberHoles, 7);
+    EXPECT_EQ(evaluator.Inputs().SFWeb, 1.25f);
+    EXPECT_EQ(evaluator.Inputs().SFBarrier, 2.5f);
+    EXPECT_EQ(ValueOfField(evaluator.Inputs(), StudyField::NumberHoles), 7);
+    EXPECT_EQ(ValueOfField(evaluator.Inputs(), StudyField::SFWeb), 1.25);
+    EXPECT_EQ(ValueOfField(evaluator.Inputs(), StudyField::SFBarrier), 2.5);
+    EXPECT_STREQ(TitleOfField(StudyField::SFBarrier), "Stability factor for barriers");
+    EXPECT_STREQ(UnitOfField(StudyField::NumberHoles, 1), "");
+}
+
 TEST(PanelFigures, ARefusedPanelHasNoFigureAndItsMessage) {
     PanelEvaluator evaluator(ShallowPanel(), true);
     evaluator.Set(StudyField::Height, 0);
