@@ -10,6 +10,7 @@ PACKAGE_PACKAGES="dpkg-dev file git"
 TEST_PACKAGES="libgtest-dev libgmock-dev libx11-dev xvfb xauth openbox xdotool xclip qt6-wayland weston
     poppler-utils imagemagick python3 python3-jsonschema jq make clang-14 lld
     shared-mime-info desktop-file-utils appstream lintian mandoc zsh fish"
+COVERAGE_PACKAGES="llvm-14 libclang-rt-14-dev"
 ALL_TEST_PACKAGES="libbenchmark-dev clang-tidy libclang-rt-14-dev debootstrap"
 
 # Prints those of the packages named that are not installed.
