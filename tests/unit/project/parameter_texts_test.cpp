@@ -221,6 +221,16 @@ TEST_F(DialogTests, RefuseInTheOrderOfTheirTable) {
     }
 }
 
+// Beside 1E18, doubles stand 128 apart: a web of 10 is lost, one of 200 is not.
+TEST_F(DialogTests, RefuseAHoleBesideWhichTheWebIsLost) {
+    ParameterTexts texts = ShallowTexts();
+    texts.txtHoleWidth = "1E18";
+    ExpectRefused(texts, ParameterField::HoleWidth, "Invalid hole width");
+    texts.txtWebThickness = "200";
+    texts.txtBarrierPillarWidth = "400";
+    EXPECT_EQ(ValidateParameterTexts(texts), std::nullopt);
+}
+
 TEST_F(DialogTests, AdmitTheAnglesZeroAndNinety) {
     ParameterTexts texts = ShallowTexts();
     texts.txtAbutmentAngleActiveGob = "0";
