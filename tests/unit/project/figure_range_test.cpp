@@ -47,6 +47,32 @@ TEST_F(FigureRange, NamesTheFigureFarthestFromOne) {
                                         "Invalid Stability Factor for webs"));
 }
 
+TEST_F(FigureRange, EveryFigureHasItsWords) {
+    const std::pair<double PanelInputs::*, const char*> kFigures[] = {
+        {&PanelInputs::Height, "Invalid entry height"},
+        {&PanelInputs::DepthCover, "Invalid depth of cover"},
+        {&PanelInputs::CrosscutAngle, "Invalid crosscut angle"},
+        {&PanelInputs::HoleWidth, "Invalid entry width"},
+        {&PanelInputs::CrosscutSpacing, "Invalid crosscut spacing"},
+        {&PanelInputs::WebThickness, "Invalid Web thickness"},
+        {&PanelInputs::BarrierPillarWidth, "Invalid barrier pillar width"},
+        {&PanelInputs::CoalStrength, "Invalid coal strength"},
+        {&PanelInputs::UnitWeight, "Invalid unit weight"},
+        {&PanelInputs::AbutmentAngle, "Invalid abutment angle"}};
+    const auto words_for = [this](const PanelInputs& panel) {
+        Host.Messages.Shown.clear();
+        DoneWithinRange(panel, [] { Raise(error_number::Overflow); });
+        return Messages();
+    };
+    for (const auto& [figure, words] : kFigures) {
+        PanelInputs panel = panel_;
+        panel.*figure = 1e300;
+        EXPECT_THAT(words_for(panel), ElementsAre(words));
+    }
+    panel_.SFBarrier = 1e-38f;
+    EXPECT_THAT(words_for(panel_), ElementsAre("Invalid Stability Factor for barriers"));
+}
+
 TEST_F(FigureRange, OtherErrorsAndThoseOfOrdinaryFiguresRise) {
     EXPECT_EQ(RaisedError([this] { DoneWithinRange(panel_, [] { Raise(error_number::DivisionByZero); }); }),
               11);

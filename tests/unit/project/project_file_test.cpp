@@ -343,6 +343,22 @@ TEST_F(ProjectFile, ThatMayNotBeReadOrWrittenRaisesPermissionDenied) {
     EXPECT_EXIT(exit_with_errors(), testing::ExitedWithCode(0), "read 70, save 70");
 }
 
+// Where bringing the file to the disk fails, all of it has been written.
+TEST_F(ProjectFile, IsWholeBeforeItIsBroughtToTheDisk) {
+    FillRecord();
+    ProjectTitle = "t";
+    ProjectDescription = "d";
+    std::string failed;
+    for (long at = 1; failed != "fsync"; ++at) {
+        ASSERT_LT(at, 30);
+        ProjectFileName = PathTo("new" + std::to_string(at) + ".TKL");
+        const FailingFiles fault({.folder = Folder.string(), .at = at, .error = EIO});
+        RaisedError([] { FileSave(); });
+        failed = fault.Failed();
+    }
+    EXPECT_EQ(ReadBytes(ProjectFileName), Joined(FileLines("t", {"d"})));
+}
+
 TEST_F(ProjectFile, OnAFullDiskRaisesDiskFullAndStaysUnsaved) {
     ProjectSaved = 0;
     ProjectFileName = PathTo("full.TKL");
