@@ -187,6 +187,14 @@ TEST_F(ResultsViewer, SeventyColumnsShowWithoutScrolling) {
     EXPECT_GE(box.viewport()->width(), text);
 }
 
+TEST_F(ResultsViewer, HalfAPageShowsInTheSmallestWindow) {
+    frmResTxtPlt& form = Open();
+    auto& box = Find<QPlainTextEdit>(form, "RichTextBox1");
+    const int line = QFontMetrics(box.font()).lineSpacing();
+    EXPECT_GE(box.minimumHeight(), 14 * line + 2 * box.frameWidth());
+    EXPECT_LT(box.minimumHeight(), 15 * line + 2 * box.frameWidth() + 8);
+}
+
 TEST_F(ResultsViewer, PrintsThePageShown) {
     Host.Dialogs.PrinterAnswers = {true};
     frmResTxtPlt& form = Open();
