@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The whole of a study in figures that a closed form gives; tests/cli/risk_test.cpp has its words and its
+// files.
+#include "core/studies/risk_study.h"
+
+#include <cmath>
+
+#include <gmock/gmock.h>
+
+namespace tarvokol {
+namespace {
+
+constexpr int kWebs = 1;
+
+// Its webs have the factor 471.99928 / depth, and in proportion to the strength.
+Panel WorkedPanel() {
+    Panel panel;
+    panel.Height = 10;
+    panel.DepthCover = 100;
+    panel.HoleWidth = 10;
+    panel.CrosscutSpacing = 1000000;
+    panel.CrosscutAngle = 90;
+    panel.WebThickness = 10;
+    panel.BarrierPillarWidth = 20;
+    panel.NumberHoles = 5;
+    panel.CoalStrength = 900;
+    panel.UnitWeight = 162;
+    panel.AbutmentAngle = 21;
+    panel.SFWeb = 1.6f;
+    panel.SFBarrier = 2.0f;
+    return panel;
+}
+
+RiskResult RunWith(const char* field, unsigned threads = 1) {
+    RiskRequest request;
+    request.samples = 10000;
+    request.threads = threads;
+    request.AddField(field, WorkedPanel());
+    return RunRisk(request, WorkedPanel());
+}
+
+TEST(RiskStudy, ANormalStrengthSpreadsTheFactorAsItself) {
+    const RiskResult result = RunWith("CoalStrength=normal:100%:15%");
+    const FactorRisk& webs = result.risk[kWebs];
+    EXPECT_EQ(result.refused, 0u);
+    EXPECT_NEAR(webs.moments.mean, 4.7199928, 1e-3);
+    EXPECT_NEAR(webs.moments.standard_deviation, 0.15 * 4.7199928, 5e-3);
+    EXPECT_NEAR(webs.quantiles[7], 4.7199928 * (1 + 0.15 * 1.644853626951), 5e-3);  // 95 of 100
+}
+
+TEST(RiskStudy, AUniformDepthGivesTheShareBelowTheTarget) {
+    const RiskResult result = RunWith("DepthCover=uniform:200:400", 3);
+    const FactorRisk& webs = result.risk[kWebs];
+    EXPECT_NEAR(webs.quantiles[4], 471.99928 / 300, 1e-3);
+    EXPECT_NEAR(webs.moments.mean, 471.99928 * std::log(2.0) / 200, 1e-3);
+    ASSERT_FALSE(webs.below.empty());
+    EXPECT_NEAR(webs.below[0].target, 1.6, 1e-6);
+    EXPECT_NEAR(webs.below[0].share.value, 0.52500225, 1.1e-4);
+    EXPECT_NEAR(webs.rank_correlation[0], -1, 1e-9);
+}
+
+// Of the heights from -10 to 10 the lower half is refused; the strata of the draw make that exact.
+TEST(RiskStudy, RefusedSamplesAreCountedAndLeftOut) {
+    const RiskResult result = RunWith("Height=uniform:-10:10");
+    EXPECT_EQ(result.refused, 5000u);
+    EXPECT_THAT(result.refusals, ::testing::ElementsAre("Invalid entry height"));
+    EXPECT_TRUE(std::isfinite(result.risk[kWebs].moments.mean));
+    EXPECT_GT(result.risk[kWebs].quantiles[0], 4.7199928 - 0.01);  // the highest seam is the weakest
+    EXPECT_NEAR(result.risk[kWebs].rank_correlation[0], -1, 1e-9);
+}
+
+}  // namespace
+}  // namespace tarvokol
