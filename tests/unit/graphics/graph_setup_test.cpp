@@ -31,6 +31,14 @@ TEST_F(GraphSetup, EmptyTitlesGetTheDefaultsWithTheLengthLabel) {
     EXPECT_EQ(Chart.HeaderText(), "Tarvo Panel Stability Evaluation - KOL");
 }
 
+TEST_F(GraphSetup, SizesHaveAUnitAndFactorsNone) {
+    EXPECT_EQ(CurveUnit(GraphFamily::Sizing), "ft");
+    EXPECT_EQ(CurveUnit(GraphFamily::Stability), "");
+    UnitSystem = 1;
+    EXPECT_EQ(CurveUnit(GraphFamily::Sizing), "in");
+    EXPECT_EQ(CurveUnit(GraphFamily::Stability), "");
+}
+
 TEST_F(GraphSetup, AxesAndHeaderHaveTheirFigures) {
     InitGraph(Chart, GraphFamily::Stability, 0);
     for (ChartAxis axis : {ChartAxis::X, ChartAxis::Y}) {
