@@ -2,6 +2,7 @@
 """The validation report: docs/validation.md and the help topic that the manual holds, too. The words stand in
 report_template.md; here are the figures for its places."""
 
+import math
 from pathlib import Path
 from types import SimpleNamespace
 
@@ -43,9 +44,10 @@ def _ranges():
 
 def _analysis(found):
     errors = {name: found["largest relative error"][name]["value"] for name in GROUPS}
+    largest = max(errors[name] for name in ("Overall", "Webs ONLY", "Barrier Pillar"))
     return SimpleNamespace(
         panels=count(found["panels"]), metric=count(found["metric"]), wide=count(found["wide"]), bits=_bits(found),
-        factors=part(max(errors[name] for name in ("Overall", "Webs ONLY", "Barrier Pillar"))),
+        factors=part(largest), digits=math.floor(-math.log10(largest)),
         table=table(("Figure", "#Largest relative error"), [(name, part(error)) for name, error in errors.items()]))
 
 
@@ -60,7 +62,7 @@ def _sizes(found):
 def _curves(found):
     return SimpleNamespace(
         curves=count(found["curves"]), points=count(found["points"]), bits=_bits(found),
-        short=count(found["curves of 50 points"]), otherwise=count(found["other bits"]["otherwise"]))
+        short=count(found["curves of 50 points"]), otherwise=count(found["other bits"]["count"]))
 
 
 def _units(found):
