@@ -18,7 +18,8 @@ constexpr int kCompilerVersion[] = {__GNUC__, __GNUC_MINOR__, __GNUC_PATCHLEVEL_
 
 std::string CompilerName() {
     std::string name = kCompiler;
-    for (const int number : kCompilerVersion) name += (name == kCompiler ? " " : ".") + std::to_string(number);
+    for (const int number : kCompilerVersion)
+        name += (name == kCompiler ? " " : ".") + std::to_string(number);
     return name;
 }
 

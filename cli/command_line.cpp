@@ -99,7 +99,8 @@ void AddFileCommands(CLI::App& app, Options& options, HeadlessPlatform& host, Co
 
 void AddCurveCommand(CLI::App& app, Options& options, HeadlessPlatform& host, Command& chosen) {
     static std::string kind;
-    auto* curve = app.add_subcommand("curve", "A parametric curve; web and barrier of a metric project in inches");
+    auto* curve =
+        app.add_subcommand("curve", "A parametric curve; web and barrier of a metric project in inches");
     curve->add_option("KIND", kind, "sf-height, sf-depth, sf-hole, web or barrier")
         ->required()
         ->check(OneOf({"sf-height", "sf-depth", "sf-hole", "web", "barrier"}))
@@ -163,8 +164,8 @@ void AddSettingsCommand(CLI::App& app, Options& options, Command& chosen) {
 // A number of threads in plain digits; the library would read 010 as 8.
 std::string WhyNoThreads(const std::string& text) {
     constexpr double kMost = 1024;
-    const bool digits = !text.empty() && text.front() != '0' &&
-                        text.find_first_not_of("0123456789") == std::string::npos;
+    const bool digits =
+        !text.empty() && text.front() != '0' && text.find_first_not_of("0123456789") == std::string::npos;
     if (digits && WholeNumber(text).value_or(kMost + 1) <= kMost) return "";
     return "\"" + text + "\" is not a whole number from 1 to 1024";
 }
@@ -180,45 +181,55 @@ void AddStudy(CLI::App& command, StudyOptions& options, const std::string& outpu
 }
 
 void AddRowOptions(CLI::App& command, StudyOptions& options) {
-    command.add_flag("--size", options.sizes, "The suggested sizes, too: SuggestedWeb and SuggestedBarrier, inches");
+    command.add_flag("--size", options.sizes,
+                     "The suggested sizes, too: SuggestedWeb and SuggestedBarrier, inches");
 }
 
 constexpr const char* kFieldsFooter =
-    "Fields, in the project's units: Height, DepthCover, HoleWidth, WebThickness, BarrierPillarWidth, NumberHoles,\n"
+    "Fields, in the project's units: Height, DepthCover, HoleWidth, WebThickness, BarrierPillarWidth, "
+    "NumberHoles,\n"
     "CoalStrength, UnitWeight, AbutmentAngle, SFWeb, SFBarrier.\n\n";
 
 void AddSweepCommand(CLI::App& app, StudyOptions& options, HeadlessPlatform& host, Command& chosen) {
-    auto* sweep = app.add_subcommand("sweep", "Every combination of the values that fields of a project are given");
+    auto* sweep =
+        app.add_subcommand("sweep", "Every combination of the values that fields of a project are given");
     AddStudy(*sweep, options, "Write rows (.csv, .json, .xlsx) or a picture (.png, .svg, .pdf)",
              {"csv", "json", "xlsx", "png", "svg", "pdf"});
     AddRowOptions(*sweep, options);
     sweep
-        ->add_option("--vary", options.vary,
-                     "FIELD=FIRST:LAST:STEP, FIELD=FIRST:LAST/COUNT or FIELD=V1,V2,V3; once a field, the last one "
-                     "given runs fastest")
+        ->add_option(
+            "--vary", options.vary,
+            "FIELD=FIRST:LAST:STEP, FIELD=FIRST:LAST/COUNT or FIELD=V1,V2,V3; once a field, the last one "
+            "given runs fastest")
         ->required()
         ->take_all()
         ->expected(1)
         ->type_name("FIELD=VALUES");
-    sweep->add_option("--of", options.of,
-                      "The figure of a picture: Overall (default of a map), WebsOnly, BarrierPillar, ExtractionRatio, "
-                      "SuggestedWeb, SuggestedBarrier")
+    sweep
+        ->add_option(
+            "--of", options.of,
+            "The figure of a picture: Overall (default of a map), WebsOnly, BarrierPillar, ExtractionRatio, "
+            "SuggestedWeb, SuggestedBarrier")
         ->type_name("FIGURE");
     sweep->footer(std::string(kFieldsFooter) +
                   "Examples:\n"
                   "  tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 > depth.csv\n"
-                  "  tarvokol-cli sweep panel.TKL --vary WebThickness=2:12:0.5 --vary DepthCover=50:400:10 --of WebsOnly "
+                  "  tarvokol-cli sweep panel.TKL --vary WebThickness=2:12:0.5 --vary DepthCover=50:400:10 "
+                  "--of WebsOnly "
                   "-o map.svg\n"
                   "  tarvokol-cli sweep panel.TKL --vary NumberHoles=5,10,15,20 --size -o sizes.xlsx");
     sweep->callback([&] { chosen = [&] { return RunSweep(options, host); }; });
 }
 
 void AddTableCommand(CLI::App& app, StudyOptions& options, HeadlessPlatform& host, Command& chosen) {
-    auto* table = app.add_subcommand("table", "A table of panels: each row of a CSV file sets some fields of a project");
+    auto* table = app.add_subcommand(
+        "table", "A table of panels: each row of a CSV file sets some fields of a project");
     AddStudy(*table, options, "Write the rows: .csv, .json or .xlsx", {"csv", "json", "xlsx"});
     AddRowOptions(*table, options);
-    table->add_option("ROWS.csv", options.rows,
-                      "The table: a header with names of fields and any other columns; `-` reads standard input")
+    table
+        ->add_option(
+            "ROWS.csv", options.rows,
+            "The table: a header with names of fields and any other columns; `-` reads standard input")
         ->required()
         ->type_name("");
     table->footer(std::string(kFieldsFooter) +
@@ -230,17 +241,20 @@ void AddTableCommand(CLI::App& app, StudyOptions& options, HeadlessPlatform& hos
 }
 
 void AddRiskCommand(CLI::App& app, StudyOptions& options, HeadlessPlatform& host, Command& chosen) {
-    auto* risk = app.add_subcommand("risk", "How likely the factors lie below their targets when figures are uncertain");
+    auto* risk = app.add_subcommand(
+        "risk", "How likely the factors lie below their targets when figures are uncertain");
     AddStudy(*risk, options, "Write the summary (.txt, .json) or a picture (.png, .svg, .pdf)",
              {"txt", "json", "png", "svg", "pdf"});
-    risk->add_option("--random", options.random,
-                     "FIELD=normal:MEAN:SD, lognormal:MEAN:SD, uniform:LO:HI or triangular:LO:MODE:HI; a figure that "
-                     "ends in % is a share of the project's own; once a field")
+    risk->add_option(
+            "--random", options.random,
+            "FIELD=normal:MEAN:SD, lognormal:MEAN:SD, uniform:LO:HI or triangular:LO:MODE:HI; a figure that "
+            "ends in % is a share of the project's own; once a field")
         ->required()
         ->take_all()
         ->expected(1)
         ->type_name("FIELD=DISTRIBUTION");
-    risk->add_option("--correlate", options.correlate, "FIELD,FIELD=R: correlation of a pair of normal fields")
+    risk->add_option("--correlate", options.correlate,
+                     "FIELD,FIELD=R: correlation of a pair of normal fields")
         ->take_all()
         ->expected(1)
         ->type_name("A,B=R");
@@ -309,7 +323,8 @@ std::vector<std::string> CommandNames(CLI::App& app) {
 }
 
 int TellWrongWord(const std::string& word, const std::string& kind, const std::string& nearest) {
-    std::cerr << word << " is no " << kind << DidYouMean(nearest) << "\nRun with --help for more information.\n";
+    std::cerr << word << " is no " << kind << DidYouMean(nearest)
+              << "\nRun with --help for more information.\n";
     return exit_status::WrongUsage;
 }
 

@@ -20,8 +20,8 @@ struct Options {
     std::string output;    // file or folder; empty: standard output as text, "-": as the bytes of a file
     std::string format;    // of standard output or of the files in a folder: an extension without its dot
     bool json = false;
-    bool force = false;  // replace existing files
-    bool quiet = false;  // no progress line
+    bool force = false;          // replace existing files
+    bool quiet = false;          // no progress line
     bool stdin_project = false;  // the FILE "-" is a project on standard input
 };
 

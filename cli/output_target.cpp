@@ -156,7 +156,8 @@ void OutputTarget::Prepare(const std::string& path) const {
         throw OutputError{error_number::FileAlreadyExists,
                           path + ": holds the result of another project of the same name"};
     if (!force_ && std::filesystem::is_regular_file(path, failure))
-        throw OutputError{error_number::FileAlreadyExists, path + ": file already exists (--force replaces it)"};
+        throw OutputError{error_number::FileAlreadyExists,
+                          path + ": file already exists (--force replaces it)"};
     if (folder_) MakeFolder();
 }
 

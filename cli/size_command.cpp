@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/bulk_run.h"
 #include "cli/commands.h"
-#include "core/project/parameter_texts.h"
 #include "core/messages/titles.h"
+#include "core/project/parameter_texts.h"
 
 namespace tarvokol::cli {
 namespace {

@@ -82,7 +82,8 @@ void ChartPlot::ComposeSeries(int series, int width) {
     drawn.line->setScatterStyle(sign);
     drawn.line->setScatterSkip(line ? kFirstSymbolOnly : 0);
     drawn.symbols->setScatterStyle(sign);
-    const int room = whole_range ? static_cast<int>(std::ceil(style.symbol_size * kPixelsPerPoint / 2)) + 1 : 0;
+    const int room =
+        whole_range ? static_cast<int>(std::ceil(style.symbol_size * kPixelsPerPoint / 2)) + 1 : 0;
     for (PlotCurve* curve : {drawn.line, drawn.symbols}) curve->SetSymbolRoom(room);
     if (line)
         PlaceSymbols(series, width);

@@ -10,10 +10,11 @@ void ExportChart(GraphFamily family, int index, const std::string& path) {
     ChartControl chart;
     InitGraph(chart, family, index);
     DrawCurves(chart, family);
-    WriteChartPicture({.title = ToQt(chart.HeaderText()),
-                       .image = [&](double scale) { return chart.ToImage(kPictureSize, scale); },
-                       .draw = [&](QPaintDevice& device) { chart.DrawOn(device, QRect(QPoint(0, 0), kPictureSize)); }},
-                      path);
+    WriteChartPicture(
+        {.title = ToQt(chart.HeaderText()),
+         .image = [&](double scale) { return chart.ToImage(kPictureSize, scale); },
+         .draw = [&](QPaintDevice& device) { chart.DrawOn(device, QRect(QPoint(0, 0), kPictureSize)); }},
+        path);
 }
 
 }  // namespace tarvokol

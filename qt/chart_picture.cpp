@@ -38,8 +38,8 @@ void WritePdf(const ChartDrawing& drawing, QBuffer& out) {
     QPdfWriter writer(&out);
     writer.setResolution(kPixelsPerInch);
     writer.setTitle(drawing.title);
-    writer.setPageSize(
-        QPageSize(QSizeF(kPictureSize) / kPixelsPerPoint, QPageSize::Point, QString(), QPageSize::ExactMatch));
+    writer.setPageSize(QPageSize(QSizeF(kPictureSize) / kPixelsPerPoint, QPageSize::Point, QString(),
+                                 QPageSize::ExactMatch));
     writer.setPageMargins(QMarginsF(0, 0, 0, 0));
     drawing.draw(writer);
 }

@@ -145,8 +145,7 @@ void ChartPlot::ComposeHeader(const QSize& size) {
     const int width = size.width() - 4 * kTextMargin;
     double points = model_.HeaderSize();
     FittedText fitted = FitText(ToQt(model_.HeaderText()), ChartFont(points, true), width);
-    while (points > kSmallFont &&
-           LinesHeight(fitted.font, fitted.text) > size.height() * kHeaderShare)
+    while (points > kSmallFont && LinesHeight(fitted.font, fitted.text) > size.height() * kHeaderShare)
         fitted = FitText(ToQt(model_.HeaderText()), ChartFont(--points, true), width);
     header_->setFont(fitted.font);
     header_->setText(fitted.text);

@@ -91,7 +91,8 @@ QString ReadText(const QString& path) {
 
 // The first word of the entry's command as a program's full name, empty if it has none.
 QString ProgramOfEntry(const QString& text) {
-    static const QRegularExpression command("^Exec=(?:\"([^\"]*)\"|(\\S+))", QRegularExpression::MultilineOption);
+    static const QRegularExpression command("^Exec=(?:\"([^\"]*)\"|(\\S+))",
+                                            QRegularExpression::MultilineOption);
     const QRegularExpressionMatch match = command.match(text);
     const QString word = match.captured(1) + match.captured(2);
     return word.isEmpty() ? QString() : QStandardPaths::findExecutable(word);
@@ -104,7 +105,8 @@ bool IsInstalled(const DocumentType& type, const QString& user_entry) {
     const QStringList entries =
         QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, "applications/" + EntryName(type));
     return !program.isEmpty() && std::any_of(entries.begin(), entries.end(), [&](const QString& entry) {
-        return entry != user_entry && QFileInfo(ProgramOfEntry(ReadText(entry))).canonicalFilePath() == program;
+        return entry != user_entry &&
+               QFileInfo(ProgramOfEntry(ReadText(entry))).canonicalFilePath() == program;
     });
 }
 

@@ -96,7 +96,7 @@ class PainterSurface : public DrawingSurface {
     double height_ = 0;
     double x_ = 0;
     double y_ = 0;
-    PlanTexts texts_;  // since the last Cls, put on top of the lines by Finish
+    PlanTexts texts_;               // since the last Cls, put on top of the lines by Finish
     std::vector<QLineF> outlines_;  // edges of the pillars since the last Cls, pixels
     QLineF line_;
     std::vector<PillarLabel> labels_;

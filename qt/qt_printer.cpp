@@ -206,8 +206,8 @@ void QtPrinter::PrintDrawing(const QSizeF& size, const std::function<void(QPaint
     const QPageLayout layout = Target().pageLayout();
     const QMargins margins = layout.marginsPixels(resolution);
     const QSizeF room = layout.fullRectPixels(resolution).marginsRemoved(margins).size();
-    const double scale =
-        std::min({resolution / static_cast<double>(kPixelsPerInch), room.width() / size.width(), room.height() / size.height()});
+    const double scale = std::min({resolution / static_cast<double>(kPixelsPerInch),
+                                   room.width() / size.width(), room.height() / size.height()});
     painter_.save();
     painter_.translate(margins.left(), margins.top());
     painter_.scale(scale, scale);

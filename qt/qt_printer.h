@@ -77,11 +77,11 @@ class QtPrinter : public PrinterDevice {
     mutable std::unique_ptr<QPrinter> device_;  // created on first use: looking for printers takes its time
     QPainter painter_;                          // behind the device, which it must not outlive
     QFont font_;
-    bool file_is_named_ = false;                // by PrintToFile, for every job
-    std::unique_ptr<FileReplacement> file_;     // of the job that goes to a PDF file
-    QString file_name_;                         // the name that the device has between the jobs
-    bool file_is_whole_ = false;                // the toolkit has finished it and nothing got lost
-    double x_ = 0;  // twips
+    bool file_is_named_ = false;             // by PrintToFile, for every job
+    std::unique_ptr<FileReplacement> file_;  // of the job that goes to a PDF file
+    QString file_name_;                      // the name that the device has between the jobs
+    bool file_is_whole_ = false;             // the toolkit has finished it and nothing got lost
+    double x_ = 0;                           // twips
     double y_ = 0;
 };
 

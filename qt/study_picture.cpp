@@ -87,8 +87,8 @@ QVector<double> Values(const std::vector<double>& values) {
     return {values.begin(), values.end()};
 }
 
-QCPItemText& AddText(QCustomPlot& plot, QCPAxisRect& box, const QPointF& place, const QString& text, bool bold,
-             Qt::Alignment side) {
+QCPItemText& AddText(QCustomPlot& plot, QCPAxisRect& box, const QPointF& place, const QString& text,
+                     bool bold, Qt::Alignment side) {
     auto* label = new QCPItemText(&plot);
     label->position->setAxisRect(&box);
     label->position->setAxes(box.axis(QCPAxis::atBottom), box.axis(QCPAxis::atLeft));

@@ -18,12 +18,20 @@ std::optional<std::string> Location(QStandardPaths::StandardLocation location) {
 
 }  // namespace
 
-std::string SystemFolders::ProgramFile() const { return FromQt(QCoreApplication::applicationFilePath()); }
+std::string SystemFolders::ProgramFile() const {
+    return FromQt(QCoreApplication::applicationFilePath());
+}
 
-std::optional<std::string> SystemFolders::Documents() const { return Location(QStandardPaths::DocumentsLocation); }
+std::optional<std::string> SystemFolders::Documents() const {
+    return Location(QStandardPaths::DocumentsLocation);
+}
 
-std::optional<std::string> SystemFolders::Desktop() const { return Location(QStandardPaths::DesktopLocation); }
+std::optional<std::string> SystemFolders::Desktop() const {
+    return Location(QStandardPaths::DesktopLocation);
+}
 
-std::string SystemFolders::Temporary() const { return FromQt(QDir::tempPath()); }
+std::string SystemFolders::Temporary() const {
+    return FromQt(QDir::tempPath());
+}
 
 }  // namespace tarvokol

@@ -40,7 +40,8 @@ class Archive {
 
     // Reads the entry of the directory at `at` and moves it behind; nothing if there is none.
     std::optional<Part> NextPart(std::size_t& at) const {
-        if (at + kDirectoryEntrySize > bytes_.size() || bytes_.substr(at, 4) != kDirectoryEntry) return std::nullopt;
+        if (at + kDirectoryEntrySize > bytes_.size() || bytes_.substr(at, 4) != kDirectoryEntry)
+            return std::nullopt;
         Part part;
         part.check_sum = static_cast<std::uint32_t>(Number(at + 16, 4));
         part.packed_size = Number(at + 20, 4);
@@ -65,7 +66,8 @@ class Archive {
     // Hands a part's bytes to `take` as they unpack; false if they are not what the directory says.
     bool Unpack(const Part& part, const std::function<void(const QByteArray&)>& take) const {
         if (part.header + kLocalHeaderSize > bytes_.size()) return false;
-        const std::size_t start = part.header + kLocalHeaderSize + Number(part.header + 26, 2) + Number(part.header + 28, 2);
+        const std::size_t start =
+            part.header + kLocalHeaderSize + Number(part.header + 26, 2) + Number(part.header + 28, 2);
         if (start + part.packed_size > bytes_.size()) return false;
         std::string packed(bytes_.substr(start, part.packed_size));
         z_stream stream{};
@@ -81,7 +83,8 @@ class Archive {
             stream.avail_out = static_cast<uInt>(piece.size());
             result = ::inflate(&stream, Z_NO_FLUSH);
             piece.truncate(piece.size() - static_cast<qsizetype>(stream.avail_out));
-            sum = ::crc32(sum, reinterpret_cast<const Bytef*>(piece.constData()), static_cast<uInt>(piece.size()));
+            sum = ::crc32(sum, reinterpret_cast<const Bytef*>(piece.constData()),
+                          static_cast<uInt>(piece.size()));
             size += static_cast<std::size_t>(piece.size());
             take(piece);
         }
@@ -93,7 +96,8 @@ class Archive {
     // A number of so many bytes, the lowest first.
     std::size_t Number(std::size_t at, std::size_t count) const {
         std::size_t value = 0;
-        for (std::size_t i = count; i-- > 0;) value = value * 256 + static_cast<unsigned char>(bytes_[at + i]);
+        for (std::size_t i = count; i-- > 0;)
+            value = value * 256 + static_cast<unsigned char>(bytes_[at + i]);
         return value;
     }
 
@@ -106,7 +110,8 @@ class CellCounter {
     void Add(const QByteArray& piece) {
         reader_.addData(piece);
         while (!reader_.atEnd())
-            if (reader_.readNext() == QXmlStreamReader::StartElement && reader_.name() == QStringLiteral("c")) ++cells_;
+            if (reader_.readNext() == QXmlStreamReader::StartElement && reader_.name() == QStringLiteral("c"))
+                ++cells_;
     }
 
     // Nothing if the part is not well formed to its end.

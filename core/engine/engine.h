@@ -94,11 +94,11 @@ struct FactorParts {
     bool ordinary = false;  // no figure but the depth can lead out of the range of a double
     double angle = 0;       // degrees, of `tangent`
     double tangent = 0;
-    double barrier = 0;           // widths
-    double span = 0;              // of holes and webs
-    double width = 0;             // of span and barrier
-    double pitch = 0;             // of a hole and a web
-    double capacity = 0;          // of all pillars
+    double barrier = 0;   // widths
+    double span = 0;      // of holes and webs
+    double width = 0;     // of span and barrier
+    double pitch = 0;     // of a hole and a web
+    double capacity = 0;  // of all pillars
     double web_capacity = 0;
     double barrier_capacity = 0;  // for a unit of length
 };

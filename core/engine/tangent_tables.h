@@ -230,8 +230,8 @@ inline constexpr std::uint32_t kTwoOverPi[] = {
 
 // pi / 2, 32 bits in front of the point, then behind it.
 inline constexpr std::uint32_t kHalfPiWords[] = {
-    0x00000001, 0x921fb544, 0x42d18469, 0x898cc517, 0x01b839a2, 0x52049c11, 0x14cf98e8, 0x04177d4c,
-    0x76273644, 0xa29410f3, 0x1c6809bb, 0xdf2a3367,
+    0x00000001, 0x921fb544, 0x42d18469, 0x898cc517, 0x01b839a2, 0x52049c11,
+    0x14cf98e8, 0x04177d4c, 0x76273644, 0xa29410f3, 0x1c6809bb, 0xdf2a3367,
 };
 
 }  // namespace tarvokol::tangent_tables

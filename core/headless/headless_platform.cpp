@@ -25,9 +25,12 @@ std::string TakeFile(std::deque<std::string>& script) {
 
 int UnscriptedAnswer(int style) {
     switch (style & 0xF) {
-        case 0: return box_result::Ok;
-        case 4: return box_result::No;
-        default: return box_result::Cancel;
+        case 0:
+            return box_result::Ok;
+        case 4:
+            return box_result::No;
+        default:
+            return box_result::Cancel;
     }
 }
 
@@ -65,7 +68,9 @@ FontChoice HeadlessDialogs::ShowFont(const FontChoice& start, int) {
     return TakeAnswer(FontAnswers);
 }
 
-long HeadlessMainWindow::HistoryLength() { return static_cast<long>(Length(History)); }
+long HeadlessMainWindow::HistoryLength() {
+    return static_cast<long>(Length(History));
+}
 
 int HeadlessShell::OpenDocument(const std::string& target, const std::string&) {
     Opened.push_back(target);
@@ -82,9 +87,13 @@ std::string HeadlessFonts::NameLike(const std::string& family) const {
     return "";
 }
 
-CalendarDate HeadlessClock::Today() const { return Date ? *Date : SystemDate(); }
+CalendarDate HeadlessClock::Today() const {
+    return Date ? *Date : SystemDate();
+}
 
-std::string HeadlessClock::TimeText() const { return Time.empty() ? SystemTimeText() : Time; }
+std::string HeadlessClock::TimeText() const {
+    return Time.empty() ? SystemTimeText() : Time;
+}
 
 std::string HeadlessClock::ShortMonthName(int month) const {
     return MonthName ? *MonthName : EnglishShortMonth(month);

@@ -27,10 +27,15 @@ void CommandGuard::operator()(const std::function<void()>& statement) {
         CurrentError = *error;
         cancelled_ = false;
         switch (HandleRuntimeError(*error, true)) {
-            case error_answer::Repeat: continue;
-            case error_answer::Next: return;
-            case error_answer::Cancelled: cancelled_ = true; return;
-            default: left_ = true;
+            case error_answer::Repeat:
+                continue;
+            case error_answer::Next:
+                return;
+            case error_answer::Cancelled:
+                cancelled_ = true;
+                return;
+            default:
+                left_ = true;
         }
     }
 }

@@ -40,7 +40,8 @@ ErrorClass ClassOfError(int number) {
     switch (number) {
         case error_number::PrinterError:
         case error_number::PrinterProperty:
-        case error_number::PrinterInformation: return ErrorClass::Printer;
+        case error_number::PrinterInformation:
+            return ErrorClass::Printer;
         case error_number::DeviceTimeout:
         case error_number::DeviceFault:
         case error_number::OutOfPaper:
@@ -50,19 +51,25 @@ ErrorClass ClassOfError(int number) {
         case error_number::InputPastEnd:
         case error_number::PermissionDenied:
         case error_number::DiskNotReady:
-        case error_number::DiskMedia: return ErrorClass::Device;
+        case error_number::DiskMedia:
+            return ErrorClass::Device;
         case error_number::InvalidCall:
         case error_number::Overflow:
-        case error_number::OutOfMemory: return ErrorClass::Call;
+        case error_number::OutOfMemory:
+            return ErrorClass::Call;
         case error_number::BadFileNumber:
         case error_number::FileAlreadyOpen:
         case error_number::BadFileName:
         case error_number::DeviceUnavailable:
         case error_number::PathFileAccess:
-        case error_number::PathNotFound: return ErrorClass::File;
-        case error_number::Cancelled: return ErrorClass::Cancelled;
-        case error_number::DatabaseCommand: return ErrorClass::Database;
-        default: return ErrorClass::Unexpected;
+        case error_number::PathNotFound:
+            return ErrorClass::File;
+        case error_number::Cancelled:
+            return ErrorClass::Cancelled;
+        case error_number::DatabaseCommand:
+            return ErrorClass::Database;
+        default:
+            return ErrorClass::Unexpected;
     }
 }
 
@@ -71,12 +78,16 @@ int16_t HandleRuntimeError(const RunTimeError& error, bool showMessage) {
     if (showMessage) LogError(error, error_class);
     switch (error_class) {
         case ErrorClass::Printer:
-        case ErrorClass::Device: return AskRetry(error, showMessage);
+        case ErrorClass::Device:
+            return AskRetry(error, showMessage);
         case ErrorClass::Call:
         case ErrorClass::File:
-        case ErrorClass::Unexpected: return ReportTerminated(error, showMessage, error_answer::Leave);
-        case ErrorClass::Cancelled: return error_answer::Cancelled;
-        case ErrorClass::Database: return ReportTerminated(error, showMessage, error_answer::LeaveDatabase);
+        case ErrorClass::Unexpected:
+            return ReportTerminated(error, showMessage, error_answer::Leave);
+        case ErrorClass::Cancelled:
+            return error_answer::Cancelled;
+        case ErrorClass::Database:
+            return ReportTerminated(error, showMessage, error_answer::LeaveDatabase);
     }
     return error_answer::Leave;
 }

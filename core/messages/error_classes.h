@@ -8,7 +8,15 @@
 
 namespace tarvokol {
 
-enum class ErrorClass { Printer = 0, Device = 1, Call = 2, File = 3, Unexpected = 4, Cancelled = 5, Database = 6 };
+enum class ErrorClass {
+    Printer = 0,
+    Device = 1,
+    Call = 2,
+    File = 3,
+    Unexpected = 4,
+    Cancelled = 5,
+    Database = 6
+};
 
 // Answers of HandleRuntimeError; any other leaves the procedure.
 namespace error_answer {

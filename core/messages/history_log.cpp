@@ -16,7 +16,9 @@ constexpr int kLinesKept = 2;
 
 int CountLineEnds(std::string_view text) {
     int count = 0;
-    for (std::size_t at = text.find(CrLf); at != std::string_view::npos; at = text.find(CrLf, at + CrLf.size())) ++count;
+    for (std::size_t at = text.find(CrLf); at != std::string_view::npos;
+         at = text.find(CrLf, at + CrLf.size()))
+        ++count;
     return count;
 }
 

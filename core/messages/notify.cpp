@@ -16,7 +16,8 @@ constexpr const char* kApplicationTitle = "TARVO-KOL";
 
 }  // namespace
 
-int16_t Notify(std::string& message, int16_t& style, std::string& title, std::string& help_file, int32_t& context) {
+int16_t Notify(std::string& message, int16_t& style, std::string& title, std::string& help_file,
+               int32_t& context) {
     LogMessage((title.empty() ? "Message" : title) + ": " + message);
     if (title.empty()) title = AppLongTitle.empty() ? kApplicationTitle : AppLongTitle;
     return static_cast<int16_t>(Platform.Messages->Show({message, style, title, help_file, context}));
@@ -36,7 +37,8 @@ int16_t Notify(const std::string& message, int style) {
 }
 
 std::string OutsideRangeMessage(const std::string& text, const std::string& low, const std::string& high) {
-    return "Value '" + Trim(text) + "' is outside input range" + std::string(CrLf) + "Valid range is: " + low + "-" + high;
+    return "Value '" + Trim(text) + "' is outside input range" + std::string(CrLf) +
+           "Valid range is: " + low + "-" + high;
 }
 
 std::string RangeFault(const std::string& text, double low, double high) {
@@ -61,8 +63,8 @@ bool CheckRange(const std::string& text, double low, double high) {
 
 void ShowHelpTip() {
     std::string title = "Help";
-    Notify("Position the cursor on any item on the form and press F1 for context-sensitive Help", box_style::Exclamation,
-           title);
+    Notify("Position the cursor on any item on the form and press F1 for context-sensitive Help",
+           box_style::Exclamation, title);
 }
 
 }  // namespace tarvokol

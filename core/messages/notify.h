@@ -9,7 +9,8 @@ namespace tarvokol {
 
 // Logs the message behind its title ("Message" where that is empty), fills an empty title with `AppLongTitle` in the
 // caller's variable, shows the box and returns its result (box_result).
-int16_t Notify(std::string& message, int16_t& style, std::string& title, std::string& help_file, int32_t& context);
+int16_t Notify(std::string& message, int16_t& style, std::string& title, std::string& help_file,
+               int32_t& context);
 
 // The same with a title variable and no help, and with an empty title of its own.
 int16_t Notify(const std::string& message, int style, std::string& title);

@@ -14,14 +14,14 @@ constexpr int PathAndFileMustExist = 6144;
 }  // namespace dialog_flag
 
 struct FileDialogRequest {
-    std::string title;           // empty: the platform's own
-    std::string file_name;       // preset name
-    std::string start_folder;    // a folder, or a whole file name whose folder counts; empty: none
-    std::string filter;          // "All Files (*.*)|*.*|TARVOKOL Files (*.TKL)|*.TKL"
-    int filter_index = 1;        // from 1
+    std::string title;         // empty: the platform's own
+    std::string file_name;     // preset name
+    std::string start_folder;  // a folder, or a whole file name whose folder counts; empty: none
+    std::string filter;        // "All Files (*.*)|*.*|TARVOKOL Files (*.TKL)|*.TKL"
+    int filter_index = 1;      // from 1
     std::string default_extension;
-    int max_file_size = 300;     // characters
-    int flags = 0;               // sum of dialog_flag
+    int max_file_size = 300;  // characters
+    int flags = 0;            // sum of dialog_flag
 };
 
 struct FontChoice {

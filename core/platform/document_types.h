@@ -7,11 +7,11 @@ namespace tarvokol {
 
 // The three facts of a file association.
 struct DocumentType {
-    std::string extension;      // "TKL", no dot
-    std::string type_name;      // "tarvokol.Document"
-    std::string description;    // "tarvokol Document"
-    std::string command;        // as the user is told it
-    std::string program;        // full name of the executable that the desktop shall start
+    std::string extension;    // "TKL", no dot
+    std::string type_name;    // "tarvokol.Document"
+    std::string description;  // "tarvokol Document"
+    std::string command;      // as the user is told it
+    std::string program;      // full name of the executable that the desktop shall start
 };
 
 class DocumentTypes {

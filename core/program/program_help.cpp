@@ -66,12 +66,18 @@ void ShowHelpTopic(int index, const std::string& topic) {
 // The contexts of a menu's commands begin with one digit, by the menu's place.
 std::string HelpTopicOfContext(long context) {
     switch (context / 1000) {
-        case 1: return "menu_file.htm";
-        case 2: return "menu_input.htm";
-        case 3: return "menu_output.htm";
-        case 4: return "menu_utilities.htm";
-        case 5: return "menu_help.htm";
-        default: return "index.htm";
+        case 1:
+            return "menu_file.htm";
+        case 2:
+            return "menu_input.htm";
+        case 3:
+            return "menu_output.htm";
+        case 4:
+            return "menu_utilities.htm";
+        case 5:
+            return "menu_help.htm";
+        default:
+            return "index.htm";
     }
 }
 

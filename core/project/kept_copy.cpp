@@ -66,7 +66,8 @@ std::string CheckSum(std::string_view text) {
 // The whole path behind all links, so that one file has one copy, whatever it is called by.
 std::string WholePath(const std::string& path) {
     std::error_code failure;
-    const std::filesystem::path whole = std::filesystem::weakly_canonical(std::filesystem::absolute(path), failure);
+    const std::filesystem::path whole =
+        std::filesystem::weakly_canonical(std::filesystem::absolute(path), failure);
     return failure ? path : whole.string();
 }
 
@@ -99,13 +100,14 @@ bool HoldsWholeProject(const std::string& path) {
 // A new file, an empty one and what is no file at all have nothing to keep.
 bool HasContent(const std::string& path) {
     std::error_code failure;
-    return std::filesystem::is_regular_file(path, failure) && std::filesystem::file_size(path, failure) > 0 && !failure;
+    return std::filesystem::is_regular_file(path, failure) && std::filesystem::file_size(path, failure) > 0 &&
+           !failure;
 }
 
 bool AskedToGoOn(const std::string& project, const RunTimeError& error) {
-    const std::string question = "The present content of " + project + " cannot be kept as a copy: " + error.text +
-                                 " (" + std::to_string(error.number) + ")." + std::string(CrLf) +
-                                 "Save all the same?";
+    const std::string question =
+        "The present content of " + project + " cannot be kept as a copy: " + error.text + " (" +
+        std::to_string(error.number) + ")." + std::string(CrLf) + "Save all the same?";
     return Notify(question, box_style::YesNoQuestionNoDefault, ErrorTitle) == box_result::Yes;
 }
 
@@ -129,7 +131,8 @@ bool KeepPreviousContent(const std::string& project) {
 
 void TellKeptCopy(const std::string& project) {
     const std::string copy = KeptCopyPath(project);
-    if (!copy.empty() && FileExists(copy)) LogMessage("The last whole content of this project is kept in: " + copy);
+    if (!copy.empty() && FileExists(copy))
+        LogMessage("The last whole content of this project is kept in: " + copy);
 }
 
 }  // namespace tarvokol

@@ -22,7 +22,7 @@
 namespace tarvokol {
 namespace {
 
-constexpr int kProjectFile = 1;  // file number
+constexpr int kProjectFile = 1;          // file number
 constexpr std::size_t kMagicLimit = 64;  // bytes of a foreign file that are looked at
 constexpr int kDescriptionFlag = 2;
 

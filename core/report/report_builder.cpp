@@ -88,8 +88,7 @@ void WriteInputs(Page& page) {
 // The hole width takes a trip through text here, and nowhere else.
 double PanelWidth(const PanelInputs& record) {
     const int holes = WorkingParameters.CalcHoles;
-    return Checked((holes - 1) * record.WebThickness +
-                   holes * ThroughText(WorkingParameters.CalcHoleWidth));
+    return Checked((holes - 1) * record.WebThickness + holes * ThroughText(WorkingParameters.CalcHoleWidth));
 }
 
 // Percent.

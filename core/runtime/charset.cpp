@@ -13,10 +13,10 @@ namespace {
 
 // Characters of the bytes 0x80 to 0x9F. The five bytes without a printable character stand for the control
 // character of the same number.
-constexpr char32_t kUpperControls[32] = {
-    0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
+constexpr char32_t kUpperControls[32] = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                         0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D,   0x017D, 0x8F,
+                                         0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                         0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
 void AppendUtf8(std::string& text, char32_t character) {
     if (character < 0x80) {
@@ -35,10 +35,14 @@ void AppendUtf8(std::string& text, char32_t character) {
 std::optional<char32_t> CodePoint(std::string_view character) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(character[i]); };
     switch (character.size()) {
-        case 1: return byte(0) < 0x80 ? std::optional<char32_t>(byte(0)) : std::nullopt;
-        case 2: return ((byte(0) & 0x1Fu) << 6) | (byte(1) & 0x3Fu);
-        case 3: return ((byte(0) & 0x0Fu) << 12) | ((byte(1) & 0x3Fu) << 6) | (byte(2) & 0x3Fu);
-        default: return std::nullopt;
+        case 1:
+            return byte(0) < 0x80 ? std::optional<char32_t>(byte(0)) : std::nullopt;
+        case 2:
+            return ((byte(0) & 0x1Fu) << 6) | (byte(1) & 0x3Fu);
+        case 3:
+            return ((byte(0) & 0x0Fu) << 12) | ((byte(1) & 0x3Fu) << 6) | (byte(2) & 0x3Fu);
+        default:
+            return std::nullopt;
     }
 }
 
@@ -65,7 +69,8 @@ std::optional<std::string> EncodeWindows1252(std::string_view text) {
 }
 
 bool IsAscii(std::string_view bytes) {
-    return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return std::all_of(bytes.begin(), bytes.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
 }  // namespace
@@ -107,7 +112,8 @@ std::string DecodeText(std::string_view bytes, Charset charset) {
     text.reserve(bytes.size() + bytes.size() / 4);
     for (const char c : bytes) {
         const auto byte = static_cast<unsigned char>(c);
-        AppendUtf8(text, byte >= 0x80 && byte <= 0x9F ? kUpperControls[byte - 0x80] : static_cast<char32_t>(byte));
+        AppendUtf8(text,
+                   byte >= 0x80 && byte <= 0x9F ? kUpperControls[byte - 0x80] : static_cast<char32_t>(byte));
     }
     return text;
 }

@@ -25,10 +25,16 @@ Whole ToWhole(double value) {
 
 }  // namespace
 
-int16_t ToShort(double value) { return ToWhole<int16_t>(value); }
+int16_t ToShort(double value) {
+    return ToWhole<int16_t>(value);
+}
 
-int32_t ToLong(double value) { return ToWhole<int32_t>(value); }
+int32_t ToLong(double value) {
+    return ToWhole<int32_t>(value);
+}
 
-double RoundToTwoDecimals(double value) { return RoundHalfEven(Checked(value * 100.0)) / 100.0; }
+double RoundToTwoDecimals(double value) {
+    return RoundHalfEven(Checked(value * 100.0)) / 100.0;
+}
 
 }  // namespace tarvokol

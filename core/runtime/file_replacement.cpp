@@ -43,7 +43,9 @@ std::array<UnfinishedFile, 16> Unfinished;
 void EnterUnfinished(const std::string& path) {
     for (UnfinishedFile& file : Unfinished) {
         int free = UnfinishedFile::Free;
-        if (path.size() >= file.path.size() || !file.state.compare_exchange_strong(free, UnfinishedFile::Filling)) continue;
+        if (path.size() >= file.path.size() ||
+            !file.state.compare_exchange_strong(free, UnfinishedFile::Filling))
+            continue;
         path.copy(file.path.data(), path.size());
         file.path[path.size()] = '\0';
         file.state = UnfinishedFile::Ready;

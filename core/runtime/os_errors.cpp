@@ -11,27 +11,37 @@ namespace tarvokol {
 
 int ErrorNumberOfErrno(int error) {
     switch (error) {
-        case ENOENT: return error_number::FileNotFound;
+        case ENOENT:
+            return error_number::FileNotFound;
         case ENOTDIR:
-        case ELOOP: return error_number::PathNotFound;
+        case ELOOP:
+            return error_number::PathNotFound;
         case EACCES:
         case EPERM:
         case EBUSY:
         case ETXTBSY:
-        case EAGAIN: return error_number::PermissionDenied;
+        case EAGAIN:
+            return error_number::PermissionDenied;
         case EISDIR:
-        case EROFS: return error_number::PathFileAccess;
+        case EROFS:
+            return error_number::PathFileAccess;
         case ENOSPC:
         case EDQUOT:
-        case EFBIG: return error_number::DiskFull;
+        case EFBIG:
+            return error_number::DiskFull;
         case EMFILE:
-        case ENFILE: return error_number::TooManyFiles;
+        case ENFILE:
+            return error_number::TooManyFiles;
         case ENXIO:
-        case ENODEV: return error_number::DeviceUnavailable;
-        case ENOMEM: return error_number::OutOfMemory;
+        case ENODEV:
+            return error_number::DeviceUnavailable;
+        case ENOMEM:
+            return error_number::OutOfMemory;
         case ENAMETOOLONG:
-        case EINVAL: return error_number::BadFileNumber;
-        default: return error_number::DeviceIo;
+        case EINVAL:
+            return error_number::BadFileNumber;
+        default:
+            return error_number::DeviceIo;
     }
 }
 

@@ -64,8 +64,8 @@ constexpr NumberedText kTexts[] = {
 }  // namespace
 
 std::string ErrorText(int number) {
-    const auto* found =
-        std::find_if(std::begin(kTexts), std::end(kTexts), [number](const NumberedText& entry) { return entry.number == number; });
+    const auto* found = std::find_if(std::begin(kTexts), std::end(kTexts),
+                                     [number](const NumberedText& entry) { return entry.number == number; });
     return found == std::end(kTexts) ? "Application-defined or object-defined error" : found->text;
 }
 
@@ -74,6 +74,8 @@ RunTimeError::RunTimeError(int error_number) : RunTimeError(error_number, ErrorT
 RunTimeError::RunTimeError(int error_number, std::string error_text)
     : number(error_number), text(std::move(error_text)) {}
 
-void Raise(int number) { throw RunTimeError(number); }
+void Raise(int number) {
+    throw RunTimeError(number);
+}
 
 }  // namespace tarvokol

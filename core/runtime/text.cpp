@@ -8,7 +8,9 @@
 namespace tarvokol {
 namespace {
 
-unsigned char Byte(std::string_view text, std::size_t offset) { return static_cast<unsigned char>(text[offset]); }
+unsigned char Byte(std::string_view text, std::size_t offset) {
+    return static_cast<unsigned char>(text[offset]);
+}
 
 // Length that the lead byte announces, 0 for a byte that cannot begin a character.
 std::size_t AnnouncedBytes(unsigned char lead) {
@@ -22,11 +24,16 @@ std::size_t AnnouncedBytes(unsigned char lead) {
 // Lowest and highest second byte that the lead byte allows: no overlong forms, no surrogates, nothing above U+10FFFF.
 bool SecondByteFits(unsigned char lead, unsigned char second) {
     switch (lead) {
-        case 0xE0: return second >= 0xA0 && second <= 0xBF;
-        case 0xED: return second >= 0x80 && second <= 0x9F;
-        case 0xF0: return second >= 0x90 && second <= 0xBF;
-        case 0xF4: return second >= 0x80 && second <= 0x8F;
-        default: return second >= 0x80 && second <= 0xBF;
+        case 0xE0:
+            return second >= 0xA0 && second <= 0xBF;
+        case 0xED:
+            return second >= 0x80 && second <= 0x9F;
+        case 0xF0:
+            return second >= 0x90 && second <= 0xBF;
+        case 0xF4:
+            return second >= 0x80 && second <= 0x8F;
+        default:
+            return second >= 0x80 && second <= 0xBF;
     }
 }
 
@@ -96,9 +103,13 @@ std::string TrimRight(std::string_view text) {
     return last == std::string_view::npos ? std::string() : std::string(text.substr(0, last + 1));
 }
 
-std::string Trim(std::string_view text) { return TrimLeft(TrimRight(text)); }
+std::string Trim(std::string_view text) {
+    return TrimLeft(TrimRight(text));
+}
 
-bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == std::string_view::npos; }
+bool IsBlank(std::string_view text) {
+    return text.find_first_not_of(' ') == std::string_view::npos;
+}
 
 std::string UpperCase(std::string_view text) {
     std::string upper;
@@ -107,8 +118,8 @@ std::string UpperCase(std::string_view text) {
         const unsigned char c = Byte(text, i);
         if (c >= 'a' && c <= 'z') {
             upper += static_cast<char>(c - 'a' + 'A');
-        } else if (c == 0xC3 && i + 1 < text.size() && Byte(text, i + 1) >= 0xA0 && Byte(text, i + 1) <= 0xBE &&
-                   Byte(text, i + 1) != 0xB7) {
+        } else if (c == 0xC3 && i + 1 < text.size() && Byte(text, i + 1) >= 0xA0 &&
+                   Byte(text, i + 1) <= 0xBE && Byte(text, i + 1) != 0xB7) {
             upper += static_cast<char>(c);  // U+00E0 to U+00FE without the division sign
             upper += static_cast<char>(Byte(text, ++i) - 0x20);
         } else {
@@ -128,7 +139,8 @@ std::string ReplaceAll(std::string_view text, std::string_view from, std::string
     std::string result;
     std::size_t start = 0;
     if (from.empty()) return std::string(text);
-    for (std::size_t found = text.find(from); found != std::string_view::npos; found = text.find(from, start)) {
+    for (std::size_t found = text.find(from); found != std::string_view::npos;
+         found = text.find(from, start)) {
         result.append(text.substr(start, found - start)).append(to);
         start = found + from.size();
     }

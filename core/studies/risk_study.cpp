@@ -271,7 +271,7 @@ class RiskRun {
     Matrix triangle_;
     RiskResult result_;
     std::vector<std::vector<std::uint32_t>> orders_;  // of the strata, one list a field
-    std::vector<float> target_web_;  // of each sample, where it is random; else empty
+    std::vector<float> target_web_;                   // of each sample, where it is random; else empty
     std::vector<float> target_barrier_;
     std::vector<std::vector<std::string>> refusals_;  // by pieces
     std::vector<std::uint32_t> sound_;                // samples not refused; empty where none was

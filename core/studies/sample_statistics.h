@@ -37,7 +37,8 @@ Deviations DeviationsOf(std::span<const double> values);
 // Correlation of two lists of the same length; NaN where one of them does not vary. Who has a list in several pairs
 // gives its deviations.
 double Correlation(std::span<const double> x, std::span<const double> y);
-double Correlation(std::span<const double> x, std::span<const double> y, const Deviations& of_x, const Deviations& of_y);
+double Correlation(std::span<const double> x, std::span<const double> y, const Deviations& of_x,
+                   const Deviations& of_y);
 
 struct Share {
     double value = 0;

@@ -87,7 +87,8 @@ void FormBase::Load() {
 void FormBase::FitToContents() {
     const QSize room = RoomFor(*this);
     const QSize least = minimumSizeHint();
-    const int width = std::min(std::max({size().width(), least.width(), WidthOfAllTabs(*this)}), room.width());
+    const int width =
+        std::min(std::max({size().width(), least.width(), WidthOfAllTabs(*this)}), room.width());
     const int least_height = HeightNeededFor(width);
     if (least.width() > room.width() || least_height > room.height()) LetContentsScroll();
     resize(width, std::min(std::max(size().height(), least_height), room.height()));

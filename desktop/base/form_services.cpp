@@ -31,7 +31,8 @@ constexpr int kHintedLetters = 17;
 
 // True if the focus comes or goes with the whole window, or for a menu.
 bool IsPassing(Qt::FocusReason reason) {
-    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
+    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+           reason == Qt::MenuBarFocusReason;
 }
 
 // Selects a text box's whole text when it gets the focus. A click into the box puts the caret down after the
@@ -156,7 +157,8 @@ void WidenBoxes(QWidget& container) {
         if (box->maximumWidth() == QWIDGETSIZE_MAX) continue;
         box->ensurePolished();
         const int digits = box->fontMetrics().horizontalAdvance(QString(DigitsShown(*box), '0'));
-        const int around = box->sizeHint().width() - box->fontMetrics().horizontalAdvance('x') * kHintedLetters;
+        const int around =
+            box->sizeHint().width() - box->fontMetrics().horizontalAdvance('x') * kHintedLetters;
         const int width = std::max(box->maximumWidth(), digits + around);
         box->setMinimumWidth(width);
         box->setMaximumWidth(width);

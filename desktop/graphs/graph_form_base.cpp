@@ -181,7 +181,8 @@ void GraphFormBase::PrintGraph() {
     auto* printer = dynamic_cast<QtPrinter*>(Platform.Printer);
     if (printer == nullptr || !printer->HasTarget()) return;
     try {
-        if (printer->StartDoc()) printer->PrintWith([this](QPrinter& device) { PrintInItsBox(*graph_, device); });
+        if (printer->StartDoc())
+            printer->PrintWith([this](QPrinter& device) { PrintInItsBox(*graph_, device); });
     } catch (const RunTimeError&) {
         // Whatever the printer says now is passed over.
     }

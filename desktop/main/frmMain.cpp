@@ -36,7 +36,8 @@ QString ShownRecentCaption(const QString& caption) {
     constexpr int kShown = 60;
     constexpr int kBeginning = 20;
     QString shown = caption;
-    if (caption.size() > kShown) shown = caption.left(kBeginning) + "..." + caption.right(kShown - kBeginning - 3);
+    if (caption.size() > kShown)
+        shown = caption.left(kBeginning) + "..." + caption.right(kShown - kBeginning - 3);
     return shown.replace("&", "&&");
 }
 

@@ -50,10 +50,12 @@ TEST_F(Bulk, KeysStandInTheirOrder) {
         R"("NumberHoles":5,"CoalStrength":900,"UnitWeight":162,"AbutmentAngle":21,"SFWeb":1.600000023841858,)"
         R"("SFBarrier":2,"SpareSingle":0},"StabilityFactor":[)";
     EXPECT_EQ(answer.out.substr(0, a.size()), a);
-    EXPECT_THAT(answer.out, testing::EndsWith(
-                                "\n{\"file\":\"b.TKL\",\"ok\":false,\"messages\":[\"Invalid file format\"],\"schema\":1}\n"
-                                "{\"file\":\"c.TKL\",\"ok\":false,\"messages\":[],"
-                                "\"error\":{\"number\":62,\"text\":\"Input past end of file\"},\"schema\":1}\n"));
+    EXPECT_THAT(
+        answer.out,
+        testing::EndsWith(
+            "\n{\"file\":\"b.TKL\",\"ok\":false,\"messages\":[\"Invalid file format\"],\"schema\":1}\n"
+            "{\"file\":\"c.TKL\",\"ok\":false,\"messages\":[],"
+            "\"error\":{\"number\":62,\"text\":\"Input past end of file\"},\"schema\":1}\n"));
 }
 
 TEST_F(Bulk, WordsForPeopleGoToStandardErrorUnderTheFilesName) {

@@ -71,8 +71,10 @@ TEST_F(Manners, AWrongOptionIsNamedWithTheNearestRightOne) {
 
 TEST_F(Manners, AWrongChoiceIsNamedWithTheNearestRightOne) {
     Project("p.TKL");
-    EXPECT_THAT(Refusal({"curve", "sf-hight", "p.TKL"}),
-                StartsWith("KIND: sf-hight not in {sf-height,sf-depth,sf-hole,web,barrier}; did you mean sf-height?\n"));
+    EXPECT_THAT(
+        Refusal({"curve", "sf-hight", "p.TKL"}),
+        StartsWith(
+            "KIND: sf-hight not in {sf-height,sf-depth,sf-hole,web,barrier}; did you mean sf-height?\n"));
     EXPECT_THAT(Refusal({"plan", "--mode", "capasity", "p.TKL"}), HasSubstr("; did you mean capacity?\n"));
     EXPECT_THAT(Refusal({"convert", "--to", "imperial", "p.TKL"}),
                 StartsWith("--to: imperial not in {english,metric}\n"));
@@ -129,7 +131,8 @@ TEST_F(Manners, AReaderThatHasSeenEnoughLeavesNothingBehind) {
     Project("p.TKL");
     const std::string scratch = PathTo("scratch");
     std::filesystem::create_directory(scratch);
-    const std::string command = "cd '" + Folder.string() + "' && TMPDIR='" + scratch + "' '" TARVOKOL_CLI
+    const std::string command = "cd '" + Folder.string() + "' && TMPDIR='" + scratch +
+                                "' '" TARVOKOL_CLI
                                 "' sweep --quiet p.TKL --vary Height=2:12/300 --vary DepthCover=50:900/300 "
                                 "--format xlsx | head -c 1 > first";
     EXPECT_EQ(std::system(command.c_str()), 0);

@@ -199,7 +199,8 @@ TEST_F(DesignLoop, TheKeyboardAloneLeadsFromAnEmptyProjectToFileReportAndCurve) 
     Type(PathTo("keys"));
     Press("Return");
     ExpectWindow(kMain + ": " + PathTo("keys.TKL"));
-    EXPECT_THAT(ReadBytes(PathTo("keys.TKL")), HasSubstr("##EndDesc##\r\n10\r\n100\r\n10\r\n10\r\n20\r\n 5 \r\n"));
+    EXPECT_THAT(ReadBytes(PathTo("keys.TKL")),
+                HasSubstr("##EndDesc##\r\n10\r\n100\r\n10\r\n10\r\n20\r\n 5 \r\n"));
 
     ShowResults();
     Press("alt+a");
@@ -347,7 +348,8 @@ TEST_F(DesignLoop, AMissingFileOnTheCommandLineEndsTheProgram) {
     EXPECT_TRUE(Program.IsRunning());
     Press("Return");
     EXPECT_EQ(Program.ExitStatus(), 1);
-    EXPECT_THAT(Program.ErrorOutput(), HasSubstr("Run-time error '53':\r\n\r\nFile not found: " + PathTo("none.TKL")));
+    EXPECT_THAT(Program.ErrorOutput(),
+                HasSubstr("Run-time error '53':\r\n\r\nFile not found: " + PathTo("none.TKL")));
 }
 
 }  // namespace

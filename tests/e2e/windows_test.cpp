@@ -162,7 +162,8 @@ TEST_F(Windows, ACommaIsAnsweredByANoteThatLeavesTheKeyboardAlone) {
     ExpectWindow(Caption());
     Press("ctrl+s");
     EXPECT_TRUE(Eventually([this] {
-        return ReadBytes(ProjectPath()).find("##EndDesc##\r\n10\r\n100\r\n9\r\n10\r\n20\r\n") != std::string::npos;
+        return ReadBytes(ProjectPath()).find("##EndDesc##\r\n10\r\n100\r\n9\r\n10\r\n20\r\n") !=
+               std::string::npos;
     })) << ReadBytes(ProjectPath());
 }
 

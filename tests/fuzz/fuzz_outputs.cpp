@@ -36,7 +36,8 @@ namespace {
 std::string PathOf(std::string_view bytes) {
     static const int descriptor = ::memfd_create("project", 0);
     if (::ftruncate(descriptor, 0) != 0) std::abort();
-    if (::pwrite(descriptor, bytes.data(), bytes.size(), 0) != static_cast<ssize_t>(bytes.size())) std::abort();
+    if (::pwrite(descriptor, bytes.data(), bytes.size(), 0) != static_cast<ssize_t>(bytes.size()))
+        std::abort();
     return "/proc/self/fd/" + std::to_string(descriptor);
 }
 
@@ -55,7 +56,8 @@ void Try(const std::string& path, const Step& step) {
 void RequireReadable(const cli::Json& object) {
     const std::string line = cli::JsonLine(object);
     if (line.empty() || line.back() != '\n') std::abort();
-    if (cli::Json::parse(line).dump() != cli::Json::parse(cli::JsonLine(cli::Json::parse(line))).dump()) std::abort();
+    if (cli::Json::parse(line).dump() != cli::Json::parse(cli::JsonLine(cli::Json::parse(line))).dump())
+        std::abort();
 }
 
 void Report() {

@@ -33,7 +33,9 @@ CoreTest::~CoreTest() {
     std::filesystem::remove_all(Folder, ignored);
 }
 
-std::string CoreTest::PathTo(const std::string& name) const { return (Folder / name).string(); }
+std::string CoreTest::PathTo(const std::string& name) const {
+    return (Folder / name).string();
+}
 
 void CoreTest::WriteBytes(const std::string& path, const std::string& bytes) {
     std::ofstream(path, std::ios::binary) << bytes;

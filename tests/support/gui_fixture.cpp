@@ -83,7 +83,8 @@ std::string GuiTest::TextOf(QWidget& form, const std::string& name) {
     if (auto* box = qobject_cast<QTextEdit*>(&control)) return FromQt(box->toPlainText());
     QString text = control.property("text").toString();
     // The mark of a label's mnemonic is no letter of its caption.
-    if (auto* label = qobject_cast<QLabel*>(&control); label != nullptr && label->buddy() != nullptr) text.remove('&');
+    if (auto* label = qobject_cast<QLabel*>(&control); label != nullptr && label->buddy() != nullptr)
+        text.remove('&');
     return FromQt(text);
 }
 

@@ -143,7 +143,8 @@ class frmLarge : public SingleForm<frmLarge> {
         auto* body = new QWidget(this);
         body->setObjectName("body");
         auto* layout = new QVBoxLayout(body);
-        for (int row = 0; row < 60; ++row) layout->addWidget(new QPushButton("Button " + QString::number(row)));
+        for (int row = 0; row < 60; ++row)
+            layout->addWidget(new QPushButton("Button " + QString::number(row)));
         setCentralWidget(body);
     }
 };

@@ -240,7 +240,8 @@ TEST_F(GraphForm, TheReadOutStaysInsideANarrowWindow) {
     EXPECT_LE(frame.geometry().right(), form.width());
     for (const char* name : {"Label1", "lblX", "Label3", "lblSF", "Label5", "lblCurve"})
         EXPECT_TRUE(frame.rect().contains(Find<QLabel>(form, name).geometry().topLeft())) << name;
-    EXPECT_LE(Find<QLabel>(form, "Label5").geometry().bottom(), Find<QLabel>(form, "lblCurve").geometry().top());
+    EXPECT_LE(Find<QLabel>(form, "Label5").geometry().bottom(),
+              Find<QLabel>(form, "lblCurve").geometry().top());
     for (const char* name : {"Label5", "lblCurve"})
         EXPECT_GE(Find<QLabel>(form, name).height(), Find<QLabel>(form, name).sizeHint().height()) << name;
     form.resize(600, 420);
@@ -253,8 +254,9 @@ TEST_F(GraphForm, AWorkbookWithoutAProgramForItIsToldWithItsPlace) {
     frmGraph& form = ShowStability(0);
     Workbook.LeftAt = "/tmp/Curves1.xlsx";
     Choose(form, "GraphFileItem_2");
-    EXPECT_THAT(Messages(), ElementsAre("Exported 3 Curves",
-                                        "No program for workbooks was found. The workbook is:\r\n/tmp/Curves1.xlsx"));
+    EXPECT_THAT(Messages(),
+                ElementsAre("Exported 3 Curves",
+                            "No program for workbooks was found. The workbook is:\r\n/tmp/Curves1.xlsx"));
 }
 
 TEST_F(GraphForm, ClosingDoesNotReadBack) {

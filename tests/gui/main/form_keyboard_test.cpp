@@ -172,8 +172,8 @@ TEST_P(FormKeyboard, EnterIsTheDefaultButtonFromBoxesAndOptions) {
         QWidget& control = Find(form, name);
         // In the pattern of the text browser Enter is for the pattern.
         const bool pattern = std::string(GetParam().form) == "frmTextBrow" && name == "Text2";
-        const bool simple = (qobject_cast<QLineEdit*>(&control) && !pattern) || qobject_cast<QCheckBox*>(&control) ||
-                            name.starts_with("Opt");
+        const bool simple = (qobject_cast<QLineEdit*>(&control) && !pattern) ||
+                            qobject_cast<QCheckBox*>(&control) || name.starts_with("Opt");
         if (simple) {
             control.setFocus();
             Press(form, Qt::Key_Return);

@@ -356,8 +356,7 @@ TEST_F(MainWindow, ALongRecentPathShowsItsBeginningAndItsFileName) {
     Start();
     const std::string path = "/home/engineer/" + std::string(60, 'p') + "/Ridge Panel & Extension.TKL";
     Platform.MainWindow->SetRecentCaption(1, path);
-    EXPECT_EQ(Item("mnuFileArray_1").text(),
-              "/home/engineer/ppppp...ppppppppp/Ridge Panel && Extension.TKL");
+    EXPECT_EQ(Item("mnuFileArray_1").text(), "/home/engineer/ppppp...ppppppppp/Ridge Panel && Extension.TKL");
     EXPECT_EQ(Platform.MainWindow->RecentCaption(1), path);
     Platform.MainWindow->SetRecentCaption(1, "");
     EXPECT_FALSE(Item("mnuFileArray_1").isVisible());

@@ -55,7 +55,8 @@ TEST_F(ProgramStart, OpensTheProjectOfItsCommandLine) {
 
 TEST_F(ProgramStart, APathWithBlanksMayStandInQuotesOrInPieces) {
     WriteProject("north ridge.TKL");
-    ExpectOpens({ToQt(PathTo("north")).prepend('"'), "ridge.TKL\""}, "LastFileLong1=" + PathTo("north ridge.TKL"));
+    ExpectOpens({ToQt(PathTo("north")).prepend('"'), "ridge.TKL\""},
+                "LastFileLong1=" + PathTo("north ridge.TKL"));
 }
 
 TEST_F(ProgramStart, ARelativePathIsTakenFromTheUsersFolder) {

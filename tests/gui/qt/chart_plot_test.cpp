@@ -24,13 +24,15 @@ TEST_F(ChartDrawing, ANoteStandsUnderTheChart) {
     Chart.SetNote("The widths of this curve are inches, not metres (1 in = 0.0254 m).");
     const QImage noted = Chart.ToImage(Chart.size(), 1);
     const QRect lowest(0, Chart.height() - 20, Chart.width(), 20);
-    EXPECT_GT(CountPixels(noted.copy(lowest), Qt::black, 90), CountPixels(plain.copy(lowest), Qt::black, 90) + 200);
+    EXPECT_GT(CountPixels(noted.copy(lowest), Qt::black, 90),
+              CountPixels(plain.copy(lowest), Qt::black, 90) + 200);
 }
 
 TEST_F(ChartDrawing, ABoxIsMovedIntoWhatThePrinterReaches) {
     const QSizeF paper(816, 1056);
     EXPECT_EQ(PrintableBox(QRect(16, 16, 640, 800), paper, QMarginsF(0, 0, 0, 0)), QRect(16, 16, 640, 800));
-    EXPECT_EQ(PrintableBox(QRect(16, 16, 640, 800), paper, QMarginsF(24, 48, 24, 48)), QRect(24, 48, 640, 800));
+    EXPECT_EQ(PrintableBox(QRect(16, 16, 640, 800), paper, QMarginsF(24, 48, 24, 48)),
+              QRect(24, 48, 640, 800));
     EXPECT_EQ(PrintableBox(QRect(16, 16, 640, 800), QSizeF(600, 800), QMarginsF(24, 24, 24, 24)),
               QRect(24, 24, 552, 752));
 }
@@ -48,7 +50,8 @@ TEST_F(ChartDrawing, ThinnedSymbolsIncludeTheFirstAndTheLastPoint) {
         for (const long point : {1L, 51L}) {
             const QPoint at = Chart.PixelOf(1, point);
             const QRect around(at - QPoint(reach, reach), QSize(2 * reach + 1, 2 * reach + 1));
-            EXPECT_GT(CountPixels(image.copy(around), Qt::red, 90), size) << "size " << size << ", point " << point;
+            EXPECT_GT(CountPixels(image.copy(around), Qt::red, 90), size)
+                << "size " << size << ", point " << point;
         }
     }
 }
@@ -97,9 +100,11 @@ TEST_F(ChartDrawing, TheSmallestChartCutsNothing) {
         Chart.SetSymbolSize(1, size);
         const QImage image = Chart.ToImage(QSize(239, 164), 1);
         for (const int y : {0, 163})
-            for (int x = 0; x < 239; ++x) ASSERT_EQ(image.pixelColor(x, y), QColor(Qt::white)) << x << ", " << y;
+            for (int x = 0; x < 239; ++x)
+                ASSERT_EQ(image.pixelColor(x, y), QColor(Qt::white)) << x << ", " << y;
         for (const int x : {0, 238})
-            for (int y = 0; y < 164; ++y) ASSERT_EQ(image.pixelColor(x, y), QColor(Qt::white)) << x << ", " << y;
+            for (int y = 0; y < 164; ++y)
+                ASSERT_EQ(image.pixelColor(x, y), QColor(Qt::white)) << x << ", " << y;
     }
 }
 
@@ -108,7 +113,8 @@ TEST_F(ChartDrawing, ALongYTitleKeepsClearOfTheHeader) {
     const QRect header(0, 0, 449, 30);
     Chart.SetAxisTitle(ChartAxis::Y, "");
     const QImage without = Chart.ToImage(Chart.size(), 1).copy(header);
-    Chart.SetAxisTitle(ChartAxis::Y, "Stability factor of the whole panel, of its webs and of its barrier pillar");
+    Chart.SetAxisTitle(ChartAxis::Y,
+                       "Stability factor of the whole panel, of its webs and of its barrier pillar");
     EXPECT_EQ(CountPixels(Chart.ToImage(Chart.size(), 1).copy(header), Qt::black, 90),
               CountPixels(without, Qt::black, 90));
 }
@@ -121,8 +127,8 @@ TEST(ChartTicks, AnAxisWithRoomHasFourAtTheLeast) {
             QVector<double> ticks;
             QVector<QString> labels;
             ticker.generate(QCPRange(0, upper), QLocale::c(), 'f', 6, ticks, nullptr, &labels);
-            const auto shown =
-                std::count_if(ticks.begin(), ticks.end(), [&](double tick) { return tick >= 0 && tick <= upper; });
+            const auto shown = std::count_if(ticks.begin(), ticks.end(),
+                                             [&](double tick) { return tick >= 0 && tick <= upper; });
             EXPECT_GE(shown, 4) << upper;
             EXPECT_LE(shown, 11) << upper;
         }
@@ -204,7 +210,8 @@ TEST_F(ChartDrawing, TheLegendsTextStandsBesideTheMiddleOfItsSymbol) {
     QRect text;
     for (int y = 270; y < 313; ++y)
         for (int x = symbol.right() + 6; x < 449; ++x)
-            if (qGray(image.pixel(x, y)) < 100 && image.pixelColor(x, y).blue() < 100) text |= QRect(x, y, 1, 1);
+            if (qGray(image.pixel(x, y)) < 100 && image.pixelColor(x, y).blue() < 100)
+                text |= QRect(x, y, 1, 1);
     ASSERT_FALSE(text.isEmpty());
     EXPECT_NEAR(text.center().y(), symbol.center().y(), 2);
 }
@@ -214,7 +221,8 @@ TEST_F(ChartDrawing, ALowPlotHasFourTicksToo) {
     AddLine(3);
     Chart.SetY(1, 1, 0);
     Chart.SetY(1, 3, 7.5);
-    Chart.SetHeaderText("A title of the graph that is somewhat longer than the chart is wide, to see what happens");
+    Chart.SetHeaderText(
+        "A title of the graph that is somewhat longer than the chart is wide, to see what happens");
     Chart.SetMajorGridAutomatic(ChartAxis::Y);
     Show();
     const QImage image = Chart.grab().toImage();

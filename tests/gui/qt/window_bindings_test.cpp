@@ -266,8 +266,8 @@ TEST_F(DesktopTest, TheEntryOfAPackageThatStartsThisProgramIsNotShadowed) {
     const std::string own = PathTo("data home/applications/tarvokol.desktop");
     std::filesystem::create_directories(PathTo("data home/applications"));
     WriteBytes(own, "[Desktop Entry]\nExec=\"/home/old build/tarvokol\" %f\n");
-    DesktopDocumentTypes().Register(
-        {"TKL", "tarvokol.Document", "tarvokol Document", "", FromQt(QStandardPaths::findExecutable("tarvokol"))});
+    DesktopDocumentTypes().Register({"TKL", "tarvokol.Document", "tarvokol Document", "",
+                                     FromQt(QStandardPaths::findExecutable("tarvokol"))});
     EXPECT_FALSE(std::filesystem::exists(own));
     EXPECT_EQ(ReadBytes(PathTo("config home/mimeapps.list")),
               "[Default Applications]\napplication/x-tarvokol=tarvokol.desktop\n");
@@ -281,7 +281,8 @@ TEST_F(DesktopTest, SignsThatMeanSomethingInAnEntryAreEscapedInTheProgramsPath) 
     DesktopDocumentTypes().Register(
         {"TKL", "tarvokol.Document", "tarvokol Document", "", R"(/opt/a\b $c "d" 100%/tarvokol)"});
     EXPECT_THAT(ReadBytes(PathTo("data home/applications/tarvokol.desktop")),
-                ::testing::HasSubstr(R"(Exec="/opt/a\\\\b \\$c \\"d\\" 100%%/tarvokol" %f)" "\n"));
+                ::testing::HasSubstr(R"(Exec="/opt/a\\\\b \\$c \\"d\\" 100%%/tarvokol" %f)"
+                                     "\n"));
 }
 
 TEST_F(DesktopTest, TheFormerTypeAndItsListAreDropped) {
@@ -292,8 +293,9 @@ TEST_F(DesktopTest, TheFormerTypeAndItsListAreDropped) {
     WriteBytes(list, "[Default Applications]\napplication/x-tarvokol.document=tarvokol.desktop\n");
     DesktopDocumentTypes().Register({"TKL", "tarvokol.Document", "tarvokol Document", "", "/opt/tarvokol"});
     EXPECT_FALSE(std::filesystem::exists(list));
-    WriteBytes(list,
-               "[Default Applications]\napplication/x-tarvokol.document=tarvokol.desktop\ntext/plain=ed.desktop\n");
+    WriteBytes(
+        list,
+        "[Default Applications]\napplication/x-tarvokol.document=tarvokol.desktop\ntext/plain=ed.desktop\n");
     DesktopDocumentTypes().Register({"TKL", "tarvokol.Document", "tarvokol Document", "", "/opt/tarvokol"});
     EXPECT_EQ(ReadBytes(list), "[Default Applications]\ntext/plain=ed.desktop\n");
 }
@@ -346,10 +348,12 @@ TEST_F(WindowBindings, OtherDefaultsOfTheUserStay) {
 }
 
 TEST_F(WindowBindings, AProgramThatTheUserTookOffATypeComesBack) {
-    EXPECT_EQ(WithDefaultProgram("[Removed Associations]\nm/n=new.desktop;\na/b=new.desktop\n", "m/n", "new.desktop"),
+    EXPECT_EQ(WithDefaultProgram("[Removed Associations]\nm/n=new.desktop;\na/b=new.desktop\n", "m/n",
+                                 "new.desktop"),
               "[Removed Associations]\na/b=new.desktop\n[Default Applications]\nm/n=new.desktop\n");
-    EXPECT_EQ(WithDefaultProgram("[Removed Associations]\nm/n=x.desktop;new.desktop;\n", "m/n", "new.desktop"),
-              "[Removed Associations]\nm/n=x.desktop;\n[Default Applications]\nm/n=new.desktop\n");
+    EXPECT_EQ(
+        WithDefaultProgram("[Removed Associations]\nm/n=x.desktop;new.desktop;\n", "m/n", "new.desktop"),
+        "[Removed Associations]\nm/n=x.desktop;\n[Default Applications]\nm/n=new.desktop\n");
 }
 
 }  // namespace

@@ -372,7 +372,8 @@ TEST_F(Units, BoxesForReadingAreGrey) {
         return box.grab().toImage().pixelColor(box.width() - 12, box.height() / 2);
     };
     EXPECT_EQ(paper("txtLength"), form.palette().color(QPalette::Base));
-    for (const std::string& box : kTabs[0].boxes) EXPECT_EQ(paper(box), form.palette().color(QPalette::Window)) << box;
+    for (const std::string& box : kTabs[0].boxes)
+        EXPECT_EQ(paper(box), form.palette().color(QPalette::Window)) << box;
 }
 
 TEST_F(Units, ACommaIsAnsweredByANote) {

@@ -94,8 +94,8 @@ TEST_F(ProgramHelp, AnErrorOnTheWayToTheManualIsToldAndTheProgramGoesOn) {
     Platform.TheShell = &shell;
     WriteBytes(PathTo("app/TARVOKOL.PDF"), "pdf");
     EXPECT_EQ(RaisedError([] { OpenPdfManual(); }), 0);
-    EXPECT_EQ(Messages(), std::vector<std::string>{
-                              "Error occurred: Path/File access error (75). Procedure Terminated"});
+    EXPECT_EQ(Messages(),
+              std::vector<std::string>{"Error occurred: Path/File access error (75). Procedure Terminated"});
 }
 
 TEST_F(ProgramHelp, TheNotesHaveFilesAndTitles) {

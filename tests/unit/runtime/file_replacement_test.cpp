@@ -259,9 +259,7 @@ TEST_F(Replacement, ACopyHasTheContentOfItsSource) {
 TEST_F(Replacement, WhatIsUnfinishedCanBeTakenAwayAtOnce) {
     FileReplacement first(Path);
     FileReplacement second(PathTo("other.txt"));
-    {
-        FileReplacement given_up(PathTo("third.txt"));
-    }
+    { FileReplacement given_up(PathTo("third.txt")); }
     ReplaceWholeFile(PathTo("finished.txt"), kNew);
     first.Fill(kNew);
     EXPECT_EQ(Entries(), 4u);

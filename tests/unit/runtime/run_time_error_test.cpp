@@ -55,7 +55,8 @@ TEST(RunTimeErrors, HaveTheirTexts) {
         {429, "ActiveX component can't create object"},
         {482, "Printer error"},
         {483, "Printer driver does not support specified property"},
-        {484, "Problem getting printer information from the system. Make sure the printer is set up correctly"},
+        {484,
+         "Problem getting printer information from the system. Make sure the printer is set up correctly"},
         {32755, "Cancel was selected"},
     };
     for (const Row& row : rows) {

@@ -39,8 +39,8 @@ bool HasWord(const std::string& text, const std::string& word) {
 
 // The declaration without what stands in parentheses and, of a template, before its own words.
 std::string Bare(std::string declaration) {
-    static const std::regex number("\\(\\s*[0-9][^()]*\\)"), inner("\\([^()]*\\)"), operator_name("operator *[^\\s(]+"),
-        head("^template *<[^{;]*?> (?=[a-z_A-Z])");
+    static const std::regex number("\\(\\s*[0-9][^()]*\\)"), inner("\\([^()]*\\)"),
+        operator_name("operator *[^\\s(]+"), head("^template *<[^{;]*?> (?=[a-z_A-Z])");
     declaration = std::regex_replace(declaration, operator_name, "operator_");
     declaration = std::regex_replace(declaration, number, " = @");
     for (std::string before; before != declaration;) {

@@ -190,7 +190,8 @@ TEST(RoomOrder, ChartAndWorkbookLibrariesStayBehindTheirBindings) {
 // The command line starts without the toolkit: what draws with it is not linked to the commands.
 TEST(RoomOrder, OnlyTheDrawingOfTheCommandLineKnowsTheToolkit) {
     const std::set<std::string> drawing{"cli/toolkit_drawing.cpp", "cli/drawing_main.cpp"};
-    const std::set<std::string> plain{"qt/study_picture.h", "qt/study_workbook.h"};  // declarations that link nothing
+    const std::set<std::string> plain{"qt/study_picture.h",
+                                      "qt/study_workbook.h"};  // declarations that link nothing
     std::vector<std::string> refused;
     for (const Include& include : AllIncludes()) {
         if (HouseOf(include.file) != "cli" || drawing.contains(include.file)) continue;

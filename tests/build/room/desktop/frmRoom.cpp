@@ -3,4 +3,6 @@
 
 #include "ui_frmRoom.h"
 
-frmRoom::frmRoom() { Ui::frmRoom().setupUi(this); }
+frmRoom::frmRoom() {
+    Ui::frmRoom().setupUi(this);
+}
