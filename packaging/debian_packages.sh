@@ -11,7 +11,7 @@ TEST_PACKAGES="libgtest-dev libgmock-dev libx11-dev xvfb xauth openbox xdotool x
     poppler-utils imagemagick python3 python3-jsonschema jq make clang-14 lld
     shared-mime-info desktop-file-utils appstream lintian mandoc zsh fish"
 COVERAGE_PACKAGES="llvm-14 libclang-rt-14-dev"
-ALL_TEST_PACKAGES="libbenchmark-dev clang-tidy libclang-rt-14-dev debootstrap"
+ALL_TEST_PACKAGES="libbenchmark-dev clang-format clang-tidy libclang-rt-14-dev debootstrap"
 
 # Prints those of the packages named that are not installed.
 missing_packages() {
