@@ -8,9 +8,9 @@
 #include <string>
 
 #include "core/graphics/graph_setup.h"
+#include "core/platform/row_sheet.h"
 #include "core/platform/spreadsheet_writer.h"
 #include "qt/study_picture.h"
-#include "qt/study_workbook.h"
 
 namespace tarvokol::cli {
 
@@ -32,7 +32,7 @@ class Drawing {
     virtual void DrawStudy(const std::string& path, const CurvesPicture& picture) = 0;
     virtual void DrawStudy(const std::string& path, const MapPicture& picture) = 0;
     virtual void DrawStudy(const std::string& path, const SpreadPicture& picture) = 0;
-    virtual std::unique_ptr<StudyWorkbook> RowWorkbook(const std::string& path) = 0;
+    virtual std::unique_ptr<RowSheet> RowWorkbook(const std::string& path) = 0;
 };
 
 // The drawing of this program. The one that has none does not return: it becomes its sibling, which begins

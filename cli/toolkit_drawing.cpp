@@ -9,6 +9,7 @@
 #include "qt/plan_export.h"
 #include "qt/qt_printer.h"
 #include "qt/qt_screen_fonts.h"
+#include "qt/study_workbook.h"
 #include "qt/xlsx_writer.h"
 
 namespace tarvokol::cli {
@@ -80,7 +81,7 @@ void ToolkitDrawing::DrawStudy(const std::string& path, const SpreadPicture& pic
     DrawWithToolkit(path, picture);
 }
 
-std::unique_ptr<StudyWorkbook> ToolkitDrawing::RowWorkbook(const std::string& path) {
+std::unique_ptr<RowSheet> ToolkitDrawing::RowWorkbook(const std::string& path) {
     return std::make_unique<StudyWorkbook>(path);
 }
 

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "core/platform/row_sheet.h"
+
 struct lxw_workbook;
 struct lxw_worksheet;
 struct lxw_format;
@@ -15,21 +17,19 @@ namespace tarvokol {
 
 // One sheet with a bold header that stays in view. Cells follow one another to the right; EndRow begins the
 // next row. A file that cannot be written raises the error of the file system. The library's scratch stands beside the
-// workbook. The functions are virtual so that who is only handed one links no workbook library.
-class StudyWorkbook {
+// workbook.
+class StudyWorkbook : public RowSheet {
   public:
     explicit StudyWorkbook(const std::string& path);
-    virtual ~StudyWorkbook();
+    ~StudyWorkbook() override;
     StudyWorkbook(const StudyWorkbook&) = delete;
     StudyWorkbook& operator=(const StudyWorkbook&) = delete;
 
-    virtual void AddTitles(const std::vector<std::string>& titles);
-    virtual void AddNumber(double value);  // a NaN leaves the cell empty
-    virtual void AddText(const std::string& text);
-    virtual void EndRow();
-
-    // Writes the workbook to its end and reads it back: "Disk full" for one that is not whole.
-    virtual void Finish();
+    void AddTitles(const std::vector<std::string>& titles) override;
+    void AddNumber(double value) override;
+    void AddText(const std::string& text) override;
+    void EndRow() override;
+    void Finish() override;
 
   private:
     void CountCell(int result);

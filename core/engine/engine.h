@@ -36,6 +36,7 @@
 
 #include "core/engine/curve_range.h"
 #include "core/engine/curve_table.h"
+#include "core/engine/factor_parts.h"
 #include "core/engine/panel.h"
 #include "core/engine/panel_analysis.h"
 #include "core/engine/panel_check.h"
@@ -82,29 +83,9 @@ Analysis Analyse(const CheckedPanel& panel);
 
 // The three factors alone, to the bit those of the analysis, for whoever calculates a million panels: no array
 // is filled and nothing is asked of the heap. Raises the errors of Check and Analyse.
-struct PanelFactors {
-    double overall = 0;
-    double webs_only = 0;
-    double barrier = 0;
-};
 std::variant<PanelFactors, Refusal> FactorsOf(const Panel& panel);
 
-// What the factors have before the depth of cover comes in, for whoever calculates panels that differ in it alone.
-struct FactorParts {
-    bool ordinary = false;  // no figure but the depth can lead out of the range of a double
-    double angle = 0;       // degrees, of `tangent`
-    double tangent = 0;
-    double barrier = 0;   // widths
-    double span = 0;      // of holes and webs
-    double width = 0;     // of span and barrier
-    double pitch = 0;     // of a hole and a web
-    double capacity = 0;  // of all pillars
-    double web_capacity = 0;
-    double barrier_capacity = 0;  // for a unit of length
-};
-// Renews the parts for a panel; the tangent stays where the angle does.
-void RenewParts(const Panel& panel, FactorParts& parts);
-// The factors of that panel, or of one that differs in the depth alone.
+// The factors of the panel whose parts these are (RenewParts), or of one that differs from it in the depth alone.
 std::variant<PanelFactors, Refusal> FactorsOf(const Panel& panel, const FactorParts& parts);
 
 // An analysis for a report: forces and stresses in output units, and their labels (" (tons)", " (psi)").

@@ -7,17 +7,8 @@
 namespace tarvokol {
 namespace {
 
-// Between these figures no product of the analysis comes near the range of a double or of a single, and
-// nothing is refused.
-constexpr double kLeast = 1e-9;
-constexpr double kMost = 1e9;
-
 constexpr double kFullTurn = 360.0;
 constexpr int kFewestHoles = 2;
-
-bool IsOrdinary(double figure) {
-    return figure >= kLeast && figure <= kMost;
-}
 
 bool IsOrdinaryButDepth(const Panel& p) {
     return IsOrdinary(p.Height) && IsOrdinary(p.HoleWidth) && IsOrdinary(p.CrosscutSpacing) &&
@@ -48,22 +39,11 @@ void FillParts(const Panel& p, FactorParts& parts) {
     parts.web_capacity = length * web * StrengthOfPillar(strength, web, p.Height, length);
     parts.capacity = PanelCapacity(barrier_capacity, parts.web_capacity, p.NumberHoles);
     parts.barrier_capacity = barrier_capacity / length;
-    if (parts.angle == p.AbutmentAngle) return;
-    parts.tangent = Tangent(p.AbutmentAngle * RadiansPerDegree);
+    parts.unit_weight = p.UnitWeight;
+    parts.length = length;
+    if (parts.angle != p.AbutmentAngle) parts.tangent = Tangent(p.AbutmentAngle * RadiansPerDegree);
     parts.angle = p.AbutmentAngle;
-}
-
-PanelFactors FactorsOfOrdinary(const Panel& p, const FactorParts& parts) {
-    const double depth = p.DepthCover;
-    const double column = p.UnitWeight * depth * p.CrosscutSpacing;
-    const double side = SideLoad(parts.span, parts.tangent, depth, p.UnitWeight);
-    const double barrier_load = 2.0 * side + p.UnitWeight * depth * parts.barrier;
-
-    PanelFactors factors;
-    factors.overall = Divide(parts.capacity, parts.width * column);
-    factors.webs_only = Divide(parts.web_capacity, column * parts.pitch);
-    factors.barrier = Checked(Divide(parts.barrier_capacity, barrier_load));
-    return factors;
+    parts.hung = Squared(parts.span) / (8.0 * parts.tangent);
 }
 
 // Whatever is out of the ordinary goes the long road, which tells refusals and errors in their order.
@@ -84,8 +64,9 @@ void RenewParts(const Panel& panel, FactorParts& parts) {
 }
 
 std::variant<PanelFactors, Refusal> FactorsOf(const Panel& panel, const FactorParts& parts) {
-    if (!parts.ordinary || !IsOrdinary(panel.DepthCover)) return FactorsOfAnalysis(panel);
-    return FactorsOfOrdinary(panel, parts);
+    PanelFactors factors;
+    if (PlainFactors(parts, panel.DepthCover, factors)) return factors;
+    return FactorsOfAnalysis(panel);
 }
 
 std::variant<PanelFactors, Refusal> FactorsOf(const Panel& panel) {

@@ -58,7 +58,7 @@ PanelEvaluator::PanelEvaluator(const Panel& project, bool sizes)
     for (int field = 0; sizes_ && field < kStudyFields; ++field) TakeTyped(static_cast<StudyField>(field));
 }
 
-void PanelEvaluator::Set(StudyField field, double value) {
+void PanelEvaluator::SetInFull(StudyField field, double value) {
     Store(field, value);
     if (field != StudyField::DepthCover) parts_known_ = false;
     if (sizes_) TakeTyped(field);
@@ -146,23 +146,24 @@ void PanelEvaluator::AddMessage(const std::string& text) {
     figures_.message += text;
 }
 
-const PanelFigures& PanelEvaluator::Evaluate() {
+void PanelEvaluator::EvaluateInFull() {
     ForgetFigures(figures_);
+    figures_plain_ = false;
     try {
-        if (!CalculateFactors()) return figures_;
+        if (!CalculateFactors()) return;
     } catch (const RunTimeError& error) {
         ForgetFigures(figures_);
         figures_.refused = true;
         figures_.message = error.text;
-        return figures_;
+        return;
     }
-    if (!sizes_) return figures_;
+    figures_plain_ = !sizes_;
+    if (!sizes_) return;
     try {
         CalculateSizes();
     } catch (const RunTimeError& error) {
         AddMessage(error.text);
     }
-    return figures_;
 }
 
 // False if the check refuses the panel.

@@ -29,15 +29,35 @@ class PanelEvaluator {
 
     // Gives a field a value in the project's units, stored as the project record stores it. Raises "Overflow"
     // for one that it cannot hold (see FitsField).
-    void Set(StudyField field, double value);
+    void Set(StudyField field, double value) {
+        if (field == StudyField::DepthCover && !sizes_)
+            panel_.DepthCover = value;
+        else
+            SetInFull(field, value);
+    }
 
     const Panel& Inputs() const { return panel_; }
 
     // The figures of the panel as it stands: the factors of an analysis, the sizes of the button "Size
     // pillars".
-    const PanelFigures& Evaluate();
+    const PanelFigures& Evaluate() {
+        if (!EvaluatePlainly()) EvaluateInFull();
+        return figures_;
+    }
 
   private:
+    void SetInFull(StudyField field, double value);
+    // A grid has its million panels here: nothing but the depth has changed, and nothing is out of the ordinary.
+    bool EvaluatePlainly() {
+        PanelFactors factors;
+        if (!figures_plain_ || !parts_known_ || !PlainFactors(parts_, panel_.DepthCover, factors))
+            return false;
+        figures_.Overall = factors.overall;
+        figures_.WebsOnly = factors.webs_only;
+        figures_.BarrierPillar = factors.barrier;
+        return true;
+    }
+    void EvaluateInFull();
     void Store(StudyField field, double value);
     void TakeTyped(StudyField field);
     bool CalculateFactors();
@@ -51,6 +71,7 @@ class PanelEvaluator {
     FactorParts parts_;
     double extraction_ratio_ = 0;
     bool parts_known_ = false;
+    bool figures_plain_ = false;  // no message, no size stands in `figures_`
     PanelFigures figures_;
 };
 
