@@ -74,24 +74,21 @@ class FocusSelector : public QObject {
 // Shows the head of a text that somebody else than the user put into a box, and of every text that is left.
 class HeadShower : public QObject {
   public:
-    explicit HeadShower(QLineEdit& box) : QObject(&box), box_(box) {
-        connect(&box, &QLineEdit::textChanged, this, &HeadShower::ShowUnlessEdited);
+    explicit HeadShower(QLineEdit& box) : QObject(&box) {
+        connect(&box, &QLineEdit::textChanged, this, [&box] {
+            if (box.window()->focusWidget() != &box) box.home(false);
+        });
         box.installEventFilter(this);
         if (!box.hasSelectedText()) box.home(false);
     }
 
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::FocusOut && !IsPassing(static_cast<QFocusEvent*>(event)->reason()))
-            box_.home(false);
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::FocusOut || IsPassing(static_cast<QFocusEvent*>(event)->reason()))
+            return false;
+        // A box that goes with its form loses the focus when no text box is left of it.
+        if (auto* box = qobject_cast<QLineEdit*>(watched)) box->home(false);
         return false;
     }
-
-  private:
-    void ShowUnlessEdited() {
-        if (box_.window()->focusWidget() != &box_) box_.home(false);
-    }
-
-    QLineEdit& box_;
 };
 
 // Digits that a box shows: what it takes at the most, else those of an ordinary figure.
