@@ -53,21 +53,23 @@ void Try(const std::string& path, const Step& step) {
     AbandonAllFiles();
 }
 
-void RequireReadable(const cli::Json& object) {
-    const std::string line = cli::JsonLine(object);
-    if (line.empty() || line.back() != '\n') std::abort();
-    if (cli::Json::parse(line).dump() != cli::Json::parse(cli::JsonLine(cli::Json::parse(line))).dump())
-        std::abort();
+// What is written as text must be JSON, the same that the JSON library makes of it, to the last figure and letter.
+void RequireReadable(const std::string& text) {
+    const cli::Json read = cli::Json::parse(text, nullptr, false);
+    if (read.is_discarded() || cli::Json::parse(cli::JsonLine(read)) != read) std::abort();
 }
 
 void Report() {
-    RequireReadable(cli::ProjectJson());
+    RequireReadable(cli::ProjectJson().Object());
+    RequireReadable(cli::ProjectUnitsJson().Object());
     if (!PrepareWorkingParameters()) return;
     RunStabilityAnalysis();
     WriteStabilitySection();
     WritePillarSection();
     LoadOutBuf0(LastOutputPage);
-    RequireReadable(cli::Json{OutputBuffers[0], OutputBuffers[1], OutputBuffers[2]});
+    cli::JsonMembers pages;
+    pages.Add("pages", std::vector<std::string>{OutputBuffers[0], OutputBuffers[1], OutputBuffers[2]});
+    RequireReadable(pages.Object());
 }
 
 void Plan(bool preview) {
