@@ -19,7 +19,7 @@ namespace tarvokol {
 namespace {
 
 constexpr int kUpdateMilliseconds = 20000;
-constexpr std::size_t kLargestList = 16 * 1024 * 1024;  // bytes of a list of default programs
+constexpr std::size_t kLargestList = std::size_t{16} * 1024 * 1024;  // bytes of a list of default programs
 
 constexpr const char* kDefaults = "[Default Applications]";
 constexpr const char* kRemoved = "[Removed Associations]";

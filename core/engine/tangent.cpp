@@ -40,8 +40,8 @@ Reduced Reduce(double x) {
 
 // The entry of the tables next to an angle that is not negative.
 int NearestStep(const DoublePair& angle) {
-    return static_cast<int>(angle.high * kSteps +
-                            0.5);  // NOLINT(bugprone-incorrect-roundings): lround is a call
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings): lround is a call, and any near step will do
+    return static_cast<int>(angle.high * kSteps + 0.5);
 }
 
 // tan(c + r) for an entry T = tan c of the table: T + t (1 + T^2) + t^2 T (1 + T^2) / (1 - T t), t = tan r.
