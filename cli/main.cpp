@@ -6,6 +6,7 @@
 #include <iostream>
 #include <system_error>
 
+#include <sys/auxv.h>
 #include <unistd.h>
 
 #include "cli/command_line.h"
@@ -20,12 +21,22 @@ constexpr const char* kSibling = "tarvokol-cli-drawing";
 // What the sibling begins with.
 char** arguments = nullptr;
 
+// The folder of this program, empty if it does not know its own place. A system without /proc, as a bare chroot is, has the
+// path by which the program was started.
+std::filesystem::path OwnFolder() {
+    std::error_code failure;
+    auto program = std::filesystem::read_symlink("/proc/self/exe", failure);
+    const auto* started = reinterpret_cast<const char*>(::getauxval(AT_EXECFN));
+    if (failure && started != nullptr) program = std::filesystem::canonical(started, failure);
+    return failure ? std::filesystem::path() : program.parent_path();
+}
+
 // Beside this program, as in a build, or where an installation keeps it. Nowhere for a program that does not know its own
 // place: the sibling is never taken from the current folder.
 std::filesystem::path SiblingPath() {
     std::error_code failure;
-    const auto folder = std::filesystem::read_symlink("/proc/self/exe", failure).parent_path();
-    if (failure || folder.empty()) return {};
+    const std::filesystem::path folder = OwnFolder();
+    if (folder.empty()) return {};
     for (const auto& place : {folder, folder / TARVOKOL_LIBEXEC_FROM_BIN})
         if (std::filesystem::is_regular_file(place / kSibling, failure)) return place / kSibling;
     return {};
