@@ -98,7 +98,7 @@ work_in_windows() {
     eventually "main window" is_active '*Contour_Bench_Shallow.TKL*' || return
     [ -s "$root$example" ] || fail "the example projects are not in the home"
     press F1
-    eventually "help" is_active 'TARVO-KOL Help - TARVO-KOL Help'
+    eventually "help" is_active 'TARVO-KOL Help'
     press alt+F4
     eventually "main window after help" is_active '*Contour_Bench_Shallow.TKL*'
     press alt+h p
