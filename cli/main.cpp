@@ -26,6 +26,7 @@ char** arguments = nullptr;
 std::filesystem::path OwnFolder() {
     std::error_code failure;
     auto program = std::filesystem::read_symlink("/proc/self/exe", failure);
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the system hands the address over as a number
     const auto* started = reinterpret_cast<const char*>(::getauxval(AT_EXECFN));
     if (failure && started != nullptr) program = std::filesystem::canonical(started, failure);
     return failure ? std::filesystem::path() : program.parent_path();
