@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "core/engine/panel.h"
+#include "core/engine/panel_formulas.h"
 
 namespace tarvokol {
 
@@ -23,7 +24,7 @@ struct FactorParts {
     double length = 0;    // of a pillar
     double barrier = 0;   // widths
     double span = 0;      // of holes and webs
-    double hung = 0;      // what the cut-off wedge over the span lacks, for a unit of weight
+    double cut_off = 0;   // the CutOffPart of the span
     double width = 0;     // of span and barrier
     double pitch = 0;     // of a hole and a web
     double capacity = 0;  // of all pillars
@@ -47,9 +48,8 @@ inline bool PlainFactors(const FactorParts& parts, double depth, PanelFactors& f
     if (!parts.ordinary || !IsOrdinary(depth)) return false;
     const double stress = parts.unit_weight * depth;
     const double column = stress * parts.length;
-    const bool wide = parts.span / 2.0 > depth * parts.tangent;
-    const double side = wide ? depth * depth * parts.tangent * (parts.unit_weight / 2.0)
-                             : (depth * parts.span / 2.0 - parts.hung) * parts.unit_weight;
+    const double side =
+        WedgeLoad(parts.span, parts.tangent, depth, parts.unit_weight, [&] { return parts.cut_off; });
     factors.overall = parts.capacity / (parts.width * column);
     factors.webs_only = parts.web_capacity / (column * parts.pitch);
     factors.barrier = parts.barrier_capacity / (2.0 * side + stress * parts.barrier);

@@ -43,7 +43,7 @@ void FillParts(const Panel& p, FactorParts& parts) {
     parts.length = length;
     if (parts.angle != p.AbutmentAngle) parts.tangent = Tangent(p.AbutmentAngle * RadiansPerDegree);
     parts.angle = p.AbutmentAngle;
-    parts.hung = Squared(parts.span) / (8.0 * parts.tangent);
+    parts.cut_off = CutOffPart(parts.span, parts.tangent);
 }
 
 // Whatever is out of the ordinary goes the long road, which tells refusals and errors in their order.

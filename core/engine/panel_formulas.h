@@ -27,11 +27,22 @@ inline double StrengthOfPillar(double strength, double width, double height, dou
     return width == 0.0 ? 0.0 : result;
 }
 
+// What a wedge that is cut off lacks over a span, for a unit of weight.
+inline double CutOffPart(double span, double tangent) {
+    return Divide(Squared(span), 8.0 * tangent);
+}
+
 // Load of the overburden wedge that hangs over the span from one side: fully developed over a wide span, cut
-// off by the symmetry of the span otherwise, exact equality included.
+// off by the symmetry of the span otherwise, exact equality included. `cut_off` gives the CutOffPart, and is
+// asked only where the wedge is cut off.
+template <typename CutOff>
+double WedgeLoad(double span, double tangent, double depth, double unit_weight, CutOff cut_off) {
+    if (span / 2.0 > depth * tangent) return Squared(depth) * tangent * (unit_weight / 2.0);
+    return (depth * span / 2.0 - cut_off()) * unit_weight;
+}
+
 inline double SideLoad(double span, double tangent, double depth, double unit_weight) {
-    if (span / 2.0 > depth * tangent) return Checked(Squared(depth) * tangent * (unit_weight / 2.0));
-    return Checked((depth * span / 2.0 - Divide(Squared(span), 8.0 * tangent)) * unit_weight);
+    return Checked(WedgeLoad(span, tangent, depth, unit_weight, [=] { return CutOffPart(span, tangent); }));
 }
 
 }  // namespace tarvokol
