@@ -5,29 +5,13 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/worked_panel.h"
+
 namespace tarvokol {
 namespace {
 
-Panel ShallowPanel() {
-    Panel panel;
-    panel.Height = 10;
-    panel.DepthCover = 100;
-    panel.HoleWidth = 10;
-    panel.CrosscutSpacing = 1000000;
-    panel.CrosscutAngle = 90;
-    panel.WebThickness = 10;
-    panel.BarrierPillarWidth = 20;
-    panel.NumberHoles = 5;
-    panel.CoalStrength = 900;
-    panel.UnitWeight = 162;
-    panel.AbutmentAngle = 21;
-    panel.SFWeb = 1.6f;
-    panel.SFBarrier = 2.0f;
-    return panel;
-}
-
 TEST(PanelFigures, FactorsSizesAndExtractionOfTheWorkedPanel) {
-    PanelEvaluator evaluator(ShallowPanel(), true);
+    PanelEvaluator evaluator(WorkedPanel(), true);
     const PanelFigures& figures = evaluator.Evaluate();
     EXPECT_NEAR(figures.WebsOnly, 4.7199928, 1e-13);
     EXPECT_NEAR(figures.ExtractionRatio, 100.0 * 50 / 110, 1e-13);
@@ -56,9 +40,9 @@ TEST(PanelFigures, EveryFieldIsSetByItselfAndReadBack) {
         {StudyField::UnitWeight, &Panel::UnitWeight, "Overburden unit weight", "pcf", "kN/m3"},
         {StudyField::AbutmentAngle, &Panel::AbutmentAngle, "Abutment angle", "degrees", "degrees"}};
     for (const SetField& set : kFields) {
-        PanelEvaluator evaluator(ShallowPanel(), false);
+        PanelEvaluator evaluator(WorkedPanel(), false);
         evaluator.Set(set.field, 7.25);
-        Panel expected = ShallowPanel();
+        Panel expected = WorkedPanel();
         expected.*set.doubled = 7.25;
         for (const SetField& other : kFields)
             EXPECT_EQ(evaluator.Inputs().*other.doubled, expected.*other.doubled)
@@ -71,7 +55,7 @@ TEST(PanelFigures, EveryFieldIsSetByItselfAndReadBack) {
 }
 
 TEST(PanelFigures, HolesAndFactorsAreSetByThemselves) {
-    PanelEvaluator evaluator(ShallowPanel(), false);
+    PanelEvaluator evaluator(WorkedPanel(), false);
     evaluator.Set(StudyField::NumberHoles, 7);
     evaluator.Set(StudyField::SFWeb, 1.25);
     evaluator.Set(StudyField::SFBarrier, 2.5);
@@ -86,7 +70,7 @@ TEST(PanelFigures, HolesAndFactorsAreSetByThemselves) {
 }
 
 TEST(PanelFigures, ARefusedPanelHasNoFigureAndItsMessage) {
-    PanelEvaluator evaluator(ShallowPanel(), true);
+    PanelEvaluator evaluator(WorkedPanel(), true);
     evaluator.Set(StudyField::Height, 0);
     const PanelFigures& figures = evaluator.Evaluate();
     EXPECT_TRUE(figures.refused);
@@ -100,7 +84,7 @@ TEST(PanelFigures, ARefusedPanelHasNoFigureAndItsMessage) {
 }
 
 TEST(PanelFigures, ARunTimeErrorRefusesToo) {
-    PanelEvaluator evaluator(ShallowPanel(), false);
+    PanelEvaluator evaluator(WorkedPanel(), false);
     evaluator.Set(StudyField::NumberHoles, 21);
     EXPECT_EQ(evaluator.Evaluate().message, "Subscript out of range");
     evaluator.Set(StudyField::NumberHoles, 5);
@@ -109,7 +93,7 @@ TEST(PanelFigures, ARunTimeErrorRefusesToo) {
 }
 
 TEST(PanelFigures, TheSolversFailureIsItsWidthAndItsWords) {
-    PanelEvaluator evaluator(ShallowPanel(), true);
+    PanelEvaluator evaluator(WorkedPanel(), true);
     evaluator.Set(StudyField::UnitWeight, 100000);
     const PanelFigures& figures = evaluator.Evaluate();
     EXPECT_FALSE(figures.refused);
@@ -120,7 +104,7 @@ TEST(PanelFigures, TheSolversFailureIsItsWidthAndItsWords) {
 }
 
 TEST(PanelFigures, TheShortTestOfTheSizesSpeaks) {
-    PanelEvaluator evaluator(ShallowPanel(), true);
+    PanelEvaluator evaluator(WorkedPanel(), true);
     evaluator.Set(StudyField::SFWeb, 0.5);
     const PanelFigures& figures = evaluator.Evaluate();
     EXPECT_EQ(figures.message, "Value '0.5' is outside input range\r\nValid range is: 1-10");

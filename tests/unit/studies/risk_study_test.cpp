@@ -7,29 +7,12 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/support/worked_panel.h"
+
 namespace tarvokol {
 namespace {
 
 constexpr int kWebs = 1;
-
-// Its webs have the factor 471.99928 / depth, and in proportion to the strength.
-Panel WorkedPanel() {
-    Panel panel;
-    panel.Height = 10;
-    panel.DepthCover = 100;
-    panel.HoleWidth = 10;
-    panel.CrosscutSpacing = 1000000;
-    panel.CrosscutAngle = 90;
-    panel.WebThickness = 10;
-    panel.BarrierPillarWidth = 20;
-    panel.NumberHoles = 5;
-    panel.CoalStrength = 900;
-    panel.UnitWeight = 162;
-    panel.AbutmentAngle = 21;
-    panel.SFWeb = 1.6f;
-    panel.SFBarrier = 2.0f;
-    return panel;
-}
 
 RiskResult RunWith(const char* field, unsigned threads = 1) {
     RiskRequest request;
