@@ -43,11 +43,9 @@ int16_t TypedHoles(int16_t holes) {
 bool IsPlainlySizable(const Panel& typed) {
     constexpr float kLowestFactor = 1.0f;
     constexpr float kHighestFactor = 10.0f;
-    constexpr double kLeast = 1e-9;
-    constexpr double kMost = 1e9;
     for (const double figure : {typed.DepthCover, typed.Height, typed.HoleWidth, typed.CoalStrength,
                                 typed.WebThickness, typed.UnitWeight, static_cast<double>(typed.SFBarrier)})
-        if (!(figure >= kLeast && figure <= kMost)) return false;
+        if (!IsOrdinary(figure)) return false;
     return typed.SFWeb >= kLowestFactor && typed.SFWeb <= kHighestFactor;
 }
 
