@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 #include <iostream>
-#include <string>
 
 #include <unistd.h>
 
@@ -54,18 +53,17 @@ void ProgressBar::Advance(std::uint64_t rows) {
 
 void ProgressBar::Show(Clock::time_point now) {
     const double seconds = std::chrono::duration<double>(now - start_).count();
-    const double rate = static_cast<double>(done_) / seconds;
-    std::string line = kClearLine;
-    if (total_ && *total_ > 0) {
-        const double share = static_cast<double>(done_) / static_cast<double>(*total_);
-        const auto filled = static_cast<std::size_t>(std::min(share, 1.0) * kBarLength);
-        line += '[' + std::string(filled, '#') + std::string(kBarLength - filled, ' ') + "] " +
-                std::to_string(std::lround(share * 100.0)) + " %  " + Rate(rate) + "  " +
-                Duration(static_cast<double>(*total_ - std::min(done_, *total_)) / rate);
-    } else {
-        line += std::to_string(done_) + " rows  " + Rate(rate);
-    }
-    std::cerr << line << std::flush;
+    std::cerr << kClearLine << ProgressLine(done_, total_, seconds) << std::flush;
+}
+
+std::string ProgressLine(std::uint64_t done, std::optional<std::uint64_t> total, double seconds) {
+    const double rate = static_cast<double>(done) / seconds;
+    if (!total || *total == 0) return std::to_string(done) + " rows  " + Rate(rate);
+    const double share = static_cast<double>(done) / static_cast<double>(*total);
+    const auto filled = static_cast<std::size_t>(std::min(share, 1.0) * kBarLength);
+    return '[' + std::string(filled, '#') + std::string(kBarLength - filled, ' ') + "] " +
+           std::to_string(std::lround(share * 100.0)) + " %  " + Rate(rate) + "  " +
+           Duration(static_cast<double>(*total - std::min(done, *total)) / rate);
 }
 
 }  // namespace tarvokol::cli

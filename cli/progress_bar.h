@@ -5,8 +5,13 @@
 #include <chrono>
 #include <cstdint>
 #include <optional>
+#include <string>
 
 namespace tarvokol::cli {
+
+// What is shown after `seconds`: a bar, the share, the rate and the time left, or where no total is known the
+// rows and the rate.
+std::string ProgressLine(std::uint64_t done, std::optional<std::uint64_t> total, double seconds);
 
 class ProgressBar {
   public:

@@ -39,7 +39,7 @@ def rooms_of(tree):
     """All rooms, in the order of the floors."""
     tree = Path(tree)
     rooms = [Room("core/" + name, f"^({tests})$") for name, tests in _CORE.items()]
-    rooms.append(Room("cli", "^cli_commands$", "cli"))
+    rooms.append(Room("cli", "^(cli_commands|cli_parts)$", "cli"))
     rooms.append(Room("qt", f"^({_gui_tests(tree, 'qt')})$", "qt"))
     for folder in sorted(path.name for path in (tree / "desktop").iterdir() if path.is_dir()):
         tests = _gui_tests(tree, folder)

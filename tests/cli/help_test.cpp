@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What --help tells of each command, word by word and in its order. How the lines are set out is the library's affair.
+#include "tests/cli/cli_runner.h"
+
+namespace tarvokol {
+namespace {
+
+using Lines = std::vector<std::string>;
+using testing::HasSubstr;
+
+Lines operator+(Lines one, const Lines& other) {
+    one.insert(one.end(), other.begin(), other.end());
+    return one;
+}
+
+// All white space, also the breaks of long lines, becomes one blank.
+std::string OnOneLine(const std::string& text) {
+    std::string line;
+    for (const char c : text) {
+        if (c != ' ' && c != '\n')
+            line += c;
+        else if (!line.empty() && line.back() != ' ')
+            line += ' ';
+    }
+    return line;
+}
+
+const Lines kCommon{"--settings FILE.INI:FILE Configuration file to read (default: the built-in values) ",
+                    "--json Print JSON Lines, one object a FILE ", "-q,--quiet No progress line "};
+const Lines kFiles{"FILE ... REQUIRED Projects; `-` alone reads their paths from standard input "};
+const Lines kProject{"PROJECT REQUIRED The project to start from "};
+const Lines kOverwriting{"--force Replace existing files ",
+                         "--stdin-project The project `-` is read from standard input "};
+const Lines kThreads{"--threads N Threads to calculate on (default: one a core) "};
+const Lines kSizes{"--size The suggested sizes, too: SuggestedWeb and SuggestedBarrier, inches "};
+
+const std::string kFields =
+    "\nFields, in the project's units: Height, DepthCover, HoleWidth, WebThickness, BarrierPillarWidth, "
+    "NumberHoles,\n"
+    "CoalStrength, UnitWeight, AbutmentAngle, SFWeb, SFBarrier.\n\nExamples:\n";
+
+Lines Output(const std::string& what) {
+    return {"-o,--output PATH " + what + "; `-`: standard output "};
+}
+
+Lines Format(const std::string& formats) {
+    return {"--format FORMAT:{" + formats + "} Of standard output, or of the files in a folder "};
+}
+
+class Help : public CliTest {
+  protected:
+    void ExpectTold(const std::vector<std::string>& command, const Lines& lines) const {
+        SCOPED_TRACE(testing::PrintToString(command));
+        const CliAnswer answer = Run(command);
+        EXPECT_EQ(answer.status, 0);
+        EXPECT_EQ(answer.err, "");
+        const std::string told = OnOneLine(answer.out);
+        std::size_t at = 0;
+        for (const std::string& line : lines) {
+            const std::size_t found = told.find(line, at);
+            ASSERT_NE(found, std::string::npos) << line << "\nis not, or in another order, in\n"
+                                                << answer.out;
+            at = found + line.size();
+        }
+    }
+};
+
+TEST_F(Help, ListsTheCommands) {
+    ExpectTold({"--help"},
+               {"Stability design of highwall mining panels, without a window ", "tarvokol-cli [OPTIONS] ",
+                "--version Display program version information and exit ",
+                "results Input check, analysis and report ",
+                "size Suggested web and barrier sizes, of a metric project in inches ",
+                "save Read a project and write it again ",
+                "curve A parametric curve; web and barrier of a metric project in inches ",
+                "plan The panel plan ", "convert Convert a project to the other unit system and save it ",
+                "units The unit calculator ", "settings The effective settings after reading ",
+                "sweep Every combination of the values that fields of a project are given ",
+                "table A table of panels: each row of a CSV file sets some fields of a project ",
+                "risk How likely the factors lie below their targets when figures are uncertain "});
+}
+
+TEST_F(Help, TellsOfReportsAndSizes) {
+    ExpectTold({"results", "--help"}, Lines{"Input check, analysis and report "} + kFiles + kCommon +
+                                          Output("Write the report: .txt, .pdf or .json, or a folder") +
+                                          Format("txt,pdf,json") + kOverwriting);
+    ExpectTold({"size", "--help"}, Lines{"Suggested web and barrier sizes, of a metric project in inches "} +
+                                       kFiles + kCommon + Output("Write the sizes: .json, or a folder") +
+                                       Format("json") + kOverwriting);
+}
+
+TEST_F(Help, TellsOfCurves) {
+    ExpectTold(
+        {"curve", "--help"},
+        Lines{"A parametric curve; web and barrier of a metric project in inches ",
+              "KIND :{sf-height,sf-depth,sf-hole,web,barrier} REQUIRED sf-height, sf-depth, sf-hole, web or "
+              "barrier "} +
+            kFiles + kCommon +
+            Output("Write the curve: .csv, .xlsx, .png, .svg, .pdf or .json, or a folder") +
+            Format("csv,xlsx,png,svg,pdf,json") + kOverwriting);
+}
+
+TEST_F(Help, TellsOfThePlan) {
+    ExpectTold(
+        {"plan", "--help"},
+        Lines{"The panel plan "} + kFiles +
+            Lines{"--mode TEXT:{dimensions,strength,capacity}=dimensions What the pillars' labels show ",
+                  "--view TEXT:{window,preview}=window Drawn as in the plot window or in the parameters "
+                  "dialog "} +
+            kCommon + Output("Write the plan: .svg, .png, .pdf, .csv or .json, or a folder") +
+            Format("svg,png,pdf,csv,json") + kOverwriting);
+}
+
+TEST_F(Help, TellsOfProjectsThatAreWritten) {
+    ExpectTold({"convert", "--help"},
+               Lines{"Convert a project to the other unit system and save it "} + kFiles +
+                   Lines{"--to TEXT:{english,metric} REQUIRED Target unit system "} + kCommon +
+                   Output("The file or folder to write (default: beside the original)") + kOverwriting);
+    ExpectTold({"save", "--help"}, Lines{"Read a project and write it again "} + kFiles + kCommon +
+                                       Output("The file or folder to write (required)") + kOverwriting);
+}
+
+TEST_F(Help, TellsOfUnitsAndSettings) {
+    ExpectTold({"units", "--help"}, Lines{"The unit calculator ",
+                                          "QUANTITY :{length,load,load-grad,stress,stress-grad} REQUIRED "
+                                          "length, load, load-grad, stress or "
+                                          "stress-grad ",
+                                          "UNIT REQUIRED An option caption such as psf or lbsF/ft ",
+                                          "VALUE REQUIRED What would be typed "} +
+                                        kCommon);
+    ExpectTold({"settings", "--help"},
+               Lines{"The effective settings after reading ",
+                     "FILE.INI :FILE Configuration file to read (default: the built-in values) "} +
+                   kCommon);
+}
+
+TEST_F(Help, TellsOfSweeps) {
+    ExpectTold(
+        {"sweep", "--help"},
+        Lines{"Every combination of the values that fields of a project are given "} + kProject + kCommon +
+            Output("Write rows (.csv, .json, .xlsx) or a picture (.png, .svg, .pdf)") +
+            Format("csv,json,xlsx,png,svg,pdf") + kOverwriting + kThreads + kSizes +
+            Lines{"--vary FIELD=VALUES REQUIRED FIELD=FIRST:LAST:STEP, FIELD=FIRST:LAST/COUNT or "
+                  "FIELD=V1,V2,V3; once a field, the last one given runs fastest ",
+                  "--of FIGURE The figure of a picture: Overall (default of a map), WebsOnly, BarrierPillar, "
+                  "ExtractionRatio, SuggestedWeb, SuggestedBarrier "});
+    EXPECT_THAT(
+        Run({"sweep", "--help"}).out,
+        HasSubstr(kFields +
+                  "  tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 > depth.csv\n"
+                  "  tarvokol-cli sweep panel.TKL --vary WebThickness=2:12:0.5 --vary DepthCover=50:400:10 "
+                  "--of WebsOnly -o map.svg\n"
+                  "  tarvokol-cli sweep panel.TKL --vary NumberHoles=5,10,15,20 --size -o sizes.xlsx\n"));
+}
+
+TEST_F(Help, TellsOfTables) {
+    ExpectTold(
+        {"table", "--help"},
+        Lines{"A table of panels: each row of a CSV file sets some fields of a project "} + kProject +
+            Lines{
+                "ROWS.csv REQUIRED The table: a header with names of fields and any other columns; `-` reads "
+                "standard input "} +
+            kCommon + Output("Write the rows: .csv, .json or .xlsx") + Format("csv,json,xlsx") +
+            kOverwriting + kThreads + kSizes);
+    EXPECT_THAT(Run({"table", "--help"}).out,
+                HasSubstr(kFields + "  tarvokol-cli table panel.TKL boreholes.csv > factors.csv\n"
+                                    "  tarvokol-cli table panel.TKL boreholes.csv --size -o factors.xlsx\n"
+                                    "  cut -d, -f1-3 survey.csv | tarvokol-cli table panel.TKL - --json\n"));
+}
+
+TEST_F(Help, TellsOfRisks) {
+    ExpectTold(
+        {"risk", "--help"},
+        Lines{"How likely the factors lie below their targets when figures are uncertain "} + kProject +
+            kCommon + Output("Write the summary (.txt, .json) or a picture (.png, .svg, .pdf)") +
+            Format("txt,json,png,svg,pdf") + kOverwriting + kThreads +
+            Lines{
+                "--random FIELD=DISTRIBUTION REQUIRED FIELD=normal:MEAN:SD, lognormal:MEAN:SD, uniform:LO:HI "
+                "or triangular:LO:MODE:HI; a figure that ends in % is a share of the project's own; once a "
+                "field ",
+                "--correlate A,B=R FIELD,FIELD=R: correlation of a pair of normal fields ",
+                "--samples N Number of samples (default 100000) ",
+                "--seed S Seed of the random numbers (default 1) ",
+                "--plain Independent draws instead of a Latin hypercube ",
+                "--samples-out FILE.csv Write all samples as CSV "});
+    EXPECT_THAT(
+        Run({"risk", "--help"}).out,
+        HasSubstr(kFields +
+                  "  tarvokol-cli risk panel.TKL --random CoalStrength=lognormal:100%:15%\n"
+                  "  tarvokol-cli risk panel.TKL --random CoalStrength=normal:900:135 --random "
+                  "DepthCover=triangular:90%:100%:120% -o risk.png\n"
+                  "  tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --samples 1000000 --json\n"));
+}
+
+}  // namespace
+}  // namespace tarvokol

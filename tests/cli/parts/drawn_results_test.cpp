@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the commands over projects give to be printed or drawn, and under which name.
+#include <gmock/gmock.h>
+
+#include "cli/commands.h"
+#include "tests/cli/parts/recording_drawing.h"
+
+namespace tarvokol::cli {
+namespace {
+
+using testing::AllOf;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class DrawnResults : public DrawnTest {
+  protected:
+    Options Into(const std::string& output) const { return StudyInto(output).common; }
+};
+
+TEST_F(DrawnResults, AReportIsPrintedPageBehindPage) {
+    EXPECT_EQ(RunResults(Into("r.pdf"), Host), 0);
+    ASSERT_EQ(TheRecording().Calls.size(), 1u);
+    const std::string& printed = TheRecording().Calls[0];
+    EXPECT_THAT(printed, AllOf(StartsWith("print r.pdf: TARVOKOL module build: 1.3.02\r\n"),
+                               HasSubstr("[TARVO-KOL STABILITY FACTORS]"), EndsWith("\r\n")));
+    EXPECT_LT(printed.find("[TARVO-KOL STABILITY FACTORS]"), printed.find("[PILLAR PARAMETERS]"));
+}
+
+TEST_F(DrawnResults, ACurveIsDrawnAsItsGraph) {
+    const std::vector<std::pair<std::string, std::string>> graphs{{"sf-height", "curves c.svg stability 0"},
+                                                                  {"sf-depth", "curves c.svg stability 1"},
+                                                                  {"sf-hole", "curves c.svg stability 2"},
+                                                                  {"web", "curves c.svg sizing 0"},
+                                                                  {"barrier", "curves c.svg sizing 1"}};
+    for (const auto& [kind, call] : graphs) {
+        TheRecording() = RecordingDrawing();
+        EXPECT_EQ(RunCurve(Into("c.svg"), Host, kind), 0);
+        EXPECT_THAT(TheRecording().Calls, ElementsAre(call));
+    }
+}
+
+TEST_F(DrawnResults, AWorkbookOfCurvesIsBegunFilledAndFinished) {
+    EXPECT_EQ(RunCurve(Into("c.xlsx"), Host, "sf-height"), 0);
+    const auto& calls = TheRecording().Calls;
+    ASSERT_GT(calls.size(), 4u);
+    EXPECT_THAT(calls[0], StartsWith("workbook c.xlsx"));
+    EXPECT_EQ(calls[1], "begin");
+    EXPECT_EQ(calls[2], "A2 number 3.000000");
+    EXPECT_THAT(calls, Contains("C1 X-coord"));
+    EXPECT_EQ(calls.back(), "show");
+}
+
+TEST_F(DrawnResults, APlanIsDrawnAsInItsWindowOrAsAPreview) {
+    EXPECT_EQ(RunPlan(Into("p.png"), Host, "dimensions", "window"), 0);
+    EXPECT_EQ(RunPlan(Into("q.pdf"), Host, "strength", "preview"), 0);
+    EXPECT_THAT(TheRecording().Calls, ElementsAre("plan p.png window", "plan q.pdf preview"));
+}
+
+TEST_F(DrawnResults, TextsAndTablesAreNotDrawn) {
+    EXPECT_EQ(RunResults(Into("r.txt"), Host), 0);
+    EXPECT_EQ(RunCurve(Into("c.csv"), Host, "web"), 0);
+    EXPECT_EQ(RunCurve(Into("c.json"), Host, "web"), 0);
+    EXPECT_EQ(RunPlan(Into("p.csv"), Host, "dimensions", "window"), 0);
+    EXPECT_TRUE(TheRecording().Calls.empty());
+    EXPECT_THAT(ReadBytes(PathTo("c.csv")), StartsWith("Depth of Cover (ft),Web Thickness (ft)\n"));
+    EXPECT_THAT(ReadBytes(PathTo("p.csv")), HasSubstr("\n" + PathTo("p.TKL") + ",1,Barrier,ft,"));
+}
+
+}  // namespace
+}  // namespace tarvokol::cli

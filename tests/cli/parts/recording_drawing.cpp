@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/cli/parts/recording_drawing.h"
+
+#include <filesystem>
+#include <fstream>
+
+namespace tarvokol::cli {
+namespace {
+
+class RecordingSheet : public RowSheet {
+  public:
+    explicit RecordingSheet(RecordingDrawing& recording, std::string path)
+        : recording_(recording), path_(std::move(path)) {}
+
+    void AddTitles(const std::vector<std::string>& titles) override { recording_.Titles = titles; }
+    void AddNumber(double value) override { row_.emplace_back(value); }
+    void AddText(const std::string& text) override { row_.emplace_back(text); }
+    void EndRow() override {
+        ++recording_.RowCount;
+        if (recording_.KeepRows) recording_.Rows.push_back(row_);
+        row_.clear();
+    }
+    void Finish() override {
+        recording_.Finished = true;
+        std::ofstream(path_) << "workbook";
+    }
+
+  private:
+    RecordingDrawing& recording_;
+    std::string path_;
+    SheetRow row_;
+};
+
+class RecordingWorkbook : public SpreadsheetWriter {
+  public:
+    explicit RecordingWorkbook(RecordingDrawing& recording) : recording_(recording) {}
+
+    void BeginWorkbook() override { recording_.Calls.emplace_back("begin"); }
+    void SetCell(const std::string& address, double value) override {
+        recording_.Calls.push_back(address + " number " + std::to_string(value));
+    }
+    void SetCell(const std::string& address, const std::string& text) override {
+        recording_.Calls.push_back(address + " " + text);
+    }
+    void ShowWorkbook() override { recording_.Calls.emplace_back("show"); }
+
+  private:
+    RecordingDrawing& recording_;
+};
+
+std::string NameOf(const std::string& path) {
+    return std::filesystem::path(path).filename().string();
+}
+
+}  // namespace
+
+void RecordingDrawing::PrintToPdf(const std::string& path, const std::string& text) {
+    Calls.push_back("print " + NameOf(path) + ": " + text);
+}
+
+void RecordingDrawing::DrawCurves(const std::string& path, GraphFamily family, int index) {
+    Calls.push_back("curves " + NameOf(path) +
+                    (family == GraphFamily::Stability ? " stability " : " sizing ") + std::to_string(index));
+}
+
+std::unique_ptr<SpreadsheetWriter> RecordingDrawing::CurveWorkbook(const std::string& path) {
+    Calls.push_back("workbook " + NameOf(path));
+    return std::make_unique<RecordingWorkbook>(*this);
+}
+
+void RecordingDrawing::DrawPlan(const std::string& path, bool preview) {
+    Calls.push_back("plan " + NameOf(path) + (preview ? " preview" : " window"));
+}
+
+void RecordingDrawing::DrawStudy(const std::string& path, const CurvesPicture& picture) {
+    Paths.push_back(path);
+    Curves.push_back(picture);
+}
+
+void RecordingDrawing::DrawStudy(const std::string& path, const MapPicture& picture) {
+    Paths.push_back(path);
+    Maps.push_back(picture);
+}
+
+void RecordingDrawing::DrawStudy(const std::string& path, const SpreadPicture& picture) {
+    Paths.push_back(path);
+    Spreads.push_back(picture);
+}
+
+std::unique_ptr<RowSheet> RecordingDrawing::RowWorkbook(const std::string& path) {
+    Paths.push_back(path);
+    return std::make_unique<RecordingSheet>(*this, path);
+}
+
+RecordingDrawing& TheRecording() {
+    static RecordingDrawing recording;
+    return recording;
+}
+
+Drawing& TheDrawing() {
+    return TheRecording();
+}
+
+DrawnTest::DrawnTest() {
+    TheRecording() = RecordingDrawing();
+    WriteProject("p.TKL",
+                 "10\r\n100\r\n10\r\n10\r\n20\r\n 5 \r\n90\r\n1000000\r\n900\r\n162\r\n21\r\n1.6\r\n2\r\n0");
+}
+
+std::string DrawnTest::WriteProject(const std::string& name, const std::string& figures, int units,
+                                    const std::string& title) const {
+    WriteBytes(PathTo(name), "TARVOKOL_101\r\n " + std::to_string(units) + " \r\n" + title +
+                                 "\r\n##StartDesc##\r\n##EndDesc##\r\n" + figures + "\r\n");
+    return PathTo(name);
+}
+
+StudyOptions DrawnTest::StudyInto(const std::string& output) const {
+    StudyOptions options;
+    options.project = PathTo("p.TKL");
+    options.common.files = {options.project};
+    options.common.output = PathTo(output);
+    options.common.quiet = true;
+    options.threads = 2;
+    return options;
+}
+
+std::string DrawnTest::RefusalOf(const std::function<int()>& study) {
+    try {
+        study();
+        return "";
+    } catch (const UsageError& error) {
+        return error.text;
+    }
+}
+
+}  // namespace tarvokol::cli

@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the studies give to be drawn. The webs of the worked panel have the factor 471.99928 / depth by hand; in
+// webs of 20 and 30 ft it is 9.17329493... and 13.5599028 under 100 ft.
+#include <cmath>
+
+#include <gmock/gmock.h>
+
+#include "cli/commands.h"
+#include "tests/cli/parts/recording_drawing.h"
+
+namespace tarvokol::cli {
+namespace {
+
+using testing::DoubleNear;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class StudyPictures : public DrawnTest {
+  protected:
+    StudyOptions Sweep(const std::vector<std::string>& vary, const std::string& of = "") const {
+        StudyOptions options = StudyInto("picture.svg");
+        options.vary = vary;
+        options.of = of;
+        return options;
+    }
+    CurvesPicture CurvesOf(const StudyOptions& options) {
+        EXPECT_EQ(RunSweep(options, Host), 0);
+        EXPECT_EQ(TheRecording().Curves.size(), 1u);
+        CurvesPicture picture = TheRecording().Curves.at(0);
+        TheRecording().Curves.clear();
+        return picture;
+    }
+    MapPicture MapOf(const StudyOptions& options) {
+        EXPECT_EQ(RunSweep(options, Host), 0);
+        EXPECT_EQ(TheRecording().Maps.size(), 1u);
+        MapPicture picture = TheRecording().Maps.at(0);
+        TheRecording().Maps.clear();
+        return picture;
+    }
+    SpreadPicture SpreadOf(const std::string& random, const std::string& samples) {
+        StudyOptions options = StudyInto("risk.svg");
+        options.random = {random};
+        options.samples = samples;
+        EXPECT_EQ(RunRiskCommand(options, Host), 0);
+        EXPECT_EQ(TheRecording().Spreads.size(), 1u);
+        return TheRecording().Spreads.at(0);
+    }
+    std::string Refusal(const StudyOptions& options) {
+        const std::string text = RefusalOf([&] { return RunSweep(options, Host); });
+        EXPECT_THAT(TheRecording().Paths, IsEmpty());
+        return text;
+    }
+};
+
+void ExpectTitles(const PictureTitles& titles, const std::string& title, const std::string& x,
+                  const std::string& y) {
+    EXPECT_EQ(titles.title, title);
+    EXPECT_EQ(titles.x, x);
+    EXPECT_EQ(titles.y, y);
+}
+
+TEST_F(StudyPictures, OneFieldGivesTheCurvesOfTheThreeFactorsWithTheirTargets) {
+    const CurvesPicture picture = CurvesOf(Sweep({"DepthCover=100,200"}));
+    EXPECT_THAT(TheRecording().Paths, ElementsAre(PathTo("picture.svg")));
+    ExpectTitles(picture.titles, "Ridge Panel 4", "Depth of cover (ft)", "Stability factor");
+    EXPECT_THAT(picture.x, ElementsAre(100, 200));
+    ASSERT_EQ(picture.curves.size(), 3u);
+    EXPECT_EQ(picture.curves[0].name, "Overall");
+    EXPECT_EQ(picture.curves[1].name, "Webs ONLY");
+    EXPECT_EQ(picture.curves[2].name, "Barrier Pillar");
+    EXPECT_EQ(picture.curves[0].y.size(), 2u);
+    EXPECT_NEAR(picture.curves[0].y[0], 5.934529745454546, 1e-13);
+    EXPECT_THAT(picture.curves[1].y, ElementsAre(DoubleNear(4.7199928, 1e-13), DoubleNear(2.3599964, 1e-13)));
+    EXPECT_NEAR(picture.curves[2].y[0], 4.713406400915023, 1e-13);
+    ASSERT_EQ(picture.targets.size(), 3u);
+    EXPECT_EQ(picture.targets[0].name, "Target");
+    EXPECT_EQ(picture.targets[0].value, 1);
+    EXPECT_EQ(picture.targets[1].name, "Target SFWeb");
+    EXPECT_EQ(picture.targets[1].value, double{1.6f});
+    EXPECT_EQ(picture.targets[2].name, "Target SFBarrier");
+    EXPECT_EQ(picture.targets[2].value, 2);
+}
+
+TEST_F(StudyPictures, AFigureThatIsAskedForIsTheOnlyCurve) {
+    struct Case {
+        const char* of;
+        const char* legend;
+        const char* title;
+        double value;
+        const char* target;  // none where it is null
+    };
+    const double ratio = 100.0 * 50 / 110;  // 5 holes of 10 beside 4 webs of 10 and a barrier of 20
+    for (const Case& one :
+         {Case{"overall", "Overall", "Stability factor \"Overall\"", 5.934529745454546, "Target"},
+          {"WEBSONLY", "Webs ONLY", "Stability factor \"Webs ONLY\"", 4.7199928, "Target SFWeb"},
+          {"BarrierPillar", "Barrier Pillar", "Stability factor \"Barrier Pillar\"", 4.713406400915023,
+           "Target SFBarrier"},
+          {"ExtractionRatio", "Extraction ratio", "Extraction ratio (percent)", ratio, nullptr},
+          {"SuggestedWeb", "Suggested web", "Suggested web (in)", 38.9991340637207, nullptr},
+          {"SuggestedBarrier", "Suggested barrier", "Suggested barrier (in)", 122.40354919433594, nullptr}}) {
+        SCOPED_TRACE(one.of);
+        StudyOptions options = Sweep({"DepthCover=100"}, one.of);
+        options.sizes = true;
+        const CurvesPicture picture = CurvesOf(options);
+        EXPECT_EQ(picture.titles.y, one.title);
+        ASSERT_EQ(picture.curves.size(), 1u);
+        EXPECT_EQ(picture.curves[0].name, one.legend);
+        EXPECT_THAT(picture.curves[0].y, ElementsAre(DoubleNear(one.value, 1e-5)));
+        ASSERT_EQ(picture.targets.size(), one.target != nullptr ? 1u : 0u);
+        if (one.target != nullptr) {
+            EXPECT_EQ(picture.targets[0].name, one.target);
+        }
+    }
+}
+
+TEST_F(StudyPictures, SizesHaveToBeAskedForWithTheirFigure) {
+    EXPECT_EQ(Refusal(Sweep({"DepthCover=100"}, "SuggestedWeb")), "--of SuggestedWeb: needs --size");
+    EXPECT_EQ(Refusal(Sweep({"DepthCover=100"}, "suggestedbarrier")), "--of suggestedbarrier: needs --size");
+    EXPECT_EQ(
+        Refusal(Sweep({"DepthCover=100"}, "Web")),
+        "--of: unknown figure \"Web\"; the figures are Overall, WebsOnly, BarrierPillar, ExtractionRatio, "
+        "SuggestedWeb, SuggestedBarrier");
+}
+
+TEST_F(StudyPictures, TwoFieldsGiveAMapWithTheFirstFromLeftToRight) {
+    const MapPicture picture = MapOf(Sweep({"WebThickness=10,20,30", "DepthCover=100,200"}, "WebsOnly"));
+    ExpectTitles(picture.titles, "Ridge Panel 4", "Web thickness (ft)", "Depth of cover (ft)");
+    EXPECT_EQ(picture.value_name, "Stability factor \"Webs ONLY\"");
+    EXPECT_EQ(picture.target.name, "Target SFWeb");
+    EXPECT_EQ(picture.target.value, double{1.6f});
+    EXPECT_THAT(picture.grid.x, ElementsAre(10, 20, 30));
+    EXPECT_THAT(picture.grid.y, ElementsAre(100, 200));
+    const std::vector<double> under_100{4.7199928, 9.17329493333333, 13.5599028};
+    ASSERT_EQ(picture.grid.values.size(), 6u);
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_NEAR(picture.grid.At(i, 0), under_100[i], 1e-13);
+        EXPECT_NEAR(picture.grid.At(i, 1), under_100[i] / 2, 1e-13);
+    }
+}
+
+TEST_F(StudyPictures, AMapShowsTheWholePanelUnlessAFigureIsAskedFor) {
+    const MapPicture whole = MapOf(Sweep({"WebThickness=10,20", "DepthCover=100,200"}));
+    EXPECT_EQ(whole.value_name, "Stability factor \"Overall\"");
+    EXPECT_EQ(whole.target.name, "Target");
+    EXPECT_EQ(whole.target.value, 1);
+    EXPECT_NEAR(whole.grid.At(0, 0), 5.934529745454546, 1e-13);
+    const MapPicture ratio = MapOf(Sweep({"WebThickness=10,20", "DepthCover=100,200"}, "ExtractionRatio"));
+    EXPECT_EQ(ratio.value_name, "Extraction ratio (percent)");
+    EXPECT_EQ(ratio.target.name, "");
+    EXPECT_TRUE(std::isnan(ratio.target.value));
+}
+
+TEST_F(StudyPictures, AMapHasTwoFieldsWithTwoValuesOrMoreAndNotTooMany) {
+    const std::string two = "-o: a map needs two values or more of each field";
+    EXPECT_EQ(Refusal(Sweep({"WebThickness=10", "DepthCover=100,200"})), two);
+    EXPECT_EQ(Refusal(Sweep({"WebThickness=10,20", "DepthCover=100"})), two);
+    EXPECT_EQ(Refusal(Sweep({"WebThickness=10:20/2001", "DepthCover=100:200/2000"})),
+              "-o: a map of more than 4000000 panels; give larger steps");
+    EXPECT_EQ(
+        Refusal(Sweep({"WebThickness=10,20", "DepthCover=100,200", "Height=8,9"})),
+        "-o: a picture shows one field (curves) or two (a map), not 3; write .csv, .json or .xlsx, or vary "
+        "fewer fields");
+}
+
+TEST_F(StudyPictures, AMetricProjectWithoutATitleGivesItsPathAndItsUnits) {
+    const std::string path = WriteProject(
+        "m.TKL", "3\r\n30\r\n3\r\n3\r\n6\r\n 5 \r\n90\r\n1000000\r\n6.2\r\n25.4\r\n21\r\n1.6\r\n2\r\n0", 1,
+        "");
+    StudyOptions options = Sweep({"CoalStrength=5,6"});
+    options.project = path;
+    ExpectTitles(CurvesOf(options).titles, path, "In situ coal strength (MPa)", "Stability factor");
+    options.vary = {"NumberHoles=5,6", "UnitWeight=25,26"};
+    ExpectTitles(MapOf(options).titles, path, "Number of holes", "Overburden unit weight (kN/m3)");
+}
+
+TEST_F(StudyPictures, ARiskGivesTheSortedFactorsWithTheirTargets) {
+    const SpreadPicture picture = SpreadOf("DepthCover=uniform:200:400", "50");
+    EXPECT_EQ(picture.title, "Ridge Panel 4");
+    EXPECT_THAT(TheRecording().Paths, ElementsAre(PathTo("risk.svg")));
+    ASSERT_EQ(picture.panels.size(), 3u);
+    const char* const names[] = {"Stability factor \"Overall\"", "Stability factor \"Webs ONLY\"",
+                                 "Stability factor \"Barrier Pillar\""};
+    const std::vector<std::vector<double>> targets{{1}, {double{1.6f}, 1}, {2, 1}};
+    for (std::size_t i = 0; i < 3; ++i) {
+        const SpreadPanel& panel = picture.panels[i];
+        EXPECT_EQ(panel.name, names[i]);
+        EXPECT_EQ(panel.sorted.size(), 50u);
+        EXPECT_TRUE(std::is_sorted(panel.sorted.begin(), panel.sorted.end()));
+        ASSERT_EQ(panel.targets.size(), targets[i].size());
+        for (std::size_t j = 0; j < targets[i].size(); ++j) {
+            EXPECT_EQ(panel.targets[j].name, "Target");
+            EXPECT_EQ(panel.targets[j].value, targets[i][j]);
+        }
+    }
+    // One sample in each fiftieth of 200 to 400 ft.
+    EXPECT_GT(picture.panels[1].sorted.front(), 471.99928 / 400);
+    EXPECT_LT(picture.panels[1].sorted.front(), 471.99928 / 396);
+    EXPECT_LT(picture.panels[1].sorted.back(), 471.99928 / 200);
+}
+
+// Heights of -1 to 3: a quarter is not above 0.
+TEST_F(StudyPictures, RefusedSamplesOfARiskAreNotDrawn) {
+    for (const SpreadPanel& panel : SpreadOf("Height=uniform:-1:3", "40").panels)
+        EXPECT_EQ(panel.sorted.size(), 30u);
+}
+
+}  // namespace
+}  // namespace tarvokol::cli

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The summary of a risk study, line by line and key by key, where its figures follow by hand.
+#include <cmath>
+#include <sstream>
+
+#include "tests/cli/cli_runner.h"
+
+namespace tarvokol {
+namespace {
+
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+
+class RiskWords : public CliTest {
+  protected:
+    CliAnswer Risk(const std::vector<std::string>& more) {
+        std::vector<std::string> arguments{"risk", Project("p.TKL")};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return Run(arguments);
+    }
+    // The figures of the line with this title.
+    static std::vector<double> Line(const std::string& text, const std::string& title) {
+        const std::size_t at = text.find('\n' + title + "  ");
+        EXPECT_NE(at, std::string::npos) << title;
+        if (at == std::string::npos) return {};
+        std::istringstream words(text.substr(at + 1 + title.size()));
+        std::vector<double> figures(3, NAN);
+        for (double& figure : figures) words >> figure;
+        return figures;
+    }
+};
+
+// A strength that does not vary gives the factors of the project. Of two samples none is below a target: Wilson's interval
+// ends at z^2 / (2 + z^2) = 3.841459 / 5.841459.
+TEST_F(RiskWords, OfAFigureThatDoesNotVary) {
+    const CliAnswer answer = Risk({"--random", "CoalStrength=normal:900:0", "--samples", "2"});
+    EXPECT_EQ(answer.status, 0);
+    EXPECT_EQ(answer.err, "");
+    EXPECT_EQ(answer.out,
+              "Ridge Panel 4\n"
+              "\n"
+              "CoalStrength        normal:900:0\n"
+              "2 samples (Latin hypercube), seed 1, 0 refused\n"
+              "\n"
+              "Factor                                   Overall      WebsOnly BarrierPillar\n"
+              "Mean                                      5.9345          4.72        4.7134\n"
+              "Standard deviation                             0             0             0\n"
+              "1 % of samples below                      5.9345          4.72        4.7134\n"
+              "5 % of samples below                      5.9345          4.72        4.7134\n"
+              "10 % of samples below                     5.9345          4.72        4.7134\n"
+              "25 % of samples below                     5.9345          4.72        4.7134\n"
+              "50 % of samples below                     5.9345          4.72        4.7134\n"
+              "75 % of samples below                     5.9345          4.72        4.7134\n"
+              "90 % of samples below                     5.9345          4.72        4.7134\n"
+              "95 % of samples below                     5.9345          4.72        4.7134\n"
+              "99 % of samples below                     5.9345          4.72        4.7134\n"
+              "Target                                         -           1.6             2\n"
+              "Probability below the target                   -             0             0\n"
+              "  95 % interval, from                          -             0             0\n"
+              "  to                                           -       0.65762       0.65762\n"
+              "Probability below 1                            0             0             0\n"
+              "  95 % interval, from                          0             0             0\n"
+              "  to                                     0.65762       0.65762       0.65762\n"
+              "Rank correlation CoalStrength                  -             -             -\n");
+}
+
+// The webs' factor is 471.99928 / depth. Of 200 to 390 ft the lower half gives more than the target of 1.6, which is
+// reached at 294.99955 ft, and the figure below which a share q of the samples lies stands at 390 - 190 q.
+TEST_F(RiskWords, OfADepthThatVaries) {
+    const std::string text =
+        Risk({"--random", "DepthCover=uniform:200:390", "--samples", "20000", "--seed", "7"}).out;
+    EXPECT_THAT(text, HasSubstr("\n20000 samples (Latin hypercube), seed 7, 0 refused\n"));
+    for (const int share : {1, 5, 10, 25, 50, 75, 90, 95, 99})
+        EXPECT_NEAR(Line(text, std::to_string(share) + " % of samples below")[1],
+                    471.99928 / (390 - 1.9 * share), 1e-3)
+            << share;
+    EXPECT_NEAR(Line(text, "Mean")[1], 471.99928 * std::log(390.0 / 200) / 190, 1e-3);
+    // Wilson's interval of a half of 20,000: 0.5 -+ 1.959964 / sqrt(4 x 20,003.84).
+    EXPECT_THAT(text,
+                HasSubstr("\nProbability below the target                   -           0.5             1\n"
+                          "  95 % interval, from                          -       0.49307 "));
+    EXPECT_THAT(
+        text, HasSubstr("\n  to                                           -       0.50693             1\n"));
+    EXPECT_THAT(
+        text, HasSubstr("\nRank correlation DepthCover                   -1            -1            -1\n"));
+}
+
+TEST_F(RiskWords, OfIndependentDrawsAndSeveralFields) {
+    const std::string text = Risk({"--plain", "--samples", "3", "--random", "BarrierPillarWidth=normal:20:0",
+                                   "--random", "SFWeb=uniform:1.5:1.5", "--random", "Height=normal:10:0"})
+                                 .out;
+    EXPECT_THAT(text,
+                HasSubstr("\nBarrierPillarWidth  normal:20:0\nSFWeb               uniform:1.5:1.5\n"
+                          "Height              normal:10:0\n3 samples (independent), seed 1, 0 refused\n"));
+    const std::size_t last = text.find("Rank correlation BarrierPillarWidth ");
+    EXPECT_LT(last, text.find("Rank correlation SFWeb "));
+    EXPECT_LT(text.find("Rank correlation SFWeb "), text.find("Rank correlation Height "));
+}
+
+TEST_F(RiskWords, WhereEverySampleIsRefused) {
+    const CliAnswer answer = Risk({"--random", "Height=uniform:-2:-1", "--samples", "50"});
+    EXPECT_EQ(answer.status, 1);
+    EXPECT_EQ(answer.err, "p.TKL: every sample was refused: Invalid entry height\n");
+    EXPECT_THAT(answer.out, HasSubstr(", 50 refused\n"));
+    EXPECT_THAT(
+        answer.out,
+        HasSubstr("\nMean                                           -             -             -\n"));
+    EXPECT_THAT(answer.out,
+                EndsWith("\nRank correlation Height                        -             -             -\n"));
+    const CliAnswer object = Risk({"--random", "Height=uniform:-2:-1", "--samples", "50", "--json"});
+    EXPECT_EQ(object.status, 1);
+    EXPECT_EQ(object.Object()["ok"], false);
+    EXPECT_EQ(object.Object()["refused_share"], 1);
+    EXPECT_TRUE(object.Object()["factors"]["WebsOnly"]["below"][0]["probability"].is_null());
+}
+
+TEST_F(RiskWords, TheObjectHasItsKeysInOrder) {
+    const auto object =
+        nlohmann::ordered_json::parse(Risk({"--random", "Height=uniform:-1:3", "--random",
+                                            "SFWeb=normal:1.6:0", "--samples", "400", "--plain", "--json"})
+                                          .out);
+    const auto keys = [](const nlohmann::ordered_json& of) {
+        std::vector<std::string> names;
+        for (const auto& [key, value] : of.items()) names.push_back(key);
+        return names;
+    };
+    EXPECT_THAT(keys(object), ElementsAre("file", "ok", "messages", "samples", "seed", "method", "refused",
+                                          "refused_share", "random", "factors", "units", "schema"));
+    EXPECT_EQ(object["file"], "p.TKL");
+    EXPECT_EQ(object["ok"], true);
+    EXPECT_EQ(object["samples"], 400);
+    EXPECT_EQ(object["seed"], 1);
+    EXPECT_EQ(object["method"], "plain");
+    EXPECT_EQ(object["random"].dump(), R"({"Height":"uniform:-1:3","SFWeb":"normal:1.6:0"})");
+    EXPECT_EQ(object["units"].dump(), R"({"Height":"ft"})");
+    EXPECT_EQ(object["schema"], 1);
+    EXPECT_THAT(keys(object["factors"]), ElementsAre("Overall", "WebsOnly", "BarrierPillar"));
+    const auto& webs = object["factors"]["WebsOnly"];
+    EXPECT_THAT(keys(webs),
+                ElementsAre("mean", "standard_deviation", "quantiles", "below", "rank_correlation"));
+    EXPECT_THAT(keys(webs["quantiles"]),
+                ElementsAre("0.01", "0.05", "0.1", "0.25", "0.5", "0.75", "0.9", "0.95", "0.99"));
+    EXPECT_THAT(keys(webs["below"][0]), ElementsAre("target", "probability", "low", "high"));
+    EXPECT_THAT(keys(webs["rank_correlation"]), ElementsAre("Height", "SFWeb"));
+    EXPECT_TRUE(webs["rank_correlation"]["SFWeb"].is_null());
+}
+
+TEST_F(RiskWords, SamplesAreWrittenFieldByFieldAndFactorByFactor) {
+    EXPECT_EQ(Risk({"--random", "DepthCover=normal:100:0", "--random", "Height=uniform:-2:-2", "--samples",
+                    "1", "--samples-out", "refused.csv"})
+                  .status,
+              1);
+    EXPECT_EQ(ReadBytes(PathTo("refused.csv")),
+              "DepthCover,Height,Overall,WebsOnly,BarrierPillar\r\n100,-2,,,\r\n");
+    EXPECT_EQ(
+        Risk({"--random", "DepthCover=normal:100:0", "--samples", "2", "--samples-out", "s.csv"}).status, 0);
+    double depth = 0, overall = 0, webs = 0, barrier = 0;
+    int length = 0;
+    const std::string samples = ReadBytes(PathTo("s.csv"));
+    const std::string first = samples.substr(samples.find('\n') + 1);
+    ASSERT_EQ(std::sscanf(first.c_str(), "%lf,%lf,%lf,%lf\r\n%n", &depth, &overall, &webs, &barrier, &length),
+              4);
+    EXPECT_EQ(depth, 100);
+    EXPECT_NEAR(overall, 5.934529745454546, 1e-13);
+    EXPECT_NEAR(webs, 4.7199928, 1e-13);
+    EXPECT_NEAR(barrier, 4.713406400915023, 1e-13);
+    EXPECT_EQ(first, first.substr(0, length) + first.substr(0, length));
+}
+
+}  // namespace
+}  // namespace tarvokol
