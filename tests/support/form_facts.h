@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a form shows and tells before anything is entered: one line for each control, so that a test holds a form's texts
+// in one table.
+#pragma once
+
+#include <QWidget>
+#include <string>
+#include <vector>
+
+namespace tarvokol {
+
+// One line for the form and for each of its named controls that has anything to tell, in no certain order: name, caption
+// ("&" before its mnemonic; captions of pages are joined by "|"), then, where they hold,
+//   for NAME       the control that a label's mnemonic goes to
+//   read 'TEXT'    the accessible name
+//   told 'TEXT'    the accessible description
+//   tip 'TEXT'     the tool tip
+//   on, off, locked, grey, hidden, default, cancel
+// "off" is a disabled control, "locked" a box that takes no keys, "grey" one on the colour of its window. What a box
+// holds is no part of its line.
+std::vector<std::string> FactsOf(QWidget& form);
+
+}  // namespace tarvokol
