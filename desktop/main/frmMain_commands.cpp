@@ -95,7 +95,7 @@ void frmMain::PreviewInputs() {
 }
 
 void frmMain::mnuFileArray_Click(int Index) {
-    if (Index >= 0) RecentFileCommand(Index);
+    RecentFileCommand(Index);
 }
 
 void frmMain::mnuEditItem_Click(int Index) {
