@@ -49,6 +49,11 @@ class FileSink : public RowSink {
 
     bool Write(std::string_view text) override {
         WriteTowards(path_, [&] { file_.Write(text); });
+        unsynced_ += text.size();
+        if (unsynced_ >= kSyncedPiece) {
+            file_.BeginSync();
+            unsynced_ = 0;
+        }
         return true;
     }
     void Finish() override {
@@ -59,9 +64,13 @@ class FileSink : public RowSink {
     }
 
   private:
+    // So much is on its way to the disk while the rows behind it are calculated.
+    static constexpr std::size_t kSyncedPiece = std::size_t{8} << 20;
+
     std::string path_;
     FileReplacement place_;
     Descriptor file_;
+    std::size_t unsynced_ = 0;
 };
 
 RowTarget::KindOfRows KindOf(const std::string& extension) {

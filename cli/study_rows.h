@@ -2,11 +2,14 @@
 // The rows of a study as text: CSV as RFC 4180 has it, or JSON Lines.
 #pragma once
 
+#include <array>
+#include <limits>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "core/studies/panel_figures.h"
+#include "core/studies/study_numbers.h"
 
 namespace tarvokol::cli {
 
@@ -32,11 +35,30 @@ std::vector<std::string> FigureColumns(bool sizes);
 std::vector<std::string> FigureTitlesWithUnits(bool sizes);
 std::string TitleWithUnit(const LeadingColumn& column);
 
+// Figures of a row with sizes.
+constexpr std::size_t kMostFigures = 6;
+
 // The figures in the order of the columns, without the message.
 std::vector<double> FigureValues(const PanelFigures& figures, bool sizes);
 
 // Words on the units of the columns for people: "DepthCover ft, ExtractionRatio percent, SuggestedWeb in".
 std::string UnitsInWords(std::span<const LeadingColumn> leading, bool sizes);
+
+// The texts of a row's figures, kept for the next row: in a grid, some stay the same for many rows. One for each thread.
+class FigureTexts {
+  public:
+    // Writes the shortest digits that read back the same, nothing for NaN, into room for kLongestNumber characters.
+    // Returns the place behind them.
+    char* Write(char* place, std::size_t column, double value);
+
+  private:
+    struct Kept {
+        double value = std::numeric_limits<double>::quiet_NaN();
+        std::size_t size = 0;
+        std::array<char, kLongestNumber> digits{};
+    };
+    std::array<Kept, kMostFigures> kept_;
+};
 
 // Writes rows of one study.
 class RowWriter {
@@ -47,12 +69,12 @@ class RowWriter {
     // The header of a CSV file; nothing for JSON.
     std::string Header() const;
 
-    void Append(std::string& text, std::span<const LeadingCell* const> leading,
-                const PanelFigures& figures) const;
+    void Append(std::string& text, std::span<const LeadingCell* const> leading, const PanelFigures& figures,
+                FigureTexts& texts) const;
 
   private:
     void AppendCsv(std::string& text, std::span<const LeadingCell* const> leading,
-                   const PanelFigures& figures) const;
+                   const PanelFigures& figures, FigureTexts& texts) const;
     void AppendJson(std::string& text, std::span<const LeadingCell* const> leading,
                     const PanelFigures& figures) const;
 

@@ -3,6 +3,7 @@
 
 #include <iostream>
 #include <limits>
+#include <mutex>
 #include <utility>
 
 #include "cli/drawing.h"
@@ -28,13 +29,35 @@ struct RowBlock {
     std::uint64_t count = 0;
 };
 
+// Texts whose memory serves for the next piece.
+class SpareTexts {
+  public:
+    std::string Take() {
+        const std::scoped_lock lock(mutex_);
+        if (texts_.empty()) return {};
+        std::string text = std::move(texts_.back());
+        texts_.pop_back();
+        return text;
+    }
+    void GiveBack(std::string&& text) {
+        text.clear();
+        const std::scoped_lock lock(mutex_);
+        texts_.push_back(std::move(text));
+    }
+
+  private:
+    std::mutex mutex_;
+    std::vector<std::string> texts_;
+};
+
 using BlockWork = OrderedWork<StudyPiece, RowBlock>;
 
 // One evaluator a piece: making it costs less than a row.
 template <typename Keep>
-RowBlock WorkOn(const RowSource& source, const Panel& project, bool sizes, const StudyPiece& piece,
-                Keep keep) {
+RowBlock WorkOn(const RowSource& source, const Panel& project, bool sizes, const StudyPiece& piece, Keep keep,
+                std::string text = {}) {
     RowBlock block;
+    block.text = std::move(text);
     block.count = piece.count;
     PanelEvaluator panel(project, sizes);
     source.Work(piece, panel, [&](std::span<const LeadingCell* const> leading, const PanelFigures& figures) {
@@ -67,19 +90,24 @@ int WriteTextRows(RowSource& source, const Panel& project, const StudyOptions& o
                   RowSink& sink) {
     const RowWriter writer(format, options.project, source.Columns(), options.sizes);
     ProgressBar progress(options.common.quiet, source.Total());
-    BlockWork work([&] { return source.Next(); },
-                   [&](StudyPiece& piece) {
-                       return WorkOn(source, project, options.sizes, piece,
-                                     [&](RowBlock& block, auto leading, const PanelFigures& figures) {
-                                         writer.Append(block.text, leading, figures);
-                                     });
-                   });
+    SpareTexts spare;
+    const auto write = [&](StudyPiece& piece) {
+        FigureTexts texts;
+        return WorkOn(
+            source, project, options.sizes, piece,
+            [&](RowBlock& block, auto leading, const PanelFigures& figures) {
+                writer.Append(block.text, leading, figures, texts);
+            },
+            spare.Take());
+    };
+    BlockWork work([&] { return source.Next(); }, write);
     // The header waits for the first rows: a table whose first lines are at fault writes nothing.
     std::string header = writer.Header();
     bool read_on = true;
     work.Run(options.Threads(), [&](RowBlock&& block) {
         if (!header.empty()) block.text.insert(0, std::exchange(header, ""));
         read_on = sink.Write(block.text);
+        spare.GiveBack(std::move(block.text));
         progress.Advance(block.count);
         return read_on;
     });

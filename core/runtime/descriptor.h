@@ -39,6 +39,9 @@ class Descriptor {
     // Drops the content.
     void Empty();
 
+    // Lets the system begin to bring to the disk what was written, and does not wait: Sync then has less to wait for.
+    void BeginSync() const noexcept;
+
     // Returns once the content is on the disk.
     void Sync();
 

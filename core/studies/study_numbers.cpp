@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/studies/study_numbers.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
 
@@ -35,11 +36,13 @@ std::string WhyNoNumber(const std::string& text) {
     return what + ": write a decimal point and no thousands separators";
 }
 
+char* WriteShortest(char* place, double value) {
+    return std::isnan(value) ? place : std::to_chars(place, place + kLongestNumber, value).ptr;
+}
+
 void AppendShortest(std::string& text, double value) {
-    if (std::isnan(value)) return;
-    char buffer[32];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
-    text.append(buffer, result.ptr);
+    std::array<char, kLongestNumber> digits;
+    text.append(digits.data(), WriteShortest(digits.data(), value));
 }
 
 }  // namespace tarvokol

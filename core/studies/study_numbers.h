@@ -3,6 +3,7 @@
 // character.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,7 +20,14 @@ double RequiredNumber(std::string_view text, const std::string& what);
 // What is wrong with a text that is no number, and what to do.
 std::string WhyNoNumber(const std::string& text);
 
-// Adds the shortest digits that read back the same; nothing for a NaN.
+// Room for the shortest digits of any number, its sign and exponent included.
+constexpr std::size_t kLongestNumber = 24;
+
+// Writes the shortest digits that read back the same, nothing for a NaN, into room for kLongestNumber characters.
+// Returns the place behind them.
+char* WriteShortest(char* place, double value);
+
+// Adds the same digits.
 void AppendShortest(std::string& text, double value);
 
 }  // namespace tarvokol
