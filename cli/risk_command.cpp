@@ -45,6 +45,7 @@ RiskRequest RequestOf(const StudyOptions& options, const Panel& project) {
     if (!options.seed.empty())
         request.seed = WholeOption<std::uint64_t>(options.seed, "--seed", 0, kLargestSeed);
     request.latin = !options.plain;
+    request.keep_drawn = !options.samples_out.empty();
     request.threads = options.Threads();
     return request;
 }

@@ -2,7 +2,10 @@
 #include "core/studies/distributions.h"
 
 #include <array>
+#include <bit>
 #include <cmath>
+#include <cstdint>
+#include <cstdlib>
 #include <limits>
 #include <vector>
 
@@ -77,6 +80,21 @@ double Figure(std::string_view text, double base, const std::string& what) {
     return RequiredNumber(text.substr(0, text.size() - 1), what) * base / kPercent;
 }
 
+// The library's functions for the next two are calls that take longer than what they do.
+int RoundedDown(double value) {
+    const int whole = static_cast<int>(value);
+    return whole - (whole > value ? 1 : 0);
+}
+
+// The figure, which is near 1, x 2 ^ twos.
+double TimesTwos(double figure, int twos) {
+    constexpr int kFarFromTheEnds = 1000;
+    constexpr int kBias = 1023;
+    constexpr int kFractionBits = 52;
+    if (std::abs(twos) > kFarFromTheEnds) return std::ldexp(figure, twos);
+    return figure * std::bit_cast<double>(std::uint64_t(twos + kBias) << kFractionBits);
+}
+
 }  // namespace
 
 double PortableLog(double value) {
@@ -101,14 +119,14 @@ double PortableExp(double power) {
     constexpr double kSmallest = -745.2;
     if (power > kLargest) return std::numeric_limits<double>::infinity();
     if (power < kSmallest) return 0.0;
-    const double twos = std::floor(power * kPerLn2 + 0.5);
+    const int twos = RoundedDown(power * kPerLn2 + 0.5);
     // Within half of ln 2 thirteen terms of the series reach the last place.
     const double rest = (power - twos * kLn2High) - twos * kLn2Low;
     constexpr std::array<double, 12> kSeries{
         1.0 / 2,     1.0 / 6,      1.0 / 24,      1.0 / 120,      1.0 / 720,       1.0 / 5040,
         1.0 / 40320, 1.0 / 362880, 1.0 / 3628800, 1.0 / 39916800, 1.0 / 479001600, 1.0 / 6227020800};
     const double sum = 1.0 + (rest + rest * rest * Polynomial(kSeries, rest));
-    return std::ldexp(sum, static_cast<int>(twos));
+    return TimesTwos(sum, twos);
 }
 
 double NormalQuantile(double probability) {

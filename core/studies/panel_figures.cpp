@@ -177,10 +177,16 @@ bool PanelEvaluator::CalculateFactors() {
     figures_.Overall = factors.overall;
     figures_.WebsOnly = factors.webs_only;
     figures_.BarrierPillar = factors.barrier;
-    if (!parts_known_) extraction_ratio_ = ExtractionRatioOf(panel_);
+    if (!parts_known_) KeepParts();
+    figures_.ExtractionRatio = extraction_ratio_;
+    return true;
+}
+
+// The panel has factors by its parts, so that they hold for other depths, too.
+void PanelEvaluator::KeepParts() {
+    extraction_ratio_ = ExtractionRatioOf(panel_);
     figures_.ExtractionRatio = extraction_ratio_;
     parts_known_ = true;
-    return true;
 }
 
 void PanelEvaluator::CalculateSizes() {

@@ -47,17 +47,21 @@ class PanelEvaluator {
 
   private:
     void SetInFull(StudyField field, double value);
-    // A grid has its million panels here: nothing but the depth has changed, and nothing is out of the ordinary.
+    // A study has its million panels here: nothing is out of the ordinary, and in a grid nothing but the depth has
+    // changed.
     bool EvaluatePlainly() {
         PanelFactors factors;
-        if (!figures_plain_ || !parts_known_ || !PlainFactors(parts_, panel_.DepthCover, factors))
-            return false;
+        if (!figures_plain_) return false;
+        if (!parts_known_) RenewParts(panel_, parts_);
+        if (!PlainFactors(parts_, panel_.DepthCover, factors)) return false;
+        if (!parts_known_) KeepParts();
         figures_.Overall = factors.overall;
         figures_.WebsOnly = factors.webs_only;
         figures_.BarrierPillar = factors.barrier;
         return true;
     }
     void EvaluateInFull();
+    void KeepParts();
     void Store(StudyField field, double value);
     void TakeTyped(StudyField field);
     bool CalculateFactors();

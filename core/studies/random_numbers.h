@@ -5,7 +5,9 @@
 
 #include <array>
 #include <cstdint>
-#include <vector>
+#include <span>
+
+#include "core/runtime/big_array.h"
 
 namespace tarvokol {
 
@@ -19,8 +21,11 @@ std::uint64_t RandomBits(std::uint64_t seed, std::uint32_t stream, std::uint64_t
 // Evenly spread over the open interval 0 to 1, in steps of 2^-53; never 0 and never 1.
 double UnitFromBits(std::uint64_t bits);
 
+// The numbers `first`, `first` + 1 ... of a stream, spread over the open interval 0 to 1.
+void FillWithUnits(std::uint64_t seed, std::uint32_t stream, std::uint64_t first, std::span<double> units);
+
 // The numbers 0 to count - 1 in a random order (the shuffle of Fisher and Yates in Durstenfeld's form).
 // `count` is below 2^32.
-std::vector<std::uint32_t> RandomOrder(std::uint64_t seed, std::uint32_t stream, std::uint32_t count);
+BigArray<std::uint32_t> RandomOrder(std::uint64_t seed, std::uint32_t stream, std::uint32_t count);
 
 }  // namespace tarvokol

@@ -6,7 +6,9 @@
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <numeric>
 #include <thread>
+#include <utility>
 
 #include "core/studies/random_numbers.h"
 #include "core/studies/study_numbers.h"
@@ -66,11 +68,15 @@ Matrix Triangle(const RiskRequest& request) {
     return a;
 }
 
+// A task has its thread's memory for sorting.
+using Task = std::function<void(SortedSample& sorted)>;
+
 // Runs the tasks on so many threads; which thread takes which does not matter to any result.
-void RunTasks(const std::vector<std::function<void()>>& tasks, unsigned threads) {
+void RunTasks(const std::vector<Task>& tasks, unsigned threads) {
     std::atomic<std::size_t> next = 0;
     const auto work = [&] {
-        for (std::size_t task = next++; task < tasks.size(); task = next++) tasks[task]();
+        SortedSample sorted;
+        for (std::size_t task = next++; task < tasks.size(); task = next++) tasks[task](sorted);
     };
     std::vector<std::jthread> others;
     for (unsigned i = 1; i < threads; ++i) others.emplace_back(work);
@@ -95,15 +101,16 @@ class RiskRun {
     bool IsRandom(StudyField field) const { return IndexOf(request_.fields, field) < Fields(); }
 
     void Prepare() {
-        result_.drawn.assign(Fields(), std::vector<double>(request_.samples));
-        for (auto& factor : result_.factors) factor.resize(request_.samples);
-        if (IsRandom(StudyField::SFWeb)) target_web_.resize(request_.samples);
-        if (IsRandom(StudyField::SFBarrier)) target_barrier_.resize(request_.samples);
+        for (std::size_t field = 0; field < Fields(); ++field)
+            result_.drawn.emplace_back(request_.keep_drawn || !HasStrata(field) ? request_.samples : 0);
+        for (auto& factor : result_.factors) factor = BigArray<double>(request_.samples);
+        if (IsRandom(StudyField::SFWeb)) target_web_ = BigArray<float>(request_.samples);
+        if (IsRandom(StudyField::SFBarrier)) target_barrier_ = BigArray<float>(request_.samples);
         if (!request_.latin) return;
         orders_.resize(Fields());
-        std::vector<std::function<void()>> tasks;
+        std::vector<Task> tasks;
         for (std::size_t field = 0; field < Fields(); ++field)
-            tasks.emplace_back([this, field] {
+            tasks.emplace_back([this, field](SortedSample&) {
                 orders_[field] = RandomOrder(request_.seed, OrderStream(field), request_.samples);
             });
         RunTasks(tasks, request_.threads);
@@ -115,57 +122,77 @@ class RiskRun {
         std::atomic<std::uint32_t> next = 0;
         const auto work = [&] {
             PanelEvaluator panel(project_, false);
-            for (std::uint32_t piece = next++; piece < pieces; piece = next++) DrawPiece(panel, piece);
+            Draw draw(Fields());
+            for (std::uint32_t piece = next++; piece < pieces; piece = next++) DrawPiece(panel, draw, piece);
         };
         std::vector<std::jthread> others;
         for (unsigned i = 1; i < request_.threads; ++i) others.emplace_back(work);
         work();
     }
 
-    void DrawPiece(PanelEvaluator& panel, std::uint32_t piece) {
+    // The shares of all samples of a piece, then the figures that they stand for, one list a field: each a loop of its
+    // own, which the processor runs ahead in.
+    struct Draw {
+        explicit Draw(std::size_t fields) : shares(fields, std::vector<double>(kPiece)), figures(shares) {}
+        std::vector<std::vector<double>> shares;
+        std::vector<std::vector<double>> figures;
+    };
+
+    void DrawPiece(PanelEvaluator& panel, Draw& draw, std::uint32_t piece) {
         const std::uint32_t first = piece * kPiece;
-        const std::uint32_t end = std::min(request_.samples, first + kPiece);
-        std::vector<double> normals(Fields());
-        for (std::uint32_t sample = first; sample < end; ++sample) {
-            DrawSample(panel, sample, normals);
-            const PanelFigures& figures = panel.Evaluate();
-            result_.factors[0][sample] = figures.Overall;
-            result_.factors[1][sample] = figures.WebsOnly;
-            result_.factors[2][sample] = figures.BarrierPillar;
-            if (!target_web_.empty()) target_web_[sample] = panel.Inputs().SFWeb;
-            if (!target_barrier_.empty()) target_barrier_[sample] = panel.Inputs().SFBarrier;
-            if (figures.refused) refusals_[piece].push_back(figures.message);
-        }
-    }
-
-    double ShareOfSample(std::size_t field, std::uint32_t sample) const {
-        const double place = UnitFromBits(RandomBits(request_.seed, PlaceStream(field), sample));
-        if (!request_.latin) return place;
-        return std::min((orders_[field][sample] + place) / request_.samples, kBelowOne);
-    }
-
-    void DrawSample(PanelEvaluator& panel, std::uint32_t sample, std::vector<double>& normals) {
+        const std::uint32_t count = std::min(request_.samples - first, kPiece);
         for (std::size_t field = 0; field < Fields(); ++field) {
-            const RandomField& random = request_.fields[field];
-            const double share = ShareOfSample(field, sample);
-            double value = 0;
-            if (IsNormal(random.distribution.Kind())) {
-                normals[field] = NormalQuantile(share);
-                value = random.distribution.FromNormal(Mixed(field, normals));
-            } else {
-                value = random.distribution.Quantile(share);
-            }
-            panel.Set(random.field, value);
-            result_.drawn[field][sample] = ValueOfField(panel.Inputs(), random.field);
+            FillShares(field, first, std::span(draw.shares[field]).first(count));
+            FillFigures(draw, field, count);
         }
+        for (std::uint32_t i = 0; i < count; ++i) {
+            const std::uint32_t sample = first + i;
+            for (std::size_t field = 0; field < Fields(); ++field) {
+                panel.Set(request_.fields[field].field, draw.figures[field][i]);
+                if (!result_.drawn[field].empty())
+                    result_.drawn[field][sample] = ValueOfField(panel.Inputs(), request_.fields[field].field);
+            }
+            KeepFigures(panel, sample, refusals_[piece]);
+        }
+    }
+
+    void KeepFigures(PanelEvaluator& panel, std::uint32_t sample, std::vector<std::string>& refusals) {
+        const PanelFigures& figures = panel.Evaluate();
+        result_.factors[0][sample] = figures.Overall;
+        result_.factors[1][sample] = figures.WebsOnly;
+        result_.factors[2][sample] = figures.BarrierPillar;
+        if (!target_web_.empty()) target_web_[sample] = panel.Inputs().SFWeb;
+        if (!target_barrier_.empty()) target_barrier_[sample] = panel.Inputs().SFBarrier;
+        if (figures.refused) refusals.push_back(figures.message);
+    }
+
+    // The shares from sample `first` on; within its stratum each has a place of its own.
+    void FillShares(std::size_t field, std::uint32_t first, std::span<double> shares) const {
+        FillWithUnits(request_.seed, PlaceStream(field), first, shares);
+        if (!request_.latin) return;
+        const std::uint32_t* stratum = &orders_[field][first];
+        for (double& share : shares) share = std::min((*stratum++ + share) / request_.samples, kBelowOne);
+    }
+
+    // The shares of a normal field become its normal figures: those behind it may be correlated with it.
+    void FillFigures(Draw& draw, std::size_t field, std::uint32_t count) const {
+        const Distribution& distribution = request_.fields[field].distribution;
+        double* figures = draw.figures[field].data();
+        double* shares = draw.shares[field].data();
+        if (!IsNormal(distribution.Kind())) {
+            for (std::uint32_t i = 0; i < count; ++i) figures[i] = distribution.Quantile(shares[i]);
+            return;
+        }
+        for (std::uint32_t i = 0; i < count; ++i) shares[i] = NormalQuantile(shares[i]);
+        for (std::uint32_t i = 0; i < count; ++i) figures[i] = distribution.FromNormal(Mixed(draw, field, i));
     }
 
     // The normal figure of a field with its correlations to those before it.
-    double Mixed(std::size_t field, const std::vector<double>& normals) const {
-        if (request_.correlations.empty()) return normals[field];
+    double Mixed(const Draw& draw, std::size_t field, std::uint32_t i) const {
+        if (request_.correlations.empty()) return draw.shares[field][i];
         double sum = 0;
         for (std::size_t k = 0; k <= field; ++k)
-            if (triangle_[field][k] != 0.0) sum += triangle_[field][k] * normals[k];
+            if (triangle_[field][k] != 0.0) sum += triangle_[field][k] * draw.shares[k][i];
         return sum;
     }
 
@@ -185,57 +212,74 @@ class RiskRun {
     }
 
     // The values of the samples that were not refused; `kept` holds them where some were.
-    std::span<const double> SoundOf(const std::vector<double>& values, std::vector<double>& kept) const {
+    std::span<const double> SoundOf(std::span<const double> values, BigArray<double>& kept) const {
         if (result_.refused == 0) return values;
-        kept.reserve(sound_.size());
-        for (const std::uint32_t sample : sound_) kept.push_back(values[sample]);
+        kept = BigArray<double>(sound_.size());
+        for (std::size_t i = 0; i < sound_.size(); ++i) kept[i] = values[sound_[i]];
         return kept;
     }
 
     // True where the strata of the draw rank the values by themselves.
-    bool RankedByStrata(std::size_t field) const {
+    bool HasStrata(std::size_t field) const {
         const RandomField& random = request_.fields[field];
-        return request_.latin && result_.refused == 0 && request_.correlations.empty() &&
-               random.field != StudyField::NumberHoles && random.distribution.StandardDeviation() > 0.0;
+        return request_.latin && request_.correlations.empty() && random.field != StudyField::NumberHoles &&
+               random.distribution.StandardDeviation() > 0.0;
     }
 
-    // Ranks, and how far they deviate from their mean.
+    // Ranks of the sound samples, and how far they deviate from their mean.
     struct Ranks {
-        std::vector<double> values;
+        BigArray<std::uint32_t> strata;  // those of a field with strata, from 0
+        BigArray<double> values;         // all others, from 1
         Deviations deviations;
     };
 
-    void RankField(std::size_t field) {
+    void RankField(std::size_t field, SortedSample& sorted) {
         Ranks& ranks = field_ranks_[field];
-        if (RankedByStrata(field)) {
-            ranks.values.assign(orders_[field].begin(), orders_[field].end());
-        } else {
-            std::vector<double> kept;
-            const auto values = SoundOf(result_.drawn[field], kept);
-            ranks.values = RanksOf(values, SortedOrder(values));
+        if (HasStrata(field)) {
+            ranks.strata = SoundStrata(std::move(orders_[field]));
+            ranks.deviations = DeviationsOf(ranks.strata);
+            return;
         }
+        BigArray<double> kept;
+        sorted.Sort(SoundOf(result_.drawn[field], kept));
+        ranks.values = sorted.Ranks();
         ranks.deviations = DeviationsOf(ranks.values);
     }
 
-    void SummariseFactor(std::size_t factor) {
+    // The strata of the samples that were not refused, numbered without those of the others.
+    BigArray<std::uint32_t> SoundStrata(BigArray<std::uint32_t> strata) const {
+        if (result_.refused == 0) return strata;
+        std::vector<std::uint32_t> below(request_.samples);
+        for (const std::uint32_t sample : sound_) below[strata[sample]] = 1;
+        std::exclusive_scan(below.begin(), below.end(), below.begin(), 0U);
+        BigArray<std::uint32_t> numbers(sound_.size());
+        for (std::size_t i = 0; i < sound_.size(); ++i) numbers[i] = below[strata[sound_[i]]];
+        return numbers;
+    }
+
+    void RankFactor(std::size_t factor, SortedSample& sorted) {
         FactorRisk& risk = result_.risk[factor];
-        std::vector<double> kept;
+        BigArray<double> kept;
+        sorted.Sort(SoundOf(result_.factors[factor], kept));
+        for (std::size_t i = 0; i < kRiskShares.size(); ++i)
+            risk.quantiles[i] = sorted.Quantile(kRiskShares[i]);
+        Ranks& ranks = factor_ranks_[factor];
+        ranks.values = sorted.Ranks();
+        ranks.deviations = DeviationsOf(ranks.values);
+    }
+
+    void CountFactor(std::size_t factor) {
+        FactorRisk& risk = result_.risk[factor];
+        BigArray<double> kept;
         const auto values = SoundOf(result_.factors[factor], kept);
         risk.moments = MomentsOf(values);
-        const auto order = SortedOrder(values);
-        for (std::size_t i = 0; i < kRiskShares.size(); ++i)
-            risk.quantiles[i] = QuantileOf(values, order, kRiskShares[i]);
-        Ranks& ranks = factor_ranks_[factor];
-        ranks.values = RanksOf(values, order);
-        ranks.deviations = DeviationsOf(ranks.values);
         if (factor == 1) risk.below.push_back(Below(values, project_.SFWeb, target_web_));
         if (factor == 2) risk.below.push_back(Below(values, project_.SFBarrier, target_barrier_));
         risk.below.push_back(Below(values, 1.0, {}));
     }
 
     // Each sample is held against its own target, where targets are given; `target` is the project's.
-    BelowTarget Below(std::span<const double> values, double target,
-                      const std::vector<float>& targets) const {
+    BelowTarget Below(std::span<const double> values, double target, std::span<const float> targets) const {
         std::uint64_t hits = 0;
         for (std::size_t i = 0; i < values.size(); ++i) {
             const std::size_t sample = sound_.empty() ? i : sound_[i];
@@ -244,23 +288,30 @@ class RiskRun {
         return {target, ShareOf(hits, values.size())};
     }
 
+    static double RankCorrelation(const Ranks& field, const Ranks& factor) {
+        if (field.strata.empty())
+            return Correlation(field.values, factor.values, field.deviations, factor.deviations);
+        return Correlation(field.strata, factor.values, field.deviations, factor.deviations);
+    }
+
     void Summarise() {
         field_ranks_.resize(Fields());
-        std::vector<std::function<void()>> tasks;
+        std::vector<Task> tasks;
+        // The long ones first, so that no thread waits for another's at the end.
         for (std::size_t factor = 0; factor < kFactors; ++factor)
-            tasks.emplace_back([this, factor] { SummariseFactor(factor); });
+            tasks.emplace_back([this, factor](SortedSample& sorted) { RankFactor(factor, sorted); });
+        for (std::size_t factor = 0; factor < kFactors; ++factor)
+            tasks.emplace_back([this, factor](SortedSample&) { CountFactor(factor); });
         for (std::size_t field = 0; field < Fields(); ++field)
-            tasks.emplace_back([this, field] { RankField(field); });
+            tasks.emplace_back([this, field](SortedSample& sorted) { RankField(field, sorted); });
         RunTasks(tasks, request_.threads);
         tasks.clear();
         for (std::size_t factor = 0; factor < kFactors; ++factor) {
             auto& list = result_.risk[factor].rank_correlation;
             list.resize(Fields());
             for (std::size_t field = 0; field < Fields(); ++field)
-                tasks.emplace_back([this, factor, field, &list] {
-                    const Ranks& x = field_ranks_[field];
-                    const Ranks& y = factor_ranks_[factor];
-                    list[field] = Correlation(x.values, y.values, x.deviations, y.deviations);
+                tasks.emplace_back([this, factor, field, &list](SortedSample&) {
+                    list[field] = RankCorrelation(field_ranks_[field], factor_ranks_[factor]);
                 });
         }
         RunTasks(tasks, request_.threads);
@@ -270,9 +321,9 @@ class RiskRun {
     const Panel& project_;
     Matrix triangle_;
     RiskResult result_;
-    std::vector<std::vector<std::uint32_t>> orders_;  // of the strata, one list a field
-    std::vector<float> target_web_;                   // of each sample, where it is random; else empty
-    std::vector<float> target_barrier_;
+    std::vector<BigArray<std::uint32_t>> orders_;  // of the strata, one list a field
+    BigArray<float> target_web_;                   // of each sample, where it is random; else empty
+    BigArray<float> target_barrier_;
     std::vector<std::vector<std::string>> refusals_;  // by pieces
     std::vector<std::uint32_t> sound_;                // samples not refused; empty where none was
     std::vector<Ranks> field_ranks_;

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/runtime/big_array.h"
 #include "core/studies/distributions.h"
 #include "core/studies/panel_figures.h"
 #include "core/studies/sample_statistics.h"
@@ -33,7 +34,8 @@ struct RiskRequest {
     std::vector<FieldCorrelation> correlations;
     std::uint32_t samples = 100000;
     std::uint64_t seed = 1;
-    bool latin = true;  // Latin hypercube; else independent draws
+    bool latin = true;        // Latin hypercube; else independent draws
+    bool keep_drawn = false;  // else the result holds the drawn values of no field for certain
     unsigned threads = 1;
 
     // Reads "FIELD=DISTRIBUTION" and "A,B=R". Raise StudyRefusal for a field that is drawn twice, a
@@ -60,9 +62,9 @@ struct FactorRisk {
 
 // The samples and what they say. A refused sample has NaN factors.
 struct RiskResult {
-    std::vector<std::vector<double>> drawn;             // one list a random field
-    std::array<std::vector<double>, kFactors> factors;  // one value a sample
-    std::vector<std::string> refusals;                  // messages of refused samples, each once, at most ten
+    std::vector<BigArray<double>> drawn;             // one list a random field; see RiskRequest::keep_drawn
+    std::array<BigArray<double>, kFactors> factors;  // one value a sample
+    std::vector<std::string> refusals;               // messages of refused samples, each once, at most ten
     std::uint64_t refused = 0;
     std::array<FactorRisk, kFactors> risk;
 };

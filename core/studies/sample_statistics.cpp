@@ -6,12 +6,12 @@
 #include <bit>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace tarvokol {
 namespace {
 
 constexpr std::size_t kBlock = 4096;
-constexpr std::size_t kAhead = 32;  // values in sorted order that are asked for before they are used
 constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 
 // Sum over all positions of what `term` gives for each, block by block.
@@ -27,19 +27,38 @@ double BlockSum(std::size_t count, Term term) {
     return sum;
 }
 
-double MeanOf(std::span<const double> values) {
+template <typename Number>
+double MeanOf(std::span<const Number> values) {
     return BlockSum(values.size(), [&](std::size_t i) { return values[i]; }) /
            static_cast<double>(values.size());
 }
 
-// Whole numbers in the order of the doubles that they are made of.
+template <typename Number>
+Deviations DeviationsIn(std::span<const Number> values) {
+    if (values.empty()) return {};
+    const double mean = MeanOf(values);
+    return {mean,
+            BlockSum(values.size(), [&](std::size_t i) { return (values[i] - mean) * (values[i] - mean); })};
+}
+
+template <typename Number>
+double CorrelationIn(std::span<const Number> x, std::span<const double> y, const Deviations& of_x,
+                     const Deviations& of_y) {
+    if (x.empty()) return kNone;
+    const double spread = std::sqrt(of_x.squares * of_y.squares);
+    if (!(spread > 0.0)) return kNone;
+    const double products =
+        BlockSum(x.size(), [&](std::size_t i) { return (x[i] - of_x.mean) * (y[i] - of_y.mean); });
+    return std::clamp(products / spread, -1.0, 1.0);
+}
+
+// Whole numbers in the order of the doubles that they are made of; equal ones for both zeros.
 std::uint64_t SortKey(double value) {
     constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
-    const auto bits = std::bit_cast<std::uint64_t>(value);
+    const auto bits = std::bit_cast<std::uint64_t>(value + 0.0);
     return (bits & kSign) != 0 ? ~bits : bits | kSign;
 }
 
-// The leading 32 bits of a value's place between the lowest and the highest, and its index below them.
 using Entry = std::uint64_t;
 
 constexpr int kIndexBits = 32;
@@ -47,8 +66,8 @@ constexpr int kDigitBits = 11;
 constexpr std::size_t kDigits = std::size_t{1} << kDigitBits;
 constexpr int kPasses = 3;
 
-std::uint32_t IndexOf(Entry entry) {
-    return static_cast<std::uint32_t>(entry);
+std::uint32_t LeadOf(Entry entry) {
+    return static_cast<std::uint32_t>(entry >> kIndexBits);
 }
 
 std::size_t DigitOf(Entry entry, int pass) {
@@ -59,8 +78,8 @@ using Counts = std::array<std::uint32_t, kDigits>;
 
 // One pass of a radix sort: from one array to the other by one digit. Nothing moves where all have the same
 // digit.
-bool SortByDigit(const std::vector<Entry>& from, std::vector<Entry>& to, const Counts& counts, int pass) {
-    if (counts[DigitOf(from.front(), pass)] == from.size()) return false;
+bool SortByDigit(const BigArray<Entry>& from, BigArray<Entry>& to, const Counts& counts, int pass) {
+    if (counts[DigitOf(from[0], pass)] == from.size()) return false;
     Counts places{};
     std::uint32_t place = 0;
     for (std::size_t digit = 0; digit < kDigits; ++digit) {
@@ -71,31 +90,15 @@ bool SortByDigit(const std::vector<Entry>& from, std::vector<Entry>& to, const C
     return true;
 }
 
-// The bits of a place that an entry has no room for.
-int BitsLeftOut(std::span<const double> values, std::uint64_t& lowest) {
-    lowest = SortKey(values.front());
-    std::uint64_t highest = lowest;
+// The keys of the lowest and the highest value.
+std::pair<std::uint64_t, std::uint64_t> EndsOf(std::span<const double> values) {
+    double lowest = values.front();
+    double highest = lowest;
     for (const double value : values) {
-        lowest = std::min(lowest, SortKey(value));
-        highest = std::max(highest, SortKey(value));
+        lowest = std::min(lowest, value);
+        highest = std::max(highest, value);
     }
-    return std::max(0, static_cast<int>(std::bit_width(highest - lowest)) - (64 - kIndexBits));
-}
-
-// Puts neighbours with the same leading bits into their order; there are few of them.
-void SortAlikes(std::span<const double> values, std::vector<Entry>& entries) {
-    for (std::size_t first = 0; first + 1 < entries.size();) {
-        std::size_t end = first + 1;
-        while (end < entries.size() && entries[end] >> kIndexBits == entries[first] >> kIndexBits) ++end;
-        const auto at = [&entries](std::size_t i) {
-            return entries.begin() + static_cast<std::ptrdiff_t>(i);
-        };
-        if (end > first + 1)
-            std::stable_sort(at(first), at(end), [&](Entry a, Entry b) {
-                return SortKey(values[IndexOf(a)]) < SortKey(values[IndexOf(b)]);
-            });
-        first = end;
-    }
+    return {SortKey(lowest), SortKey(highest)};
 }
 
 }  // namespace
@@ -111,66 +114,82 @@ Moments MomentsOf(std::span<const double> values) {
     return {mean, std::sqrt(squares / static_cast<double>(values.size() - 1))};
 }
 
-std::vector<std::uint32_t> SortedOrder(std::span<const double> values) {
-    std::vector<std::uint32_t> order(values.size());
-    if (values.empty()) return order;
-    std::uint64_t lowest = 0;
-    const int left_out = BitsLeftOut(values, lowest);
-    std::vector<Entry> entries(values.size());
-    std::vector<Entry> other(values.size());
-    std::vector<Counts> counts(kPasses);
+void SortedSample::Sort(std::span<const double> values) {
+    values_ = values;
+    if (values.empty()) return;
+    if (entries_.size() != values.size()) {
+        entries_ = BigArray<Entry>(values.size());
+        moved_ = BigArray<Entry>(values.size());
+    }
+    const auto [lowest, highest] = EndsOf(values);
+    left_out_ = std::max(0, static_cast<int>(std::bit_width(highest - lowest)) - (64 - kIndexBits));
+    std::array<Counts, kPasses> counts{};
     for (std::size_t i = 0; i < values.size(); ++i) {
-        entries[i] = ((SortKey(values[i]) - lowest) >> left_out << kIndexBits) | i;
+        entries_[i] = ((SortKey(values[i]) - lowest) >> left_out_ << kIndexBits) | i;
         for (int pass = 0; pass < kPasses; ++pass)
-            ++counts[static_cast<std::size_t>(pass)][DigitOf(entries[i], pass)];
+            ++counts[static_cast<std::size_t>(pass)][DigitOf(entries_[i], pass)];
     }
     for (int pass = 0; pass < kPasses; ++pass)
-        if (SortByDigit(entries, other, counts[static_cast<std::size_t>(pass)], pass)) entries.swap(other);
-    if (left_out > 0) SortAlikes(values, entries);
-    std::transform(entries.begin(), entries.end(), order.begin(), IndexOf);
-    return order;
+        if (SortByDigit(entries_, moved_, counts[static_cast<std::size_t>(pass)], pass))
+            std::swap(entries_, moved_);
+    if (left_out_ > 0) SortAlikes();
 }
 
-double QuantileOf(std::span<const double> values, std::span<const std::uint32_t> order, double share) {
-    if (values.empty()) return kNone;
-    const double position = share * static_cast<double>(values.size() - 1);
-    const auto below = static_cast<std::size_t>(position);
-    const double low = values[order[below]];
-    if (below + 1 >= values.size()) return low;
-    const double high = values[order[below + 1]];
-    return low + (position - static_cast<double>(below)) * (high - low);
-}
-
-std::vector<double> RanksOf(std::span<const double> values, std::span<const std::uint32_t> order) {
-    std::vector<double> ranks(values.size());
-    for (std::size_t first = 0; first < order.size();) {
-        if (first + kAhead < order.size()) {
-            __builtin_prefetch(&values[order[first + kAhead]]);
-            __builtin_prefetch(&ranks[order[first + kAhead]], 1);
-        }
+// Puts neighbours with the same leading bits into their order; there are few of them.
+void SortedSample::SortAlikes() {
+    for (std::size_t first = 0; first + 1 < size();) {
         std::size_t end = first + 1;
-        while (end < order.size() && values[order[end]] == values[order[first]]) ++end;
-        const double rank = (static_cast<double>(first + 1) + static_cast<double>(end)) / 2.0;
-        for (; first < end; ++first) ranks[order[first]] = rank;
+        while (end < size() && LeadOf(entries_[end]) == LeadOf(entries_[first])) ++end;
+        if (end > first + 1)
+            std::stable_sort(&entries_[first], entries_.begin() + end, [this](Entry a, Entry b) {
+                return values_[static_cast<std::uint32_t>(a)] < values_[static_cast<std::uint32_t>(b)];
+            });
+        first = end;
+    }
+}
+
+double SortedSample::Quantile(double share) const {
+    if (values_.empty()) return kNone;
+    const double position = share * static_cast<double>(size() - 1);
+    const auto below = static_cast<std::size_t>(position);
+    const double low = (*this)[below];
+    if (below + 1 >= size()) return low;
+    return low + (position - static_cast<double>(below)) * ((*this)[below + 1] - low);
+}
+
+// True where the next value is the same. The values themselves lie far apart: most leading bits tell.
+bool SortedSample::IsAlikeNext(std::size_t place) const {
+    if (place + 1 == size() || LeadOf(entries_[place]) != LeadOf(entries_[place + 1])) return false;
+    return left_out_ == 0 || (*this)[place] == (*this)[place + 1];
+}
+
+BigArray<double> SortedSample::Ranks() const {
+    BigArray<double> ranks(size());
+    for (std::size_t first = 0; first < size();) {
+        std::size_t last = first;
+        while (IsAlikeNext(last)) ++last;
+        const double rank = (static_cast<double>(first) + static_cast<double>(last)) / 2.0 + 1.0;
+        for (; first <= last; ++first) ranks[IndexAt(first)] = rank;
     }
     return ranks;
 }
 
 Deviations DeviationsOf(std::span<const double> values) {
-    if (values.empty()) return {};
-    const double mean = MeanOf(values);
-    return {mean,
-            BlockSum(values.size(), [&](std::size_t i) { return (values[i] - mean) * (values[i] - mean); })};
+    return DeviationsIn(values);
+}
+
+Deviations DeviationsOf(std::span<const std::uint32_t> values) {
+    return DeviationsIn(values);
 }
 
 double Correlation(std::span<const double> x, std::span<const double> y, const Deviations& of_x,
                    const Deviations& of_y) {
-    if (x.empty()) return kNone;
-    const double spread = std::sqrt(of_x.squares * of_y.squares);
-    if (!(spread > 0.0)) return kNone;
-    const double products =
-        BlockSum(x.size(), [&](std::size_t i) { return (x[i] - of_x.mean) * (y[i] - of_y.mean); });
-    return std::clamp(products / spread, -1.0, 1.0);
+    return CorrelationIn(x, y, of_x, of_y);
+}
+
+double Correlation(std::span<const std::uint32_t> x, std::span<const double> y, const Deviations& of_x,
+                   const Deviations& of_y) {
+    return CorrelationIn(x, y, of_x, of_y);
 }
 
 double Correlation(std::span<const double> x, std::span<const double> y) {

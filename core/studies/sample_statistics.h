@@ -6,7 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <vector>
+
+#include "core/runtime/big_array.h"
 
 namespace tarvokol {
 
@@ -17,15 +18,39 @@ struct Moments {
 // NaN for no value; a deviation of 0 for a single one.
 Moments MomentsOf(std::span<const double> values);
 
-// The order of values from the lowest to the highest.
-std::vector<std::uint32_t> SortedOrder(std::span<const double> values);
+// Values from the lowest to the highest.
+class SortedSample {
+  public:
+    SortedSample() = default;
+    explicit SortedSample(std::span<const double> values) { Sort(values); }
 
-// The value below which a share of the sorted ones lies, linear between neighbours: position share x (count -
-// 1) from the lowest. NaN for no value.
-double QuantileOf(std::span<const double> values, std::span<const std::uint32_t> order, double share);
+    // At most 2^32 values, none of them NaN; they stay where they are. Those of before are forgotten, their memory
+    // serves again.
+    void Sort(std::span<const double> values);
 
-// Ranks from 1; equal values share the mean of their ranks.
-std::vector<double> RanksOf(std::span<const double> values, std::span<const std::uint32_t> order);
+    std::size_t size() const { return values_.size(); }
+
+    // The value at a place of the order, and where it stands among the values.
+    double operator[](std::size_t place) const { return values_[IndexAt(place)]; }
+    std::uint32_t IndexAt(std::size_t place) const { return static_cast<std::uint32_t>(entries_[place]); }
+
+    // The value below which a share of them lies, linear between neighbours: position share x (count - 1) from the
+    // lowest. NaN for no value.
+    double Quantile(double share) const;
+
+    // The ranks of the values from 1; equal values share the mean of their ranks.
+    BigArray<double> Ranks() const;
+
+  private:
+    bool IsAlikeNext(std::size_t place) const;
+    void SortAlikes();
+
+    std::span<const double> values_;
+    // The leading 32 bits of a value's distance from the lowest one, above its index: the sort moves nothing else.
+    BigArray<std::uint64_t> entries_;
+    BigArray<std::uint64_t> moved_;  // where a pass of the sort moves them to
+    int left_out_ = 0;               // bits of a distance that an entry has no room for
+};
 
 // The mean of a list and the sum of the squares of what its values deviate from it.
 struct Deviations {
@@ -33,11 +58,14 @@ struct Deviations {
     double squares = 0;
 };
 Deviations DeviationsOf(std::span<const double> values);
+Deviations DeviationsOf(std::span<const std::uint32_t> values);
 
 // Correlation of two lists of the same length; NaN where one of them does not vary. Who has a list in several pairs
 // gives its deviations.
 double Correlation(std::span<const double> x, std::span<const double> y);
 double Correlation(std::span<const double> x, std::span<const double> y, const Deviations& of_x,
+                   const Deviations& of_y);
+double Correlation(std::span<const std::uint32_t> x, std::span<const double> y, const Deviations& of_x,
                    const Deviations& of_y);
 
 struct Share {

@@ -2,6 +2,8 @@
 #include "core/studies/random_numbers.h"
 
 #include <algorithm>
+#include <cmath>
+#include <numeric>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,6 +12,8 @@ namespace tarvokol {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
+using ::testing::Not;
 
 // The known answers that its authors publish for ten rounds.
 TEST(RandomNumbers, PhiloxGivesItsKnownAnswers) {
@@ -36,12 +40,35 @@ TEST(RandomNumbers, AUnitNumberIsNeverZeroOrOne) {
     EXPECT_EQ(UnitFromBits(std::uint64_t{1} << 63), 0.5 + 0x1p-53);
 }
 
+// Also across the number whose lower 32 bits begin anew, and for lists that fill no batch.
+TEST(RandomNumbers, AListOfUnitsHoldsTheNumbersOfItsStream) {
+    for (const std::uint64_t first : {std::uint64_t{0}, (std::uint64_t{1} << 32) - 5}) {
+        std::vector<double> units(131);
+        FillWithUnits(77, 6, first, units);
+        for (std::size_t i = 0; i < units.size(); ++i)
+            ASSERT_EQ(units[i], UnitFromBits(RandomBits(77, 6, first + i))) << i;
+    }
+}
+
+// Durstenfeld's shuffle by hand: from the last place down, place k - 1 changes with place number k x bits / 2^64.
+TEST(RandomNumbers, AnOrderIsTheShuffleOfItsStream) {
+    constexpr std::uint32_t kCount = 150;
+    std::vector<std::uint32_t> expected(kCount);
+    std::iota(expected.begin(), expected.end(), 0U);
+    for (std::uint32_t left = kCount; left > 1; --left) {
+        const auto place = static_cast<std::uint32_t>(
+            std::ldexp(static_cast<long double>(RandomBits(9, 4, left)), -64) * left);
+        std::swap(expected[left - 1], expected[place]);
+    }
+    EXPECT_THAT(RandomOrder(9, 4, kCount), ElementsAreArray(expected));
+}
+
 TEST(RandomNumbers, AnOrderHoldsEveryNumberOnce) {
     EXPECT_TRUE(RandomOrder(1, 0, 0).empty());
     EXPECT_THAT(RandomOrder(1, 0, 1), ElementsAre(0u));
     auto order = RandomOrder(1, 5, 1000);
     EXPECT_FALSE(std::is_sorted(order.begin(), order.end()));
-    EXPECT_NE(order, RandomOrder(2, 5, 1000));
+    EXPECT_THAT(order, Not(ElementsAreArray(RandomOrder(2, 5, 1000))));
     std::sort(order.begin(), order.end());
     for (std::uint32_t i = 0; i < 1000; ++i) ASSERT_EQ(order[i], i);
 }

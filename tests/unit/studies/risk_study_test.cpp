@@ -3,6 +3,7 @@
 // files.
 #include "core/studies/risk_study.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include <gmock/gmock.h>
@@ -50,6 +51,48 @@ TEST(RiskStudy, RefusedSamplesAreCountedAndLeftOut) {
     EXPECT_TRUE(std::isfinite(result.risk[kWebs].moments.mean));
     EXPECT_GT(result.risk[kWebs].quantiles[0], 4.7199928 - 0.01);  // the highest seam is the weakest
     EXPECT_NEAR(result.risk[kWebs].rank_correlation[0], -1, 1e-9);
+}
+
+// The samples that are refused lie anywhere in the other field: its ranks are counted without them.
+TEST(RiskStudy, RanksAreThoseOfTheSamplesThatAreNotRefused) {
+    RiskRequest request;
+    request.samples = 500;
+    request.keep_drawn = true;
+    request.AddField("Height=uniform:-10:10", WorkedPanel());
+    request.AddField("DepthCover=uniform:200:400", WorkedPanel());
+    const RiskResult result = RunRisk(request, WorkedPanel());
+    ASSERT_EQ(result.refused, 250u);
+    std::vector<double> depths;
+    std::vector<double> factors;
+    for (std::size_t i = 0; i < request.samples; ++i) {
+        if (std::isnan(result.factors[kWebs][i])) continue;
+        depths.push_back(result.drawn[1][i]);
+        factors.push_back(result.factors[kWebs][i]);
+    }
+    const auto rank = [](const std::vector<double>& values, double value) {
+        return static_cast<double>(
+            std::count_if(values.begin(), values.end(), [&](double x) { return x < value; }));
+    };
+    // Spearman: 1 - 6 x sum of squared differences / n (n x n - 1).
+    double squares = 0;
+    for (std::size_t i = 0; i < depths.size(); ++i)
+        squares += std::pow(rank(depths, depths[i]) - rank(factors, factors[i]), 2);
+    EXPECT_NEAR(result.risk[kWebs].rank_correlation[1], 1 - 6 * squares / (250.0 * (250.0 * 250.0 - 1)),
+                1e-12);
+}
+
+// Who does not ask for the drawn values gets the same figures.
+TEST(RiskStudy, KeepingTheDrawnValuesChangesNoFigure) {
+    RiskRequest request;
+    request.samples = 5000;
+    request.AddField("Height=normal:100%:5%", WorkedPanel());
+    const RiskResult without = RunRisk(request, WorkedPanel());
+    request.keep_drawn = true;
+    const RiskResult with = RunRisk(request, WorkedPanel());
+    EXPECT_EQ(with.drawn[0].size(), 5000u);
+    EXPECT_EQ(without.risk[kWebs].moments.mean, with.risk[kWebs].moments.mean);
+    EXPECT_EQ(without.risk[kWebs].rank_correlation, with.risk[kWebs].rank_correlation);
+    EXPECT_THAT(without.factors[kWebs], ::testing::ElementsAreArray(with.factors[kWebs]));
 }
 
 }  // namespace

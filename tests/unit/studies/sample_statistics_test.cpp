@@ -23,34 +23,46 @@ TEST(SampleStatistics, MomentsOfAFewValues) {
     EXPECT_TRUE(std::isnan(MomentsOf(Values{}).mean));
 }
 
+std::vector<std::uint32_t> OrderOf(const Values& values) {
+    const SortedSample sorted(values);
+    std::vector<std::uint32_t> order;
+    for (std::size_t place = 0; place < sorted.size(); ++place) order.push_back(sorted.IndexAt(place));
+    return order;
+}
+
 TEST(SampleStatistics, OrdersValuesOfEitherSign) {
-    EXPECT_THAT(SortedOrder(Values{3, -1, 0, -7.5, 1e300, -1e-300}), ElementsAre(3, 1, 5, 2, 0, 4));
-    EXPECT_THAT(SortedOrder(Values{2, 2, 1, 2}), ElementsAre(2, 0, 1, 3));
-    EXPECT_TRUE(SortedOrder(Values{}).empty());
+    EXPECT_THAT(OrderOf({3, -1, 0, -7.5, 1e300, -1e-300}), ElementsAre(3, 1, 5, 2, 0, 4));
+    EXPECT_THAT(OrderOf({2, 2, 1, 2}), ElementsAre(2, 0, 1, 3));
+    EXPECT_THAT(OrderOf({0.0, -0.0, 0.0}), ElementsAre(0, 1, 2));
+    EXPECT_TRUE(OrderOf({}).empty());
 }
 
 TEST(SampleStatistics, OrdersAsTheLibraryDoes) {
     Values values(50000);
     for (std::size_t i = 0; i < values.size(); ++i)
         values[i] = std::ldexp(UnitFromBits(RandomBits(3, 0, i)) - 0.5, static_cast<int>(i % 40) - 20);
-    const auto order = SortedOrder(values);
+    const SortedSample sample(values);
     Values sorted = values;
     std::sort(sorted.begin(), sorted.end());
-    for (std::size_t i = 0; i < values.size(); ++i) ASSERT_EQ(values[order[i]], sorted[i]);
+    for (std::size_t i = 0; i < values.size(); ++i) ASSERT_EQ(sample[i], sorted[i]);
 }
 
 TEST(SampleStatistics, QuantilesAreLinearBetweenNeighbours) {
     const Values values{40, 10, 20, 50};
-    const auto order = SortedOrder(values);
-    EXPECT_EQ(QuantileOf(values, order, 0), 10);
-    EXPECT_EQ(QuantileOf(values, order, 0.5), 30);
-    EXPECT_EQ(QuantileOf(values, order, 0.25), 17.5);
-    EXPECT_EQ(QuantileOf(values, order, 1), 50);
+    const SortedSample sorted(values);
+    EXPECT_EQ(sorted.Quantile(0), 10);
+    EXPECT_EQ(sorted.Quantile(0.5), 30);
+    EXPECT_EQ(sorted.Quantile(0.25), 17.5);
+    EXPECT_EQ(sorted.Quantile(1), 50);
+    EXPECT_TRUE(std::isnan(SortedSample(Values{}).Quantile(0.5)));
 }
 
 TEST(SampleStatistics, EqualValuesShareTheMeanOfTheirRanks) {
     const Values values{10, 30, 20, 20, 30, 30};
-    EXPECT_THAT(RanksOf(values, SortedOrder(values)), ElementsAre(1, 5, 2.5, 2.5, 5, 5));
+    EXPECT_THAT(SortedSample(values).Ranks(), ElementsAre(1, 5, 2.5, 2.5, 5, 5));
+    // Neighbours that differ in their last bits only, and both zeros.
+    const Values close{1.0, 1e9, 0x1.0000000000001p0, 1.0, -0.0, 0.0};
+    EXPECT_THAT(SortedSample(close).Ranks(), ElementsAre(3.5, 6, 5, 3.5, 1.5, 1.5));
 }
 
 TEST(SampleStatistics, CorrelationOfKnownLists) {

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Memory for millions of numbers.
+#pragma once
+
+#include <cstddef>
+#include <cstdlib>
+#include <memory>
+#include <new>
+#include <type_traits>
+#include <utility>
+
+#include <sys/mman.h>
+
+namespace tarvokol {
+
+// A fixed number of numbers whose values are not set at first: whoever makes it writes all of them. A large one lies
+// in large pages where the system has them, so that using it first does not take longer than filling it.
+template <typename Number>
+class BigArray {
+    static_assert(std::is_arithmetic_v<Number>);
+
+  public:
+    using value_type = Number;
+    using iterator = Number*;
+    using const_iterator = const Number*;
+
+    BigArray() = default;
+
+    // Raises std::bad_alloc.
+    explicit BigArray(std::size_t size) : numbers_(Allocate(size)), size_(size) {}
+    BigArray(BigArray&& other) noexcept
+        : numbers_(std::move(other.numbers_)), size_(std::exchange(other.size_, 0)) {}
+    BigArray& operator=(BigArray&& other) noexcept {
+        numbers_ = std::move(other.numbers_);
+        size_ = std::exchange(other.size_, 0);
+        return *this;
+    }
+
+    std::size_t size() const { return size_; }
+    bool empty() const { return size_ == 0; }
+    Number* data() { return numbers_.get(); }
+    const Number* data() const { return numbers_.get(); }
+    Number* begin() { return data(); }
+    Number* end() { return data() + size_; }
+    const Number* begin() const { return data(); }
+    const Number* end() const { return data() + size_; }
+    Number& operator[](std::size_t i) { return numbers_[i]; }
+    const Number& operator[](std::size_t i) const { return numbers_[i]; }
+
+  private:
+    static constexpr std::size_t kLargePage = std::size_t{2} << 20;
+
+    struct Release {
+        void operator()(Number* numbers) const { std::free(numbers); }
+    };
+    using Memory = std::unique_ptr<Number[], Release>;
+
+    static Memory Allocate(std::size_t size) {
+        if (size > (SIZE_MAX - kLargePage) / sizeof(Number)) throw std::bad_alloc();
+        const std::size_t bytes = (size * sizeof(Number) + kLargePage - 1) / kLargePage * kLargePage;
+        const bool large = bytes > kLargePage;
+        void* memory = large ? std::aligned_alloc(kLargePage, bytes) : std::malloc(size * sizeof(Number));
+        if (memory == nullptr && size > 0) throw std::bad_alloc();
+        // A wish: a system that does not grant it gives ordinary pages.
+        if (large) ::madvise(memory, bytes, MADV_HUGEPAGE);
+        return Memory(static_cast<Number*>(memory));
+    }
+
+    Memory numbers_;
+    std::size_t size_ = 0;
+};
+
+}  // namespace tarvokol
