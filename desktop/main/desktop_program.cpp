@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/main/desktop_program.h"
+
+#include <QApplication>
+#include <QFont>
+#include <cstdio>
+#include <filesystem>
+#include <string_view>
+
+#include "core/platform/platform.h"
+#include "core/program/start_up.h"
+#include "core/project/project_state.h"
+#include "core/report/report_builder.h"
+#include "core/runtime/run_time_error.h"
+#include "core/runtime/text.h"
+#include "qt/qt_text.h"
+
+namespace tarvokol {
+namespace {
+
+constexpr const char* kUsage =
+    "Usage: tarvokol [PROJECT]\n"
+    "Opens the window of TARVO-KOL, with the project file PROJECT if it is named. The whole\n"
+    "command line is one path, so a name with blanks needs no quotes.\n\n"
+    "  --help     this text\n"
+    "  --version  the program's version\n\n"
+    "For scripts and many projects: tarvokol-cli --help\n";
+
+}  // namespace
+
+void DesktopBindings::Install() {
+    Platform.Messages = &Messages;
+    Platform.Printer = &Printer;
+    Platform.Dialogs = &Dialogs;
+    Platform.TheClipboard = &TheClipboard;
+    Platform.MainWindow = &MainWindow;
+    Platform.Help = &Help;
+    Platform.TheShell = &TheShell;
+    Platform.FileTypes = &FileTypes;
+    Platform.Folders = &Folders;
+    Platform.Fonts = &Fonts;
+    Platform.Spreadsheet = &Spreadsheet;
+    Platform.TheClock = &TheClock;
+}
+
+// Which family the system falls back on varies with what else is installed.
+void SetProgramFont() {
+    constexpr int kPoints = 10;
+    QApplication::setFont(QFont("Liberation Sans", kPoints));
+}
+
+bool AnswersOnTerminal(int count, const char* const* words) {
+    if (count != 2) return false;
+    const std::string_view question = words[1];
+    if (question == "--help" || question == "-h")
+        std::fputs(kUsage, stdout);
+    else if (question == "--version")
+        std::printf("tarvokol %s\n", VersionString().c_str());
+    else
+        return false;
+    return true;
+}
+
+// The whole command line is one path, quotes apart. The program makes its own folder the current one, so a
+// path that is told from the user's folder is completed first.
+std::string ProjectOfCommandLine(const QStringList& arguments) {
+    const std::string line = ReplaceAll(FromQt(arguments.mid(1).join(' ')), "\"", "");
+    std::error_code failure;
+    if (!std::filesystem::is_regular_file(line, failure)) return line;
+    const std::filesystem::path full = std::filesystem::absolute(line, failure);
+    return failure ? line : full.string();
+}
+
+// A project that cannot be opened ends the program, and the user learns which.
+void StartProgram(const std::string& command_line) {
+    try {
+        Main(command_line, StepsOfMainWindow());
+    } catch (const RunTimeError& error) {
+        if (command_line.empty() || ProjectFileName != command_line) throw;
+        throw RunTimeError(error.number, error.text + ": " + command_line);
+    }
+}
+
+}  // namespace tarvokol
