@@ -13,10 +13,12 @@ using nlohmann::json;
 
 class Bulk : public CliTest {
   protected:
-    // What the command writes on standard error if that is a terminal; standard output goes nowhere.
-    std::string ErrorsOnATerminal(const std::string& arguments) const {
-        const std::string command =
-            "cd '" + Folder.string() + "' && exec '" TARVOKOL_CLI "' " + arguments + " > /dev/null";
+    // What the command writes on standard error if that is a terminal; standard output goes nowhere. Standard input comes
+    // from `before`, where that is given.
+    std::string ErrorsOnATerminal(const std::string& arguments, const std::string& before = "") const {
+        const std::string command = "cd '" + Folder.string() + "' && " +
+                                    (before.empty() ? "exec" : before + " |") + " '" TARVOKOL_CLI "' " +
+                                    arguments + " > /dev/null";
         int terminal = -1;
         const pid_t child = ::forkpty(&terminal, nullptr, nullptr, nullptr);
         if (child == 0) {
@@ -131,8 +133,33 @@ TEST_F(Bulk, OnlyATerminalGetsAProgressLine) {
     Project("a.TKL");
     EXPECT_EQ(ErrorsOnATerminal("size a.TKL a.TKL a.TKL"), "\r3/3\r\n");
     EXPECT_EQ(ErrorsOnATerminal("size --quiet a.TKL a.TKL a.TKL"), "");
+    EXPECT_EQ(ErrorsOnATerminal("size a.TKL a.TKL"), "\r2/2\r\n");
     EXPECT_EQ(ErrorsOnATerminal("size a.TKL"), "");
     EXPECT_EQ(Run({"size", "a.TKL", "a.TKL", "a.TKL"}).err, "");
+}
+
+TEST_F(Bulk, TheProgressLineComesAtEveryFiftiethFileAndAtTheEnd) {
+    Project("a.TKL");
+    std::string files;
+    for (int i = 0; i < 101; ++i) files += " a.TKL";
+    EXPECT_EQ(ErrorsOnATerminal("size" + files), "\r50/101\r100/101\r101/101\r\n");
+}
+
+// The first line comes when rows are done after a fifth of a second; at the end none is left.
+TEST_F(Bulk, AStudyTellsOfItsRowsWhileItRuns) {
+    Project("a.TKL");
+    const std::string rows = "(echo DepthCover; sleep 0.3; echo 100; echo 200)";
+    EXPECT_THAT(ErrorsOnATerminal("table --json a.TKL -", rows),
+                testing::MatchesRegex("\r\x1b\\[K2 rows  [1-9]\\.[0-9] rows/s\r\x1b\\[K"));
+    EXPECT_EQ(ErrorsOnATerminal("table --json --quiet a.TKL -", rows), "");
+    EXPECT_EQ(Run({"table", "--json", "a.TKL", "-"}, "DepthCover\n100\n").err, "");
+}
+
+TEST_F(Bulk, ADashBesideOtherFilesIsAFile) {
+    Project("a.TKL");
+    const CliAnswer answer = Run({"size", "-", "a.TKL"}, "a.TKL\n");
+    EXPECT_EQ(answer.status, 1);
+    EXPECT_EQ(answer.err, "-: File not found\n");
 }
 
 TEST_F(Bulk, EveryCommandTakesTheCommonOptions) {

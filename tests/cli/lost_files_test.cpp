@@ -139,23 +139,6 @@ class Orders {
     ~Orders() { ::unsetenv("LD_PRELOAD"); }
 };
 
-// GCC and Clang tell of the address sanitizer in ways of their own.
-#ifdef __has_feature
-#if __has_feature(address_sanitizer)
-#define TARVOKOL_SANITIZED
-#endif
-#elif defined(__SANITIZE_ADDRESS__)
-#define TARVOKOL_SANITIZED
-#endif
-
-// Why a test with orders is left out, if it is.
-#ifdef TARVOKOL_SANITIZED
-constexpr const char* kNoLibraryInFront =
-    "the address sanitizer and a library in front of the program both want to be loaded first";
-#else
-constexpr const char* kNoLibraryInFront = nullptr;
-#endif
-
 struct Failure {
     std::string kind = "once";
     int error = ENOSPC;

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The largest that the command line takes, the threads that it works on, and what it does when it is to end.
+#include <cstdlib>
+#include <thread>
+
+#include <sys/wait.h>
+
+#include "tests/cli/cli_runner.h"
+
+namespace tarvokol {
+namespace {
+
+class Limits : public CliTest {
+  protected:
+    Limits() { Project("p.TKL"); }
+
+    // Runs a line of the shell in the test's folder, in which $cli is the command line.
+    CliAnswer Shell(const std::string& line) const {
+        return RunProgram("/bin/sh", {"-c", "cli='" TARVOKOL_CLI "'; " + line}, Folder.string());
+    }
+    // The most threads at a time beside the main one.
+    int ThreadsOf(const std::vector<std::string>& arguments) const {
+        ::setenv("LD_PRELOAD", TARVOKOL_COUNTING_THREADS, 1);
+        ::setenv("TARVOKOL_THREAD_COUNT", PathTo("count").c_str(), 1);
+        const CliAnswer answer = Run(arguments);
+        ::unsetenv("LD_PRELOAD");
+        ::unsetenv("TARVOKOL_THREAD_COUNT");
+        EXPECT_EQ(answer.status, 0) << answer.err;
+        return std::atoi(ReadBytes(PathTo("count")).c_str());
+    }
+};
+
+TEST_F(Limits, AProjectOnStandardInputHasSixtyFourMegabytes) {
+    const CliAnswer largest = Shell("head -c 67108864 /dev/zero | $cli size --stdin-project -");
+    EXPECT_EQ(largest.status, 1);
+    EXPECT_EQ(largest.err, "-: Invalid file format\n");
+    const CliAnswer larger = Shell("head -c 67108865 /dev/zero | $cli size --stdin-project -");
+    EXPECT_EQ(larger.status, 1);
+    EXPECT_EQ(larger.err, "-: Out of memory\n");
+}
+
+TEST_F(Limits, AnAxisOfMoreThanAMillionValuesIsWrittenAsAnyOther) {
+    EXPECT_EQ(
+        Shell("$cli sweep -q p.TKL --vary DepthCover=0:-1000000:-1 | sed -n '2,4p;1000001,1000003p'").out,
+        "0,,,,,Invalid depth of cover\r\n-1,,,,,Invalid depth of cover\r\n-2,,,,,Invalid depth of cover\r\n"
+        "-999999,,,,,Invalid depth of cover\r\n-1e+06,,,,,Invalid depth of cover\r\n");
+}
+
+TEST_F(Limits, ABillionCombinationsNeedNoForce) {
+    const std::string header = "Height,DepthCover,Overall,WebsOnly,BarrierPillar,ExtractionRatio,Message\r\n";
+    const std::string sweep = "$cli sweep -q p.TKL --vary Height=1:2/1000000 --vary DepthCover=1:2/";
+    EXPECT_EQ(Shell(sweep + "1000 | head -n 1").out, header);
+    EXPECT_EQ(Shell(sweep + "1001 | head -n 1").out, "");
+    EXPECT_EQ(Shell(sweep + "1001 --force | head -n 1").out, header);
+}
+
+TEST_F(Limits, SamplesThatNoMemoryHoldsAreToldOf) {
+    if (kNoLibraryInFront != nullptr)
+        GTEST_SKIP() << "the address sanitizer wants more room than is left here";
+    const CliAnswer answer = Shell(
+        "ulimit -v 4000000; $cli risk p.TKL --random Height=uniform:5:6 --samples 4294967295 --threads 1");
+    EXPECT_EQ(answer.status, 1);
+    EXPECT_EQ(answer.out, "");
+    EXPECT_EQ(answer.err, "out of memory: take fewer samples\n");
+}
+
+// Rows are handed over by the main thread, which calculates none; samples it calculates, too.
+TEST_F(Limits, AStudyWorksOnAsManyThreadsAsAskedFor) {
+    if (kNoLibraryInFront != nullptr) GTEST_SKIP() << kNoLibraryInFront;
+    const std::vector<std::string> sweep{"sweep", "-q", "p.TKL", "--vary", "DepthCover=50:900/100000"};
+    const auto with = [](std::vector<std::string> words, const std::string& threads) {
+        words.insert(words.end(), {"--threads", threads});
+        return words;
+    };
+    EXPECT_EQ(ThreadsOf(with(sweep, "1")), 1);
+    EXPECT_EQ(ThreadsOf(with(sweep, "2")), 2);
+    EXPECT_EQ(ThreadsOf(sweep), static_cast<int>(std::max(1U, std::thread::hardware_concurrency())));
+    const std::vector<std::string> risk{"risk",      "p.TKL", "--random", "Height=uniform:5:6",
+                                        "--samples", "200000"};
+    EXPECT_EQ(ThreadsOf(with(risk, "1")), 0);
+    EXPECT_EQ(ThreadsOf(with(risk, "2")), 1);
+}
+
+// A signal that the caller has put off, as nohup does, ends nothing.
+TEST_F(Limits, ASignalThatIsPutOffStaysSo) {
+    const CliAnswer answer = Shell(
+        "trap '' TERM HUP; (echo DepthCover; sleep 0.4; echo -1) | "
+        "sh -c 'echo $$ > pid; exec '\"$cli\"' table -q p.TKL -' & "
+        "sleep 0.2; kill -TERM $(cat pid); kill -HUP $(cat pid); wait");
+    EXPECT_EQ(answer.out,
+              "DepthCover,Overall,WebsOnly,BarrierPillar,ExtractionRatio,Message\r\n"
+              "-1,,,,,Invalid depth of cover\r\n");
+}
+
+}  // namespace
+}  // namespace tarvokol
