@@ -12,6 +12,7 @@
 
 namespace tarvokol {
 StudyWorkbook::StudyWorkbook(const std::string& path) : path_(path), book_(NewWorkbook(path, true)) {
+    const SignalsPutOff put_off;
     sheet_ = ::workbook_add_worksheet(book_, nullptr);
     if (sheet_ != nullptr) return;
     const int system_error = errno;

@@ -43,6 +43,7 @@ class MutedStandardError {
 
 // `system_error` returns the cause of a failure, 0 if it is not known.
 lxw_error CloseWorkbook(lxw_workbook* book, int& system_error) {
+    const SignalsPutOff put_off;
     const PlainNumbers plain;
     const MutedStandardError muted;
     errno = 0;
@@ -59,6 +60,17 @@ PlainNumbers::PlainNumbers() {
 
 PlainNumbers::~PlainNumbers() {
     if (before_ != nullptr) ::uselocale(static_cast<locale_t>(before_));
+}
+
+SignalsPutOff::SignalsPutOff() {
+    sigset_t ends;
+    ::sigemptyset(&ends);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) ::sigaddset(&ends, signal);
+    ::pthread_sigmask(SIG_BLOCK, &ends, &before_);
+}
+
+SignalsPutOff::~SignalsPutOff() {
+    ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
 }
 
 lxw_workbook* NewWorkbook(const std::string& path, bool row_by_row) {

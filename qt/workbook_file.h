@@ -2,6 +2,7 @@
 // What the workbook library leaves to its caller when it writes a file.
 #pragma once
 
+#include <csignal>
 #include <cstddef>
 #include <string>
 
@@ -20,6 +21,19 @@ class PlainNumbers {
 
   private:
     void* before_ = nullptr;
+};
+
+// The library's scratch has a name for a moment: a signal that ended the process there would leave it behind. While the
+// object lives, the signals that a user or the system ends a program with wait for the thread.
+class SignalsPutOff {
+  public:
+    SignalsPutOff();
+    ~SignalsPutOff();
+    SignalsPutOff(const SignalsPutOff&) = delete;
+    SignalsPutOff& operator=(const SignalsPutOff&) = delete;
+
+  private:
+    sigset_t before_{};
 };
 
 // A workbook for the file at `path`, whose scratch stands beside it: where that has room, the scratch has it,

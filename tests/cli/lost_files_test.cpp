@@ -310,6 +310,32 @@ TEST_F(LostFiles, AnEndAtAnyFileOperationLosesNothing) {
     EXPECT_GE(cases, 15);
 }
 
+// The user's interrupt at the first file operations one by one and at some of the many that pack a workbook: the old file or
+// the new one, and no scratch.
+TEST_F(LostFiles, AnInterruptAtAnyFileOperationLeavesNothingBehind) {
+    if (kNoLibraryInFront != nullptr) GTEST_SKIP() << kNoLibraryInFront;
+    for (const std::string output : {"o.csv", "o.xlsx"}) {
+        long interrupted = 0;
+        for (long at = 1;; at += at < 12 ? 1 : 29) {
+            SCOPED_TRACE(output + ", call " + std::to_string(at));
+            WriteBytes(PathTo(output), kOldContent);
+            CliAnswer answer;
+            {
+                const Orders orders(Folder.string(), at, ENOSPC, "interrupt");
+                answer = Run(With(kSweep, {"--quiet", "--force", "-o", output}));
+            }
+            EXPECT_THAT(Leftovers({output}), testing::IsEmpty());
+            for (const std::string& name : Leftovers({output})) std::filesystem::remove(Folder / name);
+            EXPECT_NE(ReadBytes(PathTo(output)), "");
+            if (answer.status == 0) break;
+            EXPECT_EQ(answer.status, 128 + SIGINT);
+            ++interrupted;
+        }
+        EXPECT_GE(interrupted, 4);
+        std::filesystem::remove(PathTo(output));
+    }
+}
+
 // A sweep of a million rows into a file that stands, ended by a signal when its new content has begun to
 // grow.
 class EndedStudy : public LostFiles, public ::testing::WithParamInterface<std::string> {

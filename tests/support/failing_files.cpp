@@ -73,6 +73,10 @@ Verdict Judge(const char* name, bool writes = false) {
     const char* none = nullptr;
     FailedCall.compare_exchange_strong(none, name);
     if (TheFault.kind == FaultKind::Kill) ::raise(SIGKILL);
+    if (TheFault.kind == FaultKind::Interrupt) {
+        ::raise(SIGINT);
+        return Verdict::Proceed;
+    }
     if (TheFault.kind == FaultKind::Half && writes) {
         WriteFailsNext = true;
         return Verdict::Half;
@@ -103,6 +107,7 @@ FaultKind KindNamed(const std::string& name) {
     if (name == "forever") return FaultKind::Forever;
     if (name == "full") return FaultKind::Full;
     if (name == "half") return FaultKind::Half;
+    if (name == "interrupt") return FaultKind::Interrupt;
     return name == "kill" ? FaultKind::Kill : FaultKind::Once;
 }
 

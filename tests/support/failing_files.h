@@ -4,7 +4,7 @@
 //   TARVOKOL_FAULT_FOLDER  folder below which files count, all others are left alone
 //   TARVOKOL_FAULT_AT      number of the call that fails, from 1; 0 for none
 //   TARVOKOL_FAULT_ERROR   errno that it fails with
-//   TARVOKOL_FAULT_KIND    once, forever, full, half or kill
+//   TARVOKOL_FAULT_KIND    once, forever, full, half, kill or interrupt
 //   TARVOKOL_FAULT_COUNT   file that takes the number of calls seen and the name of the one that failed
 // Calls that count: open, read, write, close, fsync, truncate, rename, unlink, mkdir, and what the standard
 // streams make of them.
@@ -17,10 +17,11 @@ namespace tarvokol {
 
 enum class FaultKind {
     Once,
-    Forever,  // that call and all that follow
-    Full,     // from that call on every write: a full disk
-    Half,     // a write takes half of its bytes, the next write fails; any other call fails once
-    Kill      // the process ends there as by SIGKILL
+    Forever,   // that call and all that follow
+    Full,      // from that call on every write: a full disk
+    Half,      // a write takes half of its bytes, the next write fails; any other call fails once
+    Kill,      // the process ends there as by SIGKILL
+    Interrupt  // SIGINT comes there; the call is made if the process goes on
 };
 
 struct FileFault {
