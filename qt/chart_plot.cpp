@@ -67,18 +67,14 @@ void LegendEntry::draw(QCPPainter* painter) {
 ChartPlot::ChartPlot(QWidget& parent, const ChartModel& model) : view(&parent), model_(model) {
     view.setAttribute(Qt::WA_TransparentForMouseEvents);
     view.setFocusPolicy(Qt::NoFocus);
-    view.setBackground(QBrush(Qt::white));
     view.setLocale(QLocale::c());
     LayOut();
     for (QCPAxis* axis : {view.xAxis, view.yAxis}) {
         axis->setTicker(QSharedPointer<QCPAxisTicker>(new ChartTicker));
         axis->setTickLabelFont(ChartFont(kSmallFont));
-        axis->setTickLabelColor(kInk);
-        axis->setLabelColor(kInk);
         axis->setLabelPadding(kAxisTitleGap);
         axis->grid()->setPen(QPen(kGridGrey, 1));
         axis->grid()->setZeroLinePen(QPen(kGridGrey, 1));
-        axis->grid()->setSubGridVisible(false);
         axis->setSubTicks(false);
     }
 }
@@ -107,7 +103,6 @@ void ChartPlot::LayOut() {
     view.legend->setVisible(true);
     view.legend->setBorderPen(Qt::NoPen);
     view.legend->setBrush(Qt::NoBrush);
-    view.legend->setTextColor(kInk);
     view.legend->setFont(ChartFont(kSmallFont));
     view.legend->setColumnSpacing(kLegendColumnGap);
     view.legend->setMargins(QMargins(0, 0, 0, 0));
@@ -115,7 +110,6 @@ void ChartPlot::LayOut() {
 
 QCPTextElement* ChartPlot::AddTextRow(int row) {
     auto* text = new QCPTextElement(&view);
-    text->setTextColor(kInk);
     view.plotLayout()->addElement(row, 0, text);
     view.plotLayout()->setRowStretchFactor(row, 0.001);
     return text;
