@@ -60,7 +60,8 @@ void LegendEntry::draw(QCPPainter* painter) {
     painter->restore();
     painter->setFont(getFont());
     painter->setPen(QPen(getTextColor()));
-    const QRect text = mRect.adjusted(icon.width() + mParentLegend->iconTextPadding(), 0, 0, 0);
+    QRect text = mRect;
+    text.setLeft(mRect.left() + icon.width() + mParentLegend->iconTextPadding());
     painter->drawText(text, Qt::TextDontClip | Qt::AlignVCenter | Qt::AlignLeft, curve_->name());
 }
 
@@ -207,7 +208,6 @@ std::vector<int> ChartPlot::LegendSeries() const {
 // the plot.
 void ChartPlot::ComposeLegend(const QSize& size) {
     view.legend->clearItems();
-    view.legend->setWrap(0);
     view.legend->setFillOrder(QCPLayoutGrid::foColumnsFirst, false);
     const std::vector<int> entries = LegendSeries();
     if (entries.empty()) return;

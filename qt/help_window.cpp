@@ -230,7 +230,7 @@ void HelpWindow::FollowDialog() {
 
 void HelpWindow::Contents_Created() {
     collection_.Engine().contentWidget()->expandToDepth(0);
-    Source_Changed();
+    Source_Changed(browser_->source());
 }
 
 void HelpWindow::Contents_Clicked(const QModelIndex& index) {
@@ -285,10 +285,10 @@ void HelpWindow::Print_Triggered() {
     if (dialog.exec() == QDialog::Accepted) browser_->print(&printer);
 }
 
-// The contents follow the topic on show.
-void HelpWindow::Source_Changed() {
+// The contents follow the topic on show. While it changes, the browser still names the one before.
+void HelpWindow::Source_Changed(const QUrl& address) {
     QHelpContentWidget* contents = collection_.Engine().contentWidget();
-    const QModelIndex place = contents->indexOf(browser_->source());
+    const QModelIndex place = contents->indexOf(address);
     if (place.isValid()) contents->setCurrentIndex(place);
     const QString title = browser_->documentTitle();
     const QString help = tr("TARVO-KOL Help");

@@ -60,7 +60,7 @@ class HelpWindow : public QMainWindow {
     void Result_Activated(QListWidgetItem* item);
     void Home_Triggered();
     void Print_Triggered();
-    void Source_Changed();
+    void Source_Changed(const QUrl& address);
 
     QString compiled_file_;
     HelpCollection collection_;

@@ -74,7 +74,7 @@ class Archive {
         if (::inflateInit2(&stream, -MAX_WBITS) != Z_OK) return false;
         stream.next_in = reinterpret_cast<Bytef*>(packed.data());
         stream.avail_in = static_cast<uInt>(packed.size());
-        uLong sum = ::crc32(0, nullptr, 0);
+        uLong sum = 0;
         std::size_t size = 0;
         int result = Z_OK;
         while (result == Z_OK) {

@@ -644,6 +644,10 @@ TEST_F(ChartLooks, ALowChartShowsThePlotInsteadOfTheLegend) {
     Chart.SetSymbolSize(1, 20);
     EXPECT_EQ(At(449, 69).legend->itemCount(), 1);
     EXPECT_EQ(At(449, 68).legend->itemCount(), 0);
+    Chart.SetSymbolSize(1, 10);  // 18 pixels are the share of 40
+    EXPECT_EQ(At(449, 40).legend->itemCount(), 1);
+    EXPECT_EQ(At(449, 39).legend->itemCount(), 0);
+    Chart.SetSymbolSize(1, 20);
     AddPoints(2);
     Chart.AddSeriesLabel(2, "Overall");
     EXPECT_EQ(At(449, 69).legend->itemCount(), 2);  // beside one another
