@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <array>
 #include <clocale>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -18,6 +19,7 @@
 #include "core/runtime/numbers.h"
 #include "core/settings/folders.h"
 #include "qt/chart_control.h"
+#include "qt/study_workbook.h"
 #include "qt/workbook_check.h"
 #include "tests/support/curve_fixture.h"
 #include "tests/support/failing_files.h"
@@ -307,6 +309,165 @@ TEST_F(XlsxWriterTest, AFolderThatIsGoneRaisesItsError) {
     TempDataFolder = PathTo("gone") + "/";
     DesktopXlsxWriter writer;
     EXPECT_EQ(RaisedError([&] { writer.BeginWorkbook(); }), 76);
+}
+
+class StudyWorkbookTest : public CoreTest {
+  protected:
+    // Two titles over two rows, of which the second has gaps.
+    static void Fill(RowSheet& sheet) {
+        sheet.AddTitles({"Height (ft)", "State"});
+        sheet.AddNumber(12.5);
+        sheet.AddText("stable");
+        sheet.EndRow();
+        sheet.AddNumber(NAN);
+        sheet.AddText("");
+        sheet.AddNumber(-1.0 / 12.0);
+        sheet.EndRow();
+        sheet.AddText("end");
+        sheet.Finish();
+    }
+    std::map<std::string, std::string> Written() {
+        StudyWorkbook book(PathTo("study.xlsx"));
+        Fill(book);
+        return RowsOf(ReadBytes(PathTo("study.xlsx")));
+    }
+    // Cells whose texts stand in their places, as a workbook has them that is written row by row.
+    static std::map<std::string, std::string> RowsOf(const std::string& xlsx) {
+        std::map<std::string, std::string> cells;
+        const std::string sheet = Unzip(xlsx)["xl/worksheets/sheet1.xml"];
+        const std::regex cell("<c r=\"([A-Z]+[0-9]+)\"[^>]*>(?:<is><t[^>]*>|<v>)([^<]*)<");
+        for (std::sregex_iterator it(sheet.begin(), sheet.end(), cell), last; it != last; ++it)
+            cells[(*it)[1]] = (*it)[2];
+        return cells;
+    }
+};
+
+TEST_F(StudyWorkbookTest, RowsFollowOneAnotherUnderTheirTitles) {
+    const std::map<std::string, std::string> expected{
+        {"A1", "Height (ft)"},          {"B1", "State"}, {"A2", "12.5"}, {"B2", "stable"},
+        {"C3", "-0.08333333333333333"}, {"A4", "end"}};
+    EXPECT_EQ(Written(), expected);
+}
+
+TEST_F(StudyWorkbookTest, TheTitlesAreBoldAndStayInView) {
+    Written();
+    auto entries = Unzip(ReadBytes(PathTo("study.xlsx")));
+    const std::string sheet = entries["xl/worksheets/sheet1.xml"];
+    EXPECT_NE(
+        sheet.find("<pane ySplit=\"1\" topLeftCell=\"A2\" activePane=\"bottomLeft\" state=\"frozen\"/>"),
+        std::string::npos);
+    EXPECT_NE(sheet.find("<c r=\"A1\" s=\"1\""), std::string::npos);
+    EXPECT_NE(sheet.find("<c r=\"B1\" s=\"1\""), std::string::npos);
+    EXPECT_EQ(sheet.find("<c r=\"A2\" s="), std::string::npos);
+    EXPECT_NE(entries["xl/styles.xml"].find("<b/>"), std::string::npos);
+}
+
+TEST_F(StudyWorkbookTest, ADecimalCommaOfTheDesktopDoesNotReachIt) {
+    const CommaLocale comma(Folder);
+    ASSERT_TRUE(comma.Holds());
+    StudyWorkbook book(PathTo("study.xlsx"));
+    for (int row = 0; row < 3; ++row) {
+        book.AddNumber(0.5 + row);
+        book.EndRow();
+    }
+    book.AddText("end");
+    book.Finish();
+    const auto cells = RowsOf(ReadBytes(PathTo("study.xlsx")));
+    EXPECT_EQ(cells.at("A1"), "0.5");
+    EXPECT_EQ(cells.at("A3"), "2.5");
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "%.1f", 12.5);
+    EXPECT_STREQ(text.data(), "12,5");  // the desktop's own again
+}
+
+TEST_F(StudyWorkbookTest, ACellBeyondTheSheetIsAnError) {
+    StudyWorkbook book(PathTo("study.xlsx"));
+    for (int column = 0; column < 16384; ++column) book.AddNumber(NAN);
+    EXPECT_EQ(RaisedError([&book] { book.AddNumber(1); }), 57);
+    EXPECT_EQ(RaisedError([&book] { book.AddText("1"); }), 57);
+}
+
+TEST_F(StudyWorkbookTest, AFolderThatIsGoneRaisesItsError) {
+    EXPECT_EQ(RaisedError([this] {
+                  StudyWorkbook book(PathTo("gone/study.xlsx"));
+                  Fill(book);
+              }),
+              76);
+}
+
+TEST_F(StudyWorkbookTest, OneThatIsGivenUpLeavesNothing) {
+    { StudyWorkbook book(PathTo("study.xlsx")); }
+    EXPECT_TRUE(std::filesystem::is_empty(Folder));
+}
+
+// The library's own words about a failure do not reach standard error.
+TEST_F(XlsxWriterTest, TheLibraryIsMuteAndStandardErrorComesBack) {
+    testing::internal::CaptureStderr();
+    {
+        const FailingFiles fault({.folder = Folder.string(), .at = 2, .kind = FaultKind::Full});
+        EXPECT_NE(RaisedError([this] {
+                      XlsxFileWriter writer(PathTo("book.xlsx"));
+                      writer.BeginWorkbook();
+                      writer.SetCell("A1", 1.0);
+                      writer.ShowWorkbook();
+                  }),
+                  0);
+    }
+    std::fputs("after", stderr);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "after");
+}
+
+TEST_F(XlsxWriterTest, ACellSetTwiceIsOne) {
+    XlsxFileWriter writer(PathTo("book.xlsx"));
+    writer.BeginWorkbook();
+    writer.SetCell("A1", 1.0);
+    writer.SetCell("A1", 2.0);
+    writer.ShowWorkbook();
+    EXPECT_EQ(Cells(ReadBytes(PathTo("book.xlsx"))).at("A1"), "2");
+    // The writer is free for another workbook, which begins empty.
+    writer.BeginWorkbook();
+    writer.SetCell("B1", 3.0);
+    writer.ShowWorkbook();
+    EXPECT_EQ(Cells(ReadBytes(PathTo("book.xlsx"))).size(), 1u);
+    EXPECT_EQ(RaisedError([&] { writer.SetCell("A1", 1.0); }), 429);
+    EXPECT_EQ(RaisedError([&] { writer.SetCell("A1", std::string("x")); }), 429);
+}
+
+TEST_F(XlsxWriterTest, CellsBeyondTheSheetAreInvalidCalls) {
+    XlsxFileWriter writer(PathTo("book.xlsx"));
+    writer.BeginWorkbook();
+    EXPECT_EQ(RaisedError([&] { writer.SetCell("A1048577", 1.0); }), 5);
+    EXPECT_EQ(RaisedError([&] { writer.SetCell("A1", std::string(40000, 'x')); }), 5);
+}
+
+TEST_F(XlsxWriterTest, ADesktopsWorkbookThatIsGivenUpFreesItsName) {
+    {
+        DesktopXlsxWriter writer;
+        writer.BeginWorkbook();
+        EXPECT_TRUE(std::filesystem::exists(PathTo("Curves1.xlsx")));
+        EXPECT_EQ(writer.WorkbookLeftAt(), "");
+    }
+    EXPECT_FALSE(std::filesystem::exists(PathTo("Curves1.xlsx")));
+    DesktopXlsxWriter writer;
+    writer.BeginWorkbook();
+    writer.SetCell("A1", 1.0);
+    {
+        const FailingFiles fault({.folder = Folder.string(), .at = 2, .kind = FaultKind::Full});
+        EXPECT_NE(RaisedError([&] { writer.ShowWorkbook(); }), 0);
+    }
+    EXPECT_FALSE(std::filesystem::exists(PathTo("Curves1.xlsx")));
+    EXPECT_TRUE(Host.TheShell.Opened.empty());
+}
+
+// 33 and more tell that a program was found.
+TEST_F(XlsxWriterTest, AProgramThatOpensTheWorkbookLeavesNothingToTell) {
+    for (const int result : {32, 33}) {
+        Host.TheShell.OpenResult = result;
+        DesktopXlsxWriter writer;
+        writer.BeginWorkbook();
+        writer.ShowWorkbook();
+        EXPECT_EQ(writer.WorkbookLeftAt(), result == 33 ? "" : writer.Path());
+    }
 }
 
 }  // namespace
