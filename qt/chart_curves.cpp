@@ -82,9 +82,7 @@ void ChartPlot::ComposeSeries(int series, int width) {
     drawn.line->setScatterStyle(sign);
     drawn.line->setScatterSkip(line ? kFirstSymbolOnly : 0);
     drawn.symbols->setScatterStyle(sign);
-    const int room =
-        whole_range ? static_cast<int>(std::ceil(style.symbol_size * kPixelsPerPoint / 2)) + 1 : 0;
-    for (PlotCurve* curve : {drawn.line, drawn.symbols}) curve->SetSymbolRoom(room);
+    for (PlotCurve* curve : {drawn.line, drawn.symbols}) curve->SetCutAtEdge(!whole_range);
     if (line)
         PlaceSymbols(series, width);
     else

@@ -11,22 +11,19 @@
 
 namespace tarvokol {
 
-// A curve whose symbols may stand out beyond the plot, so that those on its edge are whole.
+// A curve that the plot's edge cuts, or whose symbols may stand out beyond it, so that those on the edge are whole.
 class PlotCurve : public QCPCurve {
   public:
     using QCPCurve::QCPCurve;
 
-    // Pixels beyond the plot's edge.
-    void SetSymbolRoom(int pixels) { symbol_room_ = pixels; }
+    void SetCutAtEdge(bool cut) { cut_at_edge_ = cut; }
     void DrawIcon(QCPPainter* painter, const QRectF& place) const { drawLegendIcon(painter, place); }
 
   protected:
-    QRect clipRect() const override {
-        return QCPCurve::clipRect().adjusted(-symbol_room_, -symbol_room_, symbol_room_, symbol_room_);
-    }
+    QRect clipRect() const override { return cut_at_edge_ ? QCPCurve::clipRect() : mParentPlot->viewport(); }
 
   private:
-    int symbol_room_ = 0;
+    bool cut_at_edge_ = true;
 };
 
 // An entry of the legend with its text beside the middle of its symbol, however large that is.

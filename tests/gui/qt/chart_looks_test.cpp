@@ -510,9 +510,17 @@ TEST_F(ChartLooks, LinesAreRoundAndWithoutSymbolsUnlessAskedFor) {
     EXPECT_EQ(Line(1).data()->at(1)->key, 53);
     EXPECT_EQ(Line(1).data()->at(1)->value, 2.96);
     EXPECT_EQ(Plot().legend->itemCount(), 0);
-    Chart.SetLineColour(1, 0x563412);  // blue, green, red
+    Chart.SetLineColour(1, 0x573513);  // blue, green, red
     Now();
-    EXPECT_EQ(Line(1).pen().color(), QColor(0x12, 0x34, 0x56));
+    EXPECT_EQ(Line(1).pen().color(), QColor(0x13, 0x35, 0x57));
+    // New curves have the looks of their series, too.
+    Chart.SetNumSeries(2);
+    Chart.SetNumPoints(2, 2);
+    Chart.SetLineColour(2, 0x0000FF);
+    Now();
+    EXPECT_EQ(Plot().plottableCount(), 4);
+    EXPECT_EQ(PenOf(Line(1).pen()), "#133557 3");
+    EXPECT_EQ(PenOf(Line(2).pen()), "#ff0000 1");
 }
 
 TEST_F(ChartLooks, EverySeriesHasASignOfItsOwn) {
@@ -584,6 +592,23 @@ TEST_F(ChartLooks, AZoomShowsMoreSymbolsAndACurveOfTwoPointsBoth) {
     EXPECT_EQ(Symbols(1).data()->size(), 2);
 }
 
+// On the plot's edge, where half of it stands outside.
+TEST_F(ChartLooks, ASymbolOnTheEdgeOfThePlotIsWhole) {
+    AddLine(3);
+    Chart.SetX(1, 1, 0);
+    Chart.SetY(1, 3, 0);
+    Chart.SetSymbolShape(1, chart_style::DotSymbol);
+    Chart.SetSymbolColour(1, 0x0000FF);
+    Chart.SetSymbolSize(1, 18);  // 24 pixels
+    Show();
+    const QImage image = Chart.grab().toImage();
+    for (const long point : {1L, 3L}) {
+        const QRect around(Chart.PixelOf(1, point) - QPoint(18, 18), QSize(37, 37));
+        EXPECT_NEAR(RedIn(image, around & image.rect()).width(), 25, 1) << point;
+        EXPECT_NEAR(RedIn(image, around & image.rect()).height(), 25, 1) << point;
+    }
+}
+
 // Zoomed in, the plot's edge cuts everything.
 TEST_F(ChartLooks, SymbolsBeyondAZoomDoNotStandOutOfThePlot) {
     AddLine(3);
@@ -597,7 +622,7 @@ TEST_F(ChartLooks, SymbolsBeyondAZoomDoNotStandOutOfThePlot) {
     QTest::mouseRelease(&Chart, Qt::LeftButton, Qt::NoModifier, QPoint(60, first.y()));
     const QImage image = Chart.grab().toImage();
     const int edge = Plot().axisRect()->rect().left();
-    EXPECT_TRUE(RedIn(image, QRect(0, 0, edge - 1, 313)).isEmpty());
+    EXPECT_TRUE(RedIn(image, QRect(0, 0, edge, 313)).isEmpty());
     EXPECT_FALSE(RedIn(image, QRect(edge, 0, 30, 313)).isEmpty());
 }
 
