@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/studies/contour_lines.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -74,6 +75,112 @@ TEST(ContourLines, ValuesBetweenPlacesAreLinear) {
     const auto grid = GridOf({0, 10}, {4, 2}, [](double x, double y) { return x + y; });
     EXPECT_DOUBLE_EQ(InterpolatedValue(grid, 2.5, 3), 5.5);
     EXPECT_TRUE(std::isnan(InterpolatedValue(grid, 11, 3)));
+}
+
+// The places and their order, from one end of a line to the other.
+std::vector<std::pair<double, double>> PlacesOf(GridLine line) {
+    if (line.front().x > line.back().x || (line.front().x == line.back().x && line.front().y > line.back().y))
+        std::reverse(line.begin(), line.end());
+    std::vector<std::pair<double, double>> places;
+    for (const GridPoint& point : line) places.emplace_back(point.x, point.y);
+    return places;
+}
+
+using Places = std::vector<std::pair<double, double>>;
+
+TEST(ContourLines, ALineCrossesTheEdgesOfItsCellsInTurn) {
+    const auto grid = GridOf({0, 1, 2}, {0, 1, 2}, [](double x, double y) { return x + 2 * y; });
+    const auto lines = ContourLines(grid, 2.5);
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_EQ(PlacesOf(lines[0]), (Places{{0, 1.25}, {0.5, 1}, {1, 0.75}, {2, 0.25}}));
+}
+
+TEST(ContourLines, FallingAxesAndUnevenStepsAreFollowed) {
+    const auto grid = GridOf({10, 4, 0}, {5, 1}, [](double x, double) { return x; });
+    const auto lines = ContourLines(grid, 7);
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_EQ(PlacesOf(lines[0]), (Places{{7, 1}, {7, 5}}));
+    const auto across = ContourLines(GridOf({10, 4, 0}, {5, 1}, [](double, double y) { return y; }), 2);
+    ASSERT_EQ(across.size(), 1u);
+    EXPECT_EQ(PlacesOf(across[0]), (Places{{0, 2}, {4, 2}, {10, 2}}));
+}
+
+TEST(ContourLines, APeakBetweenFourCellsIsRoundedOnce) {
+    auto grid = GridOf({0, 1, 2}, {0, 1, 2}, [](double x, double y) { return x == 1 && y == 1 ? 1.0 : 0.0; });
+    const auto lines = ContourLines(grid, 0.75);
+    ASSERT_EQ(lines.size(), 1u);
+    ASSERT_EQ(lines[0].size(), 5u);
+    Places corners = PlacesOf(lines[0]);
+    corners.pop_back();
+    EXPECT_THAT(corners, ::testing::UnorderedElementsAre(std::pair(0.75, 1.0), std::pair(1.25, 1.0),
+                                                         std::pair(1.0, 0.75), std::pair(1.0, 1.25)));
+}
+
+TEST(ContourLines, ValuesOnTheLevelLieAboveIt) {
+    const auto grid = GridOf({0, 1, 2}, {0, 1}, [](double x, double) { return x; });
+    const auto lines = ContourLines(grid, 1);
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_EQ(PlacesOf(lines[0]), (Places{{1, 0}, {1, 1}}));
+    EXPECT_EQ(ContourLines(grid, 0).size(), 0u);
+    EXPECT_EQ(ContourLines(grid, 2).size(), 1u);
+}
+
+// Corners of 1 at (0, 0) and (1, 1), of 0 at the others, and the middle at 0.5.
+TEST(ContourLines, CrosswiseCornersAreCutOffOnTheSideOfTheMiddle) {
+    const auto corners = [](double x, double y) { return x == y ? 1.0 : 0.0; };
+    std::vector<Places> above, below;
+    for (const GridLine& line : ContourLines(GridOf({0, 1}, {0, 1}, corners), 0.75))
+        above.push_back(PlacesOf(line));
+    for (const GridLine& line : ContourLines(GridOf({0, 1}, {0, 1}, corners), 0.25))
+        below.push_back(PlacesOf(line));
+    EXPECT_THAT(above,
+                ::testing::UnorderedElementsAre(Places{{0, 0.25}, {0.25, 0}}, Places{{0.75, 1}, {1, 0.75}}));
+    EXPECT_THAT(below,
+                ::testing::UnorderedElementsAre(Places{{0.75, 0}, {1, 0.25}}, Places{{0, 0.75}, {0.25, 1}}));
+    const auto others = [](double x, double y) { return x == y ? 0.0 : 1.0; };
+    std::vector<Places> turned;
+    for (const GridLine& line : ContourLines(GridOf({0, 1}, {0, 1}, others), 0.75))
+        turned.push_back(PlacesOf(line));
+    EXPECT_THAT(turned,
+                ::testing::UnorderedElementsAre(Places{{0.75, 0}, {1, 0.25}}, Places{{0, 0.75}, {0.25, 1}}));
+}
+
+TEST(ContourLines, LevelsHaveStepsOfOneTwoOrFive) {
+    const auto levels = [](double low, double high, int count) {
+        return RoundLevels(GridOf({low, high}, {0, 1}, [](double x, double) { return x; }), count);
+    };
+    EXPECT_THAT(levels(0, 1, 10), ElementsAre(0, 0.1, 0.2, 0.30000000000000004, 0.4, 0.5, 0.6000000000000001,
+                                              0.7000000000000001, 0.8, 0.9, 1));
+    EXPECT_THAT(levels(0, 9, 6), ElementsAre(0, 2, 4, 6, 8));
+    EXPECT_THAT(levels(-7, 21, 6), ElementsAre(-5, 0, 5, 10, 15, 20));
+    EXPECT_THAT(levels(100, 700, 10), ElementsAre(100, 200, 300, 400, 500, 600, 700));
+    EXPECT_THAT(levels(3, 55, 10), ElementsAre(10, 20, 30, 40, 50));
+}
+
+// Of 100 values the two lowest and the two highest do not count: 3 to 98 is left of 1 to 100.
+TEST(ContourLines, TheOutermostFiftiethsDoNotCount) {
+    ValueGrid grid;
+    for (int i = 0; i < 10; ++i) {
+        grid.x.push_back(i);
+        grid.y.push_back(i);
+    }
+    for (int i = 1; i <= 100; ++i) grid.values.push_back(i);
+    grid.values[0] = grid.values[1] = -1e6;
+    grid.values[98] = grid.values[99] = 1e6;
+    EXPECT_THAT(RoundLevels(grid, 5), ElementsAre(20, 40, 60, 80));
+    grid.values[2] = -1000;
+    EXPECT_THAT(RoundLevels(grid, 5), ElementsAre(-1000, -500, 0));
+    EXPECT_TRUE(RoundLevels(ValueGrid{{0, 1}, {0}, {NAN, HUGE_VAL}}, 5).empty());
+}
+
+TEST(ContourLines, AValueIsThatOfItsCell) {
+    const auto grid = GridOf({0, 1, 3}, {0, 2, 3}, [](double x, double y) { return x * y; });
+    EXPECT_DOUBLE_EQ(InterpolatedValue(grid, 2, 1), 2);
+    EXPECT_DOUBLE_EQ(InterpolatedValue(grid, 2, 2.5), 5);
+    EXPECT_DOUBLE_EQ(InterpolatedValue(grid, 3, 3), 9);
+    EXPECT_DOUBLE_EQ(InterpolatedValue(grid, 0, 0), 0);
+    for (const auto& [x, y] : Places{{-0.1, 1}, {3.1, 1}, {1, -0.1}, {1, 3.1}})
+        EXPECT_TRUE(std::isnan(InterpolatedValue(grid, x, y)));
 }
 
 }  // namespace

@@ -86,5 +86,62 @@ TEST(CsvReader, RefusesATableWithoutAHeader) {
     EXPECT_EQ(FaultIn("\xEF\xBB\xBF\n \n"), "rows.csv: the table is empty; its first line names the columns");
 }
 
+TEST(CsvReader, TheSeparatorIsWhatStandsInTheHeaderMoreOften) {
+    EXPECT_EQ(RowsOf("a;b;c,d\n1;2;3\n"), (Rows{{"a", "b", "c,d"}, {"1", "2", "3"}}));
+    EXPECT_EQ(RowsOf("a,b;c\n1,2\n"), (Rows{{"a", "b;c"}, {"1", "2"}}));
+    EXPECT_EQ(RowsOf("\"x;y;z\",b\n1,2\n"), (Rows{{"x;y;z", "b"}, {"1", "2"}}));
+    EXPECT_EQ(RowsOf("\"x,y,z\";b\n1;2\n"), (Rows{{"x,y,z", "b"}, {"1", "2"}}));
+}
+
+TEST(CsvReader, NamesOfColumnsLoseTheirBlanksAndCellsKeepThem) {
+    EXPECT_EQ(RowsOf("\n \n\t Height \t, b c ,\n 1 ,\t2\t, \n"),
+              (Rows{{"Height", "b c", ""}, {" 1 ", "\t2\t", " "}}));
+}
+
+TEST(CsvReader, TheMarkOfUtf8StandsInFrontOfTheFirstLineOnly) {
+    EXPECT_EQ(RowsOf("\n\xEF\xBB\xBFHeight\n"), (Rows{{"\xEF\xBB\xBFHeight"}}));
+    EXPECT_EQ(RowsOf("\xEF\xBB\xBF\nHeight\n1\n"), (Rows{{"Height"}, {"1"}}));
+}
+
+TEST(CsvReader, AFaultBehindTheLastColumnHasItsNumberOnly) {
+    EXPECT_EQ(FaultIn("a,b\n1,2,\"x\n"), "rows.csv, line 2: column 3: a quote does not close");
+    EXPECT_EQ(FaultIn("a,b\n1,\"2\"3\n"),
+              "rows.csv, line 2: column 2 (b): text stands behind a closing quote");
+}
+
+// A quote that never closes must not take the rest of a large file into memory.
+TEST(CsvReader, AQuotedCellHasSixteenMegabytes) {
+    const std::string longest(std::size_t{16} << 20, 'x');
+    EXPECT_EQ(RowsOf("a\n\"" + longest + "\n\"\n")[1][0].size(), longest.size() + 1);
+    EXPECT_EQ(FaultIn("a\n\"" + longest + "x\n\"\n"),
+              "rows.csv, line 2: column 1 (a): a quote does not close");
+}
+
+// Fails behind its first line.
+class FailingBuffer : public std::stringbuf {
+  public:
+    FailingBuffer() : std::stringbuf("a,b\n") {}
+
+  protected:
+    int_type underflow() override { throw std::runtime_error("gone"); }
+};
+
+TEST(CsvReader, ATableThatCannotBeReadOnIsAFault) {
+    FailingBuffer buffer;
+    std::istream input(&buffer);
+    const auto read = [&input] {
+        CsvReader reader(input, "rows.csv");
+        TableRow row;
+        while (reader.Next(row)) {
+        }
+    };
+    try {
+        read();
+        ADD_FAILURE() << "no fault";
+    } catch (const TableFault& fault) {
+        EXPECT_STREQ(fault.what(), "rows.csv: the table cannot be read to its end");
+    }
+}
+
 }  // namespace
 }  // namespace tarvokol

@@ -126,5 +126,45 @@ TEST(Distribution, RefusesWhatIsNone) {
     EXPECT_EQ(RefusalOf("normal:%:2"), "--random Height: \"\" is not a number with a decimal point");
 }
 
+TEST(Distribution, BoundsThatFallTogetherAreOnes) {
+    EXPECT_EQ(Distribution::Parse("normal:5:0", 1, "").Quantile(0.9), 5);
+    EXPECT_NEAR(Distribution::Parse("lognormal:5:0", 1, "").Quantile(0.9), 5, 1e-14);
+    EXPECT_EQ(Distribution::Parse("uniform:5:5", 1, "").Quantile(0.9), 5);
+    EXPECT_EQ(Distribution::Parse("triangular:5:5:5", 1, "").Quantile(0.9), 5);
+    EXPECT_DOUBLE_EQ(Distribution::Parse("triangular:0:0:4", 1, "").Quantile(0.75), 2);
+    EXPECT_DOUBLE_EQ(Distribution::Parse("triangular:0:4:4", 1, "").Quantile(0.25), 2);
+    EXPECT_EQ(RefusalOf("triangular:2:1:3"), "--random Height: LO, MODE and HI must stand in rising order");
+    EXPECT_EQ(RefusalOf("lognormal:-1:1"), "--random Height: the mean of a lognormal figure must be above 0");
+    EXPECT_EQ(RefusalOf("lognormal:1:-1"), "--random Height: the standard deviation must not be negative");
+}
+
+TEST(Distribution, WritesItsFiguresAsTheyAre) {
+    for (const char* text : {"normal:900:135", "lognormal:0.1:2", "uniform:-2:-1", "triangular:1:2.5:1e+22"})
+        EXPECT_EQ(Distribution::Parse(text, 1, "").Text(), text);
+    EXPECT_EQ(Distribution::Parse("uniform:50%:0.25%", -800, "").Text(), "uniform:-400:-2");
+}
+
+// z of 84.134474606854 % is 1; mean and deviation of the logarithm by hand: variance ln 1.25, mean ln 2 less half of it.
+TEST(Distribution, ALognormalFigureIsThePowerOfANormalOne) {
+    const auto lognormal = Distribution::Parse("lognormal:2:1", 1, "");
+    const double variance = std::log(1.25);
+    EXPECT_NEAR(lognormal.FromNormal(0), 2 * std::exp(-variance / 2), 1e-14);
+    EXPECT_NEAR(lognormal.FromNormal(1), 2 * std::exp(-variance / 2 + std::sqrt(variance)), 1e-14);
+    EXPECT_NEAR(lognormal.Quantile(0.841344746068543), lognormal.FromNormal(1), 1e-12);
+    EXPECT_EQ(lognormal.Mean(), 2);
+    EXPECT_EQ(lognormal.StandardDeviation(), 1);
+    EXPECT_EQ(Distribution::Parse("normal:2:3", 1, "").FromNormal(-1.5), -2.5);
+}
+
+// Relative to the tail itself, which the library's complementary error function knows to its last digits.
+TEST(NormalQuantile, TurnsTheTailsRound) {
+    for (double probability = 0.4; probability > 1e-300; probability *= 0.31) {
+        const double z = NormalQuantile(probability);
+        // The density times a change of the last place of z is what the tail may differ by.
+        ASSERT_NEAR(std::erfc(-z / std::sqrt(2.0)) / 2 / probability, 1, 1e-15 * (4 + z * z)) << probability;
+    }
+    EXPECT_EQ(NormalQuantile(0.925), -NormalQuantile(1 - 0.925));
+}
+
 }  // namespace
 }  // namespace tarvokol

@@ -120,5 +120,96 @@ TEST(PanelFigures, FieldsThatTheRecordCannotHold) {
     EXPECT_TRUE(FitsField(StudyField::SFBarrier, 3.5));
 }
 
+void ExpectSame(const PanelFigures& one, const PanelFigures& other) {
+    const auto same = [](double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); };
+    EXPECT_TRUE(same(one.Overall, other.Overall));
+    EXPECT_TRUE(same(one.WebsOnly, other.WebsOnly));
+    EXPECT_TRUE(same(one.BarrierPillar, other.BarrierPillar));
+    EXPECT_TRUE(same(one.ExtractionRatio, other.ExtractionRatio));
+    EXPECT_TRUE(same(one.SuggestedWeb, other.SuggestedWeb));
+    EXPECT_TRUE(same(one.SuggestedBarrier, other.SuggestedBarrier));
+    EXPECT_EQ(one.refused, other.refused);
+    EXPECT_EQ(one.message, other.message);
+}
+
+// Whatever was set and calculated before, the figures are those of the panel as it stands.
+TEST(PanelFigures, DoNotDependOnThePanelsBefore) {
+    const std::vector<std::pair<StudyField, double>> changes{{StudyField::DepthCover, 200},
+                                                             {StudyField::DepthCover, -1},
+                                                             {StudyField::DepthCover, 300},
+                                                             {StudyField::Height, 6},
+                                                             {StudyField::DepthCover, 1e300},
+                                                             {StudyField::DepthCover, 150},
+                                                             {StudyField::NumberHoles, 1},
+                                                             {StudyField::DepthCover, 160},
+                                                             {StudyField::NumberHoles, 21},
+                                                             {StudyField::DepthCover, 170},
+                                                             {StudyField::NumberHoles, 0},
+                                                             {StudyField::HoleWidth, 9},
+                                                             {StudyField::NumberHoles, 7},
+                                                             {StudyField::WebThickness, 8},
+                                                             {StudyField::BarrierPillarWidth, 15},
+                                                             {StudyField::CoalStrength, 800},
+                                                             {StudyField::UnitWeight, 150},
+                                                             {StudyField::AbutmentAngle, 25},
+                                                             {StudyField::SFWeb, 11},
+                                                             {StudyField::SFWeb, 10},
+                                                             {StudyField::SFWeb, 1},
+                                                             {StudyField::SFWeb, 0.99},
+                                                             {StudyField::SFBarrier, 0},
+                                                             {StudyField::SFBarrier, 3},
+                                                             {StudyField::SFWeb, 1.3},
+                                                             {StudyField::DepthCover, 0}};
+    for (const bool sizes : {false, true}) {
+        PanelEvaluator running(WorkedPanel(), sizes);
+        Panel panel = WorkedPanel();
+        for (std::size_t i = 0; i < changes.size(); ++i) {
+            SCOPED_TRACE(i);
+            running.Set(changes[i].first, changes[i].second);
+            PanelEvaluator fresh(panel, sizes);
+            fresh.Set(changes[i].first, changes[i].second);
+            panel = fresh.Inputs();
+            ExpectSame(running.Evaluate(), fresh.Evaluate());
+            ExpectSame(running.Evaluate(), PanelEvaluator(panel, sizes).Evaluate());
+        }
+    }
+}
+
+// What the dialog's box makes of a number of holes: 10 of a single one, nothing of 0 and of more than 20.
+TEST(PanelFigures, SizesStartFromTheHolesThatTheDialogShows) {
+    const auto sizes = [](double holes) {
+        PanelEvaluator evaluator(WorkedPanel(), true);
+        evaluator.Set(StudyField::DepthCover,
+                      1000);  // so deep that every hole widens what the barrier carries
+        evaluator.Set(StudyField::NumberHoles, holes);
+        const PanelFigures figures = evaluator.Evaluate();
+        return std::pair(figures.SuggestedWeb, figures.SuggestedBarrier);
+    };
+    EXPECT_EQ(sizes(1), sizes(10));
+    EXPECT_EQ(sizes(0), sizes(10));  // a project file's 0 is 1
+    EXPECT_NE(sizes(20), sizes(19));
+    EXPECT_EQ(sizes(2).first, sizes(20).first);  // a web does not feel the number of holes
+}
+
+TEST(PanelFigures, AnExtractionRatioIsThatOfTheWidths) {
+    PanelEvaluator evaluator(WorkedPanel(), false);
+    evaluator.Set(StudyField::NumberHoles, 1);
+    EXPECT_NEAR(evaluator.Evaluate().ExtractionRatio, 100.0 * 10 / 30, 1e-13);  // a hole and a barrier
+    evaluator.Set(StudyField::NumberHoles, 3);
+    evaluator.Set(StudyField::WebThickness, 5);
+    EXPECT_NEAR(evaluator.Evaluate().ExtractionRatio, 100.0 * 30 / 60, 1e-13);
+    evaluator.Set(StudyField::BarrierPillarWidth, 35);
+    EXPECT_NEAR(evaluator.Evaluate().ExtractionRatio, 100.0 * 30 / 75, 1e-13);
+}
+
+TEST(PanelFigures, BoundsOfWhatTheRecordHolds) {
+    EXPECT_TRUE(FitsField(StudyField::NumberHoles, 32767));
+    EXPECT_FALSE(FitsField(StudyField::NumberHoles, 32768));
+    EXPECT_TRUE(FitsField(StudyField::NumberHoles, -32767));
+    EXPECT_TRUE(FitsField(StudyField::SFWeb, 3.4e38));
+    EXPECT_FALSE(FitsField(StudyField::SFBarrier, 3.5e38));
+    EXPECT_TRUE(FitsField(StudyField::DepthCover, 2.5));
+}
+
 }  // namespace
 }  // namespace tarvokol

@@ -83,5 +83,21 @@ TEST(RandomNumbers, EveryOrderIsAsLikely) {
     for (const int code : {5, 7, 11, 15, 19, 21}) EXPECT_NEAR(counts[code], 1000, 116) << code;
 }
 
+__extension__ typedef unsigned __int128 Wide;
+
+// From the last place down, each takes the number of a place that bits x places / 2^64 names.
+TEST(RandomNumbers, AnOrderIsThatOfItsRandomNumbers) {
+    for (const std::uint32_t count : {2u, 65u, 66u, 1000u}) {
+        std::vector<std::uint32_t> expected(count);
+        for (std::uint32_t i = 0; i < count; ++i) expected[i] = i;
+        for (std::uint32_t left = count; left > 1; --left) {
+            const auto place =
+                static_cast<std::uint32_t>((static_cast<Wide>(RandomBits(9, 3, left)) * left) >> 64);
+            std::swap(expected[left - 1], expected[place]);
+        }
+        EXPECT_THAT(RandomOrder(9, 3, count), ::testing::ElementsAreArray(expected)) << count;
+    }
+}
+
 }  // namespace
 }  // namespace tarvokol

@@ -84,5 +84,57 @@ TEST(SampleStatistics, SharesCarryWilsonsInterval) {
     EXPECT_TRUE(std::isnan(ShareOf(0, 0).value));
 }
 
+// Ones are lost beside 2^56. Blocks of 4,096 keep both large values apart, so that neither gives the ones back.
+TEST(SampleStatistics, SumsAreTakenBlockByBlock) {
+    Values values(8192, 1.0);
+    values[0] = 0x1p56;
+    values[4096] = -0x1p56;
+    EXPECT_EQ(MomentsOf(values).mean, 0);
+    std::swap(values[4096], values[4095]);
+    EXPECT_EQ(MomentsOf(values).mean, 4096.0 / 8192);
+}
+
+TEST(SampleStatistics, ValuesThatDifferInTheirLastBitsAreOrderedToo) {
+    constexpr double e = 0x1p-52;
+    EXPECT_THAT(OrderOf({1e300, 1 + 3 * e, 1 + e, 1 + 2 * e, 1 + e, 1}), ElementsAre(5, 2, 4, 3, 1, 0));
+    EXPECT_THAT(OrderOf({-1 - e, -1e300, -1 - 2 * e, -1, 5e-324, 0}), ElementsAre(1, 2, 0, 3, 5, 4));
+}
+
+TEST(SampleStatistics, MomentsOfTwoValuesAndOfOne) {
+    const Moments two = MomentsOf(Values{1, 3});
+    EXPECT_EQ(two.mean, 2);
+    EXPECT_DOUBLE_EQ(two.standard_deviation, std::sqrt(2.0));
+    EXPECT_EQ(MomentsOf(Values{3}).mean, 3);
+    EXPECT_TRUE(std::isnan(MomentsOf(Values{}).standard_deviation));
+    const Deviations known = DeviationsOf(Values{1, 2, 6});
+    EXPECT_EQ(known.mean, 3);
+    EXPECT_EQ(known.squares, 14);
+}
+
+TEST(SampleStatistics, QuantilesOfOneValueAreThatValue) {
+    EXPECT_EQ(SortedSample(Values{7}).Quantile(0), 7);
+    EXPECT_EQ(SortedSample(Values{7}).Quantile(0.99), 7);
+    EXPECT_EQ(SortedSample(Values{3, 1}).Quantile(0.75), 2.5);
+    EXPECT_TRUE(std::isnan(Correlation(Values{}, Values{})));
+}
+
+// z = 1.959963984540054: 1 of 4 lies from 0.045587 to 0.699358 by the formula of 1927.
+TEST(SampleStatistics, WilsonsIntervalHasItsFigures) {
+    const double z = 1.959963984540054;
+    for (const auto& [hits, count] : {std::pair{1.0, 4.0}, {50.0, 1000.0}, {3.0, 3.0}, {0.0, 1.0}}) {
+        const double p = hits / count;
+        const double middle = (p + z * z / (2 * count)) / (1 + z * z / count);
+        const double half =
+            z / (1 + z * z / count) * std::sqrt(p * (1 - p) / count + z * z / (4 * count * count));
+        const Share share = ShareOf(static_cast<std::uint64_t>(hits), static_cast<std::uint64_t>(count));
+        EXPECT_EQ(share.value, p);
+        EXPECT_NEAR(share.low, std::max(0.0, middle - half), 1e-14);
+        EXPECT_NEAR(share.high, std::min(1.0, middle + half), 1e-14);
+    }
+    EXPECT_NEAR(ShareOf(1, 4).low, 0.045587, 1e-6);
+    EXPECT_NEAR(ShareOf(1, 4).high, 0.699358, 1e-6);
+    EXPECT_TRUE(std::isnan(ShareOf(0, 0).low) && std::isnan(ShareOf(0, 0).high));
+}
+
 }  // namespace
 }  // namespace tarvokol

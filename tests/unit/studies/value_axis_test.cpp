@@ -96,5 +96,52 @@ TEST(ValueAxis, HolesAreWhole) {
         EXPECT_EQ(RefusalOf(text), "--vary NumberHoles: the number of holes must be a whole number") << text;
 }
 
+TEST(ValueAxis, RefusesInItsWords) {
+    const std::string forms = "write FIRST:LAST:STEP, FIRST:LAST/COUNT or V1,V2,V3";
+    EXPECT_EQ(RefusalOf("Height"), "--vary: \"Height\" has no \"=\"; write FIELD=FIRST:LAST:STEP");
+    EXPECT_EQ(RefusalOf("height="), "--vary Height: no values; " + forms);
+    EXPECT_EQ(RefusalOf("Height=1:3"), "--vary Height: \"1:3\" has no step; " + forms);
+    EXPECT_EQ(RefusalOf("Height=1:3:0"), "--vary Height: a step of 0 never arrives; give one other than 0");
+    EXPECT_EQ(RefusalOf("Height=3:1:0.5"),
+              "--vary Height: 3 to 1 by steps of 0.5 never arrives; turn the range or the sign of the step");
+    EXPECT_EQ(RefusalOf("Height=0:1e300:1e-300"), "--vary Height: too many steps; give a larger step");
+    EXPECT_EQ(RefusalOf("Height=1:3/2.5"), "--vary Height: \"2.5\" is not a count of 1 or more");
+    EXPECT_EQ(RefusalOf("Height=1:3/0.5"), "--vary Height: \"0.5\" is not a count of 1 or more");
+    EXPECT_EQ(RefusalOf("Height=-1e308:1e308/3"), "--vary Height: the range is too wide");
+    EXPECT_EQ(RefusalOf("Height=1,x"), "--vary Height: \"x\" is not a number with a decimal point");
+}
+
+TEST(ValueAxis, CountsUpToNineThousandMillionMillions) {
+    EXPECT_EQ(ValueAxis::Parse("Height=1:2/9000000000000000").Count(), 9000000000000000u);
+    EXPECT_EQ(RefusalOf("Height=1:2/9000000000000001"),
+              "--vary Height: \"9000000000000001\" is not a count of 1 or more");
+    EXPECT_EQ(ValueAxis::Parse("Height=0:8999999999999998:1").Count(), 8999999999999999u);
+    EXPECT_EQ(RefusalOf("Height=0:9000000000000000:1"), "--vary Height: too many steps; give a larger step");
+}
+
+TEST(ValueAxis, ALastValueIsTakenWithinHalfAMillionthOfItsStep) {
+    EXPECT_EQ(ValuesOf("Height=0:1.99999951:1").size(), 3u);
+    EXPECT_EQ(ValuesOf("Height=0:1.99999949:1").size(), 2u);
+    EXPECT_EQ(ValuesOf("Height=5:4.99999951:1").size(), 1u);
+    EXPECT_THAT(RefusalOf("Height=5:4.99999949:1"), HasSubstr("never arrives"));
+}
+
+TEST(ValueAxis, HolesFitTheirType) {
+    EXPECT_THAT(ValuesOf("NumberHoles=-32767,32767"), ElementsAre(-32767, 32767));
+    EXPECT_EQ(ValuesOf("NumberHoles=32766:32767:1").size(), 2u);
+    EXPECT_THAT(ValuesOf("NumberHoles=3:3.7/1"), ElementsAre(3));
+    EXPECT_THAT(ValuesOf("NumberHoles=3:7/3"), ElementsAre(3, 5, 7));
+    for (const char* text : {"NumberHoles=32768", "NumberHoles=-32768", "NumberHoles=32766:32768:1",
+                             "NumberHoles=5,2.5,6", "NumberHoles=3:6/3", "NumberHoles=2.5:6.5/2"})
+        EXPECT_EQ(RefusalOf(text), "--vary NumberHoles: the number of holes must be a whole number") << text;
+    EXPECT_THAT(ValuesOf("SFWeb=40000,2.5"), ElementsAre(40000, 2.5));
+}
+
+TEST(ValueAxis, KnowsItsField) {
+    EXPECT_EQ(ValueAxis::Parse("coalstrength=1").Field(), StudyField::CoalStrength);
+    EXPECT_EQ(ValueAxis::Parse("SFBarrier=1").Field(), StudyField::SFBarrier);
+    EXPECT_STREQ(NameOfField(StudyField::AbutmentAngle), "AbutmentAngle");
+}
+
 }  // namespace
 }  // namespace tarvokol

@@ -1,0 +1,290 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Which numbers a risk study draws, and that its figures are those of the samples, calculated anew in plain words.
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include "core/studies/random_numbers.h"
+#include "core/studies/risk_study.h"
+#include "core/studies/study_refusal.h"
+#include "tests/support/worked_panel.h"
+
+namespace tarvokol {
+namespace {
+
+using ::testing::ElementsAre;
+using List = std::vector<double>;
+
+RiskRequest RequestOf(const std::vector<const char*>& fields, std::uint32_t samples) {
+    RiskRequest request;
+    request.samples = samples;
+    request.threads = 2;
+    request.keep_drawn = true;
+    for (const char* field : fields) request.AddField(field, WorkedPanel());
+    return request;
+}
+
+double MeanOf(const List& values) {
+    return std::accumulate(values.begin(), values.end(), 0.0) / static_cast<double>(values.size());
+}
+
+// The share of the values below this one and half of those that equal it: a rank but for a constant.
+double PlaceIn(const List& values, double value) {
+    double place = 0;
+    for (const double other : values) place += other < value ? 1.0 : other == value ? 0.5 : 0.0;
+    return place;
+}
+
+double RankCorrelationOf(const List& x, const List& y) {
+    List a, b;
+    for (std::size_t i = 0; i < x.size(); ++i) {
+        a.push_back(PlaceIn(x, x[i]));
+        b.push_back(PlaceIn(y, y[i]));
+    }
+    const double mean_a = MeanOf(a), mean_b = MeanOf(b);
+    double aa = 0, bb = 0, ab = 0;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        aa += (a[i] - mean_a) * (a[i] - mean_a);
+        bb += (b[i] - mean_b) * (b[i] - mean_b);
+        ab += (a[i] - mean_a) * (b[i] - mean_b);
+    }
+    return ab / std::sqrt(aa * bb);
+}
+
+// The value of the shares that the sorted ones have, linear between neighbours.
+double QuantileIn(List values, double share) {
+    std::sort(values.begin(), values.end());
+    const double position = share * static_cast<double>(values.size() - 1);
+    const auto low = static_cast<std::size_t>(position);
+    const std::size_t high = std::min(low + 1, values.size() - 1);
+    return values[low] + (position - static_cast<double>(low)) * (values[high] - values[low]);
+}
+
+double ShareBelow(const List& values, double target) {
+    const auto below = std::count_if(values.begin(), values.end(), [target](double x) { return x < target; });
+    return static_cast<double>(below) / static_cast<double>(values.size());
+}
+
+// All that a study says, held against its samples.
+void ExpectTold(const RiskRequest& request) {
+    const RiskResult result = RunRisk(request, WorkedPanel());
+    std::vector<std::size_t> sound;
+    for (std::size_t i = 0; i < request.samples; ++i)
+        if (!std::isnan(result.factors[0][i])) sound.push_back(i);
+    EXPECT_EQ(result.refused, request.samples - sound.size());
+    const auto values_of = [&sound](const auto& all) {
+        List values;
+        for (const std::size_t i : sound) values.push_back(all[i]);
+        return values;
+    };
+    for (std::size_t factor = 0; factor < kFactors; ++factor) {
+        SCOPED_TRACE(factor);
+        const FactorRisk& risk = result.risk[factor];
+        const List values = values_of(result.factors[factor]);
+        const double mean = MeanOf(values);
+        EXPECT_NEAR(risk.moments.mean, mean, 1e-12);
+        double squares = 0;
+        for (const double value : values) squares += (value - mean) * (value - mean);
+        EXPECT_NEAR(risk.moments.standard_deviation,
+                    std::sqrt(squares / static_cast<double>(values.size() - 1)), 1e-12);
+        const List shares{0.01, 0.05, 0.1, 0.25, 0.5, 0.75, 0.9, 0.95, 0.99};
+        for (std::size_t i = 0; i < shares.size(); ++i)
+            EXPECT_NEAR(risk.quantiles[i], QuantileIn(values, shares[i]), 1e-12) << shares[i];
+        ASSERT_EQ(risk.below.size(), factor == 0 ? 1u : 2u);
+        EXPECT_EQ(risk.below.back().target, 1);
+        EXPECT_EQ(risk.below.back().share.value, ShareBelow(values, 1));
+        if (factor == 1) {
+            EXPECT_EQ(risk.below[0].target, double{1.6f});
+        }
+        if (factor == 2) {
+            EXPECT_EQ(risk.below[0].target, 2);
+        }
+        ASSERT_EQ(risk.rank_correlation.size(), request.fields.size());
+        for (std::size_t field = 0; field < request.fields.size(); ++field)
+            EXPECT_NEAR(risk.rank_correlation[field],
+                        RankCorrelationOf(values_of(result.drawn[field]), values), 1e-9)
+                << field;
+    }
+}
+
+TEST(RiskSamples, FiguresAreThoseOfAHypercube) {
+    ExpectTold(RequestOf({"DepthCover=uniform:200:900", "CoalStrength=lognormal:100%:30%"}, 700));
+}
+
+TEST(RiskSamples, FiguresAreThoseOfIndependentDraws) {
+    RiskRequest request = RequestOf({"DepthCover=triangular:200:300:900", "WebThickness=uniform:5:15"}, 600);
+    request.latin = false;
+    ExpectTold(request);
+}
+
+TEST(RiskSamples, FiguresAreThoseOfTheSamplesThatAreNotRefused) {
+    ExpectTold(
+        RequestOf({"Height=uniform:-1:3", "DepthCover=uniform:-100:900", "UnitWeight=normal:162:9"}, 800));
+}
+
+TEST(RiskSamples, FiguresAreThoseOfWholeHolesAndCorrelatedFields) {
+    ExpectTold(RequestOf({"NumberHoles=uniform:2:20", "Height=uniform:5:9"}, 500));
+    RiskRequest request =
+        RequestOf({"Height=normal:10:1", "WebThickness=normal:10:1", "HoleWidth=normal:10:1"}, 500);
+    request.AddCorrelation("Height,HoleWidth=0.6");
+    ExpectTold(request);
+}
+
+// By their documented rule: field f draws its place within a stratum from stream 2 f and the order of the strata from
+// stream 2 f + 1.
+TEST(RiskSamples, AHypercubeTakesOneSampleOfEachStratum) {
+    RiskRequest request = RequestOf({"DepthCover=uniform:200:400", "Height=uniform:5:9"}, 5000);
+    request.seed = 77;
+    const RiskResult result = RunRisk(request, WorkedPanel());
+    const double low[] = {200, 5};
+    const double width[] = {200, 4};
+    for (std::uint32_t field = 0; field < 2; ++field) {
+        const auto order = RandomOrder(77, 2 * field + 1, 5000);
+        for (std::uint32_t i = 0; i < 5000; ++i) {
+            const double place = UnitFromBits(RandomBits(77, 2 * field, i));
+            ASSERT_EQ(result.drawn[field][i], low[field] + width[field] * ((order[i] + place) / 5000)) << i;
+        }
+    }
+}
+
+TEST(RiskSamples, IndependentDrawsAreThePlacesThemselves) {
+    RiskRequest request = RequestOf({"DepthCover=uniform:200:400", "Height=uniform:5:9"}, 5000);
+    request.latin = false;
+    const RiskResult result = RunRisk(request, WorkedPanel());
+    for (std::uint32_t i = 0; i < 5000; ++i) {
+        ASSERT_EQ(result.drawn[0][i], 200 + 200 * UnitFromBits(RandomBits(1, 0, i)));
+        ASSERT_EQ(result.drawn[1][i], 5 + 4 * UnitFromBits(RandomBits(1, 2, i)));
+    }
+}
+
+// The lower triangle of the correlations 0.5 (1 and 2), -0.4 (1 and 3) and 0.3 (2 and 3) by hand: second row 0.5 and
+// sqrt(0.75), third row -0.4, (0.3 + 0.2) / sqrt(0.75) and the root of what is left of 1.
+TEST(RiskSamples, CorrelatedFieldsAreMixedOfIndependentOnes) {
+    const std::vector<const char*> fields{"Height=normal:10:1", "HoleWidth=normal:10:1",
+                                          "WebThickness=normal:10:1"};
+    RiskRequest request = RequestOf(fields, 300);
+    const RiskResult plain = RunRisk(request, WorkedPanel());
+    request.AddCorrelation("Height,HoleWidth=0.5");
+    request.AddCorrelation("webthickness,height=-0.4");
+    request.AddCorrelation("HoleWidth,WebThickness=0.3");
+    const RiskResult mixed = RunRisk(request, WorkedPanel());
+    const double l22 = std::sqrt(0.75);
+    const double l32 = 0.5 / l22;
+    const double l33 = std::sqrt(1 - 0.16 - l32 * l32);
+    for (std::size_t i = 0; i < 300; ++i) {
+        const double a = plain.drawn[0][i] - 10, b = plain.drawn[1][i] - 10, c = plain.drawn[2][i] - 10;
+        EXPECT_NEAR(mixed.drawn[0][i], 10 + a, 1e-12);
+        EXPECT_NEAR(mixed.drawn[1][i], 10 + 0.5 * a + l22 * b, 1e-12);
+        EXPECT_NEAR(mixed.drawn[2][i], 10 - 0.4 * a + l32 * b + l33 * c, 1e-12);
+    }
+}
+
+// The webs' factor stays 4.7199928 and the barrier's 4.7134064: of targets from 4.2 to 5.2 that is 0.48 of those that lie
+// above, and 0.49 about.
+TEST(RiskSamples, ARandomTargetIsHeldAgainstItsOwnSample) {
+    const RiskResult result =
+        RunRisk(RequestOf({"SFWeb=uniform:4.2:5.2", "SFBarrier=uniform:4.2:5.2"}, 10000), WorkedPanel());
+    EXPECT_NEAR(result.risk[1].below[0].share.value, 5.2 - 4.7199928, 1.1e-4);
+    EXPECT_NEAR(result.risk[2].below[0].share.value, 5.2 - 4.7134064, 1.1e-4);
+    EXPECT_EQ(result.risk[1].below[0].target, double{1.6f});
+    EXPECT_EQ(result.risk[1].below[1].share.value, 0);
+}
+
+// Also where samples are refused: what is left keeps its own target.
+TEST(RiskSamples, ARandomTargetOfARefusedSampleDoesNotCount) {
+    const RiskRequest request = RequestOf({"SFWeb=uniform:1:9", "Height=uniform:-10:10"}, 1000);
+    const RiskResult result = RunRisk(request, WorkedPanel());
+    double below = 0;
+    for (std::size_t i = 0; i < 1000; ++i)
+        if (result.factors[1][i] < static_cast<float>(result.drawn[0][i])) ++below;
+    EXPECT_EQ(result.refused, 500u);
+    EXPECT_EQ(result.risk[1].below[0].share.value, below / 500);
+}
+
+TEST(RiskSamples, AnyNumberOfThreadsGivesTheSameBits) {
+    RiskRequest request = RequestOf({"Height=uniform:-1:9", "DepthCover=normal:100%:20%"}, 20001);
+    request.threads = 1;
+    const RiskResult one = RunRisk(request, WorkedPanel());
+    request.threads = 5;
+    const RiskResult five = RunRisk(request, WorkedPanel());
+    EXPECT_EQ(one.risk[1].moments.mean, five.risk[1].moments.mean);
+    EXPECT_EQ(one.risk[1].rank_correlation, five.risk[1].rank_correlation);
+    EXPECT_EQ(one.refused, five.refused);
+    for (std::size_t i = 0; i < 20001; ++i) ASSERT_EQ(one.drawn[1][i], five.drawn[1][i]);
+}
+
+TEST(RiskSamples, RefusalsAreToldOnceEachInTheirOrder) {
+    const RiskResult result =
+        RunRisk(RequestOf({"Height=uniform:-1:1", "WebThickness=uniform:-1:1"}, 400), WorkedPanel());
+    EXPECT_THAT(result.refusals,
+                ::testing::UnorderedElementsAre("Invalid entry height", "Invalid Web thickness"));
+    EXPECT_EQ(result.refused, static_cast<std::uint64_t>(
+                                  400 - std::count_if(result.factors[0].begin(), result.factors[0].end(),
+                                                      [](double x) { return !std::isnan(x); })));
+}
+
+TEST(RiskRequests, RefuseInTheirWords) {
+    const auto refusal = [](const std::vector<const char*>& fields, const char* correlation) {
+        RiskRequest request;
+        try {
+            for (const char* field : fields) request.AddField(field, WorkedPanel());
+            if (correlation != nullptr) request.AddCorrelation(correlation);
+            if (correlation != nullptr) request.AddCorrelation("HoleWidth,Height=0.25");
+            RunRisk(request, WorkedPanel());
+        } catch (const StudyRefusal& refused) {
+            return std::string(refused.what());
+        }
+        return std::string("not refused");
+    };
+    const std::vector<const char*> pair{"Height=normal:10:1", "HoleWidth=normal:10:1"};
+    const auto correlated = [&](const char* correlation) { return refusal(pair, correlation); };
+    EXPECT_EQ(refusal({"Height"}, nullptr), "--random: \"Height\" has no \"=\"; write FIELD=normal:MEAN:SD");
+    EXPECT_EQ(refusal({"Height=normal:1:1", "height=normal:2:1"}, nullptr),
+              "--random Height: the field is given twice");
+    EXPECT_EQ(correlated("Height=0.5"), "--correlate: \"Height=0.5\" is no correlation; write FIELD,FIELD=R");
+    EXPECT_EQ(correlated("Height,HoleWidth"),
+              "--correlate: \"Height,HoleWidth\" is no correlation; write FIELD,FIELD=R");
+    EXPECT_EQ(correlated("Height=1,2"), "--correlate: \"Height=1,2\" is no correlation; write FIELD,FIELD=R");
+    EXPECT_EQ(correlated("Height,HoleWidth=x"), "--correlate: \"x\" is not a number with a decimal point");
+    for (const char* bound : {"Height,HoleWidth=1", "Height,HoleWidth=-1"})
+        EXPECT_EQ(correlated(bound),
+                  "--correlate Height,HoleWidth: the correlation must lie between -1 and 1, both left out");
+    EXPECT_EQ(correlated("Height,height=0.5"),
+              "--correlate Height,height: a field is not correlated with itself");
+    EXPECT_EQ(
+        correlated("Height,DepthCover=0.5"),
+        "--correlate Height,DepthCover: both fields must be drawn from a normal distribution (--random)");
+    EXPECT_EQ(
+        refusal({"Height=uniform:1:2", "HoleWidth=normal:10:1"}, "Height,HoleWidth=0.5"),
+        "--correlate Height,HoleWidth: both fields must be drawn from a normal distribution (--random)");
+    for (const char* same : {"Height,HoleWidth=0.5", "HoleWidth,Height=0.5"})
+        EXPECT_EQ(correlated(same), "--correlate HoleWidth,Height: the pair is given twice");
+    RiskRequest request =
+        RequestOf({"Height=normal:10:1", "HoleWidth=normal:10:1", "WebThickness=normal:10:1"}, 10);
+    request.AddCorrelation("Height,HoleWidth=0.9");
+    request.AddCorrelation("HoleWidth,WebThickness=0.9");
+    request.AddCorrelation("Height,WebThickness=-0.9");
+    try {
+        RunRisk(request, WorkedPanel());
+        ADD_FAILURE() << "not refused";
+    } catch (const StudyRefusal& refused) {
+        EXPECT_STREQ(
+            refused.what(),
+            "--correlate: the correlations contradict one another (their matrix is not positive definite); "
+            "bring some of them nearer to 0");
+    }
+}
+
+TEST(RiskRequests, StartFromAHundredThousandSamplesOfSeedOneInAHypercube) {
+    const RiskRequest request;
+    EXPECT_EQ(request.samples, 100000u);
+    EXPECT_EQ(request.seed, 1u);
+    EXPECT_TRUE(request.latin);
+    EXPECT_THAT(kRiskShares, ElementsAre(0.01, 0.05, 0.1, 0.25, 0.5, 0.75, 0.9, 0.95, 0.99));
+}
+
+}  // namespace
+}  // namespace tarvokol
