@@ -20,6 +20,7 @@ class Room:
 _CORE = {
     "runtime": "unit_runtime",
     "engine": "unit_engine|unit_project",
+    "platform": "unit_platform|unit_graphics",
     "messages": "unit_messages",
     "settings": "unit_settings",
     "project": "unit_project",

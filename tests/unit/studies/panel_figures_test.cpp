@@ -66,6 +66,8 @@ TEST(PanelFigures, HolesAndFactorsAreSetByThemselves) {
     EXPECT_EQ(ValueOfField(evaluator.Inputs(), StudyField::SFWeb), 1.25);
     EXPECT_EQ(ValueOfField(evaluator.Inputs(), StudyField::SFBarrier), 2.5);
     EXPECT_STREQ(TitleOfField(StudyField::SFBarrier), "Stability factor for barriers");
+    EXPECT_STREQ(TitleOfField(StudyField::SFWeb), "Stability factor for webs");
+    EXPECT_STREQ(TitleOfField(StudyField::NumberHoles), "Number of holes");
     EXPECT_STREQ(UnitOfField(StudyField::NumberHoles, 1), "");
 }
 
