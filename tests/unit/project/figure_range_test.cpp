@@ -83,5 +83,17 @@ TEST_F(FigureRange, OtherErrorsAndThoseOfOrdinaryFiguresRise) {
     EXPECT_THAT(Messages(), IsEmpty());
 }
 
+TEST_F(FigureRange, BeginsAMillionMillionTimesAwayFromOne) {
+    panel_.CrosscutSpacing = 1;
+    const auto told = [this](double height) {
+        panel_.Height = height;
+        return RaisedError([this] { DoneWithinRange(panel_, [] { Raise(error_number::Overflow); }); }) == 0;
+    };
+    EXPECT_TRUE(told(1e12));
+    EXPECT_FALSE(told(9.9e11));
+    EXPECT_TRUE(told(-1e-12));
+    EXPECT_FALSE(told(1.1e-12));
+}
+
 }  // namespace
 }  // namespace tarvokol

@@ -69,6 +69,20 @@ TEST_F(KeptCopy, IsNamedForTheWholePath) {
     EXPECT_THAT(KeptCopyPath(deep), ::testing::EndsWith("!panel.TKL"));
 }
 
+// A name of more than 240 bytes gives way to the FNV-1a sum of the path, by which the copy is found again, and to the last
+// 120 bytes of the file's own name.
+TEST_F(KeptCopy, OfALongPathIsNamedForItsSum) {
+    const auto name_of = [](const std::string& path) {
+        return std::filesystem::path(KeptCopyPath(path)).filename().string();
+    };
+    EXPECT_EQ(name_of("/" + std::string(300, 'd') + "/panel.TKL"), "~bak_e3433a6a02af90e6!panel.TKL");
+    const std::string longest = "/" + std::string(229, 'd') + "/panel.TKL";
+    EXPECT_EQ(name_of(longest), "~bak_!" + std::string(229, 'd') + "!panel.TKL");
+    EXPECT_THAT(name_of("/d" + longest.substr(1)), ::testing::MatchesRegex("~bak_[0-9a-f]{16}!panel.TKL"));
+    const std::string file = std::string(130, 'x') + std::string(116, 'y') + ".TKL";
+    EXPECT_THAT(name_of("/" + file), ::testing::MatchesRegex("~bak_[0-9a-f]{16}!y{116}.TKL"));
+}
+
 TEST_F(KeptCopy, IsSharedByNoTwoProjectsOfOneName) {
     std::filesystem::create_directory(Folder / "other");
     EXPECT_TRUE(FileSave());
