@@ -52,13 +52,11 @@ frmTARVODesc::frmTARVODesc() : ui_(std::make_unique<Ui::frmTARVODesc>()) {
 frmTARVODesc::~frmTARVODesc() = default;
 
 void frmTARVODesc::Form_Load() {
-    Loading_ = true;
     SetMessageTitles(kDescriptionTitles);
     LogMessage("Editing Project Description");
     ui_->Text1->setText(ToQt(ProjectTitle));
     ui_->Text2->setPlainText(ToQt(ProjectDescription));
     ShowUnits();
-    Loading_ = false;
 }
 
 // A project that has its units shows them, with nothing else to choose.

@@ -31,7 +31,6 @@ class frmTARVODesc : public SingleForm<frmTARVODesc> {
     std::unique_ptr<Ui::frmTARVODesc> ui_;
     OptionGroup Option1_;
     bool Accepted_ = false;  // closing with OK or Next Form
-    bool Loading_ = false;
 };
 
 }  // namespace tarvokol

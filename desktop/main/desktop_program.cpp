@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QFont>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <string_view>
 
@@ -13,6 +14,8 @@
 #include "core/report/report_builder.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
+#include "desktop/main/frmMain.h"
+#include "qt/program_application.h"
 #include "qt/qt_text.h"
 
 namespace tarvokol {
@@ -25,6 +28,12 @@ constexpr const char* kUsage =
     "  --help     this text\n"
     "  --version  the program's version\n\n"
     "For scripts and many projects: tarvokol-cli --help\n";
+
+// Which family the system falls back on varies with what else is installed.
+void SetProgramFont() {
+    constexpr int kPoints = 10;
+    QApplication::setFont(QFont("Liberation Sans", kPoints));
+}
 
 }  // namespace
 
@@ -41,12 +50,6 @@ void DesktopBindings::Install() {
     Platform.Fonts = &Fonts;
     Platform.Spreadsheet = &Spreadsheet;
     Platform.TheClock = &TheClock;
-}
-
-// Which family the system falls back on varies with what else is installed.
-void SetProgramFont() {
-    constexpr int kPoints = 10;
-    QApplication::setFont(QFont("Liberation Sans", kPoints));
 }
 
 bool AnswersOnTerminal(int count, const char* const* words) {
@@ -79,6 +82,20 @@ void StartProgram(const std::string& command_line) {
         if (command_line.empty() || ProjectFileName != command_line) throw;
         throw RunTimeError(error.number, error.text + ": " + command_line);
     }
+}
+
+int RunDesktop(ProgramApplication& application) {
+    QApplication::setApplicationName("tarvokol");
+    QApplication::setQuitOnLastWindowClosed(false);
+    SetProgramFont();
+    DesktopBindings bindings;
+    bindings.Install();
+    application.Run([] { StartProgram(ProjectOfCommandLine(QApplication::arguments())); });
+    // The user may have closed the main window while a dialog of the start-up was open.
+    if (!frmMain::IsLoaded()) return EXIT_SUCCESS;
+    QObject::connect(&frmMain::Instance(), &frmMain::Ended, &application, &QApplication::quit,
+                     Qt::QueuedConnection);
+    return QApplication::exec();
 }
 
 }  // namespace tarvokol

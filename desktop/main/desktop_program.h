@@ -20,6 +20,8 @@
 
 namespace tarvokol {
 
+class ProgramApplication;
+
 // The bindings of the desktop.
 struct DesktopBindings {
     QtMessageBox Messages;
@@ -39,9 +41,6 @@ struct DesktopBindings {
     void Install();
 };
 
-// One font of the same size on every system.
-void SetProgramFont();
-
 // Answers a question that needs no window, on the terminal, also where there is no display; false if the words hold
 // none.
 bool AnswersOnTerminal(int count, const char* const* words);
@@ -52,5 +51,8 @@ std::string ProjectOfCommandLine(const QStringList& arguments);
 
 // Starts up with that project. An error that opening it raises is raised on, with the path behind its text.
 void StartProgram(const std::string& command_line);
+
+// Opens the main window and runs until it is closed; the exit status.
+int RunDesktop(ProgramApplication& application);
 
 }  // namespace tarvokol

@@ -6,7 +6,6 @@
 #include <fontconfig/fontconfig.h>
 
 #include "desktop/main/desktop_program.h"
-#include "desktop/main/frmMain.h"
 #include "qt/program_application.h"
 
 int main(int argc, char** argv) {
@@ -17,15 +16,5 @@ int main(int argc, char** argv) {
     std::thread fonts([] { FcInit(); });
     ProgramApplication application(argc, argv);
     fonts.join();
-    QApplication::setApplicationName("tarvokol");
-    QApplication::setQuitOnLastWindowClosed(false);
-    SetProgramFont();
-    DesktopBindings bindings;
-    bindings.Install();
-    application.Run([&] { StartProgram(ProjectOfCommandLine(QApplication::arguments())); });
-    // The user may have closed the main window while a dialog of the start-up was open.
-    if (!frmMain::IsLoaded()) return EXIT_SUCCESS;
-    QObject::connect(&frmMain::Instance(), &frmMain::Ended, &application, &QApplication::quit,
-                     Qt::QueuedConnection);
-    return QApplication::exec();
+    return RunDesktop(application);
 }

@@ -40,7 +40,11 @@ class frmCanvas : public SingleForm<frmCanvas> {
         Told.emplace_back("query");
         return true;
     }
-    void Form_Unload() override { Told.emplace_back("unload"); }
+    void Form_Unload() override {
+        Told.emplace_back("unload");
+        EXPECT_EQ(FindForm("frmCanvas"), this);  // what it does may still need it
+        EXPECT_FALSE(IsUnloaded());
+    }
 };
 
 class frmBehind : public SingleForm<frmBehind> {

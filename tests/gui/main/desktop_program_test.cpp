@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/main/desktop_program.h"
 
-#include <QFontInfo>
+#include <QFont>
 
 #include "core/platform/platform.h"
+#include "qt/program_application.h"
 #include "tests/support/main_window_fixture.h"
 
 namespace tarvokol {
@@ -65,15 +66,6 @@ TEST_F(DesktopProgram, BindsEveryPartOfTheOutsideWorld) {
     Platform = headless;
 }
 
-TEST_F(DesktopProgram, WritesInLiberationSansOfTenPoints) {
-    const QFont before = QApplication::font();
-    QApplication::setFont(QFont("DejaVu Sans", 20));
-    SetProgramFont();
-    EXPECT_EQ(QApplication::font().family(), "Liberation Sans");
-    EXPECT_EQ(QApplication::font().pointSize(), 10);
-    QApplication::setFont(before);
-}
-
 TEST_F(DesktopProgram, TellsItsUsageAndItsVersion) {
     const std::string usage =
         "Usage: tarvokol [PROJECT]\n"
@@ -113,6 +105,59 @@ TEST_F(DesktopProgram, NamesTheProjectThatItCannotOpen) {
     EXPECT_EQ(StartError(""), "none");
     EXPECT_TRUE(frmMain::IsLoaded());
     EXPECT_TRUE(frmMain::Instance().isVisible());
+}
+
+// The real bindings look for the user's folders below his home.
+class DesktopRun : public DesktopProgram {
+  protected:
+    DesktopRun() {
+        qputenv("HOME", QByteArray::fromStdString(Folder.string()));
+        qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(PathTo(".config")));
+        std::filesystem::create_directories(Folder / ".config");
+        std::filesystem::create_directory(Folder / "Documents");
+        WriteBytes(PathTo(".config/user-dirs.dirs"), "XDG_DOCUMENTS_DIR=\"$HOME/Documents\"\n");
+        std::filesystem::rename(Folder / "MyOLTEK", Folder / "Documents/MyOLTEK");
+        QApplication::setApplicationName("");
+        QApplication::setQuitOnLastWindowClosed(true);
+        QApplication::setFont(QFont("DejaVu Sans", 20));
+        QApplication::setWindowIcon({});
+    }
+    ~DesktopRun() override {
+        UnloadAllForms();
+        Platform = headless_;
+        QApplication::setFont(font_);
+        QApplication::setApplicationName(name_);
+        QApplication::setQuitOnLastWindowClosed(false);
+        qputenv("HOME", home_);
+        qunsetenv("XDG_CONFIG_HOME");
+    }
+
+    static ProgramApplication& Application() { return *static_cast<ProgramApplication*>(qApp); }
+
+  private:
+    const PlatformBindings headless_ = Platform;
+    const QFont font_ = QApplication::font();
+    const QString name_ = QApplication::applicationName();
+    const QByteArray home_ = qgetenv("HOME");
+};
+
+TEST_F(DesktopRun, ShowsItsWindowAndEndsWithIt) {
+    bool shown = false;
+    QTimer::singleShot(0, [&] {
+        shown = frmMain::Instance().isVisible();
+        EXPECT_EQ(QApplication::applicationName(), "tarvokol");
+        EXPECT_FALSE(QApplication::quitOnLastWindowClosed());
+        EXPECT_EQ(QApplication::font().family(), "Liberation Sans");
+        EXPECT_EQ(QApplication::font().pointSize(), 10);
+        EXPECT_FALSE(QApplication::windowIcon().pixmap(32, 32).isNull());
+        EXPECT_NE(Platform.Folders, &Host.Folders);
+        frmMain::Instance().close();
+    });
+    EXPECT_EQ(RunDesktop(Application()), 0);
+    EXPECT_TRUE(shown);
+    EXPECT_FALSE(frmMain::IsLoaded());
+    EXPECT_TRUE(UnhandledErrors().empty());
+    EXPECT_THAT(ReadBytes(PathTo("Documents/MyOLTEK/TARVOKOL.INI")), ::testing::HasSubstr("[FileMenu]"));
 }
 
 }  // namespace

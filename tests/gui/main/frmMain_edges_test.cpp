@@ -199,6 +199,32 @@ TEST_F(MainWindowEdges, TheVersionTakesItsPlaceBeforeItsText) {
     EXPECT_LT(label.width(), 100);
 }
 
+TEST_F(MainWindowEdges, ThePictureIsShownInItsOwnSize) {
+    frmMain& form = Start();
+    form.Logo().resize(10, 10);
+    CenterLogo(form);
+    EXPECT_EQ(form.Logo().size(), QSize(460, 280));
+}
+
+TEST_F(MainWindowEdges, TheHistoryIsBlackOnGreyOnADarkDesktopToo) {
+    frmMain& form = Start();
+    QPalette dark = form.palette();
+    dark.setColor(QPalette::Base, Qt::black);
+    dark.setColor(QPalette::Text, Qt::white);
+    form.History().setPalette(dark);
+    LayoutMainWindow(form);
+    EXPECT_EQ(form.History().palette().color(QPalette::Base), QColor(192, 192, 192));
+    EXPECT_EQ(form.History().palette().color(QPalette::Text), QColor(0, 0, 0));
+}
+
+TEST_F(MainWindowEdges, AFontWithoutASizeKeepsTheWindowsOne) {
+    frmMain& form = Start();
+    DisplayFontName = "DejaVu Sans";
+    DisplayFontSize = 0;
+    ApplyHistoryFont();
+    EXPECT_EQ(form.History().font().pointSizeF(), QApplication::font().pointSizeF());
+}
+
 TEST_F(MainWindowEdges, TheToolbarSpansTheWindow) {
     frmMain& form = Start();
     form.resize(650, 500);

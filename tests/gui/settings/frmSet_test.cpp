@@ -405,9 +405,9 @@ TEST_F(Settings, AcceptsAnEmptyExtension) {
 }
 
 TEST_F(Settings, AcceptsDigitsInTheExtension) {
-    Submit("Text1", "z09");
+    Submit("Text1", "az09");
     EXPECT_TRUE(Closed());
-    EXPECT_EQ(FileExtension, "Z09");
+    EXPECT_EQ(FileExtension, "AZ09");
 }
 
 TEST_F(Settings, ChecksPathSizeAndExtensionInThisOrder) {
