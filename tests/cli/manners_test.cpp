@@ -51,6 +51,7 @@ TEST_F(Manners, AWrongCommandIsNamedWithTheNearestRightOne) {
     EXPECT_EQ(Refusal({"conv", "p.TKL"}), "\"conv\" is no command; did you mean convert?\n" + more);
     EXPECT_EQ(Refusal({"p.TKL"}), "\"p.TKL\" is no command\n" + more);
     EXPECT_EQ(Refusal({""}), "\"\" is no command\n" + more);
+    EXPECT_EQ(Refusal({}), "A subcommand is required\n" + more);
 }
 
 TEST_F(Manners, AWrongOptionIsNamedWithTheNearestRightOne) {

@@ -102,6 +102,25 @@ TEST_F(Replacement, FollowsLinksWhichStay) {
     EXPECT_EQ(RaisedError([&] { ReplaceWholeFile(PathTo("round"), "x"); }), 76);
 }
 
+TEST_F(Replacement, FollowsAsManyLinksAsTheSystem) {
+    WriteBytes(PathTo("link0"), "old");
+    for (int i = 1; i <= 41; ++i)
+        std::filesystem::create_symlink("link" + std::to_string(i - 1), PathTo("link" + std::to_string(i)));
+    ReplaceWholeFile(PathTo("link40"), "new");
+    EXPECT_EQ(ReadBytes(PathTo("link0")), "new");
+    EXPECT_EQ(RaisedError([this] { ReplaceWholeFile(PathTo("link41"), "newer"); }), 76);
+    EXPECT_EQ(ReadBytes(PathTo("link0")), "new");
+}
+
+TEST_F(Replacement, BuildsUnderAnExtensionOfSixteenBytesAtMost) {
+    const auto extension = [this](const std::string& name) {
+        return std::filesystem::path(FileReplacement(PathTo(name)).BuildPath()).extension().string();
+    };
+    EXPECT_EQ(extension("a.xlsx"), ".xlsx");
+    EXPECT_EQ(extension("a.fifteen--------"), ".fifteen--------");
+    EXPECT_EQ(extension("a.sixteen---------"), "");
+}
+
 TEST_F(Replacement, TellsWhatStandsInItsWay) {
     EXPECT_EQ(RaisedError([&] { ReplaceWholeFile(PathTo("gone/file"), "x"); }), 76);
     EXPECT_EQ(RaisedError([&] { ReplaceWholeFile(Path + "/file", "x"); }), 76);
