@@ -94,6 +94,12 @@ TEST_F(KeptCopy, IsSharedByNoTwoProjectsOfOneName) {
     EXPECT_EQ(Kept(), Old);
 }
 
+TEST_F(KeptCopy, HoldsASingleByteToo) {
+    WriteBytes(ProjectFileName, "x");
+    EXPECT_TRUE(FileSave());
+    EXPECT_EQ(Kept(), "x");
+}
+
 TEST_F(KeptCopy, IsTheSameThroughALink) {
     std::filesystem::create_symlink("panel.TKL", Folder / "link.TKL");
     EXPECT_EQ(KeptCopyPath(PathTo("link.TKL")), KeptCopyPath(PathTo("panel.TKL")));

@@ -231,6 +231,91 @@ TEST_F(DialogTests, RefuseAHoleBesideWhichTheWebIsLost) {
     EXPECT_EQ(ValidateParameterTexts(texts), std::nullopt);
 }
 
+TEST_F(DialogTests, AdmitThinWebsAndBarriers) {
+    ParameterTexts texts = ShallowTexts();
+    texts.txtWebThickness = "0.25";
+    texts.txtBarrierPillarWidth = "0.5";
+    EXPECT_EQ(ValidateParameterTexts(texts), std::nullopt);
+}
+
+// A hundred times the panel must be a single, the largest of which is 3.4028E38: the panel may have 3.40E36.
+TEST_F(DialogTests, RefuseTheLargestWidthOfAPanelBeyondAHundredthOfASingle) {
+    using F = ParameterField;
+    ParameterTexts texts = ShallowTexts();
+    const auto set = [&texts](const char* holes, const char* hole, const char* web, const char* barrier) {
+        texts.txtNumberHoles = holes;
+        texts.txtHoleWidth = hole;
+        texts.txtWebThickness = web;
+        texts.txtBarrierPillarWidth = barrier;
+    };
+    set("2", "1E36", "2E35", "1.2E36");
+    EXPECT_EQ(ValidateParameterTexts(texts), std::nullopt);
+    set("2", "1E36", "2E35", "1.21E36");
+    ExpectRefused(texts, F::HoleWidth, "Invalid hole width");
+    set("2", "1E35", "1.5E36", "1.7E36");
+    EXPECT_EQ(ValidateParameterTexts(texts), std::nullopt);
+    set("2", "1E35", "1.5E36", "1.71E36");
+    ExpectRefused(texts, F::BarrierPillarWidth, "Invalid barrier pillar width");
+    set("4", "2.5E34", "8E35", "9E35");
+    EXPECT_EQ(ValidateParameterTexts(texts), std::nullopt);
+    set("4", "2.8E34", "8E35", "9E35");
+    ExpectRefused(texts, F::WebThickness, "Invalid web thickness width");
+}
+
+// A thousand times the stress of the cover must be a single.
+TEST_F(DialogTests, RefuseTheLargerFactorOfACoverBeyondAThousandthOfASingle) {
+    using F = ParameterField;
+    ParameterTexts texts = ShallowTexts();
+    texts.txtUnitWeight = "100";
+    texts.txtDepthCover = "3.4E33";
+    EXPECT_EQ(ValidateParameterTexts(texts), std::nullopt);
+    EXPECT_EQ(ValidateSizingTexts(texts), std::nullopt);
+    texts.txtDepthCover = "3.41E33";
+    ExpectRefused(texts, F::DepthCover, "Invalid depth of cover");
+    ExpectSizingRefused(texts, F::DepthCover, "Invalid depth of cover");
+    texts.txtDepthCover = "100";
+    texts.txtUnitWeight = "3.4E33";
+    EXPECT_EQ(ValidateParameterTexts(texts), std::nullopt);
+    texts.txtUnitWeight = "3.41E33";
+    ExpectRefused(texts, F::UnitWeight, "Invalid overburden unit weight");
+}
+
+TEST_F(DialogTests, ShortTestRefusesAFigureBeyondAThousandthOfASingle) {
+    using P = ParameterTexts;
+    using F = ParameterField;
+    struct Row {
+        std::string ParameterTexts::*text;
+        const char* largest;
+        const char* larger;
+        F field;
+        const char* message;
+    };
+    const Row rows[] = {
+        {&P::txtHeight, "3.4E35", "3.41E35", F::Height, "Invalid extraction height"},
+        {&P::txtCoalStrength, "3.4E35", "3.41E35", F::CoalStrength, "Invalid pillar strength"},
+        {&P::txtSFBarrier, "3.4E35", "3.41E35", F::SFBarrier, "Invalid Stability Factor for barriers"},
+        // Two holes and two webs.
+        {&P::txtHoleWidth, "1.7E35", "1.71E35", F::HoleWidth, "Invalid hole width"},
+        {&P::txtWebThickness, "1.7E35", "1.71E35", F::WebThickness, "Invalid web thickness width"}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.message);
+        ParameterTexts texts = ShallowTexts();
+        texts.txtNumberHoles = "2";
+        texts.*row.text = row.largest;
+        EXPECT_EQ(ValidateSizingTexts(texts), std::nullopt);
+        texts.*row.text = row.larger;
+        ExpectSizingRefused(texts, row.field, row.message);
+    }
+    ParameterTexts texts = ShallowTexts();
+    texts.txtUnitWeight = "3.41E35";
+    ExpectSizingRefused(texts, F::UnitWeight, "Invalid overburden unit weight");
+    texts = ShallowTexts();
+    texts.txtAbutmentAngleActiveGob = "1E999";
+    ExpectSizingRefused(texts, F::AbutmentAngle, "Invalid abutment angle of gob");
+    texts.txtAbutmentAngleActiveGob = "1E300";
+    EXPECT_EQ(ValidateSizingTexts(texts), std::nullopt);
+}
+
 TEST_F(DialogTests, AdmitTheAnglesZeroAndNinety) {
     ParameterTexts texts = ShallowTexts();
     texts.txtAbutmentAngleActiveGob = "0";
