@@ -84,10 +84,6 @@ void ChartControl::resizeEvent(QResizeEvent*) {
     Replot();
 }
 
-void ChartControl::showEvent(QShowEvent*) {
-    Replot();
-}
-
 // Left and right step along the curve, up and down from curve to curve; Home and End go to its ends. Points
 // without data are passed over.
 void ChartControl::keyPressEvent(QKeyEvent* event) {
@@ -114,9 +110,7 @@ void ChartControl::keyPressEvent(QKeyEvent* event) {
             break;
         default:
             QWidget::keyPressEvent(event);
-            return;
     }
-    event->accept();
 }
 
 bool ChartControl::HasSeries() {
@@ -150,8 +144,7 @@ void ChartControl::Reach() {
     emit PointReached(at_series_, at_point_);
 }
 
-void ChartControl::focusOutEvent(QFocusEvent* event) {
-    QWidget::focusOutEvent(event);
+void ChartControl::focusOutEvent(QFocusEvent*) {
     plot_->HideMark();
     Replot();
 }
@@ -170,9 +163,8 @@ void ChartControl::mouseMoveEvent(QMouseEvent* event) {
     emit MouseMove(at.x() * kTwipsPerPixel, at.y() * kTwipsPerPixel);
 }
 
-void ChartControl::mouseReleaseEvent(QMouseEvent* event) {
-    event->accept();
-}
+// The button's end is the chart's own, too.
+void ChartControl::mouseReleaseEvent(QMouseEvent*) {}
 
 void ChartControl::mouseDoubleClickEvent(QMouseEvent*) {
     ShowWholeRange();

@@ -71,7 +71,6 @@ class ChartControl : public QWidget, public ChartModel {
   protected:
     void Changed(bool points) override;
     void resizeEvent(QResizeEvent* event) override;
-    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;

@@ -90,8 +90,7 @@ void PlanSheet::LeavePillars() {
     update();
 }
 
-void PlanSheet::focusOutEvent(QFocusEvent* event) {
-    QWidget::focusOutEvent(event);
+void PlanSheet::focusOutEvent(QFocusEvent*) {
     LeavePillars();
 }
 

@@ -197,10 +197,14 @@ def _swapped_lines(text, code):
         yield Mutation("order", begin, end, two + one)
 
 
+# What takes its arguments in any order.
+_EITHER_ORDER = re.compile(r"\b(?:std::min|std::max|std::hypot)$")
+
+
 def _swapped_arguments(code):
     for found in re.finditer(r"\(([A-Za-z_][\w.]*), ([A-Za-z_][\w.]*)\)", code):
         first, second = found.groups()
-        if first != second:
+        if first != second and not _EITHER_ORDER.search(code[max(found.start() - 12, 0) : found.start()]):
             yield Mutation("order", found.start(), found.end(), f"({second}, {first})")
 
 

@@ -97,6 +97,17 @@ TEST_F(ChartControlTest, FindsTheNearestPointWithItsDistanceInPixels) {
     EXPECT_EQ(hit.point, 20);
     EXPECT_EQ(hit.distance, 3.0);
     EXPECT_EQ(Chart.NearestPoint(at.x(), at.y() - 2).point, 20);
+    for (const long end : {1L, 51L}) {
+        const QPoint place = Chart.PixelOf(1, end);
+        EXPECT_EQ(Chart.NearestPoint(place.x(), place.y()).point, end);
+    }
+    Chart.SetNumSeries(2);
+    Chart.SetNumPoints(2, 2);  // both at the same place: the first one counts
+    Chart.SetX(2, 1, 60);
+    Chart.SetX(2, 2, 60);
+    const QPoint place = Chart.PixelOf(2, 2);
+    EXPECT_EQ(Chart.NearestPoint(place.x(), place.y()).series, 2);
+    EXPECT_EQ(Chart.NearestPoint(place.x(), place.y()).point, 1);
 }
 
 TEST_F(ChartControlTest, NoPointIsNearOnAnEmptyChart) {

@@ -3,11 +3,11 @@
 #pragma once
 
 #include "qt/chart_control.h"
-#include "tests/support/core_fixture.h"
+#include "tests/support/gui_fixture.h"
 
 namespace tarvokol {
 
-class ChartControlTest : public CoreTest {
+class ChartControlTest : public GuiTest {
   protected:
     static constexpr int32_t kBlue = 0xFF0000;
 

@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/painter_surface.h"
 
+#include <QBuffer>
+#include <QFontMetricsF>
 #include <QImage>
 #include <QPdfWriter>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QSvgGenerator>
 #include <QSvgRenderer>
 
 #include "core/graphics/TarvoGraf.h"
@@ -118,6 +123,80 @@ TEST_F(PlanSurface, LinesWithoutEndAreCutAtTheSheet) {
     surface.Line(0, -1e9, 1e9, 1e9);  // a slant through (0.5, 0) is far below the sheet
     surface.Finish();
     EXPECT_EQ(InkOf(image), QRect(QPoint(50, 0), QPoint(50, 70)));
+}
+
+// What reaches the paint engine ends eight pixels beyond the sheet; what lies outside does not reach it.
+TEST_F(PlanSurface, ThePaintEngineGetsNoLineWithoutEnd) {
+    const auto drawn = [](double x1, double y1, double x2, double y2) {
+        QBuffer out;
+        out.open(QIODevice::WriteOnly);
+        QSvgGenerator generator;
+        generator.setOutputDevice(&out);
+        generator.setSize({100, 100});
+        generator.setResolution(96);
+        {
+            PainterSurface surface(generator, {100, 100});
+            surface.SetScale(100, 100);
+            surface.Line(x1, y1, x2, y2);
+        }
+        static const QRegularExpression line("<polyline[^>]*points=\"([^\"]*?) *\"");
+        return line.match(QString::fromUtf8(out.data())).captured(1).toStdString();
+    };
+    EXPECT_EQ(drawn(50, 30, 50, 60), "50.5,70.5 50.5,40.5");
+    EXPECT_EQ(drawn(50, 30, 50, 1e30), "50.5,70.5 50.5,-7.5");
+    EXPECT_EQ(drawn(50, -1e30, 50, 30), "50.5,108.5 50.5,70.5");
+    EXPECT_EQ(drawn(-1e30, 30, 50, 30), "-7.5,70.5 50.5,70.5");
+    EXPECT_EQ(drawn(50, 30, 1e30, 30), "50.5,70.5 108.5,70.5");
+    // Half as steep as wide: cut at x -8 and 108 on the height of the line there.
+    EXPECT_EQ(drawn(-150, 0, 250, 100), "-7.5,64.5 108.5,35.5");
+    EXPECT_EQ(drawn(-20, 30, -9, 30), "");
+    EXPECT_EQ(drawn(109, 30, 200, 30), "");
+    EXPECT_EQ(drawn(50, -20, 50, -9), "");
+    EXPECT_EQ(drawn(50, 109, 50, 200), "");
+}
+
+// A pen is as wide as a pixel, in whole units of the device, one at the least.
+TEST_F(PlanSurface, ThePenIsBlackAndAWholeNumberOfDotsWide) {
+    const std::pair<double, double> pens[] = {{1, 1}, {2, 1}, {1.4, 1 / 1.4}, {1.6, 2 / 1.6}, {0.4, 1 / 0.4}};
+    for (const auto& pen : pens) {
+        QImage image = Sheet({100, 100});
+        QPainter painter(&image);
+        painter.scale(pen.first, pen.first);
+        {
+            PainterSurface surface(painter, {100, 100});
+            surface.Cls();
+            EXPECT_NEAR(painter.pen().widthF(), pen.second, 1e-9) << pen.first;
+            EXPECT_EQ(painter.pen().color(), QColor(Qt::black));
+            EXPECT_EQ(painter.pen().capStyle(), Qt::SquareCap);
+            EXPECT_FALSE(painter.testRenderHint(QPainter::Antialiasing));
+            EXPECT_TRUE(painter.testRenderHint(QPainter::TextAntialiasing));
+        }
+        EXPECT_EQ(painter.pen(), QPen());  // given back as it was
+        EXPECT_EQ(painter.transform().m11(), pen.first);
+    }
+}
+
+// The edge of a text that reaches onto the sheet by less than a pixel counts as cut; beyond it nothing is there.
+TEST_F(PlanSurface, ATextBeyondTheSheetIsNotThere) {
+    const auto clashes_at = [](double x, double y) {
+        QImage image = Sheet({100, 50});
+        PainterSurface surface(image, {100, 50});
+        surface.SetScale(100, 50);
+        surface.SetCurrentPoint(x, 50 - y);
+        surface.Print("HHH");
+        const int clashes = surface.TextClashes();
+        EXPECT_EQ(surface.HasDrawn(), clashes > 0);
+        return clashes;
+    };
+    const PlanText text{PlanFont("Arial", 11), {0, 0}, 0, "HHH", {}};
+    const QRectF strip = text.Strip();
+    for (const double reach : {-0.4, 0.4}) {
+        const int seen = reach > 0 ? 1 : 0;
+        EXPECT_EQ(clashes_at(reach - strip.right(), 20), seen);
+        EXPECT_EQ(clashes_at(100 - reach - strip.left(), 20), seen);
+        EXPECT_EQ(clashes_at(20, reach - strip.bottom()), seen);
+        EXPECT_EQ(clashes_at(20, 50 - reach - strip.top()), seen);
+    }
 }
 
 TEST_F(PlanSurface, StartsInTwips) {
@@ -382,6 +461,34 @@ TEST_F(PlanExport, WritesAnSvgWithItsTextsOnce) {
 TEST_F(PlanExport, WritesAPdf) {
     ASSERT_TRUE(ExportPlan(PathTo("plan.pdf"), PlanView::Window));
     EXPECT_EQ(ReadBytes(PathTo("plan.pdf")).substr(0, 5), "%PDF-");
+    // At 192 dots to the inch it is the picture of the PNG.
+    ASSERT_TRUE(ExportPlan(PathTo("plan.png"), PlanView::Window));
+    const QString page = QString::fromStdString(PathTo("page"));
+    ASSERT_EQ(QProcess::execute("pdftoppm", {"-r", "192", "-png", "-singlefile",
+                                             QString::fromStdString(PathTo("plan.pdf")), page}),
+              0);
+    const QImage paper(page + ".png");
+    const QImage picture(QString::fromStdString(PathTo("plan.png")));
+    EXPECT_EQ(paper.size(), picture.size());
+    const QRect on_paper = InkOf(paper);
+    const QRect in_picture = InkOf(picture);
+    EXPECT_NEAR(on_paper.left(), in_picture.left(), 3);
+    EXPECT_NEAR(on_paper.top(), in_picture.top(), 3);
+    EXPECT_NEAR(on_paper.right(), in_picture.right(), 3);
+    EXPECT_NEAR(on_paper.bottom(), in_picture.bottom(), 3);
+    QProcess info;
+    info.start("pdfinfo", {QString::fromStdString(PathTo("plan.pdf"))});
+    ASSERT_TRUE(info.waitForFinished());
+    EXPECT_TRUE(info.readAll().contains("Title:           Panel plan"));
+}
+
+TEST_F(PlanExport, ThePlanInAnSvgIsTitledAndFallsBackOnASansSerifFace) {
+    ASSERT_TRUE(ExportPlan(PathTo("plan.SVG"), PlanView::Window));
+    const std::string svg = ReadBytes(PathTo("plan.SVG"));
+    EXPECT_NE(svg.find("<title>Panel plan</title>"), std::string::npos);
+    EXPECT_NE(svg.find("font-family=\"Arial, sans-serif\""), std::string::npos);
+    EXPECT_NE(svg.find("width=\"185.208mm\" height=\"185.208mm\""),
+              std::string::npos);  // 700 of 96 to the inch
 }
 
 TEST_F(PlanExport, ARefusedPlanLeavesNoFile) {

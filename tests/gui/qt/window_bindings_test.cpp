@@ -275,6 +275,22 @@ TEST_F(DesktopTest, TheEntryOfAPackageThatStartsThisProgramIsNotShadowed) {
     EXPECT_THAT(ReadBytes(own), ::testing::HasSubstr("Exec=\"/opt/x/tarvokol\" %f\n"));
 }
 
+// Another copy of the program is another program.
+TEST_F(DesktopTest, TheEntryOfAPackageThatStartsAnotherProgramIsShadowed) {
+    Script("update-mime-database", "true");
+    Script("update-desktop-database", "true");
+    Script("tarvokol", "true");
+    Script("other", "true");
+    std::filesystem::create_directories(PathTo("system data/applications"));
+    WriteBytes(PathTo("system data/applications/tarvokol.desktop"), "[Desktop Entry]\nExec=other %f\n");
+    const std::string program = FromQt(QStandardPaths::findExecutable("tarvokol"));
+    for (int run = 0; run < 2; ++run) {
+        DesktopDocumentTypes().Register({"TKL", "tarvokol.Document", "tarvokol Document", "", program});
+        EXPECT_THAT(ReadBytes(PathTo("data home/applications/tarvokol.desktop")),
+                    ::testing::HasSubstr("Exec=\"" + program + "\" %f\n"));
+    }
+}
+
 TEST_F(DesktopTest, SignsThatMeanSomethingInAnEntryAreEscapedInTheProgramsPath) {
     Script("update-mime-database", "true");
     Script("update-desktop-database", "true");
