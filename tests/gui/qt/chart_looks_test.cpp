@@ -735,6 +735,10 @@ TEST(ChartTickLabels, CarryTheDecimalsOfTheStep) {
     Ticks ticks;
     ticks.setTickCount(5);
     EXPECT_EQ(ticks.Label(20, 0, 100), "20");
+    EXPECT_EQ(ticks.Label(3, 0, 5), "3");  // steps of a power of ten
+    EXPECT_EQ(ticks.Label(30, 0, 50), "30");
+    EXPECT_EQ(ticks.Label(0.3, 0, 0.5), "0.3");
+    EXPECT_EQ(ticks.Label(0.003, 0, 0.005), "0.003");
     EXPECT_EQ(ticks.Label(0.5, 0, 2.5), "0.5");
     EXPECT_EQ(ticks.Label(2, 0, 1), "2.0");
     EXPECT_EQ(ticks.Label(2, 0, 0.1), "2.00");
