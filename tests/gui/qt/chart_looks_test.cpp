@@ -728,6 +728,10 @@ TEST(ChartTickSteps, AreRoundAndGiveFourTicks) {
     EXPECT_THAT(ticks.In(0, 7.5, 4), ElementsAre(0, 2, 4, 6));
     EXPECT_THAT(ticks.In(0.9, 3.1, 4), ElementsAre(1, 1.5, 2, 2.5, 3));
     EXPECT_THAT(ticks.In(1, 19, 2), ElementsAre(10));  // no room for more
+    EXPECT_THAT(ticks.In(1, 19, 4), ElementsAre(2.5, 5, 7.5, 10, 12.5, 15, 17.5));
+    EXPECT_THAT(ticks.In(1, 19, 3), ElementsAre(5, 10, 15));  // room for three
+    EXPECT_THAT(ticks.In(1, 24, 5), ElementsAre(5, 10, 15, 20));
+    EXPECT_THAT(ticks.In(0.1, 3.9, 4), ElementsAre(0.5, 1, 1.5, 2, 2.5, 3, 3.5));
     EXPECT_THAT(ticks.In(0.5, 3.5, 4), ElementsAre(0.5, 1, 1.5, 2, 2.5, 3, 3.5));
 }
 

@@ -45,6 +45,9 @@ TEST_F(PlanSheetTest, ABareSheetIsWhitePaper) {
 
 TEST_F(PlanSheetTest, ASquareSheetTakesTheLargestSquare) {
     EXPECT_EQ(Sheet.PaperSize(), QSize(120, 100));
+    Sheet.resize(0, 0);
+    EXPECT_EQ(Sheet.PaperSize(), QSize(1, 1));
+    Sheet.resize(120, 100);
     Sheet.SetSquare(true);
     EXPECT_EQ(Sheet.PaperSize(), QSize(100, 100));
     Sheet.resize(70, 300);
@@ -63,6 +66,11 @@ TEST_F(PlanSheetTest, KeepsThePlanAndTellsItsLabels) {
         EXPECT_EQ(image.pixelColor(x + 2, 70), QColor(Qt::white)) << x;
     }
     EXPECT_EQ(image.pixelColor(10, 70), QColor(Qt::white));
+    for (const int y : {50, 90}) {
+        EXPECT_EQ(image.pixelColor(36, y), QColor(Qt::black)) << y;
+        EXPECT_EQ(image.pixelColor(36, y - 1), QColor(Qt::white)) << y;
+        EXPECT_EQ(image.pixelColor(36, y + 1), QColor(Qt::white)) << y;
+    }
 }
 
 // A plan without labels keeps the words that the form has given the sheet.
@@ -150,8 +158,47 @@ TEST_F(PlanSheetTest, LabelsFitTheSheet) {
         surface.PrintTurned({"Arial", 9, 900}, "446410495424464104954244641049542");
     });
     EXPECT_EQ(Description(), "20x oo, 8x oo, 446410495424464104954244641049542");
+    // What is left out does not run to the upper edge.
+    const QImage image = Shown();
+    for (int x = 0; x < 120; ++x)
+        for (int y = 0; y < 15; ++y) EXPECT_EQ(image.pixelColor(x, y), QColor(Qt::white)) << x << ' ' << y;
     Sheet.Draw(DrawTwoPillars);
     EXPECT_EQ(Description(), "20x oo, 8x oo");
+}
+
+TEST_F(PlanSheetTest, ThePaperIsWhiteWhereNothingIsDrawn) {
+    Sheet.Draw([](DrawingSurface& surface) {
+        surface.SetScale(120, 100);
+        surface.Line(10, 50, 20, 50);
+    });
+    EXPECT_EQ(Shown().pixelColor(15, 50), QColor(Qt::black));
+    EXPECT_EQ(Shown().pixelColor(15, 60), QColor(Qt::white));
+}
+
+// Counts how often a widget is painted.
+class Paints : public QObject {
+  public:
+    explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
+
+TEST_F(PlanSheetTest, EveryChangeIsPaintedAtOnce) {
+    Sheet.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Sheet));
+    RunEvents();
+    Paints paints(Sheet);
+    const auto painted = [&paints](const std::function<void()>& change) {
+        paints.count = 0;
+        change();
+        return WaitUntil([&paints] { return paints.count > 0; });
+    };
+    EXPECT_TRUE(painted([this] { Sheet.Draw(DrawTwoPillars); }));
+    EXPECT_TRUE(painted([this] { Key(Qt::Key_Right); }));
+    EXPECT_TRUE(painted([this] { Sheet.LeavePillars(); }));
 }
 
 }  // namespace
