@@ -176,6 +176,18 @@ TEST_F(PaperDrawing, FixedPitchFontsComeFirst) {
         std::none_of(first_other, names.end(), [](const auto& name) { return name.starts_with("Courier"); }));
 }
 
+// Whatever was chosen for a printer before.
+TEST_F(PaperDrawing, AFileHasWholePagesOfA4) {
+    Printer.Device().setFullPage(false);
+    Printer.Device().setPageSize(QPageSize(QPageSize::A5));
+    Printer.PrintToFile(PathTo("other.pdf"));
+    EXPECT_TRUE(Printer.Device().fullPage());
+    EXPECT_EQ(Printer.PageWidth(), 595 * 20);
+    EXPECT_EQ(Printer.Device().outputFormat(), QPrinter::PdfFormat);
+    EXPECT_EQ(Printer.Device().docName(), "TARVO-KOL");
+    EXPECT_EQ(Printer.Device().creator(), "TARVO-KOL");
+}
+
 TEST_F(PaperDrawing, ANewJobStartsAtTheCorner) {
     Printer.SetCurrentX(5);
     Printer.SetCurrentY(7);
