@@ -3,6 +3,8 @@
 #pragma once
 
 #include "qt/chart_control.h"
+#include "qt/chart_plot.h"
+#include "tests/gui/qt/drawing_words.h"
 #include "tests/support/gui_fixture.h"
 
 namespace tarvokol {
@@ -78,6 +80,50 @@ class ChartControlTest : public GuiTest {
     }
 
     ChartControl Chart;
+};
+
+// The chart with eyes on what the library holds for it.
+class ChartLooks : public ChartControlTest {
+  protected:
+    void TearDown() override { EXPECT_TRUE(UnhandledErrors().empty()); }
+
+    QCustomPlot& Plot() { return *Chart.findChild<QCustomPlot*>(); }
+
+    // The chart composed for a size.
+    QCustomPlot& At(int width, int height) {
+        Chart.resize(width, height);
+        Chart.Replot();
+        return Plot();
+    }
+    QCustomPlot& Now() { return At(449, 313); }
+
+    const QCPTextElement& Header() {
+        return *qobject_cast<QCPTextElement*>(Plot().plotLayout()->element(0, 0));
+    }
+    const QCPTextElement& NoteRow() {
+        return *qobject_cast<QCPTextElement*>(Plot().plotLayout()->element(3, 0));
+    }
+    const QCPItemTracer& Mark() { return *qobject_cast<QCPItemTracer*>(Plot().item(0)); }
+    PlotCurve& Line(int series) { return static_cast<PlotCurve&>(*Plot().plottable(2 * series - 2)); }
+    PlotCurve& Symbols(int series) { return static_cast<PlotCurve&>(*Plot().plottable(2 * series - 1)); }
+
+    void NoTexts() {
+        Chart.SetHeaderText("");
+        Chart.SetAxisTitle(ChartAxis::X, "");
+        Chart.SetAxisTitle(ChartAxis::Y, "");
+    }
+
+    void Key(Qt::Key key) { QTest::keyClick(&Chart, key); }
+
+    // Curves of one point each, at their number.
+    void AddPoints(int series) {
+        Chart.SetNumSeries(series);
+        for (int i = 1; i <= series; ++i) {
+            Chart.SetNumPoints(i, 1);
+            Chart.SetX(i, 1, i);
+            Chart.SetY(i, 1, i);
+        }
+    }
 };
 
 }  // namespace tarvokol

@@ -18,13 +18,13 @@ namespace tarvokol {
 namespace {
 
 template <typename Dialog>
-void WhenUp(std::function<void(Dialog&)> action) {
+void AtTheDialog(std::function<void(Dialog&)> action) {
     QTimer::singleShot(5, [action] {
         auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
         if (dialog != nullptr)
             action(*dialog);
         else
-            WhenUp<Dialog>(action);
+            AtTheDialog<Dialog>(action);
     });
 }
 
@@ -33,7 +33,7 @@ class DialogBindings : public GuiTest {
     // Looks at the dialog of a request and cancels it.
     static void AtOpen(const FileDialogRequest& request, std::function<void(QFileDialog&)> look) {
         QtCommonDialogs dialogs(nullptr);
-        WhenUp<QFileDialog>([look](QFileDialog& dialog) {
+        AtTheDialog<QFileDialog>([look](QFileDialog& dialog) {
             look(dialog);
             dialog.reject();
         });
@@ -41,7 +41,7 @@ class DialogBindings : public GuiTest {
     }
     static void AtSave(const FileDialogRequest& request, std::function<void(QFileDialog&)> look) {
         QtCommonDialogs dialogs(nullptr);
-        WhenUp<QFileDialog>([look](QFileDialog& dialog) {
+        AtTheDialog<QFileDialog>([look](QFileDialog& dialog) {
             look(dialog);
             dialog.reject();
         });
@@ -88,7 +88,7 @@ TEST_F(DialogBindings, EveryButtonHasItsNumber) {
 }
 
 TEST_F(DialogBindings, AMessageIsPlainTextThatCanBeCopied) {
-    WhenUp<QMessageBox>([](QMessageBox& box) {
+    AtTheDialog<QMessageBox>([](QMessageBox& box) {
         EXPECT_EQ(box.textFormat(), Qt::PlainText);
         EXPECT_EQ(box.textInteractionFlags(), Qt::TextSelectableByMouse);
         EXPECT_EQ(box.text(), "a <b>\nc");
@@ -100,7 +100,7 @@ TEST_F(DialogBindings, AMessageIsPlainTextThatCanBeCopied) {
 // 140 pixels are the buttons and the icon of the title bar.
 TEST_F(DialogBindings, ABoxIsAsWideAsItsTitle) {
     const QString title(36, 'W');
-    WhenUp<QMessageBox>([&](QMessageBox& box) {
+    AtTheDialog<QMessageBox>([&](QMessageBox& box) {
         QFont bold = box.font();
         bold.setBold(true);
         const int wanted = QFontMetrics(bold).horizontalAdvance(title) + 140;
@@ -114,7 +114,7 @@ TEST_F(DialogBindings, ABoxIsAsWideAsItsTitle) {
 TEST_F(DialogBindings, F1NeedsBothAHelpFileAndAContext) {
     for (const BoxRequest& request :
          {BoxRequest{"Text", 0, "Title", "/opt/TARVOKOL.CHM", 0}, BoxRequest{"Text", 0, "Title", "", 3100}}) {
-        WhenUp<QMessageBox>([](QMessageBox& box) {
+        AtTheDialog<QMessageBox>([](QMessageBox& box) {
             QTest::keyClick(&box, Qt::Key_F1);
             box.button(QMessageBox::Ok)->click();
         });
@@ -194,14 +194,15 @@ TEST_F(DialogBindings, FontsKeepTheirStylesBothWays) {
             EXPECT_EQ(choice.bold, bold);
             EXPECT_EQ(choice.italic, italic);
         }
-    EXPECT_EQ(FontOfChoice({"DejaVu Serif", 0, false, false}).pointSizeF(), QFont("DejaVu Serif").pointSizeF());
+    EXPECT_EQ(FontOfChoice({"DejaVu Serif", 0, false, false}).pointSizeF(),
+              QFont("DejaVu Serif").pointSizeF());
     EXPECT_EQ(FontOfChoice({"DejaVu Serif", 0.5F, false, false}).pointSizeF(), 0.5);
 }
 
 TEST_F(DialogBindings, APrinterIsChosenOrPrintedWithOnTheDeviceGiven) {
     QPrinter printer;
     QtCommonDialogs dialogs([&]() -> QPrinter& { return printer; });
-    WhenUp<QPrintDialog>([&](QPrintDialog& dialog) {
+    AtTheDialog<QPrintDialog>([&](QPrintDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Print");
         EXPECT_EQ(dialog.printer(), &printer);
         EXPECT_EQ(dialog.options(),
@@ -220,19 +221,19 @@ TEST_F(DialogBindings, DialogsStandAboveTheWindowThatIsInUse) {
     EXPECT_EQ(OwnerWindow(), &window);
     QPrinter printer;
     QtCommonDialogs dialogs([&]() -> QPrinter& { return printer; });
-    WhenUp<QPrintDialog>([&](QPrintDialog& dialog) {
+    AtTheDialog<QPrintDialog>([&](QPrintDialog& dialog) {
         EXPECT_EQ(dialog.parentWidget(), &window);
         EXPECT_EQ(OwnerWindow(), &dialog);
         dialog.reject();
     });
     EXPECT_EQ(RaisedError([&] { dialogs.ShowPrinter(0); }), 32755);
     AtOpen({}, [&](QFileDialog& dialog) { EXPECT_EQ(dialog.parentWidget(), &window); });
-    WhenUp<QFontDialog>([&](QFontDialog& dialog) {
+    AtTheDialog<QFontDialog>([&](QFontDialog& dialog) {
         EXPECT_EQ(dialog.parentWidget(), &window);
         dialog.reject();
     });
     EXPECT_EQ(RaisedError([&] { dialogs.ShowFont({}, 1); }), 32755);
-    WhenUp<QMessageBox>([&](QMessageBox& box) {
+    AtTheDialog<QMessageBox>([&](QMessageBox& box) {
         EXPECT_EQ(box.parentWidget(), &window);
         box.button(QMessageBox::Ok)->click();
     });

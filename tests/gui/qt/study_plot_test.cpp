@@ -1,86 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The plots of studies: curves over one field, maps over two, spreads of factors.
-#include "qt/study_plot.h"
-
-#include <QFontMetricsF>
+// The plots of studies: curves over one field, maps over two.
 #include <algorithm>
 #include <cmath>
-#include <numeric>
-
-#include <qcustomplot.h>
 
 #include "qt/chart_text.h"
 #include "qt/qt_text.h"
-#include "tests/support/core_fixture.h"
+#include "tests/gui/qt/study_fixture.h"
 
 namespace tarvokol {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
-const QColor kGridColour(205, 205, 205);
-
-QString PenOf(const QPen& pen) {
-    const char* const styles[] = {"none", "solid", "dash", "dot", "dash-dot"};
-    return QString("%1 %2 %3").arg(pen.color().name()).arg(pen.widthF()).arg(styles[pen.style()]);
-}
-
-QString FontOf(const QFont& font) {
-    return QString("%1 %2%3").arg(font.family()).arg(font.pointSizeF()).arg(font.bold() ? " bold" : "");
-}
 
 std::vector<QString> LegendOf(const QCustomPlot& plot) {
     std::vector<QString> names;
     for (int i = 0; i < plot.legend->itemCount(); ++i)
         names.push_back(qobject_cast<QCPPlottableLegendItem*>(plot.legend->item(i))->plottable()->name());
     return names;
-}
-
-std::vector<double> Rising(int count) {
-    std::vector<double> numbers(static_cast<std::size_t>(count));
-    std::iota(numbers.begin(), numbers.end(), 0.0);
-    return numbers;
-}
-
-template <typename Item>
-std::vector<Item*> All(QCustomPlot& plot) {
-    std::vector<Item*> found;
-    for (int i = 0; i < plot.plottableCount(); ++i)
-        if (auto* one = qobject_cast<Item*>(plot.plottable(i))) found.push_back(one);
-    return found;
-}
-
-std::vector<QCPItemText*> LabelsOf(QCustomPlot& plot) {
-    std::vector<QCPItemText*> labels;
-    for (int i = 0; i < plot.itemCount(); ++i) labels.push_back(qobject_cast<QCPItemText*>(plot.item(i)));
-    return labels;
-}
-
-// Looks that all studies have in common.
-void ExpectLooks(const QCPAxis& axis, const QString& title) {
-    EXPECT_EQ(axis.label(), title);
-    EXPECT_EQ(FontOf(axis.labelFont()), "Arial 11");
-    EXPECT_EQ(FontOf(axis.tickLabelFont()), "Arial 9");
-    EXPECT_EQ(axis.numberFormat(), "gb");
-    EXPECT_EQ(axis.numberPrecision(), 6);
-    EXPECT_EQ(PenOf(axis.grid()->pen()), "#cdcdcd 1 dot");
-    EXPECT_EQ(axis.grid()->zeroLinePen().style(), Qt::NoPen);
-    EXPECT_EQ(PenOf(axis.basePen()), "#000000 1 solid");
-}
-
-void ExpectFullBox(const QCPAxisRect& box) {
-    for (const auto side : {QCPAxis::atTop, QCPAxis::atRight}) EXPECT_TRUE(box.axis(side)->visible());
-    EXPECT_FALSE(box.axis(QCPAxis::atTop)->tickLabels());
-}
-
-void ExpectHeader(const QCustomPlot& plot, const QString& title) {
-    const auto* header = qobject_cast<QCPTextElement*>(plot.plotLayout()->element(0, 0));
-    ASSERT_NE(header, nullptr);
-    EXPECT_EQ(header->text(), title);
-    EXPECT_EQ(FontOf(header->font()), "Arial 13 bold");
-    EXPECT_EQ(header->margins(), QMargins(0, 8, 0, 0));
-    EXPECT_EQ(plot.locale(), QLocale::c());
 }
 
 void ExpectLegendLooks(const QCustomPlot& plot) {
@@ -94,15 +30,6 @@ void ExpectLegendLooks(const QCustomPlot& plot) {
     EXPECT_EQ(plot.legend->layout()->elementCount(), 1);
     EXPECT_EQ(plot.plotLayout()->rowStretchFactors().last(), 0.001);
     EXPECT_EQ(plot.plotLayout()->element(1, 0), plot.axisRect());
-}
-
-void ExpectLabel(const QCPItemText& label, const QString& text, double x, double y) {
-    EXPECT_EQ(label.text(), text);
-    EXPECT_NEAR(label.position->key(), x, 1e-9) << qPrintable(text);
-    EXPECT_NEAR(label.position->value(), y, 1e-9) << qPrintable(text);
-    EXPECT_EQ(label.position->typeX(), QCPItemPosition::ptPlotCoords);
-    EXPECT_EQ(label.brush().color(), QColor(255, 255, 255, 225));
-    EXPECT_EQ(label.padding(), QMargins(2, 0, 2, 0));
 }
 
 class CurvesPlot : public CoreTest {
@@ -245,22 +172,10 @@ TEST_F(CurvesPlot, ATargetIsABoldLevelWithItsValueBelowTheCurves) {
     }
 }
 
-// A line of writing just as wide as asked for, to a pixel.
-QString TitleOfWidth(double most) {
-    const QFontMetricsF metrics(ChartFont(13, true));
-    for (int wide = 60; wide > 0; --wide)
-        for (int narrow = 0; narrow < 120; ++narrow) {
-            const QString text = QString(wide, 'W') + QString(narrow, 'i');
-            const double width = metrics.horizontalAdvance(text);
-            if (width <= most && width > most - 1) return text;
-        }
-    return {};
-}
-
 // 20 pixels on either side of the picture's 720.
 TEST_F(CurvesPlot, ATitleThatIsTooWideIsSetSmaller) {
     const auto size_of = [this](double width) {
-        Picture.titles.title = FromQt(TitleOfWidth(width));
+        Picture.titles.title = TextOfWidth(ChartFont(13, true), width);
         ComposeStudyPlot(Again(), Picture);
         return qobject_cast<QCPTextElement*>(Plot->plotLayout()->element(0, 0))->font().pointSizeF();
     };
@@ -424,148 +339,6 @@ TEST_F(MapPlot, TheTargetItselfIsNotBelowIt) {
     Picture.grid.values.assign(110, 4.5);
     ComposeStudyPlot(Plot, Picture);
     EXPECT_EQ(All<QCPColorMap>(Plot)[0]->data()->cell(120, 120), 1.0);
-}
-
-class SpreadPlot : public CoreTest {
-  protected:
-    SpreadPlot() {
-        Picture.title = "Spread of the factors";
-        Picture.panels = {{.name = "Overall", .sorted = Rising(601), .targets = {}}};
-    }
-
-    const QCPAxisRect& Box(int number) { return *Plot.axisRect(number); }
-
-    QCPRange ViewOf(std::vector<double> sorted, std::vector<StudyTarget> targets) {
-        Plot.clearPlottables();
-        Plot.clearItems();
-        Plot.plotLayout()->clear();
-        Picture.panels = {{.name = "Overall", .sorted = std::move(sorted), .targets = std::move(targets)}};
-        ComposeStudyPlot(Plot, Picture);
-        return Box(0).axis(QCPAxis::atBottom)->range();
-    }
-
-    QCustomPlot Plot;
-    SpreadPicture Picture;
-};
-
-TEST_F(SpreadPlot, HasABoxForEachFactor) {
-    Picture.panels.push_back({.name = "Webs ONLY", .sorted = {}, .targets = {{"Target", 1.3}}});
-    ComposeStudyPlot(Plot, Picture);
-    ExpectHeader(Plot, "Spread of the factors");
-    ASSERT_EQ(Plot.axisRectCount(), 2);
-    EXPECT_EQ(Plot.plotLayout()->element(1, 0), &Box(0));
-    EXPECT_EQ(Plot.plotLayout()->element(2, 0), &Box(1));
-    for (int i = 0; i < 2; ++i) {
-        ExpectLooks(*Box(i).axis(QCPAxis::atBottom), i == 0 ? "Overall" : "Webs ONLY");
-        ExpectLooks(*Box(i).axis(QCPAxis::atLeft), "Share of samples");
-        ExpectFullBox(Box(i));
-    }
-    EXPECT_EQ(Plot.plottableCount(), 2);  // nothing for a factor without samples
-    EXPECT_THAT(LabelsOf(Plot), IsEmpty());
-}
-
-// 601 samples 0 to 600: the view reaches from -24 to 636, so a bar is 11 wide.
-TEST_F(SpreadPlot, BarsShowTheSharesOfTheSamples) {
-    ComposeStudyPlot(Plot, Picture);
-    for (const auto side : {QCPAxis::atBottom, QCPAxis::atTop}) {
-        EXPECT_NEAR(Box(0).axis(side)->range().lower, -24, 1e-9);
-        EXPECT_NEAR(Box(0).axis(side)->range().upper, 636, 1e-9);
-    }
-    const auto bars = All<QCPBars>(Plot);
-    ASSERT_EQ(bars.size(), 1u);
-    EXPECT_NEAR(bars[0]->width(), 11, 1e-9);
-    EXPECT_EQ(PenOf(bars[0]->pen()), "#787878 0.7 solid");
-    EXPECT_EQ(bars[0]->brush().color(), kGridColour);
-    EXPECT_EQ(bars[0]->keyAxis(), Box(0).axis(QCPAxis::atBottom));
-    ASSERT_EQ(bars[0]->data()->size(), 60);
-    for (int bar = 0; bar < 60; ++bar) {
-        const auto& one = *bars[0]->data()->at(bar);
-        EXPECT_NEAR(one.key, -18.5 + 11 * bar, 1e-9);
-        const int samples = bar < 2 || bar > 56 ? 0 : bar == 2 || bar == 56 ? 9 : 11;
-        EXPECT_NEAR(one.value, samples / 601.0, 1e-12) << bar;
-    }
-    EXPECT_EQ(Box(0).axis(QCPAxis::atLeft)->range().lower, 0);
-    EXPECT_NEAR(Box(0).axis(QCPAxis::atLeft)->range().upper, 1.12 * 11 / 601, 1e-12);
-}
-
-TEST_F(SpreadPlot, ACurveShowsTheShareBelowEachValue) {
-    ComposeStudyPlot(Plot, Picture);
-    const QCPAxis& right = *Box(0).axis(QCPAxis::atRight);
-    EXPECT_TRUE(right.tickLabels());
-    EXPECT_EQ(FontOf(right.tickLabelFont()), "Arial 9");
-    EXPECT_EQ(FontOf(right.labelFont()), "Arial 9");
-    EXPECT_EQ(right.label(), "Share below");
-    EXPECT_EQ(right.range(), QCPRange(0, 1));
-    const auto curves = All<QCPGraph>(Plot);
-    ASSERT_EQ(curves.size(), 1u);
-    EXPECT_EQ(curves[0]->valueAxis(), &right);
-    EXPECT_EQ(curves[0]->keyAxis(), Box(0).axis(QCPAxis::atBottom));
-    EXPECT_EQ(PenOf(curves[0]->pen()), "#000000 1.3 solid");
-    const auto& points = *curves[0]->data();
-    ASSERT_EQ(points.size(), 400);
-    EXPECT_EQ(points.at(0)->key, 0);
-    EXPECT_NEAR(points.at(0)->value, 1 / 601.0, 1e-12);
-    EXPECT_EQ(points.at(100)->key, 150);  // 100 of 399 steps of 600 samples
-    EXPECT_NEAR(points.at(100)->value, 151 / 601.0, 1e-12);
-    EXPECT_EQ(points.at(399)->key, 600);
-    EXPECT_EQ(points.at(399)->value, 1);
-}
-
-TEST_F(SpreadPlot, FewSamplesAreAllOnTheCurve) {
-    ViewOf({1, 2, 4}, {});
-    const auto& points = *All<QCPGraph>(Plot)[0]->data();
-    ASSERT_EQ(points.size(), 3);
-    EXPECT_EQ(points.at(1)->key, 2);
-    EXPECT_NEAR(points.at(1)->value, 2 / 3.0, 1e-12);
-    ViewOf({5}, {});
-    ASSERT_EQ(All<QCPGraph>(Plot)[0]->data()->size(), 1);
-    EXPECT_EQ(All<QCPGraph>(Plot)[0]->data()->at(0)->key, 5);
-    EXPECT_EQ(All<QCPGraph>(Plot)[0]->data()->at(0)->value, 1);
-    ViewOf({3, 7}, {});
-    EXPECT_EQ(All<QCPGraph>(Plot)[0]->data()->at(1)->key, 7);
-}
-
-// Two of 2000 samples on either side are left out of the view: 2 to 1997 remain, 1995 wide.
-TEST_F(SpreadPlot, TheViewLeavesOutTheRarestSamples) {
-    const QCPRange view = ViewOf(Rising(2000), {});
-    EXPECT_NEAR(view.lower, 2 - 0.04 * 1995, 1e-9);
-    EXPECT_NEAR(view.upper, 1997 + 0.06 * 1995, 1e-9);
-}
-
-// Targets count where they lie within the samples' own extent of them.
-TEST_F(SpreadPlot, TheViewHoldsTheTargetsNearTheSamples) {
-    EXPECT_NEAR(ViewOf(Rising(101), {{"Target", 199}}).upper, 199 + 0.06 * 199, 1e-9);
-    EXPECT_NEAR(ViewOf(Rising(101), {{"Target", 200}}).upper, 106, 1e-9);
-    EXPECT_NEAR(ViewOf(Rising(101), {{"Target", -99}}).lower, -99 - 0.04 * 199, 1e-9);
-    EXPECT_NEAR(ViewOf(Rising(101), {{"Target", -100}}).lower, -4, 1e-9);
-    EXPECT_NEAR(ViewOf(Rising(101), {{"Target", 50}}).upper, 106, 1e-9);
-}
-
-TEST_F(SpreadPlot, TargetsAreDashedLinesWithTheirValuesOneBelowTheOther) {
-    Picture.panels[0].targets = {{"Stable", 400}, {"Target", 300.5}};
-    Picture.panels.push_back({.name = "Webs ONLY", .sorted = Rising(11), .targets = {{"Webs", 7}}});
-    ComposeStudyPlot(Plot, Picture);
-    const double top = 1.12 * 11 / 601;
-    const auto lines = All<QCPCurve>(Plot);
-    ASSERT_EQ(lines.size(), 3u);
-    EXPECT_EQ(PenOf(lines[0]->pen()), "#000000 2 dash");
-    ASSERT_EQ(lines[1]->data()->size(), 2);
-    for (const auto& point : *lines[1]->data()) EXPECT_EQ(point.key, 300.5);
-    EXPECT_EQ(lines[1]->data()->at(0)->value, 0);
-    EXPECT_NEAR(lines[1]->data()->at(1)->value, top, 1e-12);
-    const auto labels = LabelsOf(Plot);
-    ASSERT_EQ(labels.size(), 3u);
-    ExpectLabel(*labels[0], "Stable 400", 400, top);
-    ExpectLabel(*labels[1], "Target 300.5", 300.5, 0.84 * top);
-    EXPECT_EQ(FontOf(labels[0]->font()), "Arial 9 bold");
-    EXPECT_EQ(labels[0]->positionAlignment(), Qt::AlignLeft | Qt::AlignTop);
-    // Each in its own box.
-    EXPECT_EQ(lines[2]->keyAxis(), Box(1).axis(QCPAxis::atBottom));
-    EXPECT_EQ(lines[2]->valueAxis(), Box(1).axis(QCPAxis::atLeft));
-    EXPECT_EQ(labels[2]->position->keyAxis(), Box(1).axis(QCPAxis::atBottom));
-    EXPECT_EQ(labels[2]->position->valueAxis(), Box(1).axis(QCPAxis::atLeft));
-    EXPECT_EQ(labels[2]->clipAxisRect(), &Box(1));
-    EXPECT_EQ(Plot.legend, nullptr);
 }
 
 }  // namespace
