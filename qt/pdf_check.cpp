@@ -16,9 +16,9 @@ constexpr std::size_t kLargestPdf = std::size_t{1024} * 1024 * 1024;
 constexpr std::size_t kEntrySize = 20;
 constexpr std::size_t kKindColumn = 17;
 
-// The number that stands at a place; digits end it.
+// The number that stands at a place of the file; what is no digit ends it.
 std::size_t NumberAt(const std::string& bytes, std::size_t at) {
-    return at < bytes.size() ? std::strtoul(bytes.c_str() + at, nullptr, 10) : 0;
+    return std::strtoul(bytes.c_str() + at, nullptr, 10);
 }
 
 bool StandsAt(const std::string& bytes, std::size_t at, std::string_view text) {
@@ -40,10 +40,12 @@ bool PdfIsWhole(const std::string& path) {
     std::size_t entry = bytes.find('\n', table + kTable.size()) + 1;
     for (std::size_t i = 0; i < objects; ++i, entry += kEntrySize) {
         if (entry + kEntrySize > bytes.size()) return false;
-        if (bytes[entry + kKindColumn] != 'n') continue;
-        if (!StandsAt(bytes, NumberAt(bytes, entry), std::to_string(i) + " 0 obj")) return false;
+        const char kind = bytes[entry + kKindColumn];
+        if (kind == 'f') continue;
+        if (kind != 'n' || !StandsAt(bytes, NumberAt(bytes, entry), std::to_string(i) + " 0 obj"))
+            return false;
     }
-    return objects > 0;
+    return objects > 0 && StandsAt(bytes, entry, "trailer");
 }
 
 }  // namespace tarvokol

@@ -31,7 +31,6 @@ constexpr ViewSheet kWindowSheet{{700, 700}, 200};
 constexpr ViewSheet kPreviewSheet{{601, 121}, 400};  // the frame's 9015 by 1815 twips
 constexpr int kPercentStep = 20;
 constexpr int kImageScale = 2;
-constexpr int kPdfResolution = 1200;
 
 void DrawPlan(PainterSurface& surface, PlanView view) {
     if (view == PlanView::Window)
@@ -94,7 +93,6 @@ bool DrawSvg(QIODevice& out, PlanView view, const QSize& sheet) {
 
 bool DrawPdf(QIODevice& out, PlanView view, const QSize& sheet) {
     QPdfWriter writer(&out);
-    writer.setResolution(kPdfResolution);
     writer.setPageMargins({});
     writer.setPageSize(
         QPageSize(QSizeF(sheet) / kPixelsPerPoint, QPageSize::Point, {}, QPageSize::ExactMatch));

@@ -127,8 +127,6 @@ void GraphFormBase::FitReadOut() {
     int column = 0;
     for (const auto& [name, value] : read_outs) {
         auto* caption = findChild<QLabel*>(name);
-        grid->removeWidget(caption);
-        grid->removeWidget(value);
         grid->addWidget(caption, 0, narrow ? column : 2 * column);
         grid->addWidget(value, narrow ? 1 : 0, narrow ? column : 2 * column + 1);
         ++column;

@@ -352,6 +352,15 @@ TEST_F(GraphForm, ACancelledPrinterDialogPrintsAndLogsNothing) {
     EXPECT_TRUE(Messages().empty());
 }
 
+TEST_F(GraphForm, WithoutAPrinterNothingIsPrinted) {
+    frmGraph& form = ShowStability(1);
+    Host.Dialogs.PrinterAnswers = {true};
+    Platform.Printer = nullptr;
+    Choose(form, "GraphFileItem_0");
+    EXPECT_THAT(Host.MainWindow.History, EndsWith("1. Printing Graph\r\n"));
+    EXPECT_TRUE(Messages().empty());
+}
+
 TEST_F(GraphForm, AFailedPrintIsPassedOver) {
     frmGraph& form = ShowStability(1);
     Printer.PrintToFile(PathTo("gone/graph.pdf"));

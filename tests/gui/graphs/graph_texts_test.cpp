@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // All that the graph windows and their options show, read out and tell, and where the tab key leads.
+#include <QGridLayout>
+
 #include "tests/support/form_facts.h"
 #include "tests/support/graph_fixture.h"
 #include "tests/support/window_menus.h"
@@ -106,6 +108,69 @@ TEST_F(GraphTexts, OfTheOptionsOfTheStabilityGraph) {
 
 TEST_F(GraphTexts, OfTheOptionsOfTheSizingGraph) {
     ExpectOptions<frmGraphOptS>("frmGraphOptS");
+}
+
+// Row and column of the read-out's labels, captions and values in turn.
+std::vector<std::pair<int, int>> PlacesOf(const QGridLayout& grid, QWidget& form) {
+    std::vector<std::pair<int, int>> places;
+    for (const char* name : {"Label1", "lblX", "Label3", "lblSF", "Label5", "lblCurve"}) {
+        int row = -1, column = -1, rows = 0, columns = 0;
+        grid.getItemPosition(grid.indexOf(form.findChild<QLabel*>(name)), &row, &column, &rows, &columns);
+        places.emplace_back(row, column);
+    }
+    return places;
+}
+
+std::vector<int> StretchesOf(const QGridLayout& grid) {
+    std::vector<int> stretches;
+    for (int column = 0; column < 6; ++column) stretches.push_back(grid.columnStretch(column));
+    return stretches;
+}
+
+TEST_F(GraphTexts, TheReadOutStandsInOneRowOrInTwo) {
+    frmGraph& form = ShowStability(0);
+    auto& frame = Find<QGroupBox>(form, "Frame1");
+    const auto& grid = *qobject_cast<QGridLayout*>(frame.layout());
+    const auto size = [&](int width) {
+        form.resize(width, 400);
+        RunEvents();
+    };
+    size(600);
+    using Place = std::pair<int, int>;
+    EXPECT_THAT(PlacesOf(grid, form),
+                ElementsAre(Place(0, 0), Place(0, 1), Place(0, 2), Place(0, 3), Place(0, 4), Place(0, 5)));
+    EXPECT_THAT(StretchesOf(grid), ElementsAre(0, 1, 0, 1, 0, 2));
+    EXPECT_EQ(frame.width(), 449);
+    EXPECT_EQ(frame.title(), "Point ID");
+    size(267);
+    EXPECT_THAT(PlacesOf(grid, form),
+                ElementsAre(Place(0, 0), Place(1, 0), Place(0, 1), Place(1, 1), Place(0, 2), Place(1, 2)));
+    EXPECT_THAT(StretchesOf(grid), ElementsAre(0, 0, 0, 0, 0, 0));
+    EXPECT_EQ(frame.width(), 267 - 16);
+    EXPECT_EQ(frame.title(), "");
+    EXPECT_EQ(grid.verticalSpacing(), 0);
+    size(600);
+    EXPECT_EQ(frame.title(), "Point ID");
+    EXPECT_NE(grid.verticalSpacing(), 0);
+    // As wide as the frame wants to be it stays in one row.
+    const int wanted = frame.sizeHint().width();
+    size(wanted + 16);
+    EXPECT_EQ(frame.title(), "Point ID");
+    size(wanted + 15);
+    EXPECT_EQ(frame.title(), "");
+}
+
+// Below 800 twips (53 pixels) of room a chart keeps a height of its own, and so for the width.
+TEST_F(GraphTexts, TheChartLeavesRoomBesideAndBelow) {
+    frmGraph& form = ShowStability(0);
+    form.resize(700, 500);
+    // 10500 - 120 - 300 twips by 7500 - 840 - 700.
+    EXPECT_EQ(form.Graph1().size(), QSize(672, 397));
+    EXPECT_EQ(form.Graph1().pos(), QPoint(8, 56));
+    form.Graph1().move(660, 460);
+    form.resize(701, 501);
+    // 10515 - 9900 and 7515 - 6900 twips are both below 800.
+    EXPECT_EQ(form.Graph1().size(), QSize(33, 6));
 }
 
 }  // namespace

@@ -288,6 +288,8 @@ TEST_F(HelpWindowTest, NoticesTellWhatToDo) {
               "Help is not available\nThe help file \"" + Cache.filePath("NOHELP.qch") +
                   "\" is missing or cannot be read. Installing the program again brings it "
                   "back.");
+    EXPECT_FALSE(Tool("back").isEnabled());
+    EXPECT_FALSE(Tool("forward").isEnabled());
     EXPECT_TRUE(Window().isVisible());
 }
 
