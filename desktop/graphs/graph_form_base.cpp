@@ -215,8 +215,8 @@ void GraphFormBase::Graph1_MouseMove(double X, double Y) {
         return;
     }
     const ChartControl::Nearest nearest = graph_->NearestPoint(x, y);
-    const bool found = nearest.series != -1 || nearest.point != -1;
-    if (found && nearest.distance < kReach && graph_->Y(nearest.series, nearest.point) != HoleValue)
+    if (nearest.series != -1 && nearest.distance < kReach &&
+        graph_->Y(nearest.series, nearest.point) != HoleValue)
         ShowReadOut(nearest.series, nearest.point);
     else
         unsetCursor();

@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// All that the plan's window shows, reads out and tells.
+// All that the plan's window shows, reads out and tells, and how it follows a drag of its edge.
+#include <QAbstractEventDispatcher>
+
+#include <xcb/xproto.h>
+
 #include "core/report/results_state.h"
 #include "desktop/plan/frmPicture.h"
 #include "tests/support/form_facts.h"
@@ -36,6 +40,72 @@ TEST_F(PlanWindowTexts, OfThePlan) {
         EXPECT_FALSE(Find<QAction>(form, name).isChecked());
         EXPECT_FALSE(Find<QAction>(form, name).isEnabled());
     }
+}
+
+class PlanWindowSize : public MainWindowTest {
+  protected:
+    PlanWindowSize() { ShowAndActivate(Form); }
+
+    // What the X server sends when the window manager takes the keyboard for a drag, and when it gives it back.
+    void Send(int kind, int mode) {
+        xcb_focus_in_event_t event{};
+        event.response_type = static_cast<uint8_t>(kind);
+        event.event = static_cast<xcb_window_t>(Form.winId());
+        event.mode = static_cast<uint8_t>(mode);
+        qintptr result = 0;
+        QCoreApplication::eventDispatcher()->filterNativeEvent("xcb_generic_event_t", &event, &result);
+    }
+    void Resize(int width, int height) {
+        Form.resize(width, height);
+        QTest::qWait(20);
+    }
+
+    frmPicture& Form = frmPicture::Instance();
+};
+
+// 34 pixels are the menu bar.
+TEST_F(PlanWindowSize, IsSquaredWhenADragEnds) {
+    Resize(400, 434);
+    Send(XCB_FOCUS_OUT, XCB_NOTIFY_MODE_GRAB);
+    Resize(500, 450);
+    EXPECT_EQ(Form.size(), QSize(500, 450));
+    Resize(520, 460);
+    EXPECT_EQ(Form.size(), QSize(520, 460));
+    Send(XCB_FOCUS_IN, XCB_NOTIFY_MODE_UNGRAB);
+    EXPECT_TRUE(WaitUntil([this] { return Form.size() == QSize(520, 554); }));
+}
+
+TEST_F(PlanWindowSize, StaysAfterADragThatChangedNothing) {
+    Resize(400, 434);
+    Send(XCB_FOCUS_OUT, XCB_NOTIFY_MODE_GRAB);
+    Send(XCB_FOCUS_IN, XCB_NOTIFY_MODE_UNGRAB);
+    QTest::qWait(10);
+    EXPECT_EQ(Form.size(), QSize(400, 434));
+    // And the next size is squared at once.
+    Resize(450, 434);
+    EXPECT_EQ(Form.size(), QSize(450, 484));
+}
+
+// Counts the paints of the sheet.
+class SheetPaints : public QObject {
+  public:
+    explicit SheetPaints(QWidget& sheet) { sheet.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
+
+TEST_F(PlanWindowSize, ASettledWindowIsDrawnNoMore) {
+    Resize(400, 434);
+    SheetPaints paints(Find(Form, "client"));
+    QTest::qWait(40);
+    EXPECT_EQ(paints.count, 0);
+    Send(XCB_FOCUS_OUT, XCB_NOTIFY_MODE_GRAB);
+    Send(XCB_FOCUS_IN, XCB_NOTIFY_MODE_UNGRAB);
+    QTest::qWait(20);
+    EXPECT_EQ(paints.count, 0);
 }
 
 }  // namespace
