@@ -4,7 +4,6 @@
 #include <QFont>
 #include <QFontDatabase>
 #include <QFontInfo>
-#include <QStringList>
 
 #include "qt/qt_text.h"
 
@@ -38,6 +37,11 @@ bool IsMappedToEquivalent(const NamedFamily& family) {
 }
 
 }  // namespace
+
+QStringList EquivalentsOf(const QString& family) {
+    const NamedFamily* named = FindNamed(family);
+    return named != nullptr ? named->equivalents : QStringList();
+}
 
 bool FontIsPresent(const QString& family) {
     if (QFontDatabase::hasFamily(family)) return true;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include "core/platform/screen_fonts.h"
 
@@ -10,6 +11,9 @@ namespace tarvokol {
 // True if the system has the family, or maps it to one of the same metrics ("Courier New" to Liberation
 // Mono).
 bool FontIsPresent(const QString& family);
+
+// The families whose characters are as wide as those of one that the program asks for by name; none for another one.
+QStringList EquivalentsOf(const QString& family);
 
 // The font families of the screen. The families that the program asks for by name follow at the end where
 // they are present and the system does not list them itself.

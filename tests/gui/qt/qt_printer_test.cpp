@@ -328,6 +328,15 @@ TEST(ScreenFontList, HoldsTheNamedFamiliesThatTheSystemMaps) {
     EXPECT_EQ(QtScreenFonts().NameLike("No Such Family"), "");
 }
 
+TEST(ScreenFontList, KnowsTheFamiliesThatAreAsWide) {
+    EXPECT_EQ(EquivalentsOf("Arial"),
+              QStringList({"Liberation Sans", "Arimo", "Nimbus Sans", "Nimbus Sans L", "TeX Gyre Heros"}));
+    EXPECT_EQ(EquivalentsOf("courier new"), QStringList({"Liberation Mono", "Cousine"}));
+    EXPECT_EQ(EquivalentsOf("Courier"), QStringList({"Nimbus Mono PS", "Nimbus Mono L", "TeX Gyre Cursor",
+                                                     "Liberation Mono", "Cousine"}));
+    EXPECT_EQ(EquivalentsOf("Times"), QStringList());
+}
+
 TEST(ScreenFontList, HoldsEveryFamilyOfTheSystemOnce) {
     const std::vector<std::string> names = QtScreenFonts().Names();
     EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), names.size());
