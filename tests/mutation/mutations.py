@@ -198,7 +198,7 @@ def _swapped_lines(text, code):
 
 
 # What takes its arguments in any order.
-_EITHER_ORDER = re.compile(r"\b(?:std::min|std::max|std::hypot)$")
+_EITHER_ORDER = re.compile(r"\b(?:std::min|std::max|std::swap|std::hypot)$")
 
 
 def _swapped_arguments(code):

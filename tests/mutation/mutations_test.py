@@ -86,6 +86,7 @@ class Changes(unittest.TestCase):
     def test_the_order_of_two_arguments(self):
         self.assertEqual(changed("    return F(a, b.c);\n", "order"), ["    return F(b.c, a);\n"])
         self.assertEqual(changed("    return F(a, a);\n", "order"), [])
+        self.assertEqual(changed("    return std::max(a, b);\n", "order"), [])
 
     def test_texts(self):
         self.assertEqual(changed('a = "Web (ft)";', "text"), ['a = "Web (fq)";'])

@@ -104,5 +104,10 @@ TEST_F(Conversion, WritesNoFile) {
     EXPECT_TRUE(std::filesystem::is_empty(Folder));
 }
 
+TEST(ConversionChoices, BeginWithEnglishUnitsAndTheConvertedProject) {
+    EXPECT_EQ(ConversionChoice().ConvertTargetUnits, 0);
+    EXPECT_EQ(ConversionChoice().ConvertKeepChoice, 0);
+}
+
 }  // namespace
 }  // namespace tarvokol
