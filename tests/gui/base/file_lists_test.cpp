@@ -33,6 +33,12 @@ TEST(Drives, TheSystemsOwnVolumesAreNone) {
         EXPECT_FALSE(MayHoldUserFiles(root)) << root;
 }
 
+TEST_F(DriveListTest, AVolumeOfTheSystemOrNoneAtAllIsNoDrive) {
+    DriveList drives({QStorageInfo("/proc"), QStorageInfo(), QStorageInfo("/")});
+    ASSERT_EQ(drives.count(), 1);
+    EXPECT_EQ(drives.Drive(), "/");
+}
+
 class PathListTest : public GuiTest {
   protected:
     PathListTest() {
