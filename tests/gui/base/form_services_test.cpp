@@ -146,6 +146,17 @@ TEST_F(FormServices, ABoxThatWasLeftForAnotherIsSelectedWholeWhenTheWindowComesB
     EXPECT_EQ(box.selectedText(), "123456");
 }
 
+TEST_F(FormServices, ABoxThatAWindowOpensOnIsSelectedWhole) {
+    frmServices& form = Open();
+    SelectAllOnFocus(form);
+    QLineEdit& box = Box("Text2");
+    box.setText("123456");
+    box.setSelection(1, 2);
+    QFocusEvent in(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+    QCoreApplication::sendEvent(&box, &in);
+    EXPECT_EQ(box.selectedText(), "123456");
+}
+
 TEST_F(FormServices, AClickIntoTheBoxThatHasTheFocusPutsTheCaretDown) {
     frmServices& form = Open();
     SelectAllOnFocus(form);

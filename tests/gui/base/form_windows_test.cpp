@@ -50,6 +50,14 @@ class frmCanvas : public SingleForm<frmCanvas> {
 class frmBehind : public SingleForm<frmBehind> {
   public:
     frmBehind() { setObjectName("frmBehind"); }
+
+  private:
+    void Form_Deactivate() override { Told.emplace_back("behind is left"); }
+};
+
+class frmThird : public SingleForm<frmThird> {
+  public:
+    frmThird() { setObjectName("frmThird"); }
 };
 
 class FormWindows : public GuiTest {
@@ -211,6 +219,60 @@ TEST_F(FormWindows, AModalFormHoldsAllOthersAndGivesItsOpenerTheFrontBack) {
     EXPECT_TRUE(WaitUntil([] { return frmBehind::Instance().isActiveWindow(); }));
 }
 
+TEST_F(FormWindows, TheOwnerOfAModalFormGetsTheFrontWhoeverHadItBefore) {
+    ShowAndActivate(frmBehind::Instance());
+    ShowAndActivate(frmThird::Instance());
+    WhenShown("frmCanvas", [](FormBase& form) {
+        EXPECT_EQ(form.windowHandle()->transientParent(), frmBehind::Instance().windowHandle());
+        form.Unload();
+    });
+    frmCanvas::Instance().ShowModal(&frmBehind::Instance());
+    EXPECT_TRUE(WaitUntil([] { return frmBehind::Instance().isActiveWindow(); }));
+}
+
+TEST_F(FormWindows, AFormThatIsShownAgainComesToTheFront) {
+    Open();
+    ShowAndActivate(frmBehind::Instance());
+    ASSERT_FALSE(frmCanvas::Instance().isActiveWindow());
+    frmCanvas::Instance().ShowModeless();
+    EXPECT_TRUE(WaitUntil([] { return frmCanvas::Instance().isActiveWindow(); }));
+}
+
+// Some desktops give a new window the keyboard late, or never.
+TEST_F(FormWindows, WhoWasInFrontIsLeftAtOnce) {
+    ShowAndActivate(frmBehind::Instance());
+    frmCanvas::Instance();
+    Told.clear();
+    frmCanvas::Instance().ShowModeless();
+    EXPECT_THAT(Told, Contains("behind is left"));
+    EXPECT_THAT(Told, Not(Contains("activate")));
+}
+
+TEST_F(FormWindows, AFormThatIsUnloadedIsNotLeftAnyMore) {
+    Open().Unload();
+    ShowAndActivate(frmBehind::Instance());
+    EXPECT_THAT(Told, Not(Contains("deactivate")));
+}
+
+TEST_F(FormWindows, TheEndOfAnotherFormIsNoNewActivation) {
+    frmThird::Instance();
+    Open();
+    Told.clear();
+    frmThird::Instance().Abandon();
+    RunEvents();
+    QEvent activation(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&frmCanvas::Instance(), &activation);
+    EXPECT_THAT(Told, IsEmpty());
+}
+
+TEST_F(FormWindows, AnActiveFormThatIsDisabledAndEnabledMissedNoActivation) {
+    frmCanvas& form = Open();
+    Told.clear();
+    form.setEnabled(false);
+    form.setEnabled(true);
+    EXPECT_THAT(Told, ElementsAre("deactivate"));
+}
+
 TEST_F(FormWindows, AFormThatIsUnloadedIsShownNoMore) {
     frmCanvas& form = frmCanvas::Instance();
     form.Unload();
@@ -253,7 +315,7 @@ TEST_F(FormWindows, ADisabledFormIsLeftAndItsEnablingBringsItToTheFront) {
     EnableAndFocus("frmCanvas");
     EXPECT_TRUE(form.isEnabled());
     EXPECT_TRUE(WaitUntil([&] { return form.isActiveWindow(); }));
-    EXPECT_THAT(Told, ElementsAre("deactivate", "activate"));
+    EXPECT_THAT(Told, ElementsAre("deactivate", "behind is left", "activate"));
 }
 
 // Two buttons, of which Enter and Escape press one each.
