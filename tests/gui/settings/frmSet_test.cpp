@@ -16,6 +16,7 @@
 #include "core/settings/program_settings.h"
 #include "desktop/main/frmMain.h"
 #include "desktop/main/main_window_binding.h"
+#include "desktop/settings/frmPath.h"
 #include "tests/support/gui_fixture.h"
 
 namespace tarvokol {
@@ -528,7 +529,10 @@ TEST_F(Settings, ACancelledPathDialogGivesTheTextBackAsItStood) {
     EXPECT_EQ(TextOf(form, "Text2"), " no such folder");
     EXPECT_THAT(Messages(), IsEmpty());
     Type(form, "Text2", "later");
+    ShowAndActivate(frmPath::Instance());
+    frmPath::Instance().Unload();
     form.activateWindow();
+    EXPECT_TRUE(WaitUntil([&] { return form.isActiveWindow(); }));
     RunEvents();
     EXPECT_EQ(TextOf(form, "Text2"), "later");
 }
