@@ -8,10 +8,20 @@ find_package(PkgConfig REQUIRED)
 pkg_check_modules(XLSX REQUIRED IMPORTED_TARGET xlsxwriter)
 find_package(ZLIB REQUIRED)
 
+# The workbook library is opened by the name that programs ask the system for.
+find_library(xlsx_file xlsxwriter HINTS ${XLSX_LIBRARY_DIRS} REQUIRED)
+execute_process(COMMAND ${CMAKE_OBJDUMP} -p ${xlsx_file} OUTPUT_VARIABLE xlsx_headers COMMAND_ERROR_IS_FATAL ANY)
+if(NOT xlsx_headers MATCHES "SONAME +([^ \n]+)")
+    message(FATAL_ERROR "${xlsx_file} has no name to be opened by")
+endif()
+set(TARVOKOL_XLSX_LIBRARY ${CMAKE_MATCH_1})
+
 add_library(tarvokol_bindings STATIC)
 target_precompile_headers(tarvokol_bindings PRIVATE <QtWidgets> <QtPrintSupport>)
 target_link_libraries(tarvokol_bindings PUBLIC tarvokol_core Qt6::Widgets Qt6::PrintSupport Qt6::Svg
-                      PRIVATE QCustomPlotQt6::QCustomPlotQt6 PkgConfig::XLSX ZLIB::ZLIB)
+                      PRIVATE QCustomPlotQt6::QCustomPlotQt6 ZLIB::ZLIB ${CMAKE_DL_LIBS})
+target_include_directories(tarvokol_bindings SYSTEM PRIVATE ${XLSX_INCLUDE_DIRS})
+target_compile_definitions(tarvokol_bindings PRIVATE TARVOKOL_XLSX_LIBRARY="${TARVOKOL_XLSX_LIBRARY}")
 
 add_library(tarvokol_gui STATIC)
 target_precompile_headers(tarvokol_gui PRIVATE <QtWidgets>)

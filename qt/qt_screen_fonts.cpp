@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/qt_screen_fonts.h"
 
-#include <QFont>
 #include <QFontDatabase>
-#include <QFontInfo>
+#include <algorithm>
+#include <memory>
+
+#include <fontconfig/fontconfig.h>
 
 #include "qt/qt_text.h"
 
@@ -31,9 +33,32 @@ const NamedFamily* FindNamed(const QString& family) {
     return nullptr;
 }
 
+// The system's font for a name, of which it may have several.
+QStringList FamiliesFor(const char* name) {
+    struct Destroy {
+        void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+    };
+    using Pattern = std::unique_ptr<FcPattern, Destroy>;
+    const Pattern wanted(FcPatternBuild(nullptr, FC_FAMILY, FcTypeString, name, nullptr));
+    FcConfigSubstitute(nullptr, wanted.get(), FcMatchPattern);
+    FcDefaultSubstitute(wanted.get());
+    FcResult result = FcResultMatch;
+    const Pattern found(FcFontMatch(nullptr, wanted.get(), &result));
+    QStringList families;
+    FcChar8* family = nullptr;
+    while (found && FcPatternGetString(found.get(), FC_FAMILY, static_cast<int>(families.size()), &family) ==
+                        FcResultMatch)
+        families.append(QString::fromUtf8(reinterpret_cast<const char*>(family)));
+    return families;
+}
+
+// The system is asked itself: the toolkit would load the font and all that stand in for its missing characters, which
+// is a good part of the program's start.
 bool IsMappedToEquivalent(const NamedFamily& family) {
-    const QString resolved = QFontInfo(QFont(family.name)).family();
-    return family.equivalents.contains(resolved, Qt::CaseInsensitive);
+    const QStringList families = FamiliesFor(family.name);
+    return std::any_of(families.begin(), families.end(), [&family](const QString& one) {
+        return family.equivalents.contains(one, Qt::CaseInsensitive);
+    });
 }
 
 }  // namespace

@@ -7,11 +7,11 @@
 #include <fcntl.h>
 #include <locale.h>
 #include <unistd.h>
-#include <xlsxwriter.h>
 
 #include "core/runtime/os_errors.h"
 #include "core/runtime/run_time_error.h"
 #include "qt/workbook_check.h"
+#include "qt/xlsx_library.h"
 
 namespace tarvokol {
 namespace {
@@ -47,7 +47,7 @@ lxw_error CloseWorkbook(lxw_workbook* book, int& system_error) {
     const PlainNumbers plain;
     const MutedStandardError muted;
     errno = 0;
-    const lxw_error result = ::workbook_close(book);
+    const lxw_error result = Xlsx().workbook_close(book);
     system_error = errno;
     return result;
 }
@@ -78,7 +78,7 @@ lxw_workbook* NewWorkbook(const std::string& path, bool row_by_row) {
     lxw_workbook_options options{};
     options.constant_memory = row_by_row ? LXW_TRUE : LXW_FALSE;
     options.tmpdir = folder.empty() ? nullptr : folder.data();
-    lxw_workbook* book = ::workbook_new_opt(path.c_str(), &options);
+    lxw_workbook* book = Xlsx().workbook_new_opt(path.c_str(), &options);
     if (book == nullptr) Raise(error_number::OutOfMemory);
     return book;
 }

@@ -7,7 +7,6 @@
 
 #include <fcntl.h>
 #include <unistd.h>
-#include <xlsxwriter.h>
 
 #include "core/messages/history_log.h"
 #include "core/platform/platform.h"
@@ -18,6 +17,7 @@
 #include "core/runtime/run_time_error.h"
 #include "core/settings/folders.h"
 #include "qt/workbook_file.h"
+#include "qt/xlsx_library.h"
 
 namespace tarvokol {
 namespace {
@@ -26,6 +26,14 @@ void Check(lxw_error result) {
     if (result == LXW_NO_ERROR) return;
     if (result == LXW_ERROR_MEMORY_MALLOC_FAILED) Raise(error_number::OutOfMemory);
     Raise(error_number::InvalidCall);
+}
+
+// Of a cell's address: "B7".
+lxw_row_t RowOf(const std::string& address) {
+    return Xlsx().lxw_name_to_row(address.c_str());
+}
+lxw_col_t ColumnOf(const std::string& address) {
+    return Xlsx().lxw_name_to_col(address.c_str());
 }
 
 std::string ScratchFolder() {
@@ -44,7 +52,7 @@ void XlsxFileWriter::Begin(const std::string& path) {
     cells_.clear();
     replacement_ = std::make_unique<FileReplacement>(path_);
     book_ = NewWorkbook(replacement_->BuildPath(), false);
-    sheet_ = ::workbook_add_worksheet(book_, nullptr);
+    sheet_ = Xlsx().workbook_add_worksheet(book_, nullptr);
     if (sheet_ == nullptr) Raise(error_number::OutOfMemory);
 }
 
@@ -54,13 +62,13 @@ void XlsxFileWriter::BeginWorkbook() {
 
 void XlsxFileWriter::SetCell(const std::string& address, double value) {
     if (sheet_ == nullptr) Raise(error_number::CannotCreateObject);
-    Check(::worksheet_write_number(sheet_, CELL(address.c_str()), value, nullptr));
+    Check(Xlsx().worksheet_write_number(sheet_, RowOf(address), ColumnOf(address), value, nullptr));
     cells_.insert(address);
 }
 
 void XlsxFileWriter::SetCell(const std::string& address, const std::string& text) {
     if (sheet_ == nullptr) Raise(error_number::CannotCreateObject);
-    Check(::worksheet_write_string(sheet_, CELL(address.c_str()), text.c_str(), nullptr));
+    Check(Xlsx().worksheet_write_string(sheet_, RowOf(address), ColumnOf(address), text.c_str(), nullptr));
     cells_.insert(address);
 }
 

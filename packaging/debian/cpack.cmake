@@ -34,9 +34,10 @@ The package has the desktop program tarvokol and the command line
 tarvokol-cli, help, manual, reference notes and example projects.")
 
 # The libraries are found in the programs. What they load by name, or ask the system for, is told here: the plugin that
-# reads the compiled help, the fonts of the report, the folders of the icons.
+# reads the compiled help, the library of the workbooks, the fonts of the report, the folders of the icons.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6sql6-sqlite, fonts-liberation, hicolor-icon-theme")
+string(REPLACE ".so." "" workbook_package ${TARVOKOL_XLSX_LIBRARY})
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6sql6-sqlite, ${workbook_package}, fonts-liberation, hicolor-icon-theme")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, evince | pdf-viewer, qt6-wayland")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "libreoffice-calc | gnumeric")
 include(CPack)

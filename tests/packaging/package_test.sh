@@ -115,7 +115,7 @@ test_shells_complete() {
 test_dependencies_are_told() {
     local depends
     depends=$(dpkg-deb -f "$package" Depends)
-    holds Depends "$depends" libqt6sql6-sqlite fonts-liberation libqt6svg6 libqt6help6 "libc6 (>= "
+    holds Depends "$depends" libqt6sql6-sqlite libxlsxwriter4 fonts-liberation libqt6svg6 libqt6help6 "libc6 (>= "
     [[ $depends != *wayland* ]] || fail "Wayland is no must"
     holds Recommends "$(dpkg-deb -f "$package" Recommends)" qt6-wayland xdg-utils pdf-viewer
 }

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The workbook library. It is opened with the first workbook: with what it brings along it would be a twentieth of the
+// program's start.
+#pragma once
+
+#include <xlsxwriter.h>
+
+namespace tarvokol {
+
+// The library's functions under its own names.
+struct XlsxLibrary {
+    decltype(&::workbook_new_opt) workbook_new_opt;
+    decltype(&::workbook_add_worksheet) workbook_add_worksheet;
+    decltype(&::workbook_add_format) workbook_add_format;
+    decltype(&::workbook_close) workbook_close;
+    decltype(&::lxw_workbook_free) lxw_workbook_free;
+    decltype(&::format_set_bold) format_set_bold;
+    decltype(&::worksheet_freeze_panes) worksheet_freeze_panes;
+    decltype(&::worksheet_write_number) worksheet_write_number;
+    decltype(&::worksheet_write_string) worksheet_write_string;
+    decltype(&::lxw_name_to_row) lxw_name_to_row;
+    decltype(&::lxw_name_to_col) lxw_name_to_col;
+};
+
+// Raises the error of an object that cannot be created, with the library's name, where the system does not have it.
+const XlsxLibrary& Xlsx();
+
+}  // namespace tarvokol
