@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QMimeData>
+#include <QTimer>
+#include <utility>
 
 #include "core/messages/command_guard.h"
 #include "core/program/start_up.h"
@@ -26,6 +28,8 @@ namespace tarvokol {
 namespace {
 
 constexpr int kMostRecentEntries = 4;
+constexpr const char* kIcon = ":/artwork/tarvokol.svg";
+constexpr QSize kFirstIconSize(32, 32);
 
 QString RecentName(int index) {
     return "mnuFileArray_" + QString::number(index);
@@ -60,7 +64,7 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>()) {
     UseArtwork();
     EnterAllForms();
     // The forms and boxes that have no icon of their own show the program's.
-    QApplication::setWindowIcon(QIcon(":/artwork/tarvokol.svg"));
+    QApplication::setWindowIcon(QIcon(kIcon).pixmap(kFirstIconSize));
     ui_->setupUi(this);
     mnuUtilItem_ = ControlArray<QAction>(*this, "mnuUtilItem");
     ui_->Picture1->load(QString(":/artwork/highwall_panel.svg"));
@@ -75,6 +79,16 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>()) {
 }
 
 frmMain::~frmMain() = default;
+
+// The system takes the icon in several sizes, which are drawn longer than what the window shows: at first it gets one of
+// them, and the others when the window is on the screen. A timer without a delay comes before the toolkit sends what is
+// painted.
+void frmMain::paintEvent(QPaintEvent* event) {
+    SingleForm::paintEvent(event);
+    constexpr int kOnTheScreen = 50;  // milliseconds
+    if (std::exchange(has_whole_icon_, true)) return;
+    QTimer::singleShot(kOnTheScreen, this, [] { QApplication::setWindowIcon(QIcon(kIcon)); });
+}
 
 void frmMain::ConnectMenus() {
     ConnectItems("mnuFileItem", &frmMain::mnuFileItem_Click);

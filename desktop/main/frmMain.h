@@ -71,6 +71,7 @@ class frmMain : public SingleForm<frmMain> {
     void Form_Unload() override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     using Handler = void (frmMain::*)(int);
@@ -90,6 +91,7 @@ class frmMain : public SingleForm<frmMain> {
 
     std::unique_ptr<Ui::frmMain> ui_;
     ControlArray<QAction> mnuUtilItem_;
+    bool has_whole_icon_ = false;
 };
 
 // Puts the settings of the main window into effect: history window, window state, toolbar.

@@ -9,6 +9,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QSvgWidget>
+#include <QTest>
 #include <QToolBar>
 
 #include "core/messages/notify.h"
@@ -54,6 +55,20 @@ TEST_F(MainWindow, HasTheWholeFileMenu) {
     for (const char* separator : {"mnuFileItem_4", "mnuFileItem_8", "mnuFileItem_10", "mnuFileArray_0"})
         EXPECT_TRUE(Item(separator).isSeparator()) << separator;
     EXPECT_FALSE(Item("mnuFileArray_0").isVisible());
+}
+
+// The icon of the program, which is that of the forms and boxes without one of their own, too: in one size with the
+// window, and as a drawing for all sizes once that is painted.
+TEST_F(MainWindow, ShowsTheIconOfTheProgram) {
+    const auto looks = [](const QIcon& icon, int size) { return icon.pixmap(size, size).toImage(); };
+    QApplication::setWindowIcon(QIcon());
+    frmMain& form = Start();
+    const QIcon drawing(":/artwork/tarvokol.svg");
+    EXPECT_EQ(looks(form.windowIcon(), 32), looks(drawing, 32));
+    EXPECT_EQ(form.windowIcon().availableSizes(), QList{QSize(32, 32)});
+    form.show();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return form.windowIcon().availableSizes().isEmpty(); }));
+    EXPECT_EQ(looks(QApplication::windowIcon(), 128), looks(drawing, 128));
 }
 
 TEST_F(MainWindow, HasTheInputAndOutputMenus) {
