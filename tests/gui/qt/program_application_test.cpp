@@ -9,6 +9,7 @@
 #include "core/platform/platform.h"
 #include "core/project/project_state.h"
 #include "core/settings/folders.h"
+#include "qt/owner_window.h"
 #include "qt/program_style.h"
 #include "tests/support/gui_fixture.h"
 
@@ -95,6 +96,62 @@ TEST_F(ProgramApplicationTest, AnUnhandledErrorEndsTheProgramWithStatusOne) {
             application->exec();
         },
         testing::ExitedWithCode(1), "Run-time error '62':");
+}
+
+// A shortcut of an action or of a box inside the window; a window above it has shortcuts of its own.
+TEST_F(ProgramApplicationTest, ADisabledWindowTakesNoShortcuts) {
+    const QKeySequence key("Ctrl+K");
+    QMainWindow window;
+    auto* inner = new QWidget(&window);
+    QMainWindow above(&window);
+    QAction of_window(&window), of_inner(inner), of_above(&above), of_none;
+    int taken = 0;
+    for (QAction* action : {&of_window, &of_inner, &of_above, &of_none}) {
+        action->setShortcut(key);
+        QObject::connect(action, &QAction::triggered, [&taken] { ++taken; });
+    }
+    const auto taken_by = [&](QAction& action) {
+        taken = 0;
+        QShortcutEvent press(key, 1);
+        EXPECT_TRUE(QApplication::sendEvent(&action, &press));
+        return taken;
+    };
+    for (const bool enabled : {true, false}) {
+        window.setEnabled(enabled);
+        above.setEnabled(true);
+        EXPECT_EQ(taken_by(of_window), enabled ? 1 : 0);
+        EXPECT_EQ(taken_by(of_inner), enabled ? 1 : 0);
+        EXPECT_EQ(taken_by(of_above), 1);
+        EXPECT_EQ(taken_by(of_none), 1);
+    }
+    inner->setEnabled(false);
+    window.setEnabled(true);
+    EXPECT_EQ(taken_by(of_inner), 1);  // the window counts
+}
+
+TEST_F(ProgramApplicationTest, TheWindowThatWasActiveLastIsRemembered) {
+    QWidget window;
+    window.show();
+    QEvent activate(QEvent::WindowActivate);
+    QApplication::sendEvent(&window, &activate);
+    QApplication::setActiveWindow(nullptr);
+    EXPECT_EQ(OwnerWindow(), &window);
+    QWidget other;
+    other.show();
+    QEvent deactivate(QEvent::WindowDeactivate);
+    QApplication::sendEvent(&other, &deactivate);
+    QApplication::setActiveWindow(nullptr);
+    EXPECT_EQ(OwnerWindow(), &window);
+}
+
+// What the receiver says of the event comes back to the sender.
+TEST_F(ProgramApplicationTest, ReceiversAnswerTheirEvents) {
+    QObject plain;
+    QEvent enter(QEvent::Enter);
+    EXPECT_FALSE(QApplication::sendEvent(&plain, &enter));
+    QWidget widget;
+    QEvent polish(QEvent::Polish);
+    EXPECT_TRUE(QApplication::sendEvent(&widget, &polish));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QClipboard>
+#include <QDesktopServices>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
@@ -8,6 +9,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QTextBrowser>
 
 #include "qt/desktop_clock.h"
 #include "qt/desktop_document_types.h"
@@ -159,7 +161,9 @@ TEST_F(WindowBindings, TheFontDialogStartsFromTheChoiceAndGivesOneBack) {
 
 TEST_F(WindowBindings, ClipboardTakesText) {
     QtClipboard clipboard;
+    QGuiApplication::clipboard()->setText("before");
     clipboard.Clear();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "");
     clipboard.SetText("Seam A\r\n\xC2\xB0");
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QString::fromUtf8("Seam A\r\n\xC2\xB0"));
 }
@@ -178,7 +182,7 @@ class DesktopTest : public WindowBindings {
   protected:
     DesktopTest() : path_(qgetenv("PATH")) {
         Script("xdg-open", "printf '%s' \"$1\" > " + PathTo("opened"));
-        Script("xdg-mime", "[ \"$3\" = text/plain ] && echo viewer.desktop; true");
+        Script("xdg-mime", "[ \"$*\" = 'query default text/plain' ] && echo viewer.desktop; true");
         qputenv("PATH", QByteArray::fromStdString(Folder.string()) + ":" + path_);
         qputenv("XDG_DATA_HOME", QByteArray::fromStdString(PathTo("data home")));
         qputenv("XDG_DATA_DIRS", QByteArray::fromStdString(PathTo("system data")));
@@ -199,14 +203,58 @@ class DesktopTest : public WindowBindings {
 
 TEST_F(DesktopTest, ADocumentOpensWithTheDesktopsProgram) {
     WriteBytes(PathTo("notes.txt"), "text\n");
-    EXPECT_GE(DesktopShell().OpenDocument(PathTo("notes.txt"), Folder.string()), 33);
+    EXPECT_EQ(DesktopShell().OpenDocument(PathTo("notes.txt"), Folder.string()), 33);
     EXPECT_TRUE(WaitUntil([&] { return ReadBytes(PathTo("opened")) == PathTo("notes.txt"); }));
 }
 
 TEST_F(DesktopTest, ADocumentWithoutAProgramIsAFailure) {
     WriteBytes(PathTo("manual.pdf"), "%PDF-1.4\n");
-    EXPECT_LT(DesktopShell().OpenDocument(PathTo("manual.pdf"), ""), 33);
+    EXPECT_EQ(DesktopShell().OpenDocument(PathTo("manual.pdf"), ""), 31);
     EXPECT_FALSE(std::filesystem::exists(PathTo("opened")));
+}
+
+TEST_F(DesktopTest, TheProgramIsStartedInTheFolderGiven) {
+    Script("xdg-open", "pwd > " + PathTo("opened-in"));
+    WriteBytes(PathTo("notes.txt"), "text\n");
+    std::filesystem::create_directory(Folder / "work");
+    EXPECT_EQ(DesktopShell().OpenDocument(PathTo("notes.txt"), PathTo("work")), 33);
+    EXPECT_TRUE(WaitUntil([&] { return ReadBytes(PathTo("opened-in")) == PathTo("work") + "\n"; }));
+}
+
+// A desktop without the means to ask is trusted.
+TEST_F(DesktopTest, WithoutAnAnswerTheOpenerIsTried) {
+    qputenv("PATH", QByteArray::fromStdString(Folder.string()) + ":/bin:/usr/bin");
+    std::filesystem::remove(PathTo("xdg-mime"));
+    if (!QStandardPaths::findExecutable("xdg-mime").isEmpty()) GTEST_SKIP() << "this desktop can be asked";
+    WriteBytes(PathTo("manual.pdf"), "%PDF-1.4\n");
+    EXPECT_EQ(DesktopShell().OpenDocument(PathTo("manual.pdf"), ""), 33);
+    EXPECT_TRUE(WaitUntil([&] { return ReadBytes(PathTo("opened")) == PathTo("manual.pdf"); }));
+}
+
+// Keeps the addresses that the desktop is asked for.
+class Addresses : public QTextBrowser {
+  public:
+    Addresses() { QDesktopServices::setUrlHandler("https", this, "setSource"); }
+    ~Addresses() override { QDesktopServices::unsetUrlHandler("https"); }
+    QStringList opened;
+
+  protected:
+    void doSetSource(const QUrl& address, QTextDocument::ResourceType) override {
+        opened.append(address.toString());
+    }
+};
+
+TEST_F(DesktopTest, AnAddressGoesToTheDesktopAsItIs) {
+    Addresses addresses;
+    EXPECT_EQ(DesktopShell().OpenDocument("https://www.oltek.example/tarvokol/", ""), 33);
+    EXPECT_EQ(addresses.opened, QStringList("https://www.oltek.example/tarvokol/"));
+    EXPECT_FALSE(std::filesystem::exists(PathTo("opened")));
+}
+
+TEST_F(DesktopTest, WithoutAViewerTheDesktopsOneShowsTheText) {
+    WriteBytes(PathTo("report.txt"), "text\n");
+    DesktopShell().StartViewer("", PathTo("report.txt"));
+    EXPECT_TRUE(WaitUntil([&] { return ReadBytes(PathTo("opened")) == PathTo("report.txt"); }));
 }
 
 TEST_F(DesktopTest, AViewerThatIsNotThereIsReplacedByTheDesktopsTextViewer) {
