@@ -2,6 +2,8 @@
 // The window of the sizing curve, where it differs from its twin.
 #include "desktop/graphs/frmGraphS.h"
 
+#include <QWindow>
+
 #include "tests/support/graph_fixture.h"
 
 namespace tarvokol {
@@ -90,6 +92,24 @@ TEST_F(SizingGraphForm, OptionsOpenTheSizingDialogAndLoadTheStabilityForm) {
     });
     Choose(form, "GraphOptionsItem_1");
     EXPECT_TRUE(frmGraphS::IsLoaded());
+}
+
+// The dialog belongs to the other graph's window, where that shows.
+TEST_F(SizingGraphForm, TheDialogStandsAboveTheStabilityGraphWhereThatShows) {
+    frmGraphS& form = ShowSizing(0);
+    const QWindow* owner = nullptr;
+    const auto open = [&] {
+        WhenShown("frmGraphOptS", [&](FormBase& dialog) {
+            owner = dialog.windowHandle()->transientParent();
+            Click(dialog, "Command1");
+        });
+        Choose(form, "GraphOptionsItem_1");
+    };
+    open();
+    EXPECT_EQ(owner, form.windowHandle());
+    ShowAndActivate(frmGraph::Instance());
+    open();
+    EXPECT_EQ(owner, frmGraph::Instance().windowHandle());
 }
 
 TEST_F(SizingGraphForm, AFormSmallerThan4000TwipsSnapsBack) {

@@ -134,10 +134,15 @@ TEST_F(ChartLooks, LeavingTheChartRedrawsIt) {
     EXPECT_EQ(drawn.count(), 2);
     Wheel(Chart, QPoint(200, 150), 1);
     EXPECT_EQ(drawn.count(), 3);
+    QTest::mousePress(&Chart, Qt::LeftButton, Qt::NoModifier, QPoint(200, 150));
+    QMouseEvent drag(QEvent::MouseMove, QPointF(230, 150), Chart.mapToGlobal(QPointF(230, 150)), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&Chart, &drag);
+    EXPECT_EQ(drawn.count(), 4);
     Chart.resize(500, 400);
     EXPECT_EQ(Plot().geometry(), QRect(0, 0, 500, 400));
     EXPECT_EQ(Plot().viewport(), QRect(0, 0, 500, 400));
-    EXPECT_GE(drawn.count(), 4);
+    EXPECT_GE(drawn.count(), 5);
 }
 
 TEST_F(ChartLooks, OnlyTheLeftButtonDragsAndOnlyWhereTheMouseMoves) {

@@ -113,6 +113,17 @@ TEST_F(SpreadPlot, TheViewLeavesOutTheRarestSamples) {
     EXPECT_NEAR(view.upper, 1997 + 0.06 * 1995, 1e-9);
 }
 
+// Samples out of view are in no bar, but count among all.
+TEST_F(SpreadPlot, OutliersAreInNoBar) {
+    std::vector<double> samples = Rising(2000);
+    samples.front() = -1e9;
+    samples.back() = 1e9;
+    ViewOf(samples, {});
+    double sum = 0;
+    for (const auto& bar : *All<QCPBars>(Plot)[0]->data()) sum += bar.value;
+    EXPECT_NEAR(sum, 1998 / 2000.0, 1e-9);
+}
+
 // Targets count where they lie within the samples' own extent of them.
 TEST_F(SpreadPlot, TheViewHoldsTheTargetsNearTheSamples) {
     EXPECT_NEAR(ViewOf(Rising(101), {{"Target", 199}}).upper, 199 + 0.06 * 199, 1e-9);
