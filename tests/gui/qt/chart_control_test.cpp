@@ -310,6 +310,9 @@ TEST_F(ChartControlTest, ImagesHaveTheAskedSizeAndSharpness) {
     const QImage image = Chart.ToImage(QSize(720, 504), 2.5);
     EXPECT_EQ(image.size(), QSize(1800, 1260));
     EXPECT_NEAR(image.dotsPerMeterX() * 0.0254, 240, 0.1);
+    EXPECT_EQ(image.dotsPerMeterY(), image.dotsPerMeterX());
+    EXPECT_EQ(image.devicePixelRatio(), 1);
+    EXPECT_EQ(image.pixelColor(0, 0), QColor(Qt::white));
     EXPECT_GT(CountPixels(image, QColor(0, 0, 255)), 5000);
 }
 
@@ -321,7 +324,13 @@ TEST_F(ChartControlTest, PrintsAtItsBoxOnThePage) {
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setPageSize(QPageSize(QPageSize::A4));
     printer.setOutputFileName(QString::fromStdString(PathTo("chart.pdf")));
+    const int resolution = printer.resolution();
+    printer.setFullPage(false);
     Chart.Print(printer, 4, 2, 100, 100, 4000, 5000);
+    EXPECT_EQ(printer.resolution(), resolution);  // as it was
+    EXPECT_FALSE(printer.fullPage());
+    EXPECT_EQ(RaisedError([&] { Chart.Print(printer, 3, 2, 100, 100, 4000, 5000); }), 482);
+    EXPECT_EQ(RaisedError([&] { Chart.Print(printer, 4, 1, 100, 100, 4000, 5000); }), 482);
     const QString page = QString::fromStdString(PathTo("page"));
     ASSERT_EQ(
         QProcess::execute("pdftoppm", {"-r", "96", "-png", "-singlefile", printer.outputFileName(), page}),

@@ -2,6 +2,7 @@
 // The curve table as picture files.
 #include "qt/chart_export.h"
 
+#include <QProcess>
 #include <filesystem>
 
 #include "tests/support/curve_fixture.h"
@@ -55,6 +56,46 @@ TEST_F(ChartExport, WritesPdfOfOnePage) {
     EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
     EXPECT_NE(pdf.find("/Count 1"), std::string::npos);
     EXPECT_NE(pdf.find("/MediaBox [0 0 540.000000 378.000000]"), std::string::npos);
+}
+
+// 7.5 by 5.25 inches, titled, with a face that every viewer has.
+TEST_F(ChartExport, AnSvgTellsItsSizeAndTitle) {
+    ExportChart(GraphFamily::Stability, 1, PathTo("curves.svg"));
+    const std::string svg = ReadBytes(PathTo("curves.svg"));
+    EXPECT_NE(svg.find("width=\"190.5mm\" height=\"133.35mm\""), std::string::npos);
+    EXPECT_NE(svg.find("viewBox=\"0 0 720 504\""), std::string::npos);
+    EXPECT_NE(svg.find("<title>Tarvo Panel Stability Evaluation - KOL</title>"), std::string::npos);
+    EXPECT_NE(svg.find("font-family=\"Arial, sans-serif\""), std::string::npos);
+    EXPECT_EQ(svg.find("font-family=\"Arial\""), std::string::npos);
+}
+
+// The ink of a picture, device pixels.
+QRect DarkIn(const QString& path) {
+    const QImage image(path);
+    QRect dark;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qGray(image.pixel(x, y)) < 100) dark |= QRect(x, y, 1, 1);
+    return dark;
+}
+
+TEST_F(ChartExport, ThePdfShowsWhatThePngShowsUnderItsTitle) {
+    ExportChart(GraphFamily::Stability, 1, PathTo("curves.pdf"));
+    ExportChart(GraphFamily::Stability, 1, PathTo("curves.png"));
+    const QString pdf = QString::fromStdString(PathTo("curves.pdf"));
+    const QString page = QString::fromStdString(PathTo("page"));
+    ASSERT_EQ(QProcess::execute("pdftoppm", {"-r", "240", "-png", "-singlefile", pdf, page}), 0);
+    EXPECT_EQ(QImage(page + ".png").size(), QSize(1800, 1260));
+    const QRect paper = DarkIn(page + ".png");
+    const QRect picture = DarkIn(QString::fromStdString(PathTo("curves.png")));
+    EXPECT_NEAR(paper.left(), picture.left(), 6);
+    EXPECT_NEAR(paper.top(), picture.top(), 6);
+    EXPECT_NEAR(paper.right(), picture.right(), 6);
+    EXPECT_NEAR(paper.bottom(), picture.bottom(), 6);
+    QProcess info;
+    info.start("pdfinfo", {pdf});
+    ASSERT_TRUE(info.waitForFinished());
+    EXPECT_TRUE(info.readAll().contains("Title:           Tarvo Panel Stability Evaluation - KOL\n"));
 }
 
 TEST_F(ChartExport, RefusesOtherFormats) {

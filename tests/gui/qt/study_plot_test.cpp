@@ -341,5 +341,31 @@ TEST_F(MapPlot, TheTargetItselfIsNotBelowIt) {
     EXPECT_EQ(All<QCPColorMap>(Plot)[0]->data()->cell(120, 120), 1.0);
 }
 
+// The files of a study's picture, in the formats of the graphs' own.
+TEST_F(CurvesPlot, IsWrittenInTheFormatOfTheName) {
+    WriteStudyPicture(Picture, PathTo("study.png"));
+    const QImage image(QString::fromStdString(PathTo("study.png")));
+    EXPECT_EQ(image.size(), QSize(1800, 1260));
+    EXPECT_EQ(image.pixelColor(2, 2), QColor(Qt::white));
+    WriteStudyPicture(Picture, PathTo("study.svg"));
+    const std::string svg = ReadBytes(PathTo("study.svg"));
+    for (const char* text :
+         {"<title>Depth and factors</title>", ">Depth and factors<", ">Depth of Cover (ft)<",
+          ">Stability Factor<", ">Overall<", ">Webs ONLY<", "viewBox=\"0 0 720 504\""})
+        EXPECT_NE(svg.find(text), std::string::npos) << text;
+    // Vectors stand between pixels.
+    EXPECT_NE(svg.find(".5,"), std::string::npos);
+    WriteStudyPicture(Picture, PathTo("study.pdf"));
+    EXPECT_EQ(ReadBytes(PathTo("study.pdf")).substr(0, 5), "%PDF-");
+    EXPECT_EQ(RaisedError([this] { WriteStudyPicture(Picture, PathTo("study.gif")); }), 5);
+}
+
+TEST_F(MapPlot, IsWrittenWithItsTitle) {
+    WriteStudyPicture(Picture, PathTo("map.svg"));
+    const std::string svg = ReadBytes(PathTo("map.svg"));
+    EXPECT_NE(svg.find("<title>Height and depth</title>"), std::string::npos);
+    EXPECT_NE(svg.find(">below it<"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace tarvokol

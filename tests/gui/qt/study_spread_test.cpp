@@ -160,5 +160,12 @@ TEST_F(SpreadPlot, TargetsAreDashedLinesWithTheirValuesOneBelowTheOther) {
     EXPECT_EQ(Plot.legend, nullptr);
 }
 
+TEST_F(SpreadPlot, IsWrittenWithItsTitle) {
+    WriteStudyPicture(Picture, PathTo("spread.svg"));
+    const std::string svg = ReadBytes(PathTo("spread.svg"));
+    EXPECT_NE(svg.find("<title>Spread of the factors</title>"), std::string::npos);
+    EXPECT_NE(svg.find(">Share below<"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace tarvokol
