@@ -40,14 +40,19 @@ class HelpWindowTest : public testing::Test {
         return tree;
     }
 
-    // Results of a search; the index is made in the background.
+    // Results of a search; the index is made in the background, until which no topic has the words. One search at a
+    // time, so that none is still under way afterwards.
     QListWidget& Search(const QString& words) {
         Find<QLineEdit>("searchText").setText(words);
         auto& results = Find<QListWidget>("searchResults");
+        const auto run = [this] { QTest::mouseClick(&Find<QPushButton>("searchFind"), Qt::LeftButton); };
+        run();
         const auto found = [&] {
-            QTest::mouseClick(&Find<QPushButton>("searchFind"), Qt::LeftButton);
-            QTest::qWait(50);
-            return results.count() > 0 && results.item(0)->flags().testFlag(Qt::ItemIsEnabled);
+            if (results.count() == 0) return false;
+            if (results.item(0)->flags().testFlag(Qt::ItemIsEnabled)) return true;
+            QTest::qWait(20);
+            run();
+            return false;
         };
         EXPECT_TRUE(QTest::qWaitFor(found, 10000));
         return results;
