@@ -111,8 +111,17 @@ TEST_F(PlanWindowSize, ASettledWindowIsDrawnNoMore) {
     Resize(400, 434);
     EXPECT_TRUE(settles());
     Send(XCB_FOCUS_OUT, XCB_NOTIFY_MODE_GRAB);
+    Resize(500, 434);
     Send(XCB_FOCUS_IN, XCB_NOTIFY_MODE_UNGRAB);
+    EXPECT_TRUE(WaitUntil([this] { return Form.size() == QSize(500, 534); }));
     EXPECT_TRUE(settles());
+    // The copied picture's place is set whenever the size is answered.
+    auto& copy = Find<QLabel>(Form, "picTMPCopy");
+    copy.move(5, 5);
+    Send(XCB_FOCUS_OUT, XCB_NOTIFY_MODE_GRAB);
+    Send(XCB_FOCUS_IN, XCB_NOTIFY_MODE_UNGRAB);
+    QTest::qWait(30);
+    EXPECT_EQ(copy.pos(), QPoint(5, 5));
 }
 
 }  // namespace
