@@ -124,5 +124,28 @@ TEST_F(PlanWindowSize, ASettledWindowIsDrawnNoMore) {
     EXPECT_EQ(copy.pos(), QPoint(5, 5));
 }
 
+// As high as wide, the width wins.
+TEST_F(PlanWindowSize, AWidthThatEqualsTheHeightWins) {
+    Resize(400, 434);
+    Resize(500, 500);
+    EXPECT_TRUE(WaitUntil([this] { return Form.size() == QSize(500, 534); }));
+}
+
+// Nine tenths of the screen's 800 pixels, in its middle, and only for the time that it was maximised.
+TEST_F(PlanWindowSize, AMaximisedWindowStandsInTheMiddleAndMayBeSizedAfterwards) {
+    Form.showMaximized();
+    ASSERT_TRUE(WaitUntil([this] { return !Form.isMaximized() && Form.size() == QSize(686, 720); }));
+    const QPoint middle = Form.screen()->availableGeometry().center();
+    EXPECT_NEAR(Form.geometry().center().x(), middle.x(), 2);
+    EXPECT_NEAR(Form.geometry().center().y(), middle.y(), 2);
+    Resize(400, 434);
+    ASSERT_EQ(Form.size(), QSize(400, 434));
+    Form.showMinimized();
+    QTest::qWait(20);
+    Form.showNormal();
+    QTest::qWait(20);
+    EXPECT_EQ(Form.size(), QSize(400, 434));
+}
+
 }  // namespace
 }  // namespace tarvokol
