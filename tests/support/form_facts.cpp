@@ -82,4 +82,16 @@ std::vector<std::string> FactsOf(QWidget& form) {
     return lines;
 }
 
+std::vector<std::string> FocusChainOf(QWidget& form, const std::string& first) {
+    std::vector<std::string> names;
+    QWidget* const begin = form.findChild<QWidget*>(ToQt(first));
+    QWidget* control = begin;
+    do {
+        if (IsOurs(*control) && control->focusPolicy() != Qt::NoFocus)
+            names.push_back(FromQt(control->objectName()));
+        control = control->nextInFocusChain();
+    } while (control != begin);
+    return names;
+}
+
 }  // namespace tarvokol

@@ -20,4 +20,8 @@ namespace tarvokol {
 // holds is no part of its line.
 std::vector<std::string> FactsOf(QWidget& form);
 
+// Names of the controls that take the keyboard, in the order in which the tab key goes through them, all pages
+// included; it begins with `first`.
+std::vector<std::string> FocusChainOf(QWidget& form, const std::string& first);
+
 }  // namespace tarvokol

@@ -7,6 +7,7 @@
 namespace tarvokol {
 namespace {
 
+using ::testing::ElementsAre;
 using ::testing::UnorderedElementsAre;
 
 class InputTexts : public ParametersDialog {};
@@ -29,18 +30,15 @@ TEST_F(InputTexts, OfTheParameters) {
             "lblPanelWidth 'Panel width (excluding barriers) (ft)' for txtPanelWidth",
             "txtPanelWidth read 'Panel width (excluding barriers)' locked grey",
             "lblExtractRatio 'Average extraction ratio (%)' for txtExtractRatio",
-            "txtExtractRatio read 'Average extraction ratio (%)' locked grey",
-            "Frame2 'Panel layout'",
+            "txtExtractRatio read 'Average extraction ratio (%)' locked grey", "Frame2 'Panel layout'",
             "Picture1 read 'Panel layout' told 'Plan of the panel, drawn by the button View'",
-            "Frame0 'Loading conditions'",
-            "lblInsituCoal '&In situ coal strength (psi)' for txtCoalStrength",
+            "Frame0 'Loading conditions'", "lblInsituCoal '&In situ coal strength (psi)' for txtCoalStrength",
             "txtCoalStrength read 'In situ coal strength'",
             "lblUnitWeight 'Overburden &unit weight (pcf)' for txtUnitWeight",
             "txtUnitWeight read 'Overburden unit weight'",
             "lblAbutAngle '&Abutment angle (deg)' for txtAbutmentAngleActiveGob",
             "txtAbutmentAngleActiveGob read 'Abutment angle (deg)'", "Frame3 'Sizing'",
-            "Label10 '&Stability factor for webs' for txtSFWeb",
-            "txtSFWeb read 'Stability factor for webs'",
+            "Label10 '&Stability factor for webs' for txtSFWeb", "txtSFWeb read 'Stability factor for webs'",
             "Label12 'Stability &factor for barriers' for txtSFBarrier",
             "txtSFBarrier read 'Stability factor for barriers'",
             "cmdSize 'Size pillars' tip 'Suggest web and barrier thickness for these stability factors'",
@@ -48,8 +46,7 @@ TEST_F(InputTexts, OfTheParameters) {
             "txtSugWeb read 'Suggested web thickness' locked grey",
             "Label13 'Suggested barrier thickness' for txtSugBarrier",
             "txtSugBarrier read 'Suggested barrier thickness' locked grey",
-            "cmdHelpStability 'Help on stability factors'",
-            "cmdHelpDesign 'Help on design procedures'",
+            "cmdHelpStability 'Help on stability factors'", "cmdHelpDesign 'Help on design procedures'",
             "cmdResults '&Results' tip 'Show the stability report of these figures'",
             "cmdCopyClip read 'Copy dialog image to clipboard' tip 'Copy dialog image to clipboard'",
             "cmdView '&View' tip 'Draw the plan of the panel with these figures'",
@@ -79,6 +76,24 @@ TEST_F(InputTexts, TheBoxesOfAPageAreEquallyWide) {
         const auto boxes = Find<QTabWidget>(form, "SSTab1").widget(page)->findChildren<QLineEdit*>();
         for (const QLineEdit* box : boxes) EXPECT_EQ(box->width(), 96) << FromQt(box->objectName());
     }
+}
+
+TEST_F(InputTexts, TheTabKeyGoesThroughTheParameters) {
+    EXPECT_THAT(
+        FocusChainOf(Open(), "txtHeight"),
+        ElementsAre("txtHeight", "txtDepthCover", "txtHoleWidth", "txtWebThickness", "txtBarrierPillarWidth",
+                    "txtNumberHoles", "txtPanelWidth", "txtExtractRatio", "txtCoalStrength", "txtUnitWeight",
+                    "txtAbutmentAngleActiveGob", "txtSFWeb", "txtSFBarrier", "cmdSize", "txtSugWeb",
+                    "txtSugBarrier", "cmdHelpStability", "cmdHelpDesign", "cmdResults", "cmdCopyClip",
+                    "cmdView", "cmdCancel", "cmdOK", "cmdHelp", "SSTab1"));
+}
+
+TEST_F(InputTexts, TheTabKeyGoesThroughTheDescription) {
+    frmTARVODesc& form = frmTARVODesc::Instance();
+    ShowAndActivate(form);
+    EXPECT_THAT(FocusChainOf(form, "Text1"), ElementsAre("Text1", "Text2", "Option1_0", "Option1_1",
+                                                         "Command2", "Command1", "Command3", "Command4"));
+    EXPECT_EQ(form.size(), QSize(620, 360));
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 namespace tarvokol {
 namespace {
 
+using ::testing::ElementsAre;
 using ::testing::UnorderedElementsAre;
 using ::testing::UnorderedElementsAreArray;
 
@@ -56,9 +57,9 @@ TEST_F(SettingsTexts, OfTheOptions) {
             "Frame1 'Edit menu options'", "Check1 'Load the input form on file open / file new'",
             "Frame2 'Print options'", "Check3 'Print module version information' on",
             "Check8 'Print plot reminders in output' on", "Frame3 'Create a file association'",
-            "cmdFileAssoc 'Create file association' tip 'Makes this program open project files from the desktop'",
-            "Frame4 'Default Values'",
-            "lbltxtDefaultAbutment '&Abutment angle (deg)' for txtDefaultAbutment",
+            "cmdFileAssoc 'Create file association' tip 'Makes this program open project files from the "
+            "desktop'",
+            "Frame4 'Default Values'", "lbltxtDefaultAbutment '&Abutment angle (deg)' for txtDefaultAbutment",
             "txtDefaultAbutment read 'Abutment angle (deg)' tip '0 to 90, for new projects'",
             "lbltxtDefaultSFWeb 'Stability factor for &webs' for txtDefaultSFWeb",
             "txtDefaultSFWeb read 'Stability factor for webs' tip '1 to 6, for new projects'",
@@ -69,8 +70,7 @@ TEST_F(SettingsTexts, OfTheOptions) {
             "Check6 'Dimension barriers and gobs'", "Frame6 'Plot gob width options'",
             "Option3_0 'Plot gob width to scale' on", "Option3_1 'Plot gob width schematically'",
             "Frame7 'View options'", "Check2 'View project file in child window' on",
-            "Frame8 'Graph export options'",
-            "chkOffice 'Do not ask if Microsoft Office is installed' on",
+            "Frame8 'Graph export options'", "chkOffice 'Do not ask if Microsoft Office is installed' on",
             "Frame9 'Range of parametric analysis'", "lblText1 'Mi&nimum value (%)' for Text1",
             "Text1 read 'Minimum value (%)' tip '0 to 100, below the maximum'",
             "lblText2 'Ma&ximum value (%)' for Text2",
@@ -181,6 +181,65 @@ TEST_F(SettingsTexts, OfTheUnitConversion) {
     for (const Page& page : kPages)
         for (const std::string& line : LinesOf(page)) lines.push_back(line);
     EXPECT_THAT(Facts("frmUnits"), UnorderedElementsAreArray(lines));
+}
+
+// --- the way of the tab key, through all pages
+
+class SettingsTabKey : public SettingsTexts {
+  protected:
+    static std::vector<std::string> Chain(const char* name, const char* first) {
+        FormBase& form = FormNamed(name);
+        ShowAndActivate(form);
+        return FocusChainOf(form, first);
+    }
+};
+
+TEST_F(SettingsTabKey, OfTheSettings) {
+    EXPECT_THAT(
+        Chain("frmSet", "optUnits_0"),
+        ElementsAre("optUnits_0", "optUnits_1", "Text2", "cmdSetPath", "Text1", "Text4", "cmdSelect",
+                    "cmdSetDefault", "chkDispHist", "Text3", "Command5", "chkKeepRecentFL", "chkShortNames",
+                    "chkShowDiscl", "chkMaxMenu", "chkEnableTB", "chkLoadLastInputFile", "chkUpdate",
+                    "chkCopyExamples", "cmdOK", "cmdCancel", "cmdHelp"));
+}
+
+TEST_F(SettingsTabKey, OfTheOptions) {
+    EXPECT_THAT(Chain("frmTARVOOpts", "SSTab1"),
+                ElementsAre("SSTab1", "Check1", "Check3", "Check8", "cmdFileAssoc", "txtDefaultAbutment",
+                            "txtDefaultSFWeb", "txtDefaultSFBarrier", "Check4", "Check5", "Check7", "Check6",
+                            "Option3_0", "Option3_1", "Check2", "chkOffice", "Text1", "Text2", "Option1_0",
+                            "Option1_1", "Option2_0", "Option2_1", "Command2", "Command1", "Command3"));
+}
+
+TEST_F(SettingsTabKey, OfTheFileConversion) {
+    EXPECT_THAT(
+        Chain("frmConvert", "Option1_0"),
+        ElementsAre("Option1_0", "Option1_1", "Option2_0", "Option2_1", "Command2", "Command1", "Command3"));
+}
+
+TEST_F(SettingsTabKey, OfTheChoiceOfAFolder) {
+    EXPECT_THAT(Chain("frmPath", "Drive1"),
+                ElementsAre("Drive1", "Dir1", "Option1_0", "Option1_1", "Option1_2", "Option1_3", "Command2",
+                            "Command1", "Command3"));
+}
+
+TEST_F(SettingsTabKey, OfTheUnitConversion) {
+    std::vector<std::string> names{"SSTab1"};
+    for (const Page& page : kPages) {
+        names.push_back(page.input);
+        for (const Page::Unit& unit : page.units) names.push_back(unit.option);
+        for (const Page::Unit& unit : page.units) names.push_back(unit.box);
+    }
+    names.insert(names.end(), {"Command1", "Command3"});
+    EXPECT_EQ(Chain("frmUnits", "SSTab1"), names);
+}
+
+// Narrower or lower than drawn, a form would hide what stands at its edge.
+TEST_F(SettingsTexts, OpenInTheSizesThatAreDrawn) {
+    EXPECT_EQ(FormNamed("frmPath").size(), QSize(480, 360));
+    EXPECT_EQ(FormNamed("frmConvert").width(), 360);
+    EXPECT_EQ(FormNamed("frmUnits").width(), 460);
+    EXPECT_EQ(FormNamed("frmTARVOOpts").width(), 480);
 }
 
 }  // namespace
