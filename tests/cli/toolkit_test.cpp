@@ -47,8 +47,9 @@ TEST_F(Toolkit, APrintedReportHoldsAllItsPages) {
     for (const std::string name : {"p", "q"}) {
         const std::string text = TextOf("out/" + name + ".pdf");
         for (const std::string& words : std::vector<std::string>{
-                 "Project File: " + name + ".TKL", name == "p" ? "Ridge Panel 4" : "Ridge Panel 5",
-                 "Webs ONLY..........................4.72", "[PILLAR PARAMETERS]", "2.00E+07"})
+                 "TARVOKOL, ", " Page: 1\n", "Project File: " + name + ".TKL",
+                 name == "p" ? "Ridge Panel 4" : "Ridge Panel 5", "Webs ONLY..........................4.72",
+                 "[PILLAR PARAMETERS]", "2.00E+07"})
             EXPECT_THAT(text, HasSubstr(words));
     }
 }

@@ -44,6 +44,16 @@ TEST_F(FileQuestions, NeverFail) {
     }
 }
 
+TEST_F(FileQuestions, AFileIsTakenAwayAndOneThatIsMissingIsNone) {
+    WriteBytes(PathTo("ridge.TKL"), "x");
+    RemoveFile(PathTo("ridge.TKL"));
+    EXPECT_FALSE(FileExists(PathTo("ridge.TKL")));
+    RemoveFile(PathTo("ridge.TKL"));
+    std::filesystem::create_directory(PathTo("folder"));
+    RemoveFile(PathTo("folder"));
+    EXPECT_TRUE(FolderExists(PathTo("folder")));
+}
+
 TEST(FolderNames, EndInASeparatorOfEitherKind) {
     EXPECT_TRUE(EndsInSeparator("/data/"));
     EXPECT_TRUE(EndsInSeparator("C:\\Data\\"));
