@@ -5,7 +5,6 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 #include <limits>
 #include <vector>
 
@@ -80,19 +79,44 @@ double Figure(std::string_view text, double base, const std::string& what) {
     return RequiredNumber(text.substr(0, text.size() - 1), what) * base / kPercent;
 }
 
-// The library's functions for the next two are calls that take longer than what they do.
-int RoundedDown(double value) {
-    const int whole = static_cast<int>(value);
-    return whole - (whole > value ? 1 : 0);
+// The exponential function of a power that is not out of range, as a figure near 1 x 2 ^ twos. The library's own way to
+// round down is a call that takes longer than that.
+double NearOne(double power, int& twos) {
+    const double rounded = power * kPerLn2 + 0.5;
+    twos = static_cast<int>(rounded);
+    twos -= twos > rounded ? 1 : 0;
+    // Within half of ln 2 thirteen terms of the series reach the last place.
+    const double rest = (power - twos * kLn2High) - twos * kLn2Low;
+    constexpr std::array<double, 12> kSeries{
+        1.0 / 2,     1.0 / 6,      1.0 / 24,      1.0 / 120,      1.0 / 720,       1.0 / 5040,
+        1.0 / 40320, 1.0 / 362880, 1.0 / 3628800, 1.0 / 39916800, 1.0 / 479001600, 1.0 / 6227020800};
+    return 1.0 + (rest + rest * rest * Polynomial(kSeries, rest));
 }
 
-// The figure, which is near 1, x 2 ^ twos.
-double TimesTwos(double figure, int twos) {
-    constexpr int kFarFromTheEnds = 1000;
+constexpr double kOrdinaryPower = 690.0;  // far from where 2 ^ twos leaves the range of normal figures
+
+double OrdinaryExp(double power) {
     constexpr int kBias = 1023;
     constexpr int kFractionBits = 52;
-    if (std::abs(twos) > kFarFromTheEnds) return std::ldexp(figure, twos);
-    return figure * std::bit_cast<double>(std::uint64_t(twos + kBias) << kFractionBits);
+    int twos = 0;
+    const double figure = NearOne(power, twos);
+    return figure * std::bit_cast<double>(static_cast<std::uint64_t>(twos + kBias) << kFractionBits);
+}
+
+constexpr double kCentre = 0.425;
+
+double CentralQuantile(double from_middle) {
+    const double r = 0.180625 - from_middle * from_middle;
+    return from_middle * Polynomial(kCentreTop, r) / Polynomial(kCentreBottom, r);
+}
+
+double TailQuantile(double probability) {
+    constexpr double kFar = 5.0;
+    const bool below = probability < 0.5;
+    const double r = std::sqrt(-PortableLog(below ? probability : 1.0 - probability));
+    const double size = r <= kFar ? Polynomial(kTailTop, r - 1.6) / Polynomial(kTailBottom, r - 1.6)
+                                  : Polynomial(kFarTop, r - kFar) / Polynomial(kFarBottom, r - kFar);
+    return below ? -size : size;
 }
 
 }  // namespace
@@ -119,34 +143,39 @@ double PortableExp(double power) {
     constexpr double kSmallest = -745.2;
     if (power > kLargest) return std::numeric_limits<double>::infinity();
     if (power < kSmallest) return 0.0;
-    const int twos = RoundedDown(power * kPerLn2 + 0.5);
-    // Within half of ln 2 thirteen terms of the series reach the last place.
-    const double rest = (power - twos * kLn2High) - twos * kLn2Low;
-    constexpr std::array<double, 12> kSeries{
-        1.0 / 2,     1.0 / 6,      1.0 / 24,      1.0 / 120,      1.0 / 720,       1.0 / 5040,
-        1.0 / 40320, 1.0 / 362880, 1.0 / 3628800, 1.0 / 39916800, 1.0 / 479001600, 1.0 / 6227020800};
-    const double sum = 1.0 + (rest + rest * rest * Polynomial(kSeries, rest));
-    return TimesTwos(sum, twos);
+    int twos = 0;
+    const double figure = NearOne(power, twos);
+    return std::ldexp(figure, twos);
 }
 
 double NormalQuantile(double probability) {
-    constexpr double kCentre = 0.425;
     const double from_middle = probability - 0.5;
-    if (std::fabs(from_middle) <= kCentre) {
-        const double r = 0.180625 - from_middle * from_middle;
-        return from_middle * Polynomial(kCentreTop, r) / Polynomial(kCentreBottom, r);
-    }
-    constexpr double kFar = 5.0;
-    const double tail = from_middle < 0.0 ? probability : 1.0 - probability;
-    const double r = std::sqrt(-PortableLog(tail));
-    const double size = r <= kFar ? Polynomial(kTailTop, r - 1.6) / Polynomial(kTailBottom, r - 1.6)
-                                  : Polynomial(kFarTop, r - kFar) / Polynomial(kFarBottom, r - kFar);
-    return from_middle < 0.0 ? -size : size;
+    return std::fabs(from_middle) <= kCentre ? CentralQuantile(from_middle) : TailQuantile(probability);
+}
+
+// All as if they stood in the middle, then those that do not: a loop without a choice has several at a time.
+void FillWithNormalQuantiles(std::span<const double> probabilities, std::span<double> quantiles) {
+    for (std::size_t i = 0; i < quantiles.size(); ++i) quantiles[i] = CentralQuantile(probabilities[i] - 0.5);
+    for (std::size_t i = 0; i < quantiles.size(); ++i)
+        if (std::fabs(probabilities[i] - 0.5) > kCentre) quantiles[i] = TailQuantile(probabilities[i]);
 }
 
 double Distribution::FromNormal(double z) const {
     if (kind_ == DistributionKind::Normal) return a_ + b_ * z;
     return PortableExp(log_mean_ + log_deviation_ * z);
+}
+
+void Distribution::FillFromNormal(std::span<const double> z, std::span<double> figures) const {
+    if (kind_ == DistributionKind::Normal) {
+        for (std::size_t i = 0; i < z.size(); ++i) figures[i] = a_ + b_ * z[i];
+        return;
+    }
+    bool ordinary = true;
+    for (std::size_t i = 0; i < z.size(); ++i) {
+        figures[i] = log_mean_ + log_deviation_ * z[i];
+        ordinary &= std::fabs(figures[i]) < kOrdinaryPower;
+    }
+    for (double& figure : figures) figure = ordinary ? OrdinaryExp(figure) : PortableExp(figure);
 }
 
 double Distribution::TriangularQuantile(double probability) const {

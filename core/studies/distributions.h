@@ -4,6 +4,7 @@
 // here in sums, products, quotients and roots, which are the same on every machine.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,9 @@ double PortableExp(double power);
 // algorithm AS 241, routine PPND16, 1988; relative error about 1E-16).
 double NormalQuantile(double probability);
 
+// The same of many; both lists are of the same length.
+void FillWithNormalQuantiles(std::span<const double> probabilities, std::span<double> quantiles);
+
 enum class DistributionKind { Normal, Lognormal, Uniform, Triangular };
 
 // A distribution of a figure in its own unit.
@@ -31,8 +35,16 @@ class Distribution {
 
     DistributionKind Kind() const { return kind_; }
 
+    // True of a figure that is drawn by way of a standard normal one.
+    bool IsFromNormal() const {
+        return kind_ == DistributionKind::Normal || kind_ == DistributionKind::Lognormal;
+    }
+
     // The figure that a standard normal one stands for; for Normal and Lognormal only.
     double FromNormal(double z) const;
+
+    // The same of many; both lists are of the same length.
+    void FillFromNormal(std::span<const double> z, std::span<double> figures) const;
 
     // The figure below which a share of all figures lies, 0 and 1 left out.
     double Quantile(double probability) const;

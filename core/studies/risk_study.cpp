@@ -113,6 +113,9 @@ class RiskRun {
             tasks.emplace_back([this, field](SortedSample&) {
                 orders_[field] = RandomOrder(request_.seed, OrderStream(field), request_.samples);
             });
+        // Memory takes the system's time with its first use: here, where a thread may have nothing else to do.
+        for (auto& factor : result_.factors)
+            tasks.emplace_back([&factor](SortedSample&) { std::fill(factor.begin(), factor.end(), 0.0); });
         RunTasks(tasks, request_.threads);
     }
 
@@ -130,12 +133,14 @@ class RiskRun {
         work();
     }
 
-    // The shares of all samples of a piece, then the figures that they stand for, one list a field: each a loop of its
-    // own, which the processor runs ahead in.
+    // A piece, one list a field: each is filled by a loop of its own, which the processor runs ahead in.
     struct Draw {
-        explicit Draw(std::size_t fields) : shares(fields, std::vector<double>(kPiece)), figures(shares) {}
-        std::vector<std::vector<double>> shares;
-        std::vector<std::vector<double>> figures;
+        using Lists = std::vector<std::vector<double>>;
+        explicit Draw(std::size_t fields)
+            : shares(fields, std::vector<double>(kPiece)), normals(shares), figures(shares) {}
+        Lists shares;
+        Lists normals;  // standard normal figures, of the fields that are drawn from them
+        Lists figures;
     };
 
     void DrawPiece(PanelEvaluator& panel, Draw& draw, std::uint32_t piece) {
@@ -174,25 +179,26 @@ class RiskRun {
         for (double& share : shares) share = std::min((*stratum++ + share) / request_.samples, kBelowOne);
     }
 
-    // The shares of a normal field become its normal figures: those behind it may be correlated with it.
     void FillFigures(Draw& draw, std::size_t field, std::uint32_t count) const {
         const Distribution& distribution = request_.fields[field].distribution;
-        double* figures = draw.figures[field].data();
-        double* shares = draw.shares[field].data();
-        if (!IsNormal(distribution.Kind())) {
+        const auto shares = std::span(draw.shares[field]).first(count);
+        const auto normals = std::span(draw.normals[field]).first(count);
+        const auto figures = std::span(draw.figures[field]).first(count);
+        if (!distribution.IsFromNormal()) {
             for (std::uint32_t i = 0; i < count; ++i) figures[i] = distribution.Quantile(shares[i]);
             return;
         }
-        for (std::uint32_t i = 0; i < count; ++i) shares[i] = NormalQuantile(shares[i]);
-        for (std::uint32_t i = 0; i < count; ++i) figures[i] = distribution.FromNormal(Mixed(draw, field, i));
+        FillWithNormalQuantiles(shares, normals);
+        if (request_.correlations.empty()) return distribution.FillFromNormal(normals, figures);
+        for (std::uint32_t i = 0; i < count; ++i) figures[i] = Mixed(draw, field, i);
+        distribution.FillFromNormal(figures, figures);
     }
 
     // The normal figure of a field with its correlations to those before it.
     double Mixed(const Draw& draw, std::size_t field, std::uint32_t i) const {
-        if (request_.correlations.empty()) return draw.shares[field][i];
         double sum = 0;
         for (std::size_t k = 0; k <= field; ++k)
-            if (triangle_[field][k] != 0.0) sum += triangle_[field][k] * draw.shares[k][i];
+            if (triangle_[field][k] != 0.0) sum += triangle_[field][k] * draw.normals[k][i];
         return sum;
     }
 
@@ -228,8 +234,8 @@ class RiskRun {
 
     // Ranks of the sound samples, and how far they deviate from their mean.
     struct Ranks {
-        BigArray<std::uint32_t> strata;  // those of a field with strata, from 0
-        BigArray<double> values;         // all others, from 1
+        BigArray<std::uint32_t> strata;   // those of a field with strata, from 0
+        BigArray<std::uint64_t> doubled;  // all others, from 2
         Deviations deviations;
     };
 
@@ -242,8 +248,8 @@ class RiskRun {
         }
         BigArray<double> kept;
         sorted.Sort(SoundOf(result_.drawn[field], kept));
-        ranks.values = sorted.Ranks();
-        ranks.deviations = DeviationsOf(ranks.values);
+        ranks.doubled = sorted.DoubledRanks();
+        ranks.deviations = DeviationsOf(ranks.doubled);
     }
 
     // The strata of the samples that were not refused, numbered without those of the others.
@@ -264,8 +270,8 @@ class RiskRun {
         for (std::size_t i = 0; i < kRiskShares.size(); ++i)
             risk.quantiles[i] = sorted.Quantile(kRiskShares[i]);
         Ranks& ranks = factor_ranks_[factor];
-        ranks.values = sorted.Ranks();
-        ranks.deviations = DeviationsOf(ranks.values);
+        ranks.doubled = sorted.DoubledRanks();
+        ranks.deviations = DeviationsOf(ranks.doubled);
     }
 
     void CountFactor(std::size_t factor) {
@@ -290,8 +296,8 @@ class RiskRun {
 
     static double RankCorrelation(const Ranks& field, const Ranks& factor) {
         if (field.strata.empty())
-            return Correlation(field.values, factor.values, field.deviations, factor.deviations);
-        return Correlation(field.strata, factor.values, field.deviations, factor.deviations);
+            return Correlation(field.doubled, factor.doubled, field.deviations, factor.deviations);
+        return Correlation(field.strata, factor.doubled, field.deviations, factor.deviations);
     }
 
     void Summarise() {

@@ -27,9 +27,20 @@ double BlockSum(std::size_t count, Term term) {
     return sum;
 }
 
+// Ranks are far below 2^63, and processors turn signed numbers faster.
+double AsDouble(std::uint64_t rank) {
+    return static_cast<double>(static_cast<std::int64_t>(rank));
+}
+double AsDouble(std::uint32_t rank) {
+    return rank;
+}
+double AsDouble(double value) {
+    return value;
+}
+
 template <typename Number>
 double MeanOf(std::span<const Number> values) {
-    return BlockSum(values.size(), [&](std::size_t i) { return values[i]; }) /
+    return BlockSum(values.size(), [&](std::size_t i) { return AsDouble(values[i]); }) /
            static_cast<double>(values.size());
 }
 
@@ -37,19 +48,23 @@ template <typename Number>
 Deviations DeviationsIn(std::span<const Number> values) {
     if (values.empty()) return {};
     const double mean = MeanOf(values);
-    return {mean,
-            BlockSum(values.size(), [&](std::size_t i) { return (values[i] - mean) * (values[i] - mean); })};
+    const auto square = [&](std::size_t i) {
+        const double difference = AsDouble(values[i]) - mean;
+        return difference * difference;
+    };
+    return {mean, BlockSum(values.size(), square)};
 }
 
-template <typename Number>
-double CorrelationIn(std::span<const Number> x, std::span<const double> y, const Deviations& of_x,
+template <typename X, typename Y>
+double CorrelationIn(std::span<const X> x, std::span<const Y> y, const Deviations& of_x,
                      const Deviations& of_y) {
     if (x.empty()) return kNone;
     const double spread = std::sqrt(of_x.squares * of_y.squares);
     if (!(spread > 0.0)) return kNone;
-    const double products =
-        BlockSum(x.size(), [&](std::size_t i) { return (x[i] - of_x.mean) * (y[i] - of_y.mean); });
-    return std::clamp(products / spread, -1.0, 1.0);
+    const auto product = [&](std::size_t i) {
+        return (AsDouble(x[i]) - of_x.mean) * (AsDouble(y[i]) - of_y.mean);
+    };
+    return std::clamp(BlockSum(x.size(), product) / spread, -1.0, 1.0);
 }
 
 // Whole numbers in the order of the doubles that they are made of; equal ones for both zeros.
@@ -117,10 +132,8 @@ Moments MomentsOf(std::span<const double> values) {
 void SortedSample::Sort(std::span<const double> values) {
     values_ = values;
     if (values.empty()) return;
-    if (entries_.size() != values.size()) {
-        entries_ = BigArray<Entry>(values.size());
-        moved_ = BigArray<Entry>(values.size());
-    }
+    if (entries_.size() != values.size()) entries_ = BigArray<Entry>(values.size());
+    if (moved_.size() != values.size()) moved_ = BigArray<Entry>(values.size());
     const auto [lowest, highest] = EndsOf(values);
     left_out_ = std::max(0, static_cast<int>(std::bit_width(highest - lowest)) - (64 - kIndexBits));
     std::array<Counts, kPasses> counts{};
@@ -163,13 +176,13 @@ bool SortedSample::IsAlikeNext(std::size_t place) const {
     return left_out_ == 0 || (*this)[place] == (*this)[place + 1];
 }
 
-BigArray<double> SortedSample::Ranks() const {
-    BigArray<double> ranks(size());
+BigArray<std::uint64_t> SortedSample::DoubledRanks() {
+    BigArray<std::uint64_t> ranks = std::move(moved_);
     for (std::size_t first = 0; first < size();) {
         std::size_t last = first;
         while (IsAlikeNext(last)) ++last;
-        const double rank = (static_cast<double>(first) + static_cast<double>(last)) / 2.0 + 1.0;
-        for (; first <= last; ++first) ranks[IndexAt(first)] = rank;
+        const std::uint64_t doubled = (first + 1) + (last + 1);
+        for (; first <= last; ++first) ranks[IndexAt(first)] = doubled;
     }
     return ranks;
 }
@@ -178,22 +191,26 @@ Deviations DeviationsOf(std::span<const double> values) {
     return DeviationsIn(values);
 }
 
-Deviations DeviationsOf(std::span<const std::uint32_t> values) {
-    return DeviationsIn(values);
+Deviations DeviationsOf(std::span<const std::uint32_t> ranks) {
+    return DeviationsIn(ranks);
 }
 
-double Correlation(std::span<const double> x, std::span<const double> y, const Deviations& of_x,
+Deviations DeviationsOf(std::span<const std::uint64_t> ranks) {
+    return DeviationsIn(ranks);
+}
+
+double Correlation(std::span<const std::uint32_t> x, std::span<const std::uint64_t> y, const Deviations& of_x,
                    const Deviations& of_y) {
     return CorrelationIn(x, y, of_x, of_y);
 }
 
-double Correlation(std::span<const std::uint32_t> x, std::span<const double> y, const Deviations& of_x,
+double Correlation(std::span<const std::uint64_t> x, std::span<const std::uint64_t> y, const Deviations& of_x,
                    const Deviations& of_y) {
     return CorrelationIn(x, y, of_x, of_y);
 }
 
 double Correlation(std::span<const double> x, std::span<const double> y) {
-    return Correlation(x, y, DeviationsOf(x), DeviationsOf(y));
+    return CorrelationIn(x, y, DeviationsOf(x), DeviationsOf(y));
 }
 
 Share ShareOf(std::uint64_t hits, std::uint64_t count) {

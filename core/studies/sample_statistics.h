@@ -38,8 +38,8 @@ class SortedSample {
     // lowest. NaN for no value.
     double Quantile(double share) const;
 
-    // The ranks of the values from 1; equal values share the mean of their ranks.
-    BigArray<double> Ranks() const;
+    // Twice the ranks of the values from 1; equal values share the mean of their ranks. They take memory of the sort.
+    BigArray<std::uint64_t> DoubledRanks();
 
   private:
     bool IsAlikeNext(std::size_t place) const;
@@ -58,14 +58,17 @@ struct Deviations {
     double squares = 0;
 };
 Deviations DeviationsOf(std::span<const double> values);
-Deviations DeviationsOf(std::span<const std::uint32_t> values);
+Deviations DeviationsOf(std::span<const std::uint32_t> ranks);
+Deviations DeviationsOf(std::span<const std::uint64_t> ranks);
 
-// Correlation of two lists of the same length; NaN where one of them does not vary. Who has a list in several pairs
-// gives its deviations.
+// Correlation of two lists of the same length; NaN where one of them does not vary.
 double Correlation(std::span<const double> x, std::span<const double> y);
-double Correlation(std::span<const double> x, std::span<const double> y, const Deviations& of_x,
+
+// The same of ranks, which stand in several pairs, and their deviations. Whether ranks are doubled or begin from 0 makes
+// no difference.
+double Correlation(std::span<const std::uint32_t> x, std::span<const std::uint64_t> y, const Deviations& of_x,
                    const Deviations& of_y);
-double Correlation(std::span<const std::uint32_t> x, std::span<const double> y, const Deviations& of_x,
+double Correlation(std::span<const std::uint64_t> x, std::span<const std::uint64_t> y, const Deviations& of_x,
                    const Deviations& of_y);
 
 struct Share {

@@ -166,5 +166,25 @@ TEST(NormalQuantile, TurnsTheTailsRound) {
     EXPECT_EQ(NormalQuantile(0.925), -NormalQuantile(1 - 0.925));
 }
 
+// A list has the figures of its members, in the middle and in both tails, also where one of them is out of range.
+TEST(Distributions, ListsHoldTheFiguresOfTheirMembers) {
+    const std::vector<double> shares{1e-300, 1e-9, 0.0749, 0.075, 0.5, 0.6, 0.925, 0.9251, 1 - 1e-15};
+    std::vector<double> normals(shares.size());
+    FillWithNormalQuantiles(shares, normals);
+    for (std::size_t i = 0; i < shares.size(); ++i)
+        EXPECT_EQ(normals[i], NormalQuantile(shares[i])) << shares[i];
+    for (const char* text : {"normal:900:135", "lognormal:900:135", "lognormal:1:1e150"}) {
+        SCOPED_TRACE(text);
+        const Distribution distribution = Distribution::Parse(text, 1, "--random");
+        std::vector<double> figures(normals.size());
+        distribution.FillFromNormal(normals, figures);
+        for (std::size_t i = 0; i < normals.size(); ++i)
+            EXPECT_EQ(figures[i], distribution.FromNormal(normals[i])) << i;
+        std::vector<double> in_place = normals;
+        distribution.FillFromNormal(in_place, in_place);
+        EXPECT_EQ(in_place, figures);
+    }
+}
+
 }  // namespace
 }  // namespace tarvokol

@@ -59,10 +59,10 @@ TEST(SampleStatistics, QuantilesAreLinearBetweenNeighbours) {
 
 TEST(SampleStatistics, EqualValuesShareTheMeanOfTheirRanks) {
     const Values values{10, 30, 20, 20, 30, 30};
-    EXPECT_THAT(SortedSample(values).Ranks(), ElementsAre(1, 5, 2.5, 2.5, 5, 5));
+    EXPECT_THAT(SortedSample(values).DoubledRanks(), ElementsAre(2u, 10u, 5u, 5u, 10u, 10u));
     // Neighbours that differ in their last bits only, and both zeros.
     const Values close{1.0, 1e9, 0x1.0000000000001p0, 1.0, -0.0, 0.0};
-    EXPECT_THAT(SortedSample(close).Ranks(), ElementsAre(3.5, 6, 5, 3.5, 1.5, 1.5));
+    EXPECT_THAT(SortedSample(close).DoubledRanks(), ElementsAre(7u, 12u, 10u, 7u, 3u, 3u));
 }
 
 TEST(SampleStatistics, CorrelationOfKnownLists) {
