@@ -18,6 +18,7 @@
 #include "qt/plan_sheet.h"
 #include "qt/qt_printer.h"
 #include "tests/support/gui_fixture.h"
+#include "tests/support/ink.h"
 
 namespace tarvokol {
 namespace {
@@ -96,15 +97,6 @@ class PlotWindow : public GuiTest {
 
     static PlanSheet& SheetOf(QWidget& form) { return Find<PlanSheet>(form, "client"); }
     static QImage Shown(QWidget& form) { return SheetOf(form).grab().toImage(); }
-
-    // The smallest rectangle that holds everything dark.
-    static QRect InkOf(const QImage& image) {
-        QRect ink;
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                if (qGray(image.pixel(x, y)) < 128) ink |= QRect(x, y, 1, 1);
-        return ink;
-    }
 
     static QAction& Item(QWidget& form, const std::string& name) { return Find<QAction>(form, name); }
 };

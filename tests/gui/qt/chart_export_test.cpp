@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "tests/support/curve_fixture.h"
+#include "tests/support/ink.h"
 
 namespace tarvokol {
 namespace {
@@ -69,16 +70,6 @@ TEST_F(ChartExport, AnSvgTellsItsSizeAndTitle) {
     EXPECT_EQ(svg.find("font-family=\"Arial\""), std::string::npos);
 }
 
-// The ink of a picture, device pixels.
-QRect DarkIn(const QString& path) {
-    const QImage image(path);
-    QRect dark;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (qGray(image.pixel(x, y)) < 100) dark |= QRect(x, y, 1, 1);
-    return dark;
-}
-
 TEST_F(ChartExport, ThePdfShowsWhatThePngShowsUnderItsTitle) {
     ExportChart(GraphFamily::Stability, 1, PathTo("curves.pdf"));
     ExportChart(GraphFamily::Stability, 1, PathTo("curves.png"));
@@ -86,8 +77,8 @@ TEST_F(ChartExport, ThePdfShowsWhatThePngShowsUnderItsTitle) {
     const QString page = QString::fromStdString(PathTo("page"));
     ASSERT_EQ(QProcess::execute("pdftoppm", {"-r", "240", "-png", "-singlefile", pdf, page}), 0);
     EXPECT_EQ(QImage(page + ".png").size(), QSize(1800, 1260));
-    const QRect paper = DarkIn(page + ".png");
-    const QRect picture = DarkIn(QString::fromStdString(PathTo("curves.png")));
+    const QRect paper = InkOf(QImage(page + ".png"));
+    const QRect picture = InkOf(QImage(QString::fromStdString(PathTo("curves.png"))));
     EXPECT_NEAR(paper.left(), picture.left(), 6);
     EXPECT_NEAR(paper.top(), picture.top(), 6);
     EXPECT_NEAR(paper.right(), picture.right(), 6);

@@ -15,6 +15,7 @@
 #include "core/settings/program_settings.h"
 #include "qt/plan_export.h"
 #include "tests/support/core_fixture.h"
+#include "tests/support/ink.h"
 
 namespace tarvokol {
 namespace {
@@ -30,15 +31,6 @@ QImage Sheet(const QSize& pixels, double ratio = 1) {
 
 bool IsBlack(const QImage& image, int x, int y) {
     return image.pixelColor(x, y) == QColor(Qt::black);
-}
-
-// The smallest rectangle that holds every pixel darker than half grey, device pixels.
-QRect InkOf(const QImage& image) {
-    QRect ink;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (qGray(image.pixel(x, y)) < 128) ink |= QRect(x, y, 1, 1);
-    return ink;
 }
 
 class PlanSurface : public CoreTest {

@@ -7,6 +7,7 @@
 #include "core/settings/folders.h"
 #include "qt/qt_printer.h"
 #include "tests/support/core_fixture.h"
+#include "tests/support/ink.h"
 
 namespace tarvokol {
 namespace {
@@ -24,14 +25,6 @@ class PaperDrawing : public CoreTest {
                                                  QString::fromStdString(PathTo("job.pdf")), page}),
                   0);
         return QImage(page + ".png");
-    }
-
-    static QRect InkOf(const QImage& image) {
-        QRect ink;
-        for (int y = 0; y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                if (qGray(image.pixel(x, y)) < 128) ink |= QRect(x, y, 1, 1);
-        return ink;
     }
 
     // Where a black drawing of a size stands on the page.
