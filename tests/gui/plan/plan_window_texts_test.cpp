@@ -4,6 +4,7 @@
 
 #include <xcb/xproto.h>
 
+#include "core/project/working_parameters.h"
 #include "core/report/results_state.h"
 #include "desktop/plan/frmPicture.h"
 #include "tests/support/form_facts.h"
@@ -44,7 +45,18 @@ TEST_F(PlanWindowTexts, OfThePlan) {
 
 class PlanWindowSize : public MainWindowTest {
   protected:
-    PlanWindowSize() { ShowAndActivate(Form); }
+    // Three holes, so that there is a plan to be drawn at every size.
+    PlanWindowSize() {
+        PreviewRecord = {};
+        PreviewRecord.HoleWidth = 10;
+        PreviewRecord.NumberHoles = 3;
+        PreviewRecord.CrosscutAngle = 90;
+        PreviewRecord.CrosscutSpacing = 1000000;
+        PreviewRecord.CenterDistance.Fill(18);
+        PreviewRecord.CenterDistance[1] = 30;
+        ShowAndActivate(Form);
+    }
+    void TearDown() override { EXPECT_TRUE(UnhandledErrors().empty()); }
 
     // What the X server sends when the window manager takes the keyboard for a drag, and when it gives it back.
     void Send(int kind, int mode) {
