@@ -100,6 +100,21 @@ TEST_F(OutputTexts, APageBoxHoldsAReportsLines) {
     EXPECT_EQ(box.minimumHeight(), 14 * metrics.lineSpacing() + edge);
 }
 
+// The frame counts on both sides.
+TEST_F(OutputTexts, APageBoxGrowsWithItsFrame) {
+    int width = 0;
+    for (const int frame : {1, 4}) {
+        QPlainTextEdit box;
+        box.setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+        box.setLineWidth(frame);
+        MakePageBox(box);
+        if (frame == 4) {
+            EXPECT_EQ(box.minimumWidth() - width, 2 * 3);
+        }
+        width = box.minimumWidth();
+    }
+}
+
 TEST_F(OutputTexts, PagesJoinFromTheFirstToTheLast) {
     OutputBuffers[0] = "a";
     OutputBuffers[1] = "b";
