@@ -208,11 +208,9 @@ void QtPrinter::PrintDrawing(const QSizeF& size, const std::function<void(QPaint
     const QSizeF room = layout.fullRectPixels(resolution).marginsRemoved(margins).size();
     const double scale = std::min({resolution / static_cast<double>(kPixelsPerInch),
                                    room.width() / size.width(), room.height() / size.height()});
-    painter_.save();
     painter_.translate(margins.left(), margins.top());
     painter_.scale(scale, scale);
     draw(painter_);
-    painter_.restore();
     try {
         EndDoc();
     } catch (const RunTimeError&) {
