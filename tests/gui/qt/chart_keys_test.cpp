@@ -54,6 +54,8 @@ TEST_F(ChartLooks, TheKeysLeadFromPointToPoint) {
     EXPECT_EQ(at(), std::pair(2, 2));
     Key(Qt::Key_Up);  // where the other curve has none
     EXPECT_TRUE(reached.isEmpty());
+    Key(Qt::Key_Down);
+    EXPECT_EQ(at(), std::pair(2, 2));
     Chart.SetNumSeries(1);
     Key(Qt::Key_Up);  // the curve that is left is the first
     EXPECT_TRUE(reached.isEmpty());

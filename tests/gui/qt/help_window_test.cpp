@@ -3,6 +3,7 @@
 #include "qt/help_window.h"
 
 #include <QDesktopServices>
+#include <QFileInfo>
 #include <QHelpContentWidget>
 #include <QHelpIndexWidget>
 #include <QHelpLink>
@@ -466,6 +467,11 @@ TEST_F(HelpWindowTest, WithoutACacheTheHelpIsReadAllTheSame) {
     qputenv("XDG_CACHE_HOME", file.fileName().toUtf8());
     Viewer.ShowTopic(kHelpFile, "units.htm");
     EXPECT_EQ(Page().documentTitle(), "Units");
+    HelpCollection collection(TARVOKOL_PROGRAM_DIR "/TARVOKOL.qch");
+    EXPECT_TRUE(collection.Usable());
+    const QFileInfo scratch(collection.Engine().collectionFile());
+    EXPECT_TRUE(scratch.path().startsWith(QDir::tempPath() + "/")) << scratch.path().toStdString();
+    EXPECT_TRUE(scratch.fileName().startsWith("help-"));
 }
 
 TEST_F(HelpWindowTest, ADifferentHelpFileHasAWindowOfItsOwn) {
