@@ -104,6 +104,10 @@ TEST_F(Refusals, ASweepHasItsLimits) {
     };
     ExpectRefused(with({"DepthCover=1:2/1001"}),
                   "--vary: 1001000000 combinations are more than 1000000000; give larger steps, or --force");
+    ExpectRefused(
+        {"sweep", "p.TKL", "--vary", "Height=1:2/2000000000", "--vary", "DepthCover=1:2/4000000000"},
+        "--vary: 8000000000000000000 combinations are more than 1000000000; give larger steps, or "
+        "--force");
     const std::string uncountable = "--vary: too many combinations to count; give larger steps";
     ExpectRefused(
         with({"DepthCover=1:2/1000000", "--vary", "HoleWidth=1:2/1000000", "--vary", "WebThickness=1:2/10"}),

@@ -54,6 +54,7 @@ TEST(JsonTexts, EscapeWhatMayNotStandInOne) {
 TEST(JsonTexts, KeepUtf8AndReplaceTheRest) {
     EXPECT_EQ(JsonText("60\xC2\xB0 \"\n"), "\"60\xC2\xB0 \\\"\\n\"");
     EXPECT_EQ(JsonText("a\xFFz"), "\"a\xEF\xBF\xBDz\"");
+    EXPECT_EQ(JsonText("a\x80z"), "\"a\xEF\xBF\xBDz\"");
 }
 
 TEST(JsonLines, AreOneObjectEach) {

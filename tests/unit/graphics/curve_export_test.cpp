@@ -111,6 +111,12 @@ TEST_F(CurveExport, CsvHasAHeaderRowAndALineAPoint) {
               "53,1.2,2.2,3.2\n");
 }
 
+TEST_F(CurveExport, CsvOfSeveralFilesNamesThemInFrontOfEachRow) {
+    FillCurves(1, 2);
+    EXPECT_EQ(CurveTableCsv("Depth (ft)", {"Web"}, "b,c.TKL"),
+              "File,Depth (ft),Web\n\"b,c.TKL\",50,1.1\n\"b,c.TKL\",53,1.2\n");
+}
+
 TEST_F(CurveExport, CsvQuotesWhatWouldBreakTheTable) {
     FillCurves(1, 1);
     EXPECT_EQ(CurveTableCsv("Depth, \"deep\"", {"Web"}), "\"Depth, \"\"deep\"\"\",Web\n50,1.1\n");
