@@ -182,6 +182,16 @@ bool PanelEvaluator::CalculateFactors() {
     return true;
 }
 
+// Renews the parts where another figure than the depth has changed; false where that is not all that keeps the panel from
+// being calculated plainly.
+bool PanelEvaluator::RenewPlainly() {
+    if (!figures_plain_ || parts_known_) return false;
+    RenewParts(panel_, parts_);
+    if (!parts_.ordinary) return false;
+    KeepParts();
+    return true;
+}
+
 // The panel has factors by its parts, so that they hold for other depths, too.
 void PanelEvaluator::KeepParts() {
     extraction_ratio_ = ExtractionRatioOf(panel_);

@@ -41,25 +41,23 @@ class PanelEvaluator {
     // The figures of the panel as it stands: the factors of an analysis, the sizes of the button "Size
     // pillars".
     const PanelFigures& Evaluate() {
-        if (!EvaluatePlainly()) EvaluateInFull();
+        if (!EvaluatePlainly() && !(RenewPlainly() && EvaluatePlainly())) EvaluateInFull();
         return figures_;
     }
 
   private:
     void SetInFull(StudyField field, double value);
-    // A study has its million panels here: nothing is out of the ordinary, and in a grid nothing but the depth has
-    // changed.
+    // A grid has its million panels here: nothing but the depth has changed, and nothing is out of the ordinary.
     bool EvaluatePlainly() {
         PanelFactors factors;
-        if (!figures_plain_) return false;
-        if (!parts_known_) RenewParts(panel_, parts_);
-        if (!PlainFactors(parts_, panel_.DepthCover, factors)) return false;
-        if (!parts_known_) KeepParts();
+        if (!figures_plain_ || !parts_known_ || !PlainFactors(parts_, panel_.DepthCover, factors))
+            return false;
         figures_.Overall = factors.overall;
         figures_.WebsOnly = factors.webs_only;
         figures_.BarrierPillar = factors.barrier;
         return true;
     }
+    bool RenewPlainly();
     void EvaluateInFull();
     void KeepParts();
     void Store(StudyField field, double value);

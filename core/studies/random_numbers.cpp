@@ -56,16 +56,17 @@ TARVOKOL_WIDE void FillWithBits(std::uint64_t seed, std::uint32_t stream, std::u
         std::array<std::uint32_t, 2> key{Low(seed), High(seed)};
         for (int round = 0; round < kRounds; ++round) {
             for (std::uint32_t i = 0; i < kSide; ++i) {
-                const std::uint64_t product0 = kMultiplier0 * counter[0][i];
-                const std::uint64_t product1 = kMultiplier1 * counter[2][i];
+                // What stands above the lower 32 bits is of no account: a product takes the lower ones alone.
+                const std::uint64_t product0 = std::uint64_t{kMultiplier0} * Low(counter[0][i]);
+                const std::uint64_t product1 = std::uint64_t{kMultiplier1} * Low(counter[2][i]);
                 counter[0][i] = High(product1) ^ counter[1][i] ^ key[0];
-                counter[1][i] = Low(product1);
+                counter[1][i] = product1;
                 counter[2][i] = High(product0) ^ counter[3][i] ^ key[1];
-                counter[3][i] = Low(product0);
+                counter[3][i] = product0;
             }
             key = {key[0] + kWeyl0, key[1] + kWeyl1};
         }
-        for (std::uint32_t i = 0; i < kSide; ++i) bits[begin + i] = counter[1][i] << 32 | counter[0][i];
+        for (std::uint32_t i = 0; i < kSide; ++i) bits[begin + i] = counter[1][i] << 32 | Low(counter[0][i]);
     }
 }
 

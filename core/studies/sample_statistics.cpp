@@ -105,15 +105,23 @@ bool SortByDigit(const BigArray<Entry>& from, BigArray<Entry>& to, const Counts&
     return true;
 }
 
-// The keys of the lowest and the highest value.
+// The keys of the lowest and the highest value. Several are looked for side by side: each comparison waits for the one
+// before it.
 std::pair<std::uint64_t, std::uint64_t> EndsOf(std::span<const double> values) {
-    double lowest = values.front();
-    double highest = lowest;
-    for (const double value : values) {
-        lowest = std::min(lowest, value);
-        highest = std::max(highest, value);
-    }
-    return {SortKey(lowest), SortKey(highest)};
+    constexpr std::size_t kSide = 8;
+    std::array<double, kSide> lowest{};
+    lowest.fill(values.front());
+    std::array<double, kSide> highest = lowest;
+    const auto take = [&](std::size_t side, double value) {
+        lowest[side] = std::min(lowest[side], value);
+        highest[side] = std::max(highest[side], value);
+    };
+    std::size_t i = 0;
+    for (; i + kSide <= values.size(); i += kSide)
+        for (std::size_t side = 0; side < kSide; ++side) take(side, values[i + side]);
+    for (; i < values.size(); ++i) take(0, values[i]);
+    return {SortKey(*std::min_element(lowest.begin(), lowest.end())),
+            SortKey(*std::max_element(highest.begin(), highest.end()))};
 }
 
 }  // namespace
