@@ -61,6 +61,15 @@ bool IsMappedToEquivalent(const NamedFamily& family) {
     });
 }
 
+// The family as the system spells it, or as the program does where the system has another one for it; else empty.
+std::string FindNameLike(const std::string& family) {
+    const QString wanted = ToQt(family);
+    for (const QString& listed : QFontDatabase::families())
+        if (listed.compare(wanted, Qt::CaseInsensitive) == 0) return FromQt(listed);
+    const NamedFamily* named = FindNamed(wanted);
+    return named != nullptr && IsMappedToEquivalent(*named) ? named->name : "";
+}
+
 }  // namespace
 
 QStringList EquivalentsOf(const QString& family) {
@@ -86,11 +95,8 @@ std::vector<std::string> QtScreenFonts::Names() const {
 }
 
 std::string QtScreenFonts::NameLike(const std::string& family) const {
-    const QString wanted = ToQt(family);
-    for (const QString& listed : QFontDatabase::families())
-        if (listed.compare(wanted, Qt::CaseInsensitive) == 0) return FromQt(listed);
-    const NamedFamily* named = FindNamed(wanted);
-    return named != nullptr && IsMappedToEquivalent(*named) ? named->name : "";
+    const auto known = names_.find(family);
+    return known != names_.end() ? known->second : names_[family] = FindNameLike(family);
 }
 
 }  // namespace tarvokol

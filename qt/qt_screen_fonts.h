@@ -3,6 +3,8 @@
 
 #include <QString>
 #include <QStringList>
+#include <map>
+#include <string>
 
 #include "core/platform/screen_fonts.h"
 
@@ -21,6 +23,10 @@ class QtScreenFonts : public ScreenFonts {
   public:
     std::vector<std::string> Names() const override;
     std::string NameLike(const std::string& family) const override;
+
+  private:
+    // What was asked for: the toolkit does not see fonts that are installed while the program runs either.
+    mutable std::map<std::string, std::string> names_;
 };
 
 }  // namespace tarvokol
