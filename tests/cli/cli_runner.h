@@ -47,15 +47,7 @@ struct ProjectText {
 // Three metres high, holes and webs of three metres, barriers of six, under thirty metres of rock.
 ProjectText MetricProject();
 
-// Why a test with a library in front of the program (LD_PRELOAD) is left out, if it is. GCC and Clang tell
-// of the address sanitizer in ways of their own.
-#ifdef __has_feature
-#if __has_feature(address_sanitizer)
-#define TARVOKOL_SANITIZED
-#endif
-#elif defined(__SANITIZE_ADDRESS__)
-#define TARVOKOL_SANITIZED
-#endif
+// Why a test with a library in front of the program (LD_PRELOAD) is left out, if it is.
 #ifdef TARVOKOL_SANITIZED
 inline constexpr const char* kNoLibraryInFront =
     "the address sanitizer and a library in front of the program both want to be loaded first";
