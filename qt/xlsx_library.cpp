@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/xlsx_library.h"
 
+#include <string>
+
 #include <dlfcn.h>
 
 #include "core/runtime/run_time_error.h"
@@ -8,47 +10,38 @@
 namespace tarvokol {
 namespace {
 
-constexpr const char* kLibrary = TARVOKOL_XLSX_LIBRARY;
-
-[[noreturn]] void RaiseMissing() {
+[[noreturn]] void RaiseMissing(const std::string& library) {
     const int number = error_number::CannotCreateObject;
-    throw RunTimeError(number, RunTimeError(number).text + ": " + kLibrary);
-}
-
-// It stays open: a workbook may be under way until the program ends.
-void* OpenLibrary() {
-    void* library = ::dlopen(kLibrary, RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) RaiseMissing();
-    return library;
-}
-
-template <typename Function>
-void Find(void* library, const char* name, Function*& function) {
-    function = reinterpret_cast<Function*>(::dlsym(library, name));
-    if (function == nullptr) RaiseMissing();
-}
-
-XlsxLibrary Load() {
-    void* const library = OpenLibrary();
-    XlsxLibrary made{};
-    Find(library, "workbook_new_opt", made.workbook_new_opt);
-    Find(library, "workbook_add_worksheet", made.workbook_add_worksheet);
-    Find(library, "workbook_add_format", made.workbook_add_format);
-    Find(library, "workbook_close", made.workbook_close);
-    Find(library, "lxw_workbook_free", made.lxw_workbook_free);
-    Find(library, "format_set_bold", made.format_set_bold);
-    Find(library, "worksheet_freeze_panes", made.worksheet_freeze_panes);
-    Find(library, "worksheet_write_number", made.worksheet_write_number);
-    Find(library, "worksheet_write_string", made.worksheet_write_string);
-    Find(library, "lxw_name_to_row", made.lxw_name_to_row);
-    Find(library, "lxw_name_to_col", made.lxw_name_to_col);
-    return made;
+    throw RunTimeError(number, RunTimeError(number).text + ": " + library);
 }
 
 }  // namespace
 
+// It stays open: a workbook may be under way until the program ends.
+XlsxLibrary OpenXlsxLibrary(const char* name) {
+    void* const library = ::dlopen(name, RTLD_NOW | RTLD_LOCAL);
+    if (library == nullptr) RaiseMissing(name);
+    const auto find = [&]<typename Function>(const char* symbol, Function*& function) {
+        function = reinterpret_cast<Function*>(::dlsym(library, symbol));
+        if (function == nullptr) RaiseMissing(name);
+    };
+    XlsxLibrary made{};
+    find("workbook_new_opt", made.workbook_new_opt);
+    find("workbook_add_worksheet", made.workbook_add_worksheet);
+    find("workbook_add_format", made.workbook_add_format);
+    find("workbook_close", made.workbook_close);
+    find("lxw_workbook_free", made.lxw_workbook_free);
+    find("format_set_bold", made.format_set_bold);
+    find("worksheet_freeze_panes", made.worksheet_freeze_panes);
+    find("worksheet_write_number", made.worksheet_write_number);
+    find("worksheet_write_string", made.worksheet_write_string);
+    find("lxw_name_to_row", made.lxw_name_to_row);
+    find("lxw_name_to_col", made.lxw_name_to_col);
+    return made;
+}
+
 const XlsxLibrary& Xlsx() {
-    static const XlsxLibrary library = Load();
+    static const XlsxLibrary library = OpenXlsxLibrary(TARVOKOL_XLSX_LIBRARY);
     return library;
 }
 

@@ -22,7 +22,11 @@ struct XlsxLibrary {
     decltype(&::lxw_name_to_col) lxw_name_to_col;
 };
 
-// Raises the error of an object that cannot be created, with the library's name, where the system does not have it.
+// The library of that name. Raises the error of an object that cannot be created, with the name, where the system does not
+// have it or it lacks a function.
+XlsxLibrary OpenXlsxLibrary(const char* name);
+
+// That of the program, opened once. Raises the same error.
 const XlsxLibrary& Xlsx();
 
 }  // namespace tarvokol
