@@ -125,6 +125,16 @@ TEST(ContourLines, ValuesOnTheLevelLieAboveIt) {
     EXPECT_EQ(ContourLines(grid, 2).size(), 1u);
 }
 
+// A middle on the level lies above it, as corners do: of corners of 1 at (0, 0) and (1, 1) the two others are cut off.
+TEST(ContourLines, AMiddleOnTheLevelLiesAboveIt) {
+    std::vector<Places> lines;
+    for (const GridLine& line :
+         ContourLines(GridOf({0, 1}, {0, 1}, [](double x, double y) { return x == y ? 1.0 : 0.0; }), 0.5))
+        lines.push_back(PlacesOf(line));
+    EXPECT_THAT(lines,
+                ::testing::UnorderedElementsAre(Places{{0.5, 0}, {1, 0.5}}, Places{{0, 0.5}, {0.5, 1}}));
+}
+
 // Corners of 1 at (0, 0) and (1, 1), of 0 at the others, and the middle at 0.5.
 TEST(ContourLines, CrosswiseCornersAreCutOffOnTheSideOfTheMiddle) {
     const auto corners = [](double x, double y) { return x == y ? 1.0 : 0.0; };

@@ -54,6 +54,28 @@ TEST(OrderedWork, KeepsFewPiecesUnderWay) {
     EXPECT_LE(most, 3 * 4 + 1);
 }
 
+// While the first piece is worked on, the other thread goes on with seven more: four for each of the two are under way.
+TEST(OrderedWork, FourPiecesAThreadAreUnderWay) {
+    std::atomic<int> taken = 0;
+    std::atomic<int> done = 0;
+    int taken_meanwhile = 0;
+    const auto wait_for_others = [&] {
+        const auto patience = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+        while (done < 7 && std::chrono::steady_clock::now() < patience)
+            std::this_thread::sleep_for(std::chrono::microseconds(100));
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        taken_meanwhile = taken;
+    };
+    Numbers work([&]() { return taken < 100 ? std::optional<int>(taken++) : std::nullopt; },
+                 [&](int& number) {
+                     if (number == 0) wait_for_others();
+                     ++done;
+                     return number;
+                 });
+    work.Run(2, [](int&&) { return true; });
+    EXPECT_EQ(taken_meanwhile, 8);
+}
+
 TEST(OrderedWork, EndsEarlyWhereTheSinkRefuses) {
     Numbers work(CountTo(100000000), [](int& number) { return number; });
     int handed = 0;
