@@ -189,13 +189,13 @@ bool PanelEvaluator::RenewPlainly() {
     RenewParts(panel_, parts_);
     if (!parts_.ordinary) return false;
     KeepParts();
+    figures_.ExtractionRatio = extraction_ratio_;
     return true;
 }
 
 // The panel has factors by its parts, so that they hold for other depths, too.
 void PanelEvaluator::KeepParts() {
     extraction_ratio_ = ExtractionRatioOf(panel_);
-    figures_.ExtractionRatio = extraction_ratio_;
     parts_known_ = true;
 }
 

@@ -68,19 +68,24 @@ Matrix Triangle(const RiskRequest& request) {
     return a;
 }
 
+// Does the work on so many threads at once, the calling one included, and returns when all have ended.
+template <typename Work>
+void RunOn(unsigned threads, const Work& work) {
+    std::vector<std::jthread> others;
+    for (unsigned i = 1; i < threads; ++i) others.emplace_back(work);
+    work();
+}
+
 // A task has its thread's memory for sorting.
 using Task = std::function<void(SortedSample& sorted)>;
 
 // Runs the tasks on so many threads; which thread takes which does not matter to any result.
 void RunTasks(const std::vector<Task>& tasks, unsigned threads) {
     std::atomic<std::size_t> next = 0;
-    const auto work = [&] {
+    RunOn(threads, [&] {
         SortedSample sorted;
         for (std::size_t task = next++; task < tasks.size(); task = next++) tasks[task](sorted);
-    };
-    std::vector<std::jthread> others;
-    for (unsigned i = 1; i < threads; ++i) others.emplace_back(work);
-    work();
+    });
 }
 
 class RiskRun {
@@ -123,14 +128,11 @@ class RiskRun {
         const std::uint32_t pieces = (request_.samples + kPiece - 1) / kPiece;
         refusals_.resize(pieces);
         std::atomic<std::uint32_t> next = 0;
-        const auto work = [&] {
+        RunOn(request_.threads, [&] {
             PanelEvaluator panel(project_, false);
             Draw draw(Fields());
             for (std::uint32_t piece = next++; piece < pieces; piece = next++) DrawPiece(panel, draw, piece);
-        };
-        std::vector<std::jthread> others;
-        for (unsigned i = 1; i < request_.threads; ++i) others.emplace_back(work);
-        work();
+        });
     }
 
     // A piece, one list a field: each is filled by a loop of its own, which the processor runs ahead in.

@@ -139,9 +139,9 @@ Moments MomentsOf(std::span<const double> values) {
 
 void SortedSample::Sort(std::span<const double> values) {
     values_ = values;
-    if (values.empty()) return;
     if (entries_.size() != values.size()) entries_ = BigArray<Entry>(values.size());
     if (moved_.size() != values.size()) moved_ = BigArray<Entry>(values.size());
+    if (values.empty()) return;
     const auto [lowest, highest] = EndsOf(values);
     left_out_ = std::max(0, static_cast<int>(std::bit_width(highest - lowest)) - (64 - kIndexBits));
     std::array<Counts, kPasses> counts{};

@@ -38,7 +38,8 @@ class SortedSample {
     // lowest. NaN for no value.
     double Quantile(double share) const;
 
-    // Twice the ranks of the values from 1; equal values share the mean of their ranks. They take memory of the sort.
+    // Twice the ranks of the values from 1; equal values share the mean of their ranks. They take
+    // memory of the sort: once for each.
     BigArray<std::uint64_t> DoubledRanks();
 
   private:
