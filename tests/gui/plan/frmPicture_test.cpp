@@ -19,6 +19,7 @@
 #include "qt/qt_printer.h"
 #include "tests/support/gui_fixture.h"
 #include "tests/support/ink.h"
+#include "tests/support/planned_panel.h"
 
 namespace tarvokol {
 namespace {
@@ -49,22 +50,12 @@ class PlotWindow : public GuiTest {
         CornerY.Fill({});
         WorkingParameters = {};
         ResultsReturn = results_return::Normal;
-        SetPanel(3);
+        PlanPanel(3);
     }
 
     ~PlotWindow() override {
         Platform.Printer = nullptr;
         ResultsReturn = results_return::Normal;
-    }
-
-    static void SetPanel(int16_t holes) {
-        PreviewRecord = {};
-        PreviewRecord.HoleWidth = 10;
-        PreviewRecord.NumberHoles = holes;
-        PreviewRecord.CrosscutAngle = 90;
-        PreviewRecord.CrosscutSpacing = 1000000;
-        PreviewRecord.CenterDistance.Fill(18);
-        PreviewRecord.CenterDistance[1] = 30;
     }
 
     template <typename Opener>

@@ -9,6 +9,7 @@
 #include "desktop/plan/frmPicture.h"
 #include "tests/support/form_facts.h"
 #include "tests/support/main_window_fixture.h"
+#include "tests/support/planned_panel.h"
 #include "tests/support/window_menus.h"
 
 namespace tarvokol {
@@ -47,13 +48,7 @@ class PlanWindowSize : public MainWindowTest {
   protected:
     // Three holes, so that there is a plan to be drawn at every size.
     PlanWindowSize() {
-        PreviewRecord = {};
-        PreviewRecord.HoleWidth = 10;
-        PreviewRecord.NumberHoles = 3;
-        PreviewRecord.CrosscutAngle = 90;
-        PreviewRecord.CrosscutSpacing = 1000000;
-        PreviewRecord.CenterDistance.Fill(18);
-        PreviewRecord.CenterDistance[1] = 30;
+        PlanPanel(3);
         ShowAndActivate(Form);
     }
     void TearDown() override { EXPECT_TRUE(UnhandledErrors().empty()); }

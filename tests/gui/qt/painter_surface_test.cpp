@@ -345,7 +345,7 @@ INSTANTIATE_TEST_SUITE_P(Holes, SmallPlan, ::testing::Values(2, 3, 9, 20));
 
 // Holes too narrow for a label between two pillars.
 TEST_P(SmallPlan, LabelsCoverNoOutline) {
-    SetPanel(static_cast<int16_t>(GetParam()));
+    PlanPanel(static_cast<int16_t>(GetParam()));
     PreviewRecord.HoleWidth = 4;
     PreviewRecord.CenterDistance.Fill(12);
     PreviewRecord.CenterDistance[1] = 24;

@@ -10,6 +10,7 @@
 #include "qt/painter_surface.h"
 #include "tests/support/core_fixture.h"
 #include "tests/support/ink.h"
+#include "tests/support/planned_panel.h"
 
 namespace tarvokol {
 
@@ -34,17 +35,7 @@ class PlanSurface : public CoreTest {
         PlotXcutDims = 0;
         CornerX.Fill({});
         CornerY.Fill({});
-        SetPanel(3);
-    }
-
-    static void SetPanel(int16_t holes) {
-        PreviewRecord = {};
-        PreviewRecord.HoleWidth = 10;
-        PreviewRecord.NumberHoles = holes;
-        PreviewRecord.CrosscutAngle = 90;
-        PreviewRecord.CrosscutSpacing = 1000000;
-        PreviewRecord.CenterDistance.Fill(18);
-        PreviewRecord.CenterDistance[1] = 30;
+        PlanPanel(3);
     }
 };
 
