@@ -5,7 +5,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "qt/chart_control.h"
+#include "qt/charts/chart_control.h"
 
 namespace tarvokol {
 namespace {

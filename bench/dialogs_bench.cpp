@@ -31,9 +31,9 @@
 #include "desktop/base/form_registry.h"
 #include "desktop/main/frmMain.h"
 #include "desktop/main/main_window_binding.h"
-#include "qt/plan_sheet.h"
-#include "qt/qt_screen_fonts.h"
-#include "qt/qt_text.h"
+#include "qt/plan/plan_sheet.h"
+#include "qt/session/qt_screen_fonts.h"
+#include "qt/session/qt_text.h"
 
 namespace tarvokol {
 namespace {

@@ -13,16 +13,16 @@
 #include <CLI/CLI.hpp>
 #include <unistd.h>
 
-#include "cli/arguments.h"
-#include "cli/build_name.h"
-#include "cli/commands.h"
-#include "cli/nearest_word.h"
-#include "cli/standard_input.h"
+#include "cli/commands/commands.h"
+#include "cli/line/arguments.h"
+#include "cli/line/build_name.h"
+#include "cli/line/nearest_word.h"
+#include "cli/line/standard_input.h"
+#include "core/files/file_replacement.h"
+#include "core/files/os_errors.h"
 #include "core/headless/headless_platform.h"
-#include "core/runtime/file_replacement.h"
-#include "core/runtime/os_errors.h"
 #include "core/runtime/run_time_error.h"
-#include "core/studies/study_numbers.h"
+#include "core/statistics/study_numbers.h"
 
 namespace tarvokol::cli {
 namespace {

@@ -2,7 +2,7 @@
 // tarvokol-cli-drawing: the same command line, linked to the toolkit. `tarvokol-cli` becomes this program
 // when a picture, a PDF or a workbook is asked for.
 #include "cli/command_line.h"
-#include "cli/toolkit_drawing.h"
+#include "cli/output/toolkit_drawing.h"
 
 namespace tarvokol::cli {
 

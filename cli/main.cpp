@@ -10,8 +10,8 @@
 #include <unistd.h>
 
 #include "cli/command_line.h"
-#include "cli/drawing.h"
-#include "cli/options.h"
+#include "cli/line/options.h"
+#include "cli/output/drawing.h"
 
 namespace tarvokol::cli {
 namespace {

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "core/graphics/chart_model.h"
 #include "core/graphics/graph_setup.h"
-#include "core/platform/chart_model.h"
 #include "core/platform/spreadsheet_writer.h"
 
 namespace tarvokol {

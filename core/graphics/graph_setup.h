@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "core/platform/chart_model.h"
+#include "core/graphics/chart_model.h"
 
 namespace tarvokol {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/headless/headless_platform.h"
 
-#include "core/platform/system_time.h"
+#include "core/headless/system_time.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/files/file_system.h"
 #include "core/graphics/TarvoGraf.h"
 #include "core/messages/history_log.h"
 #include "core/messages/titles.h"
-#include "core/platform/program_name.h"
 #include "core/program/program_help.h"
 #include "core/program/start_up.h"
 #include "core/project/curves.h"
@@ -11,9 +11,9 @@
 #include "core/project/project_state.h"
 #include "core/project/working_parameters.h"
 #include "core/report/report_builder.h"
-#include "core/runtime/file_system.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
+#include "core/settings/program_name.h"
 #include "core/settings/program_settings.h"
 
 namespace tarvokol {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/program/program_help.h"
 
+#include "core/files/file_system.h"
 #include "core/messages/command_guard.h"
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
@@ -9,7 +10,6 @@
 #include "core/platform/platform.h"
 #include "core/platform/shell.h"
 #include "core/program/start_up.h"
-#include "core/runtime/file_system.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/folders.h"
 

@@ -2,6 +2,7 @@
 // Every FILE of the command line starts from a fresh program: the variables of all rooms, room by room, as a
 // new process has them. A variable that is added to a room's record is put back with it; a record belongs
 // here.
+#include "core/files/text_file.h"
 #include "core/graphics/TarvoGraf.h"
 #include "core/messages/error_classes.h"
 #include "core/messages/history_log.h"
@@ -17,7 +18,6 @@
 #include "core/report/report_builder.h"
 #include "core/report/results_state.h"
 #include "core/report/text_browser.h"
-#include "core/runtime/text_file.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
 #include "core/settings/update_reminder.h"

@@ -6,13 +6,13 @@
 #include <optional>
 #include <vector>
 
+#include "core/files/file_system.h"
+#include "core/files/text_file.h"
 #include "core/messages/command_guard.h"
 #include "core/project/project_file.h"
 #include "core/project/project_state.h"
-#include "core/runtime/file_system.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
-#include "core/runtime/text_file.h"
 
 namespace tarvokol {
 namespace {

@@ -10,17 +10,17 @@
 #include <string_view>
 #include <system_error>
 
+#include "core/files/file_replacement.h"
+#include "core/files/file_system.h"
+#include "core/files/text_file.h"
+#include "core/files/whole_file.h"
 #include "core/messages/history_log.h"
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
 #include "core/project/project_file.h"
-#include "core/runtime/file_replacement.h"
-#include "core/runtime/file_system.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
-#include "core/runtime/text_file.h"
-#include "core/runtime/whole_file.h"
 #include "core/settings/folders.h"
 
 namespace tarvokol {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/project/lifecycle.h"
 
+#include "core/files/file_system.h"
 #include "core/messages/command_guard.h"
 #include "core/messages/history_log.h"
 #include "core/messages/notify.h"
@@ -12,7 +13,6 @@
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/project/recovery_copy.h"
-#include "core/runtime/file_system.h"
 #include "core/runtime/text.h"
 #include "core/settings/program_settings.h"
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <set>
 
+#include "core/files/text_file.h"
 #include "core/messages/history_log.h"
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
@@ -17,7 +18,6 @@
 #include "core/runtime/numbers.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
-#include "core/runtime/text_file.h"
 
 namespace tarvokol {
 namespace {

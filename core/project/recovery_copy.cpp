@@ -11,12 +11,12 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+#include "core/files/file_replacement.h"
+#include "core/files/file_system.h"
 #include "core/messages/history_log.h"
 #include "core/project/project_file.h"
 #include "core/project/project_state.h"
 #include "core/runtime/charset.h"
-#include "core/runtime/file_replacement.h"
-#include "core/runtime/file_system.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 #include "core/settings/configuration.h"

@@ -8,11 +8,11 @@
 #include "core/platform/clock.h"
 #include "core/platform/platform.h"
 #include "core/platform/printer_device.h"
-#include "core/platform/program_name.h"
 #include "core/platform/screen_fonts.h"
 #include "core/runtime/numbers.h"
 #include "core/runtime/one_based.h"
 #include "core/runtime/text.h"
+#include "core/settings/program_name.h"
 
 namespace tarvokol {
 namespace {

@@ -5,8 +5,8 @@
 
 #include <fcntl.h>
 
+#include "core/files/descriptor.h"
 #include "core/runtime/charset.h"
-#include "core/runtime/descriptor.h"
 #include "core/runtime/text.h"
 
 namespace tarvokol {

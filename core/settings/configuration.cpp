@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/settings/configuration.h"
 
+#include "core/files/file_system.h"
 #include "core/messages/history_log.h"
 #include "core/messages/notify.h"
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
 #include "core/platform/screen_fonts.h"
-#include "core/runtime/file_system.h"
 #include "core/runtime/text.h"
 #include "core/settings/folders.h"
 #include "core/settings/graph_settings.h"

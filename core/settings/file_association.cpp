@@ -6,9 +6,9 @@
 #include "core/platform/document_types.h"
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
-#include "core/platform/program_name.h"
 #include "core/platform/special_folders.h"
 #include "core/settings/folders.h"
+#include "core/settings/program_name.h"
 #include "core/settings/program_settings.h"
 
 namespace tarvokol {

@@ -7,16 +7,16 @@
 #include <system_error>
 #include <vector>
 
+#include "core/files/file_replacement.h"
+#include "core/files/file_system.h"
+#include "core/files/text_file.h"
+#include "core/files/whole_file.h"
 #include "core/messages/notify.h"
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
 #include "core/platform/special_folders.h"
-#include "core/runtime/file_replacement.h"
-#include "core/runtime/file_system.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
-#include "core/runtime/text_file.h"
-#include "core/runtime/whole_file.h"
 #include "core/settings/configuration.h"
 #include "core/settings/program_settings.h"
 

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/files/file_replacement.h"
 #include "core/runtime/charset.h"
-#include "core/runtime/file_replacement.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 

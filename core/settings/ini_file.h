@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/runtime/whole_file.h"
+#include "core/files/whole_file.h"
 
 namespace tarvokol {
 

@@ -10,9 +10,9 @@
 #include <thread>
 #include <utility>
 
-#include "core/studies/random_numbers.h"
-#include "core/studies/study_numbers.h"
-#include "core/studies/study_refusal.h"
+#include "core/statistics/random_numbers.h"
+#include "core/statistics/study_numbers.h"
+#include "core/statistics/study_refusal.h"
 
 namespace tarvokol {
 namespace {

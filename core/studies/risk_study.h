@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "core/runtime/big_array.h"
-#include "core/studies/distributions.h"
+#include "core/statistics/big_array.h"
+#include "core/statistics/distributions.h"
+#include "core/statistics/sample_statistics.h"
 #include "core/studies/panel_figures.h"
-#include "core/studies/sample_statistics.h"
 #include "core/studies/study_fields.h"
 
 namespace tarvokol {

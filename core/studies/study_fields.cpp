@@ -4,7 +4,7 @@
 #include <cstddef>
 
 #include "core/runtime/text.h"
-#include "core/studies/study_refusal.h"
+#include "core/statistics/study_refusal.h"
 
 namespace tarvokol {
 namespace {

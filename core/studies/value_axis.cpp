@@ -4,8 +4,8 @@
 #include <cmath>
 #include <limits>
 
-#include "core/studies/study_numbers.h"
-#include "core/studies/study_refusal.h"
+#include "core/statistics/study_numbers.h"
+#include "core/statistics/study_refusal.h"
 
 namespace tarvokol {
 namespace {

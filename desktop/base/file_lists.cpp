@@ -9,10 +9,10 @@
 #include <QStorageInfo>
 #include <algorithm>
 
-#include "core/runtime/file_system.h"
+#include "core/files/file_system.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 
 namespace tarvokol {
 namespace {

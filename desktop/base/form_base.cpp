@@ -21,7 +21,7 @@
 #include "core/platform/platform.h"
 #include "core/program/start_up.h"
 #include "desktop/base/form_services.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 
 namespace tarvokol {
 namespace {

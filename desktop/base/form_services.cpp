@@ -19,7 +19,7 @@
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 
 namespace tarvokol {
 namespace {

@@ -21,8 +21,8 @@
 #include "core/runtime/numbers.h"
 #include "core/runtime/text.h"
 #include "core/settings/program_settings.h"
-#include "qt/qt_printer.h"
-#include "qt/qt_text.h"
+#include "qt/print/qt_printer.h"
+#include "qt/session/qt_text.h"
 
 namespace tarvokol {
 namespace {

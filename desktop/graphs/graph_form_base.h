@@ -5,7 +5,7 @@
 #include "core/graphics/graph_setup.h"
 #include "desktop/base/form_base.h"
 #include "desktop/base/form_services.h"
-#include "qt/chart_control.h"
+#include "qt/charts/chart_control.h"
 
 class QGroupBox;
 class QLabel;

@@ -13,7 +13,7 @@
 #include "core/settings/configuration.h"
 #include "core/settings/graph_settings.h"
 #include "desktop/graphs/frmGraph.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 
 namespace tarvokol {
 

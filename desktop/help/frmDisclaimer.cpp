@@ -5,7 +5,7 @@
 #include "core/settings/disclaimer_text.h"
 #include "core/settings/program_settings.h"
 #include "core/settings/update_reminder.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 #include "ui_frmDisclaimer.h"
 
 namespace tarvokol {

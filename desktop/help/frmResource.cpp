@@ -3,7 +3,7 @@
 
 #include "core/program/program_help.h"
 #include "desktop/base/form_services.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 #include "ui_frmResource.h"
 
 namespace tarvokol {

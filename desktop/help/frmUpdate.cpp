@@ -10,7 +10,7 @@
 #include "core/settings/program_settings.h"
 #include "core/settings/update_reminder.h"
 #include "desktop/base/form_services.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 #include "ui_frmUpdate.h"
 
 namespace tarvokol {

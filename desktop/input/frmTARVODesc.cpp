@@ -13,7 +13,7 @@
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/project/recovery_copy.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 #include "ui_frmTARVODesc.h"
 
 namespace tarvokol {

@@ -21,7 +21,7 @@
 #include "desktop/base/form_services.h"
 #include "desktop/base/modCapture.h"
 #include "desktop/base/results_caller.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 #include "ui_frmTARVOParm.h"
 
 namespace tarvokol {

@@ -15,8 +15,8 @@
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 #include "desktop/main/frmMain.h"
-#include "qt/program_application.h"
-#include "qt/qt_text.h"
+#include "qt/session/program_application.h"
+#include "qt/session/qt_text.h"
 
 namespace tarvokol {
 namespace {

@@ -6,17 +6,17 @@
 #include <string>
 
 #include "desktop/main/main_window_binding.h"
-#include "qt/desktop_clock.h"
-#include "qt/desktop_document_types.h"
-#include "qt/desktop_shell.h"
-#include "qt/qt_clipboard.h"
-#include "qt/qt_common_dialogs.h"
-#include "qt/qt_help_viewer.h"
-#include "qt/qt_message_box.h"
-#include "qt/qt_printer.h"
-#include "qt/qt_screen_fonts.h"
-#include "qt/system_folders.h"
-#include "qt/xlsx_writer.h"
+#include "qt/help/qt_help_viewer.h"
+#include "qt/print/qt_printer.h"
+#include "qt/session/desktop_clock.h"
+#include "qt/session/desktop_document_types.h"
+#include "qt/session/desktop_shell.h"
+#include "qt/session/qt_clipboard.h"
+#include "qt/session/qt_common_dialogs.h"
+#include "qt/session/qt_message_box.h"
+#include "qt/session/qt_screen_fonts.h"
+#include "qt/session/system_folders.h"
+#include "qt/workbooks/xlsx_writer.h"
 
 namespace tarvokol {
 

@@ -16,7 +16,7 @@
 #include "core/settings/update_reminder.h"
 #include "desktop/base/form_registry.h"
 #include "desktop/main/form_table.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 #include "ui_frmMain.h"
 
 // The artwork stands in a library, from which it must be asked for.

@@ -9,7 +9,7 @@
 #include "core/report/report_builder.h"
 #include "core/settings/program_settings.h"
 #include "desktop/main/frmMain.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 
 namespace tarvokol {
 namespace {

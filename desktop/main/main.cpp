@@ -6,7 +6,7 @@
 #include <fontconfig/fontconfig.h>
 
 #include "desktop/main/desktop_program.h"
-#include "qt/program_application.h"
+#include "qt/session/program_application.h"
 
 int main(int argc, char** argv) {
     using namespace tarvokol;

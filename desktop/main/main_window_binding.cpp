@@ -6,7 +6,7 @@
 #include "core/runtime/text.h"
 #include "desktop/base/form_services.h"
 #include "desktop/main/frmMain.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 
 namespace tarvokol {
 namespace {

@@ -8,7 +8,7 @@
 #include "core/report/print_engine.h"
 #include "desktop/base/form_services.h"
 #include "desktop/output/page_box.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 #include "ui_frmPreview.h"
 
 namespace tarvokol {

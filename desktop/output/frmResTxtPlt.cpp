@@ -18,7 +18,7 @@
 #include "desktop/base/form_registry.h"
 #include "desktop/base/results_caller.h"
 #include "desktop/output/page_box.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 #include "ui_frmResTxtPlt.h"
 
 namespace tarvokol {

@@ -4,18 +4,18 @@
 #include <QKeyEvent>
 #include <QSignalBlocker>
 
+#include "core/files/file_system.h"
 #include "core/messages/command_guard.h"
 #include "core/platform/common_dialogs.h"
 #include "core/platform/platform.h"
 #include "core/platform/shell.h"
 #include "core/report/text_browser.h"
-#include "core/runtime/file_system.h"
 #include "core/runtime/text.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
 #include "core/settings/program_settings.h"
-#include "qt/qt_common_dialogs.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_common_dialogs.h"
+#include "qt/session/qt_text.h"
 #include "ui_frmTextBrow.h"
 
 namespace tarvokol {

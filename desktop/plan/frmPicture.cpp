@@ -18,7 +18,7 @@
 #include "core/runtime/checked.h"
 #include "desktop/base/form_services.h"
 #include "desktop/base/modCapture.h"
-#include "qt/qt_printer.h"
+#include "qt/print/qt_printer.h"
 #include "ui_frmPicture.h"
 
 namespace tarvokol {

@@ -7,7 +7,7 @@
 #include <memory>
 
 #include "desktop/base/form_base.h"
-#include "qt/grab_watch.h"
+#include "qt/session/grab_watch.h"
 
 class QAction;
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/settings/frmPath.h"
 
+#include "core/files/file_system.h"
 #include "core/messages/notify.h"
-#include "core/runtime/file_system.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/folders.h"
 #include "core/settings/program_settings.h"

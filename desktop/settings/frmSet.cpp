@@ -4,6 +4,7 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
+#include "core/files/file_system.h"
 #include "core/messages/history_log.h"
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
@@ -13,14 +14,13 @@
 #include "core/platform/platform.h"
 #include "core/project/project_record.h"
 #include "core/runtime/checked.h"
-#include "core/runtime/file_system.h"
 #include "core/runtime/numbers.h"
 #include "core/runtime/text.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
 #include "core/settings/program_settings.h"
 #include "desktop/settings/frmPath.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 #include "ui_frmSet.h"
 
 namespace tarvokol {

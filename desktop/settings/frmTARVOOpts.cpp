@@ -13,7 +13,7 @@
 #include "core/settings/file_association.h"
 #include "core/settings/options_record.h"
 #include "core/settings/program_settings.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 #include "ui_frmTARVOOpts.h"
 
 namespace tarvokol {

@@ -9,13 +9,14 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include "cli/json.h"
+#include "cli/output/json.h"
+#include "core/files/text_file.h"
 #include "core/graphics/TarvoGraf.h"
+#include "core/graphics/chart_model.h"
 #include "core/graphics/curve_export.h"
 #include "core/graphics/graph_setup.h"
 #include "core/graphics/recording_surface.h"
 #include "core/headless/headless_platform.h"
-#include "core/platform/chart_model.h"
 #include "core/program/start_up.h"
 #include "core/project/curves.h"
 #include "core/project/input_check.h"
@@ -27,7 +28,6 @@
 #include "core/project/stability_analysis.h"
 #include "core/report/report_builder.h"
 #include "core/runtime/run_time_error.h"
-#include "core/runtime/text_file.h"
 
 namespace tarvokol {
 namespace {

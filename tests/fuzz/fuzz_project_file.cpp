@@ -9,6 +9,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include "core/files/text_file.h"
 #include "core/headless/headless_platform.h"
 #include "core/messages/history_log.h"
 #include "core/project/input_check.h"
@@ -17,7 +18,6 @@
 #include "core/project/project_state.h"
 #include "core/project/stability_analysis.h"
 #include "core/runtime/run_time_error.h"
-#include "core/runtime/text_file.h"
 
 namespace tarvokol {
 namespace {

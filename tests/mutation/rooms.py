@@ -19,8 +19,9 @@ class Room:
 
 _CORE = {
     "runtime": "unit_runtime",
+    "statistics": "unit_statistics|unit_studies",
     "engine": "unit_engine|unit_project",
-    "platform": "unit_platform|unit_graphics",
+    "files": "unit_files|unit_project",
     "messages": "unit_messages",
     "settings": "unit_settings",
     "project": "unit_project",
@@ -40,8 +41,10 @@ def rooms_of(tree):
     """All rooms, in the order of the floors."""
     tree = Path(tree)
     rooms = [Room("core/" + name, f"^({tests})$") for name, tests in _CORE.items()]
-    rooms.append(Room("cli", "^(cli_commands|cli_parts)$", "cli"))
-    rooms.append(Room("qt", f"^({_gui_tests(tree, 'qt')})$", "qt"))
+    for name in ("cli", "cli/line", "cli/output", "cli/commands"):
+        rooms.append(Room(name, "^(cli_commands|cli_parts)$", "cli"))
+    for folder in sorted(path.name for path in (tree / "qt").iterdir() if path.is_dir()):
+        rooms.append(Room("qt/" + folder, f"^({_gui_tests(tree, 'qt')})$", "qt"))
     for folder in sorted(path.name for path in (tree / "desktop").iterdir() if path.is_dir()):
         tests = _gui_tests(tree, folder)
         if tests:

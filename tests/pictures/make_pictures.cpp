@@ -34,10 +34,10 @@
 #include "desktop/base/form_registry.h"
 #include "desktop/main/frmMain.h"
 #include "desktop/main/main_window_binding.h"
-#include "qt/help_window.h"
-#include "qt/qt_help_viewer.h"
-#include "qt/qt_screen_fonts.h"
-#include "qt/qt_text.h"
+#include "qt/help/help_window.h"
+#include "qt/help/qt_help_viewer.h"
+#include "qt/session/qt_screen_fonts.h"
+#include "qt/session/qt_text.h"
 
 namespace tarvokol {
 namespace {

@@ -8,7 +8,7 @@
 #include <QPlainTextEdit>
 #include <QTabWidget>
 
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 
 namespace tarvokol {
 namespace {

@@ -14,7 +14,7 @@
 #include "desktop/graphs/frmGraphOpt.h"
 #include "desktop/graphs/frmGraphOptS.h"
 #include "desktop/graphs/frmGraphS.h"
-#include "qt/qt_printer.h"
+#include "qt/print/qt_printer.h"
 #include "tests/support/curve_fixture.h"
 #include "tests/support/gui_fixture.h"
 

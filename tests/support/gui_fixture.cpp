@@ -11,7 +11,7 @@
 
 #include "core/program/start_up.h"
 #include "desktop/base/form_services.h"
-#include "qt/program_application.h"
+#include "qt/session/program_application.h"
 
 namespace tarvokol {
 namespace {

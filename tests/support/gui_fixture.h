@@ -16,7 +16,7 @@
 #include <gmock/gmock.h>
 
 #include "desktop/base/form_base.h"
-#include "qt/qt_text.h"
+#include "qt/session/qt_text.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {

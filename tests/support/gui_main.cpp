@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "desktop/main/form_table.h"
-#include "qt/program_application.h"
+#include "qt/session/program_application.h"
 #include "tests/support/gui_fixture.h"
 
 namespace {

@@ -2,7 +2,7 @@
 // What the commands over projects give to be printed or drawn, and under which name.
 #include <gmock/gmock.h>
 
-#include "cli/commands.h"
+#include "cli/commands/commands.h"
 #include "tests/cli/parts/recording_drawing.h"
 
 namespace tarvokol::cli {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/json.h"
+#include "cli/output/json.h"
 
 #include <limits>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/nearest_word.h"
+#include "cli/line/nearest_word.h"
 
 #include <gtest/gtest.h>
 

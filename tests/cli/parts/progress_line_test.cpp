@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
-#include "cli/progress_bar.h"
+#include "cli/output/progress_bar.h"
 
 namespace tarvokol::cli {
 namespace {

@@ -6,8 +6,8 @@
 #include <variant>
 #include <vector>
 
-#include "cli/drawing.h"
-#include "cli/study_options.h"
+#include "cli/commands/study_options.h"
+#include "cli/output/drawing.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol::cli {

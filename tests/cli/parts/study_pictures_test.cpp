@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 
-#include "cli/commands.h"
+#include "cli/commands/commands.h"
 #include "tests/cli/parts/recording_drawing.h"
 
 namespace tarvokol::cli {

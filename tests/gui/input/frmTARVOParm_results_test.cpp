@@ -11,7 +11,7 @@
 #include "core/report/results_state.h"
 #include "core/settings/folders.h"
 #include "desktop/base/results_caller.h"
-#include "qt/plan_sheet.h"
+#include "qt/plan/plan_sheet.h"
 #include "tests/gui/input/parameters_fixture.h"
 
 namespace tarvokol {

@@ -18,7 +18,7 @@
 #include "core/settings/folders.h"
 #include "desktop/main/frmMain.h"
 #include "desktop/main/main_window_binding.h"
-#include "qt/plan_sheet.h"
+#include "qt/plan/plan_sheet.h"
 #include "tests/gui/input/parameters_fixture.h"
 
 namespace tarvokol {

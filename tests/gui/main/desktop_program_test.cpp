@@ -4,7 +4,7 @@
 #include <QFont>
 
 #include "core/platform/platform.h"
-#include "qt/program_application.h"
+#include "qt/session/program_application.h"
 #include "tests/support/main_window_fixture.h"
 
 namespace tarvokol {

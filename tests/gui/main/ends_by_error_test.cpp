@@ -5,7 +5,7 @@
 #include "core/report/results_state.h"
 #include "desktop/base/form_registry.h"
 #include "desktop/plan/frmPicture.h"
-#include "qt/program_application.h"
+#include "qt/session/program_application.h"
 #include "tests/support/main_window_fixture.h"
 
 namespace tarvokol {

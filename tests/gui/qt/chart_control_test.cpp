@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The chart control: roles, read-out of the mouse position, zoom and pan, drawing and printing.
-#include "qt/chart_control.h"
+#include "qt/charts/chart_control.h"
 
 #include <QPageSize>
 #include <QProcess>

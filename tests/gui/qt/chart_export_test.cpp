@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The curve table as picture files.
-#include "qt/chart_export.h"
+#include "qt/charts/chart_export.h"
 
 #include <QProcess>
 #include <filesystem>

@@ -2,8 +2,8 @@
 // A chart of 449 by 313 pixels with titles, and eyes on what it draws.
 #pragma once
 
-#include "qt/chart_control.h"
-#include "qt/chart_plot.h"
+#include "qt/charts/chart_control.h"
+#include "qt/charts/chart_plot.h"
 #include "tests/gui/qt/drawing_words.h"
 #include "tests/support/gui_fixture.h"
 

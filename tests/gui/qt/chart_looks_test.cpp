@@ -3,8 +3,8 @@
 #include <QFontMetricsF>
 #include <cmath>
 
-#include "qt/chart_text.h"
-#include "qt/chart_ticker.h"
+#include "qt/charts/chart_text.h"
+#include "qt/charts/chart_ticker.h"
 #include "tests/gui/qt/chart_fixture.h"
 
 namespace tarvokol {

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How the chart looks: texts, legend, symbols and ticks.
-#include "qt/chart_plot.h"
+#include "qt/charts/chart_plot.h"
 
 #include <QFontMetricsF>
 #include <QLocale>
 #include <algorithm>
 #include <cmath>
 
-#include "qt/chart_text.h"
-#include "qt/chart_ticker.h"
+#include "qt/charts/chart_text.h"
+#include "qt/charts/chart_ticker.h"
 #include "tests/gui/qt/chart_fixture.h"
 
 namespace tarvokol {

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "qt/chart_ticker.h"
+#include "qt/charts/chart_ticker.h"
 
 namespace tarvokol {
 namespace {

@@ -8,10 +8,10 @@
 #include <QPrinter>
 #include <QPushButton>
 
-#include "qt/message_box_style.h"
-#include "qt/owner_window.h"
-#include "qt/qt_common_dialogs.h"
-#include "qt/qt_message_box.h"
+#include "qt/session/message_box_style.h"
+#include "qt/session/owner_window.h"
+#include "qt/session/qt_common_dialogs.h"
+#include "qt/session/qt_message_box.h"
 #include "tests/support/gui_fixture.h"
 
 namespace tarvokol {

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The folders of the system, and who holds the keyboard of a window: events as the X server sends them.
-#include "qt/grab_watch.h"
+#include "qt/session/grab_watch.h"
 
 #include <QStandardPaths>
 #include <QWidget>
 
 #include <xcb/xproto.h>
 
-#include "qt/qt_text.h"
-#include "qt/system_folders.h"
+#include "qt/session/qt_text.h"
+#include "qt/session/system_folders.h"
 
 namespace tarvokol {
 namespace {

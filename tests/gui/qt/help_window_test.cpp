@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the help window is made of, and how it behaves among other windows.
-#include "qt/help_window.h"
+#include "qt/help/help_window.h"
 
 #include <QDesktopServices>
 #include <QFileInfo>
@@ -11,7 +11,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 
-#include "qt/qt_help_viewer.h"
+#include "qt/help/qt_help_viewer.h"
 
 namespace tarvokol {
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // PDF files that are whole and such as lost something, made by hand.
-#include "qt/pdf_check.h"
+#include "qt/print/pdf_check.h"
 
 #include <cstdio>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The plan as a picture file.
-#include "qt/plan_export.h"
+#include "qt/plan/plan_export.h"
 
 #include <QProcess>
 #include <QSvgRenderer>

@@ -7,7 +7,7 @@
 #include "core/graphics/TarvoGraf.h"
 #include "core/project/working_parameters.h"
 #include "core/settings/program_settings.h"
-#include "qt/painter_surface.h"
+#include "qt/plan/painter_surface.h"
 #include "tests/support/core_fixture.h"
 #include "tests/support/ink.h"
 #include "tests/support/planned_panel.h"

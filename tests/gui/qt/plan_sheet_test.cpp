@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The sheet that keeps a plan and leads from pillar to pillar.
-#include "qt/plan_sheet.h"
+#include "qt/plan/plan_sheet.h"
 
 #include "tests/support/gui_fixture.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "qt/plan_texts.h"
+#include "qt/plan/plan_texts.h"
 
 #include <QFontMetricsF>
 #include <QImage>

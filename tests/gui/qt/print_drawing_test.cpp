@@ -5,7 +5,7 @@
 #include "core/project/project_state.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/folders.h"
-#include "qt/qt_printer.h"
+#include "qt/print/qt_printer.h"
 #include "tests/support/core_fixture.h"
 #include "tests/support/ink.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "qt/program_application.h"
+#include "qt/session/program_application.h"
 
 #include <new>
 #include <stdexcept>
@@ -9,8 +9,8 @@
 #include "core/platform/platform.h"
 #include "core/project/project_state.h"
 #include "core/settings/folders.h"
-#include "qt/owner_window.h"
-#include "qt/program_style.h"
+#include "qt/session/owner_window.h"
+#include "qt/session/program_style.h"
 #include "tests/support/gui_fixture.h"
 
 namespace tarvokol {

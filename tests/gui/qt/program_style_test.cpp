@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The mark of a toolbar that is too narrow for its buttons.
-#include "qt/program_style.h"
+#include "qt/session/program_style.h"
 
 #include <QImage>
 #include <QToolBar>

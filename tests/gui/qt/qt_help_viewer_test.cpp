@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "qt/qt_help_viewer.h"
+#include "qt/help/qt_help_viewer.h"
 
 #include <QAction>
 #include <QApplication>
@@ -29,7 +29,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "qt/help_window.h"
+#include "qt/help/help_window.h"
 
 namespace tarvokol {
 namespace {

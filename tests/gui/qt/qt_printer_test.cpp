@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Printing on paper: what the print engine lays out comes back from the PDF line for line.
-#include "qt/qt_printer.h"
+#include "qt/print/qt_printer.h"
 
 #include <QPrinterInfo>
 #include <QProcess>
@@ -12,8 +12,8 @@
 #include "core/report/report_builder.h"
 #include "core/runtime/text.h"
 #include "core/settings/program_settings.h"
-#include "qt/pdf_check.h"
-#include "qt/qt_screen_fonts.h"
+#include "qt/print/pdf_check.h"
+#include "qt/session/qt_screen_fonts.h"
 #include "tests/support/core_fixture.h"
 #include "tests/support/failing_files.h"
 

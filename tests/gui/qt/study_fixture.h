@@ -7,7 +7,7 @@
 
 #include <qcustomplot.h>
 
-#include "qt/study_plot.h"
+#include "qt/charts/study_plot.h"
 #include "tests/gui/qt/drawing_words.h"
 #include "tests/support/core_fixture.h"
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "qt/chart_text.h"
-#include "qt/qt_text.h"
+#include "qt/charts/chart_text.h"
+#include "qt/session/qt_text.h"
 #include "tests/gui/qt/study_fixture.h"
 
 namespace tarvokol {

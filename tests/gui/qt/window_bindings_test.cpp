@@ -11,13 +11,13 @@
 #include <QPushButton>
 #include <QTextBrowser>
 
-#include "qt/desktop_clock.h"
-#include "qt/desktop_document_types.h"
-#include "qt/desktop_shell.h"
-#include "qt/message_box_style.h"
-#include "qt/qt_clipboard.h"
-#include "qt/qt_common_dialogs.h"
-#include "qt/qt_message_box.h"
+#include "qt/session/desktop_clock.h"
+#include "qt/session/desktop_document_types.h"
+#include "qt/session/desktop_shell.h"
+#include "qt/session/message_box_style.h"
+#include "qt/session/qt_clipboard.h"
+#include "qt/session/qt_common_dialogs.h"
+#include "qt/session/qt_message_box.h"
 #include "tests/support/gui_fixture.h"
 
 namespace tarvokol {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Workbooks that are whole and such as lost something, made by hand.
-#include "qt/workbook_check.h"
+#include "qt/workbooks/workbook_check.h"
 
 #include <string>
 #include <vector>

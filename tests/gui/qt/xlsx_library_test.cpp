@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "qt/xlsx_library.h"
+#include "qt/workbooks/xlsx_library.h"
 
 #include <gtest/gtest.h>
 

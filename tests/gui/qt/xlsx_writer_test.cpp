@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Written workbooks, read back by the entries of the zip file.
-#include "qt/xlsx_writer.h"
+#include "qt/workbooks/xlsx_writer.h"
 
 #include <QProcess>
 #include <array>
@@ -18,9 +18,9 @@
 #include "core/graphics/curve_export.h"
 #include "core/runtime/numbers.h"
 #include "core/settings/folders.h"
-#include "qt/chart_control.h"
-#include "qt/study_workbook.h"
-#include "qt/workbook_check.h"
+#include "qt/charts/chart_control.h"
+#include "qt/workbooks/study_workbook.h"
+#include "qt/workbooks/workbook_check.h"
 #include "tests/support/curve_fixture.h"
 #include "tests/support/failing_files.h"
 

@@ -10,8 +10,8 @@
 #include <QTabWidget>
 
 #include "core/messages/titles.h"
-#include "core/platform/program_name.h"
 #include "core/settings/options_record.h"
+#include "core/settings/program_name.h"
 #include "tests/support/main_window_fixture.h"
 
 namespace tarvokol {

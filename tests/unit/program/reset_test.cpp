@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gmock/gmock.h>
 
+#include "core/files/text_file.h"
 #include "core/graphics/TarvoGraf.h"
 #include "core/messages/error_classes.h"
 #include "core/messages/titles.h"
@@ -16,7 +17,6 @@
 #include "core/report/print_engine.h"
 #include "core/report/results_state.h"
 #include "core/report/text_browser.h"
-#include "core/runtime/text_file.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
 #include "core/settings/graph_settings.h"

@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "core/files/text_file.h"
 #include "core/project/project_file.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
-#include "core/runtime/text_file.h"
 #include "core/settings/folders.h"
 #include "tests/support/core_fixture.h"
 

@@ -4,8 +4,8 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
-#include "core/platform/program_name.h"
-#include "core/runtime/text_file.h"
+#include "core/files/text_file.h"
+#include "core/settings/program_name.h"
 #include "tests/support/failing_files.h"
 #include "tests/unit/settings/settings_fixture.h"
 

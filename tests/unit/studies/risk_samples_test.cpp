@@ -7,9 +7,9 @@
 
 #include <gmock/gmock.h>
 
-#include "core/studies/random_numbers.h"
+#include "core/statistics/random_numbers.h"
+#include "core/statistics/study_refusal.h"
 #include "core/studies/risk_study.h"
-#include "core/studies/study_refusal.h"
 #include "tests/support/worked_panel.h"
 
 namespace tarvokol {

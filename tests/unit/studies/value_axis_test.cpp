@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "core/studies/study_refusal.h"
+#include "core/statistics/study_refusal.h"
 
 namespace tarvokol {
 namespace {

@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/bulk_run.h"
+
+#include <iostream>
+#include <utility>
+
+#include <unistd.h>
+
+#include "cli/commands/commands.h"
+#include "cli/line/standard_input.h"
+#include "core/program/start_up.h"
+#include "core/project/lifecycle.h"
+#include "core/project/project_state.h"
+#include "core/runtime/run_time_error.h"
+#include "core/runtime/text.h"
+
+namespace tarvokol::cli {
+namespace {
+
+constexpr std::size_t kProgressStep = 50;
+
+// `-` alone stands for the paths on standard input, one a line.
+std::vector<std::string> ExpandFiles(const std::vector<std::string>& files) {
+    if (files.size() != 1 || files.front() != kStandardStream) return files;
+    std::vector<std::string> listed;
+    for (std::string line; std::getline(std::cin, line);) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        if (!line.empty()) listed.push_back(std::move(line));
+    }
+    if (std::cin.bad()) throw UsageError{"-: the list of files cannot be read"};
+    return listed;
+}
+
+std::string NativeLineEnds(const std::string& text) {
+    return ReplaceAll(text, CrLf, "\n");
+}
+
+}  // namespace
+
+BulkRun::BulkRun(Options options, HeadlessPlatform& host, const OutputTarget& target)
+    : options_(std::move(options)), host_(host), target_(target) {
+    if (!options_.stdin_project) options_.files = ExpandFiles(options_.files);
+    target_.RequireRoomFor(options_.files.size());
+}
+
+int BulkRun::Run(const FileWork& work) {
+    std::size_t done = 0;
+    for (const std::string& file : options_.files) {
+        Report(file, RunOne(file, work));
+        ShowProgress(++done);
+    }
+    if (any_not_written_) return exit_status::NotWritten;
+    return any_refused_ ? exit_status::Refused : exit_status::Done;
+}
+
+BulkRun::Outcome BulkRun::RunOne(const std::string& file, const FileWork& work) {
+    Outcome outcome;
+    host_.Messages.Shown.clear();
+    try {
+        ResetProgram();
+        ReadConfiguration(options_.settings);
+        outcome.result = work(file);
+    } catch (const RunTimeError& error) {
+        outcome.failed = true;
+        outcome.error_number = error.number;
+        outcome.error_text = error.text;
+    } catch (const OutputError& error) {
+        outcome.not_written = true;
+        outcome.error_number = error.number;
+        outcome.error_text = error.text;
+    }
+    return outcome;
+}
+
+std::string BulkRun::ObjectLine(const std::string& file, const Outcome& outcome) const {
+    std::vector<std::string> messages;
+    for (const BoxRequest& box : host_.Messages.Shown) messages.push_back(box.message);
+    JsonMembers object;
+    object.Add("file", file);
+    object.Add("ok", outcome.result.ok && outcome.error_number == 0);
+    object.Add("messages", messages);
+    if (outcome.error_number != 0)
+        object.Add("error", Json{{"number", outcome.error_number}, {"text", outcome.error_text}});
+    object.Append(outcome.result.keys);
+    object.Add("schema", kSchemaVersion);
+    return object.Object() + '\n';
+}
+
+void BulkRun::Report(const std::string& file, const Outcome& reported) {
+    Outcome outcome = reported;
+    if (target_.Format() == ".json") {
+        try {
+            target_.WriteBytes(target_.PathFor(file), ObjectLine(file, outcome));
+        } catch (const OutputError& error) {
+            outcome.not_written = true;
+            outcome.error_number = error.number;
+            outcome.error_text = error.text;
+        }
+    }
+    any_refused_ = any_refused_ || outcome.failed || !outcome.result.ok;
+    any_not_written_ = any_not_written_ || outcome.not_written;
+    if (!outcome.result.comment.empty()) std::cerr << file << ": " << outcome.result.comment << '\n';
+    if (options_.json) {
+        std::cout << ObjectLine(file, outcome);
+        return;
+    }
+    for (const BoxRequest& box : host_.Messages.Shown)
+        std::cerr << file << ": " << NativeLineEnds(box.message) << '\n';
+    if (outcome.error_number != 0) std::cerr << file << ": " << outcome.error_text << '\n';
+    if (!target_.ToFile()) std::cout << NativeLineEnds(outcome.result.text);
+    std::cout << NativeLineEnds(outcome.result.note);
+}
+
+void BulkRun::ShowProgress(std::size_t done) const {
+    const std::size_t total = options_.files.size();
+    if (options_.quiet || total < 2 || ::isatty(STDERR_FILENO) == 0) return;
+    if (done % kProgressStep != 0 && done != total) return;
+    std::cerr << '\r' << done << '/' << total << (done == total ? "\n" : "") << std::flush;
+}
+
+bool OpenProject(const std::string& file) {
+    ProjectFileName = PathToOpen(file);
+    PreviousFileName = ProjectFileName;
+    const bool opened = FileOpen();
+    if (opened) ProjectFileName = PreviousFileName = file;
+    return opened;
+}
+
+}  // namespace tarvokol::cli

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <filesystem>
+
+#include "cli/commands/bulk_run.h"
+#include "cli/commands/commands.h"
+#include "core/files/file_system.h"
+#include "core/messages/notify.h"
+#include "core/platform/message_box.h"
+#include "core/project/file_conversion.h"
+#include "core/project/project_record.h"
+#include "core/project/project_state.h"
+
+namespace tarvokol::cli {
+namespace {
+
+constexpr int16_t kEnglish = 0;
+constexpr int16_t kMetric = 1;
+
+// A name beside the original.
+std::string BesideOriginal(const std::string& original, const std::string& name) {
+    return (std::filesystem::path(original).parent_path() / name).string();
+}
+
+FileResult ConvertOne(const std::string& file, const std::string& target_name, const OutputTarget& target) {
+    FileResult result;
+    result.ok = OpenProject(file);
+    if (!result.ok) return result;
+    const bool to_metric = target_name == "metric";
+    ConvertTargetUnits = to_metric ? kMetric : kEnglish;
+    if (UnitSystem == ConvertTargetUnits) {
+        Notify(std::string("The project is already in ") + (to_metric ? "Metric" : "English") + " units",
+               box_style::Plain);
+        result.ok = false;
+        return result;
+    }
+    ConvertProject();
+    const std::string output =
+        target.ToFile() ? target.PathFor(file, ProjectFileName) : BesideOriginal(file, ProjectFileName);
+    result.keys.Add("output", output);
+    result.keys.Add("project", ProjectJson());
+    result.keys.Add("units", ProjectUnitsJson());
+    target.WriteProject(output);
+    if (!target.ToStandardOutput()) result.note = file + ": " + output + "\n";
+    return result;
+}
+
+}  // namespace
+
+int RunConvert(const Options& options, HeadlessPlatform& host, const std::string& target_name) {
+    if (options.stdin_project && options.output.empty())
+        throw UsageError{"--stdin-project: name the converted project with -o, - for standard output"};
+    const OutputTarget target(options, {});
+    BulkRun run(options, host, target);
+    return run.Run([&](const std::string& file) { return ConvertOne(file, target_name, target); });
+}
+
+}  // namespace tarvokol::cli

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/bulk_run.h"
+#include "cli/commands/commands.h"
+#include "core/messages/titles.h"
+#include "core/project/parameter_texts.h"
+
+namespace tarvokol::cli {
+namespace {
+
+// The dialog's titles, as it sets them when it loads.
+constexpr int kParametersTitles = 2;
+
+FileResult SizesOf(const std::string& file) {
+    FileResult result;
+    result.ok = OpenProject(file);
+    if (!result.ok) return result;
+    SetMessageTitles(kParametersTitles);
+    ParameterTexts texts = TextsOfRecord(ProjectRecord);
+    texts.txtNumberHoles = HolesTextAfterLoad(ProjectRecord.NumberHoles);
+    result.ok = !ValidateSizingTexts(texts).has_value();
+    if (!result.ok) return result;
+    const SuggestedSizes sizes = SuggestPillarSizes(texts);
+    result.keys.Add("SuggestedWeb", static_cast<double>(sizes.SuggestedWeb));
+    result.keys.Add("SuggestedBarrier", static_cast<double>(sizes.SuggestedBarrier));
+    result.keys.Add("txtSugWeb", sizes.txtSugWeb);
+    result.keys.Add("txtSugBarrier", sizes.txtSugBarrier);
+    const std::string unit = UnitSystem == 0 ? "ft" : "in";
+    result.keys.Add("units", Json{{"SuggestedWeb", "in"},
+                                  {"SuggestedBarrier", "in"},
+                                  {"txtSugWeb", unit},
+                                  {"txtSugBarrier", unit}});
+    result.text = file + ": Suggested web thickness " + sizes.txtSugWeb + " " + unit +
+                  ", suggested barrier thickness " + sizes.txtSugBarrier + " " + unit + "\n";
+    if (UnitSystem != 0) result.comment = SuggestedUnitNote();
+    return result;
+}
+
+}  // namespace
+
+int RunSize(const Options& options, HeadlessPlatform& host) {
+    const OutputTarget target(options, {".json"});
+    BulkRun run(options, host, target);
+    return run.Run(SizesOf);
+}
+
+}  // namespace tarvokol::cli

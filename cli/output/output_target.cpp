@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/output/output_target.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <system_error>
+#include <utility>
+
+#include <unistd.h>
+
+#include "cli/line/standard_input.h"
+#include "core/files/file_replacement.h"
+#include "core/files/file_system.h"
+#include "core/files/os_errors.h"
+#include "core/files/whole_file.h"
+#include "core/project/project_file.h"
+#include "core/project/project_state.h"
+#include "core/runtime/run_time_error.h"
+
+namespace tarvokol::cli {
+namespace {
+
+std::string LowerExtension(const std::string& path) {
+    std::string extension = std::filesystem::path(path).extension().string();
+    std::transform(extension.begin(), extension.end(), extension.begin(), [](unsigned char c) {
+        return c < 0x80 ? static_cast<char>(std::tolower(c)) : static_cast<char>(c);
+    });
+    return extension;
+}
+
+std::string Joined(const std::vector<std::string>& words) {
+    std::string text;
+    for (const std::string& word : words) text += (text.empty() ? "" : ", ") + word;
+    return text;
+}
+
+// A folder of this run's own for one file, gone with everything in it when this is.
+class ScratchFolder {
+  public:
+    ScratchFolder() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "tarvokol-XXXXXX").string();
+        if (::mkdtemp(pattern.data()) == nullptr) Raise(ErrorNumberOfErrno(errno, pattern));
+        path_ = WithSeparator(pattern);
+    }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+    ~ScratchFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+
+    const std::string& Path() const { return path_; }
+
+  private:
+    std::string path_;
+};
+
+}  // namespace
+
+OutputTarget::OutputTarget(const Options& options, const std::vector<std::string>& extensions)
+    : output_(options.output), force_(options.force), standard_output_(options.output == kStandardStream) {
+    if (output_.empty()) return;
+    if (standard_output_ && options.json)
+        throw UsageError{"-o -: standard output takes the result or, with --json, the objects, not both"};
+    folder_ = !standard_output_ && (EndsInSeparator(output_) || FolderExists(output_));
+    ChooseFormat(options, extensions);
+    RequireRoomFor(options.files.size());
+    if (standard_output_ && IsDrawn() && ::isatty(STDOUT_FILENO) != 0)
+        throw UsageError{"-o -: a terminal shows no " + format_.substr(1) +
+                         "; send it into a file or a pipe"};
+}
+
+void OutputTarget::ChooseFormat(const Options& options, const std::vector<std::string>& extensions) {
+    if (extensions.empty()) return;
+    const auto is_known = [&extensions](const std::string& format) {
+        return std::count(extensions.begin(), extensions.end(), format) > 0;
+    };
+    const std::string asked = options.format.empty() ? "" : '.' + options.format;
+    if (folder_) {
+        const bool objects = options.json && is_known(".json");
+        format_ = !asked.empty() ? asked : objects ? ".json" : extensions.front();
+    } else if (standard_output_) {
+        format_ = asked;
+    } else {
+        format_ = LowerExtension(output_);
+        if (!is_known(format_)) throw UsageError{"-o: the extension must be one of " + Joined(extensions)};
+        if (!asked.empty() && asked != format_)
+            throw UsageError{"--format: " + output_ + " has the extension of another format"};
+    }
+}
+
+bool OutputTarget::IsDrawn() const {
+    return format_ == ".pdf" || format_ == ".png" || format_ == ".svg" || format_ == ".xlsx";
+}
+
+bool OutputTarget::IsOneTable() const {
+    return output_.empty() || (standard_output_ && (format_ == ".csv" || format_ == ".txt"));
+}
+
+void OutputTarget::RequireRoomFor(std::size_t projects) const {
+    if (projects < 2 || folder_ || IsOneTable()) return;
+    throw UsageError{standard_output_
+                         ? "-o -: one result on standard output for several projects; name a folder instead"
+                         : "-o: one output file for several projects; name a folder instead"};
+}
+
+std::string OutputTarget::PathFor(const std::string& project, const std::string& kept_name) const {
+    if (!folder_) return output_;
+    const std::filesystem::path name = std::filesystem::path(project).filename();
+    std::string file = kept_name;
+    if (file.empty()) file = format_.empty() ? name.string() : name.stem().string() + format_;
+    return WithSeparator(output_) + file;
+}
+
+void OutputTarget::MakeFolder() const {
+    std::error_code failure;
+    std::filesystem::create_directories(output_, failure);
+    if (!failure || FolderExists(output_)) return;
+    const int number = ErrorNumberOfErrno(failure.value(), output_);
+    throw OutputError{number, output_ + ": " + ErrorText(number)};
+}
+
+void WriteTowards(const std::string& path, const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const RunTimeError& error) {
+        throw OutputError{error.number, path + ": " + error.text};
+    }
+}
+
+// Nothing is left of the file when its bytes go out: a reader that has seen enough ends the program by a signal.
+void WriteToStandardOutput(const std::string& extension,
+                           const std::function<void(const std::string&)>& write) {
+    const auto bytes_written = [&] {
+        const ScratchFolder folder;
+        const std::string path = folder.Path() + "output" + extension;
+        write(path);
+        return ReadWholeFile(path, std::string().max_size());
+    };
+    try {
+        std::cout << bytes_written();
+    } catch (const RunTimeError& error) {
+        throw OutputError{error.number, "standard output: " + error.text};
+    }
+}
+
+// Makes the folder of the files as well, so that nothing but the file itself is left to fail.
+void OutputTarget::Prepare(const std::string& path) const {
+    if (standard_output_) return;
+    std::error_code failure;
+    if (FolderExists(path)) throw OutputError{error_number::PathFileAccess, path + ": is a folder"};
+    if (taken_.count(path) != 0)
+        throw OutputError{error_number::FileAlreadyExists,
+                          path + ": holds the result of another project of the same name"};
+    if (!force_ && std::filesystem::is_regular_file(path, failure))
+        throw OutputError{error_number::FileAlreadyExists,
+                          path + ": file already exists (--force replaces it)"};
+    if (folder_) MakeFolder();
+}
+
+void OutputTarget::Write(const std::string& path,
+                         const std::function<void(const std::string&)>& write) const {
+    Prepare(path);
+    if (standard_output_) {
+        WriteToStandardOutput(format_, write);
+        return;
+    }
+    WriteTowards(path, [&] { write(path); });
+    if (folder_) taken_.insert(path);
+}
+
+void OutputTarget::WriteBytes(const std::string& path, const std::string& bytes) const {
+    if (standard_output_)
+        std::cout << bytes;
+    else
+        Write(path, [&bytes](const std::string& name) { ReplaceWholeFile(name, bytes); });
+}
+
+void OutputTarget::WriteProject(const std::string& path) const {
+    Write(path, [](const std::string& name) {
+        FileReplacement replacement(name);
+        ProjectFileName = replacement.BuildPath();
+        FileSave();
+        ProjectFileName = name;
+        replacement.Commit();
+    });
+}
+
+}  // namespace tarvokol::cli

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Where a result goes: standard output, one file, or one file a project in a folder.
+#pragma once
+
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "cli/line/options.h"
+
+namespace tarvokol::cli {
+
+// The output of one FILE could not be written; reported as the run-time error it stands for.
+struct OutputError {
+    int number;
+    std::string text;
+};
+
+class OutputTarget {
+  public:
+    // `extensions` are the formats of the command, the first being the one that a folder receives; an empty
+    // list takes any name. Raises UsageError for another extension, for one output file and several FILEs,
+    // and for a standard output that cannot take the format.
+    OutputTarget(const Options& options, const std::vector<std::string>& extensions);
+
+    // The result goes to a file, or to standard output as the bytes of a file.
+    bool ToFile() const { return !output_.empty(); }
+
+    bool ToStandardOutput() const { return standard_output_; }
+
+    // Lower-case extension that chooses the format, with its dot; empty for standard output and where any
+    // name is taken.
+    const std::string& Format() const { return format_; }
+
+    // True for a format that only a `Drawing` writes.
+    bool IsDrawn() const;
+
+    // The results of all projects follow one another on standard output.
+    bool IsOneTable() const;
+
+    // Raises UsageError for more than one project where there is one output file.
+    void RequireRoomFor(std::size_t projects) const;
+
+    // Name of the file that takes the result of a project. In a folder it is the project's name with the
+    // format's extension, or `kept_name` where one is given.
+    std::string PathFor(const std::string& project, const std::string& kept_name = "") const;
+
+    // Makes the folder of the files. Raises OutputError if the file exists and is not to be replaced.
+    void Prepare(const std::string& path) const;
+
+    // Writes through `write`, which is given the path and leaves the file whole or as it was. Raises OutputError for a
+    // run-time error in it, and for a file that exists and is not to be replaced.
+    void Write(const std::string& path, const std::function<void(const std::string&)>& write) const;
+
+    // Writes a file of these bytes.
+    void WriteBytes(const std::string& path, const std::string& bytes) const;
+
+    // Writes the open project.
+    void WriteProject(const std::string& path) const;
+
+  private:
+    void ChooseFormat(const Options& options, const std::vector<std::string>& extensions);
+    void MakeFolder() const;
+
+    std::string output_;
+    bool force_;
+    bool standard_output_ = false;
+    bool folder_ = false;
+    std::string format_;
+    mutable std::set<std::string> taken_;  // the files of the folder that hold a result of this run
+};
+
+// Does a step towards the file at `path`; a run-time error in it becomes the OutputError that names the file.
+void WriteTowards(const std::string& path, const std::function<void()>& step);
+
+// Lets `write` make a file of that extension and sends its bytes to standard output. Raises OutputError.
+void WriteToStandardOutput(const std::string& extension,
+                           const std::function<void(const std::string&)>& write);
+
+}  // namespace tarvokol::cli

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/files/file_system.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "core/files/os_errors.h"
+#include "core/runtime/run_time_error.h"
+
+namespace tarvokol {
+
+bool FileExists(const std::string& path) {
+    std::error_code failure;
+    const auto status = std::filesystem::status(path, failure);
+    return !failure && std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+}
+
+bool FolderExists(const std::string& path) {
+    std::error_code failure;
+    return std::filesystem::is_directory(path, failure) && !failure;
+}
+
+void RemoveFile(const std::string& path) {
+    std::error_code failure;
+    if (!FileExists(path)) return;
+    std::filesystem::remove(path, failure);
+    if (failure) Raise(ErrorNumberOfErrno(failure.value(), path));
+}
+
+bool EndsInSeparator(const std::string& path) {
+    return !path.empty() && (path.back() == '/' || path.back() == '\\');
+}
+
+std::string WithSeparator(const std::string& folder) {
+    return EndsInSeparator(folder) ? folder : folder + PathSeparator;
+}
+
+}  // namespace tarvokol

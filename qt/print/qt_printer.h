@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFont>
+#include <QPainter>
+#include <QPrinter>
+#include <QSizeF>
+#include <functional>
+#include <memory>
+
+#include "core/files/file_replacement.h"
+#include "core/platform/printer_device.h"
+
+namespace tarvokol {
+
+// The toolkit's printer: a real one, or a PDF file. The pen is measured from the corner of the paper. A job
+// begins with what it prints first and ends with EndDoc.
+//
+// Errors: "Printer error" (482) while there is neither a printer nor a file to print to, and where the
+// printer refuses a page; for a file that cannot be written the error of the operating system. The file is put in place
+// by EndDoc when it is whole: a job that fails leaves what stood there.
+class QtPrinter : public PrinterDevice {
+  public:
+    // What the printer dialogs choose from and set; the user's default printer to begin with. The choice is
+    // kept.
+    QPrinter& Device() const;
+
+    // Prints what follows to a PDF file, on A4 paper. A job that is still open is given up.
+    void PrintToFile(const std::string& path);
+
+    // Prints a job of its own that paints on the device itself.
+    void PrintWith(const std::function<void(QPrinter&)>& print);
+
+    // True if there is a printer, or a file to print to.
+    bool HasTarget() const;
+
+    // Prints a drawing as a job of its own. It measures `size` pixels, 96 to the inch, which are the units of
+    // the painter given, and stands at the top left of the printable area; a drawing that is larger is
+    // reduced to it.
+    void PrintDrawing(const QSizeF& size, const std::function<void(QPainter&)>& draw);
+
+    // A job that goes to a PDF file asks for the file's name: the project's in the project's folder is suggested, and
+    // what exists is replaced only if the user says so. The file stands there once the job has come to its end.
+    bool StartDoc() override;
+    void CloseDoc() override;
+
+    double CurrentX() const override { return x_; }
+    double CurrentY() const override { return y_; }
+    void SetCurrentX(double twips) override { x_ = twips; }
+    void SetCurrentY(double twips) override { y_ = twips; }
+    double PageWidth() const override;
+    double PageHeight() const override;
+
+    void Print(const std::string& text) override;
+    double TextWidth(const std::string& text) override;
+
+    void NewPage() override;
+    void EndDoc() override;
+
+    std::vector<std::string> FontNames() override;
+    void SetFontName(const std::string& name) override;
+    void SetFontSize(double points) override;
+    void SetFontBold(bool on) override;
+    void SetFontItalic(bool on) override;
+    void SetFontStrikeThrough(bool on) override;
+    void SetFontUnderline(bool on) override;
+
+  private:
+    QPrinter& Target() const;
+    QFont& FontOfTarget();
+    void EnsureJob();
+    void AbandonJob();
+    void BeginFile();
+    void EndFile();
+    void DropFile();
+
+    mutable std::unique_ptr<QPrinter> device_;  // created on first use: looking for printers takes its time
+    QPainter painter_;                          // behind the device, which it must not outlive
+    QFont font_;
+    bool file_is_named_ = false;             // by PrintToFile, for every job
+    std::unique_ptr<FileReplacement> file_;  // of the job that goes to a PDF file
+    QString file_name_;                      // the name that the device has between the jobs
+    bool file_is_whole_ = false;             // the toolkit has finished it and nothing got lost
+    double x_ = 0;                           // twips
+    double y_ = 0;
+};
+
+}  // namespace tarvokol

@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/statistics/distributions.h"
+
+#include <cmath>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "core/statistics/random_numbers.h"
+#include "core/statistics/sample_statistics.h"
+#include "core/statistics/study_refusal.h"
+
+namespace tarvokol {
+namespace {
+
+using ::testing::HasSubstr;
+
+std::string RefusalOf(const char* text) {
+    try {
+        Distribution::Parse(text, 100, "--random Height");
+    } catch (const StudyRefusal& refusal) {
+        return refusal.what();
+    }
+    return "not refused";
+}
+
+double Ulp(double value) {
+    return std::nextafter(std::fabs(value), HUGE_VAL) - std::fabs(value);
+}
+
+TEST(PortableLogarithm, IsWithinTwoUnitsInTheLastPlaceOfTheLibrarys) {
+    for (int i = 1; i < 300000; ++i) {
+        const double value = i * 0.00137 * (i % 7 + 1);
+        ASSERT_NEAR(PortableLog(value), std::log(value), 2 * Ulp(std::log(value)) + 1e-17) << value;
+    }
+    EXPECT_EQ(PortableLog(1.0), 0.0);
+    EXPECT_NEAR(PortableLog(5e-324), -744.4400719213812, 2e-13);
+    EXPECT_NEAR(PortableLog(1.7976931348623157e308), 709.782712893384, 2e-13);
+}
+
+TEST(PortableExponential, IsWithinTwoUnitsInTheLastPlaceOfTheLibrarys) {
+    for (int i = -100000; i < 100000; ++i) {
+        const double power = i * 0.007;
+        ASSERT_NEAR(PortableExp(power), std::exp(power), 2 * Ulp(std::exp(power))) << power;
+    }
+    EXPECT_EQ(PortableExp(0.0), 1.0);
+    EXPECT_EQ(PortableExp(1000.0), HUGE_VAL);
+    EXPECT_EQ(PortableExp(-1000.0), 0.0);
+}
+
+// Quantiles of the standard normal distribution from tables of 15 digits.
+TEST(NormalQuantile, GivesTheTablesFigures) {
+    EXPECT_EQ(NormalQuantile(0.5), 0.0);
+    EXPECT_NEAR(NormalQuantile(0.75), 0.674489750196082, 1e-14);
+    EXPECT_NEAR(NormalQuantile(0.975), 1.95996398454005, 1e-13);
+    EXPECT_NEAR(NormalQuantile(0.999), 3.09023230616781, 1e-13);
+    EXPECT_NEAR(NormalQuantile(0.001), -3.09023230616781, 1e-13);
+    EXPECT_NEAR(NormalQuantile(1e-12), -7.03448382530113, 1e-13);
+    EXPECT_NEAR(NormalQuantile(1e-300), -37.0470962993612, 1e-12);
+}
+
+// The probability below a quantile by the library's error function.
+TEST(NormalQuantile, TurnsTheDistributionRound) {
+    for (int i = 1; i < 2000; ++i) {
+        const double probability = i / 2000.0;
+        ASSERT_NEAR(std::erfc(-NormalQuantile(probability) / std::sqrt(2.0)) / 2, probability, 1e-15);
+    }
+}
+
+TEST(Distribution, ReadsFiguresAndSharesOfTheProjectsOwn) {
+    const auto normal = Distribution::Parse("normal:900:135", 1, "");
+    EXPECT_EQ(normal.Mean(), 900);
+    EXPECT_EQ(normal.StandardDeviation(), 135);
+    const auto shares = Distribution::Parse("normal:100%:15%", 900, "");
+    EXPECT_EQ(shares.Mean(), 900);
+    EXPECT_EQ(shares.StandardDeviation(), 135);
+    EXPECT_EQ(shares.Text(), "normal:900:135");
+    EXPECT_EQ(Distribution::Parse("triangular:50%:100%:200%", 10, "").Text(), "triangular:5:10:20");
+}
+
+TEST(Distribution, QuantilesAreThoseOfTheClosedForms) {
+    const auto uniform = Distribution::Parse("uniform:10:20", 1, "");
+    EXPECT_EQ(uniform.Quantile(0.25), 12.5);
+    EXPECT_EQ(uniform.Mean(), 15);
+    EXPECT_NEAR(uniform.StandardDeviation(), 2.88675134594813, 1e-14);
+    // Below the mode the share is x^2 / (width x rise): 0.125 at half of the rise of 2 under a width of 4...
+    // 1 / 8.
+    const auto triangular = Distribution::Parse("triangular:0:2:4", 1, "");
+    EXPECT_DOUBLE_EQ(triangular.Quantile(0.125), 1.0);
+    EXPECT_DOUBLE_EQ(triangular.Quantile(0.5), 2.0);
+    EXPECT_DOUBLE_EQ(triangular.Quantile(0.875), 3.0);
+    EXPECT_EQ(triangular.Mean(), 2);
+    EXPECT_NEAR(triangular.StandardDeviation(), 0.816496580927726, 1e-14);
+    // Median of a lognormal figure: mean / sqrt(1 + variation^2).
+    const auto lognormal = Distribution::Parse("lognormal:900:135", 1, "");
+    EXPECT_NEAR(lognormal.Quantile(0.5), 900 / std::sqrt(1.0225), 1e-10);
+}
+
+// 200,000 draws: three standard errors of the mean, and as many of the deviation.
+TEST(Distribution, DrawsHaveTheMomentsOfTheClosedForms) {
+    constexpr std::uint32_t kDraws = 200000;
+    for (const char* text : {"normal:100:15", "lognormal:100:15", "uniform:50:150", "triangular:50:80:170"}) {
+        const auto distribution = Distribution::Parse(text, 1, "");
+        std::vector<double> draws(kDraws);
+        for (std::uint32_t i = 0; i < kDraws; ++i)
+            draws[i] = distribution.Quantile(UnitFromBits(RandomBits(1, 0, i)));
+        const Moments moments = MomentsOf(draws);
+        const double error = distribution.StandardDeviation() / std::sqrt(kDraws);
+        EXPECT_NEAR(moments.mean, distribution.Mean(), 3 * error) << text;
+        EXPECT_NEAR(moments.standard_deviation, distribution.StandardDeviation(), 3 * error) << text;
+    }
+}
+
+TEST(Distribution, RefusesWhatIsNone) {
+    EXPECT_EQ(RefusalOf("beta:1:2"),
+              "--random Height: \"beta:1:2\" is no distribution; write normal:MEAN:SD, lognormal:MEAN:SD, "
+              "uniform:LO:HI or triangular:LO:MODE:HI");
+    EXPECT_THAT(RefusalOf("normal:1"), HasSubstr("is no distribution"));
+    EXPECT_THAT(RefusalOf("normal:1:2:3"), HasSubstr("is no distribution"));
+    EXPECT_THAT(RefusalOf(""), HasSubstr("is no distribution"));
+    EXPECT_EQ(RefusalOf("normal:1:-2"), "--random Height: the standard deviation must not be negative");
+    EXPECT_EQ(RefusalOf("lognormal:0:1"), "--random Height: the mean of a lognormal figure must be above 0");
+    EXPECT_EQ(RefusalOf("uniform:2:1"), "--random Height: LO must not be above HI");
+    EXPECT_EQ(RefusalOf("triangular:1:3:2"), "--random Height: LO, MODE and HI must stand in rising order");
+    EXPECT_EQ(RefusalOf("normal:1,5:2"), "--random Height: \"1,5\" is not a number with a decimal point");
+    EXPECT_EQ(RefusalOf("normal:%:2"), "--random Height: \"\" is not a number with a decimal point");
+}
+
+TEST(Distribution, BoundsThatFallTogetherAreOnes) {
+    EXPECT_EQ(Distribution::Parse("normal:5:0", 1, "").Quantile(0.9), 5);
+    EXPECT_NEAR(Distribution::Parse("lognormal:5:0", 1, "").Quantile(0.9), 5, 1e-14);
+    EXPECT_EQ(Distribution::Parse("uniform:5:5", 1, "").Quantile(0.9), 5);
+    EXPECT_EQ(Distribution::Parse("triangular:5:5:5", 1, "").Quantile(0.9), 5);
+    EXPECT_DOUBLE_EQ(Distribution::Parse("triangular:0:0:4", 1, "").Quantile(0.75), 2);
+    EXPECT_DOUBLE_EQ(Distribution::Parse("triangular:0:4:4", 1, "").Quantile(0.25), 2);
+    EXPECT_EQ(RefusalOf("triangular:2:1:3"), "--random Height: LO, MODE and HI must stand in rising order");
+    EXPECT_EQ(RefusalOf("lognormal:-1:1"), "--random Height: the mean of a lognormal figure must be above 0");
+    EXPECT_EQ(RefusalOf("lognormal:1:-1"), "--random Height: the standard deviation must not be negative");
+}
+
+TEST(Distribution, WritesItsFiguresAsTheyAre) {
+    for (const char* text : {"normal:900:135", "lognormal:0.1:2", "uniform:-2:-1", "triangular:1:2.5:1e+22"})
+        EXPECT_EQ(Distribution::Parse(text, 1, "").Text(), text);
+    EXPECT_EQ(Distribution::Parse("uniform:50%:0.25%", -800, "").Text(), "uniform:-400:-2");
+}
+
+// z of 84.134474606854 % is 1; mean and deviation of the logarithm by hand: variance ln 1.25, mean ln 2 less half of it.
+TEST(Distribution, ALognormalFigureIsThePowerOfANormalOne) {
+    const auto lognormal = Distribution::Parse("lognormal:2:1", 1, "");
+    const double variance = std::log(1.25);
+    EXPECT_NEAR(lognormal.FromNormal(0), 2 * std::exp(-variance / 2), 1e-14);
+    EXPECT_NEAR(lognormal.FromNormal(1), 2 * std::exp(-variance / 2 + std::sqrt(variance)), 1e-14);
+    EXPECT_NEAR(lognormal.Quantile(0.841344746068543), lognormal.FromNormal(1), 1e-12);
+    EXPECT_EQ(lognormal.Mean(), 2);
+    EXPECT_EQ(lognormal.StandardDeviation(), 1);
+    EXPECT_EQ(Distribution::Parse("normal:2:3", 1, "").FromNormal(-1.5), -2.5);
+}
+
+// Relative to the tail itself, which the library's complementary error function knows to its last digits.
+TEST(NormalQuantile, TurnsTheTailsRound) {
+    for (double probability = 0.4; probability > 1e-300; probability *= 0.31) {
+        const double z = NormalQuantile(probability);
+        // The density times a change of the last place of z is what the tail may differ by.
+        ASSERT_NEAR(std::erfc(-z / std::sqrt(2.0)) / 2 / probability, 1, 1e-15 * (4 + z * z)) << probability;
+    }
+    EXPECT_EQ(NormalQuantile(0.925), -NormalQuantile(1 - 0.925));
+}
+
+// A list has the figures of its members, in the middle and in both tails, also where one of them is out of range.
+TEST(Distributions, ListsHoldTheFiguresOfTheirMembers) {
+    const std::vector<double> shares{1e-300, 1e-9, 0.0749, 0.075, 0.5, 0.6, 0.925, 0.9251, 1 - 1e-15};
+    std::vector<double> normals(shares.size());
+    FillWithNormalQuantiles(shares, normals);
+    for (std::size_t i = 0; i < shares.size(); ++i)
+        EXPECT_EQ(normals[i], NormalQuantile(shares[i])) << shares[i];
+    for (const char* text : {"normal:900:135", "lognormal:900:135", "lognormal:1:1e150"}) {
+        SCOPED_TRACE(text);
+        const Distribution distribution = Distribution::Parse(text, 1, "--random");
+        std::vector<double> figures(normals.size());
+        distribution.FillFromNormal(normals, figures);
+        for (std::size_t i = 0; i < normals.size(); ++i)
+            EXPECT_EQ(figures[i], distribution.FromNormal(normals[i])) << i;
+        std::vector<double> in_place = normals;
+        distribution.FillFromNormal(in_place, in_place);
+        EXPECT_EQ(in_place, figures);
+    }
+}
+
+}  // namespace
+}  // namespace tarvokol
