@@ -6,6 +6,7 @@
 #include "desktop/main/form_table.h"
 #include "qt/session/program_application.h"
 #include "tests/support/gui_fixture.h"
+#include "tests/support/tests_of_file.h"
 
 namespace {
 
@@ -29,6 +30,7 @@ int main(int argc, char** argv) {
     // A test over all forms asks for them when it is registered.
     tarvokol::EnterAllForms();
     testing::InitGoogleTest(&argc, argv);
+    if (!tarvokol::ObeyTestsOf(&argc, argv)) return 1;
     tarvokol::ProgramApplication application(argc, argv);
     application.SetErrorSink([](const tarvokol::RunTimeError& error) {
         ErrorUnwound = true;
