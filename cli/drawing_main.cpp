@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // tarvokol-cli-drawing: the same command line, linked to the toolkit. `tarvokol-cli` becomes this program
 // when a picture, a PDF or a workbook is asked for.
-#include "cli/command_line.h"
+#include "cli/commands/commands.h"
+#include "cli/line/command_line.h"
 #include "cli/output/toolkit_drawing.h"
 
 namespace tarvokol::cli {
@@ -14,5 +15,5 @@ Drawing& TheDrawing() {
 }  // namespace tarvokol::cli
 
 int main(int argc, char** argv) {
-    return tarvokol::cli::RunCommandLine(argc, argv);
+    return tarvokol::cli::RunCommandLine(tarvokol::cli::AllCommands(), argc, argv);
 }

@@ -9,8 +9,8 @@
 #include <sys/auxv.h>
 #include <unistd.h>
 
-#include "cli/command_line.h"
-#include "cli/line/options.h"
+#include "cli/commands/commands.h"
+#include "cli/line/command_line.h"
 #include "cli/output/drawing.h"
 
 namespace tarvokol::cli {
@@ -58,5 +58,5 @@ Drawing& TheDrawing() {
 
 int main(int argc, char** argv) {
     tarvokol::cli::arguments = argv;
-    return tarvokol::cli::RunCommandLine(argc, argv);
+    return tarvokol::cli::RunCommandLine(tarvokol::cli::AllCommands(), argc, argv);
 }

@@ -6,7 +6,7 @@
 
 #include <unistd.h>
 
-#include "cli/commands/commands.h"
+#include "cli/line/settings_file.h"
 #include "cli/line/standard_input.h"
 #include "core/program/start_up.h"
 #include "core/project/lifecycle.h"

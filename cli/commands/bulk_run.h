@@ -16,7 +16,7 @@ namespace tarvokol::cli {
 // What a command hands back for one FILE.
 struct FileResult {
     bool ok = true;
-    JsonMembers keys;     // added to the object behind "file", "ok" and "messages"
+    JsonMembers keys;     // added to the object after "file", "ok" and "messages"
     std::string text;     // for people, where the result goes to standard output
     std::string note;     // for people, wherever it goes
     std::string comment;  // beside the result, on standard error

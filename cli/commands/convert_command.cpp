@@ -44,14 +44,36 @@ FileResult ConvertOne(const std::string& file, const std::string& target_name, c
     return result;
 }
 
+class Convert : public Command {
+  public:
+    std::string Name() const override { return "convert"; }
+    std::string Summary() const override { return "Convert a project to the other unit system and save it"; }
+
+    void Describe(CommandOptions& options) override {
+        options.Text({.spelling = "--to",
+                      .help = "Target unit system",
+                      .required = true,
+                      .choices = {"english", "metric"}},
+                     unit_system_);
+        AddFiles(options, options_, "The file or folder to write (default: beside the original)", {});
+    }
+
+    int Run(HeadlessPlatform& host) override {
+        if (options_.stdin_project && options_.output.empty())
+            throw UsageError{"--stdin-project: name the converted project with -o, - for standard output"};
+        const OutputTarget target(options_, {});
+        BulkRun run(options_, host, target);
+        return run.Run([&](const std::string& file) { return ConvertOne(file, unit_system_, target); });
+    }
+
+  private:
+    std::string unit_system_;
+};
+
 }  // namespace
 
-int RunConvert(const Options& options, HeadlessPlatform& host, const std::string& target_name) {
-    if (options.stdin_project && options.output.empty())
-        throw UsageError{"--stdin-project: name the converted project with -o, - for standard output"};
-    const OutputTarget target(options, {});
-    BulkRun run(options, host, target);
-    return run.Run([&](const std::string& file) { return ConvertOne(file, target_name, target); });
+std::unique_ptr<Command> ConvertCommand() {
+    return std::make_unique<Convert>();
 }
 
 }  // namespace tarvokol::cli

@@ -135,15 +135,40 @@ FileResult CurveOf(const std::string& file, const CurveRequest& request, const O
     return result;
 }
 
+class Curve : public Command {
+  public:
+    std::string Name() const override { return "curve"; }
+    std::string Summary() const override {
+        return "A parametric curve; web and barrier of a metric project in inches";
+    }
+
+    void Describe(CommandOptions& options) override {
+        options.Text({.spelling = "KIND",
+                      .help = "sf-height, sf-depth, sf-hole, web or barrier",
+                      .required = true,
+                      .choices = {"sf-height", "sf-depth", "sf-hole", "web", "barrier"}},
+                     kind_);
+        AddFiles(options, options_, "Write the curve: .csv, .xlsx, .png, .svg, .pdf or .json, or a folder",
+                 {"csv", "xlsx", "png", "svg", "pdf", "json"});
+    }
+
+    int Run(HeadlessPlatform& host) override {
+        const OutputTarget target(options_, {".csv", ".xlsx", ".png", ".svg", ".pdf", ".json"});
+        if (target.IsDrawn()) TheDrawing();
+        BulkRun run(options_, host, target);
+        const CurveRequest request = RequestOf(kind_);
+        CurveCsv table(!options_.json && run.ProjectsGoTogether());
+        return run.Run([&](const std::string& file) { return CurveOf(file, request, target, table); });
+    }
+
+  private:
+    std::string kind_;
+};
+
 }  // namespace
 
-int RunCurve(const Options& options, HeadlessPlatform& host, const std::string& kind) {
-    const OutputTarget target(options, {".csv", ".xlsx", ".png", ".svg", ".pdf", ".json"});
-    if (target.IsDrawn()) TheDrawing();
-    BulkRun run(options, host, target);
-    const CurveRequest request = RequestOf(kind);
-    CurveCsv table(!options.json && run.ProjectsGoTogether());
-    return run.Run([&](const std::string& file) { return CurveOf(file, request, target, table); });
+std::unique_ptr<Command> CurveCommand() {
+    return std::make_unique<Curve>();
 }
 
 }  // namespace tarvokol::cli

@@ -146,16 +146,44 @@ FileResult PlanOf(const std::string& file, const PlanRequest& request, const Out
     return result;
 }
 
+class Plan : public Command {
+  public:
+    std::string Name() const override { return "plan"; }
+    std::string Summary() const override { return "The panel plan"; }
+
+    void Describe(CommandOptions& options) override {
+        options.Text({.spelling = "--mode",
+                      .help = "What the pillars' labels show",
+                      .shows_default = true,
+                      .choices = {"dimensions", "strength", "capacity"}},
+                     mode_);
+        options.Text({.spelling = "--view",
+                      .help = "Drawn as in the plot window or in the parameters dialog",
+                      .shows_default = true,
+                      .choices = {"window", "preview"}},
+                     view_);
+        AddFiles(options, options_, "Write the plan: .svg, .png, .pdf, .csv or .json, or a folder",
+                 {"svg", "png", "pdf", "csv", "json"});
+    }
+
+    int Run(HeadlessPlatform& host) override {
+        const OutputTarget target(options_, {".svg", ".png", ".pdf", ".csv", ".json"});
+        if (target.IsDrawn()) TheDrawing();
+        BulkRun run(options_, host, target);
+        const PlanRequest request = RequestOf(mode_, view_);
+        bool table_begun = false;
+        return run.Run([&](const std::string& file) { return PlanOf(file, request, target, table_begun); });
+    }
+
+  private:
+    std::string mode_ = "dimensions";
+    std::string view_ = "window";
+};
+
 }  // namespace
 
-int RunPlan(const Options& options, HeadlessPlatform& host, const std::string& mode,
-            const std::string& view) {
-    const OutputTarget target(options, {".svg", ".png", ".pdf", ".csv", ".json"});
-    if (target.IsDrawn()) TheDrawing();
-    BulkRun run(options, host, target);
-    const PlanRequest request = RequestOf(mode, view);
-    bool table_begun = false;
-    return run.Run([&](const std::string& file) { return PlanOf(file, request, target, table_begun); });
+std::unique_ptr<Command> PlanCommand() {
+    return std::make_unique<Plan>();
 }
 
 }  // namespace tarvokol::cli

@@ -83,14 +83,29 @@ FileResult ResultsOf(const std::string& file, bool want_keys, const OutputTarget
     return result;
 }
 
+class Results : public Command {
+  public:
+    std::string Name() const override { return "results"; }
+    std::string Summary() const override { return "Input check, analysis and report"; }
+
+    void Describe(CommandOptions& options) override {
+        AddFiles(options, options_, "Write the report: .txt, .pdf or .json, or a folder",
+                 {"txt", "pdf", "json"});
+    }
+
+    int Run(HeadlessPlatform& host) override {
+        const OutputTarget target(options_, {".txt", ".pdf", ".json"});
+        if (target.IsDrawn()) TheDrawing();
+        BulkRun run(options_, host, target);
+        const bool want_keys = options_.json || target.Format() == ".json";
+        return run.Run([&](const std::string& file) { return ResultsOf(file, want_keys, target); });
+    }
+};
+
 }  // namespace
 
-int RunResults(const Options& options, HeadlessPlatform& host) {
-    const OutputTarget target(options, {".txt", ".pdf", ".json"});
-    if (target.IsDrawn()) TheDrawing();
-    BulkRun run(options, host, target);
-    const bool want_keys = options.json || target.Format() == ".json";
-    return run.Run([&](const std::string& file) { return ResultsOf(file, want_keys, target); });
+std::unique_ptr<Command> ResultsCommand() {
+    return std::make_unique<Results>();
 }
 
 }  // namespace tarvokol::cli

@@ -5,11 +5,12 @@
 #include <iostream>
 
 #include "cli/commands/commands.h"
-#include "cli/commands/row_sink.h"
+#include "cli/commands/study_base.h"
 #include "cli/commands/study_pictures.h"
 #include "cli/output/drawing.h"
 #include "cli/output/json.h"
 #include "cli/output/output_target.h"
+#include "cli/output/row_sink.h"
 #include "cli/output/study_rows.h"
 #include "core/statistics/study_numbers.h"
 #include "core/studies/risk_study.h"
@@ -32,22 +33,6 @@ Whole WholeOption(const std::string& text, const char* name, double low, double 
         throw UsageError{std::string(name) + ": \"" + text + "\" is not a whole number from " + bounds};
     }
     return static_cast<Whole>(value);
-}
-
-RiskRequest RequestOf(const StudyOptions& options, const Panel& project) {
-    constexpr double kMostSamples = 4294967295.0;
-    constexpr double kLargestSeed = 9007199254740992.0;
-    RiskRequest request;
-    for (const std::string& text : options.random) request.AddField(text, project);
-    for (const std::string& text : options.correlate) request.AddCorrelation(text);
-    if (!options.samples.empty())
-        request.samples = WholeOption<std::uint32_t>(options.samples, "--samples", 1, kMostSamples);
-    if (!options.seed.empty())
-        request.seed = WholeOption<std::uint64_t>(options.seed, "--seed", 0, kLargestSeed);
-    request.latin = !options.plain;
-    request.keep_drawn = !options.samples_out.empty();
-    request.threads = options.Threads();
-    return request;
 }
 
 std::string Padded(const std::string& text, int width) {
@@ -100,8 +85,8 @@ void AddTargets(std::string& text, const RiskResult& result) {
     AddLine(text, "  to", [&](std::size_t f) { return Short(result.risk[f].below.back().share.high); });
 }
 
-std::string RiskText(const RiskRequest& request, const RiskResult& result, const StudyOptions& options) {
-    std::string text = StudyTitle(options) + "\n\n";
+std::string RiskText(const RiskRequest& request, const RiskResult& result, const std::string& title) {
+    std::string text = title + "\n\n";
     for (const RandomField& one : request.fields)
         text += Padded(NameOfField(one.field), 20) + one.distribution.Text() + "\n";
     text += std::to_string(request.samples) +
@@ -148,10 +133,9 @@ Json FactorJson(const RiskRequest& request, const FactorRisk& risk) {
     return object;
 }
 
-Json RiskJson(const RiskRequest& request, const RiskResult& result, const StudyOptions& options,
+Json RiskJson(const RiskRequest& request, const RiskResult& result, const std::string& file,
               const Panel& project) {
-    Json object{
-        {"file", options.project}, {"ok", result.refused < request.samples}, {"messages", result.refusals}};
+    Json object{{"file", file}, {"ok", result.refused < request.samples}, {"messages", result.refusals}};
     object["samples"] = request.samples;
     object["seed"] = request.seed;
     object["method"] = request.latin ? "latin-hypercube" : "plain";
@@ -173,8 +157,7 @@ Json RiskJson(const RiskRequest& request, const RiskResult& result, const StudyO
     return object;
 }
 
-void WriteSamples(const RiskRequest& request, const RiskResult& result, const StudyOptions& options) {
-    const auto sink = OpenFileSink(options.samples_out, options.common.force);
+void WriteSamples(const RiskRequest& request, const RiskResult& result, RowSink& sink) {
     std::string text;
     for (const RandomField& one : request.fields) text += std::string(NameOfField(one.field)) + ',';
     text += "Overall,WebsOnly,BarrierPillar\r\n";
@@ -189,38 +172,122 @@ void WriteSamples(const RiskRequest& request, const RiskResult& result, const St
             text += factor + 1 < kFactors ? "," : "\r\n";
         }
         if (text.size() < kEnough) continue;
-        sink->Write(text);
+        sink.Write(text);
         text.clear();
     }
-    sink->Write(text);
-    sink->Finish();
+    sink.Write(text);
+    sink.Finish();
+}
+
+class Risk : public StudyCommand {
+  public:
+    std::string Name() const override { return "risk"; }
+    std::string Summary() const override {
+        return "How likely the factors lie below their targets when figures are uncertain";
+    }
+    void Describe(CommandOptions& options) override;
+
+  protected:
+    std::vector<std::string> Examples() const override {
+        return {"tarvokol-cli risk panel.TKL --random CoalStrength=lognormal:100%:15%",
+                "tarvokol-cli risk panel.TKL --random CoalStrength=normal:900:135 --random "
+                "DepthCover=triangular:90%:100%:120% -o risk.png",
+                "tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --samples 1000000 --json"};
+    }
+    int Study(HeadlessPlatform& host) override;
+
+  private:
+    RiskRequest RequestFor(const Panel& project) const;
+    void Write(const OutputTarget& target, const RiskRequest& request, const RiskResult& result,
+               const Panel& project) const;
+
+    std::vector<std::string> random_;
+    std::vector<std::string> correlations_;
+    std::string samples_;
+    std::string seed_;
+    bool plain_ = false;
+    std::string samples_out_;
+};
+
+void Risk::Describe(CommandOptions& options) {
+    AddStudy(options, "Write the summary (.txt, .json) or a picture (.png, .svg, .pdf)",
+             {"txt", "json", "png", "svg", "pdf"});
+    options.Texts(
+        {.spelling = "--random",
+         .help = "FIELD=normal:MEAN:SD, lognormal:MEAN:SD, uniform:LO:HI or triangular:LO:MODE:HI; a "
+                 "figure that ends in % is a share of the project's own; once per field",
+         .value = "FIELD=DISTRIBUTION",
+         .required = true},
+        random_);
+    options.Texts({.spelling = "--correlate",
+                   .help = "FIELD,FIELD=R: correlation of a pair of normal fields",
+                   .value = "A,B=R"},
+                  correlations_);
+    options.Text({.spelling = "--samples",
+                  .help = "Number of samples (default 100000)",
+                  .value = "N",
+                  .refusal = WhyEmpty},
+                 samples_);
+    options.Text({.spelling = "--seed",
+                  .help = "Seed of the random numbers (default 1)",
+                  .value = "S",
+                  .refusal = WhyEmpty},
+                 seed_);
+    options.Flag({.spelling = "--plain", .help = "Independent draws instead of a Latin hypercube"}, plain_);
+    options.Text({.spelling = "--samples-out",
+                  .help = "Write all samples as CSV",
+                  .value = "FILE.csv",
+                  .refusal = WhyEmpty},
+                 samples_out_);
+}
+
+RiskRequest Risk::RequestFor(const Panel& project) const {
+    constexpr double kMostSamples = 4294967295.0;
+    constexpr double kLargestSeed = 9007199254740992.0;
+    RiskRequest request;
+    for (const std::string& text : random_) request.AddField(text, project);
+    for (const std::string& text : correlations_) request.AddCorrelation(text);
+    if (!samples_.empty())
+        request.samples = WholeOption<std::uint32_t>(samples_, "--samples", 1, kMostSamples);
+    if (!seed_.empty()) request.seed = WholeOption<std::uint64_t>(seed_, "--seed", 0, kLargestSeed);
+    request.latin = !plain_;
+    request.keep_drawn = !samples_out_.empty();
+    request.threads = Threads();
+    return request;
+}
+
+void Risk::Write(const OutputTarget& target, const RiskRequest& request, const RiskResult& result,
+                 const Panel& project) const {
+    const std::string json = JsonLine(RiskJson(request, result, Project(), project));
+    const std::string path = target.PathFor(Project());
+    if (target.Format() == ".json")
+        target.WriteBytes(path, json);
+    else if (target.Format() == ".txt")
+        target.WriteBytes(path, RiskText(request, result, Title()));
+    else if (target.ToFile())
+        target.Write(path, [&](const std::string& name) { DrawRisk(result, Title(), name); });
+    if (options_.json) std::cout << json;
+    if (!options_.json && !target.ToFile()) std::cout << RiskText(request, result, Title());
+}
+
+int Risk::Study(HeadlessPlatform& host) {
+    const OutputTarget target(options_, {".txt", ".json", ".png", ".svg", ".pdf"});
+    if (target.IsDrawn()) TheDrawing();
+    const Panel project = ReadProject(host);
+    const RiskRequest request = RequestFor(project);
+    if (target.ToFile()) target.Prepare(target.PathFor(Project()));
+    const RiskResult result = RunRisk(request, project);
+    if (!samples_out_.empty()) WriteSamples(request, result, *OpenFileSink(samples_out_, options_.force));
+    Write(target, request, result, project);
+    if (result.refused == request.samples)
+        throw DataError{Project() + ": every sample was refused: " + result.refusals.front()};
+    return exit_status::Done;
 }
 
 }  // namespace
 
-int RunRiskCommand(const StudyOptions& options, HeadlessPlatform& host) {
-    return RunStudy([&] {
-        const OutputTarget target(options.common, {".txt", ".json", ".png", ".svg", ".pdf"});
-        if (target.IsDrawn()) TheDrawing();
-        const Panel project = ReadStudyProject(options, host);
-        const RiskRequest request = RequestOf(options, project);
-        if (target.ToFile()) target.Prepare(target.PathFor(options.project));
-        const RiskResult result = RunRisk(request, project);
-        if (!options.samples_out.empty()) WriteSamples(request, result, options);
-        const std::string json = JsonLine(RiskJson(request, result, options, project));
-        const std::string path = target.PathFor(options.project);
-        if (target.Format() == ".json")
-            target.WriteBytes(path, json);
-        else if (target.Format() == ".txt")
-            target.WriteBytes(path, RiskText(request, result, options));
-        else if (target.ToFile())
-            target.Write(path, [&](const std::string& name) { DrawRisk(result, options, name); });
-        if (options.common.json) std::cout << json;
-        if (!options.common.json && !target.ToFile()) std::cout << RiskText(request, result, options);
-        if (result.refused == request.samples)
-            throw DataError{options.project + ": every sample was refused: " + result.refusals.front()};
-        return static_cast<int>(exit_status::Done);
-    });
+std::unique_ptr<Command> RiskCommand() {
+    return std::make_unique<Risk>();
 }
 
 }  // namespace tarvokol::cli

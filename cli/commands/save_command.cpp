@@ -3,22 +3,41 @@
 #include "cli/commands/commands.h"
 
 namespace tarvokol::cli {
+namespace {
 
-int RunSave(const Options& options, HeadlessPlatform& host) {
-    if (options.output.empty()) throw UsageError{"-o is required: the file or folder to write"};
-    const OutputTarget target(options, {});
-    BulkRun run(options, host, target);
-    return run.Run([&](const std::string& file) {
-        FileResult result;
-        result.ok = OpenProject(file);
-        if (!result.ok) return result;
-        const std::string output = target.PathFor(file);
-        result.keys.Add("output", output);
-        result.keys.Add("project", ProjectJson());
-        result.keys.Add("units", ProjectUnitsJson());
-        target.WriteProject(output);
-        return result;
-    });
+FileResult SaveOne(const std::string& file, const OutputTarget& target) {
+    FileResult result;
+    result.ok = OpenProject(file);
+    if (!result.ok) return result;
+    const std::string output = target.PathFor(file);
+    result.keys.Add("output", output);
+    result.keys.Add("project", ProjectJson());
+    result.keys.Add("units", ProjectUnitsJson());
+    target.WriteProject(output);
+    return result;
+}
+
+class Save : public Command {
+  public:
+    std::string Name() const override { return "save"; }
+    std::string Summary() const override { return "Read a project and write it again"; }
+
+    void Describe(CommandOptions& options) override {
+        AddFiles(options, options_, "The file or folder to write (required)", {});
+    }
+
+    int Run(HeadlessPlatform& host) override {
+        if (options_.output.empty()) throw UsageError{"-o is required: the file or folder to write"};
+        const OutputTarget target(options_, {});
+        BulkRun run(options_, host, target);
+        return run.Run([&](const std::string& file) { return SaveOne(file, target); });
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<Command> SaveCommand() {
+    return std::make_unique<Save>();
 }
 
 }  // namespace tarvokol::cli

@@ -2,10 +2,10 @@
 #include <iostream>
 
 #include "cli/commands/commands.h"
+#include "cli/line/settings_file.h"
 #include "cli/output/json.h"
 #include "core/program/start_up.h"
 #include "core/runtime/text.h"
-#include "core/settings/configuration.h"
 #include "core/settings/key_tables.h"
 
 namespace tarvokol::cli {
@@ -41,20 +41,31 @@ std::string ListText() {
     return text;
 }
 
+class Settings : public Command {
+  public:
+    std::string Name() const override { return "settings"; }
+    std::string Summary() const override { return "The effective settings after reading"; }
+
+    void Describe(CommandOptions& options) override {
+        AddSettings(options, options_);
+        options.Text({.spelling = "FILE.INI",
+                      .help = "Configuration file to read (default: the built-in values)",
+                      .existing_file = true},
+                     options_.settings);
+    }
+
+    int Run(HeadlessPlatform& /*host*/) override {
+        ResetProgram();
+        ReadConfiguration(options_.settings);
+        std::cout << (options_.json ? SettingsJson() : ListText());
+        return exit_status::Done;
+    }
+};
+
 }  // namespace
 
-void ReadConfiguration(const std::string& ini_path) {
-    if (ini_path.empty()) return;
-    IniPath = ini_path;
-    if (ReadSettings(RangeRepair::KeepInMemory)) return;
-    throw UsageError{"--settings: " + ini_path + ": cannot be read, or is larger than 16 MB"};
-}
-
-int RunSettings(bool json, const std::string& ini_path) {
-    ResetProgram();
-    ReadConfiguration(ini_path);
-    std::cout << (json ? SettingsJson() : ListText());
-    return exit_status::Done;
+std::unique_ptr<Command> SettingsCommand() {
+    return std::make_unique<Settings>();
 }
 
 }  // namespace tarvokol::cli

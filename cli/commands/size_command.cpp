@@ -35,12 +35,28 @@ FileResult SizesOf(const std::string& file) {
     return result;
 }
 
+class Size : public Command {
+  public:
+    std::string Name() const override { return "size"; }
+    std::string Summary() const override {
+        return "Suggested web and barrier sizes, of a metric project in inches";
+    }
+
+    void Describe(CommandOptions& options) override {
+        AddFiles(options, options_, "Write the sizes: .json, or a folder", {"json"});
+    }
+
+    int Run(HeadlessPlatform& host) override {
+        const OutputTarget target(options_, {".json"});
+        BulkRun run(options_, host, target);
+        return run.Run(SizesOf);
+    }
+};
+
 }  // namespace
 
-int RunSize(const Options& options, HeadlessPlatform& host) {
-    const OutputTarget target(options, {".json"});
-    BulkRun run(options, host, target);
-    return run.Run(SizesOf);
+std::unique_ptr<Command> SizeCommand() {
+    return std::make_unique<Size>();
 }
 
 }  // namespace tarvokol::cli

@@ -36,12 +36,12 @@ constexpr std::size_t kFactorFigures = 3;
 
 constexpr std::size_t kMostMapCells = 4000000;
 
-const Figure& FigureNamed(const StudyOptions& options) {
-    const std::string name = options.of.empty() ? kFigures[0].name : options.of;
+const Figure& FigureNamed(const std::string& given, bool sizes) {
+    const std::string name = given.empty() ? kFigures[0].name : given;
     std::string known;
     for (const Figure& figure : kFigures) {
         if (EqualIgnoringCase(name, figure.name)) {
-            if (figure.size && !options.sizes) throw UsageError{"--of " + name + ": needs --size"};
+            if (figure.size && !sizes) throw UsageError{"--of " + name + ": needs --size"};
             return figure;
         }
         known += (known.empty() ? "" : ", ") + std::string(figure.name);
@@ -71,45 +71,45 @@ StudyTarget TargetOf(const Figure& figure, const Panel& project) {
     return {"", std::numeric_limits<double>::quiet_NaN()};
 }
 
-void DrawCurves(RowSource& source, const ValueAxis& axis, const Panel& project, const StudyOptions& options,
+void DrawCurves(RowSource& source, const ValueAxis& axis, const RowJob& job, const std::string& figure_name,
                 const std::string& path) {
-    const bool factors = options.of.empty();
-    const Figure& asked = FigureNamed(options);
+    const bool factors = figure_name.empty();
+    const Figure& asked = FigureNamed(figure_name, job.sizes);
     std::vector<const Figure*> figures{&asked};
     if (factors) figures = {&kFigures[0], &kFigures[1], &kFigures[2]};
     CurvesPicture picture;
-    picture.titles = {StudyTitle(options), AxisTitle(axis, project),
+    picture.titles = {job.title, AxisTitle(axis, job.project),
                       factors ? "Stability factor" : WithUnit(asked.title, asked.unit)};
     picture.x = PlacesOf(axis);
     for (const Figure* figure : figures) picture.curves.push_back({figure->legend, {}});
-    CollectRows(source, project, options, [&](auto, const PanelFigures& row) {
+    CollectRows(source, job, [&](auto, const PanelFigures& row) {
         for (std::size_t i = 0; i < figures.size(); ++i)
             picture.curves[i].y.push_back(row.*figures[i]->value);
     });
     for (const Figure* figure : figures) {
-        const StudyTarget target = TargetOf(*figure, project);
+        const StudyTarget target = TargetOf(*figure, job.project);
         if (!std::isnan(target.value)) picture.targets.push_back(target);
     }
     TheDrawing().DrawStudy(path, picture);
 }
 
-void DrawMap(RowSource& source, const std::vector<ValueAxis>& axes, const Panel& project,
-             const StudyOptions& options, const std::string& path) {
-    const Figure& figure = FigureNamed(options);
+void DrawMap(RowSource& source, const std::vector<ValueAxis>& axes, const RowJob& job,
+             const std::string& figure_name, const std::string& path) {
+    const Figure& figure = FigureNamed(figure_name, job.sizes);
     if (axes[0].Count() < 2 || axes[1].Count() < 2)
         throw UsageError{"-o: a map needs two values or more of each field"};
     if (axes[0].Count() * axes[1].Count() > kMostMapCells)
         throw UsageError{"-o: a map of more than " + std::to_string(kMostMapCells) +
                          " panels; give larger steps"};
     MapPicture picture;
-    picture.titles = {StudyTitle(options), AxisTitle(axes[0], project), AxisTitle(axes[1], project)};
+    picture.titles = {job.title, AxisTitle(axes[0], job.project), AxisTitle(axes[1], job.project)};
     picture.value_name = WithUnit(figure.title, figure.unit);
-    picture.target = TargetOf(figure, project);
+    picture.target = TargetOf(figure, job.project);
     picture.grid.x = PlacesOf(axes[0]);
     picture.grid.y = PlacesOf(axes[1]);
     picture.grid.values.resize(axes[0].Count() * axes[1].Count());
     std::size_t row = 0;
-    CollectRows(source, project, options, [&](auto, const PanelFigures& figures) {
+    CollectRows(source, job, [&](auto, const PanelFigures& figures) {
         const std::size_t i = row / axes[1].Count();
         const std::size_t j = row % axes[1].Count();
         picture.grid.values[j * axes[0].Count() + i] = figures.*figure.value;
@@ -120,24 +120,24 @@ void DrawMap(RowSource& source, const std::vector<ValueAxis>& axes, const Panel&
 
 }  // namespace
 
-void CheckFigure(const StudyOptions& options) {
-    FigureNamed(options);
+void CheckFigure(const std::string& figure, bool sizes) {
+    FigureNamed(figure, sizes);
 }
 
-void DrawSweep(RowSource& source, const std::vector<ValueAxis>& axes, const Panel& project,
-               const StudyOptions& options, const std::string& path) {
+void DrawSweep(RowSource& source, const std::vector<ValueAxis>& axes, const RowJob& job,
+               const std::string& figure, const std::string& path) {
     if (axes.size() > 2)
         throw UsageError{"-o: a picture shows one field (curves) or two (a map), not " +
                          std::to_string(axes.size()) + "; write .csv, .json or .xlsx, or vary fewer fields"};
     if (axes.size() == 1)
-        DrawCurves(source, axes[0], project, options, path);
+        DrawCurves(source, axes[0], job, figure, path);
     else
-        DrawMap(source, axes, project, options, path);
+        DrawMap(source, axes, job, figure, path);
 }
 
-void DrawRisk(const RiskResult& result, const StudyOptions& options, const std::string& path) {
+void DrawRisk(const RiskResult& result, const std::string& title, const std::string& path) {
     SpreadPicture picture;
-    picture.title = StudyTitle(options);
+    picture.title = title;
     for (std::size_t factor = 0; factor < kFactorFigures; ++factor) {
         SpreadPanel panel;
         panel.name = kFigures[factor].title;

@@ -5,22 +5,22 @@
 #include <string>
 #include <vector>
 
-#include "cli/commands/study_options.h"
+#include "cli/commands/study_base.h"
 #include "cli/commands/study_run.h"
 #include "core/studies/risk_study.h"
 #include "core/studies/value_axis.h"
 
 namespace tarvokol::cli {
 
-// Raises UsageError where --of names no figure, also where no picture is asked for.
-void CheckFigure(const StudyOptions& options);
+// Raises UsageError where `figure`, the name that --of gives, is none, and for a size without --size.
+void CheckFigure(const std::string& figure, bool sizes);
 
-// Draws a sweep of one or two fields. Raises UsageError for more of them, for a map whose figure is not
-// known, or whose axis has fewer than two values, and OutputError.
-void DrawSweep(RowSource& source, const std::vector<ValueAxis>& axes, const Panel& project,
-               const StudyOptions& options, const std::string& path);
+// Draws a sweep of one or two fields, of two the figure named; empty stands for the default. Raises UsageError for more
+// fields, for a map whose axis has fewer than two values, and OutputError.
+void DrawSweep(RowSource& source, const std::vector<ValueAxis>& axes, const RowJob& job,
+               const std::string& figure, const std::string& path);
 
 // Draws histogram and cumulative curve of each factor, its targets marked.
-void DrawRisk(const RiskResult& result, const StudyOptions& options, const std::string& path);
+void DrawRisk(const RiskResult& result, const std::string& title, const std::string& path);
 
 }  // namespace tarvokol::cli

@@ -6,7 +6,6 @@
 #include <mutex>
 #include <utility>
 
-#include "cli/commands/row_sink.h"
 #include "cli/output/drawing.h"
 #include "cli/output/progress_bar.h"
 #include "core/files/file_replacement.h"
@@ -54,12 +53,12 @@ using BlockWork = OrderedWork<StudyPiece, RowBlock>;
 
 // One evaluator a piece: making it costs less than a row.
 template <typename Keep>
-RowBlock WorkOn(const RowSource& source, const Panel& project, bool sizes, const StudyPiece& piece, Keep keep,
+RowBlock WorkOn(const RowSource& source, const RowJob& job, const StudyPiece& piece, Keep keep,
                 std::string text = {}) {
     RowBlock block;
     block.text = std::move(text);
     block.count = piece.count;
-    PanelEvaluator panel(project, sizes);
+    PanelEvaluator panel(job.project, job.sizes);
     source.Work(piece, panel, [&](std::span<const LeadingCell* const> leading, const PanelFigures& figures) {
         keep(block, leading, figures);
     });
@@ -82,19 +81,18 @@ void TakeRows(const RowBlock& block, const RowTaker& take) {
     }
 }
 
-void TellUnits(const StudyOptions& options, const std::vector<LeadingColumn>& columns) {
-    if (!options.common.quiet) std::cerr << "Units: " << UnitsInWords(columns, options.sizes) << '\n';
+void TellUnits(const RowJob& job, const std::vector<LeadingColumn>& columns) {
+    if (!job.quiet) std::cerr << "Units: " << UnitsInWords(columns, job.sizes) << '\n';
 }
 
-int WriteTextRows(RowSource& source, const Panel& project, const StudyOptions& options, RowFormat format,
-                  RowSink& sink) {
-    const RowWriter writer(format, options.project, source.Columns(), options.sizes);
-    ProgressBar progress(options.common.quiet, source.Total());
+int WriteTextRows(RowSource& source, const RowJob& job, RowFormat format, RowSink& sink) {
+    const RowWriter writer(format, job.file, source.Columns(), job.sizes);
+    ProgressBar progress(job.quiet, source.Total());
     SpareTexts spare;
     const auto write = [&](StudyPiece& piece) {
         FigureTexts texts;
         return WorkOn(
-            source, project, options.sizes, piece,
+            source, job, piece,
             [&](RowBlock& block, auto leading, const PanelFigures& figures) {
                 writer.Append(block.text, leading, figures, texts);
             },
@@ -104,7 +102,7 @@ int WriteTextRows(RowSource& source, const Panel& project, const StudyOptions& o
     // The header waits for the first rows: a table whose first lines are at fault writes nothing.
     std::string header = writer.Header();
     bool read_on = true;
-    work.Run(options.Threads(), [&](RowBlock&& block) {
+    work.Run(job.threads, [&](RowBlock&& block) {
         if (!header.empty()) block.text.insert(0, std::exchange(header, ""));
         read_on = sink.Write(block.text);
         spare.GiveBack(std::move(block.text));
@@ -124,56 +122,53 @@ constexpr std::uint64_t kMostSheetRows = 1048576;
                      std::to_string(kMostSheetRows) + " of a sheet; write .csv or .json"};
 }
 
-void WriteWorkbook(RowSource& source, const Panel& project, const StudyOptions& options,
-                   const std::string& path) {
+void WriteWorkbook(RowSource& source, const RowJob& job, const std::string& path) {
     if (source.Total() && *source.Total() >= kMostSheetRows) RefuseSheet(*source.Total());
     FileReplacement place(path);
     const auto book = TheDrawing().RowWorkbook(place.BuildPath());
     std::vector<std::string> titles;
     for (const LeadingColumn& column : source.Columns()) titles.push_back(TitleWithUnit(column));
-    for (const std::string& title : FigureTitlesWithUnits(options.sizes)) titles.push_back(title);
+    for (const std::string& title : FigureTitlesWithUnits(job.sizes)) titles.push_back(title);
     book->AddTitles(titles);
     std::uint64_t rows = 1;
-    CollectRows(source, project, options,
-                [&](std::span<const LeadingCell* const> leading, const PanelFigures& figures) {
-                    if (++rows > kMostSheetRows) RefuseSheet(rows - 1);
-                    for (const LeadingCell* cell : leading) {
-                        if (cell->number)
-                            book->AddNumber(
-                                WholeNumber(cell->text).value_or(std::numeric_limits<double>::quiet_NaN()));
-                        else
-                            book->AddText(cell->text);
-                    }
-                    for (const double value : FigureValues(figures, options.sizes)) book->AddNumber(value);
-                    book->AddText(figures.message);
-                    book->EndRow();
-                });
+    CollectRows(source, job, [&](std::span<const LeadingCell* const> leading, const PanelFigures& figures) {
+        if (++rows > kMostSheetRows) RefuseSheet(rows - 1);
+        for (const LeadingCell* cell : leading) {
+            if (cell->number)
+                book->AddNumber(WholeNumber(cell->text).value_or(std::numeric_limits<double>::quiet_NaN()));
+            else
+                book->AddText(cell->text);
+        }
+        for (const double value : FigureValues(figures, job.sizes)) book->AddNumber(value);
+        book->AddText(figures.message);
+        book->EndRow();
+    });
     book->Finish();
     place.Commit();
 }
 
 }  // namespace
 
-void CollectRows(RowSource& source, const Panel& project, const StudyOptions& options, const RowTaker& take) {
-    ProgressBar progress(options.common.quiet, source.Total());
+void CollectRows(RowSource& source, const RowJob& job, const RowTaker& take) {
+    ProgressBar progress(job.quiet, source.Total());
     BlockWork work([&] { return source.Next(); },
-                   [&](StudyPiece& piece) { return WorkOn(source, project, options.sizes, piece, KeepRow); });
-    work.Run(options.Threads(), [&](RowBlock&& block) {
+                   [&](StudyPiece& piece) { return WorkOn(source, job, piece, KeepRow); });
+    work.Run(job.threads, [&](RowBlock&& block) {
         TakeRows(block, take);
         progress.Advance(block.count);
         return true;
     });
 }
 
-int WriteRows(RowSource& source, const Panel& project, const StudyOptions& options, const RowTarget& target) {
+int WriteRows(RowSource& source, const RowJob& job, const RowTarget& target) {
     if (target.Kind() == RowTarget::Workbook) {
-        target.WriteDrawn([&](const std::string& path) { WriteWorkbook(source, project, options, path); });
+        target.WriteDrawn([&](const std::string& path) { WriteWorkbook(source, job, path); });
         return exit_status::Done;
     }
     const auto sink = target.Open();
-    if (target.Kind() == RowTarget::Csv) TellUnits(options, source.Columns());
-    return WriteTextRows(source, project, options,
-                         target.Kind() == RowTarget::Csv ? RowFormat::Csv : RowFormat::JsonLines, *sink);
+    if (target.Kind() == RowTarget::Csv) TellUnits(job, source.Columns());
+    return WriteTextRows(source, job, target.Kind() == RowTarget::Csv ? RowFormat::Csv : RowFormat::JsonLines,
+                         *sink);
 }
 
 }  // namespace tarvokol::cli

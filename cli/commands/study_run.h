@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "cli/commands/row_sink.h"
-#include "cli/commands/study_options.h"
+#include "cli/commands/study_base.h"
+#include "cli/output/row_sink.h"
 #include "cli/output/study_rows.h"
 #include "core/files/csv_reader.h"
 
@@ -48,9 +48,9 @@ class RowSource {
 
 // Writes the rows of the source as CSV, JSON Lines or a workbook. Returns the exit status. Raises UsageError,
 // TableFault, OutputError.
-int WriteRows(RowSource& source, const Panel& project, const StudyOptions& options, const RowTarget& target);
+int WriteRows(RowSource& source, const RowJob& job, const RowTarget& target);
 
 // Hands the rows to the taker in order, in the calling thread: for pictures.
-void CollectRows(RowSource& source, const Panel& project, const StudyOptions& options, const RowTaker& take);
+void CollectRows(RowSource& source, const RowJob& job, const RowTaker& take);
 
 }  // namespace tarvokol::cli

@@ -7,10 +7,10 @@
 #include <memory>
 
 #include "cli/commands/commands.h"
-#include "cli/commands/row_sink.h"
 #include "cli/commands/study_pictures.h"
 #include "cli/commands/study_run.h"
 #include "cli/output/drawing.h"
+#include "cli/output/row_sink.h"
 #include "core/statistics/study_numbers.h"
 #include "core/studies/value_axis.h"
 
@@ -108,9 +108,9 @@ class SweepSource : public RowSource {
     int unit_system_;
 };
 
-std::vector<ValueAxis> AxesOf(const StudyOptions& options) {
+std::vector<ValueAxis> AxesOf(const std::vector<std::string>& varied) {
     std::vector<ValueAxis> axes;
-    for (const std::string& text : options.vary) {
+    for (const std::string& text : varied) {
         ValueAxis axis = ValueAxis::Parse(text);
         for (const ValueAxis& other : axes)
             if (other.Field() == axis.Field())
@@ -135,24 +135,60 @@ std::uint64_t RowsOf(const std::vector<ValueAxis>& axes, bool force) {
     return exact;
 }
 
+class Sweep : public StudyCommand {
+  public:
+    std::string Name() const override { return "sweep"; }
+    std::string Summary() const override {
+        return "Every combination of the values that fields of a project are given";
+    }
+
+    void Describe(CommandOptions& options) override {
+        AddStudy(options, "Write rows (.csv, .json, .xlsx) or a picture (.png, .svg, .pdf)",
+                 {"csv", "json", "xlsx", "png", "svg", "pdf"});
+        AddSizes(options);
+        options.Texts({.spelling = "--vary",
+                       .help = "FIELD=FIRST:LAST:STEP, FIELD=FIRST:LAST/COUNT or FIELD=V1,V2,V3; once per "
+                               "field, the last one given runs fastest",
+                       .value = "FIELD=VALUES",
+                       .required = true},
+                      varied_);
+        options.Text({.spelling = "--of",
+                      .help = "The figure of a picture: Overall (default of a map), WebsOnly, BarrierPillar, "
+                              "ExtractionRatio, SuggestedWeb, SuggestedBarrier",
+                      .value = "FIGURE"},
+                     figure_);
+    }
+
+  protected:
+    std::vector<std::string> Examples() const override {
+        return {"tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 > depth.csv",
+                "tarvokol-cli sweep panel.TKL --vary WebThickness=2:12:0.5 --vary DepthCover=50:400:10 "
+                "--of WebsOnly -o map.svg",
+                "tarvokol-cli sweep panel.TKL --vary NumberHoles=5,10,15,20 --size -o sizes.xlsx"};
+    }
+
+    int Study(HeadlessPlatform& host) override {
+        const std::vector<ValueAxis> axes = AxesOf(varied_);
+        const std::uint64_t rows = RowsOf(axes, options_.force);
+        CheckFigure(figure_, WithSizes());
+        const RowTarget target(options_);
+        if (target.IsDrawn()) TheDrawing();
+        const RowJob job = JobFor(ReadProject(host));
+        SweepSource source(axes, rows, static_cast<int>(job.project.units));
+        if (target.Kind() != RowTarget::Picture) return WriteRows(source, job, target);
+        target.WriteDrawn([&](const std::string& path) { DrawSweep(source, axes, job, figure_, path); });
+        return exit_status::Done;
+    }
+
+  private:
+    std::vector<std::string> varied_;
+    std::string figure_;
+};
+
 }  // namespace
 
-int RunSweep(const StudyOptions& options, HeadlessPlatform& host) {
-    return RunStudy([&] {
-        const std::vector<ValueAxis> axes = AxesOf(options);
-        const std::uint64_t rows = RowsOf(axes, options.common.force);
-        CheckFigure(options);
-        const RowTarget target(options);
-        if (target.IsDrawn()) TheDrawing();
-        const Panel project = ReadStudyProject(options, host);
-        SweepSource source(axes, rows, static_cast<int>(project.units));
-        if (target.Kind() == RowTarget::Picture) {
-            target.WriteDrawn(
-                [&](const std::string& path) { DrawSweep(source, axes, project, options, path); });
-            return static_cast<int>(exit_status::Done);
-        }
-        return WriteRows(source, project, options, target);
-    });
+std::unique_ptr<Command> SweepCommand() {
+    return std::make_unique<Sweep>();
 }
 
 }  // namespace tarvokol::cli

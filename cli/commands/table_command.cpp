@@ -4,10 +4,10 @@
 #include <iostream>
 
 #include "cli/commands/commands.h"
-#include "cli/commands/row_sink.h"
 #include "cli/commands/study_run.h"
 #include "cli/line/standard_input.h"
 #include "cli/output/drawing.h"
+#include "cli/output/row_sink.h"
 #include "core/files/csv_reader.h"
 #include "core/runtime/text.h"
 #include "core/statistics/study_numbers.h"
@@ -117,27 +117,60 @@ void CheckWholeFile(const std::string& path, int unit_system) {
     TableSource(input, path, unit_system).CheckAll();
 }
 
-}  // namespace
+class Table : public StudyCommand {
+  public:
+    std::string Name() const override { return "table"; }
+    std::string Summary() const override {
+        return "A table of panels: each row of a CSV file sets some fields of a project";
+    }
 
-int RunTable(const StudyOptions& options, HeadlessPlatform& host) {
-    return RunStudy([&] {
-        const RowTarget target(options);
+    void Describe(CommandOptions& options) override {
+        AddStudy(options, "Write the rows: .csv, .json or .xlsx", {"csv", "json", "xlsx"});
+        AddSizes(options);
+        options.Text(
+            {.spelling = "ROWS.csv",
+             .help =
+                 "The table: a header with names of fields and any other columns; `-` reads standard input",
+             .required = true},
+            rows_);
+    }
+
+  protected:
+    std::vector<std::string> Examples() const override {
+        return {"tarvokol-cli table panel.TKL boreholes.csv > factors.csv",
+                "tarvokol-cli table panel.TKL boreholes.csv --size -o factors.xlsx",
+                "cut -d, -f1-3 survey.csv | tarvokol-cli table panel.TKL - --json"};
+    }
+
+    int Study(HeadlessPlatform& host) override {
+        const RowTarget target(options_);
         if (target.Kind() == RowTarget::Picture)
             throw UsageError{"-o: a table gives .csv, .json or .xlsx, no picture"};
-        if (options.rows == kStandardStream && options.common.stdin_project)
+        const bool from_standard_input = rows_ == kStandardStream;
+        if (from_standard_input && options_.stdin_project)
             throw UsageError{"--stdin-project: standard input holds the project or the rows, not both"};
         if (target.IsDrawn()) TheDrawing();
-        const Panel project = ReadStudyProject(options, host);
-        if (options.rows == kStandardStream) {
-            TableSource source(std::cin, "standard input", static_cast<int>(project.units));
-            return WriteRows(source, project, options, target);
+        const RowJob job = JobFor(ReadProject(host));
+        const int units = static_cast<int>(job.project.units);
+        if (from_standard_input) {
+            TableSource source(std::cin, "standard input", units);
+            return WriteRows(source, job, target);
         }
-        RequireReadableFile(options.rows);
-        CheckWholeFile(options.rows, static_cast<int>(project.units));
-        std::ifstream input(options.rows, std::ios::binary);
-        TableSource source(input, options.rows, static_cast<int>(project.units));
-        return WriteRows(source, project, options, target);
-    });
+        RequireReadableFile(rows_);
+        CheckWholeFile(rows_, units);
+        std::ifstream input(rows_, std::ios::binary);
+        TableSource source(input, rows_, units);
+        return WriteRows(source, job, target);
+    }
+
+  private:
+    std::string rows_;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> TableCommand() {
+    return std::make_unique<Table>();
 }
 
 }  // namespace tarvokol::cli

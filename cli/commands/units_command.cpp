@@ -33,31 +33,64 @@ int UnitIndex(Quantity quantity, const std::string& unit) {
     throw UsageError{"UNIT: " + unit + " is none of " + known};
 }
 
+// The boxes of the quantity, a line each or as an object.
+void Print(Quantity quantity, const std::vector<double>& values, bool json) {
+    Json object;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const std::string& caption = UnitBoxCaptions(quantity)[i];
+        const std::string text = GeneralText(values[i]);
+        object[caption] = text;
+        if (!json) std::cout << caption << ": " << text << '\n';
+    }
+    if (json) std::cout << JsonLine(object);
+}
+
+class Units : public Command {
+  public:
+    std::string Name() const override { return "units"; }
+    std::string Summary() const override { return "The unit calculator"; }
+    bool TakesNumbers() const override { return true; }
+
+    void Describe(CommandOptions& options) override {
+        AddSettings(options, options_);
+        options.Text({.spelling = "QUANTITY",
+                      .help = "length, load, load-grad, stress or stress-grad",
+                      .required = true,
+                      .choices = {"length", "load", "load-grad", "stress", "stress-grad"}},
+                     quantity_);
+        options.Text(
+            {.spelling = "UNIT", .help = "An option caption such as psf or lbsF/ft", .required = true},
+            unit_);
+        options.Text({.spelling = "VALUE", .help = "What would be typed", .required = true}, value_);
+    }
+
+    int Run(HeadlessPlatform& /*host*/) override {
+        const Quantity quantity = Quantities().at(quantity_);
+        const int index = UnitIndex(quantity, unit_);
+        const auto number = WholeNumber(value_);
+        if (!number) throw UsageError{"VALUE: " + WhyNoNumber(value_)};
+        try {
+            Print(quantity, ConvertUnits(quantity, index, *number), options_.json);
+            return exit_status::Done;
+        } catch (const RunTimeError& error) {
+            if (options_.json)
+                std::cout << JsonLine(Json{{"error", {{"number", error.number}, {"text", error.text}}}});
+            else
+                std::cerr << value_ << ": " << error.text << '\n';
+            return exit_status::Refused;
+        }
+    }
+
+  private:
+    std::string quantity_;
+    std::string unit_;
+    std::string value_;
+};
+
 }  // namespace
 
-int RunUnits(bool json, const std::string& quantity_name, const std::string& unit, const std::string& value) {
-    const Quantity quantity = Quantities().at(quantity_name);
-    const int index = UnitIndex(quantity, unit);
-    const auto number = WholeNumber(value);
-    if (!number) throw UsageError{"VALUE: " + WhyNoNumber(value)};
-    try {
-        const std::vector<double> values = ConvertUnits(quantity, index, *number);
-        Json object;
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            const std::string& caption = UnitBoxCaptions(quantity)[i];
-            const std::string text = GeneralText(values[i]);
-            object[caption] = text;
-            if (!json) std::cout << caption << ": " << text << '\n';
-        }
-        if (json) std::cout << JsonLine(object);
-        return exit_status::Done;
-    } catch (const RunTimeError& error) {
-        if (json)
-            std::cout << JsonLine(Json{{"error", {{"number", error.number}, {"text", error.text}}}});
-        else
-            std::cerr << value << ": " << error.text << '\n';
-        return exit_status::Refused;
-    }
+std::unique_ptr<Command> UnitsCommand() {
+    return std::make_unique<Units>();
 }
 
 }  // namespace tarvokol::cli

@@ -6,7 +6,7 @@
 namespace tarvokol::cli {
 namespace {
 
-// A negative number that is an argument by itself is a VALUE, no option: it goes to the end, behind "--".
+// A negative number that is an argument by itself is a VALUE, no option: it goes to the end, after "--".
 void ProtectNegativeValue(std::vector<std::string>& arguments) {
     const auto end = std::find(arguments.begin(), arguments.end(), "--");
     const auto found = std::find_if(arguments.begin(), end, [](const std::string& word) {
@@ -34,14 +34,12 @@ void Unprotect(std::string& word) {
     if (!word.empty() && word.back() == kNoList) word.pop_back();
 }
 
-std::vector<std::string> Arguments(int argc, char** argv) {
-    std::vector<std::string> arguments(argv + 1, argv + argc);
-    const std::string command = arguments.empty() ? "" : arguments.front();
-    if (command == "units")
-        ProtectNegativeValue(arguments);
-    else if (command != "settings")
-        ProtectBrackets(arguments);
-    return {arguments.rbegin(), arguments.rend()};  // CLI11 takes them last first
+std::vector<std::string> Arguments(std::vector<std::string> words, bool takes_numbers) {
+    if (takes_numbers)
+        ProtectNegativeValue(words);
+    else
+        ProtectBrackets(words);
+    return {words.rbegin(), words.rend()};  // the library takes them last first
 }
 
 }  // namespace tarvokol::cli

@@ -7,9 +7,9 @@
 
 namespace tarvokol::cli {
 
-// The arguments of `main` without the program's name, the last one first. Paths are protected where the
-// library would take them for something else.
-std::vector<std::string> Arguments(int argc, char** argv);
+// The words after the program's name, the last one first. What the library would take for something else is protected:
+// paths in square brackets or, for a command that takes numbers, a negative one.
+std::vector<std::string> Arguments(std::vector<std::string> words, bool takes_numbers);
 
 // Takes the protection off a path that the library has handed back.
 void Unprotect(std::string& word);

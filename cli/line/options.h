@@ -16,9 +16,10 @@ constexpr int NotWritten = 3;  // an output could not be written
 
 struct Options {
     std::vector<std::string> files;
-    std::string settings;  // configuration file; empty: the built-in values
-    std::string output;    // file or folder; empty: standard output as text, "-": as the bytes of a file
-    std::string format;    // of standard output or of the files in a folder: an extension without its dot
+    std::string settings;      // configuration file; empty: the built-in values
+    std::string output;        // file or folder; empty: standard output as text, "-": as the bytes of a file
+    std::string format;        // of standard output or of the files in a folder: an extension without its dot
+    bool has_formats = false;  // the command has --format
     bool json = false;
     bool force = false;          // replace existing files
     bool quiet = false;          // no progress line

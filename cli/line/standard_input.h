@@ -8,7 +8,7 @@
 
 namespace tarvokol::cli {
 
-// What stands for standard input among the FILEs, and for standard output behind -o.
+// What stands for standard input among the FILEs, and for standard output after -o.
 inline constexpr const char* kStandardStream = "-";
 
 // From here on the FILE "-" is the project on standard input, if the option --stdin-project asks for it.

@@ -26,12 +26,12 @@ std::string OnOneLine(const std::string& text) {
 }
 
 const Lines kCommon{"--settings FILE.INI:FILE Configuration file to read (default: the built-in values) ",
-                    "--json Print JSON Lines, one object a FILE ", "-q,--quiet No progress line "};
+                    "--json Print JSON Lines, one object per FILE ", "-q,--quiet No progress line "};
 const Lines kFiles{"FILE ... REQUIRED Projects; `-` alone reads their paths from standard input "};
 const Lines kProject{"PROJECT REQUIRED The project to start from "};
 const Lines kOverwriting{"--force Replace existing files ",
                          "--stdin-project The project `-` is read from standard input "};
-const Lines kThreads{"--threads N Threads to calculate on (default: one a core) "};
+const Lines kThreads{"--threads N Threads to calculate on (default: one per core) "};
 const Lines kSizes{"--size The suggested sizes, too: SuggestedWeb and SuggestedBarrier, inches "};
 
 const std::string kFields =
@@ -141,7 +141,7 @@ TEST_F(Help, TellsOfSweeps) {
             Output("Write rows (.csv, .json, .xlsx) or a picture (.png, .svg, .pdf)") +
             Format("csv,json,xlsx,png,svg,pdf") + kOverwriting + kThreads + kSizes +
             Lines{"--vary FIELD=VALUES REQUIRED FIELD=FIRST:LAST:STEP, FIELD=FIRST:LAST/COUNT or "
-                  "FIELD=V1,V2,V3; once a field, the last one given runs fastest ",
+                  "FIELD=V1,V2,V3; once per field, the last one given runs fastest ",
                   "--of FIGURE The figure of a picture: Overall (default of a map), WebsOnly, BarrierPillar, "
                   "ExtractionRatio, SuggestedWeb, SuggestedBarrier "});
     EXPECT_THAT(
@@ -176,7 +176,7 @@ TEST_F(Help, TellsOfRisks) {
             Format("txt,json,png,svg,pdf") + kOverwriting + kThreads +
             Lines{
                 "--random FIELD=DISTRIBUTION REQUIRED FIELD=normal:MEAN:SD, lognormal:MEAN:SD, uniform:LO:HI "
-                "or triangular:LO:MODE:HI; a figure that ends in % is a share of the project's own; once a "
+                "or triangular:LO:MODE:HI; a figure that ends in % is a share of the project's own; once per "
                 "field ",
                 "--correlate A,B=R FIELD,FIELD=R: correlation of a pair of normal fields ",
                 "--samples N Number of samples (default 100000) ",

@@ -67,7 +67,7 @@ TEST_F(Manners, AWrongOptionIsNamedWithTheNearestRightOne) {
     EXPECT_EQ(Refusal({"size", "--colour", "p.TKL"}), "--colour is no option of size\n" + more);
     EXPECT_EQ(Refusal({"--verison"}), "--verison is no option; did you mean --version?\n" + more);
     EXPECT_EQ(Refusal({"--json", "size", "p.TKL"}),
-              "--json: the options of a command stand behind its name\n");
+              "--json: the options of a command stand after its name\n");
 }
 
 TEST_F(Manners, AWrongChoiceIsNamedWithTheNearestRightOne) {

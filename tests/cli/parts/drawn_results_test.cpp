@@ -2,7 +2,6 @@
 // What the commands over projects give to be printed or drawn, and under which name.
 #include <gmock/gmock.h>
 
-#include "cli/commands/commands.h"
 #include "tests/cli/parts/recording_drawing.h"
 
 namespace tarvokol::cli {
@@ -15,13 +14,10 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-class DrawnResults : public DrawnTest {
-  protected:
-    Options Into(const std::string& output) const { return StudyInto(output).common; }
-};
+using DrawnResults = DrawnTest;
 
-TEST_F(DrawnResults, AReportIsPrintedPageBehindPage) {
-    EXPECT_EQ(RunResults(Into("r.pdf"), Host), 0);
+TEST_F(DrawnResults, AReportIsPrintedPageAfterPage) {
+    EXPECT_EQ(Run(Into("r.pdf", {"results"})), 0);
     ASSERT_EQ(TheRecording().Calls.size(), 1u);
     const std::string& printed = TheRecording().Calls[0];
     EXPECT_THAT(printed, AllOf(StartsWith("print r.pdf: TARVOKOL module build: 1.3.02\r\n"),
@@ -37,13 +33,13 @@ TEST_F(DrawnResults, ACurveIsDrawnAsItsGraph) {
                                                                   {"barrier", "curves c.svg sizing 1"}};
     for (const auto& [kind, call] : graphs) {
         TheRecording() = RecordingDrawing();
-        EXPECT_EQ(RunCurve(Into("c.svg"), Host, kind), 0);
+        EXPECT_EQ(Run(Into("c.svg", {"curve", kind})), 0);
         EXPECT_THAT(TheRecording().Calls, ElementsAre(call));
     }
 }
 
 TEST_F(DrawnResults, AWorkbookOfCurvesIsBegunFilledAndFinished) {
-    EXPECT_EQ(RunCurve(Into("c.xlsx"), Host, "sf-height"), 0);
+    EXPECT_EQ(Run(Into("c.xlsx", {"curve", "sf-height"})), 0);
     const auto& calls = TheRecording().Calls;
     ASSERT_GT(calls.size(), 4u);
     EXPECT_THAT(calls[0], StartsWith("workbook c.xlsx"));
@@ -54,16 +50,16 @@ TEST_F(DrawnResults, AWorkbookOfCurvesIsBegunFilledAndFinished) {
 }
 
 TEST_F(DrawnResults, APlanIsDrawnAsInItsWindowOrAsAPreview) {
-    EXPECT_EQ(RunPlan(Into("p.png"), Host, "dimensions", "window"), 0);
-    EXPECT_EQ(RunPlan(Into("q.pdf"), Host, "strength", "preview"), 0);
+    EXPECT_EQ(Run(Into("p.png", {"plan", "--mode", "dimensions", "--view", "window"})), 0);
+    EXPECT_EQ(Run(Into("q.pdf", {"plan", "--mode", "strength", "--view", "preview"})), 0);
     EXPECT_THAT(TheRecording().Calls, ElementsAre("plan p.png window", "plan q.pdf preview"));
 }
 
 TEST_F(DrawnResults, TextsAndTablesAreNotDrawn) {
-    EXPECT_EQ(RunResults(Into("r.txt"), Host), 0);
-    EXPECT_EQ(RunCurve(Into("c.csv"), Host, "web"), 0);
-    EXPECT_EQ(RunCurve(Into("c.json"), Host, "web"), 0);
-    EXPECT_EQ(RunPlan(Into("p.csv"), Host, "dimensions", "window"), 0);
+    EXPECT_EQ(Run(Into("r.txt", {"results"})), 0);
+    EXPECT_EQ(Run(Into("c.csv", {"curve", "web"})), 0);
+    EXPECT_EQ(Run(Into("c.json", {"curve", "web"})), 0);
+    EXPECT_EQ(Run(Into("p.csv", {"plan", "--mode", "dimensions", "--view", "window"})), 0);
     EXPECT_TRUE(TheRecording().Calls.empty());
     EXPECT_THAT(ReadBytes(PathTo("c.csv")), StartsWith("Depth of Cover (ft),Web Thickness (ft)\n"));
     EXPECT_THAT(ReadBytes(PathTo("p.csv")), HasSubstr("\n" + PathTo("p.TKL") + ",1,Barrier,ft,"));

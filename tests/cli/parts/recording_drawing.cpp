@@ -4,6 +4,9 @@
 #include <filesystem>
 #include <fstream>
 
+#include "cli/commands/commands.h"
+#include "cli/line/command_line.h"
+
 namespace tarvokol::cli {
 namespace {
 
@@ -114,23 +117,23 @@ std::string DrawnTest::WriteProject(const std::string& name, const std::string& 
     return PathTo(name);
 }
 
-StudyOptions DrawnTest::StudyInto(const std::string& output) const {
-    StudyOptions options;
-    options.project = PathTo("p.TKL");
-    options.common.files = {options.project};
-    options.common.output = PathTo(output);
-    options.common.quiet = true;
-    options.threads = 2;
-    return options;
+DrawnTest::Words DrawnTest::Into(const std::string& output, Words command, const Words& more) const {
+    command.insert(command.end(), {PathTo("p.TKL"), "--quiet", "-o", PathTo(output)});
+    command.insert(command.end(), more.begin(), more.end());
+    return command;
 }
 
-std::string DrawnTest::RefusalOf(const std::function<int()>& study) {
-    try {
-        study();
-        return "";
-    } catch (const UsageError& error) {
-        return error.text;
-    }
+int DrawnTest::Run(const Words& words) {
+    return RunWords(AllCommands(), words, Host);
+}
+
+std::string DrawnTest::RefusalOf(const Words& words) {
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(Run(words), exit_status::WrongUsage);
+    std::string told = testing::internal::GetCapturedStderr();
+    EXPECT_TRUE(told.ends_with('\n'));
+    if (!told.empty()) told.pop_back();
+    return told;
 }
 
 }  // namespace tarvokol::cli

@@ -6,7 +6,6 @@
 #include <variant>
 #include <vector>
 
-#include "cli/commands/study_options.h"
 #include "cli/output/drawing.h"
 #include "tests/support/core_fixture.h"
 
@@ -50,11 +49,16 @@ class DrawnTest : public CoreTest {
     std::string WriteProject(const std::string& name, const std::string& figures, int units = 0,
                              const std::string& title = "Ridge Panel 4") const;
 
-    // Options of a study of "p.TKL" that writes into a file of the folder.
-    StudyOptions StudyInto(const std::string& output) const;
+    using Words = std::vector<std::string>;
 
-    // What the study says on standard error that it refuses; empty if it is done.
-    static std::string RefusalOf(const std::function<int()>& study);
+    // A command of "p.TKL" that writes into a file of the folder, with more words after it.
+    Words Into(const std::string& output, Words command, const Words& more = {}) const;
+
+    // The exit status of a command.
+    int Run(const Words& words);
+
+    // What a command that is wrongly called says on standard error, without the line's end.
+    std::string RefusalOf(const Words& words);
 };
 
 }  // namespace tarvokol::cli

@@ -5,7 +5,6 @@
 
 #include <gmock/gmock.h>
 
-#include "cli/commands/commands.h"
 #include "tests/cli/parts/recording_drawing.h"
 
 namespace tarvokol::cli {
@@ -17,36 +16,33 @@ using testing::IsEmpty;
 
 class StudyPictures : public DrawnTest {
   protected:
-    StudyOptions Sweep(const std::vector<std::string>& vary, const std::string& of = "") const {
-        StudyOptions options = StudyInto("picture.svg");
-        options.vary = vary;
-        options.of = of;
-        return options;
+    Words Sweep(const std::vector<std::string>& varied, const std::string& figure = "") const {
+        Words words = Into("picture.svg", {"sweep"}, {"--threads", "2"});
+        for (const std::string& field : varied) words.insert(words.end(), {"--vary", field});
+        if (!figure.empty()) words.insert(words.end(), {"--of", figure});
+        return words;
     }
-    CurvesPicture CurvesOf(const StudyOptions& options) {
-        EXPECT_EQ(RunSweep(options, Host), 0);
+    CurvesPicture CurvesOf(const Words& words) {
+        EXPECT_EQ(Run(words), 0);
         EXPECT_EQ(TheRecording().Curves.size(), 1u);
         CurvesPicture picture = TheRecording().Curves.at(0);
         TheRecording().Curves.clear();
         return picture;
     }
-    MapPicture MapOf(const StudyOptions& options) {
-        EXPECT_EQ(RunSweep(options, Host), 0);
+    MapPicture MapOf(const Words& words) {
+        EXPECT_EQ(Run(words), 0);
         EXPECT_EQ(TheRecording().Maps.size(), 1u);
         MapPicture picture = TheRecording().Maps.at(0);
         TheRecording().Maps.clear();
         return picture;
     }
     SpreadPicture SpreadOf(const std::string& random, const std::string& samples) {
-        StudyOptions options = StudyInto("risk.svg");
-        options.random = {random};
-        options.samples = samples;
-        EXPECT_EQ(RunRiskCommand(options, Host), 0);
+        EXPECT_EQ(Run(Into("risk.svg", {"risk"}, {"--random", random, "--samples", samples})), 0);
         EXPECT_EQ(TheRecording().Spreads.size(), 1u);
         return TheRecording().Spreads.at(0);
     }
-    std::string Refusal(const StudyOptions& options) {
-        const std::string text = RefusalOf([&] { return RunSweep(options, Host); });
+    std::string Refusal(const Words& words) {
+        const std::string text = RefusalOf(words);
         EXPECT_THAT(TheRecording().Paths, IsEmpty());
         return text;
     }
@@ -99,9 +95,9 @@ TEST_F(StudyPictures, AFigureThatIsAskedForIsTheOnlyCurve) {
           {"SuggestedWeb", "Suggested web", "Suggested web (in)", 38.9991340637207, nullptr},
           {"SuggestedBarrier", "Suggested barrier", "Suggested barrier (in)", 122.40354919433594, nullptr}}) {
         SCOPED_TRACE(one.of);
-        StudyOptions options = Sweep({"DepthCover=100"}, one.of);
-        options.sizes = true;
-        const CurvesPicture picture = CurvesOf(options);
+        Words words = Sweep({"DepthCover=100"}, one.of);
+        words.emplace_back("--size");
+        const CurvesPicture picture = CurvesOf(words);
         EXPECT_EQ(picture.titles.y, one.title);
         ASSERT_EQ(picture.curves.size(), 1u);
         EXPECT_EQ(picture.curves[0].name, one.legend);
@@ -166,11 +162,15 @@ TEST_F(StudyPictures, AMetricProjectWithoutATitleGivesItsPathAndItsUnits) {
     const std::string path = WriteProject(
         "m.TKL", "3\r\n30\r\n3\r\n3\r\n6\r\n 5 \r\n90\r\n1000000\r\n6.2\r\n25.4\r\n21\r\n1.6\r\n2\r\n0", 1,
         "");
-    StudyOptions options = Sweep({"CoalStrength=5,6"});
-    options.project = path;
-    ExpectTitles(CurvesOf(options).titles, path, "In situ coal strength (MPa)", "Stability factor");
-    options.vary = {"NumberHoles=5,6", "UnitWeight=25,26"};
-    ExpectTitles(MapOf(options).titles, path, "Number of holes", "Overburden unit weight (kN/m3)");
+    const auto sweep = [&](const std::vector<std::string>& varied) {
+        Words words = Sweep(varied);
+        words.at(1) = path;
+        return words;
+    };
+    ExpectTitles(CurvesOf(sweep({"CoalStrength=5,6"})).titles, path, "In situ coal strength (MPa)",
+                 "Stability factor");
+    ExpectTitles(MapOf(sweep({"NumberHoles=5,6", "UnitWeight=25,26"})).titles, path, "Number of holes",
+                 "Overburden unit weight (kN/m3)");
 }
 
 TEST_F(StudyPictures, ARiskGivesTheSortedFactorsWithTheirTargets) {

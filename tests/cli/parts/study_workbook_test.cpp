@@ -6,7 +6,6 @@
 
 #include <gmock/gmock.h>
 
-#include "cli/commands/commands.h"
 #include "tests/cli/parts/recording_drawing.h"
 
 namespace tarvokol::cli {
@@ -25,15 +24,15 @@ std::string TextIn(const SheetRow& row, std::size_t at) {
 
 class StudyWorkbooks : public DrawnTest {
   protected:
-    StudyOptions Sweep(const std::vector<std::string>& vary) const {
-        StudyOptions options = StudyInto("rows.xlsx");
-        options.vary = vary;
-        return options;
+    Words Sweep(const std::vector<std::string>& varied) const {
+        Words words = Into("rows.xlsx", {"sweep"}, {"--threads", "2"});
+        for (const std::string& field : varied) words.insert(words.end(), {"--vary", field});
+        return words;
     }
 };
 
 TEST_F(StudyWorkbooks, ASweepHasARowAPanelUnderTitlesWithUnits) {
-    EXPECT_EQ(RunSweep(Sweep({"WebThickness=10,20", "NumberHoles=5"}), Host), 0);
+    EXPECT_EQ(Run(Sweep({"WebThickness=10,20", "NumberHoles=5"})), 0);
     EXPECT_THAT(TheRecording().Titles, ElementsAre("WebThickness (ft)", "NumberHoles", "Overall", "WebsOnly",
                                                    "BarrierPillar", "ExtractionRatio (percent)", "Message"));
     ASSERT_EQ(TheRecording().Rows.size(), 2u);
@@ -55,9 +54,9 @@ TEST_F(StudyWorkbooks, ASweepHasARowAPanelUnderTitlesWithUnits) {
 }
 
 TEST_F(StudyWorkbooks, SizesStandBetweenTheRatioAndTheMessage) {
-    StudyOptions options = Sweep({"SFWeb=1.6,0.5"});
-    options.sizes = true;
-    EXPECT_EQ(RunSweep(options, Host), 0);
+    Words words = Sweep({"SFWeb=1.6,0.5"});
+    words.emplace_back("--size");
+    EXPECT_EQ(Run(words), 0);
     EXPECT_THAT(TheRecording().Titles,
                 ElementsAre("SFWeb", "Overall", "WebsOnly", "BarrierPillar", "ExtractionRatio (percent)",
                             "SuggestedWeb (in)", "SuggestedBarrier (in)", "Message"));
@@ -71,9 +70,7 @@ TEST_F(StudyWorkbooks, SizesStandBetweenTheRatioAndTheMessage) {
 
 TEST_F(StudyWorkbooks, ATableKeepsItsTextsAsTextsAndFillsItsNumbers) {
     WriteBytes(PathTo("rows.csv"), "Hole,depthcover,Note\n007,200,\"a, b\"\n8,,\n9,-1,x\n");
-    StudyOptions options = StudyInto("rows.xlsx");
-    options.rows = PathTo("rows.csv");
-    EXPECT_EQ(RunTable(options, Host), 0);
+    EXPECT_EQ(Run(Into("rows.xlsx", {"table"}, {PathTo("rows.csv")})), 0);
     EXPECT_THAT(TheRecording().Titles, ElementsAre("Hole", "DepthCover (ft)", "Note", "Overall", "WebsOnly",
                                                    "BarrierPillar", "ExtractionRatio (percent)", "Message"));
     ASSERT_EQ(TheRecording().Rows.size(), 3u);
@@ -87,11 +84,11 @@ TEST_F(StudyWorkbooks, ATableKeepsItsTextsAsTextsAndFillsItsNumbers) {
 }
 
 TEST_F(StudyWorkbooks, ASheetHoldsAHeaderAndAMillionRows) {
-    EXPECT_EQ(RefusalOf([&] { return RunSweep(Sweep({"DepthCover=100:200/1048576"}), Host); }),
+    EXPECT_EQ(RefusalOf(Sweep({"DepthCover=100:200/1048576"})),
               "-o: 1048576 rows and a header are more than the 1048576 of a sheet; write .csv or .json");
     EXPECT_THAT(TheRecording().Titles, IsEmpty());
     TheRecording().KeepRows = false;
-    EXPECT_EQ(RunSweep(Sweep({"DepthCover=100:200/1048575"}), Host), 0);
+    EXPECT_EQ(Run(Sweep({"DepthCover=100:200/1048575"})), 0);
     EXPECT_EQ(TheRecording().RowCount, 1048575u);
 }
 
@@ -102,9 +99,7 @@ TEST_F(StudyWorkbooks, ATableThatIsTooLongIsRefusedWhereTheSheetEnds) {
     std::istringstream input(rows);
     std::streambuf* const before = std::cin.rdbuf(input.rdbuf());
     TheRecording().KeepRows = false;
-    StudyOptions options = StudyInto("rows.xlsx");
-    options.rows = "-";
-    EXPECT_EQ(RefusalOf([&] { return RunTable(options, Host); }),
+    EXPECT_EQ(RefusalOf(Into("rows.xlsx", {"table"}, {"-"})),
               "-o: 1048576 rows and a header are more than the 1048576 of a sheet; write .csv or .json");
     std::cin.rdbuf(before);
     std::cin.clear();

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "cli/commands/study_options.h"
+#include "cli/line/options.h"
 
 namespace tarvokol::cli {
 
@@ -29,7 +29,7 @@ class RowTarget {
 
     // Raises UsageError for an extension or a format that is none, and OutputError for a file that is not to
     // be replaced.
-    explicit RowTarget(const StudyOptions& options);
+    explicit RowTarget(const Options& options);
 
     KindOfRows Kind() const { return kind_; }
     bool IsDrawn() const { return kind_ == Workbook || kind_ == Picture; }  // only a `Drawing` writes it

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/commands/row_sink.h"
+#include "cli/output/row_sink.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -64,7 +64,7 @@ class FileSink : public RowSink {
     }
 
   private:
-    // So much is on its way to the disk while the rows behind it are calculated.
+    // So much is on its way to the disk while the rows after it are calculated.
     static constexpr std::size_t kSyncedPiece = std::size_t{8} << 20;
 
     std::string path_;
@@ -99,18 +99,17 @@ std::unique_ptr<RowSink> OpenFileSink(const std::string& path, bool force) {
     return sink;
 }
 
-RowTarget::RowTarget(const StudyOptions& options) : path_(options.common.output) {
-    const Options& common = options.common;
+RowTarget::RowTarget(const Options& options) : path_(options.output) {
     if (!path_.empty() && path_ != kStandardStream) {
         kind_ = KindOf(std::filesystem::path(path_).extension().string());
-        RefuseExisting(path_, common.force);
+        RefuseExisting(path_, options.force);
         return;
     }
     path_.clear();
-    if (!common.format.empty()) extension_ = '.' + common.format;
-    kind_ = common.json ? JsonLines : extension_.empty() ? Csv : KindOf(extension_);
+    if (!options.format.empty()) extension_ = '.' + options.format;
+    kind_ = options.json ? JsonLines : extension_.empty() ? Csv : KindOf(extension_);
     if (IsDrawn() && ::isatty(STDOUT_FILENO) != 0)
-        throw UsageError{"-o -: a terminal shows no " + common.format + "; send it into a file or a pipe"};
+        throw UsageError{"-o -: a terminal shows no " + options.format + "; send it into a file or a pipe"};
 }
 
 void RowTarget::WriteDrawn(const std::function<void(const std::string&)>& write) const {

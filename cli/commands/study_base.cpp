@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/study_base.h"
+
+#include <algorithm>
+#include <iostream>
+#include <new>
+#include <thread>
+
+#include <fcntl.h>
+
+#include "cli/commands/bulk_run.h"
+#include "cli/line/settings_file.h"
+#include "cli/output/output_target.h"
+#include "core/files/csv_reader.h"
+#include "core/files/descriptor.h"
+#include "core/program/start_up.h"
+#include "core/project/project_record.h"
+#include "core/project/project_state.h"
+#include "core/runtime/run_time_error.h"
+#include "core/statistics/study_numbers.h"
+#include "core/statistics/study_refusal.h"
+
+namespace tarvokol::cli {
+namespace {
+
+constexpr const char* kFields =
+    "Fields, in the project's units: Height, DepthCover, HoleWidth, WebThickness, BarrierPillarWidth, "
+    "NumberHoles,\n"
+    "CoalStrength, UnitWeight, AbutmentAngle, SFWeb, SFBarrier.\n\n";
+
+// A number of threads in plain digits, without a zero in front.
+std::string WhyNoThreads(const std::string& text) {
+    constexpr double kMost = 1024;
+    const bool digits =
+        !text.empty() && text.front() != '0' && text.find_first_not_of("0123456789") == std::string::npos;
+    if (digits && WholeNumber(text).value_or(kMost + 1) <= kMost) return "";
+    return "\"" + text + "\" is not a whole number from 1 to 1024";
+}
+
+int Tell(const std::string& text, int status) {
+    std::cerr << text << '\n';
+    return status;
+}
+
+}  // namespace
+
+std::string StudyCommand::Footer() const {
+    std::string footer = std::string(kFields) + "Examples:";
+    for (const std::string& example : Examples()) footer += "\n  " + example;
+    return footer;
+}
+
+void StudyCommand::AddStudy(CommandOptions& options, const std::string& output_help,
+                            const std::vector<std::string>& formats) {
+    AddSettings(options, options_);
+    AddOutput(options, options_, output_help, formats);
+    options.Text({.spelling = "--threads",
+                  .help = "Threads to calculate on (default: one per core)",
+                  .value = "N",
+                  .refusal = WhyNoThreads},
+                 threads_);
+    options.Text({.spelling = "PROJECT", .help = "The project to start from", .required = true}, project_);
+}
+
+void StudyCommand::AddSizes(CommandOptions& options) {
+    options.Flag(
+        {.spelling = "--size", .help = "The suggested sizes, too: SuggestedWeb and SuggestedBarrier, inches"},
+        sizes_);
+}
+
+unsigned StudyCommand::Threads() const {
+    if (!threads_.empty()) return static_cast<unsigned>(*WholeNumber(threads_));
+    return std::max(1U, std::thread::hardware_concurrency());
+}
+
+Panel StudyCommand::ReadProject(HeadlessPlatform& host) const {
+    host.Messages.Shown.clear();
+    try {
+        ResetProgram();
+        ReadConfiguration(options_.settings);
+        if (OpenProject(project_)) return {ProjectRecord, ProjectUnits()};
+    } catch (const RunTimeError& error) {
+        throw DataError{project_ + ": " + error.text};
+    }
+    const auto& shown = host.Messages.Shown;
+    throw DataError{project_ + ": " + (shown.empty() ? "is no project" : shown.front().message)};
+}
+
+RowJob StudyCommand::JobFor(const Panel& project) const {
+    return {project, project_, Title(), sizes_, Threads(), options_.quiet};
+}
+
+std::string StudyCommand::Title() const {
+    return ProjectTitle.empty() ? project_ : ProjectTitle;
+}
+
+int StudyCommand::Run(HeadlessPlatform& host) {
+    try {
+        return Study(host);
+    } catch (const StudyRefusal& refusal) {
+        throw UsageError{refusal.what()};
+    } catch (const DataError& error) {
+        return Tell(error.text, exit_status::Refused);
+    } catch (const TableFault& fault) {
+        return Tell(fault.what(), exit_status::Refused);
+    } catch (const OutputError& error) {
+        return Tell(error.text, exit_status::NotWritten);
+    } catch (const RunTimeError& error) {
+        return Tell(error.text, exit_status::NotWritten);
+    } catch (const std::bad_alloc&) {
+        return Tell("out of memory: take fewer samples", exit_status::Refused);
+    }
+}
+
+void RequireReadableFile(const std::string& path) {
+    try {
+        const Descriptor file(path, O_RDONLY);
+    } catch (const RunTimeError& error) {
+        throw DataError{path + ": " + error.text};
+    }
+}
+
+}  // namespace tarvokol::cli

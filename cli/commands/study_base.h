@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the commands of the studies share: the project that they start from, and how they tell what is wrong.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/line/command.h"
+#include "core/studies/panel_figures.h"
+
+namespace tarvokol::cli {
+
+// Data that a study cannot use; told in one line, exit status 1.
+struct DataError {
+    std::string text;
+};
+
+// How the rows of a study are calculated and told.
+struct RowJob {
+    Panel project;
+    std::string file;    // the path of the project as given
+    std::string title;   // of pictures
+    bool sizes = false;  // suggested sizes, too
+    unsigned threads = 1;
+    bool quiet = false;  // no progress
+};
+
+class StudyCommand : public Command {
+  public:
+    std::string Footer() const override;
+    void Settle() override { options_.files = {project_}; }
+    int Run(HeadlessPlatform& host) final;
+
+  protected:
+    // The study itself; its refusals are reported by Run.
+    virtual int Study(HeadlessPlatform& host) = 0;
+
+    // Commands that follow the list of fields in the help, one a line.
+    virtual std::vector<std::string> Examples() const = 0;
+
+    // The options that every study has, and the argument PROJECT.
+    void AddStudy(CommandOptions& options, const std::string& output_help,
+                  const std::vector<std::string>& formats);
+    // --size.
+    void AddSizes(CommandOptions& options);
+
+    // The project, read as every FILE is: into a fresh program, with the settings named. Raises DataError with what the
+    // program says of a file that it refuses or cannot read.
+    Panel ReadProject(HeadlessPlatform& host) const;
+
+    // The rows of the project that was read.
+    RowJob JobFor(const Panel& project) const;
+
+    // Once the project is read: its own title, else its path.
+    std::string Title() const;
+
+    unsigned Threads() const;
+    bool WithSizes() const { return sizes_; }
+    const std::string& Project() const { return project_; }
+
+  private:
+    std::string project_;
+    std::string threads_;  // empty: one per core
+    bool sizes_ = false;
+};
+
+// Raises DataError for a path that is no readable regular file.
+void RequireReadableFile(const std::string& path);
+
+}  // namespace tarvokol::cli

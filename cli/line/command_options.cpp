@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/line/command_options.h"
+
+#include <algorithm>
+
+#include <CLI/CLI.hpp>
+
+#include "cli/line/arguments.h"
+#include "cli/line/nearest_word.h"
+
+namespace tarvokol::cli {
+namespace {
+
+CLI::Validator OneOf(const std::vector<std::string>& words) {
+    std::string listed = "{";
+    for (const std::string& word : words) listed += (listed.size() > 1 ? "," : "") + word;
+    listed += '}';
+    const auto refusal = [words, listed](const std::string& given) -> std::string {
+        if (std::count(words.begin(), words.end(), given) > 0) return "";
+        return given + " not in " + listed + DidYouMean(NearestWord(given, words));
+    };
+    return {refusal, listed};
+}
+
+bool IsArgument(const OptionFacts& facts) {
+    return !facts.spelling.starts_with('-');
+}
+
+}  // namespace
+
+void CommandOptions::Refine(CLI::Option& option, const OptionFacts& facts) {
+    option.required(facts.required);
+    if (IsArgument(facts) || !facts.value.empty()) option.type_name(facts.value);
+    if (!facts.choices.empty()) option.check(OneOf(facts.choices));
+    if (facts.existing_file) option.check(CLI::ExistingFile);
+    if (facts.refusal) option.check(facts.refusal);
+    if (facts.shows_default) option.capture_default_str();
+}
+
+void CommandOptions::Flag(const OptionFacts& facts, bool& value) {
+    command_.add_flag(facts.spelling, value, facts.help);
+}
+
+void CommandOptions::Text(const OptionFacts& facts, std::string& value) {
+    Refine(*command_.add_option(facts.spelling, value, facts.help), facts);
+    texts_.push_back(&value);
+}
+
+void CommandOptions::Texts(const OptionFacts& facts, std::vector<std::string>& values) {
+    CLI::Option& option = *command_.add_option(facts.spelling, values, facts.help);
+    if (!IsArgument(facts)) option.take_all()->expected(1);
+    Refine(option, facts);
+    lists_.push_back(&values);
+}
+
+void CommandOptions::UnprotectValues() {
+    for (std::string* text : texts_) Unprotect(*text);
+    for (std::vector<std::string>* list : lists_)
+        for (std::string& text : *list) Unprotect(text);
+}
+
+void AddSettings(CommandOptions& command, Options& options) {
+    command.Text({.spelling = "--settings",
+                  .help = "Configuration file to read (default: the built-in values)",
+                  .value = "FILE.INI",
+                  .existing_file = true},
+                 options.settings);
+    command.Flag({.spelling = "--json", .help = "Print JSON Lines, one object per FILE"}, options.json);
+    command.Flag({.spelling = "-q,--quiet", .help = "No progress line"}, options.quiet);
+}
+
+void AddOutput(CommandOptions& command, Options& options, const std::string& help,
+               const std::vector<std::string>& formats) {
+    command.Text({.spelling = "-o,--output",
+                  .help = help + "; `-`: standard output",
+                  .value = "PATH",
+                  .refusal = WhyEmpty},
+                 options.output);
+    options.has_formats = !formats.empty();
+    if (options.has_formats)
+        command.Text({.spelling = "--format",
+                      .help = "Of standard output, or of the files in a folder",
+                      .value = "FORMAT",
+                      .choices = formats},
+                     options.format);
+    command.Flag({.spelling = "--force", .help = "Replace existing files"}, options.force);
+    command.Flag({.spelling = "--stdin-project", .help = "The project `-` is read from standard input"},
+                 options.stdin_project);
+}
+
+void AddFiles(CommandOptions& command, Options& options, const std::string& output_help,
+              const std::vector<std::string>& formats) {
+    AddSettings(command, options);
+    AddOutput(command, options, output_help, formats);
+    command.Texts({.spelling = "FILE",
+                   .help = "Projects; `-` alone reads their paths from standard input",
+                   .required = true},
+                  options.files);
+}
+
+std::string WhyEmpty(const std::string& text) {
+    return text.empty() ? "\"\" is empty" : "";
+}
+
+std::string DidYouMean(const std::string& nearest) {
+    return nearest.empty() ? "" : "; did you mean " + nearest + "?";
+}
+
+}  // namespace tarvokol::cli
