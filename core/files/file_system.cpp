@@ -4,6 +4,9 @@
 #include <filesystem>
 #include <system_error>
 
+#include <fcntl.h>
+
+#include "core/files/descriptor.h"
 #include "core/files/os_errors.h"
 #include "core/runtime/run_time_error.h"
 
@@ -25,6 +28,13 @@ void RemoveFile(const std::string& path) {
     if (!FileExists(path)) return;
     std::filesystem::remove(path, failure);
     if (failure) Raise(ErrorNumberOfErrno(failure.value(), path));
+}
+
+// One name for all: what could not be removed once is not joined by another the next time.
+void RequireWritableFolder(const std::string& folder) {
+    const std::string path = folder + "~tmpprobe.tmp";
+    Descriptor(path, O_WRONLY | O_CREAT | O_NOFOLLOW).Close();
+    RemoveFile(path);
 }
 
 bool EndsInSeparator(const std::string& path) {

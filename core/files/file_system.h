@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Questions about files and folders that never fail, paths as the program writes them, and removing a file.
+// Questions about files and folders, paths as the program writes them, and removing a file.
 #pragma once
 
 #include <string>
@@ -17,6 +17,10 @@ bool FolderExists(const std::string& path);
 
 // Removes the file if it exists. Raises the error of the operating system.
 void RemoveFile(const std::string& path);
+
+// Makes an empty file in the folder, which ends in a separator, and removes it. Raises the error of the operating system:
+// rights alone do not tell of a volume that is mounted read-only, nor of root.
+void RequireWritableFolder(const std::string& folder);
 
 // True if the path ends in a separator, "\" or "/".
 bool EndsInSeparator(const std::string& path);

@@ -48,6 +48,7 @@ void Main(const std::string& command_line, const MainWindowSteps& window) {
     FileNew(true, true);
     window.Show();
     window.ApplyHistoryFont();
+    TellIfUnprotected();
     ReportRecoveryCopies();
     OpenLastFile();
     OpenCommandLineFile(command_line, window);

@@ -14,6 +14,8 @@
 #include "core/files/file_replacement.h"
 #include "core/files/file_system.h"
 #include "core/messages/history_log.h"
+#include "core/messages/notify.h"
+#include "core/platform/message_box.h"
 #include "core/project/project_file.h"
 #include "core/project/project_state.h"
 #include "core/runtime/charset.h"
@@ -153,6 +155,18 @@ const std::string& RecoveryCopyPath() {
 std::string UnsavedWorkPath() {
     if (ProjectSaved == 0 && Own.path.empty()) KeepRecoveryCopy();
     return Own.path;
+}
+
+void TellIfUnprotected() {
+    if (TempDataFolder.empty()) return;
+    try {
+        RequireWritableFolder(TempDataFolder);
+    } catch (const RunTimeError& error) {
+        Notify("Unsaved work is not protected: no copy of it can be kept in " + TempDataFolder + ": " +
+                   error.text + "." + std::string(CrLf) +
+                   "What is not saved is lost if the program ends early.",
+               box_style::Exclamation);
+    }
 }
 
 void ReportRecoveryCopies() {

@@ -22,6 +22,9 @@ const std::string& RecoveryCopyPath();
 // without one; empty if nothing is lost or nothing can be kept.
 std::string UnsavedWorkPath();
 
+// Says in a box that unsaved work is not protected, where no copy could be made; for the start, once a run.
+void TellIfUnprotected();
+
 // Writes a line with the path of every copy that a run which is no more has left behind.
 void ReportRecoveryCopies();
 

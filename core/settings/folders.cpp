@@ -158,7 +158,7 @@ bool CopyTextFile(const std::string& source, const std::string& dest) {
 }
 
 void CopyExampleFiles() {
-    if (CopyExampleFilesSetting == 0) return;
+    if (CopyExampleFilesSetting == 0 || PersonalDataFolder == AppFolder) return;
     CopyMissingExamples(AppFolder);
     CopyMissingExamples(AppFolder + kSharedFolder);
 }

@@ -3,15 +3,42 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QStandardPaths>
+
+#include <pwd.h>
+#include <unistd.h>
 
 #include "qt/session/qt_text.h"
 
 namespace tarvokol {
 namespace {
 
-std::optional<std::string> Location(QStandardPaths::StandardLocation location) {
-    const QString folder = QStandardPaths::writableLocation(location);
+QString Location(QStandardPaths::StandardLocation location) {
+    return QStandardPaths::writableLocation(location);
+}
+
+bool IsFolder(const QString& path) {
+    return QFileInfo(path).isDir();
+}
+
+// Of the account where the environment names none: a service, or a cleared environment.
+QString HomeFolder() {
+    const QString named = qEnvironmentVariable("HOME");
+    if (!named.isEmpty()) return named;
+    const passwd* account = ::getpwuid(::getuid());
+    return account != nullptr ? QString::fromLocal8Bit(account->pw_dir) : QString();
+}
+
+// Makes the documents folder of an account that no desktop has set up yet. One outside of the home folder lies on a
+// volume that is not there at the moment: that is not for us to make.
+bool MadeDocuments(const QString& documents) {
+    const QString home = QDir::homePath();
+    return !qEnvironmentVariableIsEmpty("HOME") && IsFolder(home) && documents.startsWith(home + "/") &&
+           QDir().mkpath(documents);
+}
+
+std::optional<std::string> Told(const QString& folder) {
     if (folder.isEmpty()) return std::nullopt;
     return FromQt(folder);
 }
@@ -23,11 +50,14 @@ std::string SystemFolders::ProgramFile() const {
 }
 
 std::optional<std::string> SystemFolders::Documents() const {
-    return Location(QStandardPaths::DocumentsLocation);
+    const QString documents = Location(QStandardPaths::DocumentsLocation);
+    // A desktop folder serves an account without documents; what earlier runs have written lies there.
+    if (IsFolder(documents) || IsFolder(Location(QStandardPaths::DesktopLocation))) return Told(documents);
+    return Told(MadeDocuments(documents) ? documents : HomeFolder());
 }
 
 std::optional<std::string> SystemFolders::Desktop() const {
-    return Location(QStandardPaths::DesktopLocation);
+    return Told(Location(QStandardPaths::DesktopLocation));
 }
 
 std::string SystemFolders::Temporary() const {

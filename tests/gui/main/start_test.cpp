@@ -2,6 +2,7 @@
 // The built program, started as the desktop starts it.
 #include <QDir>
 #include <QProcess>
+#include <map>
 
 #include "tests/support/gui_fixture.h"
 
@@ -45,6 +46,15 @@ class ProgramStart : public GuiTest {
         EXPECT_EQ(program_.state(), QProcess::Running);
     }
 
+    // The user's environment without any word of a display, but for what is put into `variables`.
+    void TakeDisplay(const std::map<QString, QString>& variables = {}) {
+        QProcessEnvironment environment = program_.processEnvironment();
+        for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "XDG_SESSION_TYPE", "QT_QPA_PLATFORM"})
+            environment.remove(name);
+        for (const auto& [name, value] : variables) environment.insert(name, value);
+        program_.setProcessEnvironment(environment);
+    }
+
     QProcess program_;
 };
 
@@ -75,9 +85,7 @@ TEST_F(ProgramStart, AMissingFileIsAnErrorThatNoHandlerTakes) {
 }
 
 TEST_F(ProgramStart, HelpAndVersionAreToldOnTheTerminalWithoutADisplay) {
-    QProcessEnvironment environment = program_.processEnvironment();
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) environment.remove(name);
-    program_.setProcessEnvironment(environment);
+    TakeDisplay();
     const auto answer = [this](const QString& question) {
         program_.start(TARVOKOL_PROGRAM, {question});
         EXPECT_TRUE(program_.waitForFinished());
@@ -89,6 +97,28 @@ TEST_F(ProgramStart, HelpAndVersionAreToldOnTheTerminalWithoutADisplay) {
     EXPECT_EQ(answer("--version"), "tarvokol 1.3.02\n");
     EXPECT_THAT(answer("--help"), ::testing::StartsWith("Usage: tarvokol [PROJECT]\n"));
     EXPECT_EQ(answer("-h"), answer("--help"));
+}
+
+// Standard error of a start that must end with status 1, and not by a signal.
+TEST_F(ProgramStart, WithoutADisplayOneLineNamesTheCommandLine) {
+    const auto told = [this] {
+        program_.start(TARVOKOL_PROGRAM, QStringList{});
+        EXPECT_TRUE(program_.waitForFinished());
+        EXPECT_EQ(program_.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(program_.exitCode(), 1);
+        EXPECT_EQ(program_.readAllStandardOutput().toStdString(), "");
+        return program_.readAllStandardError().toStdString();
+    };
+    TakeDisplay();
+    EXPECT_EQ(told(), "tarvokol: there is no display to open a window on; tarvokol-cli works without one\n");
+    TakeDisplay({{"DISPLAY", ":64999"}});
+    EXPECT_EQ(told(),
+              "tarvokol: there is no display to open a window on (could not connect to display :64999); "
+              "tarvokol-cli works without one\n");
+    TakeDisplay({{"QT_QPA_PLATFORM", "none"}});
+    const std::string unknown = told();
+    EXPECT_THAT(unknown, HasSubstr("\"none\""));
+    EXPECT_EQ(std::count(unknown.begin(), unknown.end(), '\n'), 1);
 }
 
 }  // namespace

@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The folders of the system, and who holds the keyboard of a window: events as the X server sends them.
+// Who holds the keyboard of a window: events as the X server sends them.
 #include "qt/session/grab_watch.h"
 
-#include <QStandardPaths>
 #include <QWidget>
 
 #include <xcb/xproto.h>
-
-#include "qt/session/qt_text.h"
-#include "qt/session/system_folders.h"
 
 namespace tarvokol {
 namespace {
@@ -85,22 +81,6 @@ TEST(GrabWatchFilter, StandsAmongTheApplicationsAsLongAsItLives) {
     EXPECT_TRUE(watch->IsHeld());
     watch.reset();
     send();
-}
-
-TEST(SystemFolderPlaces, AreThoseOfTheDesktop) {
-    const SystemFolders folders;
-    EXPECT_EQ(folders.ProgramFile(), FromQt(QCoreApplication::applicationFilePath()));
-    EXPECT_EQ(folders.Documents(),
-              FromQt(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)));
-    EXPECT_EQ(folders.Desktop(), FromQt(QStandardPaths::writableLocation(QStandardPaths::DesktopLocation)));
-    EXPECT_NE(folders.Desktop(), folders.Documents());
-    const QByteArray before = qgetenv("TMPDIR");
-    qputenv("TMPDIR", "/var/tmp");
-    EXPECT_EQ(folders.Temporary(), "/var/tmp");
-    if (before.isNull())
-        qunsetenv("TMPDIR");
-    else
-        qputenv("TMPDIR", before);
 }
 
 }  // namespace

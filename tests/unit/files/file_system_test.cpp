@@ -68,5 +68,18 @@ TEST(FolderNames, GetOneSeparator) {
     EXPECT_EQ(WithSeparator(""), "/");
 }
 
+TEST_F(FileQuestions, AFolderThatTakesFilesIsLeftAsItWas) {
+    RequireWritableFolder(PathTo(""));
+    EXPECT_TRUE(std::filesystem::is_empty(Folder));
+}
+
+TEST_F(FileQuestions, AFolderThatTakesNoFileRaisesWhy) {
+    EXPECT_EQ(RaisedError([this] { RequireWritableFolder(PathTo("gone/")); }), 76);
+    EXPECT_NE(RaisedError([] { RequireWritableFolder("/proc/self/"); }), 0);
+    std::filesystem::create_symlink(PathTo("elsewhere"), PathTo("~tmpprobe.tmp"));
+    EXPECT_NE(RaisedError([this] { RequireWritableFolder(PathTo("")); }), 0);
+    EXPECT_FALSE(std::filesystem::exists(PathTo("elsewhere")));
+}
+
 }  // namespace
 }  // namespace tarvokol

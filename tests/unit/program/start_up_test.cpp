@@ -3,6 +3,8 @@
 
 #include <filesystem>
 
+#include <gmock/gmock.h>
+
 #include "core/graphics/TarvoGraf.h"
 #include "core/messages/history_log.h"
 #include "core/messages/titles.h"
@@ -114,6 +116,19 @@ TEST_F(StartUp, ARepairOfThePlotRangeLoadsTheWindowEarlyToo) {
     EXPECT_EQ(Window.Events.front(), "load, size 4096, name ''");
     EXPECT_EQ(GetIniString("TARVOKOLOptions", "PlotRangeMin", Ini()), "100");
     EXPECT_EQ(GetIniString("TARVOKOLOptions", "PlotRangeMax", Ini()), "100");
+}
+
+// The system's own folder of processes takes no file from anybody.
+TEST_F(StartUp, AnAccountThatNothingCanBeWrittenForIsToldOnce) {
+    Host.Folders.DocumentsFolder.reset();
+    Host.Folders.Program = "/proc/self/tarvokol";
+    Start();
+    ASSERT_EQ(Messages().size(), 1u);
+    EXPECT_THAT(
+        Messages()[0],
+        ::testing::StartsWith("Unsaved work is not protected: no copy of it can be kept in /proc/self/: "));
+    EXPECT_EQ(Window.Events.back(), "font");
+    EXPECT_EQ(OptionsRecord.PlotRangeMin, 50.0f);
 }
 
 TEST_F(StartUp, AStaleFileIsThrownAwayWithoutAMessage) {

@@ -173,6 +173,31 @@ TEST_F(RecoveryCopy, AFailureIsALineOfTheHistory) {
     EXPECT_EQ(RecoveryCopyPath(), "");
 }
 
+TEST_F(RecoveryCopy, AFolderThatTakesNoFileIsToldInABox) {
+    TempDataFolder = PathTo("gone/");
+    TellIfUnprotected();
+    ASSERT_THAT(Messages(),
+                ElementsAre("Unsaved work is not protected: no copy of it can be kept in " + PathTo("gone/") +
+                            ": Path not found.\r\nWhat is not saved is lost if the program ends early."));
+    EXPECT_EQ(Host.Messages.Shown[0].style, 48);
+    EXPECT_EQ(Host.Messages.Shown[0].title, "Tarvo Panel Stability Evaluation - KOL");
+    TempDataFolder = PathTo("temp/");
+    {
+        const FailingFiles fault(
+            {.folder = PathTo("temp"), .at = 1, .error = EACCES, .kind = FaultKind::Forever});
+        TellIfUnprotected();
+    }
+    EXPECT_THAT(Messages().back(), ::testing::HasSubstr(PathTo("temp/") + ": Permission denied.\r\n"));
+}
+
+TEST_F(RecoveryCopy, AFolderThatTakesFilesIsLeftAsItWas) {
+    TellIfUnprotected();
+    EXPECT_THAT(Copies(), IsEmpty());
+    TempDataFolder = "";  // the command line keeps nothing
+    TellIfUnprotected();
+    EXPECT_THAT(Messages(), IsEmpty());
+}
+
 // Every call on files made to fail in turn: what stands in the folder is the old copy or the new one, never a
 // part.
 TEST_F(RecoveryCopy, AFullDiskLeavesTheOldCopyWhole) {

@@ -227,5 +227,14 @@ TEST_F(Folders, AnInstallationKeepsItsFilesInTheSharedFolder) {
     EXPECT_EQ(InstalledFile("none.pdf"), PathTo("app/none.pdf"));
 }
 
+// Where nothing of the user's can be written, the folder of the program serves, which is the system's.
+TEST_F(Folders, ExamplesAreNotCopiedBesideTheProgram) {
+    std::filesystem::create_directories(PathTo("share/tarvokol"));
+    WriteBytes(PathTo("share/tarvokol/X.TKL"), "one\n");
+    PersonalDataFolder = AppFolder;
+    CopyExampleFiles();
+    EXPECT_FALSE(std::filesystem::exists(PathTo("app/X.TKL")));
+}
+
 }  // namespace
 }  // namespace tarvokol
