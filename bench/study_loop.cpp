@@ -32,9 +32,9 @@ double Ours(int side) {
     PanelEvaluator panel(Bench(), false);
     double sum = 0;
     for (int i = 0; i < side; ++i) {
-        panel.Set(StudyField::WebThickness, 2 + i * 10.0 / (side - 1));
+        panel.Set(PanelField::WebThickness, 2 + i * 10.0 / (side - 1));
         for (int j = 0; j < side; ++j) {
-            panel.Set(StudyField::DepthCover, 50 + j * 850.0 / (side - 1));
+            panel.Set(PanelField::DepthCover, 50 + j * 850.0 / (side - 1));
             const PanelFigures& figures = panel.Evaluate();
             sum += figures.Overall + figures.WebsOnly + figures.BarrierPillar + figures.ExtractionRatio;
         }

@@ -14,18 +14,18 @@
 #include "cli/output/study_rows.h"
 #include "core/statistics/study_numbers.h"
 #include "core/studies/risk_study.h"
+#include "core/studies/study_names.h"
 
 namespace tarvokol::cli {
 namespace {
 
-constexpr std::array<const char*, kFactors> kFactorNames{"Overall", "WebsOnly", "BarrierPillar"};
 constexpr std::array<const char*, kRiskShares.size()> kShareNames{"1 %",  "5 %",  "10 %", "25 %", "50 %",
                                                                   "75 %", "90 %", "95 %", "99 %"};
 constexpr int kTextColumn = 14;
 
 template <typename Whole>
 Whole WholeOption(const std::string& text, const char* name, double low, double high) {
-    const double value = RequiredNumber(text, name);
+    const double value = OfOption(name, [&] { return RequiredNumber(text); });
     if (value != std::floor(value) || value < low || value > high) {
         std::string bounds;
         AppendShortest(bounds, low);
@@ -33,6 +33,18 @@ Whole WholeOption(const std::string& text, const char* name, double low, double 
         throw UsageError{std::string(name) + ": \"" + text + "\" is not a whole number from " + bounds};
     }
     return static_cast<Whole>(value);
+}
+
+// "FIELD,FIELD=R".
+void AddCorrelation(RiskRequest& request, const std::string& text) {
+    const std::size_t comma = text.find(',');
+    const std::size_t equals = text.find('=');
+    if (comma == std::string::npos || equals == std::string::npos || comma > equals)
+        throw UsageError{"--correlate: \"" + text + "\" is no correlation; write FIELD,FIELD=R"};
+    const PanelField first = RequiredField(text.substr(0, comma));
+    const PanelField second = RequiredField(text.substr(comma + 1, equals - comma - 1));
+    OfOption("--correlate",
+             [&] { request.AddCorrelation(first, second, RequiredNumber(text.substr(equals + 1))); });
 }
 
 std::string Padded(const std::string& text, int width) {
@@ -88,11 +100,11 @@ void AddTargets(std::string& text, const RiskResult& result) {
 std::string RiskText(const RiskRequest& request, const RiskResult& result, const std::string& title) {
     std::string text = title + "\n\n";
     for (const RandomField& one : request.fields)
-        text += Padded(NameOfField(one.field), 20) + one.distribution.Text() + "\n";
+        text += Padded(NameOfField(one.field), 20) + one.distribution->Text() + "\n";
     text += std::to_string(request.samples) +
             (request.latin ? " samples (Latin hypercube)" : " samples (independent)") + ", seed " +
             std::to_string(request.seed) + ", " + std::to_string(result.refused) + " refused\n\n";
-    AddLine(text, "Factor", [](std::size_t f) { return std::string(kFactorNames[f]); });
+    AddLine(text, "Factor", [](std::size_t f) { return std::string(kStudyFigures[f].name); });
     AddLine(text, "Mean", [&](std::size_t f) { return Short(result.risk[f].moments.mean); });
     AddLine(text, "Standard deviation",
             [&](std::size_t f) { return Short(result.risk[f].moments.standard_deviation); });
@@ -144,14 +156,14 @@ Json RiskJson(const RiskRequest& request, const RiskResult& result, const std::s
     Json random = Json::object();
     Json units = Json::object();
     for (const RandomField& one : request.fields) {
-        random[NameOfField(one.field)] = one.distribution.Text();
-        if (const std::string unit = UnitOfField(one.field, static_cast<int>(project.units)); !unit.empty())
+        random[NameOfField(one.field)] = one.distribution->Text();
+        if (const std::string unit = UnitOfField(one.field, project.units); !unit.empty())
             units[NameOfField(one.field)] = unit;
     }
     object["random"] = std::move(random);
     object["factors"] = Json::object();
     for (std::size_t factor = 0; factor < kFactors; ++factor)
-        object["factors"][kFactorNames[factor]] = FactorJson(request, result.risk[factor]);
+        object["factors"][kStudyFigures[factor].name] = FactorJson(request, result.risk[factor]);
     object["units"] = std::move(units);
     object["schema"] = kSchemaVersion;
     return object;
@@ -245,8 +257,12 @@ RiskRequest Risk::RequestFor(const Panel& project) const {
     constexpr double kMostSamples = 4294967295.0;
     constexpr double kLargestSeed = 9007199254740992.0;
     RiskRequest request;
-    for (const std::string& text : random_) request.AddField(text, project);
-    for (const std::string& text : correlations_) request.AddCorrelation(text);
+    request.panel = project;
+    for (const std::string& text : random_) {
+        const FieldOption option = SplitFieldOption("--random", text, "FIELD=normal:MEAN:SD");
+        OfOption("--random", [&] { request.AddField(option.field, option.text); });
+    }
+    for (const std::string& text : correlations_) AddCorrelation(request, text);
     if (!samples_.empty())
         request.samples = WholeOption<std::uint32_t>(samples_, "--samples", 1, kMostSamples);
     if (!seed_.empty()) request.seed = WholeOption<std::uint64_t>(seed_, "--seed", 0, kLargestSeed);
@@ -276,7 +292,7 @@ int Risk::Study(HeadlessPlatform& host) {
     const Panel project = ReadProject(host);
     const RiskRequest request = RequestFor(project);
     if (target.ToFile()) target.Prepare(target.PathFor(Project()));
-    const RiskResult result = RunRisk(request, project);
+    const RiskResult result = OfOption("--correlate", [&] { return RunRisk(request); });
     if (!samples_out_.empty()) WriteSamples(request, result, *OpenFileSink(samples_out_, options_.force));
     Write(target, request, result, project);
     if (result.refused == request.samples)

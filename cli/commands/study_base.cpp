@@ -18,7 +18,7 @@
 #include "core/project/project_state.h"
 #include "core/runtime/run_time_error.h"
 #include "core/statistics/study_numbers.h"
-#include "core/statistics/study_refusal.h"
+#include "core/studies/study_names.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -110,6 +110,17 @@ int StudyCommand::Run(HeadlessPlatform& host) {
     } catch (const std::bad_alloc&) {
         return Tell("out of memory: take fewer samples", exit_status::Refused);
     }
+}
+
+FieldOption SplitFieldOption(const std::string& option, const std::string& text, const std::string& form) {
+    const std::size_t equals = text.find('=');
+    if (equals == std::string::npos)
+        throw UsageError{option + ": \"" + text + "\" has no \"=\"; write " + form};
+    return {RequiredField(std::string_view(text).substr(0, equals)), text.substr(equals + 1)};
+}
+
+UsageError RefusedOption(const std::string& option, const StudyRefusal& refusal) {
+    return {option + (refusal.Subject().empty() ? "" : ' ' + refusal.Subject()) + ": " + refusal.Fault()};
 }
 
 void RequireReadableFile(const std::string& path) {

@@ -6,7 +6,8 @@
 #include <vector>
 
 #include "cli/line/command.h"
-#include "core/studies/panel_figures.h"
+#include "core/engine/panel_fields.h"
+#include "core/statistics/study_refusal.h"
 
 namespace tarvokol::cli {
 
@@ -63,6 +64,29 @@ class StudyCommand : public Command {
     std::string threads_;  // empty: one per core
     bool sizes_ = false;
 };
+
+// A field and what an option gives it: "Height=1:3:1".
+struct FieldOption {
+    PanelField field;
+    std::string text;
+};
+
+// Cuts it at its "="; `form` is how it should be written. Raises UsageError where there is none, StudyRefusal for an
+// unknown field.
+FieldOption SplitFieldOption(const std::string& option, const std::string& text, const std::string& form);
+
+// Wrong usage of an option, by what a study refuses: the refusal names the field, this names the option.
+UsageError RefusedOption(const std::string& option, const StudyRefusal& refusal);
+
+// Does the work; what it refuses is wrong usage of the option.
+template <typename Work>
+decltype(auto) OfOption(const std::string& option, Work work) {
+    try {
+        return work();
+    } catch (const StudyRefusal& refusal) {
+        throw RefusedOption(option, refusal);
+    }
+}
 
 // Raises DataError for a path that is no readable regular file.
 void RequireReadableFile(const std::string& path);

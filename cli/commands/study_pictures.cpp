@@ -3,50 +3,23 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+#include <span>
 
+#include "cli/commands/study_run.h"
 #include "cli/output/drawing.h"
-#include "core/runtime/text.h"
+#include "core/studies/study_names.h"
 
 namespace tarvokol::cli {
 namespace {
 
-// A figure that a picture may show.
-struct Figure {
-    const char* name;
-    const char* legend;
-    const char* title;
-    const char* unit;
-    double PanelFigures::*value;
-    bool size;  // comes with --size only
-};
-
-constexpr std::array<Figure, 6> kFigures{{
-    {"Overall", "Overall", "Stability factor \"Overall\"", "", &PanelFigures::Overall, false},
-    {"WebsOnly", "Webs ONLY", "Stability factor \"Webs ONLY\"", "", &PanelFigures::WebsOnly, false},
-    {"BarrierPillar", "Barrier Pillar", "Stability factor \"Barrier Pillar\"", "",
-     &PanelFigures::BarrierPillar, false},
-    {"ExtractionRatio", "Extraction ratio", "Extraction ratio", "percent", &PanelFigures::ExtractionRatio,
-     false},
-    {"SuggestedWeb", "Suggested web", "Suggested web", "in", &PanelFigures::SuggestedWeb, true},
-    {"SuggestedBarrier", "Suggested barrier", "Suggested barrier", "in", &PanelFigures::SuggestedBarrier,
-     true},
-}};
-constexpr std::size_t kFactorFigures = 3;
-
 constexpr std::size_t kMostMapCells = 4000000;
 
-const Figure& FigureNamed(const std::string& given, bool sizes) {
-    const std::string name = given.empty() ? kFigures[0].name : given;
-    std::string known;
-    for (const Figure& figure : kFigures) {
-        if (EqualIgnoringCase(name, figure.name)) {
-            if (figure.size && !sizes) throw UsageError{"--of " + name + ": needs --size"};
-            return figure;
-        }
-        known += (known.empty() ? "" : ", ") + std::string(figure.name);
-    }
-    throw UsageError{"--of: unknown figure \"" + name + "\"; the figures are " + known};
+const StudyFigure& FigureOf(const std::string& name, bool sizes) {
+    if (name.empty()) return kStudyFigures.front();
+    const StudyFigure& figure =
+        OfOption("--of", [&]() -> const StudyFigure& { return RequiredFigure(name); });
+    if (figure.NeedsSizes() && !sizes) throw UsageError{"--of " + name + ": needs --size"};
+    return figure;
 }
 
 std::string WithUnit(const std::string& title, const std::string& unit) {
@@ -54,7 +27,7 @@ std::string WithUnit(const std::string& title, const std::string& unit) {
 }
 
 std::string AxisTitle(const ValueAxis& axis, const Panel& project) {
-    return WithUnit(TitleOfField(axis.Field()), UnitOfField(axis.Field(), static_cast<int>(project.units)));
+    return WithUnit(TitleOfField(axis.Field()), UnitOfField(axis.Field(), project.units));
 }
 
 std::vector<double> PlacesOf(const ValueAxis& axis) {
@@ -63,84 +36,80 @@ std::vector<double> PlacesOf(const ValueAxis& axis) {
     return places;
 }
 
-// What a factor is held against: webs and barrier against the project's targets, the whole panel against 1.
-StudyTarget TargetOf(const Figure& figure, const Panel& project) {
-    if (figure.value == &PanelFigures::WebsOnly) return {"Target SFWeb", project.SFWeb};
-    if (figure.value == &PanelFigures::BarrierPillar) return {"Target SFBarrier", project.SFBarrier};
-    if (figure.value == &PanelFigures::Overall) return {"Target", 1.0};
-    return {"", std::numeric_limits<double>::quiet_NaN()};
+StudyTarget TargetOf(const StudyFigure& figure, const Panel& project) {
+    if (!figure.IsFactor()) return {"", TargetOfFigure(figure, project)};
+    const std::string name = figure.target ? std::string("Target ") + NameOfField(*figure.target) : "Target";
+    return {name, TargetOfFigure(figure, project)};
 }
 
-void DrawCurves(RowSource& source, const ValueAxis& axis, const RowJob& job, const std::string& figure_name,
+void DrawCurves(const SweepRequest& request, const RowJob& job, const std::string& figure_name,
                 const std::string& path) {
     const bool factors = figure_name.empty();
-    const Figure& asked = FigureNamed(figure_name, job.sizes);
-    std::vector<const Figure*> figures{&asked};
-    if (factors) figures = {&kFigures[0], &kFigures[1], &kFigures[2]};
+    const StudyFigure& asked = FigureOf(figure_name, job.sizes);
+    const std::span<const StudyFigure> figures = factors ? FactorFigures() : std::span(&asked, 1);
+    const ValueAxis& axis = request.axes[0];
     CurvesPicture picture;
-    picture.titles = {job.title, AxisTitle(axis, job.project),
+    picture.titles = {job.title, AxisTitle(axis, request.panel),
                       factors ? "Stability factor" : WithUnit(asked.title, asked.unit)};
     picture.x = PlacesOf(axis);
-    for (const Figure* figure : figures) picture.curves.push_back({figure->legend, {}});
-    CollectRows(source, job, [&](auto, const PanelFigures& row) {
+    for (const StudyFigure& figure : figures) picture.curves.push_back({figure.legend, {}});
+    CollectedRows rows(job.quiet, axis.Count(), [&](const StudyRow& row) {
         for (std::size_t i = 0; i < figures.size(); ++i)
-            picture.curves[i].y.push_back(row.*figures[i]->value);
+            picture.curves[i].y.push_back(row.figures.*figures[i].value);
     });
-    for (const Figure* figure : figures) {
-        const StudyTarget target = TargetOf(*figure, job.project);
-        if (!std::isnan(target.value)) picture.targets.push_back(target);
-    }
+    RunSweep(request, rows);
+    for (const StudyFigure& figure : figures)
+        if (figure.IsFactor()) picture.targets.push_back(TargetOf(figure, request.panel));
     TheDrawing().DrawStudy(path, picture);
 }
 
-void DrawMap(RowSource& source, const std::vector<ValueAxis>& axes, const RowJob& job,
-             const std::string& figure_name, const std::string& path) {
-    const Figure& figure = FigureNamed(figure_name, job.sizes);
-    if (axes[0].Count() < 2 || axes[1].Count() < 2)
-        throw UsageError{"-o: a map needs two values or more of each field"};
-    if (axes[0].Count() * axes[1].Count() > kMostMapCells)
+void DrawMap(const SweepRequest& request, const RowJob& job, const std::string& figure_name,
+             const std::string& path) {
+    const StudyFigure& figure = FigureOf(figure_name, job.sizes);
+    const ValueAxis& x = request.axes[0];
+    const ValueAxis& y = request.axes[1];
+    if (x.Count() < 2 || y.Count() < 2) throw UsageError{"-o: a map needs two values or more of each field"};
+    if (x.Count() * y.Count() > kMostMapCells)
         throw UsageError{"-o: a map of more than " + std::to_string(kMostMapCells) +
                          " panels; give larger steps"};
     MapPicture picture;
-    picture.titles = {job.title, AxisTitle(axes[0], job.project), AxisTitle(axes[1], job.project)};
+    picture.titles = {job.title, AxisTitle(x, request.panel), AxisTitle(y, request.panel)};
     picture.value_name = WithUnit(figure.title, figure.unit);
-    picture.target = TargetOf(figure, job.project);
-    picture.grid.x = PlacesOf(axes[0]);
-    picture.grid.y = PlacesOf(axes[1]);
-    picture.grid.values.resize(axes[0].Count() * axes[1].Count());
-    std::size_t row = 0;
-    CollectRows(source, job, [&](auto, const PanelFigures& figures) {
-        const std::size_t i = row / axes[1].Count();
-        const std::size_t j = row % axes[1].Count();
-        picture.grid.values[j * axes[0].Count() + i] = figures.*figure.value;
-        ++row;
+    picture.target = TargetOf(figure, request.panel);
+    picture.grid.x = PlacesOf(x);
+    picture.grid.y = PlacesOf(y);
+    picture.grid.values.resize(x.Count() * y.Count());
+    CollectedRows rows(job.quiet, request.Rows(), [&](const StudyRow& row) {
+        picture.grid.values[row.places[1] * x.Count() + row.places[0]] = row.figures.*figure.value;
     });
+    RunSweep(request, rows);
     TheDrawing().DrawStudy(path, picture);
 }
 
 }  // namespace
 
 void CheckFigure(const std::string& figure, bool sizes) {
-    FigureNamed(figure, sizes);
+    FigureOf(figure, sizes);
 }
 
-void DrawSweep(RowSource& source, const std::vector<ValueAxis>& axes, const RowJob& job,
-               const std::string& figure, const std::string& path) {
-    if (axes.size() > 2)
+void DrawSweep(const SweepRequest& request, const RowJob& job, const std::string& figure,
+               const std::string& path) {
+    if (request.axes.size() > 2)
         throw UsageError{"-o: a picture shows one field (curves) or two (a map), not " +
-                         std::to_string(axes.size()) + "; write .csv, .json or .xlsx, or vary fewer fields"};
-    if (axes.size() == 1)
-        DrawCurves(source, axes[0], job, figure, path);
+                         std::to_string(request.axes.size()) +
+                         "; write .csv, .json or .xlsx, or vary fewer fields"};
+    if (request.axes.size() == 1)
+        DrawCurves(request, job, figure, path);
     else
-        DrawMap(source, axes, job, figure, path);
+        DrawMap(request, job, figure, path);
 }
 
 void DrawRisk(const RiskResult& result, const std::string& title, const std::string& path) {
     SpreadPicture picture;
     picture.title = title;
-    for (std::size_t factor = 0; factor < kFactorFigures; ++factor) {
+    for (std::size_t factor = 0; factor < kFactors; ++factor) {
         SpreadPanel panel;
-        panel.name = kFigures[factor].title;
+        panel.name = kStudyFigures[factor].title;
         for (const double value : result.factors[factor])
             if (!std::isnan(value)) panel.sorted.push_back(value);
         std::sort(panel.sorted.begin(), panel.sorted.end());

@@ -3,12 +3,10 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "cli/commands/study_base.h"
-#include "cli/commands/study_run.h"
 #include "core/studies/risk_study.h"
-#include "core/studies/value_axis.h"
+#include "core/studies/sweep_study.h"
 
 namespace tarvokol::cli {
 
@@ -17,8 +15,8 @@ void CheckFigure(const std::string& figure, bool sizes);
 
 // Draws a sweep of one or two fields, of two the figure named; empty stands for the default. Raises UsageError for more
 // fields, for a map whose axis has fewer than two values, and OutputError.
-void DrawSweep(RowSource& source, const std::vector<ValueAxis>& axes, const RowJob& job,
-               const std::string& figure, const std::string& path);
+void DrawSweep(const SweepRequest& request, const RowJob& job, const std::string& figure,
+               const std::string& path);
 
 // Draws histogram and cumulative curve of each factor, its targets marked.
 void DrawRisk(const RiskResult& result, const std::string& title, const std::string& path);

@@ -7,26 +7,12 @@
 #include <utility>
 
 #include "cli/output/drawing.h"
-#include "cli/output/progress_bar.h"
 #include "core/files/file_replacement.h"
 #include "core/statistics/study_numbers.h"
-#include "core/studies/ordered_work.h"
+#include "core/studies/study_figures.h"
 
 namespace tarvokol::cli {
 namespace {
-
-// A row that is kept until its turn.
-struct KeptRow {
-    std::vector<LeadingCell> leading;
-    PanelFigures figures;
-};
-
-// What has become of a piece: text that only needs to be written, or its rows.
-struct RowBlock {
-    std::string text;
-    std::vector<KeptRow> rows;
-    std::uint64_t count = 0;
-};
 
 // Texts whose memory serves for the next piece.
 class SpareTexts {
@@ -49,68 +35,71 @@ class SpareTexts {
     std::vector<std::string> texts_;
 };
 
-using BlockWork = OrderedWork<StudyPiece, RowBlock>;
-
-// One evaluator a piece: making it costs less than a row.
-template <typename Keep>
-RowBlock WorkOn(const RowSource& source, const RowJob& job, const StudyPiece& piece, Keep keep,
-                std::string text = {}) {
-    RowBlock block;
-    block.text = std::move(text);
-    block.count = piece.count;
-    PanelEvaluator panel(job.project, job.sizes);
-    source.Work(piece, panel, [&](std::span<const LeadingCell* const> leading, const PanelFigures& figures) {
-        keep(block, leading, figures);
-    });
-    return block;
-}
-
-void KeepRow(RowBlock& block, std::span<const LeadingCell* const> leading, const PanelFigures& figures) {
-    KeptRow row;
-    for (const LeadingCell* cell : leading) row.leading.push_back(*cell);
-    row.figures = figures;
-    block.rows.push_back(std::move(row));
-}
-
-void TakeRows(const RowBlock& block, const RowTaker& take) {
-    std::vector<const LeadingCell*> leading;
-    for (const KeptRow& row : block.rows) {
-        leading.clear();
-        for (const LeadingCell& cell : row.leading) leading.push_back(&cell);
-        take(leading, row.figures);
-    }
-}
-
 void TellUnits(const RowJob& job, const std::vector<LeadingColumn>& columns) {
     if (!job.quiet) std::cerr << "Units: " << UnitsInWords(columns, job.sizes) << '\n';
 }
 
-int WriteTextRows(RowSource& source, const RowJob& job, RowFormat format, RowSink& sink) {
-    const RowWriter writer(format, job.file, source.Columns(), job.sizes);
-    ProgressBar progress(job.quiet, source.Total());
-    SpareTexts spare;
-    const auto write = [&](StudyPiece& piece) {
-        FigureTexts texts;
-        return WorkOn(
-            source, job, piece,
-            [&](RowBlock& block, auto leading, const PanelFigures& figures) {
-                writer.Append(block.text, leading, figures, texts);
-            },
-            spare.Take());
-    };
-    BlockWork work([&] { return source.Next(); }, write);
-    // The header waits for the first rows: a table whose first lines are at fault writes nothing.
-    std::string header = writer.Header();
-    bool read_on = true;
-    work.Run(job.threads, [&](RowBlock&& block) {
-        if (!header.empty()) block.text.insert(0, std::exchange(header, ""));
-        read_on = sink.Write(block.text);
-        spare.GiveBack(std::move(block.text));
-        progress.Advance(block.count);
+// The text of one piece, written in the thread that calculates it.
+class TextTaker : public RowTaker {
+  public:
+    TextTaker(const RowWriter& writer, std::unique_ptr<LeadingCells> cells, std::string text)
+        : writer_(writer), cells_(std::move(cells)), text_(std::move(text)) {}
+
+    void Take(const StudyRow& row) override { writer_.Append(text_, cells_->Of(row), row.figures, texts_); }
+
+    std::string& Text() { return text_; }
+
+  private:
+    const RowWriter& writer_;
+    std::unique_ptr<LeadingCells> cells_;
+    FigureTexts texts_;
+    std::string text_;
+};
+
+// Writes the rows as they come.
+class TextRows : public RowObserver {
+  public:
+    TextRows(const RowStudy& study, const RowJob& job, const RowWriter& writer, RowSink& sink)
+        : study_(study),
+          writer_(writer),
+          sink_(sink),
+          bar_(job.quiet, study.total),
+          header_(writer.Header()) {}
+
+    std::unique_ptr<RowTaker> Begin(std::uint64_t) override {
+        return std::make_unique<TextTaker>(writer_, study_.cells(), spare_.Take());
+    }
+
+    bool End(RowTaker& taker) override {
+        std::string& text = static_cast<TextTaker&>(taker).Text();
+        // The header waits for the first rows: a table whose first lines are at fault writes nothing.
+        if (!header_.empty()) text.insert(0, std::exchange(header_, ""));
+        const bool read_on = sink_.Write(text);
+        spare_.GiveBack(std::move(text));
         return read_on;
-    });
-    if (read_on && !header.empty()) read_on = sink.Write(header);
-    if (read_on) sink.Finish();
+    }
+
+    bool Progress(std::uint64_t done, std::optional<std::uint64_t>) override {
+        bar_.Reach(done);
+        return true;
+    }
+
+    // What is left where there was no row.
+    bool WriteHeader() { return header_.empty() || sink_.Write(header_); }
+
+  private:
+    const RowStudy& study_;
+    const RowWriter& writer_;
+    RowSink& sink_;
+    ProgressBar bar_;
+    SpareTexts spare_;
+    std::string header_;
+};
+
+int WriteTextRows(const RowStudy& study, const RowJob& job, RowFormat format, RowSink& sink) {
+    const RowWriter writer(format, job.file, study.columns, job.sizes);
+    TextRows rows(study, job, writer, sink);
+    if (study.run(rows) && rows.WriteHeader()) sink.Finish();
     return exit_status::Done;
 }
 
@@ -122,52 +111,61 @@ constexpr std::uint64_t kMostSheetRows = 1048576;
                      std::to_string(kMostSheetRows) + " of a sheet; write .csv or .json"};
 }
 
-void WriteWorkbook(RowSource& source, const RowJob& job, const std::string& path) {
-    if (source.Total() && *source.Total() >= kMostSheetRows) RefuseSheet(*source.Total());
+void AddSheetRow(RowSheet& book, std::span<const LeadingCell* const> leading, const PanelFigures& figures,
+                 bool sizes) {
+    for (const LeadingCell* cell : leading) {
+        if (cell->number)
+            book.AddNumber(WholeNumber(cell->text).value_or(std::numeric_limits<double>::quiet_NaN()));
+        else
+            book.AddText(cell->text);
+    }
+    for (const StudyFigure& figure : StudyFigures(sizes)) book.AddNumber(figures.*figure.value);
+    book.AddText(figures.message);
+    book.EndRow();
+}
+
+void WriteWorkbook(const RowStudy& study, const RowJob& job, const std::string& path) {
+    if (study.total && *study.total >= kMostSheetRows) RefuseSheet(*study.total);
     FileReplacement place(path);
     const auto book = TheDrawing().RowWorkbook(place.BuildPath());
     std::vector<std::string> titles;
-    for (const LeadingColumn& column : source.Columns()) titles.push_back(TitleWithUnit(column));
+    for (const LeadingColumn& column : study.columns) titles.push_back(TitleWithUnit(column));
     for (const std::string& title : FigureTitlesWithUnits(job.sizes)) titles.push_back(title);
     book->AddTitles(titles);
     std::uint64_t rows = 1;
-    CollectRows(source, job, [&](std::span<const LeadingCell* const> leading, const PanelFigures& figures) {
+    const auto cells = study.cells();
+    CollectedRows collected(job.quiet, study.total, [&](const StudyRow& row) {
         if (++rows > kMostSheetRows) RefuseSheet(rows - 1);
-        for (const LeadingCell* cell : leading) {
-            if (cell->number)
-                book->AddNumber(WholeNumber(cell->text).value_or(std::numeric_limits<double>::quiet_NaN()));
-            else
-                book->AddText(cell->text);
-        }
-        for (const double value : FigureValues(figures, job.sizes)) book->AddNumber(value);
-        book->AddText(figures.message);
-        book->EndRow();
+        AddSheetRow(*book, cells->Of(row), row.figures, job.sizes);
     });
+    study.run(collected);
     book->Finish();
     place.Commit();
 }
 
 }  // namespace
 
-void CollectRows(RowSource& source, const RowJob& job, const RowTaker& take) {
-    ProgressBar progress(job.quiet, source.Total());
-    BlockWork work([&] { return source.Next(); },
-                   [&](StudyPiece& piece) { return WorkOn(source, job, piece, KeepRow); });
-    work.Run(job.threads, [&](RowBlock&& block) {
-        TakeRows(block, take);
-        progress.Advance(block.count);
-        return true;
-    });
+CollectedRows::CollectedRows(bool quiet, std::optional<std::uint64_t> total,
+                             std::function<void(const StudyRow&)> take)
+    : RowsInOrder([take = std::move(take)](const StudyRow& row) {
+          take(row);
+          return true;
+      }),
+      bar_(quiet, total) {}
+
+bool CollectedRows::Progress(std::uint64_t done, std::optional<std::uint64_t>) {
+    bar_.Reach(done);
+    return true;
 }
 
-int WriteRows(RowSource& source, const RowJob& job, const RowTarget& target) {
+int WriteRows(const RowStudy& study, const RowJob& job, const RowTarget& target) {
     if (target.Kind() == RowTarget::Workbook) {
-        target.WriteDrawn([&](const std::string& path) { WriteWorkbook(source, job, path); });
+        target.WriteDrawn([&](const std::string& path) { WriteWorkbook(study, job, path); });
         return exit_status::Done;
     }
     const auto sink = target.Open();
-    if (target.Kind() == RowTarget::Csv) TellUnits(job, source.Columns());
-    return WriteTextRows(source, job, target.Kind() == RowTarget::Csv ? RowFormat::Csv : RowFormat::JsonLines,
+    if (target.Kind() == RowTarget::Csv) TellUnits(job, study.columns);
+    return WriteTextRows(study, job, target.Kind() == RowTarget::Csv ? RowFormat::Csv : RowFormat::JsonLines,
                          *sink);
 }
 

@@ -1,56 +1,50 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The rows of a study: calculated on all cores, written in order, never more than a few thousand of them at a
-// time in memory.
+// The rows of a sweep or a table on their way out: text made on all cores, workbooks, progress.
 #pragma once
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "cli/commands/study_base.h"
+#include "cli/output/progress_bar.h"
 #include "cli/output/row_sink.h"
 #include "cli/output/study_rows.h"
-#include "core/files/csv_reader.h"
+#include "core/studies/study_rows.h"
 
 namespace tarvokol::cli {
 
-// Some rows of a study: by their numbers, or as read from a table.
-struct StudyPiece {
-    std::uint64_t first = 0;
-    std::uint64_t count = 0;
-    std::vector<TableRow> rows;
-};
-
-// Takes a row: the cells in front of the figures, and the figures.
-using RowTaker =
-    std::function<void(std::span<const LeadingCell* const> leading, const PanelFigures& figures)>;
-
-// Where the rows of a study come from.
-class RowSource {
+// Makes the cells in front of a row's figures, for one thread; they hold until the next row.
+class LeadingCells {
   public:
-    static constexpr std::uint64_t kRowsAPiece = 2048;
-
-    virtual ~RowSource() = default;
-    virtual std::vector<LeadingColumn> Columns() const = 0;
-
-    // The number of rows, where it is known.
-    virtual std::optional<std::uint64_t> Total() const = 0;
-
-    // The next rows; called by one thread at a time.
-    virtual std::optional<StudyPiece> Next() = 0;
-
-    // Calculates the rows of a piece in order; called by many threads at once.
-    virtual void Work(const StudyPiece& piece, PanelEvaluator& panel, const RowTaker& take) const = 0;
+    virtual ~LeadingCells() = default;
+    virtual std::span<const LeadingCell* const> Of(const StudyRow& row) = 0;
 };
 
-// Writes the rows of the source as CSV, JSON Lines or a workbook. Returns the exit status. Raises UsageError,
-// TableFault, OutputError.
-int WriteRows(RowSource& source, const RowJob& job, const RowTarget& target);
+// A study whose rows are to be written: its leading columns, the number of its rows where it is known, and how it runs.
+struct RowStudy {
+    std::vector<LeadingColumn> columns;
+    std::optional<std::uint64_t> total;
+    std::function<std::unique_ptr<LeadingCells>()> cells;
+    std::function<bool(RowObserver&)> run;
+};
 
-// Hands the rows to the taker in order, in the calling thread: for pictures.
-void CollectRows(RowSource& source, const RowJob& job, const RowTaker& take);
+// Writes the rows of the study as CSV, JSON Lines or a workbook. Returns the exit status. Raises UsageError,
+// TableFault, OutputError, and what the study refuses.
+int WriteRows(const RowStudy& study, const RowJob& job, const RowTarget& target);
+
+// Hands the rows to a function in their order, with a progress line.
+class CollectedRows : public RowsInOrder {
+  public:
+    CollectedRows(bool quiet, std::optional<std::uint64_t> total, std::function<void(const StudyRow&)> take);
+    bool Progress(std::uint64_t done, std::optional<std::uint64_t> total) override;
+
+  private:
+    ProgressBar bar_;
+};
 
 }  // namespace tarvokol::cli

@@ -1,9 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Every combination of the values that fields of a project are given.
-#include <algorithm>
-#include <cmath>
-#include <iostream>
-#include <limits>
 #include <memory>
 
 #include "cli/commands/commands.h"
@@ -12,7 +8,7 @@
 #include "cli/output/drawing.h"
 #include "cli/output/row_sink.h"
 #include "core/statistics/study_numbers.h"
-#include "core/studies/value_axis.h"
+#include "core/studies/sweep_study.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -46,93 +42,43 @@ class TextAxis {
     std::vector<LeadingCell> cells_;
 };
 
-class SweepSource : public RowSource {
+class SweepCells : public LeadingCells {
   public:
-    SweepSource(const std::vector<ValueAxis>& axes, std::uint64_t rows, int unit_system)
-        : rows_(rows), unit_system_(unit_system) {
-        for (const ValueAxis& axis : axes) axes_.emplace_back(axis);
-    }
+    explicit SweepCells(const std::vector<TextAxis>& axes)
+        : axes_(axes), rooms_(axes.size()), cells_(axes.size()) {}
 
-    std::vector<LeadingColumn> Columns() const override {
-        std::vector<LeadingColumn> columns;
-        for (const TextAxis& axis : axes_)
-            columns.push_back(
-                {NameOfField(axis.Axis().Field()), UnitOfField(axis.Axis().Field(), unit_system_)});
-        return columns;
-    }
-
-    std::optional<std::uint64_t> Total() const override { return rows_; }
-
-    std::optional<StudyPiece> Next() override {
-        if (next_ == rows_) return std::nullopt;
-        StudyPiece piece;
-        piece.first = next_;
-        piece.count = std::min(kRowsAPiece, rows_ - next_);
-        next_ += piece.count;
-        return piece;
-    }
-
-    void Work(const StudyPiece& piece, PanelEvaluator& panel, const RowTaker& take) const override {
-        std::vector<std::uint64_t> at = PlacesOf(piece.first);
-        std::vector<const LeadingCell*> cells(axes_.size());
-        std::vector<LeadingCell> rooms(axes_.size());
-        const auto set = [&](std::size_t i) {
-            cells[i] = axes_[i].Cell(at[i], rooms[i]);
-            panel.Set(axes_[i].Axis().Field(), axes_[i].Axis()[at[i]]);
-        };
-        for (std::size_t i = 0; i < axes_.size(); ++i) set(i);
-        for (std::uint64_t row = 0; row < piece.count; ++row) {
-            take(cells, panel.Evaluate());
-            for (std::size_t i = axes_.size(); i-- > 0;) {
-                at[i] = at[i] + 1 < axes_[i].Axis().Count() ? at[i] + 1 : 0;
-                set(i);
-                if (at[i] != 0) break;
-            }
-        }
+    std::span<const LeadingCell* const> Of(const StudyRow& row) override {
+        for (std::size_t i = 0; i < axes_.size(); ++i) cells_[i] = axes_[i].Cell(row.places[i], rooms_[i]);
+        return cells_;
     }
 
   private:
-    // The numbers of the values of a row; the last field runs fastest.
-    std::vector<std::uint64_t> PlacesOf(std::uint64_t row) const {
-        std::vector<std::uint64_t> places(axes_.size());
-        for (std::size_t i = axes_.size(); i-- > 0;) {
-            places[i] = row % axes_[i].Axis().Count();
-            row /= axes_[i].Axis().Count();
-        }
-        return places;
-    }
-
-    std::vector<TextAxis> axes_;
-    std::uint64_t rows_;
-    std::uint64_t next_ = 0;
-    int unit_system_;
+    const std::vector<TextAxis>& axes_;
+    std::vector<LeadingCell> rooms_;
+    std::vector<const LeadingCell*> cells_;
 };
 
-std::vector<ValueAxis> AxesOf(const std::vector<std::string>& varied) {
-    std::vector<ValueAxis> axes;
+SweepRequest RequestOf(const std::vector<std::string>& varied, bool force) {
+    SweepRequest request;
     for (const std::string& text : varied) {
-        ValueAxis axis = ValueAxis::Parse(text);
-        for (const ValueAxis& other : axes)
-            if (other.Field() == axis.Field())
-                throw UsageError{std::string("--vary ") + NameOfField(axis.Field()) +
-                                 ": the field is given twice"};
-        axes.push_back(std::move(axis));
+        const FieldOption option = SplitFieldOption("--vary", text, "FIELD=FIRST:LAST:STEP");
+        OfOption("--vary", [&] { request.AddAxis(ValueAxis::Parse(option.field, option.text)); });
     }
-    return axes;
+    const std::uint64_t rows = OfOption("--vary", [&] { return request.Rows(); });
+    if (rows > kRowsWithoutForce && !force)
+        throw UsageError{"--vary: " + std::to_string(rows) +
+                         " combinations are more than 1000000000; give larger steps, or --force"};
+    return request;
 }
 
-std::uint64_t RowsOf(const std::vector<ValueAxis>& axes, bool force) {
-    double rows = 1;
-    std::uint64_t exact = 1;
-    for (const ValueAxis& axis : axes) {
-        rows *= static_cast<double>(axis.Count());
-        exact *= axis.Count();
-    }
-    if (rows > 9e18) throw UsageError{"--vary: too many combinations to count; give larger steps"};
-    if (exact > kRowsWithoutForce && !force)
-        throw UsageError{"--vary: " + std::to_string(exact) +
-                         " combinations are more than 1000000000; give larger steps, or --force"};
-    return exact;
+RowStudy StudyOf(const SweepRequest& request, const std::vector<TextAxis>& axes) {
+    RowStudy study;
+    for (const ValueAxis& axis : request.axes)
+        study.columns.push_back({NameOfField(axis.Field()), UnitOfField(axis.Field(), request.panel.units)});
+    study.total = request.Rows();
+    study.cells = [&axes] { return std::make_unique<SweepCells>(axes); };
+    study.run = [&request](RowObserver& observer) { return RunSweep(request, observer); };
+    return study;
 }
 
 class Sweep : public StudyCommand {
@@ -168,15 +114,19 @@ class Sweep : public StudyCommand {
     }
 
     int Study(HeadlessPlatform& host) override {
-        const std::vector<ValueAxis> axes = AxesOf(varied_);
-        const std::uint64_t rows = RowsOf(axes, options_.force);
+        SweepRequest request = RequestOf(varied_, options_.force);
         CheckFigure(figure_, WithSizes());
         const RowTarget target(options_);
         if (target.IsDrawn()) TheDrawing();
         const RowJob job = JobFor(ReadProject(host));
-        SweepSource source(axes, rows, static_cast<int>(job.project.units));
-        if (target.Kind() != RowTarget::Picture) return WriteRows(source, job, target);
-        target.WriteDrawn([&](const std::string& path) { DrawSweep(source, axes, job, figure_, path); });
+        request.panel = job.project;
+        request.sizes = job.sizes;
+        request.threads = job.threads;
+        if (target.Kind() != RowTarget::Picture) {
+            const std::vector<TextAxis> axes(request.axes.begin(), request.axes.end());
+            return WriteRows(StudyOf(request, axes), job, target);
+        }
+        target.WriteDrawn([&](const std::string& path) { DrawSweep(request, job, figure_, path); });
         return exit_status::Done;
     }
 

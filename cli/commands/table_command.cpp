@@ -2,6 +2,7 @@
 // A table of panels: each row sets some fields of a project and carries the rest of its cells through.
 #include <fstream>
 #include <iostream>
+#include <memory>
 
 #include "cli/commands/commands.h"
 #include "cli/commands/study_run.h"
@@ -9,112 +10,81 @@
 #include "cli/output/drawing.h"
 #include "cli/output/row_sink.h"
 #include "core/files/csv_reader.h"
-#include "core/runtime/text.h"
 #include "core/statistics/study_numbers.h"
+#include "core/statistics/study_refusal.h"
+#include "core/studies/table_study.h"
 
 namespace tarvokol::cli {
 namespace {
 
-class TableSource : public RowSource {
+// The cells of a row as they were read, those of fields as numbers.
+class TableCells : public LeadingCells {
   public:
-    TableSource(std::istream& input, const std::string& name, int unit_system)
-        : reader_(input, name), unit_system_(unit_system) {
-        std::vector<bool> taken(kStudyFields, false);
-        for (std::size_t i = 0; i < reader_.Header().size(); ++i) {
-            const auto field = FieldNamed(reader_.Header()[i]);
-            fields_.push_back(field);
-            if (!field) continue;
-            if (taken[static_cast<std::size_t>(*field)])
-                throw TableFault(name + ", line 1: the column " + NameOfField(*field) +
-                                 " stands there twice");
-            taken[static_cast<std::size_t>(*field)] = true;
-            any_field_ = true;
-        }
-        if (!any_field_)
-            throw TableFault(name + ", line 1: no column is named as a field of the project; " +
-                             KnownFields());
+    explicit TableCells(const TableColumns& columns) : columns_(columns), cells_(columns.Count()) {
+        for (const LeadingCell& cell : cells_) pointers_.push_back(&cell);
     }
 
-    std::vector<LeadingColumn> Columns() const override {
-        std::vector<LeadingColumn> columns;
-        for (std::size_t i = 0; i < fields_.size(); ++i)
-            columns.push_back(
-                fields_[i] ? LeadingColumn{NameOfField(*fields_[i]), UnitOfField(*fields_[i], unit_system_)}
-                           : LeadingColumn{reader_.Header()[i], ""});
-        return columns;
-    }
-
-    std::optional<std::uint64_t> Total() const override { return std::nullopt; }
-
-    std::optional<StudyPiece> Next() override {
-        StudyPiece piece;
-        for (TableRow row; piece.rows.size() < kRowsAPiece && reader_.Next(row);) {
-            Check(row);
-            piece.rows.push_back(std::move(row));
+    std::span<const LeadingCell* const> Of(const StudyRow& row) override {
+        std::size_t value = 0;
+        for (std::size_t i = 0; i < cells_.size(); ++i) {
+            LeadingCell& cell = cells_[i];
+            cell.number = columns_.Field(i).has_value();
+            cell.text.clear();
+            if (cell.number)
+                AppendShortest(cell.text, row.values[value++]);
+            else
+                cell.text = row.record->cells[i];
         }
-        piece.count = piece.rows.size();
-        if (piece.rows.empty()) return std::nullopt;
-        return piece;
-    }
-
-    void Work(const StudyPiece& piece, PanelEvaluator& panel, const RowTaker& take) const override {
-        const PanelInputs project = panel.Inputs();
-        std::vector<LeadingCell> cells(fields_.size());
-        std::vector<const LeadingCell*> pointers;
-        pointers.reserve(cells.size());
-        for (const LeadingCell& cell : cells) pointers.push_back(&cell);
-        for (const TableRow& row : piece.rows) {
-            for (std::size_t i = 0; i < fields_.size(); ++i)
-                SetCell(row.cells[i], fields_[i], project, panel, cells[i]);
-            take(pointers, panel.Evaluate());
-        }
-    }
-
-    // Reads all rows without calculating them.
-    void CheckAll() {
-        while (Next()) {
-        }
+        return pointers_;
     }
 
   private:
-    void Check(const TableRow& row) const {
-        for (std::size_t i = 0; i < fields_.size(); ++i) {
-            if (!fields_[i]) continue;
-            const std::string text = Trim(row.cells[i]);
-            if (text.empty()) continue;
-            const auto value = WholeNumber(text);
-            if (!value) throw reader_.FaultOf(row, i, WhyNoNumber(text));
-            if (!FitsField(*fields_[i], *value))
-                throw reader_.FaultOf(row, i, "\"" + text + "\" cannot be stored in this field");
-        }
-    }
-
-    static void SetCell(const std::string& text, const std::optional<StudyField>& field,
-                        const PanelInputs& project, PanelEvaluator& panel, LeadingCell& cell) {
-        cell.number = field.has_value();
-        if (!field) {
-            cell.text = text;
-            return;
-        }
-        const std::string trimmed = Trim(text);
-        const double value = trimmed.empty() ? ValueOfField(project, *field) : *WholeNumber(trimmed);
-        panel.Set(*field, value);
-        cell.text.clear();
-        AppendShortest(cell.text, value);
-    }
-
-    CsvReader reader_;
-    int unit_system_;
-    std::vector<std::optional<StudyField>>
-        fields_;  // of each column, nothing for one that is carried through
-    bool any_field_ = false;
+    const TableColumns& columns_;
+    std::vector<LeadingCell> cells_;
+    std::vector<const LeadingCell*> pointers_;
 };
+
+// The columns of a table. Raises TableFault for a header that makes no table.
+TableColumns ColumnsOf(const CsvReader& reader, const std::string& name) {
+    try {
+        return TableColumns(reader.Header());
+    } catch (const StudyRefusal& refusal) {
+        throw TableFault(name + ", line 1: " + refusal.what());
+    }
+}
+
+void RequireSound(const CsvReader& reader, const TableColumns& columns, const TableRow& row) {
+    if (const auto cell = columns.FaultyCell(row))
+        throw reader.FaultOf(row, *cell, columns.FaultOf(*cell, row.cells[*cell]));
+}
 
 // A table on the disk is read to its end before the first row is written, so that a fault in its last line
 // leaves nothing half-written behind.
-void CheckWholeFile(const std::string& path, int unit_system) {
+void CheckWholeFile(const std::string& path) {
     std::ifstream input(path, std::ios::binary);
-    TableSource(input, path, unit_system).CheckAll();
+    CsvReader reader(input, path);
+    const TableColumns columns = ColumnsOf(reader, path);
+    for (TableRow row; reader.Next(row);) RequireSound(reader, columns, row);
+}
+
+int WriteTable(std::istream& input, const std::string& name, const RowJob& job, const RowTarget& target) {
+    CsvReader reader(input, name);
+    TableRequest request{job.project, ColumnsOf(reader, name), {}, {}, job.sizes, job.threads};
+    request.rows = [&](TableRow& row) {
+        if (!reader.Next(row)) return false;
+        RequireSound(reader, request.columns, row);
+        return true;
+    };
+    RowStudy study;
+    for (std::size_t i = 0; i < request.columns.Count(); ++i) {
+        const auto field = request.columns.Field(i);
+        study.columns.push_back(
+            field ? LeadingColumn{NameOfField(*field), UnitOfField(*field, job.project.units)}
+                  : LeadingColumn{request.columns.Title(i), ""});
+    }
+    study.cells = [&request] { return std::make_unique<TableCells>(request.columns); };
+    study.run = [&request](RowObserver& observer) { return RunTable(request, observer); };
+    return WriteRows(study, job, target);
 }
 
 class Table : public StudyCommand {
@@ -151,16 +121,11 @@ class Table : public StudyCommand {
             throw UsageError{"--stdin-project: standard input holds the project or the rows, not both"};
         if (target.IsDrawn()) TheDrawing();
         const RowJob job = JobFor(ReadProject(host));
-        const int units = static_cast<int>(job.project.units);
-        if (from_standard_input) {
-            TableSource source(std::cin, "standard input", units);
-            return WriteRows(source, job, target);
-        }
+        if (from_standard_input) return WriteTable(std::cin, "standard input", job, target);
         RequireReadableFile(rows_);
-        CheckWholeFile(rows_, units);
+        CheckWholeFile(rows_);
         std::ifstream input(rows_, std::ios::binary);
-        TableSource source(input, rows_, units);
-        return WriteRows(source, job, target);
+        return WriteTable(input, rows_, job, target);
     }
 
   private:

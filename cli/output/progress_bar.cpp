@@ -43,8 +43,8 @@ ProgressBar::~ProgressBar() {
     if (shown_) std::cerr << kClearLine << std::flush;
 }
 
-void ProgressBar::Advance(std::uint64_t rows) {
-    done_ += rows;
+void ProgressBar::Reach(std::uint64_t rows) {
+    done_ = rows;
     const auto now = Clock::now();
     if (!shown_ || now < next_) return;
     next_ = now + kPause;

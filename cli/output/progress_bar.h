@@ -22,7 +22,8 @@ class ProgressBar {
     ProgressBar(const ProgressBar&) = delete;
     ProgressBar& operator=(const ProgressBar&) = delete;
 
-    void Advance(std::uint64_t rows);
+    // So many rows are done.
+    void Reach(std::uint64_t rows);
 
   private:
     using Clock = std::chrono::steady_clock;

@@ -17,26 +17,6 @@ namespace {
 constexpr const char* kCsvLineEnd = "\r\n";
 constexpr const char* kMessageColumn = "Message";
 
-struct FigureColumn {
-    const char* title;
-    const char* unit;
-    double PanelFigures::*value;
-};
-
-constexpr std::array<FigureColumn, kMostFigures> kFigures{{
-    {"Overall", "", &PanelFigures::Overall},
-    {"WebsOnly", "", &PanelFigures::WebsOnly},
-    {"BarrierPillar", "", &PanelFigures::BarrierPillar},
-    {"ExtractionRatio", "percent", &PanelFigures::ExtractionRatio},
-    {"SuggestedWeb", "in", &PanelFigures::SuggestedWeb},
-    {"SuggestedBarrier", "in", &PanelFigures::SuggestedBarrier},
-}};
-constexpr std::size_t kWithoutSizes = 4;
-
-std::span<const FigureColumn> Figures(bool sizes) {
-    return std::span(kFigures).first(sizes ? kFigures.size() : kWithoutSizes);
-}
-
 std::string Key(const std::string& title) {
     return ',' + JsonText(title) + ':';
 }
@@ -52,7 +32,7 @@ void AppendCell(std::string& text, const std::string& cell) {
 // The columns that have a unit.
 std::vector<LeadingColumn> ColumnsWithUnits(std::span<const LeadingColumn> leading, bool sizes) {
     std::vector<LeadingColumn> columns(leading.begin(), leading.end());
-    for (const FigureColumn& figure : Figures(sizes)) columns.push_back({figure.title, figure.unit});
+    for (const StudyFigure& figure : StudyFigures(sizes)) columns.push_back({figure.name, figure.unit});
     std::erase_if(columns, [](const LeadingColumn& column) { return column.unit.empty(); });
     return columns;
 }
@@ -61,27 +41,21 @@ std::vector<LeadingColumn> ColumnsWithUnits(std::span<const LeadingColumn> leadi
 
 std::vector<std::string> FigureColumns(bool sizes) {
     std::vector<std::string> titles;
-    for (const FigureColumn& figure : Figures(sizes)) titles.emplace_back(figure.title);
+    for (const StudyFigure& figure : StudyFigures(sizes)) titles.emplace_back(figure.name);
     titles.emplace_back(kMessageColumn);
     return titles;
 }
 
 std::vector<std::string> FigureTitlesWithUnits(bool sizes) {
     std::vector<std::string> titles;
-    for (const FigureColumn& figure : Figures(sizes))
-        titles.push_back(TitleWithUnit({figure.title, figure.unit}));
+    for (const StudyFigure& figure : StudyFigures(sizes))
+        titles.push_back(TitleWithUnit({figure.name, figure.unit}));
     titles.emplace_back(kMessageColumn);
     return titles;
 }
 
 std::string TitleWithUnit(const LeadingColumn& column) {
     return column.unit.empty() ? column.title : column.title + " (" + column.unit + ")";
-}
-
-std::vector<double> FigureValues(const PanelFigures& figures, bool sizes) {
-    std::vector<double> values;
-    for (const FigureColumn& figure : Figures(sizes)) values.push_back(figures.*figure.value);
-    return values;
 }
 
 std::string UnitsInWords(std::span<const LeadingColumn> leading, bool sizes) {
@@ -98,7 +72,7 @@ RowWriter::RowWriter(RowFormat format, const std::string& project, std::vector<L
       sizes_(sizes),
       object_start_("{\"file\":" + JsonText(project)) {
     for (const LeadingColumn& column : leading_) lead_keys_.push_back(Key(column.title));
-    for (const FigureColumn& figure : Figures(sizes_)) figure_keys_.push_back(Key(figure.title));
+    for (const StudyFigure& figure : StudyFigures(sizes_)) figure_keys_.push_back(Key(figure.name));
     JsonMembers end;
     JsonMembers units;
     for (const LeadingColumn& column : ColumnsWithUnits(leading_, sizes_))
@@ -149,10 +123,11 @@ void RowWriter::AppendCsv(std::string& text, std::span<const LeadingCell* const>
         text += ',';
     }
     // A million rows are written here: the figures go into the text as one piece.
-    std::array<char, kMostFigures*(kLongestNumber + 1)> line;
+    std::array<char, kStudyFigures.size() * (kLongestNumber + 1)> line;
     char* end = line.data();
-    for (std::size_t column = 0; column < Figures(sizes_).size(); ++column) {
-        end = texts.Write(end, column, figures.*kFigures[column].value);
+    std::size_t column = 0;
+    for (const StudyFigure& figure : StudyFigures(sizes_)) {
+        end = texts.Write(end, column++, figures.*figure.value);
         *end++ = ',';
     }
     text.append(line.data(), end);
@@ -173,7 +148,7 @@ void RowWriter::AppendJson(std::string& text, std::span<const LeadingCell* const
                                            : leading[i]->text;
     }
     std::size_t key = 0;
-    for (const FigureColumn& figure : Figures(sizes_)) {
+    for (const StudyFigure& figure : StudyFigures(sizes_)) {
         text += figure_keys_[key++];
         const double value = figures.*figure.value;
         if (std::isnan(value))

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "core/statistics/study_numbers.h"
-#include "core/studies/panel_figures.h"
+#include "core/studies/study_figures.h"
 
 namespace tarvokol::cli {
 
@@ -35,12 +35,6 @@ std::vector<std::string> FigureColumns(bool sizes);
 std::vector<std::string> FigureTitlesWithUnits(bool sizes);
 std::string TitleWithUnit(const LeadingColumn& column);
 
-// Figures of a row with sizes.
-constexpr std::size_t kMostFigures = 6;
-
-// The figures in the order of the columns, without the message.
-std::vector<double> FigureValues(const PanelFigures& figures, bool sizes);
-
 // Words on the units of the columns for people: "DepthCover ft, ExtractionRatio percent, SuggestedWeb in".
 std::string UnitsInWords(std::span<const LeadingColumn> leading, bool sizes);
 
@@ -57,7 +51,7 @@ class FigureTexts {
         std::size_t size = 0;
         std::array<char, kLongestNumber> digits{};
     };
-    std::array<Kept, kMostFigures> kept_;
+    std::array<Kept, kStudyFigures.size()> kept_;
 };
 
 // Writes rows of one study.

@@ -13,8 +13,6 @@
 namespace tarvokol {
 namespace {
 
-constexpr const char* kLoadPicture = "#.##";
-
 // The scroll bar's range, quoted in the message of a refused number of holes; the test itself admits from 1.
 constexpr int kFewestHoles = 2;
 
@@ -66,18 +64,19 @@ struct PanelFigures {
 }  // namespace
 
 ParameterTexts TextsOfRecord(const PanelInputs& record) {
+    const auto text = [&record](PanelField field) { return TextOfField(record, field); };
     ParameterTexts texts;
-    texts.txtHeight = GeneralText(record.Height);
-    texts.txtDepthCover = GeneralText(record.DepthCover);
-    texts.txtHoleWidth = GeneralText(record.HoleWidth);
-    texts.txtWebThickness = GeneralText(record.WebThickness);
-    texts.txtBarrierPillarWidth = GeneralText(record.BarrierPillarWidth);
-    texts.txtNumberHoles = GeneralText(record.NumberHoles);
-    texts.txtCoalStrength = PictureText(record.CoalStrength, kLoadPicture);
-    texts.txtUnitWeight = PictureText(record.UnitWeight, kLoadPicture);
-    texts.txtAbutmentAngleActiveGob = GeneralText(record.AbutmentAngle);
-    texts.txtSFWeb = GeneralText(record.SFWeb);
-    texts.txtSFBarrier = GeneralText(record.SFBarrier);
+    texts.txtHeight = text(PanelField::Height);
+    texts.txtDepthCover = text(PanelField::DepthCover);
+    texts.txtHoleWidth = text(PanelField::HoleWidth);
+    texts.txtWebThickness = text(PanelField::WebThickness);
+    texts.txtBarrierPillarWidth = text(PanelField::BarrierPillarWidth);
+    texts.txtNumberHoles = text(PanelField::NumberHoles);
+    texts.txtCoalStrength = text(PanelField::CoalStrength);
+    texts.txtUnitWeight = text(PanelField::UnitWeight);
+    texts.txtAbutmentAngleActiveGob = text(PanelField::AbutmentAngle);
+    texts.txtSFWeb = text(PanelField::SFWeb);
+    texts.txtSFBarrier = text(PanelField::SFBarrier);
     return texts;
 }
 

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "core/engine/panel_fields.h"
 #include "core/project/project_record.h"
 
 namespace tarvokol {
@@ -30,32 +31,17 @@ struct ParameterTexts {
 // The texts as the dialog loads them; `txtNumberHoles` still stands as the plain number.
 ParameterTexts TextsOfRecord(const PanelInputs& record);
 
-// The fields of the dialog that its tests can refuse.
-enum class ParameterField {
-    Height,
-    DepthCover,
-    HoleWidth,
-    WebThickness,
-    BarrierPillarWidth,
-    NumberHoles,
-    CoalStrength,
-    UnitWeight,
-    AbutmentAngle,
-    SFWeb,
-    SFBarrier
-};
-
 // Tab of the dialog on which a field stands: 0 Standard, 1 Defaults, 2 Sizing.
-int TabOfField(ParameterField field);
+int TabOfField(PanelField field);
 
 // The dialog's full test and the short one of its Size button. The first failure shows its message and is
 // returned.
-std::optional<ParameterField> ValidateParameterTexts(const ParameterTexts& texts);
-std::optional<ParameterField> ValidateSizingTexts(const ParameterTexts& texts);
+std::optional<PanelField> ValidateParameterTexts(const ParameterTexts& texts);
+std::optional<PanelField> ValidateSizingTexts(const ParameterTexts& texts);
 
 // What the short test refuses, without a word to the user.
 struct SizingRefusal {
-    ParameterField field;
+    PanelField field;
     std::string message;
 };
 std::optional<SizingRefusal> RefusalOfSizing(const ParameterTexts& texts);

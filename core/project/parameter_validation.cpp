@@ -29,7 +29,7 @@ constexpr const char* kInvalidSFBarrier = "Invalid Stability Factor for barriers
 constexpr const char* kInvalidPillarStrength = "Invalid pillar strength";
 
 struct Refusal {
-    ParameterField field;
+    PanelField field;
     const char* message;
 };
 
@@ -46,7 +46,7 @@ bool NotAboveZero(const std::string& text) {
 }
 
 struct Share {
-    ParameterField field;
+    PanelField field;
     const char* message;
     double size;
 };
@@ -71,13 +71,13 @@ std::optional<Refusal> PlanRefusal(const ParameterTexts& texts) {
     const double web = NumericParse(texts.txtWebThickness);
     const double barrier = NumericParse(texts.txtBarrierPillarWidth);
     if (VanishesBeside(hole, web) || VanishesBeside(hole, barrier))
-        return Refusal{ParameterField::HoleWidth, kInvalidHoleWidth};
+        return Refusal{PanelField::HoleWidth, kInvalidHoleWidth};
     const double mined = holes * hole;
     const double webs = (holes - 1.0) * web;
     if (FitsSingle((mined + webs + barrier) * kPlanRoom)) return std::nullopt;
-    return RefusalOfLargest({{ParameterField::HoleWidth, kInvalidHoleWidth, mined},
-                             {ParameterField::WebThickness, kInvalidWebThickness, webs},
-                             {ParameterField::BarrierPillarWidth, kInvalidBarrierWidth, barrier}});
+    return RefusalOfLargest({{PanelField::HoleWidth, kInvalidHoleWidth, mined},
+                             {PanelField::WebThickness, kInvalidWebThickness, webs},
+                             {PanelField::BarrierPillarWidth, kInvalidBarrierWidth, barrier}});
 }
 
 // The stress of the cover is a single.
@@ -85,85 +85,85 @@ std::optional<Refusal> CoverRefusal(const ParameterTexts& texts) {
     const double depth = NumericParse(texts.txtDepthCover);
     const double unit_weight = NumericParse(texts.txtUnitWeight);
     if (FitsSingle(depth * unit_weight * kSolverGrowth)) return std::nullopt;
-    return RefusalOfLargest({{ParameterField::DepthCover, kInvalidDepth, depth},
-                             {ParameterField::UnitWeight, kInvalidUnitWeight, unit_weight}});
+    return RefusalOfLargest({{PanelField::DepthCover, kInvalidDepth, depth},
+                             {PanelField::UnitWeight, kInvalidUnitWeight, unit_weight}});
 }
 
 // What the short test leaves aside must still fit the singles of the solver. A text that is no number at all
 // is none of this test's business.
 std::optional<Refusal> SolverRefusal(const ParameterTexts& texts) {
     const Share shares[] = {
-        {ParameterField::DepthCover, kInvalidDepth, UnboundedParse(texts.txtDepthCover)},
-        {ParameterField::Height, kInvalidHeight, UnboundedParse(texts.txtHeight)},
-        {ParameterField::HoleWidth, kInvalidHoleWidth, UnboundedParse(texts.txtHoleWidth)},
-        {ParameterField::WebThickness, kInvalidWebThickness, UnboundedParse(texts.txtWebThickness)},
-        {ParameterField::CoalStrength, kInvalidPillarStrength, UnboundedParse(texts.txtCoalStrength)},
-        {ParameterField::UnitWeight, kInvalidUnitWeight, UnboundedParse(texts.txtUnitWeight)},
-        {ParameterField::SFBarrier, kInvalidSFBarrier, UnboundedParse(texts.txtSFBarrier)}};
+        {PanelField::DepthCover, kInvalidDepth, UnboundedParse(texts.txtDepthCover)},
+        {PanelField::Height, kInvalidHeight, UnboundedParse(texts.txtHeight)},
+        {PanelField::HoleWidth, kInvalidHoleWidth, UnboundedParse(texts.txtHoleWidth)},
+        {PanelField::WebThickness, kInvalidWebThickness, UnboundedParse(texts.txtWebThickness)},
+        {PanelField::CoalStrength, kInvalidPillarStrength, UnboundedParse(texts.txtCoalStrength)},
+        {PanelField::UnitWeight, kInvalidUnitWeight, UnboundedParse(texts.txtUnitWeight)},
+        {PanelField::SFBarrier, kInvalidSFBarrier, UnboundedParse(texts.txtSFBarrier)}};
     for (const Share& share : shares)
         if (!FitsSingle(share.size * kSolverGrowth)) return Refusal{share.field, share.message};
     if (std::isinf(UnboundedParse(texts.txtAbutmentAngleActiveGob)))
-        return Refusal{ParameterField::AbutmentAngle, kInvalidAngle};
+        return Refusal{PanelField::AbutmentAngle, kInvalidAngle};
     const double holes = NumericParse(texts.txtNumberHoles);
     const double mined = holes * NumericParse(texts.txtHoleWidth);
     const double webs = holes * NumericParse(texts.txtWebThickness);
     if (!FitsSingle((mined + webs) * kSolverGrowth))
-        return RefusalOfLargest({{ParameterField::HoleWidth, kInvalidHoleWidth, mined},
-                                 {ParameterField::WebThickness, kInvalidWebThickness, webs}});
+        return RefusalOfLargest({{PanelField::HoleWidth, kInvalidHoleWidth, mined},
+                                 {PanelField::WebThickness, kInvalidWebThickness, webs}});
     return CoverRefusal(texts);
 }
 
 std::optional<Refusal> PanelRefusal(const ParameterTexts& texts) {
-    if (NotAboveZero(texts.txtHeight)) return Refusal{ParameterField::Height, kInvalidHeight};
-    if (NotAboveZero(texts.txtDepthCover)) return Refusal{ParameterField::DepthCover, kInvalidDepth};
-    if (NotAboveZero(texts.txtHoleWidth)) return Refusal{ParameterField::HoleWidth, kInvalidHoleWidth};
+    if (NotAboveZero(texts.txtHeight)) return Refusal{PanelField::Height, kInvalidHeight};
+    if (NotAboveZero(texts.txtDepthCover)) return Refusal{PanelField::DepthCover, kInvalidDepth};
+    if (NotAboveZero(texts.txtHoleWidth)) return Refusal{PanelField::HoleWidth, kInvalidHoleWidth};
     if (NotAboveZero(texts.txtWebThickness))
-        return Refusal{ParameterField::WebThickness, kInvalidWebThickness};
+        return Refusal{PanelField::WebThickness, kInvalidWebThickness};
     if (NotAboveZero(texts.txtBarrierPillarWidth))
-        return Refusal{ParameterField::BarrierPillarWidth, kInvalidBarrierWidth};
+        return Refusal{PanelField::BarrierPillarWidth, kInvalidBarrierWidth};
     if (NumericParse(texts.txtWebThickness) >= NumericParse(texts.txtBarrierPillarWidth))
-        return Refusal{ParameterField::BarrierPillarWidth,
+        return Refusal{PanelField::BarrierPillarWidth,
                        "Barrier pillar width should be greater than web thickness width"};
     if (UnboundedParse(texts.txtNumberHoles) < 2.0)
-        return Refusal{ParameterField::NumberHoles, "Invalid number of Holes"};
+        return Refusal{PanelField::NumberHoles, "Invalid number of Holes"};
     return PlanRefusal(texts);
 }
 
 std::optional<Refusal> LoadRefusal(const ParameterTexts& texts) {
     if (NotAboveZero(texts.txtCoalStrength))
-        return Refusal{ParameterField::CoalStrength, "Invalid in situ coal strength"};
-    if (NotAboveZero(texts.txtUnitWeight)) return Refusal{ParameterField::UnitWeight, kInvalidUnitWeight};
+        return Refusal{PanelField::CoalStrength, "Invalid in situ coal strength"};
+    if (NotAboveZero(texts.txtUnitWeight)) return Refusal{PanelField::UnitWeight, kInvalidUnitWeight};
     const double angle = UnboundedParse(texts.txtAbutmentAngleActiveGob);
     if (angle < 0.0 || angle > kLargestAbutmentAngle)
-        return Refusal{ParameterField::AbutmentAngle, kInvalidAngle};
+        return Refusal{PanelField::AbutmentAngle, kInvalidAngle};
     if (NotAboveZero(texts.txtSFWeb))
-        return Refusal{ParameterField::SFWeb, "Invalid Stability Factor for webs"};
-    if (NotAboveZero(texts.txtSFBarrier)) return Refusal{ParameterField::SFBarrier, kInvalidSFBarrier};
+        return Refusal{PanelField::SFWeb, "Invalid Stability Factor for webs"};
+    if (NotAboveZero(texts.txtSFBarrier)) return Refusal{PanelField::SFBarrier, kInvalidSFBarrier};
     return CoverRefusal(texts);
 }
 
-ParameterField Refuse(ParameterField field, const char* message, int style) {
+PanelField Refuse(PanelField field, const char* message, int style) {
     Notify(message, style, RangeErrorTitle);
     return field;
 }
 
 }  // namespace
 
-int TabOfField(ParameterField field) {
+int TabOfField(PanelField field) {
     switch (field) {
-        case ParameterField::CoalStrength:
-        case ParameterField::UnitWeight:
-        case ParameterField::AbutmentAngle:
+        case PanelField::CoalStrength:
+        case PanelField::UnitWeight:
+        case PanelField::AbutmentAngle:
             return 1;
-        case ParameterField::SFWeb:
-        case ParameterField::SFBarrier:
+        case PanelField::SFWeb:
+        case PanelField::SFBarrier:
             return 2;
         default:
             return 0;
     }
 }
 
-std::optional<ParameterField> ValidateParameterTexts(const ParameterTexts& texts) {
+std::optional<PanelField> ValidateParameterTexts(const ParameterTexts& texts) {
     std::optional<Refusal> refusal = PanelRefusal(texts);
     if (!refusal) refusal = LoadRefusal(texts);
     if (!refusal) return std::nullopt;
@@ -172,21 +172,21 @@ std::optional<ParameterField> ValidateParameterTexts(const ParameterTexts& texts
 
 std::optional<SizingRefusal> RefusalOfSizing(const ParameterTexts& texts) {
     const std::string range_fault = RangeFault(texts.txtSFWeb, kLowestSizingFactor, kHighestSizingFactor);
-    if (NotAboveZero(texts.txtDepthCover)) return SizingRefusal{ParameterField::DepthCover, kInvalidDepth};
-    if (!range_fault.empty()) return SizingRefusal{ParameterField::SFWeb, range_fault};
-    if (NotAboveZero(texts.txtHeight)) return SizingRefusal{ParameterField::Height, kInvalidHeight};
-    if (NotAboveZero(texts.txtHoleWidth)) return SizingRefusal{ParameterField::HoleWidth, kInvalidHoleWidth};
+    if (NotAboveZero(texts.txtDepthCover)) return SizingRefusal{PanelField::DepthCover, kInvalidDepth};
+    if (!range_fault.empty()) return SizingRefusal{PanelField::SFWeb, range_fault};
+    if (NotAboveZero(texts.txtHeight)) return SizingRefusal{PanelField::Height, kInvalidHeight};
+    if (NotAboveZero(texts.txtHoleWidth)) return SizingRefusal{PanelField::HoleWidth, kInvalidHoleWidth};
     if (NotAboveZero(texts.txtCoalStrength))
-        return SizingRefusal{ParameterField::CoalStrength, kInvalidPillarStrength};
+        return SizingRefusal{PanelField::CoalStrength, kInvalidPillarStrength};
     if (const std::optional<Refusal> beyond = SolverRefusal(texts))
         return SizingRefusal{beyond->field, beyond->message};
     return std::nullopt;
 }
 
-std::optional<ParameterField> ValidateSizingTexts(const ParameterTexts& texts) {
+std::optional<PanelField> ValidateSizingTexts(const ParameterTexts& texts) {
     const auto refusal = RefusalOfSizing(texts);
     if (!refusal) return std::nullopt;
-    const bool of_range = refusal->field == ParameterField::SFWeb;
+    const bool of_range = refusal->field == PanelField::SFWeb;
     Notify(refusal->message, of_range ? box_style::Critical : box_style::Plain, RangeErrorTitle);
     return refusal->field;
 }

@@ -23,9 +23,9 @@ std::optional<double> WholeNumber(std::string_view text) {
     return value;
 }
 
-double RequiredNumber(std::string_view text, const std::string& what) {
+double RequiredNumber(std::string_view text) {
     if (const auto value = WholeNumber(text)) return *value;
-    throw StudyRefusal(what + ": \"" + std::string(text) + "\" is not a number with a decimal point");
+    throw StudyRefusal('"' + std::string(text) + "\" is not a number with a decimal point");
 }
 
 std::string WhyNoNumber(const std::string& text) {

@@ -14,8 +14,8 @@ namespace tarvokol {
 // for any other text, and for a number beyond the range of a double.
 std::optional<double> WholeNumber(std::string_view text);
 
-// The same; any other text is refused by `what` ("--vary Height") and the text itself.
-double RequiredNumber(std::string_view text, const std::string& what);
+// The number of a text; any other text raises StudyRefusal.
+double RequiredNumber(std::string_view text);
 
 // What is wrong with a text that is no number, and what to do.
 std::string WhyNoNumber(const std::string& text);

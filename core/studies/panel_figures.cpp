@@ -53,90 +53,23 @@ bool IsPlainlySizable(const Panel& typed) {
 
 PanelEvaluator::PanelEvaluator(const Panel& project, bool sizes)
     : panel_(project), typed_(project), sizes_(sizes) {
-    for (int field = 0; sizes_ && field < kStudyFields; ++field) TakeTyped(static_cast<StudyField>(field));
+    if (!sizes_) return;
+    for (const PanelFieldFacts& facts : kPanelFields) TakeTyped(facts.field);
 }
 
-void PanelEvaluator::SetInFull(StudyField field, double value) {
-    Store(field, value);
-    if (field != StudyField::DepthCover) parts_known_ = false;
+void PanelEvaluator::SetInFull(PanelField field, double value) {
+    StoreInField(panel_, field, value);
+    if (field != PanelField::DepthCover) parts_known_ = false;
     if (sizes_) TakeTyped(field);
 }
 
-void PanelEvaluator::Store(StudyField field, double value) {
-    switch (field) {
-        case StudyField::Height:
-            panel_.Height = value;
-            return;
-        case StudyField::DepthCover:
-            panel_.DepthCover = value;
-            return;
-        case StudyField::HoleWidth:
-            panel_.HoleWidth = value;
-            return;
-        case StudyField::WebThickness:
-            panel_.WebThickness = value;
-            return;
-        case StudyField::BarrierPillarWidth:
-            panel_.BarrierPillarWidth = value;
-            return;
-        case StudyField::NumberHoles:
-            // A project file's 0 becomes 1.
-            panel_.NumberHoles = value == 0.0 ? int16_t{1} : ToShort(value);
-            return;
-        case StudyField::CoalStrength:
-            panel_.CoalStrength = value;
-            return;
-        case StudyField::UnitWeight:
-            panel_.UnitWeight = value;
-            return;
-        case StudyField::AbutmentAngle:
-            panel_.AbutmentAngle = value;
-            return;
-        case StudyField::SFWeb:
-            panel_.SFWeb = ToSingle(value);
-            return;
-        case StudyField::SFBarrier:
-            panel_.SFBarrier = ToSingle(value);
-            return;
-    }
-}
-
 // The sizes start from what the dialog's boxes hold, so a field makes the trip through its box.
-void PanelEvaluator::TakeTyped(StudyField field) {
-    switch (field) {
-        case StudyField::Height:
-            typed_.Height = ThroughText(panel_.Height);
-            return;
-        case StudyField::DepthCover:
-            typed_.DepthCover = ThroughText(panel_.DepthCover);
-            return;
-        case StudyField::HoleWidth:
-            typed_.HoleWidth = ThroughText(panel_.HoleWidth);
-            return;
-        case StudyField::WebThickness:
-            typed_.WebThickness = ThroughText(panel_.WebThickness);
-            return;
-        case StudyField::BarrierPillarWidth:
-            return;  // no size reads it
-        case StudyField::NumberHoles:
-            typed_.NumberHoles = TypedHoles(panel_.NumberHoles);
-            return;
-        case StudyField::CoalStrength:
-            typed_.CoalStrength = NumericParse(TextsOfRecord(panel_).txtCoalStrength);
-            return;
-        case StudyField::UnitWeight:
-            typed_.UnitWeight = NumericParse(TextsOfRecord(panel_).txtUnitWeight);
-            return;
-        case StudyField::AbutmentAngle:
-            typed_.AbutmentAngle = ThroughText(panel_.AbutmentAngle);
-            return;
-        case StudyField::SFWeb:
-            typed_.SFWeb = ToSingle(NumericParse(GeneralText(panel_.SFWeb)));
-            return;
-        case StudyField::SFBarrier:
-            typed_.SFBarrier = ToSingle(NumericParse(GeneralText(panel_.SFBarrier)));
-            return;
-    }
+void PanelEvaluator::TakeTyped(PanelField field) {
+    if (field == PanelField::BarrierPillarWidth) return;  // no size reads it
+    if (field == PanelField::NumberHoles)
+        typed_.NumberHoles = TypedHoles(panel_.NumberHoles);
+    else
+        StoreInField(typed_, field, NumericParse(TextOfField(panel_, field)));
 }
 
 void PanelEvaluator::AddMessage(const std::string& text) {
@@ -211,46 +144,6 @@ void PanelEvaluator::CalculateSizes() {
     figures_.SuggestedBarrier = sizes.barrier.width;
     for (const SizingOutcome& outcome : {sizes.web, sizes.barrier})
         if (!outcome.Solved()) AddMessage(SizingFailureMessage(outcome.failure));
-}
-
-bool FitsField(StudyField field, double value) {
-    switch (field) {
-        case StudyField::NumberHoles:
-            return value == std::floor(value) && std::fabs(value) <= std::numeric_limits<std::int16_t>::max();
-        case StudyField::SFWeb:
-        case StudyField::SFBarrier:
-            return std::isfinite(static_cast<float>(value));
-        default:
-            return true;
-    }
-}
-
-double ValueOfField(const PanelInputs& panel, StudyField field) {
-    switch (field) {
-        case StudyField::Height:
-            return panel.Height;
-        case StudyField::DepthCover:
-            return panel.DepthCover;
-        case StudyField::HoleWidth:
-            return panel.HoleWidth;
-        case StudyField::WebThickness:
-            return panel.WebThickness;
-        case StudyField::BarrierPillarWidth:
-            return panel.BarrierPillarWidth;
-        case StudyField::NumberHoles:
-            return panel.NumberHoles;
-        case StudyField::CoalStrength:
-            return panel.CoalStrength;
-        case StudyField::UnitWeight:
-            return panel.UnitWeight;
-        case StudyField::AbutmentAngle:
-            return panel.AbutmentAngle;
-        case StudyField::SFWeb:
-            return panel.SFWeb;
-        case StudyField::SFBarrier:
-            return panel.SFBarrier;
-    }
-    return kNone;
 }
 
 }  // namespace tarvokol

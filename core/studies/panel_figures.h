@@ -6,7 +6,7 @@
 
 #include "core/engine/engine.h"
 #include "core/engine/panel.h"
-#include "core/studies/study_fields.h"
+#include "core/engine/panel_fields.h"
 
 namespace tarvokol {
 
@@ -29,8 +29,8 @@ class PanelEvaluator {
 
     // Gives a field a value in the project's units, stored as the project record stores it. Raises "Overflow"
     // for one that it cannot hold (see FitsField).
-    void Set(StudyField field, double value) {
-        if (field == StudyField::DepthCover && !sizes_)
+    void Set(PanelField field, double value) {
+        if (field == PanelField::DepthCover && !sizes_)
             panel_.DepthCover = value;
         else
             SetInFull(field, value);
@@ -46,7 +46,7 @@ class PanelEvaluator {
     }
 
   private:
-    void SetInFull(StudyField field, double value);
+    void SetInFull(PanelField field, double value);
     // A grid has its million panels here: nothing but the depth has changed, and nothing is out of the ordinary.
     bool EvaluatePlainly() {
         PanelFactors factors;
@@ -60,8 +60,7 @@ class PanelEvaluator {
     bool RenewPlainly();
     void EvaluateInFull();
     void KeepParts();
-    void Store(StudyField field, double value);
-    void TakeTyped(StudyField field);
+    void TakeTyped(PanelField field);
     bool CalculateFactors();
     void CalculateSizes();
     void AddMessage(const std::string& text);
@@ -76,11 +75,5 @@ class PanelEvaluator {
     bool figures_plain_ = false;  // no message, no size stands in `figures_`
     PanelFigures figures_;
 };
-
-// True if the record can hold the value: a whole number of holes within its type, factors within a single.
-bool FitsField(StudyField field, double value);
-
-// The value of a field in the project's units.
-double ValueOfField(const PanelInputs& panel, StudyField field);
 
 }  // namespace tarvokol

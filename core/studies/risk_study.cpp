@@ -10,6 +10,7 @@
 #include <thread>
 #include <utility>
 
+#include "core/statistics/portable_math.h"
 #include "core/statistics/random_numbers.h"
 #include "core/statistics/study_numbers.h"
 #include "core/statistics/study_refusal.h"
@@ -23,11 +24,11 @@ constexpr std::uint32_t kPiece = 4096;
 
 using Matrix = std::vector<std::vector<double>>;
 
-bool IsNormal(DistributionKind kind) {
-    return kind == DistributionKind::Normal;
+bool IsNormal(const Distribution& distribution) {
+    return distribution.Text().starts_with("normal:");
 }
 
-std::size_t IndexOf(const std::vector<RandomField>& fields, StudyField field) {
+std::size_t IndexOf(const std::vector<RandomField>& fields, PanelField field) {
     const auto found = std::find_if(fields.begin(), fields.end(),
                                     [field](const RandomField& one) { return one.field == field; });
     return static_cast<std::size_t>(found - fields.begin());
@@ -56,8 +57,9 @@ Matrix Triangle(const RiskRequest& request) {
         for (std::size_t k = 0; k < j; ++k) a[j][j] -= a[j][k] * a[j][k];
         if (!(a[j][j] > 0.0))
             throw StudyRefusal(
-                "--correlate: the correlations contradict one another (their matrix is not positive "
-                "definite); bring some of them nearer to 0");
+                "the correlations contradict one another (their matrix is not positive definite); bring some "
+                "of "
+                "them nearer to 0");
         a[j][j] = std::sqrt(a[j][j]);
         for (std::size_t i = j + 1; i < n; ++i) {
             for (std::size_t k = 0; k < j; ++k) a[i][j] -= a[i][k] * a[j][k];
@@ -90,27 +92,29 @@ void RunTasks(const std::vector<Task>& tasks, unsigned threads) {
 
 class RiskRun {
   public:
-    RiskRun(const RiskRequest& request, const Panel& project)
-        : request_(request), project_(project), triangle_(Triangle(request)) {}
+    RiskRun(const RiskRequest& request, StudyObserver& observer)
+        : request_(request), project_(request.panel), observer_(observer), triangle_(Triangle(request)) {}
 
-    RiskResult Run() {
+    std::optional<RiskResult> Run() {
+        if (!observer_.Progress(0, request_.samples)) return std::nullopt;
         Prepare();
         DrawAll();
         KeepSound();
         Summarise();
+        if (!observer_.Progress(request_.samples, request_.samples)) return std::nullopt;
         return std::move(result_);
     }
 
   private:
     std::size_t Fields() const { return request_.fields.size(); }
-    bool IsRandom(StudyField field) const { return IndexOf(request_.fields, field) < Fields(); }
+    bool IsRandom(PanelField field) const { return IndexOf(request_.fields, field) < Fields(); }
 
     void Prepare() {
         for (std::size_t field = 0; field < Fields(); ++field)
             result_.drawn.emplace_back(request_.keep_drawn || !HasStrata(field) ? request_.samples : 0);
         for (auto& factor : result_.factors) factor = BigArray<double>(request_.samples);
-        if (IsRandom(StudyField::SFWeb)) target_web_ = BigArray<float>(request_.samples);
-        if (IsRandom(StudyField::SFBarrier)) target_barrier_ = BigArray<float>(request_.samples);
+        if (IsRandom(PanelField::SFWeb)) target_web_ = BigArray<float>(request_.samples);
+        if (IsRandom(PanelField::SFBarrier)) target_barrier_ = BigArray<float>(request_.samples);
         if (!request_.latin) return;
         orders_.resize(Fields());
         std::vector<Task> tasks;
@@ -182,14 +186,11 @@ class RiskRun {
     }
 
     void FillFigures(Draw& draw, std::size_t field, std::uint32_t count) const {
-        const Distribution& distribution = request_.fields[field].distribution;
+        const Distribution& distribution = *request_.fields[field].distribution;
         const auto shares = std::span(draw.shares[field]).first(count);
         const auto normals = std::span(draw.normals[field]).first(count);
         const auto figures = std::span(draw.figures[field]).first(count);
-        if (!distribution.IsFromNormal()) {
-            for (std::uint32_t i = 0; i < count; ++i) figures[i] = distribution.Quantile(shares[i]);
-            return;
-        }
+        if (!distribution.IsFromNormal()) return distribution.FillQuantiles(shares, figures);
         FillWithNormalQuantiles(shares, normals);
         if (request_.correlations.empty()) return distribution.FillFromNormal(normals, figures);
         for (std::uint32_t i = 0; i < count; ++i) figures[i] = Mixed(draw, field, i);
@@ -230,8 +231,8 @@ class RiskRun {
     // True where the strata of the draw rank the values by themselves.
     bool HasStrata(std::size_t field) const {
         const RandomField& random = request_.fields[field];
-        return request_.latin && request_.correlations.empty() && random.field != StudyField::NumberHoles &&
-               random.distribution.StandardDeviation() > 0.0;
+        return request_.latin && request_.correlations.empty() && random.field != PanelField::NumberHoles &&
+               random.distribution->StandardDeviation() > 0.0;
     }
 
     // Ranks of the sound samples, and how far they deviate from their mean.
@@ -327,6 +328,7 @@ class RiskRun {
 
     const RiskRequest& request_;
     const Panel& project_;
+    StudyObserver& observer_;
     Matrix triangle_;
     RiskResult result_;
     std::vector<BigArray<std::uint32_t>> orders_;  // of the strata, one list a field
@@ -340,45 +342,38 @@ class RiskRun {
 
 }  // namespace
 
-void RiskRequest::AddField(std::string_view text, const PanelInputs& project) {
-    const std::size_t equals = text.find('=');
-    if (equals == std::string_view::npos)
-        throw StudyRefusal("--random: \"" + std::string(text) +
-                           "\" has no \"=\"; write FIELD=normal:MEAN:SD");
-    const StudyField field = RequiredField(text.substr(0, equals));
-    const std::string what = std::string("--random ") + NameOfField(field);
-    if (IndexOf(fields, field) < fields.size()) throw StudyRefusal(what + ": the field is given twice");
-    fields.push_back(
-        {field, Distribution::Parse(text.substr(equals + 1), ValueOfField(project, field), what)});
+void RiskRequest::AddField(PanelField field, std::string_view distribution) {
+    About(NameOfField(field), [&] {
+        if (IndexOf(fields, field) < fields.size()) throw StudyRefusal("the field is given twice");
+        fields.push_back({field, ParseDistribution(distribution, ValueOfField(panel, field))});
+    });
 }
 
-void RiskRequest::AddCorrelation(std::string_view text) {
-    const std::size_t comma = text.find(',');
-    const std::size_t equals = text.find('=');
-    if (comma == std::string_view::npos || equals == std::string_view::npos || comma > equals)
-        throw StudyRefusal("--correlate: \"" + std::string(text) +
-                           "\" is no correlation; write FIELD,FIELD=R");
-    FieldCorrelation made{RequiredField(text.substr(0, comma)),
-                          RequiredField(text.substr(comma + 1, equals - comma - 1)),
-                          RequiredNumber(text.substr(equals + 1), "--correlate")};
-    const std::string what = "--correlate " + std::string(text.substr(0, equals));
-    if (!(made.value > -1.0 && made.value < 1.0))
-        throw StudyRefusal(what + ": the correlation must lie between -1 and 1, both left out");
-    if (made.first == made.second) throw StudyRefusal(what + ": a field is not correlated with itself");
-    for (const StudyField field : {made.first, made.second}) {
-        const std::size_t index = IndexOf(fields, field);
-        if (index == fields.size() || !IsNormal(fields[index].distribution.Kind()))
-            throw StudyRefusal(what + ": both fields must be drawn from a normal distribution (--random)");
-    }
-    for (const FieldCorrelation& other : correlations)
-        if ((other.first == made.first && other.second == made.second) ||
-            (other.first == made.second && other.second == made.first))
-            throw StudyRefusal(what + ": the pair is given twice");
-    correlations.push_back(made);
+void RiskRequest::AddCorrelation(PanelField first, PanelField second, double value) {
+    About(std::string(NameOfField(first)) + ',' + NameOfField(second), [&] {
+        if (!(value > -1.0 && value < 1.0))
+            throw StudyRefusal("the correlation must lie between -1 and 1, both left out");
+        if (first == second) throw StudyRefusal("a field is not correlated with itself");
+        for (const PanelField field : {first, second}) {
+            const std::size_t index = IndexOf(fields, field);
+            if (index == fields.size() || !IsNormal(*fields[index].distribution))
+                throw StudyRefusal("both fields must be drawn from a normal distribution");
+        }
+        for (const FieldCorrelation& other : correlations)
+            if ((other.first == first && other.second == second) ||
+                (other.first == second && other.second == first))
+                throw StudyRefusal("the pair is given twice");
+        correlations.push_back({first, second, value});
+    });
 }
 
-RiskResult RunRisk(const RiskRequest& request, const Panel& project) {
-    return RiskRun(request, project).Run();
+std::optional<RiskResult> RunRisk(const RiskRequest& request, StudyObserver& observer) {
+    return RiskRun(request, observer).Run();
+}
+
+RiskResult RunRisk(const RiskRequest& request) {
+    StudyObserver nobody;
+    return *RunRisk(request, nobody);
 }
 
 }  // namespace tarvokol

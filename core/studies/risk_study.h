@@ -4,32 +4,35 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "core/engine/panel_fields.h"
 #include "core/statistics/big_array.h"
 #include "core/statistics/distributions.h"
 #include "core/statistics/sample_statistics.h"
 #include "core/studies/panel_figures.h"
-#include "core/studies/study_fields.h"
+#include "core/studies/study_figures.h"
+#include "core/studies/study_observer.h"
 
 namespace tarvokol {
 
-constexpr int kFactors = 3;  // Overall, WebsOnly, BarrierPillar
-
 struct RandomField {
-    StudyField field = StudyField::Height;
-    Distribution distribution;
+    PanelField field = PanelField::Height;
+    DistributionPtr distribution;
 };
 
 // The correlation of two fields that are drawn from normal distributions.
 struct FieldCorrelation {
-    StudyField first = StudyField::Height;
-    StudyField second = StudyField::Height;
+    PanelField first = PanelField::Height;
+    PanelField second = PanelField::Height;
     double value = 0;
 };
 
 struct RiskRequest {
+    Panel panel;  // the project; each sample sets the random fields
     std::vector<RandomField> fields;
     std::vector<FieldCorrelation> correlations;
     std::uint32_t samples = 100000;
@@ -38,11 +41,13 @@ struct RiskRequest {
     bool keep_drawn = false;  // else the result holds the drawn values of no field for certain
     unsigned threads = 1;
 
-    // Reads "FIELD=DISTRIBUTION" and "A,B=R". Raise StudyRefusal for a field that is drawn twice, a
-    // distribution that is none, a correlation outside -1 to 1 or of fields that are not drawn from a normal
-    // distribution.
-    void AddField(std::string_view text, const PanelInputs& project);
-    void AddCorrelation(std::string_view text);
+    // Adds a field with its distribution (see ParseDistribution; "%" is a share of the panel's own value). Raises
+    // StudyRefusal for a field that is drawn twice and a distribution that is none.
+    void AddField(PanelField field, std::string_view distribution);
+
+    // Raises StudyRefusal for a correlation outside -1 to 1, of fields that are not drawn from a normal distribution, and
+    // of a pair that is given twice.
+    void AddCorrelation(PanelField first, PanelField second, double value);
 };
 
 constexpr std::array<double, 9> kRiskShares{0.01, 0.05, 0.10, 0.25, 0.50, 0.75, 0.90, 0.95, 0.99};
@@ -69,8 +74,11 @@ struct RiskResult {
     std::array<FactorRisk, kFactors> risk;
 };
 
-// Draws, calculates and sums up. Same request, same bits, for any number of threads. Raises StudyRefusal
-// where the correlations contradict one another (no positive definite matrix).
-RiskResult RunRisk(const RiskRequest& request, const Panel& project);
+// Draws, calculates and sums up; nothing if the observer ended it early. Same request, same bits, for any number of
+// threads. Raises StudyRefusal where the correlations contradict one another (no positive definite matrix).
+std::optional<RiskResult> RunRisk(const RiskRequest& request, StudyObserver& observer);
+
+// The same without anybody who looks on.
+RiskResult RunRisk(const RiskRequest& request);
 
 }  // namespace tarvokol

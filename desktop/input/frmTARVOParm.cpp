@@ -61,7 +61,7 @@ frmTARVOParm::frmTARVOParm() : ui_(std::make_unique<Ui::frmTARVOParm>()) {
 frmTARVOParm::~frmTARVOParm() = default;
 
 void frmTARVOParm::ListInputBoxes() {
-    using Field = ParameterField;
+    using Field = PanelField;
     using Texts = ParameterTexts;
     const Ui::frmTARVOParm& ui = *ui_;
     inputs_ = {
@@ -117,7 +117,7 @@ void frmTARVOParm::FillControls() {
     const ParameterTexts texts = TextsOfRecord(ProjectRecord);
     for (const InputBox& input : inputs_) {
         AppendUnit(*input.label, input.unit_row);
-        if (input.field == ParameterField::NumberHoles)
+        if (input.field == PanelField::NumberHoles)
             FillHoles(texts.txtNumberHoles);
         else
             SetText(*input.box, texts.*input.text);
@@ -165,7 +165,7 @@ ParameterTexts frmTARVOParm::Texts() const {
     return texts;
 }
 
-bool frmTARVOParm::Accept(const std::optional<ParameterField>& refused) {
+bool frmTARVOParm::Accept(const std::optional<PanelField>& refused) {
     if (!refused) return true;
     const auto input = std::find_if(inputs_.begin(), inputs_.end(),
                                     [&](const InputBox& candidate) { return candidate.field == *refused; });

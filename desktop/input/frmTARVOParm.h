@@ -54,7 +54,7 @@ class frmTARVOParm : public SingleForm<frmTARVOParm> {
   private:
     // An input box: its text, its label, and the row of the label's unit, if it has one.
     struct InputBox {
-        ParameterField field;
+        PanelField field;
         QLineEdit* box;
         std::string ParameterTexts::*text;
         QLabel* label;
@@ -83,7 +83,7 @@ class frmTARVOParm : public SingleForm<frmTARVOParm> {
     void FillHoles(const std::string& text);
     void ScrollTo(int16_t holes);
     void ShowTenWithZeroSelected();
-    bool Accept(const std::optional<ParameterField>& refused);
+    bool Accept(const std::optional<PanelField>& refused);
     ParameterTexts Texts() const;
 
     std::unique_ptr<Ui::frmTARVOParm> ui_;

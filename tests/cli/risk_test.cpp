@@ -143,6 +143,9 @@ TEST_F(RiskCommand, WrongUsageIsToldInOneLine) {
         EXPECT_EQ(answer.out, "");
         EXPECT_THAT(answer.err, HasSubstr(text));
     };
+    refused({"--random", "Height"}, "--random: \"Height\" has no \"=\"; write FIELD=normal:MEAN:SD\n");
+    refused({"--random", "Height=normal:1,5:2"},
+            "--random Height: \"1,5\" is not a number with a decimal point\n");
     refused({"--random", "Foo=normal:1:1"}, "unknown field \"Foo\"; the fields are Height,");
     refused({"--random", "Height=normal:1:-1"}, "the standard deviation must not be negative");
     refused({"--random", "Height=gamma:1:1"}, "is no distribution; write normal:MEAN:SD");
@@ -159,6 +162,13 @@ TEST_F(RiskCommand, WrongUsageIsToldInOneLine) {
     refused(with({"--correlate", "Height,DepthCover=1"}), "must lie between -1 and 1");
     refused(with({"--correlate", "Height,DepthCover=-1.2"}), "must lie between -1 and 1");
     refused(with({"--correlate", "Height,Height=0.5"}), "a field is not correlated with itself");
+    refused(with({"--correlate", "Height,DepthCover=x"}),
+            "--correlate: \"x\" is not a number with a decimal point\n");
+    refused(with({"--correlate", "DepthCover,Height=1"}),
+            "--correlate DepthCover,Height: the correlation must lie between -1 and 1, both left out\n");
+    refused(with({"--correlate", "Height,DepthCover"}),
+            "--correlate: \"Height,DepthCover\" is no correlation; write FIELD,FIELD=R\n");
+    refused(with({"--correlate", "Height=1,2"}), "\"Height=1,2\" is no correlation");
     refused(with({"--correlate", "Height=0.5"}), "is no correlation; write FIELD,FIELD=R");
     refused(with({"--correlate", "Height,DepthCover=0.9", "--correlate", "DepthCover,HoleWidth=0.9",
                   "--correlate", "Height,HoleWidth=-0.9"}),

@@ -130,6 +130,11 @@ TEST_F(SweepCommand, WrongUsageIsToldInOneLine) {
         EXPECT_THAT(answer.err, HasSubstr(text));
         EXPECT_EQ(std::count(answer.err.begin(), answer.err.end(), '\n'), 1) << answer.err;
     };
+    refused({"--vary", "Height"}, "--vary: \"Height\" has no \"=\"; write FIELD=FIRST:LAST:STEP\n");
+    refused({"--vary", "height="},
+            "--vary Height: no values; write FIRST:LAST:STEP, FIRST:LAST/COUNT or V1,V2,V3\n");
+    refused({"--vary", "Height=1:2/4000000000", "--vary", "DepthCover=1:2/4000000000"},
+            "--vary: too many combinations to count; give larger steps\n");
     refused({"--vary", "Foo=1"}, "unknown field \"Foo\"; the fields are Height, DepthCover,");
     refused({"--vary", "Height=3:1:1"}, "never arrives");
     refused({"--vary", "Height=1:3:0"}, "a step of 0");

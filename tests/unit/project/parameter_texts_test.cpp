@@ -159,14 +159,14 @@ TEST_F(DialogTexts, CalculatedFieldsWithUnevenFigures) {
 
 class DialogTests : public DialogTexts {
   protected:
-    void ExpectRefused(const ParameterTexts& texts, ParameterField field, const std::string& message) {
+    void ExpectRefused(const ParameterTexts& texts, PanelField field, const std::string& message) {
         Host.Messages.Shown.clear();
         EXPECT_EQ(ValidateParameterTexts(texts), field);
         ASSERT_EQ(Host.Messages.Shown.size(), 1u);
         ExpectBox(0, message, box_style::Critical);
     }
 
-    void ExpectSizingRefused(const ParameterTexts& texts, ParameterField field, const std::string& message) {
+    void ExpectSizingRefused(const ParameterTexts& texts, PanelField field, const std::string& message) {
         Host.Messages.Shown.clear();
         EXPECT_EQ(ValidateSizingTexts(texts), field);
         ASSERT_EQ(Host.Messages.Shown.size(), 1u);
@@ -183,14 +183,14 @@ TEST_F(DialogTests, PassSoundTextsSilently) {
 struct DialogRow {
     std::string ParameterTexts::*text;
     const char* value;
-    ParameterField field;
+    PanelField field;
     const char* message;
     int tab;
 };
 
 TEST_F(DialogTests, RefuseInTheOrderOfTheirTable) {
     using P = ParameterTexts;
-    using F = ParameterField;
+    using F = PanelField;
     const DialogRow rows[] = {
         {&P::txtHeight, "0", F::Height, "Invalid extraction height", 0},
         {&P::txtDepthCover, "-1", F::DepthCover, "Invalid depth of cover", 0},
@@ -225,7 +225,7 @@ TEST_F(DialogTests, RefuseInTheOrderOfTheirTable) {
 TEST_F(DialogTests, RefuseAHoleBesideWhichTheWebIsLost) {
     ParameterTexts texts = ShallowTexts();
     texts.txtHoleWidth = "1E18";
-    ExpectRefused(texts, ParameterField::HoleWidth, "Invalid hole width");
+    ExpectRefused(texts, PanelField::HoleWidth, "Invalid hole width");
     texts.txtWebThickness = "200";
     texts.txtBarrierPillarWidth = "400";
     EXPECT_EQ(ValidateParameterTexts(texts), std::nullopt);
@@ -240,7 +240,7 @@ TEST_F(DialogTests, AdmitThinWebsAndBarriers) {
 
 // A hundred times the panel must be a single, the largest of which is 3.4028E38: the panel may have 3.40E36.
 TEST_F(DialogTests, RefuseTheLargestWidthOfAPanelBeyondAHundredthOfASingle) {
-    using F = ParameterField;
+    using F = PanelField;
     ParameterTexts texts = ShallowTexts();
     const auto set = [&texts](const char* holes, const char* hole, const char* web, const char* barrier) {
         texts.txtNumberHoles = holes;
@@ -264,7 +264,7 @@ TEST_F(DialogTests, RefuseTheLargestWidthOfAPanelBeyondAHundredthOfASingle) {
 
 // A thousand times the stress of the cover must be a single.
 TEST_F(DialogTests, RefuseTheLargerFactorOfACoverBeyondAThousandthOfASingle) {
-    using F = ParameterField;
+    using F = PanelField;
     ParameterTexts texts = ShallowTexts();
     texts.txtUnitWeight = "100";
     texts.txtDepthCover = "3.4E33";
@@ -282,7 +282,7 @@ TEST_F(DialogTests, RefuseTheLargerFactorOfACoverBeyondAThousandthOfASingle) {
 
 TEST_F(DialogTests, ShortTestRefusesAFigureBeyondAThousandthOfASingle) {
     using P = ParameterTexts;
-    using F = ParameterField;
+    using F = PanelField;
     struct Row {
         std::string ParameterTexts::*text;
         const char* largest;
@@ -325,7 +325,7 @@ TEST_F(DialogTests, AdmitTheAnglesZeroAndNinety) {
 }
 
 TEST_F(DialogTests, ShortTestRefusesInItsOwnOrder) {
-    using F = ParameterField;
+    using F = PanelField;
     ParameterTexts texts = ShallowTexts();
     texts.txtCoalStrength = "0";
     ExpectSizingRefused(texts, F::CoalStrength, "Invalid pillar strength");
@@ -348,9 +348,9 @@ TEST_F(DialogTests, ShortTestTakesTheWebFactorFromOneToTen) {
         EXPECT_EQ(ValidateSizingTexts(texts), std::nullopt) << good;
     }
     texts.txtSFWeb = "10.1";
-    EXPECT_EQ(ValidateSizingTexts(texts), ParameterField::SFWeb);
+    EXPECT_EQ(ValidateSizingTexts(texts), PanelField::SFWeb);
     texts.txtSFWeb = " ";
-    EXPECT_EQ(ValidateSizingTexts(texts), ParameterField::SFWeb);
+    EXPECT_EQ(ValidateSizingTexts(texts), PanelField::SFWeb);
     ExpectBox(1, "Blank field not allowed", box_style::Critical);
 }
 

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "core/statistics/portable_math.h"
 #include "core/statistics/random_numbers.h"
 #include "core/statistics/sample_statistics.h"
 #include "core/statistics/study_refusal.h"
@@ -17,11 +18,17 @@ using ::testing::HasSubstr;
 
 std::string RefusalOf(const char* text) {
     try {
-        Distribution::Parse(text, 100, "--random Height");
+        ParseDistribution(text, 100);
     } catch (const StudyRefusal& refusal) {
         return refusal.what();
     }
     return "not refused";
+}
+
+double FromNormal(const Distribution& distribution, double z) {
+    double figure = z;
+    distribution.FillFromNormal({&figure, 1}, {&figure, 1});
+    return figure;
 }
 
 double Ulp(double value) {
@@ -68,92 +75,92 @@ TEST(NormalQuantile, TurnsTheDistributionRound) {
 }
 
 TEST(Distribution, ReadsFiguresAndSharesOfTheProjectsOwn) {
-    const auto normal = Distribution::Parse("normal:900:135", 1, "");
-    EXPECT_EQ(normal.Mean(), 900);
-    EXPECT_EQ(normal.StandardDeviation(), 135);
-    const auto shares = Distribution::Parse("normal:100%:15%", 900, "");
-    EXPECT_EQ(shares.Mean(), 900);
-    EXPECT_EQ(shares.StandardDeviation(), 135);
-    EXPECT_EQ(shares.Text(), "normal:900:135");
-    EXPECT_EQ(Distribution::Parse("triangular:50%:100%:200%", 10, "").Text(), "triangular:5:10:20");
+    const auto normal = ParseDistribution("normal:900:135", 1);
+    EXPECT_EQ(normal->Mean(), 900);
+    EXPECT_EQ(normal->StandardDeviation(), 135);
+    const auto shares = ParseDistribution("normal:100%:15%", 900);
+    EXPECT_EQ(shares->Mean(), 900);
+    EXPECT_EQ(shares->StandardDeviation(), 135);
+    EXPECT_EQ(shares->Text(), "normal:900:135");
+    EXPECT_EQ(ParseDistribution("triangular:50%:100%:200%", 10)->Text(), "triangular:5:10:20");
 }
 
 TEST(Distribution, QuantilesAreThoseOfTheClosedForms) {
-    const auto uniform = Distribution::Parse("uniform:10:20", 1, "");
-    EXPECT_EQ(uniform.Quantile(0.25), 12.5);
-    EXPECT_EQ(uniform.Mean(), 15);
-    EXPECT_NEAR(uniform.StandardDeviation(), 2.88675134594813, 1e-14);
+    const auto uniform = ParseDistribution("uniform:10:20", 1);
+    EXPECT_EQ(uniform->Quantile(0.25), 12.5);
+    EXPECT_EQ(uniform->Mean(), 15);
+    EXPECT_NEAR(uniform->StandardDeviation(), 2.88675134594813, 1e-14);
     // Below the mode the share is x^2 / (width x rise): 0.125 at half of the rise of 2 under a width of 4...
     // 1 / 8.
-    const auto triangular = Distribution::Parse("triangular:0:2:4", 1, "");
-    EXPECT_DOUBLE_EQ(triangular.Quantile(0.125), 1.0);
-    EXPECT_DOUBLE_EQ(triangular.Quantile(0.5), 2.0);
-    EXPECT_DOUBLE_EQ(triangular.Quantile(0.875), 3.0);
-    EXPECT_EQ(triangular.Mean(), 2);
-    EXPECT_NEAR(triangular.StandardDeviation(), 0.816496580927726, 1e-14);
+    const auto triangular = ParseDistribution("triangular:0:2:4", 1);
+    EXPECT_DOUBLE_EQ(triangular->Quantile(0.125), 1.0);
+    EXPECT_DOUBLE_EQ(triangular->Quantile(0.5), 2.0);
+    EXPECT_DOUBLE_EQ(triangular->Quantile(0.875), 3.0);
+    EXPECT_EQ(triangular->Mean(), 2);
+    EXPECT_NEAR(triangular->StandardDeviation(), 0.816496580927726, 1e-14);
     // Median of a lognormal figure: mean / sqrt(1 + variation^2).
-    const auto lognormal = Distribution::Parse("lognormal:900:135", 1, "");
-    EXPECT_NEAR(lognormal.Quantile(0.5), 900 / std::sqrt(1.0225), 1e-10);
+    const auto lognormal = ParseDistribution("lognormal:900:135", 1);
+    EXPECT_NEAR(lognormal->Quantile(0.5), 900 / std::sqrt(1.0225), 1e-10);
 }
 
 // 200,000 draws: three standard errors of the mean, and as many of the deviation.
 TEST(Distribution, DrawsHaveTheMomentsOfTheClosedForms) {
     constexpr std::uint32_t kDraws = 200000;
     for (const char* text : {"normal:100:15", "lognormal:100:15", "uniform:50:150", "triangular:50:80:170"}) {
-        const auto distribution = Distribution::Parse(text, 1, "");
+        const auto distribution = ParseDistribution(text, 1);
         std::vector<double> draws(kDraws);
         for (std::uint32_t i = 0; i < kDraws; ++i)
-            draws[i] = distribution.Quantile(UnitFromBits(RandomBits(1, 0, i)));
+            draws[i] = distribution->Quantile(UnitFromBits(RandomBits(1, 0, i)));
         const Moments moments = MomentsOf(draws);
-        const double error = distribution.StandardDeviation() / std::sqrt(kDraws);
-        EXPECT_NEAR(moments.mean, distribution.Mean(), 3 * error) << text;
-        EXPECT_NEAR(moments.standard_deviation, distribution.StandardDeviation(), 3 * error) << text;
+        const double error = distribution->StandardDeviation() / std::sqrt(kDraws);
+        EXPECT_NEAR(moments.mean, distribution->Mean(), 3 * error) << text;
+        EXPECT_NEAR(moments.standard_deviation, distribution->StandardDeviation(), 3 * error) << text;
     }
 }
 
 TEST(Distribution, RefusesWhatIsNone) {
     EXPECT_EQ(RefusalOf("beta:1:2"),
-              "--random Height: \"beta:1:2\" is no distribution; write normal:MEAN:SD, lognormal:MEAN:SD, "
+              "\"beta:1:2\" is no distribution; write normal:MEAN:SD, lognormal:MEAN:SD, "
               "uniform:LO:HI or triangular:LO:MODE:HI");
     EXPECT_THAT(RefusalOf("normal:1"), HasSubstr("is no distribution"));
     EXPECT_THAT(RefusalOf("normal:1:2:3"), HasSubstr("is no distribution"));
     EXPECT_THAT(RefusalOf(""), HasSubstr("is no distribution"));
-    EXPECT_EQ(RefusalOf("normal:1:-2"), "--random Height: the standard deviation must not be negative");
-    EXPECT_EQ(RefusalOf("lognormal:0:1"), "--random Height: the mean of a lognormal figure must be above 0");
-    EXPECT_EQ(RefusalOf("uniform:2:1"), "--random Height: LO must not be above HI");
-    EXPECT_EQ(RefusalOf("triangular:1:3:2"), "--random Height: LO, MODE and HI must stand in rising order");
-    EXPECT_EQ(RefusalOf("normal:1,5:2"), "--random Height: \"1,5\" is not a number with a decimal point");
-    EXPECT_EQ(RefusalOf("normal:%:2"), "--random Height: \"\" is not a number with a decimal point");
+    EXPECT_EQ(RefusalOf("normal:1:-2"), "the standard deviation must not be negative");
+    EXPECT_EQ(RefusalOf("lognormal:0:1"), "the mean of a lognormal figure must be above 0");
+    EXPECT_EQ(RefusalOf("uniform:2:1"), "LO must not be above HI");
+    EXPECT_EQ(RefusalOf("triangular:1:3:2"), "LO, MODE and HI must stand in rising order");
+    EXPECT_EQ(RefusalOf("normal:1,5:2"), "\"1,5\" is not a number with a decimal point");
+    EXPECT_EQ(RefusalOf("normal:%:2"), "\"\" is not a number with a decimal point");
 }
 
 TEST(Distribution, BoundsThatFallTogetherAreOnes) {
-    EXPECT_EQ(Distribution::Parse("normal:5:0", 1, "").Quantile(0.9), 5);
-    EXPECT_NEAR(Distribution::Parse("lognormal:5:0", 1, "").Quantile(0.9), 5, 1e-14);
-    EXPECT_EQ(Distribution::Parse("uniform:5:5", 1, "").Quantile(0.9), 5);
-    EXPECT_EQ(Distribution::Parse("triangular:5:5:5", 1, "").Quantile(0.9), 5);
-    EXPECT_DOUBLE_EQ(Distribution::Parse("triangular:0:0:4", 1, "").Quantile(0.75), 2);
-    EXPECT_DOUBLE_EQ(Distribution::Parse("triangular:0:4:4", 1, "").Quantile(0.25), 2);
-    EXPECT_EQ(RefusalOf("triangular:2:1:3"), "--random Height: LO, MODE and HI must stand in rising order");
-    EXPECT_EQ(RefusalOf("lognormal:-1:1"), "--random Height: the mean of a lognormal figure must be above 0");
-    EXPECT_EQ(RefusalOf("lognormal:1:-1"), "--random Height: the standard deviation must not be negative");
+    EXPECT_EQ(ParseDistribution("normal:5:0", 1)->Quantile(0.9), 5);
+    EXPECT_NEAR(ParseDistribution("lognormal:5:0", 1)->Quantile(0.9), 5, 1e-14);
+    EXPECT_EQ(ParseDistribution("uniform:5:5", 1)->Quantile(0.9), 5);
+    EXPECT_EQ(ParseDistribution("triangular:5:5:5", 1)->Quantile(0.9), 5);
+    EXPECT_DOUBLE_EQ(ParseDistribution("triangular:0:0:4", 1)->Quantile(0.75), 2);
+    EXPECT_DOUBLE_EQ(ParseDistribution("triangular:0:4:4", 1)->Quantile(0.25), 2);
+    EXPECT_EQ(RefusalOf("triangular:2:1:3"), "LO, MODE and HI must stand in rising order");
+    EXPECT_EQ(RefusalOf("lognormal:-1:1"), "the mean of a lognormal figure must be above 0");
+    EXPECT_EQ(RefusalOf("lognormal:1:-1"), "the standard deviation must not be negative");
 }
 
 TEST(Distribution, WritesItsFiguresAsTheyAre) {
     for (const char* text : {"normal:900:135", "lognormal:0.1:2", "uniform:-2:-1", "triangular:1:2.5:1e+22"})
-        EXPECT_EQ(Distribution::Parse(text, 1, "").Text(), text);
-    EXPECT_EQ(Distribution::Parse("uniform:50%:0.25%", -800, "").Text(), "uniform:-400:-2");
+        EXPECT_EQ(ParseDistribution(text, 1)->Text(), text);
+    EXPECT_EQ(ParseDistribution("uniform:50%:0.25%", -800)->Text(), "uniform:-400:-2");
 }
 
 // z of 84.134474606854 % is 1; mean and deviation of the logarithm by hand: variance ln 1.25, mean ln 2 less half of it.
 TEST(Distribution, ALognormalFigureIsThePowerOfANormalOne) {
-    const auto lognormal = Distribution::Parse("lognormal:2:1", 1, "");
+    const auto lognormal = ParseDistribution("lognormal:2:1", 1);
     const double variance = std::log(1.25);
-    EXPECT_NEAR(lognormal.FromNormal(0), 2 * std::exp(-variance / 2), 1e-14);
-    EXPECT_NEAR(lognormal.FromNormal(1), 2 * std::exp(-variance / 2 + std::sqrt(variance)), 1e-14);
-    EXPECT_NEAR(lognormal.Quantile(0.841344746068543), lognormal.FromNormal(1), 1e-12);
-    EXPECT_EQ(lognormal.Mean(), 2);
-    EXPECT_EQ(lognormal.StandardDeviation(), 1);
-    EXPECT_EQ(Distribution::Parse("normal:2:3", 1, "").FromNormal(-1.5), -2.5);
+    EXPECT_NEAR(FromNormal(*lognormal, 0), 2 * std::exp(-variance / 2), 1e-14);
+    EXPECT_NEAR(FromNormal(*lognormal, 1), 2 * std::exp(-variance / 2 + std::sqrt(variance)), 1e-14);
+    EXPECT_NEAR(lognormal->Quantile(0.841344746068543), FromNormal(*lognormal, 1), 1e-12);
+    EXPECT_EQ(lognormal->Mean(), 2);
+    EXPECT_EQ(lognormal->StandardDeviation(), 1);
+    EXPECT_EQ(FromNormal(*ParseDistribution("normal:2:3", 1), -1.5), -2.5);
 }
 
 // Relative to the tail itself, which the library's complementary error function knows to its last digits.
@@ -175,15 +182,76 @@ TEST(Distributions, ListsHoldTheFiguresOfTheirMembers) {
         EXPECT_EQ(normals[i], NormalQuantile(shares[i])) << shares[i];
     for (const char* text : {"normal:900:135", "lognormal:900:135", "lognormal:1:1e150"}) {
         SCOPED_TRACE(text);
-        const Distribution distribution = Distribution::Parse(text, 1, "--random");
+        const DistributionPtr distribution = ParseDistribution(text, 1);
         std::vector<double> figures(normals.size());
-        distribution.FillFromNormal(normals, figures);
+        distribution->FillFromNormal(normals, figures);
         for (std::size_t i = 0; i < normals.size(); ++i)
-            EXPECT_EQ(figures[i], distribution.FromNormal(normals[i])) << i;
+            EXPECT_EQ(figures[i], FromNormal(*distribution, normals[i])) << i;
         std::vector<double> in_place = normals;
-        distribution.FillFromNormal(in_place, in_place);
+        distribution->FillFromNormal(in_place, in_place);
         EXPECT_EQ(in_place, figures);
     }
+}
+
+// The lower tail relative to itself, by the library's complementary error function.
+TEST(NormalShare, IsTheLibrarys) {
+    for (double z = -37; z < 9; z += 0.0137)
+        ASSERT_NEAR(NormalShare(z) / (std::erfc(-z / std::sqrt(2.0)) / 2), 1, 1e-15 * (4 + z * z / 2)) << z;
+    EXPECT_EQ(NormalShare(0), 0.5);
+    EXPECT_EQ(NormalShare(40), 1);
+    EXPECT_EQ(NormalShare(-40), 0);
+    for (double z = -8; z <= 8; z += 0.37)
+        EXPECT_NEAR(NormalDensity(z) / (std::exp(-z * z / 2) * 0.3989422804014327), 1, 1e-14) << z;
+}
+
+// A share is that below its quantile, and a density the growth of the share.
+TEST(Distributions, SharesTurnQuantilesRound) {
+    for (const char* text : {"normal:900:135", "lognormal:900:135", "lognormal:3:9", "uniform:-2:5",
+                             "triangular:1:2:5", "triangular:1:1:5", "triangular:1:5:5"}) {
+        SCOPED_TRACE(text);
+        const DistributionPtr distribution = ParseDistribution(text, 1);
+        for (const double share : {0.001, 0.1, 0.25, 0.4999, 0.75, 0.99}) {
+            const double figure = distribution->Quantile(share);
+            EXPECT_NEAR(distribution->ShareBelow(figure), share, 1e-13);
+            const double step = 1e-5 * distribution->StandardDeviation();
+            const double growth =
+                (distribution->ShareBelow(figure + step) - distribution->ShareBelow(figure - step)) /
+                (2 * step);
+            EXPECT_NEAR(distribution->Density(figure) / growth, 1, 1e-5) << share;
+        }
+    }
+}
+
+TEST(Distributions, BeyondTheirBoundsThereIsNothing) {
+    const auto expect_bounds = [](const char* text, double low, double high) {
+        const DistributionPtr distribution = ParseDistribution(text, 1);
+        EXPECT_EQ(distribution->ShareBelow(low), 0) << text;
+        EXPECT_EQ(distribution->ShareBelow(high), 1) << text;
+        EXPECT_EQ(distribution->Density(std::nextafter(low, -HUGE_VAL)), 0) << text;
+        EXPECT_EQ(distribution->Density(std::nextafter(high, HUGE_VAL)), 0) << text;
+    };
+    expect_bounds("uniform:2:6", 2, 6);
+    expect_bounds("triangular:2:3:6", 2, 6);
+    EXPECT_EQ(ParseDistribution("lognormal:1:1", 1)->ShareBelow(0), 0);
+    EXPECT_EQ(ParseDistribution("lognormal:1:1", 1)->Density(-1), 0);
+}
+
+TEST(Distributions, AFigureThatDoesNotVaryHasAllItsShareThere) {
+    for (const char* text : {"normal:5:0", "lognormal:5:0", "uniform:5:5", "triangular:5:5:5"}) {
+        const DistributionPtr distribution = ParseDistribution(text, 1);
+        EXPECT_EQ(distribution->ShareBelow(5), 1) << text;
+        EXPECT_EQ(distribution->ShareBelow(4.999), 0) << text;
+        EXPECT_EQ(distribution->Density(5), HUGE_VAL) << text;
+        EXPECT_EQ(distribution->Density(4.999), 0) << text;
+    }
+}
+
+// Figures of other kinds keep their share: z of 84.134474606854 % is 1.
+TEST(Distributions, EveryKindFollowsANormalFigure) {
+    EXPECT_NEAR(FromNormal(*ParseDistribution("uniform:10:20", 1), 1), 18.4134474606854, 1e-12);
+    EXPECT_EQ(FromNormal(*ParseDistribution("triangular:0:2:4", 1), 0), 2);
+    EXPECT_LE(FromNormal(*ParseDistribution("uniform:10:20", 1), 40), 20);
+    EXPECT_GE(FromNormal(*ParseDistribution("uniform:10:20", 1), -40), 10);
 }
 
 }  // namespace

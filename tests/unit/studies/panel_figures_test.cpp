@@ -22,7 +22,7 @@ TEST(PanelFigures, FactorsSizesAndExtractionOfTheWorkedPanel) {
 }
 
 struct SetField {
-    StudyField field;
+    PanelField field;
     double Panel::*doubled;
     const char* title;
     const char* english;
@@ -31,14 +31,14 @@ struct SetField {
 
 TEST(PanelFigures, EveryFieldIsSetByItselfAndReadBack) {
     const SetField kFields[] = {
-        {StudyField::Height, &Panel::Height, "Extraction height", "ft", "m"},
-        {StudyField::DepthCover, &Panel::DepthCover, "Depth of cover", "ft", "m"},
-        {StudyField::HoleWidth, &Panel::HoleWidth, "Hole width", "ft", "m"},
-        {StudyField::WebThickness, &Panel::WebThickness, "Web thickness", "ft", "m"},
-        {StudyField::BarrierPillarWidth, &Panel::BarrierPillarWidth, "Barrier pillar width", "ft", "m"},
-        {StudyField::CoalStrength, &Panel::CoalStrength, "In situ coal strength", "psi", "MPa"},
-        {StudyField::UnitWeight, &Panel::UnitWeight, "Overburden unit weight", "pcf", "kN/m3"},
-        {StudyField::AbutmentAngle, &Panel::AbutmentAngle, "Abutment angle", "degrees", "degrees"}};
+        {PanelField::Height, &Panel::Height, "Extraction height", "ft", "m"},
+        {PanelField::DepthCover, &Panel::DepthCover, "Depth of cover", "ft", "m"},
+        {PanelField::HoleWidth, &Panel::HoleWidth, "Hole width", "ft", "m"},
+        {PanelField::WebThickness, &Panel::WebThickness, "Web thickness", "ft", "m"},
+        {PanelField::BarrierPillarWidth, &Panel::BarrierPillarWidth, "Barrier pillar width", "ft", "m"},
+        {PanelField::CoalStrength, &Panel::CoalStrength, "In situ coal strength", "psi", "MPa"},
+        {PanelField::UnitWeight, &Panel::UnitWeight, "Overburden unit weight", "pcf", "kN/m3"},
+        {PanelField::AbutmentAngle, &Panel::AbutmentAngle, "Abutment angle", "degrees", "degrees"}};
     for (const SetField& set : kFields) {
         PanelEvaluator evaluator(WorkedPanel(), false);
         evaluator.Set(set.field, 7.25);
@@ -49,54 +49,54 @@ TEST(PanelFigures, EveryFieldIsSetByItselfAndReadBack) {
                 << set.title << ", " << other.title;
         EXPECT_EQ(ValueOfField(evaluator.Inputs(), set.field), 7.25) << set.title;
         EXPECT_STREQ(TitleOfField(set.field), set.title);
-        EXPECT_STREQ(UnitOfField(set.field, 0), set.english);
-        EXPECT_STREQ(UnitOfField(set.field, 1), set.metric);
+        EXPECT_STREQ(UnitOfField(set.field, Units::English), set.english);
+        EXPECT_STREQ(UnitOfField(set.field, Units::Metric), set.metric);
     }
 }
 
 TEST(PanelFigures, HolesAndFactorsAreSetByThemselves) {
     PanelEvaluator evaluator(WorkedPanel(), false);
-    evaluator.Set(StudyField::NumberHoles, 7);
-    evaluator.Set(StudyField::SFWeb, 1.25);
-    evaluator.Set(StudyField::SFBarrier, 2.5);
+    evaluator.Set(PanelField::NumberHoles, 7);
+    evaluator.Set(PanelField::SFWeb, 1.25);
+    evaluator.Set(PanelField::SFBarrier, 2.5);
     EXPECT_EQ(evaluator.Inputs().NumberHoles, 7);
     EXPECT_EQ(evaluator.Inputs().SFWeb, 1.25f);
     EXPECT_EQ(evaluator.Inputs().SFBarrier, 2.5f);
-    EXPECT_EQ(ValueOfField(evaluator.Inputs(), StudyField::NumberHoles), 7);
-    EXPECT_EQ(ValueOfField(evaluator.Inputs(), StudyField::SFWeb), 1.25);
-    EXPECT_EQ(ValueOfField(evaluator.Inputs(), StudyField::SFBarrier), 2.5);
-    EXPECT_STREQ(TitleOfField(StudyField::SFBarrier), "Stability factor for barriers");
-    EXPECT_STREQ(TitleOfField(StudyField::SFWeb), "Stability factor for webs");
-    EXPECT_STREQ(TitleOfField(StudyField::NumberHoles), "Number of holes");
-    EXPECT_STREQ(UnitOfField(StudyField::NumberHoles, 1), "");
+    EXPECT_EQ(ValueOfField(evaluator.Inputs(), PanelField::NumberHoles), 7);
+    EXPECT_EQ(ValueOfField(evaluator.Inputs(), PanelField::SFWeb), 1.25);
+    EXPECT_EQ(ValueOfField(evaluator.Inputs(), PanelField::SFBarrier), 2.5);
+    EXPECT_STREQ(TitleOfField(PanelField::SFBarrier), "Stability factor for barriers");
+    EXPECT_STREQ(TitleOfField(PanelField::SFWeb), "Stability factor for webs");
+    EXPECT_STREQ(TitleOfField(PanelField::NumberHoles), "Number of holes");
+    EXPECT_STREQ(UnitOfField(PanelField::NumberHoles, Units::Metric), "");
 }
 
 TEST(PanelFigures, ARefusedPanelHasNoFigureAndItsMessage) {
     PanelEvaluator evaluator(WorkedPanel(), true);
-    evaluator.Set(StudyField::Height, 0);
+    evaluator.Set(PanelField::Height, 0);
     const PanelFigures& figures = evaluator.Evaluate();
     EXPECT_TRUE(figures.refused);
     EXPECT_EQ(figures.message, "Invalid entry height");
     for (const double figure : {figures.Overall, figures.WebsOnly, figures.BarrierPillar,
                                 figures.ExtractionRatio, figures.SuggestedWeb, figures.SuggestedBarrier})
         EXPECT_TRUE(std::isnan(figure));
-    evaluator.Set(StudyField::Height, 10);
+    evaluator.Set(PanelField::Height, 10);
     EXPECT_EQ(evaluator.Evaluate().message, "");
     EXPECT_FALSE(figures.refused);
 }
 
 TEST(PanelFigures, ARunTimeErrorRefusesToo) {
     PanelEvaluator evaluator(WorkedPanel(), false);
-    evaluator.Set(StudyField::NumberHoles, 21);
+    evaluator.Set(PanelField::NumberHoles, 21);
     EXPECT_EQ(evaluator.Evaluate().message, "Subscript out of range");
-    evaluator.Set(StudyField::NumberHoles, 5);
-    evaluator.Set(StudyField::CoalStrength, 1e308);
+    evaluator.Set(PanelField::NumberHoles, 5);
+    evaluator.Set(PanelField::CoalStrength, 1e308);
     EXPECT_EQ(evaluator.Evaluate().message, "Overflow");
 }
 
 TEST(PanelFigures, TheSolversFailureIsItsWidthAndItsWords) {
     PanelEvaluator evaluator(WorkedPanel(), true);
-    evaluator.Set(StudyField::UnitWeight, 100000);
+    evaluator.Set(PanelField::UnitWeight, 100000);
     const PanelFigures& figures = evaluator.Evaluate();
     EXPECT_FALSE(figures.refused);
     EXPECT_EQ(figures.SuggestedWeb, -1);
@@ -107,7 +107,7 @@ TEST(PanelFigures, TheSolversFailureIsItsWidthAndItsWords) {
 
 TEST(PanelFigures, TheShortTestOfTheSizesSpeaks) {
     PanelEvaluator evaluator(WorkedPanel(), true);
-    evaluator.Set(StudyField::SFWeb, 0.5);
+    evaluator.Set(PanelField::SFWeb, 0.5);
     const PanelFigures& figures = evaluator.Evaluate();
     EXPECT_EQ(figures.message, "Value '0.5' is outside input range\r\nValid range is: 1-10");
     EXPECT_FALSE(std::isnan(figures.Overall));
@@ -115,11 +115,11 @@ TEST(PanelFigures, TheShortTestOfTheSizesSpeaks) {
 }
 
 TEST(PanelFigures, FieldsThatTheRecordCannotHold) {
-    EXPECT_TRUE(FitsField(StudyField::Height, 1e300));
-    EXPECT_FALSE(FitsField(StudyField::NumberHoles, 2.5));
-    EXPECT_FALSE(FitsField(StudyField::NumberHoles, 40000));
-    EXPECT_FALSE(FitsField(StudyField::SFWeb, 1e39));
-    EXPECT_TRUE(FitsField(StudyField::SFBarrier, 3.5));
+    EXPECT_TRUE(FitsField(PanelField::Height, 1e300));
+    EXPECT_FALSE(FitsField(PanelField::NumberHoles, 2.5));
+    EXPECT_FALSE(FitsField(PanelField::NumberHoles, 40000));
+    EXPECT_FALSE(FitsField(PanelField::SFWeb, 1e39));
+    EXPECT_TRUE(FitsField(PanelField::SFBarrier, 3.5));
 }
 
 void ExpectSame(const PanelFigures& one, const PanelFigures& other) {
@@ -136,32 +136,32 @@ void ExpectSame(const PanelFigures& one, const PanelFigures& other) {
 
 // Whatever was set and calculated before, the figures are those of the panel as it stands.
 TEST(PanelFigures, DoNotDependOnThePanelsBefore) {
-    const std::vector<std::pair<StudyField, double>> changes{{StudyField::DepthCover, 200},
-                                                             {StudyField::DepthCover, -1},
-                                                             {StudyField::DepthCover, 300},
-                                                             {StudyField::Height, 6},
-                                                             {StudyField::DepthCover, 1e300},
-                                                             {StudyField::DepthCover, 150},
-                                                             {StudyField::NumberHoles, 1},
-                                                             {StudyField::DepthCover, 160},
-                                                             {StudyField::NumberHoles, 21},
-                                                             {StudyField::DepthCover, 170},
-                                                             {StudyField::NumberHoles, 0},
-                                                             {StudyField::HoleWidth, 9},
-                                                             {StudyField::NumberHoles, 7},
-                                                             {StudyField::WebThickness, 8},
-                                                             {StudyField::BarrierPillarWidth, 15},
-                                                             {StudyField::CoalStrength, 800},
-                                                             {StudyField::UnitWeight, 150},
-                                                             {StudyField::AbutmentAngle, 25},
-                                                             {StudyField::SFWeb, 11},
-                                                             {StudyField::SFWeb, 10},
-                                                             {StudyField::SFWeb, 1},
-                                                             {StudyField::SFWeb, 0.99},
-                                                             {StudyField::SFBarrier, 0},
-                                                             {StudyField::SFBarrier, 3},
-                                                             {StudyField::SFWeb, 1.3},
-                                                             {StudyField::DepthCover, 0}};
+    const std::vector<std::pair<PanelField, double>> changes{{PanelField::DepthCover, 200},
+                                                             {PanelField::DepthCover, -1},
+                                                             {PanelField::DepthCover, 300},
+                                                             {PanelField::Height, 6},
+                                                             {PanelField::DepthCover, 1e300},
+                                                             {PanelField::DepthCover, 150},
+                                                             {PanelField::NumberHoles, 1},
+                                                             {PanelField::DepthCover, 160},
+                                                             {PanelField::NumberHoles, 21},
+                                                             {PanelField::DepthCover, 170},
+                                                             {PanelField::NumberHoles, 0},
+                                                             {PanelField::HoleWidth, 9},
+                                                             {PanelField::NumberHoles, 7},
+                                                             {PanelField::WebThickness, 8},
+                                                             {PanelField::BarrierPillarWidth, 15},
+                                                             {PanelField::CoalStrength, 800},
+                                                             {PanelField::UnitWeight, 150},
+                                                             {PanelField::AbutmentAngle, 25},
+                                                             {PanelField::SFWeb, 11},
+                                                             {PanelField::SFWeb, 10},
+                                                             {PanelField::SFWeb, 1},
+                                                             {PanelField::SFWeb, 0.99},
+                                                             {PanelField::SFBarrier, 0},
+                                                             {PanelField::SFBarrier, 3},
+                                                             {PanelField::SFWeb, 1.3},
+                                                             {PanelField::DepthCover, 0}};
     for (const bool sizes : {false, true}) {
         PanelEvaluator running(WorkedPanel(), sizes);
         Panel panel = WorkedPanel();
@@ -181,9 +181,9 @@ TEST(PanelFigures, DoNotDependOnThePanelsBefore) {
 TEST(PanelFigures, SizesStartFromTheHolesThatTheDialogShows) {
     const auto sizes = [](double holes) {
         PanelEvaluator evaluator(WorkedPanel(), true);
-        evaluator.Set(StudyField::DepthCover,
+        evaluator.Set(PanelField::DepthCover,
                       1000);  // so deep that every hole widens what the barrier carries
-        evaluator.Set(StudyField::NumberHoles, holes);
+        evaluator.Set(PanelField::NumberHoles, holes);
         const PanelFigures figures = evaluator.Evaluate();
         return std::pair(figures.SuggestedWeb, figures.SuggestedBarrier);
     };
@@ -195,22 +195,22 @@ TEST(PanelFigures, SizesStartFromTheHolesThatTheDialogShows) {
 
 TEST(PanelFigures, AnExtractionRatioIsThatOfTheWidths) {
     PanelEvaluator evaluator(WorkedPanel(), false);
-    evaluator.Set(StudyField::NumberHoles, 1);
+    evaluator.Set(PanelField::NumberHoles, 1);
     EXPECT_NEAR(evaluator.Evaluate().ExtractionRatio, 100.0 * 10 / 30, 1e-13);  // a hole and a barrier
-    evaluator.Set(StudyField::NumberHoles, 3);
-    evaluator.Set(StudyField::WebThickness, 5);
+    evaluator.Set(PanelField::NumberHoles, 3);
+    evaluator.Set(PanelField::WebThickness, 5);
     EXPECT_NEAR(evaluator.Evaluate().ExtractionRatio, 100.0 * 30 / 60, 1e-13);
-    evaluator.Set(StudyField::BarrierPillarWidth, 35);
+    evaluator.Set(PanelField::BarrierPillarWidth, 35);
     EXPECT_NEAR(evaluator.Evaluate().ExtractionRatio, 100.0 * 30 / 75, 1e-13);
 }
 
 TEST(PanelFigures, BoundsOfWhatTheRecordHolds) {
-    EXPECT_TRUE(FitsField(StudyField::NumberHoles, 32767));
-    EXPECT_FALSE(FitsField(StudyField::NumberHoles, 32768));
-    EXPECT_TRUE(FitsField(StudyField::NumberHoles, -32767));
-    EXPECT_TRUE(FitsField(StudyField::SFWeb, 3.4e38));
-    EXPECT_FALSE(FitsField(StudyField::SFBarrier, 3.5e38));
-    EXPECT_TRUE(FitsField(StudyField::DepthCover, 2.5));
+    EXPECT_TRUE(FitsField(PanelField::NumberHoles, 32767));
+    EXPECT_FALSE(FitsField(PanelField::NumberHoles, 32768));
+    EXPECT_TRUE(FitsField(PanelField::NumberHoles, -32767));
+    EXPECT_TRUE(FitsField(PanelField::SFWeb, 3.4e38));
+    EXPECT_FALSE(FitsField(PanelField::SFBarrier, 3.5e38));
+    EXPECT_TRUE(FitsField(PanelField::DepthCover, 2.5));
 }
 
 }  // namespace

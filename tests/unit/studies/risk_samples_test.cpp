@@ -10,7 +10,7 @@
 #include "core/statistics/random_numbers.h"
 #include "core/statistics/study_refusal.h"
 #include "core/studies/risk_study.h"
-#include "tests/support/worked_panel.h"
+#include "tests/support/study_requests.h"
 
 namespace tarvokol {
 namespace {
@@ -19,11 +19,9 @@ using ::testing::ElementsAre;
 using List = std::vector<double>;
 
 RiskRequest RequestOf(const std::vector<const char*>& fields, std::uint32_t samples) {
-    RiskRequest request;
-    request.samples = samples;
+    RiskRequest request = WorkedRisk(fields, samples);
     request.threads = 2;
     request.keep_drawn = true;
-    for (const char* field : fields) request.AddField(field, WorkedPanel());
     return request;
 }
 
@@ -70,7 +68,7 @@ double ShareBelow(const List& values, double target) {
 
 // All that a study says, held against its samples.
 void ExpectTold(const RiskRequest& request) {
-    const RiskResult result = RunRisk(request, WorkedPanel());
+    const RiskResult result = RunRisk(request);
     std::vector<std::size_t> sound;
     for (std::size_t i = 0; i < request.samples; ++i)
         if (!std::isnan(result.factors[0][i])) sound.push_back(i);
@@ -129,7 +127,7 @@ TEST(RiskSamples, FiguresAreThoseOfWholeHolesAndCorrelatedFields) {
     ExpectTold(RequestOf({"NumberHoles=uniform:2:20", "Height=uniform:5:9"}, 500));
     RiskRequest request =
         RequestOf({"Height=normal:10:1", "WebThickness=normal:10:1", "HoleWidth=normal:10:1"}, 500);
-    request.AddCorrelation("Height,HoleWidth=0.6");
+    Correlate(request, "Height,HoleWidth=0.6");
     ExpectTold(request);
 }
 
@@ -138,7 +136,7 @@ TEST(RiskSamples, FiguresAreThoseOfWholeHolesAndCorrelatedFields) {
 TEST(RiskSamples, AHypercubeTakesOneSampleOfEachStratum) {
     RiskRequest request = RequestOf({"DepthCover=uniform:200:400", "Height=uniform:5:9"}, 5000);
     request.seed = 77;
-    const RiskResult result = RunRisk(request, WorkedPanel());
+    const RiskResult result = RunRisk(request);
     const double low[] = {200, 5};
     const double width[] = {200, 4};
     for (std::uint32_t field = 0; field < 2; ++field) {
@@ -153,7 +151,7 @@ TEST(RiskSamples, AHypercubeTakesOneSampleOfEachStratum) {
 TEST(RiskSamples, IndependentDrawsAreThePlacesThemselves) {
     RiskRequest request = RequestOf({"DepthCover=uniform:200:400", "Height=uniform:5:9"}, 5000);
     request.latin = false;
-    const RiskResult result = RunRisk(request, WorkedPanel());
+    const RiskResult result = RunRisk(request);
     for (std::uint32_t i = 0; i < 5000; ++i) {
         ASSERT_EQ(result.drawn[0][i], 200 + 200 * UnitFromBits(RandomBits(1, 0, i)));
         ASSERT_EQ(result.drawn[1][i], 5 + 4 * UnitFromBits(RandomBits(1, 2, i)));
@@ -166,11 +164,11 @@ TEST(RiskSamples, CorrelatedFieldsAreMixedOfIndependentOnes) {
     const std::vector<const char*> fields{"Height=normal:10:1", "HoleWidth=normal:10:1",
                                           "WebThickness=normal:10:1"};
     RiskRequest request = RequestOf(fields, 300);
-    const RiskResult plain = RunRisk(request, WorkedPanel());
-    request.AddCorrelation("Height,HoleWidth=0.5");
-    request.AddCorrelation("webthickness,height=-0.4");
-    request.AddCorrelation("HoleWidth,WebThickness=0.3");
-    const RiskResult mixed = RunRisk(request, WorkedPanel());
+    const RiskResult plain = RunRisk(request);
+    Correlate(request, "Height,HoleWidth=0.5");
+    Correlate(request, "webthickness,height=-0.4");
+    Correlate(request, "HoleWidth,WebThickness=0.3");
+    const RiskResult mixed = RunRisk(request);
     const double l22 = std::sqrt(0.75);
     const double l32 = 0.5 / l22;
     const double l33 = std::sqrt(1 - 0.16 - l32 * l32);
@@ -186,7 +184,7 @@ TEST(RiskSamples, CorrelatedFieldsAreMixedOfIndependentOnes) {
 // above, and 0.49 about.
 TEST(RiskSamples, ARandomTargetIsHeldAgainstItsOwnSample) {
     const RiskResult result =
-        RunRisk(RequestOf({"SFWeb=uniform:4.2:5.2", "SFBarrier=uniform:4.2:5.2"}, 10000), WorkedPanel());
+        RunRisk(RequestOf({"SFWeb=uniform:4.2:5.2", "SFBarrier=uniform:4.2:5.2"}, 10000));
     EXPECT_NEAR(result.risk[1].below[0].share.value, 5.2 - 4.7199928, 1.1e-4);
     EXPECT_NEAR(result.risk[2].below[0].share.value, 5.2 - 4.7134064, 1.1e-4);
     EXPECT_EQ(result.risk[1].below[0].target, double{1.6f});
@@ -196,7 +194,7 @@ TEST(RiskSamples, ARandomTargetIsHeldAgainstItsOwnSample) {
 // Also where samples are refused: what is left keeps its own target.
 TEST(RiskSamples, ARandomTargetOfARefusedSampleDoesNotCount) {
     const RiskRequest request = RequestOf({"SFWeb=uniform:1:9", "Height=uniform:-10:10"}, 1000);
-    const RiskResult result = RunRisk(request, WorkedPanel());
+    const RiskResult result = RunRisk(request);
     double below = 0;
     for (std::size_t i = 0; i < 1000; ++i)
         if (result.factors[1][i] < static_cast<float>(result.drawn[0][i])) ++below;
@@ -207,9 +205,9 @@ TEST(RiskSamples, ARandomTargetOfARefusedSampleDoesNotCount) {
 TEST(RiskSamples, AnyNumberOfThreadsGivesTheSameBits) {
     RiskRequest request = RequestOf({"Height=uniform:-1:9", "DepthCover=normal:100%:20%"}, 20001);
     request.threads = 1;
-    const RiskResult one = RunRisk(request, WorkedPanel());
+    const RiskResult one = RunRisk(request);
     request.threads = 5;
-    const RiskResult five = RunRisk(request, WorkedPanel());
+    const RiskResult five = RunRisk(request);
     EXPECT_EQ(one.risk[1].moments.mean, five.risk[1].moments.mean);
     EXPECT_EQ(one.risk[1].rank_correlation, five.risk[1].rank_correlation);
     EXPECT_EQ(one.refused, five.refused);
@@ -217,8 +215,7 @@ TEST(RiskSamples, AnyNumberOfThreadsGivesTheSameBits) {
 }
 
 TEST(RiskSamples, RefusalsAreToldOnceEachInTheirOrder) {
-    const RiskResult result =
-        RunRisk(RequestOf({"Height=uniform:-1:1", "WebThickness=uniform:-1:1"}, 400), WorkedPanel());
+    const RiskResult result = RunRisk(RequestOf({"Height=uniform:-1:1", "WebThickness=uniform:-1:1"}, 400));
     EXPECT_THAT(result.refusals,
                 ::testing::UnorderedElementsAre("Invalid entry height", "Invalid Web thickness"));
     EXPECT_EQ(result.refused, static_cast<std::uint64_t>(
@@ -229,11 +226,12 @@ TEST(RiskSamples, RefusalsAreToldOnceEachInTheirOrder) {
 TEST(RiskRequests, RefuseInTheirWords) {
     const auto refusal = [](const std::vector<const char*>& fields, const char* correlation) {
         RiskRequest request;
+        request.panel = WorkedPanel();
         try {
-            for (const char* field : fields) request.AddField(field, WorkedPanel());
-            if (correlation != nullptr) request.AddCorrelation(correlation);
-            if (correlation != nullptr) request.AddCorrelation("HoleWidth,Height=0.25");
-            RunRisk(request, WorkedPanel());
+            for (const char* field : fields) AddRandom(request, field);
+            if (correlation != nullptr) Correlate(request, correlation);
+            if (correlation != nullptr) Correlate(request, "HoleWidth,Height=0.25");
+            RunRisk(request);
         } catch (const StudyRefusal& refused) {
             return std::string(refused.what());
         }
@@ -241,40 +239,31 @@ TEST(RiskRequests, RefuseInTheirWords) {
     };
     const std::vector<const char*> pair{"Height=normal:10:1", "HoleWidth=normal:10:1"};
     const auto correlated = [&](const char* correlation) { return refusal(pair, correlation); };
-    EXPECT_EQ(refusal({"Height"}, nullptr), "--random: \"Height\" has no \"=\"; write FIELD=normal:MEAN:SD");
     EXPECT_EQ(refusal({"Height=normal:1:1", "height=normal:2:1"}, nullptr),
-              "--random Height: the field is given twice");
-    EXPECT_EQ(correlated("Height=0.5"), "--correlate: \"Height=0.5\" is no correlation; write FIELD,FIELD=R");
-    EXPECT_EQ(correlated("Height,HoleWidth"),
-              "--correlate: \"Height,HoleWidth\" is no correlation; write FIELD,FIELD=R");
-    EXPECT_EQ(correlated("Height=1,2"), "--correlate: \"Height=1,2\" is no correlation; write FIELD,FIELD=R");
-    EXPECT_EQ(correlated("Height,HoleWidth=x"), "--correlate: \"x\" is not a number with a decimal point");
+              "Height: the field is given twice");
+    EXPECT_EQ(correlated("Height,HoleWidth=x"), "\"x\" is not a number with a decimal point");
     for (const char* bound : {"Height,HoleWidth=1", "Height,HoleWidth=-1"})
         EXPECT_EQ(correlated(bound),
-                  "--correlate Height,HoleWidth: the correlation must lie between -1 and 1, both left out");
-    EXPECT_EQ(correlated("Height,height=0.5"),
-              "--correlate Height,height: a field is not correlated with itself");
-    EXPECT_EQ(
-        correlated("Height,DepthCover=0.5"),
-        "--correlate Height,DepthCover: both fields must be drawn from a normal distribution (--random)");
-    EXPECT_EQ(
-        refusal({"Height=uniform:1:2", "HoleWidth=normal:10:1"}, "Height,HoleWidth=0.5"),
-        "--correlate Height,HoleWidth: both fields must be drawn from a normal distribution (--random)");
+                  "Height,HoleWidth: the correlation must lie between -1 and 1, both left out");
+    EXPECT_EQ(correlated("Height,height=0.5"), "Height,Height: a field is not correlated with itself");
+    EXPECT_EQ(correlated("Height,DepthCover=0.5"),
+              "Height,DepthCover: both fields must be drawn from a normal distribution");
+    EXPECT_EQ(refusal({"Height=uniform:1:2", "HoleWidth=normal:10:1"}, "Height,HoleWidth=0.5"),
+              "Height,HoleWidth: both fields must be drawn from a normal distribution");
     for (const char* same : {"Height,HoleWidth=0.5", "HoleWidth,Height=0.5"})
-        EXPECT_EQ(correlated(same), "--correlate HoleWidth,Height: the pair is given twice");
+        EXPECT_EQ(correlated(same), "HoleWidth,Height: the pair is given twice");
     RiskRequest request =
         RequestOf({"Height=normal:10:1", "HoleWidth=normal:10:1", "WebThickness=normal:10:1"}, 10);
-    request.AddCorrelation("Height,HoleWidth=0.9");
-    request.AddCorrelation("HoleWidth,WebThickness=0.9");
-    request.AddCorrelation("Height,WebThickness=-0.9");
+    Correlate(request, "Height,HoleWidth=0.9");
+    Correlate(request, "HoleWidth,WebThickness=0.9");
+    Correlate(request, "Height,WebThickness=-0.9");
     try {
-        RunRisk(request, WorkedPanel());
+        RunRisk(request);
         ADD_FAILURE() << "not refused";
     } catch (const StudyRefusal& refused) {
-        EXPECT_STREQ(
-            refused.what(),
-            "--correlate: the correlations contradict one another (their matrix is not positive definite); "
-            "bring some of them nearer to 0");
+        EXPECT_STREQ(refused.what(),
+                     "the correlations contradict one another (their matrix is not positive definite); "
+                     "bring some of them nearer to 0");
     }
 }
 

@@ -8,7 +8,7 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/support/worked_panel.h"
+#include "tests/support/study_requests.h"
 
 namespace tarvokol {
 namespace {
@@ -16,11 +16,9 @@ namespace {
 constexpr int kWebs = 1;
 
 RiskResult RunWith(const char* field, unsigned threads = 1) {
-    RiskRequest request;
-    request.samples = 10000;
+    RiskRequest request = WorkedRisk({field}, 10000);
     request.threads = threads;
-    request.AddField(field, WorkedPanel());
-    return RunRisk(request, WorkedPanel());
+    return RunRisk(request);
 }
 
 TEST(RiskStudy, ANormalStrengthSpreadsTheFactorAsItself) {
@@ -55,12 +53,9 @@ TEST(RiskStudy, RefusedSamplesAreCountedAndLeftOut) {
 
 // The samples that are refused lie anywhere in the other field: its ranks are counted without them.
 TEST(RiskStudy, RanksAreThoseOfTheSamplesThatAreNotRefused) {
-    RiskRequest request;
-    request.samples = 500;
+    RiskRequest request = WorkedRisk({"Height=uniform:-10:10", "DepthCover=uniform:200:400"}, 500);
     request.keep_drawn = true;
-    request.AddField("Height=uniform:-10:10", WorkedPanel());
-    request.AddField("DepthCover=uniform:200:400", WorkedPanel());
-    const RiskResult result = RunRisk(request, WorkedPanel());
+    const RiskResult result = RunRisk(request);
     ASSERT_EQ(result.refused, 250u);
     std::vector<double> depths;
     std::vector<double> factors;
@@ -83,12 +78,10 @@ TEST(RiskStudy, RanksAreThoseOfTheSamplesThatAreNotRefused) {
 
 // Who does not ask for the drawn values gets the same figures.
 TEST(RiskStudy, KeepingTheDrawnValuesChangesNoFigure) {
-    RiskRequest request;
-    request.samples = 5000;
-    request.AddField("Height=normal:100%:5%", WorkedPanel());
-    const RiskResult without = RunRisk(request, WorkedPanel());
+    RiskRequest request = WorkedRisk({"Height=normal:100%:5%"}, 5000);
+    const RiskResult without = RunRisk(request);
     request.keep_drawn = true;
-    const RiskResult with = RunRisk(request, WorkedPanel());
+    const RiskResult with = RunRisk(request);
     EXPECT_EQ(with.drawn[0].size(), 5000u);
     EXPECT_EQ(without.risk[kWebs].moments.mean, with.risk[kWebs].moments.mean);
     EXPECT_EQ(without.risk[kWebs].rank_correlation, with.risk[kWebs].rank_correlation);

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Every combination of the values that fields of a project are given.
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+#include "core/engine/panel.h"
+#include "core/studies/study_rows.h"
+#include "core/studies/value_axis.h"
+
+namespace tarvokol {
+
+struct SweepRequest {
+    Panel panel;  // the project; the axes set some of its fields
+    std::vector<ValueAxis> axes;
+    bool sizes = false;  // the suggested sizes, too
+    unsigned threads = 1;
+
+    // A part of the rows: `count` of them from number `first` on, those that there are.
+    std::uint64_t first = 0;
+    std::uint64_t count = std::numeric_limits<std::uint64_t>::max();
+
+    // Adds an axis; the last one runs fastest. Raises StudyRefusal for a field that has one.
+    void AddAxis(ValueAxis axis);
+
+    // The number of all combinations. Raises StudyRefusal for more than can be counted.
+    std::uint64_t Rows() const;
+};
+
+// Calculates the rows of the request; their values stand in the order of its axes. False if the observer ended it early.
+// Same request, same bits, on any number of threads.
+bool RunSweep(const SweepRequest& request, RowObserver& observer);
+
+}  // namespace tarvokol

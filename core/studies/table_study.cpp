@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/studies/table_study.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/runtime/text.h"
+#include "core/statistics/study_numbers.h"
+#include "core/statistics/study_refusal.h"
+#include "core/studies/row_run.h"
+
+namespace tarvokol {
+namespace {
+
+class TableSource : public RowSource {
+  public:
+    explicit TableSource(const TableRequest& request) : request_(request), columns_(request.columns) {}
+
+    std::optional<std::uint64_t> Total() const override { return request_.total; }
+
+    std::optional<RowPiece> Next() override {
+        RowPiece piece;
+        piece.first = next_;
+        for (TableRow row; piece.records.size() < kRowsAPiece && request_.rows(row);) {
+            Require(row);
+            piece.records.push_back(std::move(row));
+        }
+        piece.count = piece.records.size();
+        next_ += piece.count;
+        if (piece.records.empty()) return std::nullopt;
+        return piece;
+    }
+
+    void Work(const RowPiece& piece, PanelEvaluator& panel, RowTaker& taker) const override {
+        const PanelInputs project = panel.Inputs();
+        std::vector<double> values;
+        for (std::uint64_t i = 0; i < piece.count; ++i) {
+            const TableRow& record = piece.records[i];
+            values.clear();
+            for (std::size_t column = 0; column < columns_.Count(); ++column) {
+                const auto field = columns_.Field(column);
+                if (!field) continue;
+                const std::string text = Trim(record.cells[column]);
+                values.push_back(text.empty() ? ValueOfField(project, *field) : *WholeNumber(text));
+                panel.Set(*field, values.back());
+            }
+            taker.Take({piece.first + i, values, {}, &record, panel.Evaluate()});
+        }
+    }
+
+  private:
+    void Require(const TableRow& row) const {
+        const auto cell = columns_.FaultyCell(row);
+        if (!cell) return;
+        throw StudyRefusal("line " + std::to_string(row.line) + ", column " + std::to_string(*cell + 1) +
+                               " (" + columns_.Title(*cell) + ")",
+                           columns_.FaultOf(*cell, row.cells[*cell]));
+    }
+
+    const TableRequest& request_;
+    const TableColumns& columns_;
+    std::uint64_t next_ = 0;
+};
+
+}  // namespace
+
+TableColumns::TableColumns(std::vector<std::string> header) : header_(std::move(header)) {
+    for (const std::string& title : header_) {
+        const auto field = FieldNamed(title);
+        if (field && std::find(fields_.begin(), fields_.end(), field) != fields_.end())
+            throw StudyRefusal(std::string("the column ") + NameOfField(*field) + " stands there twice");
+        fields_.push_back(field);
+    }
+    if (std::none_of(fields_.begin(), fields_.end(), [](const auto& field) { return field.has_value(); }))
+        throw StudyRefusal("no column is named as a field of the project; " + KnownFields());
+}
+
+std::string TableColumns::FaultOf(std::size_t column, const std::string& cell) const {
+    const std::string text = Trim(cell);
+    if (!fields_[column] || text.empty()) return "";
+    const auto value = WholeNumber(text);
+    if (!value) return WhyNoNumber(text);
+    return FitsField(*fields_[column], *value) ? "" : "\"" + text + "\" cannot be stored in this field";
+}
+
+std::optional<std::size_t> TableColumns::FaultyCell(const TableRow& row) const {
+    for (std::size_t column = 0; column < Count(); ++column)
+        if (!FaultOf(column, row.cells[column]).empty()) return column;
+    return std::nullopt;
+}
+
+bool RunTable(const TableRequest& request, RowObserver& observer) {
+    TableSource source(request);
+    return RunRows(source, request.panel, request.sizes, request.threads, observer);
+}
+
+}  // namespace tarvokol
