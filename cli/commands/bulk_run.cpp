@@ -10,6 +10,7 @@
 #include "cli/line/standard_input.h"
 #include "core/program/start_up.h"
 #include "core/project/lifecycle.h"
+#include "core/project/project_file.h"
 #include "core/project/project_state.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
@@ -124,6 +125,13 @@ bool OpenProject(const std::string& file) {
     const bool opened = FileOpen();
     if (opened) ProjectFileName = PreviousFileName = file;
     return opened;
+}
+
+std::optional<ProjectDocument> DocumentAt(const std::string& file) {
+    TextInput input(PathToOpen(file));
+    ProjectDocument document;
+    if (!ReadProject(input, document)) return std::nullopt;
+    return document;
 }
 
 }  // namespace tarvokol::cli

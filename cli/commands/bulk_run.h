@@ -4,12 +4,14 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "cli/line/options.h"
 #include "cli/output/json.h"
 #include "cli/output/output_target.h"
 #include "core/headless/headless_platform.h"
+#include "core/project/project_document.h"
 
 namespace tarvokol::cli {
 
@@ -60,5 +62,8 @@ class BulkRun {
 
 // Opens a project as the program does; false if the file is of another format.
 bool OpenProject(const std::string& file);
+
+// The project of a file as a value, without opening it; nothing if the file is of another format.
+std::optional<ProjectDocument> DocumentAt(const std::string& file);
 
 }  // namespace tarvokol::cli

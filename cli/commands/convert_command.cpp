@@ -7,8 +7,6 @@
 #include "core/messages/notify.h"
 #include "core/platform/message_box.h"
 #include "core/project/file_conversion.h"
-#include "core/project/project_record.h"
-#include "core/project/project_state.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -23,23 +21,25 @@ std::string BesideOriginal(const std::string& original, const std::string& name)
 
 FileResult ConvertOne(const std::string& file, const std::string& target_name, const OutputTarget& target) {
     FileResult result;
-    result.ok = OpenProject(file);
+    auto document = DocumentAt(file);
+    result.ok = document.has_value();
     if (!result.ok) return result;
     const bool to_metric = target_name == "metric";
-    ConvertTargetUnits = to_metric ? kMetric : kEnglish;
-    if (UnitSystem == ConvertTargetUnits) {
+    const int16_t units = to_metric ? kMetric : kEnglish;
+    if (document->unit_system == units) {
         Notify(std::string("The project is already in ") + (to_metric ? "Metric" : "English") + " units",
                box_style::Plain);
         result.ok = false;
         return result;
     }
-    ConvertProject();
-    const std::string output =
-        target.ToFile() ? target.PathFor(file, ProjectFileName) : BesideOriginal(file, ProjectFileName);
+    ConvertInputs(document->inputs, units);
+    document->unit_system = units;
+    const std::string name = ConvertedName(file, units);
+    const std::string output = target.ToFile() ? target.PathFor(file, name) : BesideOriginal(file, name);
     result.keys.Add("output", output);
-    result.keys.Add("project", ProjectJson());
-    result.keys.Add("units", ProjectUnitsJson());
-    target.WriteProject(output);
+    result.keys.Add("project", ProjectJson(*document));
+    result.keys.Add("units", ProjectUnitsJson(document->unit_system));
+    target.WriteBytes(output, BytesOfDocument(*document));
     if (!target.ToStandardOutput()) result.note = file + ": " + output + "\n";
     return result;
 }

@@ -3,7 +3,7 @@
 #include "cli/commands/commands.h"
 #include "cli/output/drawing.h"
 #include "core/project/input_check.h"
-#include "core/project/project_record.h"
+#include "core/project/project_file.h"
 #include "core/project/stability_analysis.h"
 #include "core/project/working_parameters.h"
 #include "core/report/report_builder.h"
@@ -38,7 +38,7 @@ JsonMembers ResultUnits() {
     const std::string force = english ? "lbs" : "kN";
     const std::string by_length = force + '/' + length;
     const std::vector<std::string> cases{force, force, by_length};
-    JsonMembers units = ProjectUnitsJson();
+    JsonMembers units = ProjectUnitsJson(UnitSystem);
     units.Add("CapacityTotal", cases);
     units.Add("DevelopmentLoad", cases);
     units.Add("SideAbutmentLoad", by_length);
@@ -66,7 +66,7 @@ FileResult ResultsOf(const std::string& file, bool want_keys, const OutputTarget
     FileResult result;
     result.ok = OpenProject(file);
     if (!result.ok) return result;
-    if (want_keys) result.keys.Add("project", ProjectJson());
+    if (want_keys) result.keys.Add("project", ProjectJson(DocumentOfRecords()));
     result.ok = PrepareWorkingParameters();
     if (!result.ok) return result;
     RunStabilityAnalysis();

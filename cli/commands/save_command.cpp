@@ -7,13 +7,14 @@ namespace {
 
 FileResult SaveOne(const std::string& file, const OutputTarget& target) {
     FileResult result;
-    result.ok = OpenProject(file);
+    const auto document = DocumentAt(file);
+    result.ok = document.has_value();
     if (!result.ok) return result;
     const std::string output = target.PathFor(file);
     result.keys.Add("output", output);
-    result.keys.Add("project", ProjectJson());
-    result.keys.Add("units", ProjectUnitsJson());
-    target.WriteProject(output);
+    result.keys.Add("project", ProjectJson(*document));
+    result.keys.Add("units", ProjectUnitsJson(document->unit_system));
+    target.WriteBytes(output, BytesOfDocument(*document));
     return result;
 }
 

@@ -3,10 +3,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 
-#include "core/project/project_record.h"
-#include "core/project/project_state.h"
+#include "core/runtime/text.h"
 #include "core/statistics/study_numbers.h"
 
 namespace tarvokol::cli {
@@ -39,10 +37,6 @@ std::string_view Escape(char c) {
         default:
             return "";
     }
-}
-
-bool IsAscii(char c) {
-    return static_cast<unsigned char>(c) < 0x80;
 }
 
 void AppendEscaped(std::string& text, char c) {
@@ -198,12 +192,12 @@ void JsonMembers::Append(const JsonMembers& other) {
     text_ += other.text_;
 }
 
-JsonMembers ProjectJson() {
-    const PanelInputs& record = ProjectRecord;
+JsonMembers ProjectJson(const ProjectDocument& document) {
+    const PanelInputs& record = document.inputs;
     JsonMembers members;
-    members.Add("UnitSystem", UnitSystem);
-    members.Add("ProjectTitle", ProjectTitle);
-    members.Add("ProjectDescription", ProjectDescription);
+    members.Add("UnitSystem", document.unit_system);
+    members.Add("ProjectTitle", document.title);
+    members.Add("ProjectDescription", document.description);
     members.Add("Height", record.Height);
     members.Add("DepthCover", record.DepthCover);
     members.Add("HoleWidth", record.HoleWidth);
@@ -221,8 +215,8 @@ JsonMembers ProjectJson() {
     return members;
 }
 
-JsonMembers ProjectUnitsJson() {
-    const bool english = UnitSystem == 0;
+JsonMembers ProjectUnitsJson(int16_t unit_system) {
+    const bool english = unit_system == 0;
     JsonMembers units;
     for (const char* length : {"Height", "DepthCover", "HoleWidth", "CrosscutSpacing"})
         units.Add(length, english ? "ft" : "m");

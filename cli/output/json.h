@@ -3,12 +3,14 @@
 #pragma once
 
 #include <concepts>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include <nlohmann/json.hpp>
 
+#include "core/project/project_document.h"
 #include "core/runtime/one_based.h"
 
 namespace tarvokol::cli {
@@ -70,8 +72,8 @@ class JsonMembers {
     std::string text_;
 };
 
-// The open project, as its variables stand, and the units of its figures.
-JsonMembers ProjectJson();
-JsonMembers ProjectUnitsJson();
+// A project, and the units of its figures in a unit system, 0 English or 1 Metric.
+JsonMembers ProjectJson(const ProjectDocument& document);
+JsonMembers ProjectUnitsJson(int16_t unit_system);
 
 }  // namespace tarvokol::cli

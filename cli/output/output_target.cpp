@@ -16,8 +16,6 @@
 #include "core/files/file_system.h"
 #include "core/files/os_errors.h"
 #include "core/files/whole_file.h"
-#include "core/project/project_file.h"
-#include "core/project/project_state.h"
 #include "core/runtime/run_time_error.h"
 
 namespace tarvokol::cli {
@@ -177,16 +175,6 @@ void OutputTarget::WriteBytes(const std::string& path, const std::string& bytes)
         std::cout << bytes;
     else
         Write(path, [&bytes](const std::string& name) { ReplaceWholeFile(name, bytes); });
-}
-
-void OutputTarget::WriteProject(const std::string& path) const {
-    Write(path, [](const std::string& name) {
-        FileReplacement replacement(name);
-        ProjectFileName = replacement.BuildPath();
-        FileSave();
-        ProjectFileName = name;
-        replacement.Commit();
-    });
 }
 
 }  // namespace tarvokol::cli

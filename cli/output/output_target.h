@@ -56,9 +56,6 @@ class OutputTarget {
     // Writes a file of these bytes.
     void WriteBytes(const std::string& path, const std::string& bytes) const;
 
-    // Writes the open project.
-    void WriteProject(const std::string& path) const;
-
   private:
     void ChooseFormat(const Options& options, const std::vector<std::string>& extensions);
     void MakeFolder() const;

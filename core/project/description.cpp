@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The description block: wrapped to 60 columns on the way to the file and the report, read back line by line.
+#include "core/project/description.h"
+
 #include <algorithm>
-#include <cstdint>
 #include <limits>
 #include <optional>
 #include <vector>
@@ -9,7 +9,7 @@
 #include "core/files/file_system.h"
 #include "core/files/text_file.h"
 #include "core/messages/command_guard.h"
-#include "core/project/project_file.h"
+#include "core/project/project_document.h"
 #include "core/project/project_state.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
@@ -21,21 +21,23 @@ constexpr std::size_t kColumns = 60;
 constexpr std::size_t kFloor = 2 * kColumns / 3;  // no cut before this column
 constexpr int kOldFormatLines = 5;
 constexpr int16_t kOldFormatCount = 7;
+constexpr int16_t kCountOfNone = 2;  // of the lines of a description that has none
 
 // Nothing reads the count, so a description of more lines than it can hold must not fail over it.
-void CountLines(int lines) {
-    const int total = DescriptionLineCount + lines;
-    DescriptionLineCount = static_cast<int16_t>(std::min<int>(total, std::numeric_limits<int16_t>::max()));
+void CountLines(int lines, int16_t& count) {
+    count = static_cast<int16_t>(std::min<int>(count + lines, std::numeric_limits<int16_t>::max()));
 }
 
-void AppendLine(const std::string& line) {
-    if (ProjectDescription.size() + line.size() + CrLf.size() > kLongestText)
-        Raise(error_number::OutOfMemory);
-    ProjectDescription.append(line).append(CrLf);
+// A line that is not blank.
+void AppendLine(const std::string& line, std::string& description, int16_t& count) {
+    if (IsBlank(line)) return;
+    CountLines(1, count);
+    if (description.size() + line.size() + CrLf.size() > kLongestText) Raise(error_number::OutOfMemory);
+    description.append(line).append(CrLf);
 }
 
-// Byte offset behind the piece that begins at `start`: behind column 60 if a blank stands there, else behind
-// the last blank from column 40 on, else behind column 60.
+// Byte offset after the piece that begins at `start`: after column 60 if a blank stands there, else after the last
+// blank from column 40 on, else after column 60.
 std::size_t EndOfPiece(const std::string& line, std::size_t start) {
     std::size_t end = start;
     std::size_t cut = std::string::npos;
@@ -118,42 +120,25 @@ class Scratch {
     std::vector<std::string> lines_;
 };
 
-// The text of the lines, blank ones dropped and long ones wrapped, each with its line end.
-std::string RewrittenLines(std::vector<std::string> lines) {
+// The lines without the blank ones, the long ones wrapped; the count becomes that of their pieces plus 2.
+std::string WrappedLines(std::vector<std::string> lines, int16_t& count) {
     std::string text;
     for (std::string& line : lines) {
         if (IsBlank(line)) continue;
         int pieces = 1;
         if (Length(Trim(line)) > kColumns) WrapLongLine(line, pieces);
         text.append(line).append(CrLf);
-        CountLines(pieces);
+        CountLines(pieces, count);
     }
+    if (!text.empty()) text.resize(text.size() - CrLf.size());
     return text;
 }
 
-void ReadPresentFormat(int file_number) {
-    std::string line = LineInput(file_number);
-    if (line == DescriptionStart) line = LineInput(file_number);
-    DescriptionLineCount = 1;
-    while (line != DescriptionEnd) {
-        if (!IsBlank(line)) {
-            CountLines(1);
-            AppendLine(line);
-        }
-        line = TokenText(file_number);
-    }
-}
-
 // The form of an older file version, which no reader of this program asks for.
-void ReadOldFormat(int file_number) {
-    DescriptionLineCount = 1;
-    for (int i = 1; i <= kOldFormatLines; ++i) {
-        const std::string line = LineInput(file_number);
-        if (IsBlank(line)) continue;
-        CountLines(1);
-        AppendLine(line);
-    }
-    DescriptionLineCount = kOldFormatCount;
+void ReadOldFormat(TextInput& input, std::string& description, int16_t& count) {
+    count = 1;
+    for (int i = 1; i <= kOldFormatLines; ++i) AppendLine(input.Line(), description, count);
+    count = kOldFormatCount;
 }
 
 }  // namespace
@@ -171,20 +156,34 @@ void WrapLongLine(std::string& line, int& count) {
     line = std::move(out);
 }
 
+std::string WrappedDescription(const std::string& description, int16_t& count) {
+    count = kCountOfNone;
+    return description.empty() ? description : WrappedLines(LinesOfText(description), count);
+}
+
+void ReadDescriptionBlock(TextInput& input, std::string& description, int16_t& count) {
+    std::string line = input.Line();
+    if (line == DescriptionStart) line = input.Line();
+    count = 1;
+    for (; line != DescriptionEnd; line = input.Token()) AppendLine(line, description, count);
+}
+
 void ReformatDescription() {
-    DescriptionLineCount = 2;
-    if (ProjectDescription.empty()) return;
-    auto lines = DescTempPath.empty() ? std::optional(LinesOfText(ProjectDescription)) : Scratch().Lines();
-    if (!lines) return;
-    ProjectDescription = RewrittenLines(std::move(*lines));
-    if (!ProjectDescription.empty()) ProjectDescription.resize(ProjectDescription.size() - CrLf.size());
+    if (DescTempPath.empty() || ProjectDescription.empty()) {
+        ProjectDescription = WrappedDescription(ProjectDescription, DescriptionLineCount);
+        return;
+    }
+    DescriptionLineCount = kCountOfNone;
+    auto lines = Scratch().Lines();
+    if (lines) ProjectDescription = WrappedLines(std::move(*lines), DescriptionLineCount);
 }
 
 void ReadDescription(int fileNumber, int formatFlag) {
+    TextInput& input = InputOf(fileNumber);
     if (formatFlag != 0 && FileFormatLevel >= PresentFormatLevel)
-        ReadPresentFormat(fileNumber);
+        ReadDescriptionBlock(input, ProjectDescription, DescriptionLineCount);
     else
-        ReadOldFormat(fileNumber);
+        ReadOldFormat(input, ProjectDescription, DescriptionLineCount);
 }
 
 }  // namespace tarvokol

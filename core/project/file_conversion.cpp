@@ -12,23 +12,29 @@ namespace {
 
 constexpr int16_t kMetric = 1;
 
-// The record's factors turn metric figures into English ones.
-void Convert(double& value, double factor) {
-    value = RoundToTwoDecimals(ConvertTargetUnits != kMetric ? value * factor : value / factor);
+// The factors turn metric figures into English ones.
+void Convert(double& value, double factor, int16_t target) {
+    value = RoundToTwoDecimals(target != kMetric ? value * factor : value / factor);
 }
 
 }  // namespace
 
+void ConvertInputs(PanelInputs& inputs, int16_t target) {
+    for (double* length : {&inputs.Height, &inputs.DepthCover, &inputs.HoleWidth, &inputs.WebThickness,
+                           &inputs.BarrierPillarWidth, &inputs.CrosscutSpacing})
+        Convert(*length, FeetPerMetre, target);
+    for (int i = 1; i <= inputs.NumberHoles - 1; ++i) Convert(inputs.CenterDistance[i], FeetPerMetre, target);
+    Convert(inputs.CoalStrength, PsiPerMegapascal, target);
+    Convert(inputs.UnitWeight, PcfPerKilonewton, target);
+}
+
+std::string ConvertedName(const std::string& path, int16_t target) {
+    return (target != kMetric ? "English_" : "Metric_") + FileNameOf(path, 0);
+}
+
 bool ConvertProject() {
-    PanelInputs& record = ProjectRecord;
-    for (double* length : {&record.Height, &record.DepthCover, &record.HoleWidth, &record.WebThickness,
-                           &record.BarrierPillarWidth, &record.CrosscutSpacing})
-        Convert(*length, FeetPerMetre);
-    for (int i = 1; i <= record.NumberHoles - 1; ++i) Convert(record.CenterDistance[i], FeetPerMetre);
-    Convert(record.CoalStrength, PsiPerMegapascal);
-    Convert(record.UnitWeight, PcfPerKilonewton);
-    ProjectFileName =
-        (ConvertTargetUnits != kMetric ? "English_" : "Metric_") + FileNameOf(ProjectFileName, 0);
+    ConvertInputs(ProjectRecord, ConvertTargetUnits);
+    ProjectFileName = ConvertedName(ProjectFileName, ConvertTargetUnits);
     UnitSystem = ConvertTargetUnits;
     ProjectSaved = 0;
     KeepRecoveryCopy();

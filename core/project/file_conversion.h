@@ -2,6 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+
+#include "core/engine/panel.h"
 
 namespace tarvokol {
 
@@ -19,9 +22,14 @@ inline ConversionChoice Conversion;
 inline auto& ConvertTargetUnits = state::Conversion.ConvertTargetUnits;
 inline auto& ConvertKeepChoice = state::Conversion.ConvertKeepChoice;
 
-// Turns the open project into `ConvertTargetUnits`, every figure rounded to two decimals; renames it
-// "English_..." or "Metric_...", marks it changed and rebuilds the caption. No file is read or written.
-// Always true; raises "Overflow".
+// Turns a panel's figures into those of a unit system, 0 English or 1 Metric, each rounded to two decimals; center
+// distances up to the last but one pillar. Raises "Overflow", and "Subscript out of range" beyond 21 holes.
+void ConvertInputs(PanelInputs& inputs, int16_t target);
+
+// The name under which the converted project goes on: "English_" or "Metric_" and the name without its folder.
+std::string ConvertedName(const std::string& path, int16_t target);
+
+// Turns the open project into `ConvertTargetUnits`, figures and name, marks it changed and rebuilds the caption. No file is read or written. Always true; raises the errors of ConvertInputs.
 bool ConvertProject();
 
 }  // namespace tarvokol

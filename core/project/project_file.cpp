@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/project/project_file.h"
 
-#include <functional>
 #include <set>
 
 #include "core/files/text_file.h"
@@ -11,20 +10,17 @@
 #include "core/platform/main_window_services.h"
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
+#include "core/project/description.h"
 #include "core/project/kept_copy.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
-#include "core/runtime/checked.h"
-#include "core/runtime/numbers.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 
 namespace tarvokol {
 namespace {
 
-constexpr int kProjectFile = 1;          // file number
-constexpr std::size_t kMagicLimit = 64;  // bytes of a foreign file that are looked at
-constexpr int kDescriptionFlag = 2;
+constexpr int kProjectFile = 1;  // file number
 
 // The files that a save has emptied and not finished: what stands in them is a rest of what is being saved.
 std::set<std::string> UnfinishedSaves;
@@ -39,118 +35,30 @@ void OpenEmptied() {
     UnfinishedSaves.insert(ProjectFileName);
 }
 
-// Takes the lines of a project file one by one.
-using LineSink = std::function<void(const std::string&)>;
-
-void PrintLineOfProject(const std::string& line) {
-    PrintLine(kProjectFile, line);
-}
-
-// An integer stands between blanks, the first one being the place of its sign.
-std::string IntegerText(int16_t value) {
-    return SignedText(value) + " ";
-}
-
-void PutTitle(const LineSink& put) {
-    put(std::string(ProjectMagic));
-    put(IntegerText(UnitSystem));
-    put(ProjectTitle);
-}
-
-void PutDescription(const LineSink& put, const std::string& description) {
-    put(std::string(DescriptionStart));
-    put(description);
-    put(std::string(DescriptionEnd));
-}
-
-// A description that was read ends in a line end, one that was saved or typed does not.
-std::string DescriptionWithoutLineEnd() {
-    const bool ended = ProjectDescription.ends_with(CrLf);
-    return ProjectDescription.substr(0, ProjectDescription.size() - (ended ? CrLf.size() : 0));
-}
-
-void PutPanel(const LineSink& put) {
-    put(NumberToFileText(ProjectRecord.Height));
-    put(NumberToFileText(ProjectRecord.DepthCover));
-    put(NumberToFileText(ProjectRecord.HoleWidth));
-    put(NumberToFileText(ProjectRecord.WebThickness));
-    put(NumberToFileText(ProjectRecord.BarrierPillarWidth));
-    put(IntegerText(ProjectRecord.NumberHoles));
-    put(NumberToFileText(ProjectRecord.CrosscutAngle));
-    put(NumberToFileText(ProjectRecord.CrosscutSpacing));
-}
-
-void PutLoads(const LineSink& put) {
-    put(NumberToFileText(ProjectRecord.CoalStrength));
-    put(NumberToFileText(ProjectRecord.UnitWeight));
-    put(NumberToFileText(ProjectRecord.AbutmentAngle));
-    put(NumberToFileText(ProjectRecord.SFWeb));
-    put(NumberToFileText(ProjectRecord.SFBarrier));
-    put(NumberToFileText(ProjectRecord.SpareSingle));
-}
-
-void PrintIdentity() {
-    PutTitle(PrintLineOfProject);
+// Prints the records as they stand after the description was wrapped.
+void PrintProject() {
     ReformatDescription();
-    PutDescription(PrintLineOfProject, ProjectDescription);
+    PrintText(kProjectFile, DocumentText(DocumentOfRecords()));
+    MendNumberHoles(ProjectRecord);
 }
 
-// No holes are written as 0 and mended in memory only.
-void MendNumberHoles() {
-    if (ProjectRecord.NumberHoles == 0) ProjectRecord.NumberHoles = 1;
-}
-
-void PrintInputs() {
-    PutPanel(PrintLineOfProject);
-    MendNumberHoles();
-    PutLoads(PrintLineOfProject);
-}
-
-double ReadDouble() {
-    return TokenNumber(kProjectFile);
-}
-
-int16_t ReadShort() {
-    return ToShort(TokenNumber(kProjectFile));
-}
-
-float ReadSingle() {
-    return ToSingle(TokenNumber(kProjectFile));
-}
-
-void ReadIdentity() {
-    UnitSystem = ReadShort();
-    ProjectTitle = LineInput(kProjectFile);
-    if (UnitSystem < 0 || UnitSystem > 1) UnitSystem = 0;
-    ProjectDescription.clear();
-    ReadDescription(kProjectFile, kDescriptionFlag);
-}
-
-void ReadInputs() {
-    ProjectRecord.Height = ReadDouble();
-    ProjectRecord.DepthCover = ReadDouble();
-    ProjectRecord.HoleWidth = ReadDouble();
-    ProjectRecord.WebThickness = ReadDouble();
-    ProjectRecord.BarrierPillarWidth = ReadDouble();
-    ProjectRecord.NumberHoles = ReadShort();
-    ProjectRecord.CrosscutAngle = ReadDouble();
-    ProjectRecord.CrosscutSpacing = ReadDouble();
-    MendNumberHoles();
-    ProjectRecord.CoalStrength = ReadDouble();
-    ProjectRecord.UnitWeight = ReadDouble();
-    ProjectRecord.AbutmentAngle = ReadDouble();
-    ProjectRecord.SFWeb = ReadSingle();
-    ProjectRecord.SFBarrier = ReadSingle();
-    ProjectRecord.SpareSingle = ReadSingle();
+bool ReadIntoRecords(TextInput& input) {
+    ProjectDocument document = DocumentOfRecords();
+    try {
+        if (!ReadProject(input, document)) return false;
+    } catch (const RunTimeError&) {
+        PutIntoRecords(document);
+        throw;
+    }
+    PutIntoRecords(document);
+    return true;
 }
 
 // Opens and reads the project; false if the magic does not match.
 bool ReadOpenFile() {
     OpenForInput(kProjectFile, ProjectFileName);
     FileFormatLevel = PresentFormatLevel;
-    if (!CheckMagic(TokenStart(kProjectFile, kMagicLimit), std::string(ProjectMagic))) return false;
-    ReadIdentity();
-    ReadInputs();
+    if (!ReadIntoRecords(InputOf(kProjectFile))) return false;
     ProjectSaved = 255;
     ProjectEmpty = 0;
     UnitsLocked = 255;
@@ -168,8 +76,7 @@ bool FileSave() {
     const bool saves = MayEmpty(ProjectFileName);
     if (saves) {
         OpenEmptied();
-        PrintIdentity();
-        PrintInputs();
+        PrintProject();
         FlushFile(kProjectFile);
         SyncFile(kProjectFile);
         ProjectSaved = 255;
@@ -180,14 +87,12 @@ bool FileSave() {
     return saves;
 }
 
+// A description that was read ends in a line end, one that was saved or typed does not.
 std::string ProjectFileText() {
-    std::string text;
-    const LineSink put = [&text](const std::string& line) { text.append(line).append(CrLf); };
-    PutTitle(put);
-    PutDescription(put, DescriptionWithoutLineEnd());
-    PutPanel(put);
-    PutLoads(put);
-    return text;
+    ProjectDocument document = DocumentOfRecords();
+    if (document.description.ends_with(CrLf))
+        document.description.resize(document.description.size() - CrLf.size());
+    return DocumentText(document);
 }
 
 bool ReadProjectFile() {
@@ -204,12 +109,22 @@ bool ReadProjectFile() {
     }
 }
 
-std::string NumberToFileText(double value) {
-    return GeneralText(value);
+bool ReadProject(TextInput& input, ProjectDocument& document) {
+    if (!CheckMagic(ReadProjectMagic(input), std::string(ProjectMagic))) return false;
+    ReadProjectBody(input, document);
+    return true;
 }
 
-std::string NumberToFileText(float value) {
-    return GeneralText(value);
+ProjectDocument DocumentOfRecords() {
+    return {UnitSystem, ProjectTitle, ProjectDescription, DescriptionLineCount, ProjectRecord};
+}
+
+void PutIntoRecords(const ProjectDocument& document) {
+    UnitSystem = document.unit_system;
+    ProjectTitle = document.title;
+    ProjectDescription = document.description;
+    DescriptionLineCount = document.description_lines;
+    ProjectRecord = document.inputs;
 }
 
 bool CheckMagic(const std::string& found, const std::string& expected) {

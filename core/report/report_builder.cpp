@@ -2,8 +2,8 @@
 #include "core/report/report_builder.h"
 
 #include "core/messages/history_log.h"
+#include "core/project/description.h"
 #include "core/project/input_check.h"
-#include "core/project/project_file.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/project/stability_analysis.h"

@@ -68,11 +68,6 @@ std::optional<std::string> EncodeWindows1252(std::string_view text) {
     return bytes;
 }
 
-bool IsAscii(std::string_view bytes) {
-    return std::all_of(bytes.begin(), bytes.end(),
-                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
 }  // namespace
 
 void Utf8Scanner::Feed(std::string_view bytes) {

@@ -43,6 +43,10 @@ void RefuseNegative(long count) {
 
 }  // namespace
 
+bool IsAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char byte) { return IsAscii(byte); });
+}
+
 std::size_t CharacterBytes(std::string_view text, std::size_t offset) {
     const unsigned char lead = Byte(text, offset);
     const std::size_t count = AnnouncedBytes(lead);

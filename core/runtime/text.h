@@ -12,6 +12,12 @@ namespace tarvokol {
 // Carriage return, line feed: the line end of reports, descriptions and files.
 inline constexpr std::string_view CrLf = "\r\n";
 
+// True for a byte, or a text of bytes, of ASCII alone.
+inline bool IsAscii(char byte) {
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+bool IsAscii(std::string_view text);
+
 // Number of bytes of the character that begins at byte `offset` of the text, 1 at least.
 std::size_t CharacterBytes(std::string_view text, std::size_t offset);
 

@@ -60,8 +60,8 @@ void RequireReadable(const std::string& text) {
 }
 
 void Report() {
-    RequireReadable(cli::ProjectJson().Object());
-    RequireReadable(cli::ProjectUnitsJson().Object());
+    RequireReadable(cli::ProjectJson(DocumentOfRecords()).Object());
+    RequireReadable(cli::ProjectUnitsJson(UnitSystem).Object());
     if (!PrepareWorkingParameters()) return;
     RunStabilityAnalysis();
     WriteStabilitySection();

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as a project file: reading raises a run-time error at most, and what was read can be checked,
-// analysed, saved and read again. The file stays as it is.
+// analysed, saved and read again. The file stays as it is. As a value it is the same project.
 #include <cstdint>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -74,6 +75,17 @@ void SaveAndReadAgain(const MemoryFile& target) {
     MemoryFile::Require(ProjectTitle == title && UnitSystem == units);
 }
 
+// The bytes of the value, nothing where it cannot be made.
+std::optional<std::string> BytesAsValue(std::string_view bytes) {
+    std::optional<std::string> written;
+    Runs([&] {
+        const auto document = DocumentOfBytes(bytes);
+        if (document) written = BytesOfDocument(*document);
+        return true;
+    });
+    return written;
+}
+
 void TryBytes(std::string_view bytes) {
     static HeadlessPlatform host;
     static const MemoryFile source;
@@ -86,7 +98,10 @@ void TryBytes(std::string_view bytes) {
     ProjectFileName = source.Path();
     const bool read = Runs(ReadProjectFile);
     MemoryFile::Require(source.Content() == bytes);
+    const auto as_value = BytesAsValue(bytes);
+    MemoryFile::Require(as_value.has_value() == read);
     if (read) {
+        MemoryFile::Require(*as_value == BytesOfDocument(DocumentOfRecords()));
         MemoryFile::Require(UnitSystem == 0 || UnitSystem == 1);
         MemoryFile::Require(ProjectDescription.size() <= kLongestText);
         Runs(Calculate);

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/project/project_file.h"
+#include "core/project/description.h"
 #include "core/runtime/text.h"
 
 namespace tarvokol {

@@ -109,7 +109,7 @@ TEST_F(TextFile, PastTheEndEveryReadingRaises62) {
     EXPECT_EQ(RaisedError([] { LineInput(1); }), 62);
     EXPECT_EQ(RaisedError([] { TokenText(1); }), 62);
     EXPECT_EQ(RaisedError([] { TokenNumber(1); }), 62);
-    EXPECT_EQ(RaisedError([] { TokenStart(1, 5); }), 62);
+    EXPECT_EQ(RaisedError([] { InputOf(1).TokenStart(5); }), 62);
     EXPECT_TRUE(EndOfFile(1));
 }
 
@@ -188,18 +188,18 @@ TEST_F(TextFile, ANumberBeyondADoubleOverflows) {
 
 TEST_F(TextFile, TheStartOfAValueIsTheWholeOfAShortOne) {
     Open("magic  \r\n\"other\"\r\nthird,");
-    EXPECT_EQ(TokenStart(1, 8), "magic");
-    EXPECT_EQ(TokenStart(1, 8), "other");
-    EXPECT_EQ(TokenStart(1, 8), "third");
+    EXPECT_EQ(InputOf(1).TokenStart(8), "magic");
+    EXPECT_EQ(InputOf(1).TokenStart(8), "other");
+    EXPECT_EQ(InputOf(1).TokenStart(8), "third");
 }
 
 TEST_F(TextFile, TheStartOfALongValueIsCutAndKeepsItsBlanks) {
     Open("magicmagic");
-    EXPECT_EQ(TokenStart(1, 5), "magic");
+    EXPECT_EQ(InputOf(1).TokenStart(5), "magic");
     Open("magic     x");
-    EXPECT_EQ(TokenStart(1, 8), "magic   ");
+    EXPECT_EQ(InputOf(1).TokenStart(8), "magic   ");
     Open("magic            \r\n");
-    EXPECT_EQ(TokenStart(1, 8), "magic");
+    EXPECT_EQ(InputOf(1).TokenStart(8), "magic");
 }
 
 TEST_F(TextFile, ALineBeyondTheLongestTextRunsOutOfMemory) {
@@ -215,7 +215,7 @@ TEST_F(TextFile, AFileOfOneEndlessLineTakesNoMemoryForItsStart) {
     WriteBytes(PathTo("endless"), "x");
     std::filesystem::resize_file(PathTo("endless"), 1u << 30);  // a hole of NUL bytes
     OpenForInput(1, PathTo("endless"));
-    EXPECT_EQ(TokenStart(1, 64).size(), 64u);
+    EXPECT_EQ(InputOf(1).TokenStart(64).size(), 64u);
     EXPECT_EQ(RaisedError([] { LineInput(1); }), 7);
 }
 

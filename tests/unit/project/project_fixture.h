@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/files/text_file.h"
+#include "core/project/description.h"
 #include "core/project/project_file.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
