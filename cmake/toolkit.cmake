@@ -4,15 +4,15 @@
 #   tarvokol_gui       the forms and the window bindings
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets PrintSupport Help Svg SvgWidgets Test ToolsTools)
 find_package(QCustomPlotQt6 REQUIRED)
-find_package(PkgConfig REQUIRED)
-pkg_check_modules(XLSX REQUIRED IMPORTED_TARGET xlsxwriter)
 find_package(ZLIB REQUIRED)
 
-# The workbook library is opened by the name that programs ask the system for.
-find_library(xlsx_file xlsxwriter HINTS ${XLSX_LIBRARY_DIRS} REQUIRED)
-execute_process(COMMAND ${CMAKE_OBJDUMP} -p ${xlsx_file} OUTPUT_VARIABLE xlsx_headers COMMAND_ERROR_IS_FATAL ANY)
+# The workbook library is opened by the name that programs ask the system for. Its pkg-config file is not asked: it names
+# what the library itself was built with, whose headers nobody needs here.
+find_path(XLSX_INCLUDE_DIR xlsxwriter.h REQUIRED)
+find_library(XLSX_LIBRARY xlsxwriter REQUIRED)
+execute_process(COMMAND ${CMAKE_OBJDUMP} -p ${XLSX_LIBRARY} OUTPUT_VARIABLE xlsx_headers COMMAND_ERROR_IS_FATAL ANY)
 if(NOT xlsx_headers MATCHES "SONAME +([^ \n]+)")
-    message(FATAL_ERROR "${xlsx_file} has no name to be opened by")
+    message(FATAL_ERROR "${XLSX_LIBRARY} has no name to be opened by")
 endif()
 set(TARVOKOL_XLSX_LIBRARY ${CMAKE_MATCH_1})
 
@@ -20,7 +20,7 @@ add_library(tarvokol_bindings STATIC)
 target_precompile_headers(tarvokol_bindings PRIVATE <QtWidgets> <QtPrintSupport>)
 target_link_libraries(tarvokol_bindings PUBLIC tarvokol_core Qt6::Widgets Qt6::PrintSupport Qt6::Svg
                       PRIVATE QCustomPlotQt6::QCustomPlotQt6 ZLIB::ZLIB ${CMAKE_DL_LIBS})
-target_include_directories(tarvokol_bindings SYSTEM PRIVATE ${XLSX_INCLUDE_DIRS})
+target_include_directories(tarvokol_bindings SYSTEM PRIVATE ${XLSX_INCLUDE_DIR})
 target_compile_definitions(tarvokol_bindings PRIVATE TARVOKOL_XLSX_LIBRARY="${TARVOKOL_XLSX_LIBRARY}")
 
 add_library(tarvokol_gui STATIC)

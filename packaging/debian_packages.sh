@@ -1,17 +1,30 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Sourced by ./run, ./test and ./package: the Debian packages that building, running, packaging and testing need.
+# Sourced by ./run, ./test, ./package, the tests and the package's own description: the Debian packages that building,
+# running, packaging and testing need, for Debian 12 (bookworm) and 13 (trixie). No name carries a version: `clang` is
+# whatever compiler the release has.
 . packaging/progress.sh
 
-BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-tools-dev qt6-tools-dev-tools
-    qt6-documentation-tools qt6-svg-dev libqt6sql6-sqlite libqcustomplot-dev libxlsxwriter-dev zlib1g-dev libfontconfig-dev
-    libcli11-dev nlohmann-json3-dev libxcb1-dev"
-RUN_PACKAGES="fonts-liberation fonts-dejavu-core"
+BUILD_PACKAGES="g++ cmake ninja-build ccache qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-documentation-tools
+    qt6-svg-dev libqcustomplot-dev libxlsxwriter-dev zlib1g-dev libfontconfig-dev libcli11-dev nlohmann-json3-dev"
+# What the program asks for when it runs and no library of it tells, beside the workbook library, whose package carries the
+# number of its interface: the reader of the compiled help, the drawings, the fonts of the report, the folders of the icons.
+RUN_PACKAGES="libqt6sql6-sqlite fonts-liberation hicolor-icon-theme"
 PACKAGE_PACKAGES="dpkg-dev file git"
-TEST_PACKAGES="libgtest-dev libgmock-dev libx11-dev xvfb xauth openbox xdotool xclip qt6-wayland weston
-    poppler-utils imagemagick python3 python3-jsonschema jq make clang-14 lld
-    shared-mime-info desktop-file-utils appstream lintian mandoc zsh fish"
-COVERAGE_PACKAGES="llvm-14 libclang-rt-14-dev"
-ALL_TEST_PACKAGES="libbenchmark-dev clang-format clang-tidy libclang-rt-14-dev debootstrap"
+TEST_PACKAGES="libgtest-dev libgmock-dev libx11-dev libxcb1-dev xvfb xauth openbox xdotool xclip qt6-wayland weston
+    poppler-utils imagemagick python3 python3-jsonschema python3-mpmath jq make clang lld fonts-dejavu-core locales
+    $PACKAGE_PACKAGES shared-mime-info desktop-file-utils appstream lintian mandoc zsh fish"
+COVERAGE_PACKAGES="llvm libclang-rt-dev"
+ALL_TEST_PACKAGES="libbenchmark-dev clang-format clang-tidy libclang-rt-dev debootstrap"
+
+# add_release_packages RELEASE: what only some releases have. One that is not known is taken for a later one.
+add_release_packages() {
+    case $1 in
+        bookworm) ;;
+        # Debian 12 has the plugins in the library's own package.
+        *) RUN_PACKAGES+=" qt6-svg-plugins" ;;
+    esac
+}
+add_release_packages "${DEBIAN_RELEASE:-$(. /etc/os-release 2>/dev/null && echo "${VERSION_CODENAME:-}")}"
 
 # Prints those of the packages named that are not installed.
 missing_packages() {
@@ -40,7 +53,8 @@ install_packages() {
     [ -n "$missing" ] || return 0
     if [ "$(id -u)" -ne 0 ]; then
         as_root="sudo"
-        if ! command -v sudo >/dev/null || ! sudo -v; then
+        # A rule without a password answers the first question only: the second asks for one if any other rule has it.
+        if ! command -v sudo >/dev/null || ! { sudo -n true 2>/dev/null || sudo -v; }; then
             ask_administrator "$missing"
             return 1
         fi

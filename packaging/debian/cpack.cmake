@@ -33,11 +33,15 @@ and how wide webs and barriers must be for a wanted margin of safety.
 The package has the desktop program tarvokol and the command line
 tarvokol-cli, help, manual, reference notes and example projects.")
 
-# The libraries are found in the programs. What they load by name, or ask the system for, is told here: the plugin that
-# reads the compiled help, the library of the workbooks, the fonts of the report, the folders of the icons.
+# The libraries are found in the programs. What they load by name, or ask the system for, is listed where the build's own
+# packages are; only the workbook library's package carries the number of its interface.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 string(REPLACE ".so." "" workbook_package ${TARVOKOL_XLSX_LIBRARY})
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6sql6-sqlite, ${workbook_package}, fonts-liberation, hicolor-icon-theme")
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/packaging/debian_packages.sh)
+execute_process(COMMAND bash -c ". packaging/debian_packages.sh && echo $RUN_PACKAGES" WORKING_DIRECTORY ${CMAKE_SOURCE_DIR}
+                OUTPUT_VARIABLE run_packages OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+string(REPLACE " " ", " run_packages "${workbook_package} ${run_packages}")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "${run_packages}")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, evince | pdf-viewer, qt6-wayland")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "libreoffice-calc | gnumeric")
 include(CPack)

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# A user with neither root nor sudo is told what to ask an administrator for.
+# A user with neither root nor sudo is told what to ask an administrator for; one whose sudo asks for no password is not
+# asked for one.
 set -uo pipefail
 cd "$(dirname "$0")/../.."
 . tests/packaging/checks.sh
@@ -8,15 +9,15 @@ machine=$(mktemp -d)
 trap 'rm -rf "$machine"' EXIT
 
 # A machine on which nothing is installed, the user is no root, and sudo, if there is one, refuses.
-for tool in bash env mktemp cat rm dirname printf grep; do ln -s "$(command -v $tool)" "$machine/$tool"; done
+for tool in bash env mktemp cat rm dirname printf grep realpath; do ln -s "$(type -P $tool)" "$machine/$tool"; done
 printf '#!/bin/sh\nexit 1\n' > "$machine/dpkg-query"
 printf '#!/bin/sh\necho 1000\n' > "$machine/id"
 printf '#!/bin/sh\ntouch %s/apt-get-ran\n' "$machine" > "$machine/apt-get"
 chmod +x "$machine/dpkg-query" "$machine/id" "$machine/apt-get"
 
-# told COMMAND: what the command says, and its status.
+# told COMMAND [ARGUMENT]: what the command says, and its status.
 told() {
-    env -i PATH="$machine" HOME=/nonexistent bash "$1" 2>&1
+    env -i PATH="$machine" HOME=/nonexistent DISPLAY=:nowhere bash "$@" 2>&1
     echo "status $?"
 }
 
@@ -32,4 +33,19 @@ for command in run test package; do expect_instructions $command "no sudo"; done
 printf '#!/bin/sh\nexit 1\n' > "$machine/sudo"
 chmod +x "$machine/sudo"
 for command in run test package; do expect_instructions $command "sudo refuses"; done
+
+# Member of the group sudo, with a rule of his own that asks for no password: `sudo -v` asks for one all the same, as not
+# every rule of his does without.
+cat > "$machine/sudo" <<'SUDO'
+#!/bin/sh
+[ "$1" != -v ] || exit 1
+[ "$1" != -n ] || shift
+exec "$@"
+SUDO
+for tool in true touch; do ln -s "$(type -P $tool)" "$machine/$tool"; done
+for command in "run examples/Thick_Seam_Pit.TKL" test package; do
+    rm -f "$machine/apt-get-ran"
+    holds "./$command, sudo without a password" "$(told $command)" "Debian packages that are missing: g++ cmake ninja-build"
+    [ -e "$machine/apt-get-ran" ] || fail "./$command does not install"
+done
 finish

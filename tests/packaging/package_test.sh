@@ -112,10 +112,17 @@ test_shells_complete() {
         complete -C 'tarvokol-cli plan --mo'" | cut -f 1)"
 }
 
+# What a library's name, or nothing in the programs at all, tells: by release.
 test_dependencies_are_told() {
-    local depends
+    local depends by_name
     depends=$(dpkg-deb -f "$package" Depends)
-    holds Depends "$depends" libqt6sql6-sqlite libxlsxwriter4 fonts-liberation libqt6svg6 libqt6help6 "libc6 (>= "
+    case $(. /etc/os-release && echo "$VERSION_CODENAME") in
+        bookworm) by_name="libxlsxwriter4" ;;
+        trixie) by_name="libxlsxwriter8 qt6-svg-plugins" ;;
+        *) by_name="libxlsxwriter" ;;
+    esac
+    # shellcheck disable=SC2086
+    holds Depends "$depends," libqt6sql6-sqlite, fonts-liberation, hicolor-icon-theme, libqt6svg6 libqt6help6 "libc6 (>= " $by_name
     [[ $depends != *wayland* ]] || fail "Wayland is no must"
     holds Recommends "$(dpkg-deb -f "$package" Recommends)" qt6-wayland xdg-utils pdf-viewer
 }

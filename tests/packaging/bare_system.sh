@@ -1,0 +1,69 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+# bare_system.sh [--keep] [--take FILES FOLDER] RELEASE COMMAND...: runs the command in a minimal Debian system (bookworm,
+# trixie) on which nothing was installed by hand, in a fresh clone of the last commit, as an ordinary account that may use
+# sudo without a password and has no folder of documents. Returns the command's status and tells the seconds.
+#   --take   copies FILES of the clone (a pattern) into FOLDER when the command has succeeded
+#   --keep   leaves the system where it is, and tells where
+# Needs root or sudo, and the Debian archive. The minimal system, the packages that were fetched and what was compiled are
+# kept in $TARVOKOL_SYSTEMS (~/.cache/tarvokol).
+set -uo pipefail
+usage() { sed -n 's/^# \(bare_system.sh .*\)/usage: \1/p' "$0" >&2; exit 2; }
+[ "$(id -u)" -eq 0 ] || exec sudo -n "$(realpath "$0")" "$@"
+source=$(cd "$(dirname "$0")/../.." && pwd)
+. "$source/tests/packaging/minimal_system.sh"
+
+keep="" files="" folder=""
+while [[ ${1:-} == --* ]]; do
+    case $1 in
+        --keep) keep=yes; shift ;;
+        --take) [ $# -ge 3 ] || usage; files=$2 folder=$(realpath -m "$3"); shift 3 ;;
+        *) usage ;;
+    esac
+done
+[ $# -ge 2 ] || usage
+release=$1
+shift
+
+clean_up() { [ -n "$keep" ] || remove_system; }
+
+# The account, in the group sudo, whose rule asks for a password, and with a rule of its own that does not.
+make_account() {
+    chroot "$root" useradd --create-home --uid 1000 --groups sudo --shell /bin/bash $account &&
+        echo "$account ALL=(ALL:ALL) NOPASSWD: ALL" > "$root/etc/sudoers.d/$account" &&
+        git clone --quiet --no-hardlinks "$source" "$root$home/tarvokol" &&
+        mkdir -p "$root$home/.ccache" && chown -R 1000:1000 "$root$home"
+}
+
+# Compiled files are shared with whoever else compiles here.
+make_caches() {
+    mkdir -p "$systems/$release.archives" "$systems/ccache"
+    [ -e "$systems/ccache/ccache.conf" ] || printf 'umask = 000\nmax_size = 5G\n' > "$systems/ccache/ccache.conf"
+    chmod 777 "$systems/ccache"
+}
+
+in_system() {
+    unshare --mount --pid --fork --kill-child "$source/tests/packaging/enter_system.sh" \
+        "$root" "$systems/$release.archives" "$systems/ccache" "$@"
+}
+
+as_account() {
+    in_system chroot --userspec=$account:$account --groups=$account,sudo "$root" env -i HOME=$home USER=$account \
+        LOGNAME=$account SHELL=/bin/bash PATH=/usr/local/bin:/usr/bin:/bin bash -c "cd $home/tarvokol && exec \"\$@\"" bash "$@"
+}
+
+begin=$SECONDS
+trap clean_up EXIT
+make_system "$release" && make_caches && make_account || { echo "bare_system: no bare $release" >&2; exit 125; }
+made=$((SECONDS - begin))
+as_account "$@"
+status=$?
+in_system chroot "$root" apt-get -qq autoclean > /dev/null 2>&1
+if [ $status -eq 0 ] && [ -n "$files" ]; then
+    mkdir -p "$folder"
+    # shellcheck disable=SC2086
+    cp -- "$root$home/tarvokol/"$files "$folder/" || status=1
+fi
+echo "bare_system: $release: $*: status $status, $((SECONDS - begin)) s, $made of them until the system stood"
+[ -z "$keep" ] || echo "bare_system: kept in $root"
+exit $status
