@@ -14,7 +14,8 @@ TEST_PACKAGES="libgtest-dev libgmock-dev libx11-dev libxcb1-dev xvfb xauth openb
     poppler-utils imagemagick python3 python3-jsonschema python3-mpmath jq make clang lld fonts-dejavu-core locales
     $PACKAGE_PACKAGES shared-mime-info desktop-file-utils appstream lintian mandoc zsh fish"
 COVERAGE_PACKAGES="llvm libclang-rt-dev"
-ALL_TEST_PACKAGES="libbenchmark-dev clang-format clang-tidy libclang-rt-dev debootstrap"
+# With the tools of the coverage the sanitizers name the lines of what they report.
+ALL_TEST_PACKAGES="libbenchmark-dev clang-format clang-tidy debootstrap $COVERAGE_PACKAGES"
 
 # add_release_packages RELEASE: what only some releases have. One that is not known is taken for a later one.
 add_release_packages() {

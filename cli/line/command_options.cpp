@@ -34,7 +34,6 @@ void CommandOptions::Refine(CLI::Option& option, const OptionFacts& facts) {
     if (!facts.choices.empty()) option.check(OneOf(facts.choices));
     if (facts.existing_file) option.check(CLI::ExistingFile);
     if (facts.refusal) option.check(facts.refusal);
-    if (facts.shows_default) option.capture_default_str();
 }
 
 void CommandOptions::Flag(const OptionFacts& facts, bool& value) {
@@ -42,7 +41,10 @@ void CommandOptions::Flag(const OptionFacts& facts, bool& value) {
 }
 
 void CommandOptions::Text(const OptionFacts& facts, std::string& value) {
-    Refine(*command_.add_option(facts.spelling, value, facts.help), facts);
+    CLI::Option& option = *command_.add_option(facts.spelling, value, facts.help);
+    Refine(option, facts);
+    // Each version of the library has a form of its own for what counts where nothing is given.
+    if (facts.shows_default) option.option_text(option.get_type_name() + "=" + value);
     texts_.push_back(&value);
 }
 

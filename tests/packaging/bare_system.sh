@@ -9,9 +9,9 @@
 # kept in $TARVOKOL_SYSTEMS (~/.cache/tarvokol).
 set -uo pipefail
 usage() { sed -n 's/^# \(bare_system.sh .*\)/usage: \1/p' "$0" >&2; exit 2; }
-[ "$(id -u)" -eq 0 ] || exec sudo -n "$(realpath "$0")" "$@"
 source=$(cd "$(dirname "$0")/../.." && pwd)
 . "$source/tests/packaging/minimal_system.sh"
+become_root "$0" "$@"
 
 keep="" files="" folder=""
 while [[ ${1:-} == --* ]]; do
@@ -35,13 +35,6 @@ make_account() {
         mkdir -p "$root$home/.ccache" && chown -R 1000:1000 "$root$home"
 }
 
-# Compiled files are shared with whoever else compiles here.
-make_caches() {
-    mkdir -p "$systems/$release.archives" "$systems/ccache"
-    [ -e "$systems/ccache/ccache.conf" ] || printf 'umask = 000\nmax_size = 5G\n' > "$systems/ccache/ccache.conf"
-    chmod 777 "$systems/ccache"
-}
-
 in_system() {
     unshare --mount --pid --fork --kill-child "$source/tests/packaging/enter_system.sh" \
         "$root" "$systems/$release.archives" "$systems/ccache" "$@"
@@ -54,7 +47,7 @@ as_account() {
 
 begin=$SECONDS
 trap clean_up EXIT
-make_system "$release" && make_caches && make_account || { echo "bare_system: no bare $release" >&2; exit 125; }
+make_system "$release" && make_account && make_compiler_cache && mkdir -p "$systems/$release.archives" || { echo "bare_system: no bare $release" >&2; exit 125; }
 made=$((SECONDS - begin))
 as_account "$@"
 status=$?

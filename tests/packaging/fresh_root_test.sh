@@ -1,43 +1,31 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# fresh_root_test.sh BUILD: installs the package into a minimal Debian system without recommended packages, works there with
-# the program as an engineer does (its window on an X server outside of that system, so that nothing is installed with it
-# but what the package asks for), removes the package and looks for what is left. Needs root and the Debian archive; the
-# minimal system is kept below BUILD for the next time.
+# fresh_root_test.sh RELEASE [PACKAGE]: installs the package into a minimal Debian system of the release (bookworm, trixie)
+# without recommended packages, works there with the program as an engineer does (its window on an X server outside of that
+# system, so that nothing is installed with it but what the package asks for), removes the package and looks for what is
+# left. Without PACKAGE it is built in a bare system of the release first. Needs root and the Debian archive.
 set -uo pipefail
-build=$1
 source=$(cd "$(dirname "$0")/../.." && pwd)
 . "$source/tests/packaging/checks.sh"
-[ "$(id -u)" -eq 0 ] || exec sudo -n "$0" "$@"
+. "$source/tests/packaging/minimal_system.sh"
+become_root "$0" "$@"
 
-package=$(echo "$source"/build/package/tarvokol_*.deb)
-[ -e "$package" ] || { echo "no package: ./package makes it"; exit 1; }
-base=$build/fresh_root/base
-root=$build/fresh_root/system
-home=/home/engineer
+release=${1:?RELEASE}
+notes=$source/build/fresh_root/$release
+mkdir -p "$notes"
+package=${2:-}
+if [ -z "$package" ]; then
+    rm -rf "$notes/package"
+    "$source/tests/packaging/bare_system.sh" --take 'build/package/tarvokol_*.deb' "$notes/package" "$release" ./package || exit 1
+    package=$(echo "$notes"/package/tarvokol_*.deb)
+fi
+[ -e "$package" ] || { echo "no package: $package"; exit 1; }
 servants=()
-trap 'kill "${servants[@]}" 2>/dev/null; rm -rf "$root"' EXIT
-
-# The archive that this machine uses itself, if it is of the same release.
-archive() {
-    apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' 'Codename: bookworm' 2>/dev/null |
-        grep debian | head -n 1 | grep . || echo http://deb.debian.org/debian
-}
-
-make_base() {
-    [ -e "$base/complete" ] && return
-    rm -rf "$base"
-    mkdir -p "$base"
-    timeout 600 debootstrap --variant=minbase bookworm "$base" "$(archive)" > "$build/fresh_root/log" 2>&1 ||
-        { tail -n 20 "$build/fresh_root/log"; return 1; }
-    cat > "$base/usr/sbin/policy-rc.d" <<< $'#!/bin/sh\nexit 101'
-    chmod +x "$base/usr/sbin/policy-rc.d"
-    touch "$base/complete"
-}
+trap 'kill "${servants[@]}" 2>/dev/null; remove_system' EXIT
 
 inside() { timeout 300 chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive "$@"; }
 as_engineer() {
-    timeout 300 chroot --userspec=1000:1000 "$root" env -i PATH=/usr/bin:/bin LC_ALL=C.UTF-8 HOME=$home \
+    timeout 300 chroot --userspec=1000:1000 "$root" env -i PATH=/usr/bin:/bin LC_ALL=C.UTF-8 HOME="$home" \
         DISPLAY="$DISPLAY" "$@"
 }
 
@@ -81,7 +69,7 @@ eventually() {
     local label=$1 end=$((SECONDS + 60))
     shift
     until "$@"; do
-        [ $SECONDS -lt $end ] || { fail "$label"; import -window root "$build/fresh_root/$label.png"; return 1; }
+        [ $SECONDS -lt $end ] || { fail "$label"; import -window root "$notes/$label.png"; return 1; }
         sleep 0.1
     done
 }
@@ -92,7 +80,7 @@ press() { sleep 0.3; xdotool key --clearmodifiers --delay 60 "$@"; }
 
 work_in_windows() {
     local example=$home/Documents/MyOLTEK/Contour_Bench_Shallow.TKL program
-    as_engineer env PATH=/usr/local/bin:/usr/bin:/bin tarvokol /usr/share/tarvokol/Contour_Bench_Shallow.TKL 2> "$build/fresh_root/said" &
+    as_engineer env PATH=/usr/local/bin:/usr/bin:/bin tarvokol /usr/share/tarvokol/Contour_Bench_Shallow.TKL 2> "$notes/said" &
     program=$!
     servants+=($program)
     eventually "main window" is_active '*Contour_Bench_Shallow.TKL*' || return
@@ -112,7 +100,7 @@ work_in_windows() {
     press alt+f x
     wait $program
     same "exit status of the program" 0 $?
-    same "what the program says" "" "$(grep -v XDG_RUNTIME_DIR "$build/fresh_root/said")"
+    same "what the program says" "" "$(grep -v XDG_RUNTIME_DIR "$notes/said")"
 }
 
 work_on_the_command_line() {
@@ -121,26 +109,36 @@ work_on_the_command_line() {
     as_engineer tarvokol-cli results -o /tmp/report.pdf $example || fail "report as PDF"
     holds "fonts of the report" "$(pdffonts "$root/tmp/report.pdf")" LiberationMono
     as_engineer tarvokol-cli curve sf-depth -o /tmp/curve.xlsx $example || fail "curve as workbook"
+    same "workbook" PK "$(head -c 2 "$root/tmp/curve.xlsx")"
     as_engineer tarvokol-cli plan -o /tmp/plan.svg $example || fail "plan as SVG"
+    as_engineer tarvokol-cli plan -o /tmp/plan.png $example || fail "plan as PNG"
+    holds "picture of the plan" "$(identify "$root/tmp/plan.png")" PNG
 }
 
 remove_package() {
     inside apt-get purge -y -qq --autoremove tarvokol || return
     same "what is left of the package" "" "$(list_files | grep -i tarvokol)"
-    same "what is left of what came with it" "" "$(comm -13 "$build/fresh_root/before" <(list_files))"
+    same "what is left of what came with it" "" "$(comm -13 "$notes/before" <(list_files))"
 }
 
-make_base || exit 1
-rm -rf "$root"
-cp -a "$base" "$root"
+# Without them icons and the drawings of the help are missing, and nobody says so.
+look_for_the_readers_of_drawings() {
+    local plugin
+    for plugin in iconengines/libqsvgicon.so imageformats/libqsvg.so; do
+        compgen -G "$root/usr/lib/*/qt6/plugins/$plugin" > /dev/null || fail "no $plugin"
+    done
+}
+
+make_system "$release" || exit 1
 inside apt-get update -qq
-list_files > "$build/fresh_root/before"
-install_package > "$build/fresh_root/log" 2>&1 || { tail -n 20 "$build/fresh_root/log"; exit 1; }
+list_files > "$notes/before"
+install_package > "$notes/log" 2>&1 || { tail -n 20 "$notes/log"; exit 1; }
+look_for_the_readers_of_drawings
 start_screen || { echo "no X server"; exit 1; }
 prepare_engineer
 work_in_windows
 work_on_the_command_line
 rm "$root/usr/local/bin/xdg-open"
-remove_package > "$build/fresh_root/log" 2>&1 || fail "the package cannot be removed"
-cat "$build/fresh_root/log"
+remove_package > "$notes/log" 2>&1 || fail "the package cannot be removed"
+cat "$notes/log"
 finish

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Sourced by bare_system.sh and fresh_root_test.sh, as root: minimal Debian systems of any release, kept for the next time.
+# Sourced by bare_system.sh and fresh_root_test.sh: minimal Debian systems of any release, made as root and kept for the next
+# time, and by ./test --all, for the compiler cache that they share.
 systems=${TARVOKOL_SYSTEMS:-${XDG_CACHE_HOME:-$HOME/.cache}/tarvokol}
 account=engineer
 home=/home/$account
@@ -58,6 +59,16 @@ make_base() {
     fi
     exec {lock}>&-
 }
+
+# Whoever compiles may write into it.
+make_compiler_cache() {
+    mkdir -p "$systems/ccache"
+    [ -e "$systems/ccache/ccache.conf" ] || printf 'umask = 000\nmax_size = 5G\n' > "$systems/ccache/ccache.conf"
+    chmod 777 "$systems/ccache"
+}
+
+# become_root SCRIPT ARGUMENT...: starts the script again as root, with the same systems; nothing if it runs as root.
+become_root() { [ "$(id -u)" -eq 0 ] || exec sudo -n env TARVOKOL_SYSTEMS="$systems" "$(realpath "$1")" "${@:2}"; }
 
 # make_system RELEASE: a copy of the minimal system, which the caller removes; sets `root`.
 make_system() {

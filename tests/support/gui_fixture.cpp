@@ -48,8 +48,16 @@ GuiTest::~GuiTest() {
     if (!scripts_.empty()) ADD_FAILURE() << "never shown modally: " << scripts_.front().form;
 }
 
-void GuiTest::MissingControl(const QWidget& form, const std::string& name) {
-    throw std::runtime_error("no control " + name + " on " + FromQt(form.objectName()));
+void GuiTest::MissingControl(const QWidget& form, std::string_view name) {
+    throw std::runtime_error("no control " + std::string(name) + " on " + FromQt(form.objectName()));
+}
+
+// Since Qt 6.5 a program is meant to activate windows only; the platform of the tests has nobody else who takes that away.
+void GuiTest::LeaveNoWindowActive() {
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    QApplication::setActiveWindow(nullptr);
+    QT_WARNING_POP
 }
 
 void GuiTest::Click(QWidget& form, const std::string& name) {

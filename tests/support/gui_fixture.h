@@ -11,6 +11,7 @@
 #include <deque>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -28,7 +29,7 @@ class GuiTest : public CoreTest {
 
     // The control, or the action, of a name on a form; a missing one ends the test with its name.
     template <typename Control = QWidget>
-    static Control& Find(QWidget& form, const std::string& name) {
+    static Control& Find(QWidget& form, std::string_view name) {
         auto* control = form.findChild<Control*>(ToQt(name));
         if (control == nullptr) MissingControl(form, name);
         return *control;
@@ -52,6 +53,9 @@ class GuiTest : public CoreTest {
     // Shows a form and waits until it is the active window.
     static void ShowAndActivate(FormBase& form);
 
+    // As between two message boxes, or while another program is in front.
+    static void LeaveNoWindowActive();
+
     // Runs the script when the form of that name has come up modally; scripts run in the order of their
     // making, each once. A modal form without a script is unloaded after some seconds, and the test fails.
     void WhenShown(const std::string& form, std::function<void(FormBase&)> script);
@@ -71,7 +75,7 @@ class GuiTest : public CoreTest {
         std::function<void(FormBase&)> run;
     };
 
-    [[noreturn]] static void MissingControl(const QWidget& form, const std::string& name);
+    [[noreturn]] static void MissingControl(const QWidget& form, std::string_view name);
     void WatchModalForms();
 
     std::deque<ModalScript> scripts_;

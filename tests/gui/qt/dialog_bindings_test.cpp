@@ -249,11 +249,11 @@ TEST_F(DialogBindings, WithoutAnActiveWindowTheLastOneServesWhileItShows) {
     RememberActiveWindow(window);
     RememberActiveWindow(inner);
     RememberActiveWindow(dialog);
-    QApplication::setActiveWindow(nullptr);
+    LeaveNoWindowActive();
     ASSERT_EQ(QApplication::activeWindow(), nullptr);
     EXPECT_EQ(OwnerWindow(), &window);
     window.hide();
-    QApplication::setActiveWindow(nullptr);
+    LeaveNoWindowActive();
     EXPECT_EQ(OwnerWindow(), nullptr);
 }
 

@@ -134,13 +134,13 @@ TEST_F(ProgramApplicationTest, TheWindowThatWasActiveLastIsRemembered) {
     window.show();
     QEvent activate(QEvent::WindowActivate);
     QApplication::sendEvent(&window, &activate);
-    QApplication::setActiveWindow(nullptr);
+    LeaveNoWindowActive();
     EXPECT_EQ(OwnerWindow(), &window);
     QWidget other;
     other.show();
     QEvent deactivate(QEvent::WindowDeactivate);
     QApplication::sendEvent(&other, &deactivate);
-    QApplication::setActiveWindow(nullptr);
+    LeaveNoWindowActive();
     EXPECT_EQ(OwnerWindow(), &window);
 }
 

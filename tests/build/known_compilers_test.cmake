@@ -1,0 +1,18 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Warnings are errors with the compilers of the supported releases only.
+cmake_minimum_required(VERSION 3.23)
+include(${SOURCE}/cmake/known_compilers.cmake)
+foreach(compiler IN ITEMS "GNU 12.2.0" "GNU 14.2.0" "Clang 14.0.6" "Clang 19.1.7")
+    string(REPLACE " " ";" compiler "${compiler}")
+    tarvokol_knows_compiler(known ${compiler})
+    if(NOT known)
+        message(SEND_ERROR "not known: ${compiler}")
+    endif()
+endforeach()
+foreach(compiler IN ITEMS "GNU 13.3.0" "GNU 15.1.0" "GNU 1.2" "Clang 18.1.8" "Clang 20.1.0" "AppleClang 14.0.0" "Intel 19.0")
+    string(REPLACE " " ";" compiler "${compiler}")
+    tarvokol_knows_compiler(known ${compiler})
+    if(known)
+        message(SEND_ERROR "known: ${compiler}")
+    endif()
+endforeach()
