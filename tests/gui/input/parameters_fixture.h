@@ -59,7 +59,7 @@ class ParametersDialog : public GuiTest {
         return Open();
     }
 
-    static QLineEdit& Box(QWidget& form, const std::string& name) { return Find<QLineEdit>(form, name); }
+    static QLineEdit& Box(QWidget& form, std::string_view name) { return Find<QLineEdit>(form, name); }
 
     static int Tab(QWidget& form) { return Find<QTabWidget>(form, "SSTab1").currentIndex(); }
     static void ShowTab(QWidget& form, int index) { Find<QTabWidget>(form, "SSTab1").setCurrentIndex(index); }
