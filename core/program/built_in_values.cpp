@@ -33,7 +33,7 @@ void SetIdentity() {
 
 void ForgetProjectFlags() {
     UnitSystem = 0;
-    ProjectSaved = ProjectEmpty = 255;
+    MarkProjectNew();
     FileFormatLevel = 0;
 }
 

@@ -60,7 +60,7 @@ void EnterProgramFolder() {
 }
 
 bool MayCloseProgram() {
-    if (ProjectSaved != 0) return true;
+    if (!HasUnsavedChanges()) return true;
     switch (Notify("Save changes to: " + ProjectFileName + "?", box_style::YesNoCancelQuestion)) {
         case box_result::Yes:
             return SaveBeforeClosing();

@@ -4,7 +4,6 @@
 #include "core/project/lifecycle.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
-#include "core/project/recovery_copy.h"
 #include "core/runtime/checked.h"
 
 namespace tarvokol {
@@ -36,8 +35,7 @@ bool ConvertProject() {
     ConvertInputs(ProjectRecord, ConvertTargetUnits);
     ProjectFileName = ConvertedName(ProjectFileName, ConvertTargetUnits);
     UnitSystem = ConvertTargetUnits;
-    ProjectSaved = 0;
-    KeepRecoveryCopy();
+    MarkProjectConverted();
     UpdateMainCaption();
     return true;
 }

@@ -64,7 +64,7 @@ void SavePreviousProject() {
 }
 
 void OfferToSave() {
-    if (ProjectSaved != 0) return;
+    if (!HasUnsavedChanges()) return;
     if (Notify("Save changes to: " + PreviousFileName + "?", box_style::YesNoQuestionNoDefault) ==
         box_result::Yes)
         SavePreviousProject();
@@ -77,10 +77,8 @@ void OfferToSave() {
 bool FileNew(const bool& setUntitled, const bool& resetUnits) {
     if (resetUnits) UnitSystem = DefaultUnitSystem;
     if (setUntitled) ProjectFileName = kUntitled;
-    ProjectSaved = 255;
-    ProjectEmpty = 255;
+    MarkProjectNew();
     ProjectFileMode = 1;
-    UnitsLocked = 0;
     OutputBuffers[1].clear();
     OutputBuffers[2].clear();
     ResetProjectRecord();
@@ -156,7 +154,7 @@ void UpdateMainCaption() {
     if (Length(name) > kLongestCaptionName)
         name = Left(name, kCaptionHead) + "..." + Right(name, kCaptionTail);
     Platform.MainWindow->SetCaption(Platform.MainWindow->Tag() + ": " + name +
-                                    (ProjectSaved == 0 ? "*" : ""));
+                                    (HasUnsavedChanges() ? "*" : ""));
 }
 
 }  // namespace tarvokol

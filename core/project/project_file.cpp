@@ -59,9 +59,7 @@ bool ReadOpenFile() {
     OpenForInput(kProjectFile, ProjectFileName);
     FileFormatLevel = PresentFormatLevel;
     if (!ReadIntoRecords(InputOf(kProjectFile))) return false;
-    ProjectSaved = 255;
-    ProjectEmpty = 0;
-    UnitsLocked = 255;
+    MarkProjectRead();
     CloseFile(kProjectFile);
     UnfinishedSaves.erase(ProjectFileName);
     return true;
@@ -79,7 +77,7 @@ bool FileSave() {
         PrintProject();
         FlushFile(kProjectFile);
         SyncFile(kProjectFile);
-        ProjectSaved = 255;
+        MarkProjectWritten();
         CloseFile(kProjectFile);
         UnfinishedSaves.erase(ProjectFileName);
     }

@@ -9,6 +9,12 @@
 
 namespace tarvokol {
 
+// What the flags of the project hold.
+namespace flag {
+constexpr uint8_t No = 0;
+constexpr uint8_t Yes = 255;
+}  // namespace flag
+
 struct ProjectStateValues {
     std::string ProjectFileName;       // path, or "Untitled"
     std::string PreviousFileName;      // its value when the last Open or recent-file pick began
@@ -18,10 +24,10 @@ struct ProjectStateValues {
     int16_t FileFormatLevel = 0;
     int16_t ProjectFileMode = 0;
 
-    uint8_t ProjectSaved = 255;   // 255 nothing to save, 0 unsaved changes
-    uint8_t ProjectEmpty = 255;   // 255 no data entered, 0 the project has data
-    uint8_t UnitsLocked = 0;      // 255 once the unit system must not be changed lightly
-    uint8_t RecentListShown = 0;  // 255 once a recent-file entry is visible at start-up
+    uint8_t ProjectSaved = flag::Yes;    // nothing to save
+    uint8_t ProjectEmpty = flag::Yes;    // no data entered
+    uint8_t UnitsLocked = flag::No;      // the unit system must not be changed lightly any more
+    uint8_t RecentListShown = flag::No;  // a recent-file entry is visible at start-up
 
     bool DialogCancelled = false;  // set when a file dialog was cancelled
 
@@ -52,5 +58,16 @@ inline auto& DialogCancelled = state::Project.DialogCancelled;
 inline auto& DialogPaths = state::Project.DialogPaths;
 inline auto& OutputBuffers = state::Project.OutputBuffers;
 inline auto& DescTempPath = state::Project.DescTempPath;
+
+// The events of a project's life. Each sets the three flags that tell of it, which nobody else sets.
+void MarkProjectNew();      // nothing to save, no data, units free
+void MarkProjectRead();     // a file was read to its end: nothing to save, data, units locked
+void MarkProjectWritten();  // a file was written to its end: nothing to save
+void MarkProjectChanged();  // a dialog stored data: to be saved, data, units locked; a copy is kept (recovery_copy.h)
+void MarkProjectConverted();  // into the other unit system: to be saved; a copy is kept
+
+bool HasUnsavedChanges();
+bool IsProjectEmpty();
+bool AreUnitsLocked();
 
 }  // namespace tarvokol

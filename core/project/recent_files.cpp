@@ -88,12 +88,12 @@ void UpdateRecentFiles() {
 }
 
 void LoadRecentFileMenu() {
-    RecentListShown = 0;
+    RecentListShown = flag::No;
     if (KeepFileNames != 1) return;
     for (int i = 1; i <= MaxLastFiles; ++i) {
         if (LastFile[i].empty()) continue;
         Platform.MainWindow->SetRecentCaption(i, CaptionOf(LastFile[i], LastFileLong[i]));
-        RecentListShown = 255;
+        RecentListShown = flag::Yes;
     }
 }
 

@@ -153,7 +153,7 @@ const std::string& RecoveryCopyPath() {
 }
 
 std::string UnsavedWorkPath() {
-    if (ProjectSaved == 0 && Own.path.empty()) KeepRecoveryCopy();
+    if (HasUnsavedChanges() && Own.path.empty()) KeepRecoveryCopy();
     return Own.path;
 }
 

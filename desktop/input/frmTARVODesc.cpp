@@ -12,7 +12,6 @@
 #include "core/project/lifecycle.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
-#include "core/project/recovery_copy.h"
 #include "qt/session/qt_text.h"
 #include "ui_frmTARVODesc.h"
 
@@ -20,7 +19,6 @@ namespace tarvokol {
 namespace {
 
 constexpr int kDescriptionTitles = 1;
-constexpr uint8_t kLocked = 255;
 
 // Text that is pasted into the title may have several lines; a project file keeps one for it.
 class OneLine : public QValidator {
@@ -62,8 +60,8 @@ void frmTARVODesc::Form_Load() {
 // A project that has its units shows them, with nothing else to choose.
 void frmTARVODesc::ShowUnits() {
     for (const auto& [index, option] : Option1_) {
-        option->setEnabled(UnitsLocked == 0);
-        if (UnitsLocked != 0) option->setToolTip(kLockedUnitsTip);
+        option->setEnabled(!AreUnitsLocked());
+        if (AreUnitsLocked()) option->setToolTip(kLockedUnitsTip);
     }
     SetArrayIndex(Option1_, UnitSystem);
     Option1_[UnitSystem].setEnabled(true);
@@ -89,10 +87,7 @@ void frmTARVODesc::Form_Unload() {
     ProjectDescription = LinesOf(*ui_->Text2);
     StoreUnits();
     LogMessage("Project Description Modified");
-    ProjectSaved = 0;
-    ProjectEmpty = 0;
-    UnitsLocked = kLocked;
-    KeepRecoveryCopy();
+    MarkProjectChanged();
 }
 
 // Figures of one system mean nothing in the other: a project that changes its units starts over, its title

@@ -184,11 +184,8 @@ bool frmTARVOParm::ValidateForSizing() {
 
 void frmTARVOParm::StoreParameters() {
     StoreParameterTexts(Texts(), ProjectRecord);
-    ProjectSaved = 0;
-    ProjectEmpty = 0;
-    UnitsLocked = 255;
+    MarkProjectChanged();
     ParmsModified_ = true;
-    KeepRecoveryCopy();
 }
 
 void frmTARVOParm::LoadPreview() {

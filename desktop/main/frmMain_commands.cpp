@@ -25,11 +25,9 @@
 namespace tarvokol {
 namespace {
 
-constexpr uint8_t kNoData = 255;
-
 // Printing an empty project gives its zeros, if the user wants that.
 bool MayPrint() {
-    return ProjectEmpty != kNoData ||
+    return !IsProjectEmpty() ||
            Notify("Current file is empty. Continue?", box_style::YesNoQuestionNoDefault) == box_result::Yes;
 }
 
@@ -116,7 +114,7 @@ void frmMain::OpenParameters() {
 
 // In an empty project every item answers, those that open a submenu included.
 void frmMain::mnuCalcItem_Click(int Index) {
-    if (ProjectEmpty == kNoData) {
+    if (IsProjectEmpty()) {
         Notify("Current file is empty", box_style::PlainSecondButton);
         return;
     }
@@ -165,9 +163,9 @@ void frmMain::mnuUtilItem_Click(int Index) {
 }
 
 void frmMain::ConvertFile() {
-    if (ProjectEmpty != 0)
+    if (IsProjectEmpty())
         Notify("Current file is empty", box_style::PlainSecondButton);
-    else if (ProjectSaved == 0)
+    else if (HasUnsavedChanges())
         Notify("Save Current File before accessing this option", box_style::Plain);
     else
         FormNamed("frmConvert").ShowModal(this);
