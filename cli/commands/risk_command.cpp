@@ -281,7 +281,7 @@ void Risk::Write(const OutputTarget& target, const RiskRequest& request, const R
     else if (target.Format() == ".txt")
         target.WriteBytes(path, RiskText(request, result, Title()));
     else if (target.ToFile())
-        target.Write(path, [&](const std::string& name) { DrawRisk(result, Title(), name); });
+        target.Write(path, [&](const std::string& name) { DrawRisk(request, result, Title(), name); });
     if (options_.json) std::cout << json;
     if (!options_.json && !target.ToFile()) std::cout << RiskText(request, result, Title());
 }

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/study_pictures.h"
 
-#include <algorithm>
-#include <cmath>
+#include <optional>
 #include <span>
 
-#include "cli/commands/study_run.h"
 #include "cli/output/drawing.h"
+#include "cli/output/progress_bar.h"
 #include "core/studies/study_names.h"
+#include "core/studies/study_pictures.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -22,45 +22,40 @@ const StudyFigure& FigureOf(const std::string& name, bool sizes) {
     return figure;
 }
 
-std::string WithUnit(const std::string& title, const std::string& unit) {
-    return unit.empty() ? title : title + " (" + unit + ")";
-}
+// The progress line of a study whose rows become a picture.
+class PictureProgress : public StudyObserver {
+  public:
+    explicit PictureProgress(bool quiet) : quiet_(quiet) {}
 
-std::string AxisTitle(const ValueAxis& axis, const Panel& project) {
-    return WithUnit(TitleOfField(axis.Field()), UnitOfField(axis.Field(), project.units));
-}
+    // A map calculates more panels than the request names, so the total comes with the first rows.
+    bool Progress(std::uint64_t done, std::optional<std::uint64_t> total) override {
+        if (!bar_) bar_.emplace(quiet_, total);
+        bar_->Reach(done);
+        return true;
+    }
 
-std::vector<double> PlacesOf(const ValueAxis& axis) {
-    std::vector<double> places(axis.Count());
-    for (std::uint64_t i = 0; i < axis.Count(); ++i) places[i] = axis[i];
-    return places;
-}
+  private:
+    bool quiet_;
+    std::optional<ProgressBar> bar_;
+};
 
-StudyTarget TargetOf(const StudyFigure& figure, const Panel& project) {
-    if (!figure.IsFactor()) return {"", TargetOfFigure(figure, project)};
-    const std::string name = figure.target ? std::string("Target ") + NameOfField(*figure.target) : "Target";
-    return {name, TargetOfFigure(figure, project)};
+// A picture of nothing is no wrong usage: the panels were refused.
+template <typename Work>
+auto Drawable(Work work) {
+    try {
+        return work();
+    } catch (const StudyRefusal& refusal) {
+        throw DataError{refusal.what()};
+    }
 }
 
 void DrawCurves(const SweepRequest& request, const RowJob& job, const std::string& figure_name,
                 const std::string& path) {
-    const bool factors = figure_name.empty();
     const StudyFigure& asked = FigureOf(figure_name, job.sizes);
-    const std::span<const StudyFigure> figures = factors ? FactorFigures() : std::span(&asked, 1);
-    const ValueAxis& axis = request.axes[0];
-    CurvesPicture picture;
-    picture.titles = {job.title, AxisTitle(axis, request.panel),
-                      factors ? "Stability factor" : WithUnit(asked.title, asked.unit)};
-    picture.x = PlacesOf(axis);
-    for (const StudyFigure& figure : figures) picture.curves.push_back({figure.legend, {}});
-    CollectedRows rows(job.quiet, axis.Count(), [&](const StudyRow& row) {
-        for (std::size_t i = 0; i < figures.size(); ++i)
-            picture.curves[i].y.push_back(row.figures.*figures[i].value);
-    });
-    RunSweep(request, rows);
-    for (const StudyFigure& figure : figures)
-        if (figure.IsFactor()) picture.targets.push_back(TargetOf(figure, request.panel));
-    TheDrawing().DrawStudy(path, picture);
+    const auto figures = figure_name.empty() ? FactorFigures() : std::span(&asked, 1);
+    PictureProgress progress(job.quiet);
+    if (const auto picture = Drawable([&] { return CurvesOf(request, figures, job.title, progress); }))
+        TheDrawing().DrawStudy(path, *picture);
 }
 
 void DrawMap(const SweepRequest& request, const RowJob& job, const std::string& figure_name,
@@ -72,18 +67,9 @@ void DrawMap(const SweepRequest& request, const RowJob& job, const std::string& 
     if (x.Count() * y.Count() > kMostMapCells)
         throw UsageError{"-o: a map of more than " + std::to_string(kMostMapCells) +
                          " panels; give larger steps"};
-    MapPicture picture;
-    picture.titles = {job.title, AxisTitle(x, request.panel), AxisTitle(y, request.panel)};
-    picture.value_name = WithUnit(figure.title, figure.unit);
-    picture.target = TargetOf(figure, request.panel);
-    picture.grid.x = PlacesOf(x);
-    picture.grid.y = PlacesOf(y);
-    picture.grid.values.resize(x.Count() * y.Count());
-    CollectedRows rows(job.quiet, request.Rows(), [&](const StudyRow& row) {
-        picture.grid.values[row.places[1] * x.Count() + row.places[0]] = row.figures.*figure.value;
-    });
-    RunSweep(request, rows);
-    TheDrawing().DrawStudy(path, picture);
+    PictureProgress progress(job.quiet);
+    if (const auto picture = Drawable([&] { return MapOf(request, figure, job.title, progress); }))
+        TheDrawing().DrawStudy(path, *picture);
 }
 
 }  // namespace
@@ -104,20 +90,9 @@ void DrawSweep(const SweepRequest& request, const RowJob& job, const std::string
         DrawMap(request, job, figure, path);
 }
 
-void DrawRisk(const RiskResult& result, const std::string& title, const std::string& path) {
-    SpreadPicture picture;
-    picture.title = title;
-    for (std::size_t factor = 0; factor < kFactors; ++factor) {
-        SpreadPanel panel;
-        panel.name = kStudyFigures[factor].title;
-        for (const double value : result.factors[factor])
-            if (!std::isnan(value)) panel.sorted.push_back(value);
-        std::sort(panel.sorted.begin(), panel.sorted.end());
-        for (const BelowTarget& below : result.risk[factor].below)
-            panel.targets.push_back({"Target", below.target});
-        picture.panels.push_back(std::move(panel));
-    }
-    TheDrawing().DrawStudy(path, picture);
+void DrawRisk(const RiskRequest& request, const RiskResult& result, const std::string& title,
+              const std::string& path) {
+    TheDrawing().DrawStudy(path, Drawable([&] { return SpreadOf(request, result, title); }));
 }
 
 }  // namespace tarvokol::cli

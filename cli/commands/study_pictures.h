@@ -19,6 +19,7 @@ void DrawSweep(const SweepRequest& request, const RowJob& job, const std::string
                const std::string& path);
 
 // Draws histogram and cumulative curve of each factor, its targets marked.
-void DrawRisk(const RiskResult& result, const std::string& title, const std::string& path);
+void DrawRisk(const RiskRequest& request, const RiskResult& result, const std::string& title,
+              const std::string& path);
 
 }  // namespace tarvokol::cli

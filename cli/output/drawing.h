@@ -10,7 +10,7 @@
 #include "core/graphics/graph_setup.h"
 #include "core/platform/row_sheet.h"
 #include "core/platform/spreadsheet_writer.h"
-#include "qt/charts/study_picture.h"
+#include "core/studies/study_pictures.h"
 
 namespace tarvokol::cli {
 

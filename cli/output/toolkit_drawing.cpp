@@ -6,6 +6,7 @@
 #include "core/platform/platform.h"
 #include "core/report/print_engine.h"
 #include "qt/charts/chart_export.h"
+#include "qt/charts/study_picture.h"
 #include "qt/plan/plan_export.h"
 #include "qt/print/qt_printer.h"
 #include "qt/session/qt_screen_fonts.h"

@@ -5,106 +5,165 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 #include <unordered_map>
-#include <utility>
 
 namespace tarvokol {
 namespace {
 
-constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+// A corner of the grid by its number, or the crossing on the edge that starts there: 3 x corner, one more for the edge
+// along x, two more for the one along y.
+using Vertex = std::uint64_t;
 
-// An edge of the grid by the number of its first corner: 2 x corner for the one along x, one more for the one
-// along y.
-using Edge = std::uint64_t;
-
+// From one vertex to the next, the area that it bounds on its left.
 struct Segment {
-    Edge from;
-    Edge to;
+    Vertex from;
+    Vertex to;
 };
 
-class Tracer {
+// The grid's corners, edges and cells by number.
+class CellMap {
   public:
-    Tracer(const ValueGrid& grid, double level) : grid_(grid), level_(level), columns_(grid.x.size()) {}
+    explicit CellMap(const ValueGrid& grid) : grid_(grid), columns_(grid.x.size()) {}
 
-    std::vector<GridLine> Trace() {
-        for (std::size_t j = 0; j + 1 < grid_.y.size(); ++j)
-            for (std::size_t i = 0; i + 1 < columns_; ++i) AddCell(i, j);
-        return Join();
+    std::size_t CellsAlongX() const { return columns_ > 0 ? columns_ - 1 : 0; }
+    std::size_t CellsAlongY() const { return grid_.y.empty() ? 0 : grid_.y.size() - 1; }
+
+    Vertex Corner(std::size_t i, std::size_t j) const { return 3 * (j * columns_ + i); }
+    Vertex OnEdgeAlongX(std::size_t i, std::size_t j) const { return Corner(i, j) + 1; }
+    Vertex OnEdgeAlongY(std::size_t i, std::size_t j) const { return Corner(i, j) + 2; }
+
+    // The corners of a cell, against the clock, and the crossing on the edge that follows each.
+    std::array<Vertex, 4> CornersOf(std::size_t i, std::size_t j) const {
+        return {Corner(i, j), Corner(i + 1, j), Corner(i + 1, j + 1), Corner(i, j + 1)};
+    }
+    std::array<Vertex, 4> CrossingsOf(std::size_t i, std::size_t j) const {
+        return {OnEdgeAlongX(i, j), OnEdgeAlongY(i + 1, j), OnEdgeAlongX(i, j + 1), OnEdgeAlongY(i, j)};
+    }
+
+    // True of a cell of the grid whose corners all have a value; false outside of the grid.
+    bool IsKnown(std::size_t i, std::size_t j) const {
+        if (i >= CellsAlongX() || j >= CellsAlongY()) return false;
+        return std::isfinite(grid_.At(i, j)) && std::isfinite(grid_.At(i + 1, j)) &&
+               std::isfinite(grid_.At(i, j + 1)) && std::isfinite(grid_.At(i + 1, j + 1));
+    }
+
+    // The cells beyond the four edges; one before the first has a number beyond the last.
+    std::array<bool, 4> KnownAround(std::size_t i, std::size_t j) const {
+        return {IsKnown(i, j - 1), IsKnown(i + 1, j), IsKnown(i, j + 1), IsKnown(i - 1, j)};
+    }
+
+    GridPoint PlaceOf(Vertex corner) const {
+        const std::size_t number = corner / 3;
+        return {grid_.x[number % columns_], grid_.y[number / columns_]};
+    }
+    double ValueOf(Vertex corner) const { return grid_.values[corner / 3]; }
+
+    // The corner at the other end of a crossing's edge.
+    Vertex FarCorner(Vertex crossing) const {
+        return 3 * (crossing / 3 + (crossing % 3 == 1 ? 1 : columns_));
     }
 
   private:
-    bool Above(std::size_t i, std::size_t j) const { return grid_.At(i, j) >= level_; }
-    Edge AlongX(std::size_t i, std::size_t j) const { return 2 * (j * columns_ + i); }
-    Edge AlongY(std::size_t i, std::size_t j) const { return 2 * (j * columns_ + i) + 1; }
+    const ValueGrid& grid_;
+    std::size_t columns_;
+};
 
+// Joins segments at their vertices: what has a beginning first, then what is closed.
+template <typename PointOf>
+std::vector<GridLine> Join(const std::vector<Segment>& segments, const PointOf& point_of) {
+    std::unordered_map<Vertex, std::vector<std::size_t>> leaving;
+    std::unordered_map<Vertex, std::size_t> arrivals;
+    for (std::size_t k = segments.size(); k-- > 0;) {
+        leaving[segments[k].from].push_back(k);
+        ++arrivals[segments[k].to];
+    }
+    const auto follow = [&](Vertex at) {
+        GridLine line{point_of(at)};
+        for (auto next = leaving.find(at); next != leaving.end() && !next->second.empty();
+             next = leaving.find(at)) {
+            at = segments[next->second.back()].to;
+            next->second.pop_back();
+            line.push_back(point_of(at));
+        }
+        return line;
+    };
+    std::vector<GridLine> lines;
+    for (const bool closed : {false, true})
+        for (const Segment& segment : segments)
+            while (!leaving[segment.from].empty() && (closed || !arrivals.contains(segment.from)))
+                lines.push_back(follow(segment.from));
+    return lines;
+}
+
+class Cutter {
+  public:
+    Cutter(const ValueGrid& grid, double level, const CrossingBetween& crossing)
+        : cells_(grid), level_(level), crossing_(crossing) {
+        for (std::size_t j = 0; j < cells_.CellsAlongY(); ++j)
+            for (std::size_t i = 0; i < cells_.CellsAlongX(); ++i)
+                if (cells_.IsKnown(i, j)) AddCell(i, j);
+    }
+
+    LevelCut Cut() {
+        const auto point_of = [this](Vertex vertex) { return PointOf(vertex); };
+        LevelCut cut;
+        cut.lines = Join(cuts_, point_of);
+        edges_.insert(edges_.end(), cuts_.begin(), cuts_.end());
+        cut.below = Join(edges_, point_of);
+        return cut;
+    }
+
+  private:
+    // Walks round the cell, what is below on the left: an edge of the cell bounds the area where nothing known lies
+    // beyond it, and from where the walk leaves the area it is cut off to where it comes back.
     void AddCell(std::size_t i, std::size_t j) {
-        const double sum = grid_.At(i, j) + grid_.At(i + 1, j) + grid_.At(i, j + 1) + grid_.At(i + 1, j + 1);
-        if (!std::isfinite(sum)) return;
-        // The four edges round the cell, each with the corner that it starts from.
-        const std::array<Edge, 4> edges{AlongX(i, j), AlongY(i + 1, j), AlongX(i, j + 1), AlongY(i, j)};
-        const std::array<bool, 4> above{Above(i, j), Above(i + 1, j), Above(i + 1, j + 1), Above(i, j + 1)};
-        std::array<Edge, 4> crossed{};
-        std::size_t count = 0;
-        for (std::size_t k = 0; k < 4; ++k)
-            if (above[k] != above[(k + 1) % 4]) crossed[count++] = edges[k];
-        if (count == 2) Add(crossed[0], crossed[1]);
-        if (count != 4) return;
-        // Crosswise: the lines cut off the two corners that differ from the middle.
-        const bool first_differs = above[0] != (sum / 4.0 >= level_);
-        Add(crossed[0], first_differs ? crossed[3] : crossed[1]);
-        Add(crossed[2], first_differs ? crossed[1] : crossed[3]);
-    }
-
-    void Add(Edge from, Edge to) {
-        at_edge_[from].push_back(segments_.size());
-        at_edge_[to].push_back(segments_.size());
-        segments_.push_back({from, to});
-    }
-
-    GridPoint PointOf(Edge edge) const {
-        const std::size_t i = edge / 2 % columns_;
-        const std::size_t j = edge / 2 / columns_;
-        const bool along_y = edge % 2 != 0;
-        const double low = grid_.At(i, j);
-        const double high = along_y ? grid_.At(i, j + 1) : grid_.At(i + 1, j);
-        const double share = (level_ - low) / (high - low);
-        if (along_y) return {grid_.x[i], grid_.y[j] + share * (grid_.y[j + 1] - grid_.y[j])};
-        return {grid_.x[i] + share * (grid_.x[i + 1] - grid_.x[i]), grid_.y[j]};
-    }
-
-    // Follows the segments from one end of each line to the other; what is left then are closed lines.
-    std::vector<GridLine> Join() {
-        used_.assign(segments_.size(), false);
-        std::vector<GridLine> lines;
-        for (std::size_t start = 0; start < segments_.size(); ++start)
-            for (const Edge end : {segments_[start].from, segments_[start].to})
-                if (!used_[start] && at_edge_[end].size() == 1) lines.push_back(Follow(start, end));
-        for (std::size_t start = 0; start < segments_.size(); ++start)
-            if (!used_[start]) lines.push_back(Follow(start, segments_[start].from));
-        return lines;
-    }
-
-    GridLine Follow(std::size_t segment, Edge at) {
-        GridLine line{PointOf(at)};
-        for (;;) {
-            used_[segment] = true;
-            at = segments_[segment].from == at ? segments_[segment].to : segments_[segment].from;
-            line.push_back(PointOf(at));
-            const auto& next = at_edge_[at];
-            const auto found =
-                std::find_if(next.begin(), next.end(), [this](std::size_t one) { return !used_[one]; });
-            if (found == next.end()) return line;
-            segment = *found;
+        const auto corners = cells_.CornersOf(i, j);
+        const auto crossings = cells_.CrossingsOf(i, j);
+        const auto known = cells_.KnownAround(i, j);
+        double sum = 0;
+        std::array<bool, 4> below{};
+        for (std::size_t k = 0; k < 4; ++k) {
+            below[k] = cells_.ValueOf(corners[k]) < level_;
+            sum += cells_.ValueOf(corners[k]);
+        }
+        const bool crosswise = below[0] == below[2] && below[1] == below[3] && below[0] != below[1];
+        const bool middle_below = sum / 4.0 < level_;
+        for (std::size_t k = 0; k < 4; ++k) {
+            const std::size_t next = (k + 1) % 4;
+            const Vertex from = below[k] ? corners[k] : crossings[k];
+            const Vertex to = below[next] ? corners[next] : crossings[k];
+            if (from != to && !known[k]) edges_.push_back({from, to});
+            if (!below[k] || below[next]) continue;
+            const std::size_t back = crosswise ? (middle_below ? next : (k + 3) % 4) : EntryAfter(below, k);
+            cuts_.push_back({crossings[k], crossings[back]});
         }
     }
 
-    const ValueGrid& grid_;
+    // The edge of the cell on which the walk enters the area again.
+    static std::size_t EntryAfter(const std::array<bool, 4>& below, std::size_t exit) {
+        std::size_t k = (exit + 1) % 4;
+        while (below[k] || !below[(k + 1) % 4]) k = (k + 1) % 4;
+        return k;
+    }
+
+    GridPoint PointOf(Vertex vertex) {
+        if (vertex % 3 == 0) return cells_.PlaceOf(vertex);
+        const auto [place, is_new] = crossed_.try_emplace(vertex);
+        if (is_new) {
+            const Vertex near = vertex / 3 * 3;
+            const Vertex far = cells_.FarCorner(vertex);
+            place->second = crossing_(cells_.PlaceOf(near), cells_.PlaceOf(far), cells_.ValueOf(near),
+                                      cells_.ValueOf(far), level_);
+        }
+        return place->second;
+    }
+
+    CellMap cells_;
     double level_;
-    std::size_t columns_;
-    std::vector<Segment> segments_;
-    std::vector<bool> used_;
-    std::unordered_map<Edge, std::vector<std::size_t>> at_edge_;
+    const CrossingBetween& crossing_;
+    std::vector<Segment> cuts_;
+    std::vector<Segment> edges_;
+    std::unordered_map<Vertex, GridPoint> crossed_;
 };
 
 // The step of 1, 2 or 5 times a power of ten that is not below `least`.
@@ -115,19 +174,38 @@ double RoundStep(double least) {
     return 10.0 * power;
 }
 
-// Position of a value among rising or falling places: the interval's number and the share inside it.
-bool Locate(const std::vector<double>& places, double value, std::size_t& interval, double& share) {
-    for (interval = 0; interval + 1 < places.size(); ++interval) {
-        share = (value - places[interval]) / (places[interval + 1] - places[interval]);
-        if (share >= 0.0 && share <= 1.0) return true;
-    }
-    return false;
-}
-
 }  // namespace
 
+GridPoint LinearCrossing(const GridPoint& from, const GridPoint& to, double from_value, double to_value,
+                         double level) {
+    const double share = (level - from_value) / (to_value - from_value);
+    return {from.x + share * (to.x - from.x), from.y + share * (to.y - from.y)};
+}
+
+LevelCut CutAtLevel(const ValueGrid& grid, double level, const CrossingBetween& crossing) {
+    return Cutter(grid, level, crossing).Cut();
+}
+
 std::vector<GridLine> ContourLines(const ValueGrid& grid, double level) {
-    return Tracer(grid, level).Trace();
+    return CutAtLevel(grid, level).lines;
+}
+
+std::vector<GridLine> OutlinesWithoutValue(const ValueGrid& grid) {
+    const CellMap cells(grid);
+    std::vector<Segment> edges;
+    const auto is_hole = [&](std::size_t i, std::size_t j) {
+        return i < cells.CellsAlongX() && j < cells.CellsAlongY() && !cells.IsKnown(i, j);
+    };
+    for (std::size_t j = 0; j < cells.CellsAlongY(); ++j)
+        for (std::size_t i = 0; i < cells.CellsAlongX(); ++i) {
+            if (!is_hole(i, j)) continue;
+            const auto corners = cells.CornersOf(i, j);
+            const std::array<bool, 4> goes_on{is_hole(i, j - 1), is_hole(i + 1, j), is_hole(i, j + 1),
+                                              is_hole(i - 1, j)};
+            for (std::size_t k = 0; k < 4; ++k)
+                if (!goes_on[k]) edges.push_back({corners[k], corners[(k + 1) % 4]});
+        }
+    return Join(edges, [&](Vertex corner) { return cells.PlaceOf(corner); });
 }
 
 std::vector<double> RoundLevels(const ValueGrid& grid, int count) {
@@ -145,17 +223,6 @@ std::vector<double> RoundLevels(const ValueGrid& grid, int count) {
     for (double number = std::ceil(low / step); number * step <= high; ++number)
         levels.push_back(number * step);
     return levels;
-}
-
-double InterpolatedValue(const ValueGrid& grid, double x, double y) {
-    std::size_t i = 0;
-    std::size_t j = 0;
-    double right = 0;
-    double up = 0;
-    if (!Locate(grid.x, x, i, right) || !Locate(grid.y, y, j, up)) return kNone;
-    const double lower = grid.At(i, j) * (1.0 - right) + grid.At(i + 1, j) * right;
-    const double upper = grid.At(i, j + 1) * (1.0 - right) + grid.At(i + 1, j + 1) * right;
-    return lower * (1.0 - up) + upper * up;
 }
 
 }  // namespace tarvokol

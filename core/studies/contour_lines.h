@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Lines of equal value over a grid of values.
+// Lines of equal value over a grid of values, and the areas that they enclose.
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <vector>
 
 namespace tarvokol {
@@ -23,16 +24,34 @@ struct GridPoint {
 
 using GridLine = std::vector<GridPoint>;
 
-// The lines along which the values are `level`, linear between neighbours (marching squares; where a cell's
-// corners lie crosswise above and below, its middle decides). A closed line ends where it begins. Cells with
-// a corner without a value have none.
+// Finds the place between two neighbouring places of the grid where the values pass a level: the places, the values
+// there, one of them below the level and the other not, and the level.
+using CrossingBetween = std::function<GridPoint(const GridPoint& from, const GridPoint& to, double from_value,
+                                                double to_value, double level)>;
+
+// The crossing of values that run straight from one place to the other.
+GridPoint LinearCrossing(const GridPoint& from, const GridPoint& to, double from_value, double to_value,
+                         double level);
+
+// What a level makes of a grid.
+struct LevelCut {
+    std::vector<GridLine> lines;  // along which the values are the level; a closed one ends where it begins
+    std::vector<GridLine>
+        below;  // outlines of what lies below it, with their holes; the last point is the first
+};
+
+// Cuts the grid at a level (marching squares; where a cell's corners lie crosswise above and below, the mean of the four
+// decides). A value on the level lies above it. Cells with a corner without a value belong to no line and no area.
+LevelCut CutAtLevel(const ValueGrid& grid, double level, const CrossingBetween& crossing = LinearCrossing);
+
+// The lines alone, linear between neighbours.
 std::vector<GridLine> ContourLines(const ValueGrid& grid, double level);
+
+// Outlines of the cells with a corner without a value, with their holes.
+std::vector<GridLine> OutlinesWithoutValue(const ValueGrid& grid);
 
 // Round levels, about `count` of them, over what most of the values span: the outermost 2 % on both sides do
 // not count, since one hopeless panel must not spend all lines on itself.
 std::vector<double> RoundLevels(const ValueGrid& grid, int count);
-
-// The value at a place by linear interpolation; NaN outside the grid and beside a corner without a value.
-double InterpolatedValue(const ValueGrid& grid, double x, double y);
 
 }  // namespace tarvokol

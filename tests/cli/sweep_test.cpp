@@ -101,7 +101,7 @@ TEST_F(SweepCommand, WritesEveryKindOfFile) {
     EXPECT_EQ(Run({"sweep", "p.TKL", "--vary", "DepthCover=50:400:50", "-o", "curve.svg"}).status, 0);
     const std::string map = ReadBytes(PathTo("map.svg"));
     for (const char* text :
-         {"Ridge Panel 4", "Web thickness (ft)", "Depth of cover (ft)", "Stability factor", "Target"})
+         {"Ridge Panel 4", "Web thickness (ft)", "Depth of cover (ft)", "Stability factor", "the project"})
         EXPECT_THAT(map, HasSubstr(text));
     EXPECT_THAT(ReadBytes(PathTo("curve.svg")), HasSubstr("Barrier Pillar"));
     EXPECT_THAT(ReadBytes(PathTo("curve.svg")), HasSubstr("font-family=\"Arial, sans-serif\""));

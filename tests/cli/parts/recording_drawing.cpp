@@ -127,9 +127,9 @@ int DrawnTest::Run(const Words& words) {
     return RunWords(AllCommands(), words, Host);
 }
 
-std::string DrawnTest::RefusalOf(const Words& words) {
+std::string DrawnTest::RefusalOf(const Words& words, int status) {
     testing::internal::CaptureStderr();
-    EXPECT_EQ(Run(words), exit_status::WrongUsage);
+    EXPECT_EQ(Run(words), status);
     std::string told = testing::internal::GetCapturedStderr();
     EXPECT_TRUE(told.ends_with('\n'));
     if (!told.empty()) told.pop_back();

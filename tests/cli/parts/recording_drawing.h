@@ -6,6 +6,7 @@
 #include <variant>
 #include <vector>
 
+#include "cli/line/options.h"
 #include "cli/output/drawing.h"
 #include "tests/support/core_fixture.h"
 
@@ -58,7 +59,7 @@ class DrawnTest : public CoreTest {
     int Run(const Words& words);
 
     // What a command that is wrongly called says on standard error, without the line's end.
-    std::string RefusalOf(const Words& words);
+    std::string RefusalOf(const Words& words, int status = exit_status::WrongUsage);
 };
 
 }  // namespace tarvokol::cli

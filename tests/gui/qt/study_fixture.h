@@ -7,6 +7,8 @@
 
 #include <qcustomplot.h>
 
+#include "qt/charts/study_looks.h"
+#include "qt/charts/study_picture.h"
 #include "qt/charts/study_plot.h"
 #include "tests/gui/qt/drawing_words.h"
 #include "tests/support/core_fixture.h"
@@ -57,6 +59,54 @@ inline void ExpectHeader(const QCustomPlot& plot, const QString& title) {
     EXPECT_EQ(FontOf(header->font()), "Arial 13 bold");
     EXPECT_EQ(header->margins(), QMargins(0, 8, 0, 0));
     EXPECT_EQ(plot.locale(), QLocale::c());
+}
+
+inline std::vector<QString> LegendOf(const QCustomPlot& plot) {
+    std::vector<QString> names;
+    for (int i = 0; i < plot.legend->itemCount(); ++i)
+        names.push_back(qobject_cast<QCPPlottableLegendItem*>(plot.legend->item(i))->plottable()->name());
+    return names;
+}
+
+inline void ExpectLegendLooks(const QCustomPlot& plot) {
+    EXPECT_TRUE(plot.legend->visible());
+    EXPECT_EQ(FontOf(plot.legend->font()), "Arial 9");
+    EXPECT_EQ(plot.legend->fillOrder(), QCPLegend::foColumnsFirst);
+    EXPECT_EQ(plot.legend->borderPen().style(), Qt::NoPen);
+    const int last = plot.plotLayout()->rowCount() - 1;
+    EXPECT_EQ(last, 2);  // header, plot, legend
+    EXPECT_EQ(plot.legend->layout(), plot.plotLayout()->element(last, 0));
+    EXPECT_EQ(plot.legend->layout()->elementCount(), 1);
+    EXPECT_EQ(plot.plotLayout()->rowStretchFactors().last(), 0.001);
+    EXPECT_EQ(plot.plotLayout()->element(1, 0), plot.axisRect());
+}
+
+// The room of a label on the picture, in pixels.
+inline QRectF RoomOf(const QCPItemText& label) {
+    const QSizeF size = TextSize(label.text(), label.font().bold());
+    const double x = label.position->keyAxis()->coordToPixel(label.position->key());
+    const double y = label.position->valueAxis()->coordToPixel(label.position->value());
+    const auto side = label.positionAlignment();
+    const double left = side.testFlag(Qt::AlignHCenter) ? x - size.width() / 2
+                        : side.testFlag(Qt::AlignRight) ? x - size.width()
+                                                        : x;
+    const double top = side.testFlag(Qt::AlignVCenter)  ? y - size.height() / 2
+                       : side.testFlag(Qt::AlignBottom) ? y - size.height()
+                                                        : y;
+    return {left, top, size.width(), size.height()};
+}
+
+inline void ExpectWholeAndApart(QCustomPlot& plot) {
+    const auto labels = LabelsOf(plot);
+    for (std::size_t i = 0; i < labels.size(); ++i) {
+        const QRectF room = RoomOf(*labels[i]);
+        EXPECT_TRUE(QRectF(labels[i]->clipAxisRect()->rect()).adjusted(-1, -1, 1, 1).contains(room))
+            << qPrintable(labels[i]->text());
+        for (std::size_t j = 0; j < i; ++j)
+            if (labels[j]->clipAxisRect() == labels[i]->clipAxisRect())
+                EXPECT_FALSE(RoomOf(*labels[j]).adjusted(0.5, 0.5, -0.5, -0.5).intersects(room))
+                    << qPrintable(labels[i]->text()) << ", " << qPrintable(labels[j]->text());
+    }
 }
 
 inline void ExpectLabel(const QCPItemText& label, const QString& text, double x, double y) {

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The plots of studies: curves over one field, maps over two.
+// The plots of studies: curves over one field.
 #include <algorithm>
 #include <cmath>
+#include <regex>
 
 #include "qt/charts/chart_text.h"
 #include "qt/session/qt_text.h"
@@ -11,26 +12,6 @@ namespace tarvokol {
 namespace {
 
 using ::testing::ElementsAre;
-
-std::vector<QString> LegendOf(const QCustomPlot& plot) {
-    std::vector<QString> names;
-    for (int i = 0; i < plot.legend->itemCount(); ++i)
-        names.push_back(qobject_cast<QCPPlottableLegendItem*>(plot.legend->item(i))->plottable()->name());
-    return names;
-}
-
-void ExpectLegendLooks(const QCustomPlot& plot) {
-    EXPECT_TRUE(plot.legend->visible());
-    EXPECT_EQ(FontOf(plot.legend->font()), "Arial 9");
-    EXPECT_EQ(plot.legend->fillOrder(), QCPLegend::foColumnsFirst);
-    EXPECT_EQ(plot.legend->borderPen().style(), Qt::NoPen);
-    const int last = plot.plotLayout()->rowCount() - 1;
-    EXPECT_EQ(last, 2);  // header, plot, legend
-    EXPECT_EQ(plot.legend->layout(), plot.plotLayout()->element(last, 0));
-    EXPECT_EQ(plot.legend->layout()->elementCount(), 1);
-    EXPECT_EQ(plot.plotLayout()->rowStretchFactors().last(), 0.001);
-    EXPECT_EQ(plot.plotLayout()->element(1, 0), plot.axisRect());
-}
 
 class CurvesPlot : public CoreTest {
   protected:
@@ -163,13 +144,53 @@ TEST_F(CurvesPlot, ATargetIsABoldLevelWithItsValueBelowTheCurves) {
     EXPECT_EQ(level.data()->at(1)->value, 4);
     const auto labels = LabelsOf(*Plot);
     ASSERT_EQ(labels.size(), 2u);
-    ExpectLabel(*labels[0], "Target 4", 300, 4);
-    ExpectLabel(*labels[1], "Webs 1.23457", 300, 1.23456789);
+    EXPECT_EQ(labels[0]->text(), "Target 4");
+    EXPECT_EQ(labels[0]->position->value(), 4);
+    EXPECT_EQ(labels[1]->text(), "Webs 1.23457");
+    EXPECT_EQ(labels[1]->position->value(), 1.23456789);
     for (const QCPItemText* label : labels) {
         EXPECT_EQ(FontOf(label->font()), "Arial 9 bold");
-        EXPECT_EQ(label->positionAlignment(), Qt::AlignRight | Qt::AlignBottom);
         EXPECT_EQ(label->layer()->name(), "grid");
     }
+}
+
+// Four levels of which none leaves room for a label between it and the next, and one at the upper edge of the frame.
+TEST_F(CurvesPlot, LabelsOfTargetsAreWholeAndNoneCoversAnother) {
+    Picture.curves = {{"Overall", {0, 50, 100}}};
+    Picture.targets = {{"Target", 50}, {"Target SFWeb", 50.5}, {"Target SFBarrier", 51}, {"Highest", 106}};
+    ComposeStudyPlot(*Plot, Picture);
+    const auto labels = LabelsOf(*Plot);
+    ASSERT_EQ(labels.size(), 4u);
+    ExpectWholeAndApart(*Plot);
+}
+
+// A curve along the right half of its target: the label stands where none is.
+TEST_F(CurvesPlot, ALabelKeepsAwayFromTheCurves) {
+    Picture.x = {0, 50, 51, 100};
+    Picture.curves = {{"Overall", {2, 2, 1.02, 1.02}}, {"Webs ONLY", {2, 2, 0.98, 0.98}}};
+    Picture.targets = {{"Target", 1}};
+    ComposeStudyPlot(*Plot, Picture);
+    const auto labels = LabelsOf(*Plot);
+    ASSERT_EQ(labels.size(), 1u);
+    EXPECT_LT(labels[0]->position->key(), 51);
+}
+
+TEST_F(CurvesPlot, ACurveWithoutAValueHasNoKey) {
+    Picture.curves.push_back({"Barrier Pillar", {NAN, NAN, NAN}});
+    ComposeStudyPlot(*Plot, Picture);
+    EXPECT_THAT(LegendOf(*Plot), ElementsAre("Overall", "Webs ONLY"));
+}
+
+// Numbers of holes from 2 to 5: no tick lies between two of them, on neither side of the frame.
+TEST_F(CurvesPlot, TicksOfWholeNumbersAreWhole) {
+    Picture.x = {2, 3, 5};
+    Picture.whole_x = true;
+    ComposeStudyPlot(*Plot, Picture);
+    Plot->toPixmap(720, 504);
+    EXPECT_THAT(Plot->xAxis->tickVector(), ::testing::IsSupersetOf({2.0, 3.0, 4.0, 5.0}));
+    EXPECT_THAT(Plot->xAxis2->tickVector(), ::testing::IsSupersetOf({2.0, 3.0, 4.0, 5.0}));
+    for (const double tick : Plot->xAxis->tickVector()) EXPECT_EQ(tick, std::floor(tick));
+    EXPECT_FALSE(Plot->xAxis->subTicks());
 }
 
 // 20 pixels on either side of the picture's 720.
@@ -181,164 +202,6 @@ TEST_F(CurvesPlot, ATitleThatIsTooWideIsSetSmaller) {
     };
     EXPECT_EQ(size_of(680), 13.0);
     EXPECT_LT(size_of(681), 13.0);
-}
-
-// Eleven places on x and ten on y; the value is x, so that each line of equal value stands upright.
-class MapPlot : public CoreTest {
-  protected:
-    MapPlot() {
-        Picture.titles = {.title = "Height and depth", .x = "Height (ft)", .y = "Depth (ft)"};
-        Picture.value_name = "Overall";
-        Picture.grid.x = Rising(11);
-        Picture.grid.y = Rising(10);
-        for (std::size_t i = 0; i < 110; ++i) Picture.grid.values.push_back(static_cast<double>(i % 11));
-        Picture.target = {"Target", 4.5};
-    }
-
-    // The labels as far as they stand along their lines, each with its value.
-    std::vector<std::pair<QString, double>> Places() {
-        ComposeStudyPlot(Plot, Picture);
-        std::vector<std::pair<QString, double>> places;
-        for (const QCPItemText* label : LabelsOf(Plot))
-            places.emplace_back(label->text(), label->position->value());
-        return places;
-    }
-
-    QCustomPlot Plot;
-    MapPicture Picture;
-};
-
-TEST_F(MapPlot, HasTitlesAxesAndAKey) {
-    ComposeStudyPlot(Plot, Picture);
-    ExpectHeader(Plot, "Height and depth");
-    ExpectLooks(*Plot.xAxis, "Height (ft)");
-    ExpectLooks(*Plot.yAxis, "Depth (ft)");
-    ExpectFullBox(*Plot.axisRect());
-    ExpectLegendLooks(Plot);
-    EXPECT_THAT(LegendOf(Plot), ElementsAre("Overall", "Target 4.5", "below it"));
-    EXPECT_EQ(PenOf(Plot.graph(0)->pen()), "#000000 1.3 solid");
-    EXPECT_EQ(PenOf(Plot.graph(1)->pen()), "#000000 3 solid");
-    EXPECT_EQ(PenOf(Plot.graph(2)->pen()), "#e2e2e2 10 solid");
-    for (int i = 0; i < 3; ++i) EXPECT_EQ(Plot.graph(i)->brush().style(), Qt::NoBrush);
-    EXPECT_EQ(Plot.xAxis->range(), QCPRange(0, 10));
-    EXPECT_EQ(Plot.yAxis->range(), QCPRange(0, 9));
-}
-
-TEST_F(MapPlot, DrawsRoundLevelsThinAndTheTargetBold) {
-    ComposeStudyPlot(Plot, Picture);
-    const auto lines = All<QCPCurve>(Plot);
-    ASSERT_EQ(lines.size(), 11u);  // 1 to 10, and 4.5
-    for (std::size_t i = 0; i < 11; ++i) {
-        const double level = i < 10 ? static_cast<double>(i + 1) : 4.5;
-        EXPECT_EQ(PenOf(lines[i]->pen()), i < 10 ? "#000000 1.3 solid" : "#000000 3 solid") << level;
-        ASSERT_EQ(lines[i]->data()->size(), 10);
-        for (const auto& point : *lines[i]->data()) EXPECT_EQ(point.key, level);
-        double sum = 0;
-        for (const auto& point : *lines[i]->data()) sum += point.value;
-        EXPECT_EQ(sum, 45);
-    }
-}
-
-TEST_F(MapPlot, ALevelAtTheTargetIsDrawnOnceInBold) {
-    Picture.target.value = 5;
-    ComposeStudyPlot(Plot, Picture);
-    const auto lines = All<QCPCurve>(Plot);
-    ASSERT_EQ(lines.size(), 10u);
-    EXPECT_EQ(lines[3]->data()->at(0)->key, 4);
-    EXPECT_EQ(lines[4]->data()->at(0)->key, 6);
-    EXPECT_EQ(lines[9]->data()->at(0)->key, 5);
-    EXPECT_EQ(PenOf(lines[9]->pen()), "#000000 3 solid");
-}
-
-// Labels stand at three, five and seven tenths of their lines in turn.
-TEST_F(MapPlot, LabelsOfNeighbouringLinesDoNotTouch) {
-    const auto places = Places();
-    ASSERT_EQ(places.size(), 11u);
-    const bool upwards = places[0].second == 3;
-    for (std::size_t i = 0; i < 11; ++i) {
-        const double along = std::array{3, 5, 7}[i % 3];
-        EXPECT_EQ(places[i].second, upwards ? along : 9 - along) << i;
-        EXPECT_EQ(places[i].first, i < 10 ? QString::number(i + 1) : "4.5");
-    }
-    const auto labels = LabelsOf(Plot);
-    EXPECT_EQ(FontOf(labels[0]->font()), "Arial 9");
-    EXPECT_EQ(FontOf(labels[10]->font()), "Arial 9 bold");
-    EXPECT_EQ(labels[0]->positionAlignment(), Qt::AlignCenter);
-    ExpectLabel(*labels[0], "1", 1, places[0].second);
-}
-
-// A line across the corner of a single cell: the share of both sides times the picture's diagonal of 878.9 pixels.
-TEST_F(MapPlot, AShortLineHasNoLabel) {
-    Picture.grid = {.x = {0, 1}, .y = {0, 1}, .values = {0, 100, 100, 200}};
-    Picture.target.value = 6.82;  // 59.9 pixels
-    const auto without = Places().size();
-    Plot.clearItems();
-    Picture.target.value = 6.84;  // 60.1 pixels
-    EXPECT_EQ(Places().size(), without + 1);
-}
-
-// The same across the far corner, and along three places of which the last has no values: a share of 504 pixels.
-TEST_F(MapPlot, TheLengthOfALineIsThatOnThePicture) {
-    Picture.grid = {.x = {0, 1}, .y = {0, 1}, .values = {0, 100, 100, 200}};
-    Picture.target.value = 200 - 6.82;
-    const auto across = Places().size();
-    Plot.clearItems();
-    Picture.target.value = 200 - 6.84;
-    EXPECT_EQ(Places().size(), across + 1);
-    const auto upright = [this](double end) {
-        Picture.grid = {.x = {0, 1}, .y = {0, 5, 10, end}, .values = {0, 1, 0, 1, 0, 1, NAN, NAN}};
-        Picture.target.value = 0.123;
-        Plot.clearItems();
-        const auto places = Places();
-        return std::count_if(places.begin(), places.end(),
-                             [](const auto& place) { return place.first == "0.123"; });
-    };
-    EXPECT_EQ(upright(84.2), 0);  // 59.9 pixels
-    EXPECT_EQ(upright(83.8), 1);  // 60.1 pixels
-}
-
-TEST_F(MapPlot, AMapWithoutTheTargetHasItsTonesAndLevelsAlone) {
-    Picture.target.value = 20;
-    ComposeStudyPlot(Plot, Picture);
-    EXPECT_EQ(All<QCPCurve>(Plot).size(), 10u);
-}
-
-TEST_F(MapPlot, BelowTheTargetTheMapIsGrey) {
-    Picture.grid.values[109] = NAN;  // the upper right corner
-    ComposeStudyPlot(Plot, Picture);
-    const auto maps = All<QCPColorMap>(Plot);
-    ASSERT_EQ(maps.size(), 1u);
-    const QCPColorMapData& cells = *maps[0]->data();
-    ASSERT_EQ(cells.keySize(), 240);
-    ASSERT_EQ(cells.valueSize(), 240);
-    EXPECT_EQ(cells.keyRange(), QCPRange(0, 10));
-    EXPECT_EQ(cells.valueRange(), QCPRange(0, 9));
-    // 4.5 of 10 lies at 107.55 of 239.
-    for (const int j : {0, 120, 239}) {
-        EXPECT_EQ(maps[0]->data()->cell(0, j), 0.0);
-        EXPECT_EQ(maps[0]->data()->cell(107, j), 0.0);
-        EXPECT_EQ(maps[0]->data()->cell(108, j), 1.0);
-    }
-    // The cell of the grid that has a corner without a value: nine tenths of x, eight ninths (212.4) of y.
-    EXPECT_EQ(maps[0]->data()->cell(239, 239), 2.0);
-    EXPECT_EQ(maps[0]->data()->cell(216, 213), 2.0);
-    EXPECT_EQ(maps[0]->data()->cell(215, 213), 1.0);
-    EXPECT_EQ(maps[0]->data()->cell(216, 212), 1.0);
-    EXPECT_EQ(maps[0]->dataRange(), QCPRange(0, 2));
-    EXPECT_FALSE(maps[0]->interpolate());
-    EXPECT_TRUE(maps[0]->tightBoundary());
-    const QCPColorGradient tones = maps[0]->gradient();
-    EXPECT_EQ(tones.levelCount(), 3);
-    EXPECT_EQ(
-        tones.colorStops(),
-        (QMap<double, QColor>{{0.0, QColor(226, 226, 226)}, {0.5, Qt::white}, {1.0, QColor(180, 180, 180)}}));
-}
-
-// A value at the target itself has reached it.
-TEST_F(MapPlot, TheTargetItselfIsNotBelowIt) {
-    Picture.grid.values.assign(110, 4.5);
-    ComposeStudyPlot(Plot, Picture);
-    EXPECT_EQ(All<QCPColorMap>(Plot)[0]->data()->cell(120, 120), 1.0);
 }
 
 // The files of a study's picture, in the formats of the graphs' own.
@@ -354,17 +217,10 @@ TEST_F(CurvesPlot, IsWrittenInTheFormatOfTheName) {
           ">Stability Factor<", ">Overall<", ">Webs ONLY<", "viewBox=\"0 0 720 504\""})
         EXPECT_NE(svg.find(text), std::string::npos) << text;
     // Vectors stand between pixels.
-    EXPECT_NE(svg.find(".5,"), std::string::npos);
+    EXPECT_TRUE(std::regex_search(svg, std::regex("<polyline[^>]* points=\"[^\"]*[0-9][.][0-9]")));
     WriteStudyPicture(Picture, PathTo("study.pdf"));
     EXPECT_EQ(ReadBytes(PathTo("study.pdf")).substr(0, 5), "%PDF-");
     EXPECT_EQ(RaisedError([this] { WriteStudyPicture(Picture, PathTo("study.gif")); }), 5);
-}
-
-TEST_F(MapPlot, IsWrittenWithItsTitle) {
-    WriteStudyPicture(Picture, PathTo("map.svg"));
-    const std::string svg = ReadBytes(PathTo("map.svg"));
-    EXPECT_NE(svg.find("<title>Height and depth</title>"), std::string::npos);
-    EXPECT_NE(svg.find(">below it<"), std::string::npos);
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ class SpreadPlot : public CoreTest {
 
     const QCPAxisRect& Box(int number) { return *Plot.axisRect(number); }
 
-    QCPRange ViewOf(std::vector<double> sorted, std::vector<StudyTarget> targets) {
+    QCPRange ViewOf(std::vector<double> sorted, std::vector<SpreadTarget> targets) {
         Plot.clearPlottables();
         Plot.clearItems();
         Plot.plotLayout()->clear();
@@ -30,7 +30,7 @@ class SpreadPlot : public CoreTest {
 };
 
 TEST_F(SpreadPlot, HasABoxForEachFactor) {
-    Picture.panels.push_back({.name = "Webs ONLY", .sorted = {}, .targets = {{"Target", 1.3}}});
+    Picture.panels.push_back({.name = "Webs ONLY", .sorted = {}, .targets = {{1.3, "below 1.3: 2 %"}}});
     ComposeStudyPlot(Plot, Picture);
     ExpectHeader(Plot, "Spread of the factors");
     ASSERT_EQ(Plot.axisRectCount(), 2);
@@ -66,7 +66,9 @@ TEST_F(SpreadPlot, BarsShowTheSharesOfTheSamples) {
         EXPECT_NEAR(one.value, samples / 601.0, 1e-12) << bar;
     }
     EXPECT_EQ(Box(0).axis(QCPAxis::atLeft)->range().lower, 0);
-    EXPECT_NEAR(Box(0).axis(QCPAxis::atLeft)->range().upper, 1.12 * 11 / 601, 1e-12);
+    // Nothing but a gap of 3 pixels above the highest bar, where no label stands.
+    const double highest = Box(0).height() / (Box(0).height() - 3.0) * 11 / 601;
+    EXPECT_NEAR(Box(0).axis(QCPAxis::atLeft)->range().upper, highest, 1e-12);
 }
 
 TEST_F(SpreadPlot, ACurveShowsTheShareBelowEachValue) {
@@ -76,7 +78,8 @@ TEST_F(SpreadPlot, ACurveShowsTheShareBelowEachValue) {
     EXPECT_EQ(FontOf(right.tickLabelFont()), "Arial 9");
     EXPECT_EQ(FontOf(right.labelFont()), "Arial 9");
     EXPECT_EQ(right.label(), "Share below");
-    EXPECT_EQ(right.range(), QCPRange(0, 1));
+    EXPECT_EQ(right.range().lower, 0);
+    EXPECT_NEAR(right.range().upper, Box(0).height() / (Box(0).height() - 3.0), 1e-12);
     const auto curves = All<QCPGraph>(Plot);
     ASSERT_EQ(curves.size(), 1u);
     EXPECT_EQ(curves[0]->valueAxis(), &right);
@@ -126,38 +129,66 @@ TEST_F(SpreadPlot, OutliersAreInNoBar) {
 
 // Targets count where they lie within the samples' own extent of them.
 TEST_F(SpreadPlot, TheViewHoldsTheTargetsNearTheSamples) {
-    EXPECT_NEAR(ViewOf(Rising(101), {{"Target", 199}}).upper, 199 + 0.06 * 199, 1e-9);
-    EXPECT_NEAR(ViewOf(Rising(101), {{"Target", 200}}).upper, 106, 1e-9);
-    EXPECT_NEAR(ViewOf(Rising(101), {{"Target", -99}}).lower, -99 - 0.04 * 199, 1e-9);
-    EXPECT_NEAR(ViewOf(Rising(101), {{"Target", -100}}).lower, -4, 1e-9);
-    EXPECT_NEAR(ViewOf(Rising(101), {{"Target", 50}}).upper, 106, 1e-9);
+    EXPECT_NEAR(ViewOf(Rising(101), {{199, ""}}).upper, 199 + 0.06 * 199, 1e-9);
+    EXPECT_NEAR(ViewOf(Rising(101), {{200, ""}}).upper, 106, 1e-9);
+    EXPECT_NEAR(ViewOf(Rising(101), {{-99, ""}}).lower, -99 - 0.04 * 199, 1e-9);
+    EXPECT_NEAR(ViewOf(Rising(101), {{-100, ""}}).lower, -4, 1e-9);
+    EXPECT_NEAR(ViewOf(Rising(101), {{50, ""}}).upper, 106, 1e-9);
 }
 
-TEST_F(SpreadPlot, TargetsAreDashedLinesWithTheirValuesOneBelowTheOther) {
-    Picture.panels[0].targets = {{"Stable", 400}, {"Target", 300.5}};
-    Picture.panels.push_back({.name = "Webs ONLY", .sorted = Rising(11), .targets = {{"Webs", 7}}});
+// Highest bars of 11 of 601 samples; the labels stand above them, one below the other.
+TEST_F(SpreadPlot, TargetsAreDashedLinesUpToTheirLabelsAboveTheBars) {
+    Picture.panels[0].targets = {{400, "below 400: 66.6 %"}, {300.5, "below 300.5: 50.1 %"}};
+    Picture.panels.push_back(
+        {.name = "Webs ONLY", .sorted = Rising(11), .targets = {{7, "below 7: 63.6 %"}}});
     ComposeStudyPlot(Plot, Picture);
-    const double top = 1.12 * 11 / 601;
     const auto lines = All<QCPCurve>(Plot);
     ASSERT_EQ(lines.size(), 3u);
     EXPECT_EQ(PenOf(lines[0]->pen()), "#000000 2 dash");
     ASSERT_EQ(lines[1]->data()->size(), 2);
     for (const auto& point : *lines[1]->data()) EXPECT_EQ(point.key, 300.5);
     EXPECT_EQ(lines[1]->data()->at(0)->value, 0);
-    EXPECT_NEAR(lines[1]->data()->at(1)->value, top, 1e-12);
     const auto labels = LabelsOf(Plot);
     ASSERT_EQ(labels.size(), 3u);
-    ExpectLabel(*labels[0], "Stable 400", 400, top);
-    ExpectLabel(*labels[1], "Target 300.5", 300.5, 0.84 * top);
-    EXPECT_EQ(FontOf(labels[0]->font()), "Arial 9 bold");
-    EXPECT_EQ(labels[0]->positionAlignment(), Qt::AlignLeft | Qt::AlignTop);
+    EXPECT_EQ(labels[0]->text(), "below 400: 66.6 %");
+    EXPECT_EQ(labels[1]->text(), "below 300.5: 50.1 %");
+    EXPECT_EQ(lines[1]->data()->at(1)->value, labels[1]->position->value());
+    ExpectWholeAndApart(Plot);
+    for (std::size_t i = 0; i < 3; ++i) {
+        const QCPAxisRect& box = Box(i < 2 ? 0 : 1);
+        const double highest = i < 2 ? 11 / 601.0 : 1 / 11.0;
+        EXPECT_LE(RoomOf(*labels[i]).bottom(), box.axis(QCPAxis::atLeft)->coordToPixel(highest)) << i;
+        EXPECT_EQ(FontOf(labels[i]->font()), "Arial 9 bold");
+    }
     // Each in its own box.
     EXPECT_EQ(lines[2]->keyAxis(), Box(1).axis(QCPAxis::atBottom));
     EXPECT_EQ(lines[2]->valueAxis(), Box(1).axis(QCPAxis::atLeft));
     EXPECT_EQ(labels[2]->position->keyAxis(), Box(1).axis(QCPAxis::atBottom));
-    EXPECT_EQ(labels[2]->position->valueAxis(), Box(1).axis(QCPAxis::atLeft));
     EXPECT_EQ(labels[2]->clipAxisRect(), &Box(1));
     EXPECT_EQ(Plot.legend, nullptr);
+}
+
+// Not every format of a picture cuts off what reaches beyond the frame.
+TEST_F(SpreadPlot, NothingIsDrawnOutOfView) {
+    std::vector<double> samples = Rising(2000);
+    samples.front() = -1e9;
+    samples.back() = 1e9;
+    const QCPRange view = ViewOf(samples, {{1e6, "below 1000000: 99.9 %"}, {-1e6, "below -1000000: 0.05 %"}});
+    EXPECT_THAT(All<QCPCurve>(Plot), IsEmpty());
+    for (const auto& point : *All<QCPGraph>(Plot)[0]->data()) {
+        EXPECT_GE(point.key, view.lower);
+        EXPECT_LE(point.key, view.upper);
+    }
+    EXPECT_NEAR(All<QCPGraph>(Plot)[0]->data()->at(0)->value, 1 / 2000.0, 1e-12);
+    ExpectWholeAndApart(Plot);
+}
+
+TEST_F(SpreadPlot, NotesStandBelow) {
+    Picture.notes = {"601 samples, seed 1", "Height (ft): uniform:5:7"};
+    ComposeStudyPlot(Plot, Picture);
+    const auto* notes = qobject_cast<QCPTextElement*>(Plot.plotLayout()->element(2, 0));
+    ASSERT_NE(notes, nullptr);
+    EXPECT_EQ(notes->text(), "601 samples, seed 1;  Height (ft): uniform:5:7");
 }
 
 TEST_F(SpreadPlot, IsWrittenWithItsTitle) {

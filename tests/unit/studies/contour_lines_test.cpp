@@ -71,12 +71,6 @@ TEST(ContourLines, LevelsAreRound) {
     EXPECT_TRUE(RoundLevels(GridOf({0, 1}, {0, 1}, [](double, double) { return 5.0; }), 3).empty());
 }
 
-TEST(ContourLines, ValuesBetweenPlacesAreLinear) {
-    const auto grid = GridOf({0, 10}, {4, 2}, [](double x, double y) { return x + y; });
-    EXPECT_DOUBLE_EQ(InterpolatedValue(grid, 2.5, 3), 5.5);
-    EXPECT_TRUE(std::isnan(InterpolatedValue(grid, 11, 3)));
-}
-
 // The places and their order, from one end of a line to the other.
 std::vector<std::pair<double, double>> PlacesOf(GridLine line) {
     if (line.front().x > line.back().x || (line.front().x == line.back().x && line.front().y > line.back().y))
@@ -183,14 +177,75 @@ TEST(ContourLines, TheOutermostFiftiethsDoNotCount) {
     EXPECT_TRUE(RoundLevels(ValueGrid{{0, 1}, {0}, {NAN, HUGE_VAL}}, 5).empty());
 }
 
-TEST(ContourLines, AValueIsThatOfItsCell) {
-    const auto grid = GridOf({0, 1, 3}, {0, 2, 3}, [](double x, double y) { return x * y; });
-    EXPECT_DOUBLE_EQ(InterpolatedValue(grid, 2, 1), 2);
-    EXPECT_DOUBLE_EQ(InterpolatedValue(grid, 2, 2.5), 5);
-    EXPECT_DOUBLE_EQ(InterpolatedValue(grid, 3, 3), 9);
-    EXPECT_DOUBLE_EQ(InterpolatedValue(grid, 0, 0), 0);
-    for (const auto& [x, y] : Places{{-0.1, 1}, {3.1, 1}, {1, -0.1}, {1, 3.1}})
-        EXPECT_TRUE(std::isnan(InterpolatedValue(grid, x, y)));
+// Twice the area inside an outline, holes left out; above 0 where it is walked against the clock.
+double AreaOf(const std::vector<GridLine>& outlines) {
+    double area = 0;
+    for (const GridLine& line : outlines)
+        for (std::size_t k = 1; k < line.size(); ++k)
+            area += (line[k - 1].x * line[k].y - line[k].x * line[k - 1].y) / 2;
+    return area;
+}
+
+TEST(ContourLines, WhatLiesBelowIsOutlinedUpToTheGridsEdge) {
+    const auto grid = GridOf({0, 1, 2, 3}, {0, 1, 2}, [](double x, double) { return x; });
+    const auto below = CutAtLevel(grid, 1.5).below;
+    ASSERT_EQ(below.size(), 1u);
+    EXPECT_EQ(below[0].front().x, below[0].back().x);
+    EXPECT_EQ(below[0].front().y, below[0].back().y);
+    EXPECT_DOUBLE_EQ(AreaOf(below), 3);
+    EXPECT_TRUE(CutAtLevel(grid, 0).below.empty());
+    EXPECT_DOUBLE_EQ(AreaOf(CutAtLevel(grid, 9).below), 6);
+}
+
+// A hill of 1 in the middle of nine corners of 0: of the four cells' area, 4, a diamond of 1/8 is left out.
+TEST(ContourLines, AHillIsAHoleInWhatLiesBelow) {
+    const auto grid =
+        GridOf({0, 1, 2}, {0, 1, 2}, [](double x, double y) { return x == 1 && y == 1 ? 1.0 : 0.0; });
+    const auto below = CutAtLevel(grid, 0.75).below;
+    EXPECT_EQ(below.size(), 2u);
+    EXPECT_DOUBLE_EQ(AreaOf(below), 4 - 0.125);
+}
+
+// Corners of 0 at (0, 0) and (1, 1), of 1 at the others, and the middle at 0.5: two triangles, or what two triangles leave.
+TEST(ContourLines, CrosswiseAreasMeetInTheMiddleOrDoNot) {
+    const auto grid = GridOf({0, 1}, {0, 1}, [](double x, double y) { return x == y ? 0.0 : 1.0; });
+    EXPECT_EQ(CutAtLevel(grid, 0.25).below.size(), 2u);
+    EXPECT_DOUBLE_EQ(AreaOf(CutAtLevel(grid, 0.25).below), 0.0625);
+    EXPECT_EQ(CutAtLevel(grid, 0.75).below.size(), 1u);
+    EXPECT_DOUBLE_EQ(AreaOf(CutAtLevel(grid, 0.75).below), 1 - 0.0625);
+}
+
+TEST(ContourLines, CellsWithoutAValueAreOutlinedAndLieBelowNothing) {
+    auto grid = GridOf({0, 1, 2, 3}, {0, 1, 2, 3}, [](double x, double) { return x; });
+    EXPECT_TRUE(OutlinesWithoutValue(grid).empty());
+    grid.values[0] = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_DOUBLE_EQ(AreaOf(OutlinesWithoutValue(grid)), 1);
+    EXPECT_DOUBLE_EQ(AreaOf(CutAtLevel(grid, 2.5).below), 7.5 - 1);
+    grid.values[15] = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(OutlinesWithoutValue(grid).size(), 2u);
+    EXPECT_DOUBLE_EQ(AreaOf(OutlinesWithoutValue(grid)), 2);
+    EXPECT_DOUBLE_EQ(AreaOf(CutAtLevel(grid, 2.5).below), 7.5 - 1 - 0.5);
+}
+
+// The edges are walked from the lower place to the upper one; lines and areas meet in the same points.
+TEST(ContourLines, CrossingsAreFoundByWhoeverKnowsTheValues) {
+    const auto grid = GridOf({0, 2, 4}, {0, 1}, [](double x, double) { return x * x; });
+    int asked = 0;
+    const auto crossing = [&](const GridPoint& from, const GridPoint& to, double from_value, double to_value,
+                              double level) {
+        ++asked;
+        EXPECT_EQ(from.x, 2);
+        EXPECT_EQ(to.x, 4);
+        EXPECT_EQ(from_value, 4);
+        EXPECT_EQ(to_value, 16);
+        return GridPoint{std::sqrt(level), from.y};
+    };
+    const LevelCut cut = CutAtLevel(grid, 9, crossing);
+    EXPECT_EQ(asked, 2);
+    ASSERT_EQ(cut.lines.size(), 1u);
+    EXPECT_EQ(PlacesOf(cut.lines[0]), (Places{{3, 0}, {3, 1}}));
+    EXPECT_DOUBLE_EQ(AreaOf(cut.below), 3);
+    EXPECT_EQ(LinearCrossing({0, 5}, {10, 5}, 1, 5, 2).x, 2.5);
 }
 
 }  // namespace
