@@ -39,7 +39,7 @@ FileResult ConvertOne(const std::string& file, const std::string& target_name, c
     result.keys.Add("output", output);
     result.keys.Add("project", ProjectJson(*document));
     result.keys.Add("units", ProjectUnitsJson(document->unit_system));
-    target.WriteBytes(output, BytesOfDocument(*document));
+    target.WriteBytes(output, BytesOfDocument(*document), file);
     if (!target.ToStandardOutput()) result.note = file + ": " + output + "\n";
     return result;
 }

@@ -14,7 +14,7 @@ FileResult SaveOne(const std::string& file, const OutputTarget& target) {
     result.keys.Add("output", output);
     result.keys.Add("project", ProjectJson(*document));
     result.keys.Add("units", ProjectUnitsJson(document->unit_system));
-    target.WriteBytes(output, BytesOfDocument(*document));
+    target.WriteBytes(output, BytesOfDocument(*document), file);
     return result;
 }
 

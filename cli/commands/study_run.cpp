@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "cli/output/drawing.h"
-#include "core/files/file_replacement.h"
 #include "core/statistics/study_numbers.h"
 #include "core/studies/study_figures.h"
 
@@ -126,8 +125,7 @@ void AddSheetRow(RowSheet& book, std::span<const LeadingCell* const> leading, co
 
 void WriteWorkbook(const RowStudy& study, const RowJob& job, const std::string& path) {
     if (study.total && *study.total >= kMostSheetRows) RefuseSheet(*study.total);
-    FileReplacement place(path);
-    const auto book = TheDrawing().RowWorkbook(place.BuildPath());
+    const auto book = TheDrawing().RowWorkbook(path);
     std::vector<std::string> titles;
     for (const LeadingColumn& column : study.columns) titles.push_back(TitleWithUnit(column));
     for (const std::string& title : FigureTitlesWithUnits(job.sizes)) titles.push_back(title);
@@ -140,7 +138,6 @@ void WriteWorkbook(const RowStudy& study, const RowJob& job, const std::string& 
     });
     study.run(collected);
     book->Finish();
-    place.Commit();
 }
 
 }  // namespace

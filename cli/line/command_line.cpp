@@ -19,6 +19,7 @@
 #include "cli/line/standard_input.h"
 #include "core/files/file_replacement.h"
 #include "core/files/os_errors.h"
+#include "core/files/unfinished_files.h"
 #include "core/runtime/run_time_error.h"
 
 namespace tarvokol::cli {
@@ -102,7 +103,8 @@ void TidyUpAndEnd(int signal) {
 
 // A signal that the caller has put off, as nohup does, stays so.
 void TidyUpOnSignals() {
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
+    for (const int signal :
+         {SIGINT, SIGTERM, SIGHUP, SIGPIPE, SIGQUIT, SIGALRM, SIGUSR1, SIGUSR2, SIGXCPU, SIGXFSZ}) {
         struct sigaction action {};
         if (::sigaction(signal, nullptr, &action) != 0 || action.sa_handler != SIG_DFL) continue;
         action.sa_handler = TidyUpAndEnd;
@@ -170,6 +172,9 @@ int RunWords(const CommandTable& commands, const std::vector<std::string>& words
 
 int RunCommandLine(const CommandTable& commands, int argc, char** argv) {
     TidyUpOnSignals();
+    SetInPlaceListener([](const std::string& path, const std::string& why) {
+        std::cerr << path << ": rewritten in place: " << why << '\n';
+    });
     std::ios::sync_with_stdio(false);
     // Many objects a call of the system.
     static std::array<char, 65536> output_room;

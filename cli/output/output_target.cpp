@@ -12,9 +12,9 @@
 #include <unistd.h>
 
 #include "cli/line/standard_input.h"
-#include "core/files/file_replacement.h"
 #include "core/files/file_system.h"
 #include "core/files/os_errors.h"
+#include "core/files/unfinished_files.h"
 #include "core/files/whole_file.h"
 #include "core/runtime/run_time_error.h"
 
@@ -35,26 +35,7 @@ std::string Joined(const std::vector<std::string>& words) {
     return text;
 }
 
-// A folder of this run's own for one file, gone with everything in it when this is.
-class ScratchFolder {
-  public:
-    ScratchFolder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "tarvokol-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr) Raise(ErrorNumberOfErrno(errno, pattern));
-        path_ = WithSeparator(pattern);
-    }
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-    ~ScratchFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-
-    const std::string& Path() const { return path_; }
-
-  private:
-    std::string path_;
-};
+constexpr const char* kExists = ": file already exists (--force replaces it)";
 
 }  // namespace
 
@@ -125,18 +106,23 @@ void WriteTowards(const std::string& path, const std::function<void()>& step) {
     try {
         step();
     } catch (const RunTimeError& error) {
-        throw OutputError{error.number, path + ": " + error.text};
+        const bool exists = error.number == error_number::FileAlreadyExists;
+        throw OutputError{error.number, path + (exists ? kExists : ": " + error.text)};
     }
+}
+
+ReplacementRules RulesOf(bool force) {
+    using Existing = ReplacementRules::Existing;
+    return {.existing = force ? Existing::Replace : Existing::Refuse, .copy_of = ""};
 }
 
 // Nothing is left of the file when its bytes go out: a reader that has seen enough ends the program by a signal.
 void WriteToStandardOutput(const std::string& extension,
                            const std::function<void(const std::string&)>& write) {
     const auto bytes_written = [&] {
-        const ScratchFolder folder;
-        const std::string path = folder.Path() + "output" + extension;
-        write(path);
-        return ReadWholeFile(path, std::string().max_size());
+        const ScratchFolder folder("output" + extension);
+        write(folder.FilePath());
+        return ReadWholeFile(folder.FilePath(), std::string().max_size());
     };
     try {
         std::cout << bytes_written();
@@ -154,27 +140,37 @@ void OutputTarget::Prepare(const std::string& path) const {
         throw OutputError{error_number::FileAlreadyExists,
                           path + ": holds the result of another project of the same name"};
     if (!force_ && std::filesystem::is_regular_file(path, failure))
-        throw OutputError{error_number::FileAlreadyExists,
-                          path + ": file already exists (--force replaces it)"};
+        throw OutputError{error_number::FileAlreadyExists, path + kExists};
     if (folder_) MakeFolder();
+}
+
+void OutputTarget::Place(const std::string& path, const std::string& copy_of,
+                         const std::function<void(FileReplacement&)>& fill) const {
+    Prepare(path);
+    WriteTowards(path, [&] {
+        ReplacementRules rules = RulesOf(force_);
+        rules.copy_of = copy_of;
+        FileReplacement place(path, rules);
+        fill(place);
+        place.Commit();
+    });
+    if (folder_) taken_.insert(path);
 }
 
 void OutputTarget::Write(const std::string& path,
                          const std::function<void(const std::string&)>& write) const {
-    Prepare(path);
-    if (standard_output_) {
+    if (standard_output_)
         WriteToStandardOutput(format_, write);
-        return;
-    }
-    WriteTowards(path, [&] { write(path); });
-    if (folder_) taken_.insert(path);
+    else
+        Place(path, "", [&write](const FileReplacement& place) { write(place.BuildPath()); });
 }
 
-void OutputTarget::WriteBytes(const std::string& path, const std::string& bytes) const {
+void OutputTarget::WriteBytes(const std::string& path, const std::string& bytes,
+                              const std::string& copy_of) const {
     if (standard_output_)
         std::cout << bytes;
     else
-        Write(path, [&bytes](const std::string& name) { ReplaceWholeFile(name, bytes); });
+        Place(path, copy_of, [&bytes](FileReplacement& place) { place.Fill(bytes); });
 }
 
 }  // namespace tarvokol::cli

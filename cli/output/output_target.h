@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cli/line/options.h"
+#include "core/files/file_replacement.h"
 
 namespace tarvokol::cli {
 
@@ -49,14 +50,16 @@ class OutputTarget {
     // Makes the folder of the files. Raises OutputError if the file exists and is not to be replaced.
     void Prepare(const std::string& path) const;
 
-    // Writes through `write`, which is given the path and leaves the file whole or as it was. Raises OutputError for a
-    // run-time error in it, and for a file that exists and is not to be replaced.
+    // Writes through `write`, which is given a file beside the path that takes its place when it is whole. Raises OutputError
+    // for a run-time error in it, and for a file that exists, by then or from the beginning, and is not to be replaced.
     void Write(const std::string& path, const std::function<void(const std::string&)>& write) const;
 
-    // Writes a file of these bytes.
-    void WriteBytes(const std::string& path, const std::string& bytes) const;
+    // Writes a file of these bytes; as a copy of another file it gives nobody more rights than that one does.
+    void WriteBytes(const std::string& path, const std::string& bytes, const std::string& copy_of = "") const;
 
   private:
+    void Place(const std::string& path, const std::string& copy_of,
+               const std::function<void(FileReplacement&)>& fill) const;
     void ChooseFormat(const Options& options, const std::vector<std::string>& extensions);
     void MakeFolder() const;
 
@@ -67,6 +70,9 @@ class OutputTarget {
     std::string format_;
     mutable std::set<std::string> taken_;  // the files of the folder that hold a result of this run
 };
+
+// How a file that stands in an output's place is dealt with.
+ReplacementRules RulesOf(bool force);
 
 // Does a step towards the file at `path`; a run-time error in it becomes the OutputError that names the file.
 void WriteTowards(const std::string& path, const std::function<void()>& step);

@@ -44,8 +44,8 @@ class StandardOutputSink : public RowSink {
 // Beside its place until it is whole.
 class FileSink : public RowSink {
   public:
-    explicit FileSink(const std::string& path)
-        : path_(path), place_(path), file_(place_.BuildPath(), O_WRONLY) {}
+    FileSink(const std::string& path, bool force)
+        : path_(path), place_(path, RulesOf(force)), file_(place_.BuildPath(), O_WRONLY) {}
 
     bool Write(std::string_view text) override {
         WriteTowards(path_, [&] { file_.Write(text); });
@@ -95,11 +95,11 @@ void RefuseExisting(const std::string& path, bool force) {
 std::unique_ptr<RowSink> OpenFileSink(const std::string& path, bool force) {
     RefuseExisting(path, force);
     std::unique_ptr<RowSink> sink;
-    WriteTowards(path, [&] { sink = std::make_unique<FileSink>(path); });
+    WriteTowards(path, [&] { sink = std::make_unique<FileSink>(path, force); });
     return sink;
 }
 
-RowTarget::RowTarget(const Options& options) : path_(options.output) {
+RowTarget::RowTarget(const Options& options) : path_(options.output), force_(options.force) {
     if (!path_.empty() && path_ != kStandardStream) {
         kind_ = KindOf(std::filesystem::path(path_).extension().string());
         RefuseExisting(path_, options.force);
@@ -116,12 +116,16 @@ void RowTarget::WriteDrawn(const std::function<void(const std::string&)>& write)
     if (path_.empty())
         WriteToStandardOutput(extension_, write);
     else
-        WriteTowards(path_, [&] { write(path_); });
+        WriteTowards(path_, [&] {
+            FileReplacement place(path_, RulesOf(force_));
+            write(place.BuildPath());
+            place.Commit();
+        });
 }
 
 std::unique_ptr<RowSink> RowTarget::Open() const {
     if (path_.empty()) return std::make_unique<StandardOutputSink>();
-    return OpenFileSink(path_, true);
+    return OpenFileSink(path_, force_);
 }
 
 }  // namespace tarvokol::cli

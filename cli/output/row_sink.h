@@ -40,7 +40,8 @@ class RowTarget {
     std::unique_ptr<RowSink> Open() const;
 
   private:
-    std::string path_;       // empty: standard output
+    std::string path_;  // empty: standard output
+    bool force_;
     std::string extension_;  // of a file that goes to standard output
     KindOfRows kind_ = Csv;
 };
@@ -48,7 +49,7 @@ class RowTarget {
 // Raises OutputError for a folder, and for a file that stands there and is not to be replaced.
 void RefuseExisting(const std::string& path, bool force);
 
-// A sink into a file. Raises OutputError for one that stands there and is not to be replaced.
+// A sink into a file. Raises OutputError for one that stands there and is not to be replaced, at the end as well.
 std::unique_ptr<RowSink> OpenFileSink(const std::string& path, bool force);
 
 }  // namespace tarvokol::cli

@@ -1,77 +1,33 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/files/file_replacement.h"
 
-#include <array>
-#include <atomic>
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
-#include <system_error>
+#include <utility>
 
 #include <fcntl.h>
 #include <unistd.h>
 
 #include "core/files/descriptor.h"
 #include "core/files/file_system.h"
+#include "core/files/links.h"
 #include "core/files/os_errors.h"
 #include "core/runtime/run_time_error.h"
 
 namespace tarvokol {
 namespace {
 
-constexpr mode_t kAllRights = 07777;
 constexpr mode_t kAnyMayWrite = S_IWUSR | S_IWGRP | S_IWOTH;
 constexpr mode_t kOwnerUses = S_IRUSR | S_IWUSR;
-
-// As many links as the system itself follows.
-constexpr int kMostLinks = 40;
 
 // A longer extension is none, and does not fit into the name of a build file with certainty.
 constexpr std::size_t kLongestExtension = 16;
 
-constexpr const char* kBuildPrefix = ".tarvokol-";
+constexpr const char* kSeveralNames = "it has several names";
+constexpr const char* kOwnerLost = "a new file would not have its owner, group and attributes";
 
-// A file that is being built, where a signal handler finds it: in memory that is never given back.
-struct UnfinishedFile {
-    enum State { Free, Filling, Ready };
-    std::atomic<int> state{Free};
-    std::array<char, 4096> path{};
-};
-
-// No command builds more at once; one that has no place here is left to the next look into its folder.
-std::array<UnfinishedFile, 16> Unfinished;
-
-void EnterUnfinished(const std::string& path) {
-    for (UnfinishedFile& file : Unfinished) {
-        int free = UnfinishedFile::Free;
-        if (path.size() >= file.path.size() ||
-            !file.state.compare_exchange_strong(free, UnfinishedFile::Filling))
-            continue;
-        path.copy(file.path.data(), path.size());
-        file.path[path.size()] = '\0';
-        file.state = UnfinishedFile::Ready;
-        return;
-    }
-}
-
-// One entry of it: the first try for a free name may have been that of another file.
-void LeaveUnfinished(const std::string& path) {
-    for (UnfinishedFile& file : Unfinished) {
-        if (file.state != UnfinishedFile::Ready || path != file.path.data()) continue;
-        file.state = UnfinishedFile::Free;
-        return;
-    }
-}
-
-// The file that a path names in the end, behind all links, whether it exists or not.
-std::string LinkTarget(const std::string& path) {
-    std::filesystem::path target = path;
-    std::error_code failure;
-    for (int i = 0; std::filesystem::is_symlink(target, failure); ++i) {
-        if (i == kMostLinks) Raise(error_number::PathNotFound);
-        target = target.parent_path() / std::filesystem::read_symlink(target, failure);
-    }
-    return target.string();
-}
+InPlaceListener TheListener;
 
 std::string FolderOf(const std::string& path) {
     const std::string folder = std::filesystem::path(path).parent_path().string();
@@ -83,59 +39,37 @@ std::string ShortExtension(const std::string& path) {
     return extension.size() <= kLongestExtension ? extension : "";
 }
 
-std::string TemporaryFolder() {
-    std::error_code failure;
-    const std::filesystem::path folder = std::filesystem::temp_directory_path(failure);
-    if (failure) Raise(ErrorNumberOfErrno(failure.value()));
-    return folder.string();
-}
-
 // True for the refusal of a folder that takes no new file, or of a file that cannot give up its name.
 bool FolderRefuses(int error) {
     return error == EACCES || error == EPERM || error == EROFS || error == EBUSY;
 }
 
-// Creates an empty file where none stands. Returns the error of the system, 0 for none.
-int CreateNew(const std::string& path, mode_t rights) {
-    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, rights);
+// True where a file system has no such call.
+bool IsMissingCall(int error) {
+    return error == EINVAL || error == ENOSYS || error == ENOTSUP || error == EPERM;
+}
+
+// Takes the name by an empty file, so that it is nobody else's, and then the empty file's place.
+int TakeNameAndRename(const char* from, const char* to) {
+    const int file = ::open(to, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kOwnerUses);
     if (file < 0) return errno;
-    if (::close(file) == 0) return 0;
+    ::close(file);
+    if (::rename(from, to) == 0) return 0;
     const int failure = errno;
-    ::unlink(path.c_str());
-    return failure == EEXIST ? EIO : failure;
+    ::unlink(to);
+    return failure;
 }
 
-// Creates an empty file under a free name in the folder, which begins with `start` and ends with `end`.
-// Returns the error of the system, 0 for none.
-int CreateFree(const std::string& folder, const std::string& start, const std::string& end, mode_t rights,
-               std::string& path) {
-    const std::string common = WithSeparator(folder) + start + std::to_string(::getpid()) + "-";
-    for (int number = 1;; ++number) {
-        path = common;
-        path.append(std::to_string(number)).append(end);
-        // Before it is there: a signal may come at once. A name with this process's number is nobody else's.
-        if (start == kBuildPrefix) EnterUnfinished(path);
-        const int failure = CreateNew(path, rights);
-        if (failure == 0) return 0;
-        LeaveUnfinished(path);
-        if (failure != EEXIST) return failure;
+// Gives a file a name that no other has by now. Not every file system can do so in one step. Returns the error of the
+// system, 0 for none.
+int RenameToFreeName(const char* from, const char* to) {
+    if (::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE) == 0) return 0;
+    if (!IsMissingCall(errno)) return errno;
+    if (::link(from, to) == 0) {
+        ::unlink(from);
+        return 0;
     }
-}
-
-// Owner and rights of the old file for the new one, which its builder can still write. Only the owner of the
-// machine may give a file away, so a refusal is of no account.
-void TakeOver(const struct stat& old_status, int file, mode_t added_rights) {
-    [[maybe_unused]] const int owner = ::fchown(file, old_status.st_uid, old_status.st_gid);
-    [[maybe_unused]] const int mode = ::fchmod(file, (old_status.st_mode & kAllRights) | added_rights);
-}
-
-void CopyOnto(const std::string& source, const std::string& dest) {
-    Descriptor from(source, O_RDONLY);
-    Descriptor to(dest, O_WRONLY);
-    to.Empty();
-    CopyContent(from, to);
-    to.Sync();
-    to.Close();
+    return IsMissingCall(errno) ? TakeNameAndRename(from, to) : errno;
 }
 
 // Brings the entries of a folder to the disk. A folder that may not be read cannot be asked to.
@@ -147,11 +81,25 @@ void SyncFolder(const std::string& folder) {
     if (failure != 0 && failure != EINVAL && failure != ENOTSUP) Raise(ErrorNumberOfErrno(failure));
 }
 
+void CopyOnto(const std::string& source, Descriptor& to) {
+    Descriptor from(source, O_RDONLY);
+    to.Empty();
+    CopyContent(from, to);
+    to.Sync();
+    to.Close();
+}
+
 }  // namespace
 
-FileReplacement::FileReplacement(const std::string& path) : target_(LinkTarget(path)) {
-    ExamineTarget();
-    CreateBuildFile();
+FileReplacement::FileReplacement(const std::string& path, const ReplacementRules& rules) : rules_(rules) {
+    ExamineTarget(path);
+    if (!rules_.copy_of.empty()) bound_ = BoundOf(rules_.copy_of);
+    try {
+        CreateBuildFile();
+    } catch (const RunTimeError&) {
+        Drop();
+        throw;
+    }
 }
 
 FileReplacement::~FileReplacement() {
@@ -159,74 +107,107 @@ FileReplacement::~FileReplacement() {
 }
 
 void FileReplacement::Drop() {
-    if (!build_path_.empty()) ::unlink(build_path_.c_str());
-    LeaveUnfinished(build_path_);
-    build_path_.clear();
+    if (!build_.path.empty()) ::unlink(build_.path.c_str());
+    ForgetUnfinishedFile(build_.path);
+    build_ = {};
 }
 
 // What stands in the way is told before anything is built.
-void FileReplacement::ExamineTarget() {
+void FileReplacement::ExamineTarget(const std::string& path) {
+    const bool refuses = rules_.existing == ReplacementRules::Existing::Refuse;
     struct stat status {};
+    const bool is_link = ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+    // A link that leads nowhere is something that stands there, too.
+    if (refuses && is_link && ::stat(path.c_str(), &status) != 0) Raise(error_number::FileAlreadyExists);
+    target_ = PlaceBehindLinks(path);
     if (::stat(target_.c_str(), &status) != 0) {
         if (errno != ENOENT) Raise(ErrorNumberOfErrno(errno, target_));
         return;
     }
     if (!S_ISREG(status.st_mode)) Raise(error_number::PathFileAccess);
+    if (refuses) Raise(error_number::FileAlreadyExists);
     if ((status.st_mode & kAnyMayWrite) == 0) Raise(error_number::PermissionDenied);
     if (::access(target_.c_str(), W_OK) != 0) Raise(ErrorNumberOfErrno(errno, target_));
     old_status_ = status;
+    if (status.st_nlink > 1) in_place_ = kSeveralNames;
 }
 
 int FileReplacement::CreateIn(const std::string& folder) {
     // What replaces a file that others may not read must not be open to them while it grows.
     const mode_t rights = old_status_ ? kOwnerUses : Descriptor::kOrdinaryRights;
-    std::string path;
-    const int failure = CreateFree(folder, kBuildPrefix, ShortExtension(target_), rights, path);
-    if (failure == 0) build_path_ = path;
+    const int failure = CreateUnfinishedFile(folder, ShortExtension(target_), rights, build_);
+    if (failure == 0 && bound_) KeepWithinBound(Descriptor(build_.path, O_WRONLY));
     return failure;
+}
+
+void FileReplacement::KeepWithinBound(const Descriptor& file) const {
+    const int failure = bound_ ? KeepWithin(*bound_, file.Number()) : 0;
+    if (failure != 0) Raise(ErrorNumberOfErrno(failure, target_));
 }
 
 void FileReplacement::CreateBuildFile() {
     const int failure = CreateIn(FolderOf(target_));
     if (failure == 0) return;
-    rewrite_ = old_status_ && FolderRefuses(failure);
-    if (!rewrite_) Raise(ErrorNumberOfErrno(failure, target_));
+    folder_refuses_ = old_status_ && FolderRefuses(failure);
+    if (!folder_refuses_) Raise(ErrorNumberOfErrno(failure, target_));
     if (const int second = CreateIn(TemporaryFolder())) Raise(ErrorNumberOfErrno(second));
 }
 
 void FileReplacement::Fill(std::string_view bytes) {
-    Descriptor file(build_path_, O_WRONLY);
+    Descriptor file(build_.path, O_WRONLY);
     file.Empty();
     file.Write(bytes);
     file.Close();
 }
 
-void FileReplacement::FinishBuildFile() const {
-    Descriptor file(build_path_, O_RDWR);
-    if (old_status_ && !rewrite_) TakeOver(*old_status_, file.Number(), 0);
+void FileReplacement::FinishBuildFile() {
+    Descriptor file(build_.path, O_RDWR);
+    const bool moves = !folder_refuses_ && in_place_.empty();
+    if (moves && old_status_ && !TakeOver(target_, *old_status_, file.Number())) in_place_ = kOwnerLost;
+    KeepWithinBound(file);
     file.Sync();
     file.Close();
 }
 
 bool FileReplacement::RenameIntoPlace() const {
-    if (::rename(build_path_.c_str(), target_.c_str()) == 0) return true;
-    if (!old_status_ || !FolderRefuses(errno)) Raise(ErrorNumberOfErrno(errno, target_));
+    const char* from = build_.path.c_str();
+    const char* to = target_.c_str();
+    const bool free = rules_.existing == ReplacementRules::Existing::Refuse;
+    const int failure = free ? RenameToFreeName(from, to) : ::rename(from, to) == 0 ? 0 : errno;
+    if (failure == 0) return true;
+    if (!old_status_ || !FolderRefuses(failure)) Raise(ErrorNumberOfErrno(failure, target_));
     return false;
 }
 
-void FileReplacement::RewriteInPlace() const {
+// Where the folder takes a new file, the content that is about to be dropped is kept beside its place, on the same disk.
+std::string FileReplacement::CreateOldCopy() const {
+    const std::string folder = folder_refuses_ ? TemporaryFolder() : FolderOf(target_);
     std::string kept;
-    if (const int failure = CreateFree(TemporaryFolder(), "~bak_", ShortExtension(target_), kOwnerUses, kept))
+    const std::string start = WithSeparator(folder) + "~bak_" + std::to_string(::getpid()) + "-";
+    if (const int failure = CreateFreeFile(start, ShortExtension(target_), kOwnerUses, kept))
         Raise(ErrorNumberOfErrno(failure));
+    return kept;
+}
+
+void FileReplacement::FillTargetFrom(const std::string& source) const {
+    Descriptor to(target_, O_WRONLY);
+    KeepWithinBound(to);
+    CopyOnto(source, to);
+}
+
+void FileReplacement::RewriteInPlace() const {
+    const std::string kept = CreateOldCopy();
     bool old_is_kept = false;
     try {
-        CopyOnto(target_, kept);
+        Descriptor copy(kept, O_WRONLY);
+        CopyOnto(target_, copy);
+        SyncFolder(FolderOf(kept));
         old_is_kept = true;
-        CopyOnto(build_path_, target_);
+        FillTargetFrom(build_.path);
     } catch (const RunTimeError& error) {
         if (old_is_kept) {
             try {
-                CopyOnto(kept, target_);
+                FillTargetFrom(kept);
             } catch (const RunTimeError&) {
                 throw RunTimeError(error.number,
                                    error.text + "; what the file held before is kept in " + kept);
@@ -239,34 +220,35 @@ void FileReplacement::RewriteInPlace() const {
 }
 
 void FileReplacement::Commit() {
-    if (!build_path_.empty()) MoveIntoPlace();
-    if (!rewrite_) SyncFolder(FolderOf(target_));
+    if (!build_.path.empty()) MoveIntoPlace();
+    if (!folder_refuses_) SyncFolder(FolderOf(target_));
 }
 
 void FileReplacement::MoveIntoPlace() {
     FinishBuildFile();
-    if (rewrite_ || !RenameIntoPlace()) {
+    if (folder_refuses_ || !in_place_.empty() || !RenameIntoPlace()) {
         RewriteInPlace();
         Drop();
+        build_.lock = FileLock(target_);
+        if (!in_place_.empty() && TheListener) TheListener(target_, in_place_);
     }
-    LeaveUnfinished(build_path_);
-    build_path_.clear();
+    ForgetUnfinishedFile(build_.path);
+    build_.path.clear();
 }
 
-void RemoveUnfinishedFiles() noexcept {
-    for (UnfinishedFile& file : Unfinished)
-        if (file.state == UnfinishedFile::Ready) ::unlink(file.path.data());
+void SetInPlaceListener(InPlaceListener listener) {
+    TheListener = std::move(listener);
 }
 
-void ReplaceWholeFile(const std::string& path, std::string_view bytes) {
-    FileReplacement replacement(path);
+void ReplaceWholeFile(const std::string& path, std::string_view bytes, const ReplacementRules& rules) {
+    FileReplacement replacement(path, rules);
     replacement.Fill(bytes);
     replacement.Commit();
 }
 
 void CopyWholeFile(const std::string& source, const std::string& dest) {
     Descriptor from(source, O_RDONLY);
-    FileReplacement replacement(dest);
+    FileReplacement replacement(dest, {.copy_of = source});
     Descriptor to(replacement.BuildPath(), O_WRONLY);
     CopyContent(from, to);
     to.Close();

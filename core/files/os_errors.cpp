@@ -13,6 +13,8 @@ int ErrorNumberOfErrno(int error) {
     switch (error) {
         case ENOENT:
             return error_number::FileNotFound;
+        case EEXIST:
+            return error_number::FileAlreadyExists;
         case ENOTDIR:
         case ELOOP:
             return error_number::PathNotFound;

@@ -7,10 +7,9 @@
 #include <utility>
 #include <vector>
 
-#include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
 
+#include "core/files/file_lock.h"
 #include "core/files/file_replacement.h"
 #include "core/files/file_system.h"
 #include "core/messages/history_log.h"
@@ -32,33 +31,6 @@ namespace {
 constexpr std::string_view kPrefix = "~unsaved ";
 constexpr char kBeforeNumber = ' ';
 constexpr long kLongestName = 40;
-
-// An open file with a lock on it, which the system takes away when the process ends, however it does. A run
-// marks its copy so; the process number alone would not do, since numbers come again.
-class FileLock {
-  public:
-    FileLock() = default;
-    explicit FileLock(const std::string& path)
-        : file_(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC)) {
-        held_ = file_ >= 0 && ::flock(file_, LOCK_EX | LOCK_NB) == 0;
-    }
-    FileLock(FileLock&& other) noexcept
-        : file_(std::exchange(other.file_, -1)), held_(std::exchange(other.held_, false)) {}
-    FileLock& operator=(FileLock&& other) noexcept {
-        std::swap(file_, other.file_);
-        std::swap(held_, other.held_);
-        return *this;
-    }
-    ~FileLock() {
-        if (file_ >= 0) ::close(file_);
-    }
-
-    bool Held() const { return held_; }
-
-  private:
-    int file_ = -1;
-    bool held_ = false;
-};
 
 // This run's copy.
 struct OwnCopy {
@@ -103,11 +75,10 @@ std::string PathToWrite() {
 
 // The new content is locked before it takes its place, so that no other run ever sees it without its owner.
 OwnCopy Written(const std::string& path) {
-    FileReplacement copy(path);
+    FileReplacement copy(path, {.copy_of = ProjectFileName});
     copy.Fill(EncodeFileText(ProjectFileText()));
-    FileLock lock(copy.BuildPath());
     copy.Commit();
-    return {path, std::move(lock)};
+    return {path, copy.TakeLock()};
 }
 
 void Remove(const std::string& path) {

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "core/files/file_replacement.h"
+#include "core/files/links.h"
 #include "core/runtime/charset.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
@@ -114,6 +115,16 @@ std::string_view FirstLineOf(std::string_view value) {
     return value.substr(0, value.find_first_of(kEnds));
 }
 
+// False for a path that a link of another user may lead anywhere.
+bool IsTrusted(const std::string& path) {
+    try {
+        PlaceBehindLinks(path);
+        return true;
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
 }  // namespace
 
 std::string IniSection::Get(std::string_view key, const std::string& default_text) const {
@@ -126,7 +137,8 @@ std::string IniSection::Get(std::string_view key, const std::string& default_tex
 
 IniDocument IniDocument::Load(const std::string& path) {
     std::string bytes;
-    const ReadOutcome outcome = ReadWholeFile(path, kLargestIniFile, bytes);
+    const ReadOutcome outcome =
+        IsTrusted(path) ? ReadWholeFile(path, kLargestIniFile, bytes) : ReadOutcome::Refused;
     IniDocument document = FromText(DecodeText(bytes, DetectCharset(bytes)));
     document.outcome_ = outcome;
     return document;

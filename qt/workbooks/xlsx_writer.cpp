@@ -36,7 +36,7 @@ lxw_col_t ColumnOf(const std::string& address) {
     return Xlsx().lxw_name_to_col(address.c_str());
 }
 
-std::string ScratchFolder() {
+std::string WorkbookFolder() {
     return WithSeparator(TempDataFolder.empty() ? Platform.Folders->Temporary() : TempDataFolder);
 }
 
@@ -96,7 +96,7 @@ DesktopXlsxWriter::~DesktopXlsxWriter() {
 
 void DesktopXlsxWriter::BeginWorkbook() {
     for (int number = 1;; ++number) {
-        const std::string path = ScratchFolder() + "Curves" + std::to_string(number) + ".xlsx";
+        const std::string path = WorkbookFolder() + "Curves" + std::to_string(number) + ".xlsx";
         if (std::filesystem::exists(std::filesystem::symlink_status(path))) continue;
         try {
             const Descriptor empty(path, O_WRONLY | O_CREAT | O_EXCL);
@@ -128,7 +128,7 @@ void DesktopXlsxWriter::ShowWorkbook() {
     LogMessage("Workbook: " + Path());
     // The workbook is the result. A desktop that has no program for it leaves it where it is.
     constexpr int kFirstSuccess = 33;
-    const bool opened = Platform.TheShell->OpenDocument(Path(), ScratchFolder()) >= kFirstSuccess;
+    const bool opened = Platform.TheShell->OpenDocument(Path(), WorkbookFolder()) >= kFirstSuccess;
     left_at_ = opened ? "" : Path();
 }
 

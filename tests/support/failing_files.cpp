@@ -58,6 +58,10 @@ enum class Verdict { Proceed, Fail, Half };
 // Counts a call and says what becomes of it.
 Verdict Judge(const char* name, bool writes = false) {
     const long number = ++SeenCalls;
+    if (const auto lacking = TheFault.missing.find(name); lacking != TheFault.missing.end()) {
+        errno = lacking->second;
+        return Verdict::Fail;
+    }
     if (writes && WriteFailsNext.exchange(false)) {
         errno = TheFault.error;
         return Verdict::Fail;
@@ -261,6 +265,27 @@ int ftruncate64(int file, off64_t size) noexcept {
 int rename(const char* from, const char* to) noexcept {
     if ((Below(from) || Below(to)) && Fails("rename")) return -1;
     return Real<int (*)(const char*, const char*)>("rename")(from, to);
+}
+
+int renameat2(int from_folder, const char* from, int to_folder, const char* to, unsigned flags) noexcept {
+    if ((Below(from) || Below(to)) && Fails("renameat2")) return -1;
+    using Rename = int (*)(int, const char*, int, const char*, unsigned);
+    return Real<Rename>("renameat2")(from_folder, from, to_folder, to, flags);
+}
+
+int link(const char* from, const char* to) noexcept {
+    if ((Below(from) || Below(to)) && Fails("link")) return -1;
+    return Real<int (*)(const char*, const char*)>("link")(from, to);
+}
+
+int fchown(int file, uid_t owner, gid_t group) noexcept {
+    if (IsWatched(file) && Fails("chown")) return -1;
+    return Real<int (*)(int, uid_t, gid_t)>("fchown")(file, owner, group);
+}
+
+int fchmod(int file, mode_t rights) noexcept {
+    if (IsWatched(file) && Fails("chmod")) return -1;
+    return Real<int (*)(int, mode_t)>("fchmod")(file, rights);
 }
 
 int unlink(const char* path) noexcept {

@@ -6,11 +6,12 @@
 //   TARVOKOL_FAULT_ERROR   errno that it fails with
 //   TARVOKOL_FAULT_KIND    once, forever, full, half, kill or interrupt
 //   TARVOKOL_FAULT_COUNT   file that takes the number of calls seen and the name of the one that failed
-// Calls that count: open, read, write, close, fsync, truncate, rename, unlink, mkdir, and what the standard
-// streams make of them.
+// Calls that count: open, read, write, close, fsync, truncate, rename, link, unlink, mkdir, chown and chmod of open files, and
+// what the standard streams make of them.
 #pragma once
 
 #include <cerrno>
+#include <map>
 #include <string>
 
 namespace tarvokol {
@@ -30,6 +31,8 @@ struct FileFault {
     int error = ENOSPC;
     FaultKind kind = FaultKind::Once;
     long refused_at = 0;  // a call before `at` that fails with "no permission"; 0 for none
+    std::map<std::string, int>
+        missing{};  // calls that the file system does not have, with the error that says so
 };
 
 // The fault holds while the object lives.
