@@ -97,6 +97,8 @@ std::string StudyCommand::Title() const {
 int StudyCommand::Run(HeadlessPlatform& host) {
     try {
         return Study(host);
+    } catch (const StudyShortage& shortage) {
+        return Tell(shortage.what(), exit_status::Refused);
     } catch (const StudyRefusal& refusal) {
         throw UsageError{refusal.what()};
     } catch (const DataError& error) {
@@ -108,7 +110,7 @@ int StudyCommand::Run(HeadlessPlatform& host) {
     } catch (const RunTimeError& error) {
         return Tell(error.text, exit_status::NotWritten);
     } catch (const std::bad_alloc&) {
-        return Tell("out of memory: take fewer samples", exit_status::Refused);
+        return Tell("out of memory", exit_status::Refused);
     }
 }
 

@@ -83,6 +83,8 @@ template <typename Work>
 decltype(auto) OfOption(const std::string& option, Work work) {
     try {
         return work();
+    } catch (const StudyShortage&) {
+        throw;  // no option is to blame
     } catch (const StudyRefusal& refusal) {
         throw RefusedOption(option, refusal);
     }

@@ -29,6 +29,13 @@ class StudyRefusal : public std::runtime_error {
     std::string fault_;
 };
 
+// A request that makes sense, but that this machine has not enough of something for: memory, threads. The fault says what
+// to change.
+class StudyShortage : public StudyRefusal {
+  public:
+    using StudyRefusal::StudyRefusal;
+};
+
 // Does the work; what it refuses is told of `subject`.
 template <typename Work>
 decltype(auto) About(const std::string& subject, Work work) {

@@ -3,15 +3,17 @@
 #pragma once
 
 #include <condition_variable>
+#include <cstddef>
 #include <cstdint>
 #include <exception>
 #include <functional>
-#include <map>
 #include <mutex>
 #include <optional>
 #include <thread>
 #include <utility>
 #include <vector>
+
+#include "core/studies/shortage.h"
 
 namespace tarvokol {
 
@@ -30,20 +32,17 @@ class OrderedWork {
     OrderedWork(Source source, Work work) : source_(std::move(source)), work_(std::move(work)) {}
 
     // Runs to the end of the source or until the sink refuses. An exception of source, work or sink ends all
-    // threads and comes out here, that of the earliest piece first.
+    // threads and comes out here, that of the earliest piece first. Threads that cannot be started raise
+    // StudyShortage once those that run have ended.
     void Run(unsigned threads, const Sink& sink) {
-        window_ = std::uint64_t{threads} * 4;
+        outcomes_ = std::vector<std::optional<Outcome>>(std::size_t{threads} * 4);
         std::vector<std::jthread> workers;
         workers.reserve(threads);
-        for (unsigned i = 0; i < threads; ++i) workers.emplace_back([this] { WorkOn(); });
-        try {
-            while (auto result = NextResult())
-                if (!sink(std::move(*result))) break;
-        } catch (...) {
-            Stop();
-            throw;
-        }
-        Stop();
+        // However this is left, no worker goes on waiting for its turn.
+        const Stopper stopper{*this};
+        for (unsigned i = 0; i < threads; ++i) StartThread(workers, threads, [this] { WorkOn(); });
+        while (auto result = NextResult())
+            if (!sink(std::move(*result))) break;
     }
 
   private:
@@ -52,17 +51,26 @@ class OrderedWork {
         std::exception_ptr failure;
     };
 
+    struct Stopper {
+        OrderedWork& work;
+        ~Stopper() { work.Stop(); }
+    };
+
+    // The place of a piece's outcome. No two pieces under way share one, and filling it asks for no memory.
+    std::optional<Outcome>& PlaceOf(std::uint64_t number) { return outcomes_[number % outcomes_.size()]; }
+
     // The turn at the source is a lock of its own: reading on never keeps finished results from being handed
     // over.
-    std::optional<Piece> TakePiece(std::uint64_t& number, std::exception_ptr& failure) {
+    std::optional<Piece> TakePiece(std::uint64_t& number) {
         const std::scoped_lock turn(source_mutex_);
         {
             std::unique_lock lock(mutex_);
-            room_.wait(lock, [this] { return stopped_ || taken_ < handed_ + window_; });
+            room_.wait(lock, [this] { return stopped_ || taken_ < handed_ + outcomes_.size(); });
             if (stopped_ || ended_) return std::nullopt;
             number = taken_++;
         }
         std::optional<Piece> piece;
+        std::exception_ptr failure;
         try {
             piece = source_();
         } catch (...) {
@@ -71,16 +79,15 @@ class OrderedWork {
         if (piece) return piece;
         const std::scoped_lock lock(mutex_);
         ended_ = true;
-        // Behind the last piece stands an outcome without a result, which tells the end.
-        outcomes_.insert_or_assign(number, Outcome{std::nullopt, failure});
+        // After the last piece stands an outcome without a result, which tells the end.
+        PlaceOf(number).emplace(Outcome{std::nullopt, failure});
         ready_.notify_one();
         return std::nullopt;
     }
 
     void WorkOn() {
         std::uint64_t number = 0;
-        std::exception_ptr failure;
-        while (std::optional<Piece> piece = TakePiece(number, failure)) {
+        while (std::optional<Piece> piece = TakePiece(number)) {
             Outcome outcome;
             try {
                 outcome.result = work_(*piece);
@@ -88,20 +95,22 @@ class OrderedWork {
                 outcome.failure = std::current_exception();
             }
             const std::scoped_lock lock(mutex_);
-            outcomes_.insert_or_assign(number, std::move(outcome));
+            PlaceOf(number).emplace(std::move(outcome));
             ready_.notify_one();
         }
     }
 
-    // The next result in order; nothing behind the last one.
+    // The next result in order; nothing after the last one.
     std::optional<Result> NextResult() {
         std::unique_lock lock(mutex_);
-        ready_.wait(lock, [this] { return outcomes_.contains(handed_); });
-        auto node = outcomes_.extract(handed_);
-        if (node.mapped().failure) std::rethrow_exception(node.mapped().failure);
+        std::optional<Outcome>& place = PlaceOf(handed_);
+        ready_.wait(lock, [&place] { return place.has_value(); });
+        if (place->failure) std::rethrow_exception(place->failure);
+        std::optional<Result> result = std::move(place->result);
+        place.reset();
         ++handed_;
         room_.notify_all();
-        return std::move(node.mapped().result);
+        return result;
     }
 
     void Stop() {
@@ -116,8 +125,7 @@ class OrderedWork {
     std::mutex mutex_;
     std::condition_variable ready_;
     std::condition_variable room_;
-    std::map<std::uint64_t, Outcome> outcomes_;
-    std::uint64_t window_ = 1;
+    std::vector<std::optional<Outcome>> outcomes_;
     std::uint64_t taken_ = 0;
     std::uint64_t handed_ = 0;
     bool ended_ = false;

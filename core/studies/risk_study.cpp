@@ -2,18 +2,19 @@
 #include "core/studies/risk_study.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <memory>
 #include <numeric>
-#include <thread>
 #include <utility>
 
 #include "core/statistics/portable_math.h"
 #include "core/statistics/random_numbers.h"
 #include "core/statistics/study_numbers.h"
 #include "core/statistics/study_refusal.h"
+#include "core/studies/shortage.h"
+#include "core/studies/task_run.h"
 
 namespace tarvokol {
 namespace {
@@ -70,23 +71,13 @@ Matrix Triangle(const RiskRequest& request) {
     return a;
 }
 
-// Does the work on so many threads at once, the calling one included, and returns when all have ended.
-template <typename Work>
-void RunOn(unsigned threads, const Work& work) {
-    std::vector<std::jthread> others;
-    for (unsigned i = 1; i < threads; ++i) others.emplace_back(work);
-    work();
-}
-
 // A task has its thread's memory for sorting.
-using Task = std::function<void(SortedSample& sorted)>;
+using SortingTask = std::function<void(SortedSample& sorted)>;
 
-// Runs the tasks on so many threads; which thread takes which does not matter to any result.
-void RunTasks(const std::vector<Task>& tasks, unsigned threads) {
-    std::atomic<std::size_t> next = 0;
-    RunOn(threads, [&] {
-        SortedSample sorted;
-        for (std::size_t task = next++; task < tasks.size(); task = next++) tasks[task](sorted);
+void RunTasks(const std::vector<SortingTask>& tasks, unsigned threads) {
+    TaskRun::Do(tasks.size(), threads, [&] {
+        return
+            [&tasks, sorted = std::make_shared<SortedSample>()](std::size_t task) { tasks[task](*sorted); };
     });
 }
 
@@ -117,7 +108,7 @@ class RiskRun {
         if (IsRandom(PanelField::SFBarrier)) target_barrier_ = BigArray<float>(request_.samples);
         if (!request_.latin) return;
         orders_.resize(Fields());
-        std::vector<Task> tasks;
+        std::vector<SortingTask> tasks;
         for (std::size_t field = 0; field < Fields(); ++field)
             tasks.emplace_back([this, field](SortedSample&) {
                 orders_[field] = RandomOrder(request_.seed, OrderStream(field), request_.samples);
@@ -131,11 +122,11 @@ class RiskRun {
     void DrawAll() {
         const std::uint32_t pieces = (request_.samples + kPiece - 1) / kPiece;
         refusals_.resize(pieces);
-        std::atomic<std::uint32_t> next = 0;
-        RunOn(request_.threads, [&] {
-            PanelEvaluator panel(project_, false);
-            Draw draw(Fields());
-            for (std::uint32_t piece = next++; piece < pieces; piece = next++) DrawPiece(panel, draw, piece);
+        TaskRun::Do(pieces, request_.threads, [&] {
+            return [this, panel = PanelEvaluator(project_, false),
+                    draw = Draw(Fields())](std::size_t piece) mutable {
+                DrawPiece(panel, draw, static_cast<std::uint32_t>(piece));
+            };
         });
     }
 
@@ -305,7 +296,7 @@ class RiskRun {
 
     void Summarise() {
         field_ranks_.resize(Fields());
-        std::vector<Task> tasks;
+        std::vector<SortingTask> tasks;
         // The long ones first, so that no thread waits for another's at the end.
         for (std::size_t factor = 0; factor < kFactors; ++factor)
             tasks.emplace_back([this, factor](SortedSample& sorted) { RankFactor(factor, sorted); });
@@ -368,7 +359,7 @@ void RiskRequest::AddCorrelation(PanelField first, PanelField second, double val
 }
 
 std::optional<RiskResult> RunRisk(const RiskRequest& request, StudyObserver& observer) {
-    return RiskRun(request, observer).Run();
+    return WithinMemory("take fewer samples", [&] { return RiskRun(request, observer).Run(); });
 }
 
 RiskResult RunRisk(const RiskRequest& request) {

@@ -7,6 +7,7 @@
 
 #include "core/statistics/study_refusal.h"
 #include "core/studies/row_run.h"
+#include "core/studies/shortage.h"
 
 namespace tarvokol {
 namespace {
@@ -86,8 +87,10 @@ std::uint64_t SweepRequest::Rows() const {
 bool RunSweep(const SweepRequest& request, RowObserver& observer) {
     const std::uint64_t rows = request.Rows();
     const std::uint64_t first = std::min(request.first, rows);
-    SweepSource source(request.axes, first, first + std::min(request.count, rows - first));
-    return RunRows(source, request.panel, request.sizes, request.threads, observer);
+    return WithinMemory("take fewer threads", [&] {
+        SweepSource source(request.axes, first, first + std::min(request.count, rows - first));
+        return RunRows(source, request.panel, request.sizes, request.threads, observer);
+    });
 }
 
 }  // namespace tarvokol

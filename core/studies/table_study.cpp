@@ -8,6 +8,7 @@
 #include "core/statistics/study_numbers.h"
 #include "core/statistics/study_refusal.h"
 #include "core/studies/row_run.h"
+#include "core/studies/shortage.h"
 
 namespace tarvokol {
 namespace {
@@ -90,8 +91,10 @@ std::optional<std::size_t> TableColumns::FaultyCell(const TableRow& row) const {
 }
 
 bool RunTable(const TableRequest& request, RowObserver& observer) {
-    TableSource source(request);
-    return RunRows(source, request.panel, request.sizes, request.threads, observer);
+    return WithinMemory("take fewer threads, or shorter rows", [&] {
+        TableSource source(request);
+        return RunRows(source, request.panel, request.sizes, request.threads, observer);
+    });
 }
 
 }  // namespace tarvokol

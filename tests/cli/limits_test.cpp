@@ -81,6 +81,23 @@ TEST_F(Limits, AStudyWorksOnAsManyThreadsAsAskedFor) {
     EXPECT_EQ(ThreadsOf(with(risk, "2")), 1);
 }
 
+// On a system that starts no more threads a study ends with what to change, whether its rows were begun or not.
+TEST_F(Limits, ThreadsThatCannotBeStartedEndAStudyInOrder) {
+    if (kNoLibraryInFront != nullptr) GTEST_SKIP() << kNoLibraryInFront;
+    const std::string limited =
+        "LD_PRELOAD='" TARVOKOL_COUNTING_THREADS "' TARVOKOL_MOST_THREADS=1 timeout 60 $cli ";
+    for (const char* study : {"sweep -q p.TKL --vary DepthCover=50:900/100000", "table -q p.TKL rows.csv",
+                              "risk p.TKL --random Height=uniform:5:6"}) {
+        WriteBytes(PathTo("rows.csv"), "DepthCover\n100\n");
+        const CliAnswer answer = Shell(limited + study + " --threads 4");
+        EXPECT_EQ(answer.status, 1) << study;
+        EXPECT_EQ(answer.out, "") << study;
+        EXPECT_EQ(answer.err,
+                  "4 threads cannot be started (Resource temporarily unavailable): take fewer threads\n")
+            << study;
+    }
+}
+
 // A signal that the caller has put off, as nohup does, ends nothing.
 TEST_F(Limits, ASignalThatIsPutOffStaysSo) {
     const CliAnswer answer = Shell(

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A library that is loaded in front of a built program (LD_PRELOAD). At the program's end the file that TARVOKOL_THREAD_COUNT
-// names takes the largest number of threads that ran at a time beside the main one.
+// names takes the largest number of threads that ran at a time beside the main one. Where TARVOKOL_MOST_THREADS names a
+// number, no more than so many are started, as on a system that has reached its limit.
 #include <atomic>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 
@@ -48,6 +50,8 @@ extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attribute
                               void* argument) {
     using Create = int (*)(pthread_t*, const pthread_attr_t*, Start, void*);
     static const auto real = reinterpret_cast<Create>(::dlsym(RTLD_NEXT, "pthread_create"));
+    const char* const limit = std::getenv("TARVOKOL_MOST_THREADS");
+    if (limit != nullptr && running >= std::atoi(limit)) return EAGAIN;
     const int now = ++running;
     for (int before = most; before < now && !most.compare_exchange_weak(before, now);) {
     }
