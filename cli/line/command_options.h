@@ -17,13 +17,13 @@ namespace tarvokol::cli {
 
 // An option, or an argument by its place: what the help says of it, and which words it refuses.
 struct OptionFacts {
-    std::string spelling;              // "-o,--output"; a bare word is the name of an argument by its place
-    std::string help;                  // one sentence without its stop
-    std::string value;                 // what the help calls the value of an option: "PATH"
-    bool required = false;             // wrong usage without it
-    bool shows_default = false;        // the help tells the value that it has now
-    bool existing_file = false;        // refuses what is no file
-    std::vector<std::string> choices;  // refuses any other word, with the nearest of them
+    std::string spelling;        // "-o,--output"; a bare word is the name of an argument by its place
+    std::string help;            // one sentence without its stop
+    std::string value = {};      // what the help calls the value of an option: "PATH"
+    bool required = false;       // wrong usage without it
+    bool shows_default = false;  // the help tells the value that it has now
+    bool existing_file = false;  // refuses what is no file
+    std::vector<std::string> choices = {};  // refuses any other word, with the nearest of them
     std::function<std::string(const std::string&)> refusal =
         nullptr;  // what is wrong with a word; empty if nothing
 };

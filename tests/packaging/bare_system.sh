@@ -29,9 +29,11 @@ clean_up() { [ -n "$keep" ] || remove_system; }
 
 # The account, in the group sudo, whose rule asks for a password, and with a rule of its own that does not.
 make_account() {
+    # The sources may be another user's than root's.
+    printf '[safe]\n\tdirectory = *\n' > "$root/tmp/gitconfig"
     chroot "$root" useradd --create-home --uid 1000 --groups sudo --shell /bin/bash $account &&
         echo "$account ALL=(ALL:ALL) NOPASSWD: ALL" > "$root/etc/sudoers.d/$account" &&
-        git clone --quiet --no-hardlinks "$source" "$root$home/tarvokol" &&
+        GIT_CONFIG_GLOBAL="$root/tmp/gitconfig" git clone --quiet --no-hardlinks "$source" "$root$home/tarvokol" &&
         mkdir -p "$root$home/.ccache" && chown -R 1000:1000 "$root$home"
 }
 
