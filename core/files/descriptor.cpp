@@ -74,6 +74,10 @@ void Descriptor::Empty() {
     if (::ftruncate(number_, 0) != 0) RaiseErrno(errno);
 }
 
+void Descriptor::Rewind() {
+    if (::lseek(number_, 0, SEEK_SET) < 0) RaiseErrno(errno);
+}
+
 void Descriptor::BeginSync() const noexcept {
     // Only a hint: a system that does not take it brings all of it to the disk in Sync.
     [[maybe_unused]] const int hint = ::sync_file_range(number_, 0, 0, SYNC_FILE_RANGE_WRITE);

@@ -39,6 +39,9 @@ class Descriptor {
     // Drops the content.
     void Empty();
 
+    // Goes back to the beginning.
+    void Rewind();
+
     // Lets the system begin to bring to the disk what was written, and does not wait: Sync then has less to wait for.
     void BeginSync() const noexcept;
 

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/files/text_file.h"
 
+#include <cerrno>
 #include <map>
 #include <memory>
 #include <utility>
 
 #include <fcntl.h>
+#include <unistd.h>
 
 #include "core/files/descriptor.h"
+#include "core/files/os_errors.h"
 #include "core/runtime/charset.h"
 #include "core/runtime/numbers.h"
 #include "core/runtime/run_time_error.h"
@@ -22,9 +25,12 @@ constexpr int kHighestNumber = 511;
 class TextOutput {
   public:
     TextOutput(const std::string& path, FileContent content)
-        : file_(path, O_WRONLY | O_CREAT), content_(content) {
-        file_.Empty();
+        : file_(std::make_unique<Descriptor>(path, O_WRONLY | O_CREAT)), content_(content) {
+        file_->Empty();
     }
+
+    explicit TextOutput(std::unique_ptr<Descriptor> file)
+        : file_(std::move(file)), content_(FileContent::Text) {}
 
     void Append(std::string_view text) {
         pending_.append(text);
@@ -36,18 +42,24 @@ class TextOutput {
         const std::string bytes =
             content_ == FileContent::Text ? EncodeFileText(pending_) : std::move(pending_);
         pending_.clear();
-        file_.Write(bytes);
+        file_->Write(bytes);
     }
 
-    void Sync() { file_.Sync(); }
+    void Sync() { file_->Sync(); }
 
     void Close() {
         if (!pending_.empty()) Flush();
-        file_.Close();
+        file_->Close();
+    }
+
+    // The file itself, at its beginning; nothing more can be printed to it.
+    std::unique_ptr<Descriptor> Take() {
+        file_->Rewind();
+        return std::move(file_);
     }
 
   private:
-    Descriptor file_;
+    std::unique_ptr<Descriptor> file_;
     FileContent content_;
     std::string pending_;
 };
@@ -80,6 +92,24 @@ TextOutput& OutputOf(int number) {
     return *file.output;
 }
 
+constexpr mode_t kOwnerUses = 0600;
+
+// A new file under the name, which no other has then. Where others take the name at the same time, they are left behind soon.
+std::unique_ptr<Descriptor> NewScratch(const std::string& path) {
+    constexpr int kMostTries = 1000;
+    for (int i = 1;; ++i) {
+        if (::unlink(path.c_str()) != 0 && errno != ENOENT && errno != ENOTDIR) {
+            const bool is_folder = errno == EISDIR;
+            Raise(is_folder ? error_number::PathFileAccess : ErrorNumberOfErrno(errno, path));
+        }
+        try {
+            return std::make_unique<Descriptor>(path, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, kOwnerUses);
+        } catch (const RunTimeError& error) {
+            if (error.number != error_number::FileAlreadyExists || i == kMostTries) throw;
+        }
+    }
+}
+
 }  // namespace
 
 int FreeFile() {
@@ -98,6 +128,20 @@ void OpenForOutput(int number, const std::string& path, FileContent content) {
     RequireFree(number);
     auto output = std::make_unique<TextOutput>(path, content);
     OpenFiles()[number].output = std::move(output);
+}
+
+void OpenScratch(int number, const std::string& path) {
+    RequireFree(number);
+    auto output = std::make_unique<TextOutput>(NewScratch(path));
+    OpenFiles()[number].output = std::move(output);
+}
+
+void ReadScratch(int number) {
+    TextOutput& output = OutputOf(number);
+    output.Flush();
+    OpenFile& file = OpenFiles()[number];
+    file.input = std::make_unique<TextInput>(TextInput::OfFile(output.Take()));
+    file.output.reset();
 }
 
 void FlushFile(int number) {

@@ -19,6 +19,14 @@ int FreeFile();
 void OpenForInput(int number, const std::string& path, FileContent content = FileContent::Text);
 void OpenForOutput(int number, const std::string& path, FileContent content = FileContent::Text);
 
+// Opens a scratch file for writing, under a name that several programs use: it is a new file of this process's own, and one
+// that has the name already loses it. What it holds is read back through `number`, never through its name, so nobody reads
+// what another wrote. Raises as above.
+void OpenScratch(int number, const std::string& path);
+
+// Hands everything printed to the scratch file to the system and lets `number` read it from its beginning.
+void ReadScratch(int number);
+
 // Hands everything printed so far to the system; a text file's character set is settled here, so it is to be
 // called once, after the last print. Raises "Disk full" and its kind.
 void FlushFile(int number);

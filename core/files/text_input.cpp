@@ -6,7 +6,6 @@
 
 #include <fcntl.h>
 
-#include "core/files/descriptor.h"
 #include "core/runtime/numbers.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
@@ -18,16 +17,16 @@ constexpr std::size_t kBufferSize = std::size_t{16} * 1024;  // a project or a s
 
 class FileBytes : public ByteSource {
   public:
-    explicit FileBytes(const std::string& path) : file_(path, O_RDONLY) {}
+    explicit FileBytes(std::unique_ptr<Descriptor> file) : file_(std::move(file)) {}
 
-    std::size_t Read(char* buffer, std::size_t size) override { return file_.Read(buffer, size); }
+    std::size_t Read(char* buffer, std::size_t size) override { return file_->Read(buffer, size); }
     std::size_t ReadAt(char* buffer, std::size_t size, std::size_t offset) const override {
-        return file_.ReadAt(buffer, size, static_cast<off_t>(offset));
+        return file_->ReadAt(buffer, size, static_cast<off_t>(offset));
     }
-    void Close() override { file_.Close(); }
+    void Close() override { file_->Close(); }
 
   private:
-    Descriptor file_;
+    std::unique_ptr<Descriptor> file_;
 };
 
 class MemoryBytes : public ByteSource {
@@ -54,7 +53,11 @@ TextInput::TextInput(std::unique_ptr<ByteSource> source, FileContent content)
     : source_(std::move(source)), content_(content) {}
 
 TextInput::TextInput(const std::string& path, FileContent content)
-    : TextInput(std::make_unique<FileBytes>(path), content) {}
+    : TextInput(std::make_unique<FileBytes>(std::make_unique<Descriptor>(path, O_RDONLY)), content) {}
+
+TextInput TextInput::OfFile(std::unique_ptr<Descriptor> file, FileContent content) {
+    return {std::make_unique<FileBytes>(std::move(file)), content};
+}
 
 TextInput TextInput::OfBytes(std::string_view bytes, FileContent content) {
     return {std::make_unique<MemoryBytes>(bytes), content};

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/files/descriptor.h"
 #include "core/runtime/charset.h"
 
 namespace tarvokol {
@@ -43,6 +44,9 @@ class TextInput {
     // The text of a regular file. Raises "Path/File access error" for a folder, a pipe, a socket or a device, else
     // the error of the operating system.
     explicit TextInput(const std::string& path, FileContent content = FileContent::Text);
+
+    // The text of an open file, from where it stands.
+    static TextInput OfFile(std::unique_ptr<Descriptor> file, FileContent content = FileContent::Text);
 
     // The text of bytes that outlive the object.
     static TextInput OfBytes(std::string_view bytes, FileContent content = FileContent::Text);

@@ -63,7 +63,7 @@ std::vector<std::string> LinesOfText(const std::string& text) {
 }
 
 // The scratch file of the reformatter: the description goes out and comes back as lines, each statement under
-// the handler of run-time errors. A handler that is left leaves no file number in use.
+// the handler of run-time errors. Other running programs have one of the same name. A handler that is left leaves no file number in use.
 class Scratch {
   public:
     Scratch() = default;
@@ -79,13 +79,9 @@ class Scratch {
     // The description's lines; nothing if the scratch file was not written and read to its end.
     std::optional<std::vector<std::string>> Lines() {
         guard_([this] { number_ = FreeFile(); });
-        guard_([this] { OpenForOutput(number_, DescTempPath); });
+        guard_([this] { OpenScratch(number_, DescTempPath); });
         guard_([this] { Write(); });
-        guard_([this] { CloseFile(number_); });
-        if (written_) {
-            guard_([this] { OpenForInput(number_, DescTempPath); });
-            ReadLines();
-        }
+        if (written_) ReadLines();
         guard_([this] { CloseFile(number_); });
         guard_([] { RemoveFile(DescTempPath); });
         if (!complete_) return std::nullopt;
@@ -95,7 +91,7 @@ class Scratch {
   private:
     void Write() {
         PrintLine(number_, ProjectDescription);
-        FlushFile(number_);
+        ReadScratch(number_);
         written_ = true;
     }
 

@@ -54,7 +54,7 @@ void CloseBoth() {
 
 void CopyLines(const std::string& source, const std::string& dest) {
     OpenForInput(kSourceNumber, source, FileContent::Raw);
-    FileReplacement replacement(dest);
+    FileReplacement replacement(dest, {.copy_of = source});
     OpenForOutput(kDestNumber, replacement.BuildPath(), FileContent::Raw);
     while (!EndOfFile(kSourceNumber)) PrintLine(kDestNumber, LineInput(kSourceNumber));
     CloseBoth();

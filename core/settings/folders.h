@@ -30,7 +30,7 @@ std::string InstalledFile(const std::string& name);
 void LocateDataFolders();
 
 // Copies a text file line by line under file numbers 1 and 2, which are closed first; every line gets the
-// program's line end. A missing source shows "Requested File not found: " and gives false. Raises the errors
+// program's line end, and nobody gets more rights than the source gives. A missing source shows "Requested File not found: " and gives false. Raises the errors
 // of the files.
 bool CopyTextFile(const std::string& source, const std::string& dest);
 

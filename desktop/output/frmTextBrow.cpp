@@ -12,8 +12,8 @@
 #include "core/report/text_browser.h"
 #include "core/runtime/text.h"
 #include "core/settings/configuration.h"
-#include "core/settings/folders.h"
 #include "core/settings/program_settings.h"
+#include "core/settings/viewer_copy.h"
 #include "qt/session/qt_common_dialogs.h"
 #include "qt/session/qt_text.h"
 #include "ui_frmTextBrow.h"
@@ -125,11 +125,10 @@ void frmTextBrow::File1_Open() {
 
 // Without a fresh copy the viewer would show what was copied before.
 void frmTextBrow::ShowInViewer(const std::string& file) {
-    const std::string copy = TempDataFolder + "~tmpbr.tmp";
-    bool copied = false;
+    std::string copy;
     CommandGuard guard(DialogCancelled_);
-    guard([&] { copied = CopyTextFile(file, copy); });
-    if (copied) StartViewer(copy);
+    guard([&] { copy = CopyForViewer(file); });
+    if (!copy.empty()) StartViewer(copy);
 }
 
 void frmTextBrow::ShowInForm(const std::string& file) {

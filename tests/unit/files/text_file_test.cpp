@@ -331,6 +331,59 @@ TEST_F(TextFile, TheWholeFileDecidesOnItsCharacterSet) {
     EXPECT_THAT(Lines("Fl\xC3\xB6z\r\n\xF6"), ElementsAre("Fl\xC3\x83\xC2\xB6z", "\xC3\xB6"));
 }
 
+TEST_F(TextFile, AScratchFileIsReadBackThroughItsNumber) {
+    OpenScratch(1, PathTo("scratch"));
+    PrintLine(1, "Fl\xC3\xB6z");
+    PrintLine(1, "two");
+    ReadScratch(1);
+    EXPECT_EQ(LineInput(1), "Fl\xC3\xB6z");
+    EXPECT_EQ(LineInput(1), "two");
+    EXPECT_TRUE(EndOfFile(1));
+    EXPECT_EQ(RaisedError([] { PrintLine(1, "x"); }), 54);
+    CloseFile(1);
+}
+
+// Two programs at once: each reads what it wrote, whoever has the name.
+TEST_F(TextFile, AScratchFileIsThisProcesssAlone) {
+    OpenScratch(1, PathTo("scratch"));
+    PrintLine(1, "of the first");
+    OpenScratch(2, PathTo("scratch"));
+    PrintLine(2, "of the second");
+    ReadScratch(1);
+    ReadScratch(2);
+    std::filesystem::remove(PathTo("scratch"));
+    EXPECT_EQ(LineInput(1), "of the first");
+    EXPECT_EQ(LineInput(2), "of the second");
+    CloseFile(1);
+    CloseFile(2);
+}
+
+// A link of that name leads to a file that is nobody's scratch.
+TEST_F(TextFile, AScratchFileTakesTheNameOfALinkAndNotItsFile) {
+    WriteBytes(PathTo("file"), "precious");
+    std::filesystem::create_symlink("file", Folder / "scratch");
+    OpenScratch(1, PathTo("scratch"));
+    PrintLine(1, "x");
+    FlushFile(1);
+    EXPECT_EQ(ReadBytes(PathTo("file")), "precious");
+    EXPECT_EQ(ReadBytes(PathTo("scratch")), "x\r\n");
+    CloseFile(1);
+    std::filesystem::create_directory(Folder / "folder");
+    EXPECT_EQ(RaisedError([this] { OpenScratch(1, PathTo("folder")); }), 75);
+    EXPECT_EQ(RaisedError([this] { OpenScratch(1, PathTo("gone/scratch")); }), 76);
+    EXPECT_EQ(RaisedError([this] { OpenScratch(1, PathTo("file/scratch")); }), 76);
+    EXPECT_EQ(FreeFile(), 1);
+}
+
+// Another program takes the name just between.
+TEST_F(TextFile, AScratchFileIsTriedAgainWhereItsNameIsTaken) {
+    const FailingFiles fault({.folder = Folder.string(), .at = 2, .error = EEXIST});
+    OpenScratch(1, PathTo("scratch"));
+    EXPECT_EQ(fault.Failed(), "open");
+    CloseFile(1);
+    EXPECT_TRUE(std::filesystem::exists(PathTo("scratch")));
+}
+
 TEST_F(TextFile, AFileOfBytesIsNeitherDecodedNorEncoded) {
     WriteBytes(PathTo("input"), "\xF6\r\n");
     OpenForInput(1, PathTo("input"), FileContent::Raw);

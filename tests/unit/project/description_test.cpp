@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <cstdlib>
 #include <filesystem>
 
 #include <gmock/gmock.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "core/platform/message_box.h"
 #include "tests/support/failing_files.h"
@@ -177,6 +180,29 @@ TEST_F(DescriptionScratch, OnAFullDiskAsksAndKeepsTheDescriptionOnCancel) {
     EXPECT_THAT(Messages(), ElementsAre("Error occurred: Disk full (61)", "Error occurred: Disk full (61)"));
     EXPECT_EQ(Host.Messages.Shown[0].style, 5);
     EXPECT_EQ(FreeFile(), 1);
+}
+
+// Two programs that save at the same time, over and over; each compares what comes back with what went out.
+TEST_F(DescriptionScratch, IsNeverReadByAnotherProgram) {
+    const char* wanted = std::getenv("TARVOKOL_EXCHANGES");
+    const int saves = wanted == nullptr ? 500 : std::atoi(wanted);
+    DescTempPath = PathTo("~tmpdesc.tmp");
+    const auto exchanges = [saves](const std::string& own) {
+        int foreign = 0;
+        for (int i = 0; i < saves; ++i) {
+            ProjectDescription = own + std::to_string(i);
+            ReformatDescription();
+            foreign += ProjectDescription == own + std::to_string(i) ? 0 : 1;
+        }
+        return foreign;
+    };
+    const pid_t child = ::fork();
+    if (child == 0) ::_exit(exchanges("of the second ") == 0 && Messages().empty() ? 0 : 1);
+    EXPECT_EQ(exchanges("of the first "), 0);
+    EXPECT_THAT(Messages(), ElementsAre());
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
 }
 
 class DescriptionReader : public ProjectTest {
