@@ -6,16 +6,25 @@
 
 namespace tarvokol {
 
+// What a job holds, as the name of its PDF file says.
+enum class PrintedMatter { Anything, Inputs, Report, Plan, Graph };
+
 // A printer that measures in twips (1440 to the inch), the pen at (CurrentX, CurrentY). Failures raise "Printer
 // error" (482) or its kind.
 class PrinterDevice {
   public:
     virtual ~PrinterDevice() = default;
 
+    // Before a printer dialog or a job: what will be printed.
+    virtual void Announce(PrintedMatter) {}
+
+    // After a printer dialog: what was chosen there holds for the job announced, or for all jobs of the run.
+    virtual void TakeChoice(bool /*for_the_run*/) {}
+
     // Before a job: chooses what it goes to, where the user is to be asked for that. False if he gives it up.
     virtual bool StartDoc() { return true; }
 
-    // Behind a job: drops what is left of one that did not come to its end.
+    // After a job: drops what is left of one that did not come to its end.
     virtual void CloseDoc() {}
 
     virtual double CurrentX() const = 0;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/platform/clock.h"
+#include "core/platform/common_dialogs.h"
 #include "core/platform/platform.h"
 #include "core/platform/printer_device.h"
 #include "core/platform/screen_fonts.h"
@@ -128,9 +129,24 @@ void PrintBlock(std::string_view text) {
 
 }  // namespace
 
-void RunPrintJob(CommandGuard& guard, const std::string& text) {
+void ChoosePrinter(PrintedMatter matter, int flags) {
+    if (Platform.Printer != nullptr) Printer().Announce(matter);
+    Platform.Dialogs->ShowPrinter(flags);
+    if (Platform.Printer != nullptr) Printer().TakeChoice(false);
+}
+
+void SetUpPrinter() {
+    if (Platform.Printer != nullptr) Printer().Announce(PrintedMatter::Anything);
+    Platform.Dialogs->ShowPrinterSetup();
+    if (Platform.Printer != nullptr) Printer().TakeChoice(true);
+}
+
+void RunPrintJob(CommandGuard& guard, const std::string& text, PrintedMatter matter) {
     bool wanted = false;
-    guard([&] { wanted = Printer().StartDoc(); });
+    guard([&] {
+        Printer().Announce(matter);
+        wanted = Printer().StartDoc();
+    });
     if (!wanted) return;
     guard([] { PrintCommand(print_command::BeginJob, ""); });
     guard([&] { PrintCommand(print_command::Block, text); });

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/messages/command_guard.h"
+#include "core/platform/printer_device.h"
 
 namespace tarvokol {
 
@@ -29,8 +30,13 @@ constexpr int NewPage = 8;
 // "Subscript out of range" when the printer has none of the fonts wanted.
 void PrintCommand(const int& command, const std::string& text);
 
+// The printer dialog before a job, and the one that chooses for all jobs of the run. Cancel raises "Cancel was selected".
+void ChoosePrinter(PrintedMatter matter, int flags);
+void SetUpPrinter();
+
 // A whole print job under the guard of its command: begin, the block of lines, end. Nothing is printed if the user
 // gives the job up when asked where it is to go.
-void RunPrintJob(CommandGuard& guard, const std::string& text);
+void RunPrintJob(CommandGuard& guard, const std::string& text,
+                 PrintedMatter matter = PrintedMatter::Anything);
 
 }  // namespace tarvokol

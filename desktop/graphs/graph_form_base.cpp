@@ -17,6 +17,7 @@
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
 #include "core/platform/spreadsheet_writer.h"
+#include "core/report/print_engine.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"
 #include "core/runtime/text.h"
@@ -170,16 +171,28 @@ void GraphFormBase::GraphOptionsItem_Click(int Index) {
     }
 }
 
-void GraphFormBase::PrintGraph() {
+// A cancel leaves no line in the history, as no print was begun.
+bool GraphFormBase::PrinterIsChosen() {
     CommandGuard Guard(DialogCancelled_);
     DialogCancelled_ = false;
-    Guard([] { Platform.Dialogs->ShowPrinter(dialog_flag::NoPrinterPagesNoSelection); });
-    if (Guard.Left() || DialogCancelled_) return;
+    Guard([this] {
+        try {
+            ChoosePrinter(PrintedMatter::Graph, dialog_flag::NoPrinterPagesNoSelection);
+        } catch (const RunTimeError& error) {
+            if (error.number != error_number::Cancelled) throw;
+            DialogCancelled_ = true;
+        }
+    });
+    return !Guard.Left() && !DialogCancelled_;
+}
+
+void GraphFormBase::PrintGraph() {
+    if (!PrinterIsChosen()) return;
     LogMessage("Printing Graph");
     auto* printer = dynamic_cast<QtPrinter*>(Platform.Printer);
-    if (printer == nullptr || !printer->HasTarget()) return;
+    if (printer == nullptr) return;
     try {
-        if (printer->StartDoc())
+        if (printer->StartDoc() && printer->HasTarget())
             printer->PrintWith([this](QPrinter& device) { PrintInItsBox(*graph_, device); });
     } catch (const RunTimeError&) {
         // Whatever the printer says now is passed over.

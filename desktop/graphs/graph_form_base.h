@@ -49,6 +49,7 @@ class GraphFormBase : public FormBase {
     void Graph1_MouseMove(double X, double Y);
 
     void ConnectMenu(const QString& name, void (GraphFormBase::*handler)(int));
+    bool PrinterIsChosen();
     void PrintGraph();
     void ExportGraph();
     void ExportToWorkbook();

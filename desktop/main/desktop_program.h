@@ -26,7 +26,8 @@ class ProgramApplication;
 struct DesktopBindings {
     QtMessageBox Messages;
     QtPrinter Printer;
-    QtCommonDialogs Dialogs{[this]() -> QPrinter& { return Printer.Device(); }};
+    QtCommonDialogs Dialogs{[this]() -> QPrinter& { return Printer.Device(); },
+                            [this] { return Printer.ProposedFile(); }};
     QtClipboard TheClipboard;
     MainWindowBinding MainWindow;
     QtHelpViewer Help;

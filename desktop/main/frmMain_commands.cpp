@@ -55,7 +55,7 @@ void frmMain::mnuFileItem_Click(int Index) {
             FileSaveCommand(true);
             break;
         case 5:
-            guard([] { Platform.Dialogs->ShowPrinterSetup(); });
+            guard(SetUpPrinter);
             break;
         case 6:
             PrintInputs();
@@ -80,7 +80,7 @@ void frmMain::PrintInputs() {
     guard([&] { wanted = MayPrint(); });
     if (!wanted) return;
     guard([] { LoadOutBuf0(0); });
-    RunPrintJob(guard, OutputBuffers[0]);
+    RunPrintJob(guard, OutputBuffers[0], PrintedMatter::Inputs);
 }
 
 void frmMain::PreviewInputs() {

@@ -44,7 +44,7 @@ void frmPreview::PrintPreviewText() {
     }
     std::string text;
     guard([&] { text = LinesOf(*ui_->RichTextBox1); });
-    RunPrintJob(guard, text);
+    RunPrintJob(guard, text, PrintedMatter::Inputs);
 }
 
 }  // namespace tarvokol

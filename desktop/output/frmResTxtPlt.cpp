@@ -80,14 +80,14 @@ void frmResTxtPlt::LoadWorkParms() {
 void frmResTxtPlt::PrintPages(int16_t first, int16_t last) {
     aborted_ = false;
     CommandGuard guard(aborted_);
-    guard([] { Platform.Dialogs->ShowPrinter(dialog_flag::PrinterReturnsDevice); });
+    guard([] { ChoosePrinter(PrintedMatter::Report, dialog_flag::PrinterReturnsDevice); });
     if (aborted_) {
         guard([] { LogMessage("Printing aborted"); });
         return;
     }
     std::string text;
     guard([&] { text = JoinPages(first, last); });
-    RunPrintJob(guard, text);
+    RunPrintJob(guard, text, PrintedMatter::Report);
 }
 
 void frmResTxtPlt::cmdPrevPage_Click() {

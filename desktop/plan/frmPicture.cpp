@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "core/graphics/TarvoGraf.h"
+#include "core/messages/command_guard.h"
 #include "core/platform/platform.h"
 #include "core/project/figure_range.h"
 #include "core/project/preview_record.h"
@@ -189,7 +190,8 @@ void frmPicture::Form_MouseDown(Qt::MouseButton button) {
 }
 
 void frmPicture::mnuPlotFileItem_Click(int Index) {
-    if (Index == 0) PrintForm();
+    CommandGuard guard;
+    if (Index == 0) guard([this] { PrintForm(); });
     if (Index == 2) Unload();
 }
 
@@ -213,9 +215,10 @@ void frmPicture::mnuPlotSetItem_Click(int Index) {
 // What stands on the sheet is drawn anew for the printer, which has more and finer dots than the screen.
 void frmPicture::PrintForm() {
     auto* printer = dynamic_cast<QtPrinter*>(Platform.Printer);
-    if (printer == nullptr || !printer->HasTarget()) Raise(error_number::PrinterError);
-    const QSizeF size = ui_->client->PaperSize();
+    if (printer == nullptr) Raise(error_number::PrinterError);
+    printer->Announce(PrintedMatter::Plan);
     if (!printer->StartDoc()) return;
+    const QSizeF size = ui_->client->PaperSize();
     printer->PrintDrawing(size, [&](QPainter& painter) {
         if (!ui_->client->HasDrawing()) return;
         PainterSurface surface(painter, size);

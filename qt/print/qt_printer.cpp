@@ -6,6 +6,7 @@
 #include <QPageSize>
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 #include "core/messages/history_log.h"
 #include "core/platform/common_dialogs.h"
@@ -37,13 +38,37 @@ double ToUnits(double twips, int resolution) {
     return twips * resolution / kTwipsPerInch;
 }
 
-// The name that a job's file may have: the project's, in the project's folder.
-FileDialogRequest PdfRequest() {
-    FileDialogRequest request;
+std::string SuffixOf(PrintedMatter matter) {
+    switch (matter) {
+        case PrintedMatter::Inputs:
+            return "_inputs";
+        case PrintedMatter::Report:
+            return "_report";
+        case PrintedMatter::Plan:
+            return "_plan";
+        case PrintedMatter::Graph:
+            return "_graph";
+        default:
+            return "";
+    }
+}
+
+// The name of a file for a job, so that the jobs of one project do not take one another's.
+std::string PdfName(PrintedMatter matter) {
+    const std::filesystem::path project = FileNameOf(ProjectFileName, 0);
+    return project.stem().string() + SuffixOf(matter) + ".pdf";
+}
+
+std::string PdfFolder() {
     const std::string folder = std::filesystem::path(ProjectFileName).parent_path().string();
+    return folder.empty() ? PersonalDataFolder : folder;
+}
+
+FileDialogRequest PdfRequest(PrintedMatter matter) {
+    FileDialogRequest request;
     request.title = "Print to PDF File";
-    request.file_name = FileNameOf(ProjectFileName, 1) + ".pdf";
-    request.start_folder = folder.empty() ? PersonalDataFolder : folder;
+    request.file_name = PdfName(matter);
+    request.start_folder = PdfFolder();
     request.filter = "PDF Files (*.pdf)|*.pdf";
     request.default_extension = "pdf";
     request.flags = dialog_flag::OverwritePrompt;
@@ -81,11 +106,32 @@ void QtPrinter::PrintToFile(const std::string& path) {
     file_is_named_ = true;
 }
 
+std::string QtPrinter::ProposedFile() const {
+    if (!run_file_.empty()) return run_file_;
+    return (std::filesystem::path(PdfFolder()) / PdfName(matter_)).string();
+}
+
+// A file that was chosen for another job and never written is forgotten.
+void QtPrinter::Announce(PrintedMatter matter) {
+    if (matter != matter_) job_file_.clear();
+    matter_ = matter;
+}
+
+void QtPrinter::TakeChoice(bool for_the_run) {
+    const std::string chosen = PrintsToFile(Device()) ? FromQt(Device().outputFileName()) : "";
+    (for_the_run ? run_file_ : job_file_) = chosen;
+}
+
 bool QtPrinter::StartDoc() {
     AbandonJob();
     if (!PrintsToFile(Device()) || file_is_named_) return true;
+    const std::string job_file = std::exchange(job_file_, "");
+    if (const std::string chosen = job_file.empty() ? run_file_ : job_file; !chosen.empty()) {
+        Device().setOutputFileName(ToQt(chosen));
+        return true;
+    }
     try {
-        Device().setOutputFileName(ToQt(Platform.Dialogs->ShowSave(PdfRequest())));
+        Device().setOutputFileName(ToQt(Platform.Dialogs->ShowSave(PdfRequest(matter_))));
         return true;
     } catch (const RunTimeError& error) {
         if (error.number != error_number::Cancelled) throw;
@@ -210,8 +256,8 @@ void QtPrinter::PrintDrawing(const QSizeF& size, const std::function<void(QPaint
                                    room.width() / size.width(), room.height() / size.height()});
     painter_.translate(margins.left(), margins.top());
     painter_.scale(scale, scale);
-    draw(painter_);
     try {
+        draw(painter_);
         EndDoc();
     } catch (const RunTimeError&) {
         AbandonJob();

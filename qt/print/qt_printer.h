@@ -39,7 +39,14 @@ class QtPrinter : public PrinterDevice {
     // reduced to it.
     void PrintDrawing(const QSizeF& size, const std::function<void(QPainter&)>& draw);
 
-    // A job that goes to a PDF file asks for the file's name: the project's in the project's folder is suggested, and
+    // The full name that a PDF file of what is announced may have: the project's with what the file holds, in the
+    // project's folder; the one that was chosen for the run, if there is one.
+    std::string ProposedFile() const;
+
+    void Announce(PrintedMatter matter) override;
+    void TakeChoice(bool for_the_run) override;
+
+    // A job that goes to a PDF file for which none was chosen asks for its name: the proposed one is suggested, and
     // what exists is replaced only if the user says so. The file stands there once the job has come to its end.
     bool StartDoc() override;
     void CloseDoc() override;
@@ -77,6 +84,9 @@ class QtPrinter : public PrinterDevice {
     mutable std::unique_ptr<QPrinter> device_;  // created on first use: looking for printers takes its time
     QPainter painter_;                          // behind the device, which it must not outlive
     QFont font_;
+    PrintedMatter matter_ = PrintedMatter::Anything;
+    std::string job_file_;                   // chosen in a dialog for the job announced
+    std::string run_file_;                   // for every job, by Printer Setup
     bool file_is_named_ = false;             // by PrintToFile, for every job
     std::unique_ptr<FileReplacement> file_;  // of the job that goes to a PDF file
     QString file_name_;                      // the name that the device has between the jobs

@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDialog>
+#include <QLineEdit>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
@@ -48,15 +49,39 @@ std::string RunFileDialog(QFileDialog::AcceptMode mode, const FileDialogRequest&
     return FromQt(QDir::toNativeSeparators(dialog.selectedFiles().constFirst()));
 }
 
-// The toolkit names its confirming button for printing; where a printer is only chosen, nothing is printed.
-void RunPrintDialog(QPrinter& printer, const QString& title, const QString& confirm) {
-    QPrintDialog dialog(&printer, OwnerWindow());
-    dialog.setWindowTitle(title);
-    dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
-    if (const auto* buttons = dialog.findChild<QDialogButtonBox*>())
-        if (QPushButton* accept = buttons->button(QDialogButtonBox::Ok)) accept->setText(confirm);
-    if (dialog.exec() != QDialog::Accepted) Raise(error_number::Cancelled);
-}
+// The toolkit's printer dialog, with a name for the PDF file. A name without a folder stands in the folder of the one
+// suggested, not in that of the program.
+class PrinterDialog : public QPrintDialog {
+  public:
+    PrinterDialog(QPrinter& printer, const QString& suggested)
+        : QPrintDialog(&printer, OwnerWindow()), suggested_(suggested) {
+        setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+        if (QLineEdit* box = FileBox(); box != nullptr && !suggested.isEmpty()) box->setText(suggested);
+    }
+
+    // The toolkit names its confirming button for printing; where a printer is only chosen, nothing is printed.
+    void SetConfirm(const QString& text) {
+        if (const auto* buttons = findChild<QDialogButtonBox*>())
+            if (QPushButton* button = buttons->button(QDialogButtonBox::Ok)) button->setText(text);
+    }
+
+    void accept() override {
+        if (QLineEdit* box = FileBox(); box != nullptr && box->isEnabled())
+            box->setText(Completed(box->text()));
+        QPrintDialog::accept();
+    }
+
+  private:
+    QLineEdit* FileBox() const { return findChild<QLineEdit*>("filename"); }
+
+    QString Completed(const QString& name) const {
+        if (name.trimmed().isEmpty()) return name;
+        const QFileInfo file(QFileInfo(suggested_).dir(), name);
+        return file.absoluteFilePath() + (file.suffix().isEmpty() ? ".pdf" : "");
+    }
+
+    QString suggested_;
+};
 
 }  // namespace
 
@@ -71,11 +96,18 @@ std::string QtCommonDialogs::ShowSave(const FileDialogRequest& request) {
 // Every kind of printer dialog here leaves out page ranges and the selection, so the flags make no
 // difference.
 void QtCommonDialogs::ShowPrinter(int) {
-    RunPrintDialog(printer_(), "Print", "&Print");
+    RunPrintDialog("Print", "&Print");
 }
 
 void QtCommonDialogs::ShowPrinterSetup() {
-    RunPrintDialog(printer_(), "Printer Setup", "OK");
+    RunPrintDialog("Printer Setup", "OK");
+}
+
+void QtCommonDialogs::RunPrintDialog(const char* title, const char* confirm) {
+    PrinterDialog dialog(printer_(), pdf_file_ ? ToQt(pdf_file_()) : QString());
+    dialog.setWindowTitle(title);
+    dialog.SetConfirm(confirm);
+    if (dialog.exec() != QDialog::Accepted) Raise(error_number::Cancelled);
 }
 
 FontChoice QtCommonDialogs::ShowFont(const FontChoice& start, int) {

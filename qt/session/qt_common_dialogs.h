@@ -14,10 +14,11 @@ namespace tarvokol {
 
 // The toolkit's file, printer and font dialogs, above the active window. A printer dialog works on the
 // printer that `printer` gives, so what is chosen there holds for everything that is printed later in the
-// run.
+// run; for a PDF file it suggests the full name that `pdf_file` gives.
 class QtCommonDialogs : public CommonDialogs {
   public:
-    explicit QtCommonDialogs(std::function<QPrinter&()> printer) : printer_(std::move(printer)) {}
+    explicit QtCommonDialogs(std::function<QPrinter&()> printer, std::function<std::string()> pdf_file = {})
+        : printer_(std::move(printer)), pdf_file_(std::move(pdf_file)) {}
 
     std::string ShowOpen(const FileDialogRequest& request) override;
     std::string ShowSave(const FileDialogRequest& request) override;
@@ -26,7 +27,10 @@ class QtCommonDialogs : public CommonDialogs {
     FontChoice ShowFont(const FontChoice& start, int flags) override;
 
   private:
+    void RunPrintDialog(const char* title, const char* confirm);
+
     std::function<QPrinter&()> printer_;
+    std::function<std::string()> pdf_file_;
 };
 
 // Filters of a dialog from "All Files (*.*)|*.*|Text (*.txt)|*.txt"; "*.*" stands for every file.

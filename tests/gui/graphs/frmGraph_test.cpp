@@ -348,7 +348,7 @@ TEST_F(GraphForm, ACancelledPrinterDialogPrintsAndLogsNothing) {
     Host.Dialogs.PrinterAnswers = {false};
     Choose(form, "GraphFileItem_0");
     EXPECT_FALSE(std::filesystem::exists(PathTo("graph.pdf")));
-    EXPECT_THAT(Host.MainWindow.History, Not(HasSubstr("Printing Graph")));
+    EXPECT_EQ(Host.MainWindow.History, "");
     EXPECT_TRUE(Messages().empty());
 }
 

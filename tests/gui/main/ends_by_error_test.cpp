@@ -96,11 +96,6 @@ const End kEnds[] = {
          FormNamed("frmPicture").resize(600, 3000);
          QTest::qWait(200);
      }},
-    {"NoPrinter", 482,
-     [] {
-         EndsByError::OpenPlotWindow();
-         FindForm("frmPicture")->findChild<QAction*>("mnuPlotFileItem_0")->trigger();
-     }},
 };
 
 INSTANTIATE_TEST_SUITE_P(Ends, EndsByError, ::testing::ValuesIn(kEnds),

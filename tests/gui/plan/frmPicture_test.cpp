@@ -10,6 +10,7 @@
 #include "core/graphics/TarvoGraf.h"
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
+#include "core/project/project_state.h"
 #include "core/project/working_parameters.h"
 #include "core/report/results_state.h"
 #include "core/settings/program_settings.h"
@@ -341,11 +342,34 @@ TEST_F(PlotWindow, PrintsTheClientAreaOnTheDefaultPrinter) {
     EXPECT_THAT(Host.Dialogs.PrinterFlags, IsEmpty());
 }
 
-TEST_F(PlotWindow, WithoutAPrinterPrintIsAnUnhandledPrinterError) {
+TEST_F(PlotWindow, WithoutAPrinterItPrintsToThePdfFileThatItAsksFor) {
+    QtPrinter printer;
+    printer.Device().setOutputFormat(QPrinter::PdfFormat);
+    Platform.Printer = &printer;
+    ProjectFileName = PathTo("Ridge 4.TKL");
+    Host.Dialogs.FileAnswers = {PathTo("asked.pdf")};
+    frmPicture& form = OpenFrom<OpeningDialog>();
+    ASSERT_TRUE(Choose(form, "mnuPlotFileItem_0"));
+    EXPECT_THAT(UnhandledErrors(), IsEmpty());
+    EXPECT_THAT(Messages(), IsEmpty());
+    ASSERT_THAT(Host.Dialogs.FileRequests, SizeIs(1));
+    EXPECT_EQ(Host.Dialogs.FileRequests[0].file_name, "Ridge 4_plan.pdf");
+    EXPECT_EQ(Host.Dialogs.FileRequests[0].start_folder, Folder.string());
+    EXPECT_EQ(ReadBytes(PathTo("asked.pdf")).substr(0, 5), "%PDF-");
+}
+
+TEST_F(PlotWindow, APrinterOrFileThatFailsLeadsBackToThePlan) {
     frmPicture& form = OpenFrom<OpeningDialog>();
     Choose(form, "mnuPlotFileItem_0");
-    ASSERT_THAT(UnhandledErrors(), SizeIs(1));
-    EXPECT_EQ(UnhandledErrors()[0].number, 482);
+    EXPECT_THAT(Messages(), ElementsAre("Error occurred: Printer error (482)"));
+    QtPrinter printer;
+    printer.PrintToFile(PathTo("gone/plan.pdf"));
+    Platform.Printer = &printer;
+    Choose(form, "mnuPlotFileItem_0");
+    EXPECT_THAT(Messages().back(), "Error occurred: Path not found (76). Procedure Terminated");
+    EXPECT_THAT(UnhandledErrors(), IsEmpty());
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_TRUE(form.isEnabled());
 }
 
 TEST_F(PlotWindow, ExitGivesTheViewerBack) {

@@ -3,6 +3,7 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFontDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -210,6 +211,30 @@ TEST_F(DialogBindings, APrinterIsChosenOrPrintedWithOnTheDeviceGiven) {
         dialog.QDialog::done(QDialog::Accepted);
     });
     EXPECT_EQ(RaisedError([&] { dialogs.ShowPrinter(0); }), 0);
+}
+
+QLineEdit& FileBoxOf(QPrintDialog& dialog) {
+    return *dialog.findChild<QLineEdit*>("filename");
+}
+
+TEST_F(DialogBindings, APrinterDialogSuggestsAPdfFileAndCompletesItsName) {
+    const std::pair<std::string, std::string> names[] = {{"report", PathTo("report.pdf")},
+                                                         {"a.b/x.pdf", PathTo("a.b/x.pdf")},
+                                                         {PathTo("full.PDF"), PathTo("full.PDF")}};
+    std::filesystem::create_directory(PathTo("a.b"));
+    for (const auto& [typed, chosen] : names) {
+        QPrinter printer;
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        QtCommonDialogs dialogs([&]() -> QPrinter& { return printer; },
+                                [&] { return PathTo("ridge_plan.pdf"); });
+        AtTheDialog<QPrintDialog>([&, name = QString::fromStdString(typed)](QPrintDialog& dialog) {
+            EXPECT_EQ(FileBoxOf(dialog).text().toStdString(), PathTo("ridge_plan.pdf"));
+            FileBoxOf(dialog).setText(name);
+            dialog.accept();
+        });
+        EXPECT_EQ(RaisedError([&] { dialogs.ShowPrinter(0); }), 0);
+        EXPECT_EQ(printer.outputFileName().toStdString(), chosen);
+    }
 }
 
 TEST_F(DialogBindings, DialogsStandAboveTheWindowThatIsInUse) {

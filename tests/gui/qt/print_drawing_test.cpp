@@ -3,6 +3,7 @@
 #include <QProcess>
 
 #include "core/project/project_state.h"
+#include "core/report/print_engine.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/folders.h"
 #include "qt/print/qt_printer.h"
@@ -222,6 +223,73 @@ TEST_F(NamedByTheUser, ACancelledQuestionStartsNoJob) {
     Host.Dialogs.FileAnswers = {""};
     EXPECT_FALSE(Printer.StartDoc());
     EXPECT_EQ(Host.MainWindow.History, "1. Printing aborted\r\n");
+}
+
+TEST_F(NamedByTheUser, TheNameSaysWhatTheFileHolds) {
+    ProjectFileName = "/panels/Ridge 4.1 east.TKL";
+    const std::pair<PrintedMatter, std::string> names[] = {
+        {PrintedMatter::Anything, "/panels/Ridge 4.1 east.pdf"},
+        {PrintedMatter::Inputs, "/panels/Ridge 4.1 east_inputs.pdf"},
+        {PrintedMatter::Report, "/panels/Ridge 4.1 east_report.pdf"},
+        {PrintedMatter::Plan, "/panels/Ridge 4.1 east_plan.pdf"},
+        {PrintedMatter::Graph, "/panels/Ridge 4.1 east_graph.pdf"}};
+    for (const auto& [matter, name] : names) {
+        Printer.Announce(matter);
+        EXPECT_EQ(Printer.ProposedFile(), name);
+    }
+}
+
+TEST_F(NamedByTheUser, AFileChosenForAJobIsWrittenOnceWithoutAQuestion) {
+    Platform.Printer = &Printer;
+    ProjectFileName = "ridge.TKL";
+    Host.Dialogs.PrinterAnswers = {true};
+    Printer.Device().setOutputFileName(QString::fromStdString(PathTo("chosen.pdf")));
+    ChoosePrinter(PrintedMatter::Report, 264);
+    CommandGuard guard;
+    RunPrintJob(guard, "one\r\n", PrintedMatter::Report);
+    EXPECT_TRUE(Host.Dialogs.FileRequests.empty());
+    EXPECT_EQ(ReadBytes(PathTo("chosen.pdf")).substr(0, 5), "%PDF-");
+    Host.Dialogs.FileAnswers = {""};
+    RunPrintJob(guard, "two\r\n", PrintedMatter::Inputs);
+    ASSERT_EQ(Host.Dialogs.FileRequests.size(), 1u);
+    EXPECT_EQ(Host.Dialogs.FileRequests[0].file_name, "ridge_inputs.pdf");
+    Platform.Printer = nullptr;
+}
+
+TEST_F(NamedByTheUser, AFileChosenForAJobThatNeverCameIsNotAnotherJobs) {
+    Platform.Printer = &Printer;
+    Host.Dialogs.PrinterAnswers = {true};
+    Printer.Device().setOutputFileName(QString::fromStdString(PathTo("chosen.pdf")));
+    ChoosePrinter(PrintedMatter::Graph, 12);
+    Printer.Announce(PrintedMatter::Plan);
+    EXPECT_FALSE(Printer.StartDoc());
+    EXPECT_EQ(Host.Dialogs.FileRequests.size(), 1u);
+    Platform.Printer = nullptr;
+}
+
+TEST_F(NamedByTheUser, AFileChosenInPrinterSetupHoldsForTheRun) {
+    Platform.Printer = &Printer;
+    Host.Dialogs.PrinterAnswers = {true, true, false};
+    Printer.Device().setOutputFileName(QString::fromStdString(PathTo("run.pdf")));
+    SetUpPrinter();
+    CommandGuard guard;
+    RunPrintJob(guard, "one\r\n", PrintedMatter::Inputs);
+    EXPECT_EQ(ReadBytes(PathTo("run.pdf")).substr(0, 5), "%PDF-");
+    // A dialog starts from it; what is chosen there instead holds for its job alone.
+    Printer.Announce(PrintedMatter::Graph);
+    EXPECT_EQ(Printer.ProposedFile(), PathTo("run.pdf"));
+    Printer.Device().setOutputFileName(QString::fromStdString(PathTo("other.pdf")));
+    ChoosePrinter(PrintedMatter::Report, 264);
+    std::filesystem::remove(PathTo("run.pdf"));
+    RunPrintJob(guard, "two\r\n", PrintedMatter::Report);
+    EXPECT_EQ(ReadBytes(PathTo("other.pdf")).substr(0, 5), "%PDF-");
+    EXPECT_FALSE(std::filesystem::exists(PathTo("run.pdf")));
+    EXPECT_EQ(RaisedError([] { SetUpPrinter(); }), 32755);
+    Printer.Announce(PrintedMatter::Plan);
+    EXPECT_TRUE(Printer.StartDoc());
+    EXPECT_EQ(Printer.Device().outputFileName().toStdString(), PathTo("run.pdf"));
+    EXPECT_TRUE(Host.Dialogs.FileRequests.empty());
+    Platform.Printer = nullptr;
 }
 
 TEST_F(NamedByTheUser, OnPaperOfTheSizeChosen) {
