@@ -80,11 +80,10 @@ std::string BulkRun::ObjectLine(const std::string& file, const Outcome& outcome)
     object.Add("file", file);
     object.Add("ok", outcome.result.ok && outcome.error_number == 0);
     object.Add("messages", messages);
-    if (outcome.error_number != 0)
-        object.Add("error", Json{{"number", outcome.error_number}, {"text", outcome.error_text}});
+    if (outcome.error_number != 0) object.Append(ErrorMember(outcome.error_number, outcome.error_text));
     object.Append(outcome.result.keys);
     object.Add("schema", kSchemaVersion);
-    return object.Object() + '\n';
+    return object.Line();
 }
 
 void BulkRun::Report(const std::string& file, const Outcome& reported) {

@@ -3,6 +3,7 @@
 
 #include "cli/commands/bulk_run.h"
 #include "cli/commands/commands.h"
+#include "cli/output/project_json.h"
 #include "core/files/file_system.h"
 #include "core/messages/notify.h"
 #include "core/platform/message_box.h"

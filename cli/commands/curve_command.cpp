@@ -4,6 +4,7 @@
 #include "cli/commands/bulk_run.h"
 #include "cli/commands/commands.h"
 #include "cli/output/drawing.h"
+#include "core/files/csv_writer.h"
 #include "core/graphics/chart_model.h"
 #include "core/graphics/curve_export.h"
 #include "core/graphics/graph_setup.h"
@@ -38,24 +39,21 @@ std::vector<std::string> LegendNames(GraphFamily family) {
     return names;
 }
 
-std::string ColumnsJson() {
-    std::string columns = "[";
+JsonValues ColumnsJson() {
+    JsonValues columns;
     for (int column = 0; column <= CurveCount; ++column) {
-        columns += column == 0 ? "[" : ",[";
-        for (long row = 1; row <= CurvePoints; ++row) {
-            if (row > 1) columns += ',';
-            AppendNumber(columns, static_cast<double>(CurveData(column, row)));
-        }
-        columns += ']';
+        JsonValues values;
+        for (long row = 1; row <= CurvePoints; ++row) values.Add(static_cast<double>(CurveData(column, row)));
+        columns.Add(values);
     }
-    return columns + ']';
+    return columns;
 }
 
 void AddCurves(JsonMembers& keys, const CurveRequest& request, const ChartModel& chart) {
     const std::vector<std::string> names = LegendNames(request.family);
     keys.Add("CurveCount", CurveCount);
     keys.Add("CurvePoints", CurvePoints);
-    keys.AddWritten("CurveData", ColumnsJson());
+    keys.Add("CurveData", ColumnsJson());
     keys.Add("CurveNames", names);
     keys.Add("XAxisTitle", chart.AxisTitle(ChartAxis::X));
     keys.Add("YAxisTitle", chart.AxisTitle(ChartAxis::Y));
@@ -65,12 +63,11 @@ void AddCurves(JsonMembers& keys, const CurveRequest& request, const ChartModel&
     keys.Add("units", units);
 }
 
-// The names of the columns, with their unit where they have one.
-std::vector<std::string> ColumnNames(GraphFamily family) {
+// The names of the curves, with their unit where they have one and it is asked for.
+std::vector<std::string> ColumnNames(GraphFamily family, bool bare) {
     std::vector<std::string> names = LegendNames(family);
-    const std::string unit = CurveUnit(family);
-    for (std::string& name : names)
-        if (!unit.empty()) name += " (" + unit + ")";
+    if (!bare)
+        for (std::string& name : names) name = TitleWithUnit(name, CurveUnit(family));
     return names;
 }
 
@@ -78,13 +75,14 @@ std::vector<std::string> ColumnNames(GraphFamily family) {
 // row.
 class CurveCsv {
   public:
-    explicit CurveCsv(bool one_table) : one_table_(one_table) {}
+    CurveCsv(bool one_table, bool bare_header) : one_table_(one_table), bare_header_(bare_header) {}
 
     // The curve table as it stands. Nothing, told by a message, for a project whose unit system is not that
     // of the table's first.
-    std::optional<std::string> Of(const std::string& file, const std::string& x_name, GraphFamily family) {
-        if (!one_table_) return CurveTableCsv(x_name, ColumnNames(family));
-        const std::string csv = CurveTableCsv(x_name, ColumnNames(family), file);
+    std::optional<std::string> Of(const std::string& file, const std::string& x_title, GraphFamily family) {
+        const std::string x_name = bare_header_ ? TakenApart(x_title).name : x_title;
+        if (!one_table_) return CurveTableCsv(x_name, ColumnNames(family, bare_header_));
+        const std::string csv = CurveTableCsv(x_name, ColumnNames(family, bare_header_), file);
         if (!unit_system_) {
             unit_system_ = UnitSystem;
             return csv;
@@ -99,6 +97,7 @@ class CurveCsv {
 
   private:
     bool one_table_;
+    bool bare_header_;
     std::optional<int16_t> unit_system_;
 };
 
@@ -148,6 +147,7 @@ class Curve : public Command {
                       .required = true,
                       .choices = {"sf-height", "sf-depth", "sf-hole", "web", "barrier"}},
                      kind_);
+        AddBareHeader(options, bare_header_);
         AddFiles(options, options_, "Write the curve: .csv, .xlsx, .png, .svg, .pdf or .json, or a folder",
                  {"csv", "xlsx", "png", "svg", "pdf", "json"});
     }
@@ -157,12 +157,13 @@ class Curve : public Command {
         if (target.IsDrawn()) TheDrawing();
         BulkRun run(options_, host, target);
         const CurveRequest request = RequestOf(kind_);
-        CurveCsv table(!options_.json && run.ProjectsGoTogether());
+        CurveCsv table(!options_.json && run.ProjectsGoTogether(), bare_header_);
         return run.Run([&](const std::string& file) { return CurveOf(file, request, target, table); });
     }
 
   private:
     std::string kind_;
+    bool bare_header_ = false;
 };
 
 }  // namespace

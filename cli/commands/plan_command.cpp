@@ -4,8 +4,8 @@
 #include "cli/commands/bulk_run.h"
 #include "cli/commands/commands.h"
 #include "cli/output/drawing.h"
+#include "core/files/csv_writer.h"
 #include "core/graphics/TarvoGraf.h"
-#include "core/graphics/curve_export.h"
 #include "core/graphics/recording_surface.h"
 #include "core/project/input_check.h"
 #include "core/project/parameter_texts.h"
@@ -50,33 +50,27 @@ void Draw(const PlanRequest& request, DrawingSurface& surface) {
         DrawPanelPlot(surface);
 }
 
-std::string LinesJson(const RecordingSurface& surface) {
-    std::string lines = "[";
+JsonValues LinesJson(const RecordingSurface& surface) {
+    JsonValues lines;
     for (const auto& line : surface.Lines) {
-        char before = '[';
-        if (lines.size() > 1) lines += ',';
-        for (const double value : {line.x1, line.y1, line.x2, line.y2}) {
-            lines += before;
-            AppendNumber(lines, value);
-            before = ',';
-        }
-        lines += ']';
+        JsonValues ends;
+        for (const double value : {line.x1, line.y1, line.x2, line.y2}) ends.Add(value);
+        lines.Add(ends);
     }
-    return lines + ']';
+    return lines;
 }
 
-std::string TextsJson(const RecordingSurface& surface) {
-    std::string texts = "[";
+JsonValues TextsJson(const RecordingSurface& surface) {
+    JsonValues texts;
     for (const auto& text : surface.Texts) {
         JsonMembers members;
         members.Add("text", text.text);
         members.Add("x", text.x);
         members.Add("y", text.y);
         members.Add("rotated", text.rotated);
-        if (texts.size() > 1) texts += ',';
-        texts += members.Object();
+        texts.Add(members);
     }
-    return texts + ']';
+    return texts;
 }
 
 std::string LengthUnit() {
@@ -86,26 +80,38 @@ std::string LengthUnit() {
 void AddPlan(JsonMembers& keys, const RecordingSurface& surface) {
     keys.Add("PlotWidth", static_cast<double>(PlotWidth));
     keys.Add("PlotHeight", static_cast<double>(PlotHeight));
-    keys.AddWritten("lines", LinesJson(surface));
-    keys.AddWritten("texts", TextsJson(surface));
+    keys.Add("lines", LinesJson(surface));
+    keys.Add("texts", TextsJson(surface));
     JsonMembers units;
     for (const char* key : {"PlotWidth", "PlotHeight", "lines", "texts"}) units.Add(key, LengthUnit());
     keys.Add("units", units);
 }
 
-// The corners for programs, one pillar a line.
+// The corners for programs, one line per pillar.
 std::string CornerCsv(const std::string& file, bool with_header) {
-    std::string csv = with_header ? "File,Pillar,Kind,Unit,X1,Y1,X2,Y2,X3,Y3,X4,Y4\n" : "";
+    std::string csv;
+    CsvWriter line(csv);
+    if (with_header) {
+        for (const char* title :
+             {"File", "Pillar", "Kind", "Unit", "X1", "Y1", "X2", "Y2", "X3", "Y3", "X4", "Y4"})
+            line.AddTitle(title);
+        line.EndLine();
+    }
     for (int i = 1; i <= PreviewRecord.NumberHoles; ++i) {
-        csv += CsvField(file) + ',' + GeneralText(i) + (i == 1 ? ",Barrier," : ",Web,") + LengthUnit();
-        for (int corner = 1; corner <= 4; ++corner)
-            csv += ',' + GeneralText(CornerX[corner][i]) + ',' + GeneralText(CornerY[corner][i]);
-        csv += '\n';
+        line.AddText(file);
+        line.AddDigits(GeneralText(i));
+        line.AddText(i == 1 ? "Barrier" : "Web");
+        line.AddText(LengthUnit());
+        for (int corner = 1; corner <= 4; ++corner) {
+            line.AddDigits(GeneralText(CornerX[corner][i]));
+            line.AddDigits(GeneralText(CornerY[corner][i]));
+        }
+        line.EndLine();
     }
     return csv;
 }
 
-// A table of the corners, one pillar a line.
+// A table of the corners, one line per pillar.
 std::string CornerTable() {
     std::string table = "Pillar  X1  Y1  X2  Y2  X3  Y3  X4  Y4\n";
     for (int i = 1; i <= PreviewRecord.NumberHoles; ++i) {

@@ -2,6 +2,7 @@
 #include "cli/commands/bulk_run.h"
 #include "cli/commands/commands.h"
 #include "cli/output/drawing.h"
+#include "cli/output/project_json.h"
 #include "core/project/input_check.h"
 #include "core/project/project_file.h"
 #include "core/project/stability_analysis.h"

@@ -12,6 +12,7 @@
 #include "cli/output/output_target.h"
 #include "cli/output/row_sink.h"
 #include "cli/output/study_rows.h"
+#include "core/files/csv_writer.h"
 #include "core/statistics/study_numbers.h"
 #include "core/studies/risk_study.h"
 #include "core/studies/study_names.h"
@@ -118,71 +119,81 @@ std::string RiskText(const RiskRequest& request, const RiskResult& result, const
     return text;
 }
 
-Json BelowJson(const BelowTarget& below) {
-    return Json{{"target", NumberJson(below.target)},
-                {"probability", NumberJson(below.share.value)},
-                {"low", NumberJson(below.share.low)},
-                {"high", NumberJson(below.share.high)}};
+JsonMembers BelowJson(const BelowTarget& below) {
+    JsonMembers object;
+    object.Add("target", below.target);
+    object.Add("probability", below.share.value);
+    object.Add("low", below.share.low);
+    object.Add("high", below.share.high);
+    return object;
 }
 
-Json FactorJson(const RiskRequest& request, const FactorRisk& risk) {
-    Json object;
-    object["mean"] = NumberJson(risk.moments.mean);
-    object["standard_deviation"] = NumberJson(risk.moments.standard_deviation);
-    Json quantiles = Json::object();
+JsonMembers FactorJson(const RiskRequest& request, const FactorRisk& risk) {
+    JsonMembers quantiles;
     for (std::size_t i = 0; i < kRiskShares.size(); ++i) {
         std::string key;
         AppendShortest(key, kRiskShares[i]);
-        quantiles[key] = NumberJson(risk.quantiles[i]);
+        quantiles.Add(key, risk.quantiles[i]);
     }
-    object["quantiles"] = std::move(quantiles);
-    object["below"] = Json::array();
-    for (const BelowTarget& below : risk.below) object["below"].push_back(BelowJson(below));
-    Json ranks = Json::object();
+    JsonValues targets;
+    for (const BelowTarget& below : risk.below) targets.Add(BelowJson(below));
+    JsonMembers ranks;
     for (std::size_t field = 0; field < request.fields.size(); ++field)
-        ranks[NameOfField(request.fields[field].field)] = NumberJson(risk.rank_correlation[field]);
-    object["rank_correlation"] = std::move(ranks);
+        ranks.Add(NameOfField(request.fields[field].field), risk.rank_correlation[field]);
+    JsonMembers object;
+    object.Add("mean", risk.moments.mean);
+    object.Add("standard_deviation", risk.moments.standard_deviation);
+    object.Add("quantiles", quantiles);
+    object.Add("below", targets);
+    object.Add("rank_correlation", ranks);
     return object;
 }
 
-Json RiskJson(const RiskRequest& request, const RiskResult& result, const std::string& file,
-              const Panel& project) {
-    Json object{{"file", file}, {"ok", result.refused < request.samples}, {"messages", result.refusals}};
-    object["samples"] = request.samples;
-    object["seed"] = request.seed;
-    object["method"] = request.latin ? "latin-hypercube" : "plain";
-    object["refused"] = result.refused;
-    object["refused_share"] = NumberJson(static_cast<double>(result.refused) / request.samples);
-    Json random = Json::object();
-    Json units = Json::object();
+JsonMembers RiskJson(const RiskRequest& request, const RiskResult& result, const std::string& file,
+                     const Panel& project) {
+    JsonMembers random;
+    JsonMembers units;
     for (const RandomField& one : request.fields) {
-        random[NameOfField(one.field)] = one.distribution->Text();
+        random.Add(NameOfField(one.field), one.distribution->Text());
         if (const std::string unit = UnitOfField(one.field, project.units); !unit.empty())
-            units[NameOfField(one.field)] = unit;
+            units.Add(NameOfField(one.field), unit);
     }
-    object["random"] = std::move(random);
-    object["factors"] = Json::object();
+    JsonMembers factors;
     for (std::size_t factor = 0; factor < kFactors; ++factor)
-        object["factors"][kStudyFigures[factor].name] = FactorJson(request, result.risk[factor]);
-    object["units"] = std::move(units);
-    object["schema"] = kSchemaVersion;
+        factors.Add(kStudyFigures[factor].name, FactorJson(request, result.risk[factor]));
+    JsonMembers object;
+    object.Add("file", file);
+    object.Add("ok", result.refused < request.samples);
+    object.Add("messages", result.refusals);
+    object.Add("samples", request.samples);
+    object.Add("seed", request.seed);
+    object.Add("method", request.latin ? "latin-hypercube" : "plain");
+    object.Add("refused", result.refused);
+    object.Add("refused_share", static_cast<double>(result.refused) / request.samples);
+    object.Add("random", random);
+    object.Add("factors", factors);
+    object.Add("units", units);
+    object.Add("schema", kSchemaVersion);
     return object;
 }
 
-void WriteSamples(const RiskRequest& request, const RiskResult& result, RowSink& sink) {
+void WriteSamples(const RiskRequest& request, const RiskResult& result,
+                  const std::vector<std::string>& titles, RowSink& sink) {
     std::string text;
-    for (const RandomField& one : request.fields) text += std::string(NameOfField(one.field)) + ',';
-    text += "Overall,WebsOnly,BarrierPillar\r\n";
+    CsvWriter line(text);
+    for (const std::string& title : titles) line.AddTitle(title);
+    line.EndLine();
+    std::string digits;
+    const auto add = [&](double value) {
+        digits.clear();
+        AppendShortest(digits, value);
+        line.AddDigits(digits);
+    };
     constexpr std::size_t kEnough = 1 << 20;
     for (std::size_t sample = 0; sample < request.samples; ++sample) {
-        for (const auto& drawn : result.drawn) {
-            AppendShortest(text, drawn[sample]);
-            text += ',';
-        }
-        for (std::size_t factor = 0; factor < kFactors; ++factor) {
-            AppendShortest(text, result.factors[factor][sample]);
-            text += factor + 1 < kFactors ? "," : "\r\n";
-        }
+        for (const auto& drawn : result.drawn) add(drawn[sample]);
+        for (const auto& factor : result.factors) add(factor[sample]);
+        line.EndLine();
         if (text.size() < kEnough) continue;
         sink.Write(text);
         text.clear();
@@ -210,6 +221,7 @@ class Risk : public StudyCommand {
 
   private:
     RiskRequest RequestFor(const Panel& project) const;
+    std::vector<std::string> SampleTitles(const RiskRequest& request) const;
     void Write(const OutputTarget& target, const RiskRequest& request, const RiskResult& result,
                const Panel& project) const;
 
@@ -219,6 +231,7 @@ class Risk : public StudyCommand {
     std::string seed_;
     bool plain_ = false;
     std::string samples_out_;
+    bool bare_header_ = false;
 };
 
 void Risk::Describe(CommandOptions& options) {
@@ -251,6 +264,7 @@ void Risk::Describe(CommandOptions& options) {
                   .value = "FILE.csv",
                   .refusal = WhyEmpty},
                  samples_out_);
+    AddBareHeader(options, bare_header_);
 }
 
 RiskRequest Risk::RequestFor(const Panel& project) const {
@@ -272,9 +286,19 @@ RiskRequest Risk::RequestFor(const Panel& project) const {
     return request;
 }
 
+std::vector<std::string> Risk::SampleTitles(const RiskRequest& request) const {
+    std::vector<std::string> titles;
+    for (const RandomField& one : request.fields) {
+        const char* const unit = UnitOfField(one.field, request.panel.units);
+        titles.push_back(TitleWithUnit(NameOfField(one.field), bare_header_ ? "" : unit));
+    }
+    for (const StudyFigure& factor : FactorFigures()) titles.emplace_back(factor.name);
+    return titles;
+}
+
 void Risk::Write(const OutputTarget& target, const RiskRequest& request, const RiskResult& result,
                  const Panel& project) const {
-    const std::string json = JsonLine(RiskJson(request, result, Project(), project));
+    const std::string json = RiskJson(request, result, Project(), project).Line();
     const std::string path = target.PathFor(Project());
     if (target.Format() == ".json")
         target.WriteBytes(path, json);
@@ -293,11 +317,12 @@ int Risk::Study(HeadlessPlatform& host) {
     const RiskRequest request = RequestFor(project);
     if (target.ToFile()) target.Prepare(target.PathFor(Project()));
     const RiskResult result = OfOption("--correlate", [&] { return RunRisk(request); });
-    if (!samples_out_.empty()) WriteSamples(request, result, *OpenFileSink(samples_out_, options_.force));
+    if (!samples_out_.empty())
+        WriteSamples(request, result, SampleTitles(request), *OpenFileSink(samples_out_, options_.force));
     Write(target, request, result, project);
-    if (result.refused == request.samples)
-        throw DataError{Project() + ": every sample was refused: " + result.refusals.front()};
-    return exit_status::Done;
+    if (result.refused < request.samples) return exit_status::Done;
+    std::cerr << Project() << ": every sample was refused: " << result.refusals.front() << '\n';
+    return exit_status::Refused;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/bulk_run.h"
 #include "cli/commands/commands.h"
+#include "cli/output/project_json.h"
 
 namespace tarvokol::cli {
 namespace {

@@ -16,20 +16,24 @@ std::string ReadName(const KeyRule& rule) {
     return Trim(rule.read_name);
 }
 
-Json ValueJson(const KeyRule& rule) {
-    if (auto* const* number = std::get_if<int16_t*>(&rule.value)) return **number;
-    if (auto* const* single = std::get_if<float*>(&rule.value))
-        return NumberJson(static_cast<double>(**single));
-    return *std::get<std::string*>(rule.value);
+void AddValue(JsonMembers& keys, const KeyRule& rule) {
+    const std::string name = ReadName(rule);
+    if (auto* const* number = std::get_if<int16_t*>(&rule.value))
+        keys.Add(name, **number);
+    else if (auto* const* single = std::get_if<float*>(&rule.value))
+        keys.Add(name, static_cast<double>(**single));
+    else
+        keys.Add(name, *std::get<std::string*>(rule.value));
 }
 
 std::string SettingsJson() {
-    Json sections = Json::object();
+    JsonMembers sections;
     for (int selector = section::First; selector <= section::Last; ++selector) {
-        Json& keys = sections[SectionName(selector)] = Json::object();
-        for (const KeyRule& rule : KeysOf(selector)) keys[ReadName(rule)] = ValueJson(rule);
+        JsonMembers keys;
+        for (const KeyRule& rule : KeysOf(selector)) AddValue(keys, rule);
+        sections.Add(SectionName(selector), keys);
     }
-    return JsonLine(sections);
+    return sections.Line();
 }
 
 // One line a key for people, fractions as a single's general text.

@@ -25,10 +25,10 @@ FileResult SizesOf(const std::string& file) {
     result.keys.Add("txtSugWeb", sizes.txtSugWeb);
     result.keys.Add("txtSugBarrier", sizes.txtSugBarrier);
     const std::string unit = UnitSystem == 0 ? "ft" : "in";
-    result.keys.Add("units", Json{{"SuggestedWeb", "in"},
-                                  {"SuggestedBarrier", "in"},
-                                  {"txtSugWeb", unit},
-                                  {"txtSugBarrier", unit}});
+    JsonMembers units;
+    for (const char* raw : {"SuggestedWeb", "SuggestedBarrier"}) units.Add(raw, "in");
+    for (const char* text : {"txtSugWeb", "txtSugBarrier"}) units.Add(text, unit);
+    result.keys.Add("units", units);
     result.text = file + ": Suggested web thickness " + sizes.txtSugWeb + " " + unit +
                   ", suggested barrier thickness " + sizes.txtSugBarrier + " " + unit + "\n";
     if (UnitSystem != 0) result.comment = SuggestedUnitNote();

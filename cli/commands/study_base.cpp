@@ -10,13 +10,16 @@
 
 #include "cli/commands/bulk_run.h"
 #include "cli/line/settings_file.h"
+#include "cli/output/json.h"
 #include "cli/output/output_target.h"
 #include "core/files/csv_reader.h"
 #include "core/files/descriptor.h"
 #include "core/program/start_up.h"
+#include "core/project/parameter_texts.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/runtime/run_time_error.h"
+#include "core/settings/unit_system.h"
 #include "core/statistics/study_numbers.h"
 #include "core/studies/study_names.h"
 
@@ -62,10 +65,11 @@ void StudyCommand::AddStudy(CommandOptions& options, const std::string& output_h
     options.Text({.spelling = "PROJECT", .help = "The project to start from", .required = true}, project_);
 }
 
-void StudyCommand::AddSizes(CommandOptions& options) {
+void StudyCommand::AddRowOptions(CommandOptions& options) {
     options.Flag(
         {.spelling = "--size", .help = "The suggested sizes, too: SuggestedWeb and SuggestedBarrier, inches"},
         sizes_);
+    AddBareHeader(options, bare_header_);
 }
 
 unsigned StudyCommand::Threads() const {
@@ -80,21 +84,37 @@ Panel StudyCommand::ReadProject(HeadlessPlatform& host) const {
         ReadConfiguration(options_.settings);
         if (OpenProject(project_)) return {ProjectRecord, ProjectUnits()};
     } catch (const RunTimeError& error) {
-        throw DataError{project_ + ": " + error.text};
+        throw DataError{project_ + ": " + error.text, {}, error.number, error.text};
     }
-    const auto& shown = host.Messages.Shown;
-    throw DataError{project_ + ": " + (shown.empty() ? "is no project" : shown.front().message)};
+    DataError refusal{project_ + ": is no project"};
+    for (const BoxRequest& box : host.Messages.Shown) refusal.messages.push_back(box.message);
+    if (!refusal.messages.empty()) refusal.line = project_ + ": " + refusal.messages.front();
+    throw refusal;
 }
 
 RowJob StudyCommand::JobFor(const Panel& project) const {
-    return {project, project_, Title(), sizes_, Threads(), options_.quiet};
+    if (sizes_ && UnitSystem != 0) std::cerr << project_ << ": " << SuggestedUnitNote() << '\n';
+    return {project, project_, Title(), sizes_, bare_header_, Threads(), options_.quiet};
 }
 
 std::string StudyCommand::Title() const {
     return ProjectTitle.empty() ? project_ : ProjectTitle;
 }
 
-int StudyCommand::Run(HeadlessPlatform& host) {
+// With --json the failure is an object for the project. A file of objects is left as it was, as one of another form is.
+int StudyCommand::TellFailure(const DataError& error) const {
+    if (!options_.json) return Tell(error.line, exit_status::Refused);
+    JsonMembers object;
+    object.Add("file", project_);
+    object.Add("ok", false);
+    object.Add("messages", error.messages);
+    if (error.error_number != 0) object.Append(ErrorMember(error.error_number, error.error_text));
+    object.Add("schema", kSchemaVersion);
+    std::cout << object.Line();
+    return exit_status::Refused;
+}
+
+int StudyCommand::Attempt(HeadlessPlatform& host) {
     try {
         return Study(host);
     } catch (const StudyShortage& shortage) {
@@ -102,9 +122,15 @@ int StudyCommand::Run(HeadlessPlatform& host) {
     } catch (const StudyRefusal& refusal) {
         throw UsageError{refusal.what()};
     } catch (const DataError& error) {
-        return Tell(error.text, exit_status::Refused);
+        return TellFailure(error);
     } catch (const TableFault& fault) {
-        return Tell(fault.what(), exit_status::Refused);
+        return TellFailure({fault.what(), {fault.what()}});
+    }
+}
+
+int StudyCommand::Run(HeadlessPlatform& host) {
+    try {
+        return Attempt(host);
     } catch (const OutputError& error) {
         return Tell(error.text, exit_status::NotWritten);
     } catch (const RunTimeError& error) {
@@ -129,7 +155,8 @@ void RequireReadableFile(const std::string& path) {
     try {
         const Descriptor file(path, O_RDONLY);
     } catch (const RunTimeError& error) {
-        throw DataError{path + ": " + error.text};
+        const std::string line = path + ": " + error.text;
+        throw DataError{line, {line}};
     }
 }
 

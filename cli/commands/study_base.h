@@ -11,9 +11,12 @@
 
 namespace tarvokol::cli {
 
-// Data that a study cannot use; told in one line, exit status 1.
+// Data that a study cannot use, exit status 1: a line on standard error or, as JSON, an object without figures.
 struct DataError {
-    std::string text;
+    std::string line;
+    std::vector<std::string> messages{};  // of the object
+    int error_number = 0;  // the run-time error that ended the reading of the project, if one did
+    std::string error_text{};
 };
 
 // How the rows of a study are calculated and told.
@@ -22,6 +25,7 @@ struct RowJob {
     std::string file;    // the path of the project as given
     std::string title;   // of pictures
     bool sizes = false;  // suggested sizes, too
+    bool bare_header = false;
     unsigned threads = 1;
     bool quiet = false;  // no progress
 };
@@ -42,14 +46,15 @@ class StudyCommand : public Command {
     // The options that every study has, and the argument PROJECT.
     void AddStudy(CommandOptions& options, const std::string& output_help,
                   const std::vector<std::string>& formats);
-    // --size.
-    void AddSizes(CommandOptions& options);
+    // --size and --bare-header, for the studies that write rows.
+    void AddRowOptions(CommandOptions& options);
 
     // The project, read as every FILE is: into a fresh program, with the settings named. Raises DataError with what the
     // program says of a file that it refuses or cannot read.
     Panel ReadProject(HeadlessPlatform& host) const;
 
-    // The rows of the project that was read.
+    // The rows of the project that was read. Says on standard error where suggested sizes stand in another unit than the
+    // project's lengths.
     RowJob JobFor(const Panel& project) const;
 
     // Once the project is read: its own title, else its path.
@@ -60,9 +65,13 @@ class StudyCommand : public Command {
     const std::string& Project() const { return project_; }
 
   private:
+    int Attempt(HeadlessPlatform& host);
+    int TellFailure(const DataError& error) const;
+
     std::string project_;
     std::string threads_;  // empty: one per core
     bool sizes_ = false;
+    bool bare_header_ = false;
 };
 
 // A field and what an option gives it: "Height=1:3:1".

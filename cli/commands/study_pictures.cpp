@@ -45,20 +45,27 @@ auto Drawable(Work work) {
     try {
         return work();
     } catch (const StudyRefusal& refusal) {
-        throw DataError{refusal.what()};
+        throw DataError{refusal.what(), {refusal.what()}};
     }
 }
 
-void DrawCurves(const SweepRequest& request, const RowJob& job, const std::string& figure_name,
+// What is left to do with a picture that was calculated, and whether a panel of it was refused.
+template <typename Picture>
+bool Draw(const std::optional<Picture>& picture, const std::string& path) {
+    if (!picture) return false;
+    TheDrawing().DrawStudy(path, *picture);
+    return picture->any_refused;
+}
+
+bool DrawCurves(const SweepRequest& request, const RowJob& job, const std::string& figure_name,
                 const std::string& path) {
     const StudyFigure& asked = FigureOf(figure_name, job.sizes);
     const auto figures = figure_name.empty() ? FactorFigures() : std::span(&asked, 1);
     PictureProgress progress(job.quiet);
-    if (const auto picture = Drawable([&] { return CurvesOf(request, figures, job.title, progress); }))
-        TheDrawing().DrawStudy(path, *picture);
+    return Draw(Drawable([&] { return CurvesOf(request, figures, job.title, progress); }), path);
 }
 
-void DrawMap(const SweepRequest& request, const RowJob& job, const std::string& figure_name,
+bool DrawMap(const SweepRequest& request, const RowJob& job, const std::string& figure_name,
              const std::string& path) {
     const StudyFigure& figure = FigureOf(figure_name, job.sizes);
     const ValueAxis& x = request.axes[0];
@@ -68,8 +75,7 @@ void DrawMap(const SweepRequest& request, const RowJob& job, const std::string& 
         throw UsageError{"-o: a map of more than " + std::to_string(kMostMapCells) +
                          " panels; give larger steps"};
     PictureProgress progress(job.quiet);
-    if (const auto picture = Drawable([&] { return MapOf(request, figure, job.title, progress); }))
-        TheDrawing().DrawStudy(path, *picture);
+    return Draw(Drawable([&] { return MapOf(request, figure, job.title, progress); }), path);
 }
 
 }  // namespace
@@ -78,16 +84,14 @@ void CheckFigure(const std::string& figure, bool sizes) {
     FigureOf(figure, sizes);
 }
 
-void DrawSweep(const SweepRequest& request, const RowJob& job, const std::string& figure,
+bool DrawSweep(const SweepRequest& request, const RowJob& job, const std::string& figure,
                const std::string& path) {
     if (request.axes.size() > 2)
         throw UsageError{"-o: a picture shows one field (curves) or two (a map), not " +
                          std::to_string(request.axes.size()) +
                          "; write .csv, .json or .xlsx, or vary fewer fields"};
-    if (request.axes.size() == 1)
-        DrawCurves(request, job, figure, path);
-    else
-        DrawMap(request, job, figure, path);
+    if (request.axes.size() == 1) return DrawCurves(request, job, figure, path);
+    return DrawMap(request, job, figure, path);
 }
 
 void DrawRisk(const RiskRequest& request, const RiskResult& result, const std::string& title,

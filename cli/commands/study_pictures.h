@@ -14,8 +14,8 @@ namespace tarvokol::cli {
 void CheckFigure(const std::string& figure, bool sizes);
 
 // Draws a sweep of one or two fields, of two the figure named; empty stands for the default. Raises UsageError for more
-// fields, for a map whose axis has fewer than two values, and OutputError.
-void DrawSweep(const SweepRequest& request, const RowJob& job, const std::string& figure,
+// fields, for a map whose axis has fewer than two values, and OutputError. True if a panel was refused.
+bool DrawSweep(const SweepRequest& request, const RowJob& job, const std::string& figure,
                const std::string& path);
 
 // Draws histogram and cumulative curve of each factor, its targets marked.

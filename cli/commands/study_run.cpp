@@ -34,8 +34,8 @@ class SpareTexts {
     std::vector<std::string> texts_;
 };
 
-void TellUnits(const RowJob& job, const std::vector<LeadingColumn>& columns) {
-    if (!job.quiet) std::cerr << "Units: " << UnitsInWords(columns, job.sizes) << '\n';
+RowLayout LayoutOf(const RowStudy& study, const RowJob& job) {
+    return {study.columns, job.sizes, job.bare_header, study.is_table};
 }
 
 // The text of one piece, written in the thread that calculates it.
@@ -44,15 +44,20 @@ class TextTaker : public RowTaker {
     TextTaker(const RowWriter& writer, std::unique_ptr<LeadingCells> cells, std::string text)
         : writer_(writer), cells_(std::move(cells)), text_(std::move(text)) {}
 
-    void Take(const StudyRow& row) override { writer_.Append(text_, cells_->Of(row), row.figures, texts_); }
+    void Take(const StudyRow& row) override {
+        if (row.figures.refused) ++refused_;
+        writer_.Append(text_, cells_->Of(row), row.figures, texts_);
+    }
 
     std::string& Text() { return text_; }
+    std::uint64_t Refused() const { return refused_; }
 
   private:
     const RowWriter& writer_;
     std::unique_ptr<LeadingCells> cells_;
     FigureTexts texts_;
     std::string text_;
+    std::uint64_t refused_ = 0;
 };
 
 // Writes the rows as they come.
@@ -70,7 +75,9 @@ class TextRows : public RowObserver {
     }
 
     bool End(RowTaker& taker) override {
-        std::string& text = static_cast<TextTaker&>(taker).Text();
+        auto& taken = static_cast<TextTaker&>(taker);
+        refused_ += taken.Refused();
+        std::string& text = taken.Text();
         // The header waits for the first rows: a table whose first lines are at fault writes nothing.
         if (!header_.empty()) text.insert(0, std::exchange(header_, ""));
         const bool read_on = sink_.Write(text);
@@ -86,6 +93,8 @@ class TextRows : public RowObserver {
     // What is left where there was no row.
     bool WriteHeader() { return header_.empty() || sink_.Write(header_); }
 
+    std::uint64_t Refused() const { return refused_; }
+
   private:
     const RowStudy& study_;
     const RowWriter& writer_;
@@ -93,13 +102,14 @@ class TextRows : public RowObserver {
     ProgressBar bar_;
     SpareTexts spare_;
     std::string header_;
+    std::uint64_t refused_ = 0;
 };
 
 int WriteTextRows(const RowStudy& study, const RowJob& job, RowFormat format, RowSink& sink) {
-    const RowWriter writer(format, job.file, study.columns, job.sizes);
+    const RowWriter writer(format, job.file, LayoutOf(study, job));
     TextRows rows(study, job, writer, sink);
     if (study.run(rows) && rows.WriteHeader()) sink.Finish();
-    return exit_status::Done;
+    return StatusOfRows(rows.Refused());
 }
 
 // Rows of a sheet, the header included.
@@ -110,41 +120,41 @@ constexpr std::uint64_t kMostSheetRows = 1048576;
                      std::to_string(kMostSheetRows) + " of a sheet; write .csv or .json"};
 }
 
-void AddSheetRow(RowSheet& book, std::span<const LeadingCell* const> leading, const PanelFigures& figures,
-                 bool sizes) {
-    for (const LeadingCell* cell : leading) {
-        if (cell->number)
-            book.AddNumber(WholeNumber(cell->text).value_or(std::numeric_limits<double>::quiet_NaN()));
-        else
-            book.AddText(cell->text);
-    }
-    for (const StudyFigure& figure : StudyFigures(sizes)) book.AddNumber(figures.*figure.value);
+// The cells of a row in the order of the titles.
+void AddSheetRow(RowSheet& book, const RowLayout& layout, std::span<const LeadingCell* const> leading,
+                 const PanelFigures& figures) {
+    for (std::size_t i = 0; i < leading.size(); ++i)
+        if (!layout.leading[i].carried)
+            book.AddNumber(WholeNumber(leading[i]->text).value_or(std::numeric_limits<double>::quiet_NaN()));
+    for (const StudyFigure& figure : StudyFigures(layout.sizes)) book.AddNumber(figures.*figure.value);
     book.AddText(figures.message);
+    for (std::size_t i = 0; i < leading.size(); ++i)
+        if (layout.leading[i].carried) book.AddText(leading[i]->text);
     book.EndRow();
 }
 
-void WriteWorkbook(const RowStudy& study, const RowJob& job, const std::string& path) {
+std::uint64_t WriteWorkbook(const RowStudy& study, const RowJob& job, const std::string& path) {
     if (study.total && *study.total >= kMostSheetRows) RefuseSheet(*study.total);
     const auto book = TheDrawing().RowWorkbook(path);
-    std::vector<std::string> titles;
-    for (const LeadingColumn& column : study.columns) titles.push_back(TitleWithUnit(column));
-    for (const std::string& title : FigureTitlesWithUnits(job.sizes)) titles.push_back(title);
-    book->AddTitles(titles);
+    const RowLayout layout = LayoutOf(study, job);
+    book->AddTitles(TitlesOf(layout));
     std::uint64_t rows = 1;
     const auto cells = study.cells();
     CollectedRows collected(job.quiet, study.total, [&](const StudyRow& row) {
         if (++rows > kMostSheetRows) RefuseSheet(rows - 1);
-        AddSheetRow(*book, cells->Of(row), row.figures, job.sizes);
+        AddSheetRow(*book, layout, cells->Of(row), row.figures);
     });
     study.run(collected);
     book->Finish();
+    return collected.Refused();
 }
 
 }  // namespace
 
 CollectedRows::CollectedRows(bool quiet, std::optional<std::uint64_t> total,
                              std::function<void(const StudyRow&)> take)
-    : RowsInOrder([take = std::move(take)](const StudyRow& row) {
+    : RowsInOrder([this, take = std::move(take)](const StudyRow& row) {
+          if (row.figures.refused) ++refused_;
           take(row);
           return true;
       }),
@@ -155,13 +165,19 @@ bool CollectedRows::Progress(std::uint64_t done, std::optional<std::uint64_t>) {
     return true;
 }
 
+int StatusOfRows(std::uint64_t refused) {
+    return refused > 0 ? exit_status::Refused : exit_status::Done;
+}
+
 int WriteRows(const RowStudy& study, const RowJob& job, const RowTarget& target) {
     if (target.Kind() == RowTarget::Workbook) {
-        target.WriteDrawn([&](const std::string& path) { WriteWorkbook(study, job, path); });
-        return exit_status::Done;
+        std::uint64_t refused = 0;
+        target.WriteDrawn([&](const std::string& path) { refused = WriteWorkbook(study, job, path); });
+        return StatusOfRows(refused);
     }
     const auto sink = target.Open();
-    if (target.Kind() == RowTarget::Csv) TellUnits(job, study.columns);
+    if (target.Kind() == RowTarget::Csv && !job.quiet)
+        std::cerr << "Units: " << UnitsInWords(LayoutOf(study, job)) << '\n';
     return WriteTextRows(study, job, target.Kind() == RowTarget::Csv ? RowFormat::Csv : RowFormat::JsonLines,
                          *sink);
 }

@@ -18,7 +18,7 @@
 
 namespace tarvokol::cli {
 
-// Makes the cells in front of a row's figures, for one thread; they hold until the next row.
+// Makes the cells beside a row's figures, for one thread; they hold until the next row.
 class LeadingCells {
   public:
     virtual ~LeadingCells() = default;
@@ -28,6 +28,7 @@ class LeadingCells {
 // A study whose rows are to be written: its leading columns, the number of its rows where it is known, and how it runs.
 struct RowStudy {
     std::vector<LeadingColumn> columns;
+    bool is_table = false;  // brings columns of its own along
     std::optional<std::uint64_t> total;
     std::function<std::unique_ptr<LeadingCells>()> cells;
     std::function<bool(RowObserver&)> run;
@@ -37,14 +38,20 @@ struct RowStudy {
 // TableFault, OutputError, and what the study refuses.
 int WriteRows(const RowStudy& study, const RowJob& job, const RowTarget& target);
 
-// Hands the rows to a function in their order, with a progress line.
+// The exit status of a study of which so many rows were refused.
+int StatusOfRows(std::uint64_t refused);
+
+// Hands the rows to a function in their order, with a progress line, and counts those that were refused.
 class CollectedRows : public RowsInOrder {
   public:
     CollectedRows(bool quiet, std::optional<std::uint64_t> total, std::function<void(const StudyRow&)> take);
     bool Progress(std::uint64_t done, std::optional<std::uint64_t> total) override;
 
+    std::uint64_t Refused() const { return refused_; }
+
   private:
     ProgressBar bar_;
+    std::uint64_t refused_ = 0;
 };
 
 }  // namespace tarvokol::cli

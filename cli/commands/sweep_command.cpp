@@ -91,7 +91,7 @@ class Sweep : public StudyCommand {
     void Describe(CommandOptions& options) override {
         AddStudy(options, "Write rows (.csv, .json, .xlsx) or a picture (.png, .svg, .pdf)",
                  {"csv", "json", "xlsx", "png", "svg", "pdf"});
-        AddSizes(options);
+        AddRowOptions(options);
         options.Texts({.spelling = "--vary",
                        .help = "FIELD=FIRST:LAST:STEP, FIELD=FIRST:LAST/COUNT or FIELD=V1,V2,V3; once per "
                                "field, the last one given runs fastest",
@@ -126,8 +126,9 @@ class Sweep : public StudyCommand {
             const std::vector<TextAxis> axes(request.axes.begin(), request.axes.end());
             return WriteRows(StudyOf(request, axes), job, target);
         }
-        target.WriteDrawn([&](const std::string& path) { DrawSweep(request, job, figure_, path); });
-        return exit_status::Done;
+        bool refused = false;
+        target.WriteDrawn([&](const std::string& path) { refused = DrawSweep(request, job, figure_, path); });
+        return refused ? exit_status::Refused : exit_status::Done;
     }
 
   private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A table of panels: each row sets some fields of a project and carries the rest of its cells through.
+// A table of panels: each row sets some fields of a project and carries the rest of its cells along.
 #include <fstream>
 #include <iostream>
 #include <memory>
@@ -27,13 +27,12 @@ class TableCells : public LeadingCells {
     std::span<const LeadingCell* const> Of(const StudyRow& row) override {
         std::size_t value = 0;
         for (std::size_t i = 0; i < cells_.size(); ++i) {
-            LeadingCell& cell = cells_[i];
-            cell.number = columns_.Field(i).has_value();
-            cell.text.clear();
-            if (cell.number)
-                AppendShortest(cell.text, row.values[value++]);
+            std::string& text = cells_[i].text;
+            text.clear();
+            if (columns_.Field(i))
+                AppendShortest(text, row.values[value++]);
             else
-                cell.text = row.record->cells[i];
+                text = row.record->cells[i];
         }
         return pointers_;
     }
@@ -45,11 +44,11 @@ class TableCells : public LeadingCells {
 };
 
 // The columns of a table. Raises TableFault for a header that makes no table.
-TableColumns ColumnsOf(const CsvReader& reader, const std::string& name) {
+TableColumns ColumnsOf(const CsvReader& reader, const Panel& project) {
     try {
-        return TableColumns(reader.Header());
+        return {reader.Header(), project.units};
     } catch (const StudyRefusal& refusal) {
-        throw TableFault(name + ", line 1: " + refusal.what());
+        throw reader.FaultOfHeader(refusal.what());
     }
 }
 
@@ -59,17 +58,17 @@ void RequireSound(const CsvReader& reader, const TableColumns& columns, const Ta
 }
 
 // A table on the disk is read to its end before the first row is written, so that a fault in its last line
-// leaves nothing half-written behind.
-void CheckWholeFile(const std::string& path) {
+// leaves nothing half-written.
+void CheckWholeFile(const std::string& path, const Panel& project) {
     std::ifstream input(path, std::ios::binary);
     CsvReader reader(input, path);
-    const TableColumns columns = ColumnsOf(reader, path);
+    const TableColumns columns = ColumnsOf(reader, project);
     for (TableRow row; reader.Next(row);) RequireSound(reader, columns, row);
 }
 
 int WriteTable(std::istream& input, const std::string& name, const RowJob& job, const RowTarget& target) {
     CsvReader reader(input, name);
-    TableRequest request{job.project, ColumnsOf(reader, name), {}, {}, job.sizes, job.threads};
+    TableRequest request{job.project, ColumnsOf(reader, job.project), {}, {}, job.sizes, job.threads};
     request.rows = [&](TableRow& row) {
         if (!reader.Next(row)) return false;
         RequireSound(reader, request.columns, row);
@@ -80,11 +79,16 @@ int WriteTable(std::istream& input, const std::string& name, const RowJob& job, 
         const auto field = request.columns.Field(i);
         study.columns.push_back(
             field ? LeadingColumn{NameOfField(*field), UnitOfField(*field, job.project.units)}
-                  : LeadingColumn{request.columns.Title(i), ""});
+                  : LeadingColumn{request.columns.Title(i), "", true});
     }
+    study.is_table = true;
     study.cells = [&request] { return std::make_unique<TableCells>(request.columns); };
     study.run = [&request](RowObserver& observer) { return RunTable(request, observer); };
-    return WriteRows(study, job, target);
+    const int status = WriteRows(study, job, target);
+    const std::uint64_t blank = reader.BlankRows();
+    if (blank > 0 && !job.quiet)
+        std::cerr << name << ": " << blank << (blank == 1 ? " blank row" : " blank rows") << " skipped\n";
+    return status;
 }
 
 class Table : public StudyCommand {
@@ -96,7 +100,7 @@ class Table : public StudyCommand {
 
     void Describe(CommandOptions& options) override {
         AddStudy(options, "Write the rows: .csv, .json or .xlsx", {"csv", "json", "xlsx"});
-        AddSizes(options);
+        AddRowOptions(options);
         options.Text(
             {.spelling = "ROWS.csv",
              .help =
@@ -123,7 +127,7 @@ class Table : public StudyCommand {
         const RowJob job = JobFor(ReadProject(host));
         if (from_standard_input) return WriteTable(std::cin, "standard input", job, target);
         RequireReadableFile(rows_);
-        CheckWholeFile(rows_);
+        CheckWholeFile(rows_, job.project);
         std::ifstream input(rows_, std::ios::binary);
         return WriteTable(input, rows_, job, target);
     }

@@ -35,14 +35,14 @@ int UnitIndex(Quantity quantity, const std::string& unit) {
 
 // The boxes of the quantity, a line each or as an object.
 void Print(Quantity quantity, const std::vector<double>& values, bool json) {
-    Json object;
+    JsonMembers object;
     for (std::size_t i = 0; i < values.size(); ++i) {
         const std::string& caption = UnitBoxCaptions(quantity)[i];
         const std::string text = GeneralText(values[i]);
-        object[caption] = text;
+        object.Add(caption, text);
         if (!json) std::cout << caption << ": " << text << '\n';
     }
-    if (json) std::cout << JsonLine(object);
+    if (json) std::cout << object.Line();
 }
 
 class Units : public Command {
@@ -74,7 +74,7 @@ class Units : public Command {
             return exit_status::Done;
         } catch (const RunTimeError& error) {
             if (options_.json)
-                std::cout << JsonLine(Json{{"error", {{"number", error.number}, {"text", error.text}}}});
+                std::cout << ErrorMember(error.number, error.text).Line();
             else
                 std::cerr << value_ << ": " << error.text << '\n';
             return exit_status::Refused;

@@ -14,12 +14,12 @@
 
 #include "cli/line/arguments.h"
 #include "cli/line/build_name.h"
-#include "cli/line/nearest_word.h"
 #include "cli/line/settings_file.h"
 #include "cli/line/standard_input.h"
 #include "core/files/file_replacement.h"
 #include "core/files/os_errors.h"
 #include "core/files/unfinished_files.h"
+#include "core/runtime/nearest_word.h"
 #include "core/runtime/run_time_error.h"
 
 namespace tarvokol::cli {

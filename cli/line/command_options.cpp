@@ -6,7 +6,7 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/line/arguments.h"
-#include "cli/line/nearest_word.h"
+#include "core/runtime/nearest_word.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -98,6 +98,10 @@ void AddFiles(CommandOptions& command, Options& options, const std::string& outp
                    .help = "Projects; `-` alone reads their paths from standard input",
                    .required = true},
                   options.files);
+}
+
+void AddBareHeader(CommandOptions& command, bool& value) {
+    command.Flag({.spelling = "--bare-header", .help = "Names of columns without their units"}, value);
 }
 
 std::string WhyEmpty(const std::string& text) {

@@ -60,6 +60,9 @@ void AddOutput(CommandOptions& command, Options& options, const std::string& hel
 void AddFiles(CommandOptions& command, Options& options, const std::string& output_help,
               const std::vector<std::string>& formats);
 
+// --bare-header, for the commands that write the units of their columns into the header.
+void AddBareHeader(CommandOptions& command, bool& value);
+
 // For OptionFacts::refusal: an empty word is most often a variable of a script that nobody has set.
 std::string WhyEmpty(const std::string& text);
 

@@ -3,6 +3,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+
+#include <nlohmann/json.hpp>
 
 #include "core/runtime/text.h"
 #include "core/statistics/study_numbers.h"
@@ -53,7 +56,7 @@ void AppendEscaped(std::string& text, char c) {
 
 // Appends a text between quotes, stretch by stretch: most of a report stands as it is. False, with nothing
 // appended, for one that is not all ASCII.
-bool AppendQuotedAscii(std::string& json, const std::string& text) {
+bool AppendQuotedAscii(std::string& json, std::string_view text) {
     const auto stands_as_it_is = [](char c) { return c >= ' ' && c != '"' && c != '\\'; };
     const std::size_t before = json.size();
     json += '"';
@@ -74,52 +77,10 @@ bool AppendQuotedAscii(std::string& json, const std::string& text) {
 }
 
 // The library knows what is no UTF-8.
-void AppendText(std::string& json, const std::string& text) {
+void AppendText(std::string& json, std::string_view text) {
+    using Json = nlohmann::json;
     if (!AppendQuotedAscii(json, text))
         json += Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
-}
-
-void Append(std::string& text, const Json& value);
-
-void AppendObject(std::string& text, const Json& object) {
-    text += '{';
-    for (const auto& [key, value] : object.items()) {
-        if (text.back() != '{') text += ',';
-        AppendText(text, key);
-        text += ':';
-        Append(text, value);
-    }
-    text += '}';
-}
-
-void AppendArray(std::string& text, const Json& array) {
-    text += '[';
-    for (const Json& value : array) {
-        if (text.back() != '[') text += ',';
-        Append(text, value);
-    }
-    text += ']';
-}
-
-void Append(std::string& text, const Json& value) {
-    if (value.is_object())
-        AppendObject(text, value);
-    else if (value.is_array())
-        AppendArray(text, value);
-    else if (value.is_string())
-        AppendText(text, value.get_ref<const std::string&>());
-    else if (value.is_number_float())
-        AppendShortest(text, value.get<double>());  // the library's own form is now and then a digit longer
-    else
-        text += value.dump();
-}
-
-}  // namespace
-
-Json NumberJson(double value) {
-    if (!std::isfinite(value)) return nullptr;
-    if (IsWhole(value)) return static_cast<std::int64_t>(value);
-    return value;
 }
 
 void AppendNumber(std::string& text, double value) {
@@ -131,55 +92,45 @@ void AppendNumber(std::string& text, double value) {
         AppendShortest(text, value);
 }
 
-std::string JsonText(const std::string& text) {
-    std::string json;
-    AppendText(json, text);
-    return json;
-}
+}  // namespace
 
-std::string JsonLine(const Json& object) {
-    std::string line;
-    Append(line, object);
-    return line + "\n";
-}
-
-void JsonMembers::AddKey(std::string_view key) {
+void JsonValues::Separate() {
     if (!text_.empty()) text_ += ',';
-    text_ += '"';
-    text_ += key;
-    text_ += "\":";
 }
 
-void JsonMembers::Add(std::string_view key, double value) {
-    AddKey(key);
+void JsonValues::Add(double value) {
+    Separate();
     AppendNumber(text_, value);
 }
 
-void JsonMembers::Add(std::string_view key, const std::string& value) {
-    AddKey(key);
+void JsonValues::Add(std::string_view value) {
+    Separate();
     AppendText(text_, value);
 }
 
-void JsonMembers::Add(std::string_view key, const std::vector<std::string>& values) {
-    AddKey(key);
-    text_ += '[';
-    for (const std::string& value : values) {
-        if (&value != &values.front()) text_ += ',';
-        AppendText(text_, value);
-    }
-    text_ += ']';
+void JsonValues::Add(const JsonMembers& object) {
+    Separate();
+    text_ += object.Object();
 }
 
-void JsonMembers::Add(std::string_view key, const JsonMembers& object) {
-    AddKey(key);
-    text_ += '{';
-    text_ += object.text_;
-    text_ += '}';
+void JsonValues::Add(const JsonValues& array) {
+    Separate();
+    text_ += array.Array();
 }
 
-void JsonMembers::Add(std::string_view key, const Json& value) {
-    AddKey(key);
-    ::tarvokol::cli::Append(text_, value);
+JsonKey::JsonKey(std::string_view name) {
+    AppendText(written_, name);
+    written_ += ':';
+}
+
+void JsonMembers::Separate() {
+    if (!text_.empty()) text_ += ',';
+}
+
+void JsonMembers::AddKey(std::string_view key) {
+    Separate();
+    AppendText(text_, key);
+    text_ += ':';
 }
 
 void JsonMembers::AddWritten(std::string_view key, std::string_view value) {
@@ -187,45 +138,53 @@ void JsonMembers::AddWritten(std::string_view key, std::string_view value) {
     text_ += value;
 }
 
+void JsonMembers::Add(std::string_view key, double value) {
+    AddKey(key);
+    AppendNumber(text_, value);
+}
+
+void JsonMembers::Add(std::string_view key, std::string_view value) {
+    AddKey(key);
+    AppendText(text_, value);
+}
+
+void JsonMembers::Add(std::string_view key, const std::vector<std::string>& values) {
+    JsonValues array;
+    for (const std::string& value : values) array.Add(value);
+    Add(key, array);
+}
+
+void JsonMembers::Add(std::string_view key, const JsonMembers& object) {
+    AddKey(key);
+    text_.append(1, '{').append(object.text_).append(1, '}');
+}
+
+void JsonMembers::Add(std::string_view key, const JsonValues& array) {
+    AddWritten(key, array.Array());
+}
+
+void JsonMembers::AddDigits(const JsonKey& key, std::string_view digits) {
+    Separate();
+    text_ += key.written_;
+    text_ += digits.empty() ? "null" : digits;
+}
+
+void JsonMembers::AppendLine(std::string& lines) const {
+    lines.append(1, '{').append(text_).append("}\n");
+}
+
 void JsonMembers::Append(const JsonMembers& other) {
     if (!text_.empty() && !other.text_.empty()) text_ += ',';
     text_ += other.text_;
 }
 
-JsonMembers ProjectJson(const ProjectDocument& document) {
-    const PanelInputs& record = document.inputs;
-    JsonMembers members;
-    members.Add("UnitSystem", document.unit_system);
-    members.Add("ProjectTitle", document.title);
-    members.Add("ProjectDescription", document.description);
-    members.Add("Height", record.Height);
-    members.Add("DepthCover", record.DepthCover);
-    members.Add("HoleWidth", record.HoleWidth);
-    members.Add("CrosscutSpacing", record.CrosscutSpacing);
-    members.Add("CrosscutAngle", record.CrosscutAngle);
-    members.Add("WebThickness", record.WebThickness);
-    members.Add("BarrierPillarWidth", record.BarrierPillarWidth);
-    members.Add("NumberHoles", record.NumberHoles);
-    members.Add("CoalStrength", record.CoalStrength);
-    members.Add("UnitWeight", record.UnitWeight);
-    members.Add("AbutmentAngle", record.AbutmentAngle);
-    members.Add("SFWeb", static_cast<double>(record.SFWeb));
-    members.Add("SFBarrier", static_cast<double>(record.SFBarrier));
-    members.Add("SpareSingle", static_cast<double>(record.SpareSingle));
-    return members;
-}
-
-JsonMembers ProjectUnitsJson(int16_t unit_system) {
-    const bool english = unit_system == 0;
-    JsonMembers units;
-    for (const char* length : {"Height", "DepthCover", "HoleWidth", "CrosscutSpacing"})
-        units.Add(length, english ? "ft" : "m");
-    units.Add("CrosscutAngle", "degrees");
-    for (const char* length : {"WebThickness", "BarrierPillarWidth"}) units.Add(length, english ? "ft" : "m");
-    units.Add("CoalStrength", english ? "psi" : "MPa");
-    units.Add("UnitWeight", english ? "pcf" : "kN/m3");
-    units.Add("AbutmentAngle", "degrees");
-    return units;
+JsonMembers ErrorMember(int number, const std::string& text) {
+    JsonMembers error;
+    error.Add("number", number);
+    error.Add("text", text);
+    JsonMembers member;
+    member.Add("error", error);
+    return member;
 }
 
 }  // namespace tarvokol::cli

@@ -5,93 +5,101 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <set>
 #include <utility>
 
-#include "cli/output/json.h"
-#include "core/graphics/curve_export.h"
-#include "core/statistics/study_numbers.h"
+#include "core/files/csv_writer.h"
+#include "core/runtime/text.h"
 
 namespace tarvokol::cli {
 namespace {
 
-constexpr const char* kCsvLineEnd = "\r\n";
 constexpr const char* kMessageColumn = "Message";
 
-std::string Key(const std::string& title) {
-    return ',' + JsonText(title) + ':';
-}
-
-// Most cells need no quotes; they are not copied.
-void AppendCell(std::string& text, const std::string& cell) {
-    if (cell.find_first_of(",\"\r\n") == std::string::npos)
-        text += cell;
-    else
-        text += CsvField(cell);
-}
-
 // The columns that have a unit.
-std::vector<LeadingColumn> ColumnsWithUnits(std::span<const LeadingColumn> leading, bool sizes) {
-    std::vector<LeadingColumn> columns(leading.begin(), leading.end());
-    for (const StudyFigure& figure : StudyFigures(sizes)) columns.push_back({figure.name, figure.unit});
+std::vector<LeadingColumn> ColumnsWithUnits(const RowLayout& layout) {
+    std::vector<LeadingColumn> columns = layout.leading;
+    for (const StudyFigure& figure : StudyFigures(layout.sizes))
+        columns.push_back({figure.name, figure.unit});
     std::erase_if(columns, [](const LeadingColumn& column) { return column.unit.empty(); });
     return columns;
 }
 
+// Names of which no two are the same in any letter case.
+class NamesOnce {
+  public:
+    // The columns that are still to come; none of them gives way to a name with a number.
+    explicit NamesOnce(const std::vector<LeadingColumn>& columns) {
+        for (const LeadingColumn& column : columns) given_.insert(UpperCase(column.title));
+    }
+
+    void Take(const std::string& name) { taken_.insert(UpperCase(name)); }
+
+    std::string Name(const std::string& title) {
+        std::string name = title;
+        const auto is_free = [this, &name, &title] {
+            const std::string key = UpperCase(name);
+            return !taken_.contains(key) && (name == title || !given_.contains(key));
+        };
+        for (int number = 2; !is_free(); ++number) name = title + ' ' + std::to_string(number);
+        Take(name);
+        return name;
+    }
+
+  private:
+    std::set<std::string> given_;
+    std::set<std::string> taken_;
+};
+
 }  // namespace
 
-std::vector<std::string> FigureColumns(bool sizes) {
+std::vector<std::string> TitlesOf(const RowLayout& layout) {
+    NamesOnce names(layout.leading);
     std::vector<std::string> titles;
-    for (const StudyFigure& figure : StudyFigures(sizes)) titles.emplace_back(figure.name);
-    titles.emplace_back(kMessageColumn);
+    const auto add = [&](const std::string& name, const std::string& unit) {
+        // The bare name counts as well: a table may bring along what another output of ours has written.
+        names.Take(name);
+        titles.push_back(layout.bare_header ? name : TitleWithUnit(name, unit));
+        names.Take(titles.back());
+    };
+    for (const LeadingColumn& column : layout.leading)
+        if (!column.carried) add(column.title, column.unit);
+    for (const StudyFigure& figure : StudyFigures(layout.sizes)) add(figure.name, figure.unit);
+    add(kMessageColumn, "");
+    for (const LeadingColumn& column : layout.leading)
+        if (column.carried) titles.push_back(names.Name(column.title));
     return titles;
 }
 
-std::vector<std::string> FigureTitlesWithUnits(bool sizes) {
-    std::vector<std::string> titles;
-    for (const StudyFigure& figure : StudyFigures(sizes))
-        titles.push_back(TitleWithUnit({figure.name, figure.unit}));
-    titles.emplace_back(kMessageColumn);
-    return titles;
-}
-
-std::string TitleWithUnit(const LeadingColumn& column) {
-    return column.unit.empty() ? column.title : column.title + " (" + column.unit + ")";
-}
-
-std::string UnitsInWords(std::span<const LeadingColumn> leading, bool sizes) {
+std::string UnitsInWords(const RowLayout& layout) {
     std::string words;
-    for (const LeadingColumn& column : ColumnsWithUnits(leading, sizes))
+    for (const LeadingColumn& column : ColumnsWithUnits(layout))
         words += (words.empty() ? "" : ", ") + column.title + " " + column.unit;
     return words;
 }
 
-RowWriter::RowWriter(RowFormat format, const std::string& project, std::vector<LeadingColumn> leading,
-                     bool sizes)
-    : format_(format),
-      leading_(std::move(leading)),
-      sizes_(sizes),
-      object_start_("{\"file\":" + JsonText(project)) {
-    for (const LeadingColumn& column : leading_) lead_keys_.push_back(Key(column.title));
-    for (const StudyFigure& figure : StudyFigures(sizes_)) figure_keys_.push_back(Key(figure.name));
-    JsonMembers end;
+RowWriter::RowWriter(RowFormat format, const std::string& project, RowLayout layout)
+    : format_(format), layout_(std::move(layout)) {
+    NamesOnce keys(layout_.leading);
+    for (const LeadingColumn& column : layout_.leading) {
+        field_keys_.emplace_back(column.title);
+        carried_keys_.push_back(column.carried ? keys.Name(column.title) : "");
+    }
+    for (const StudyFigure& figure : StudyFigures(layout_.sizes)) figure_keys_.emplace_back(figure.name);
+    start_.Add("file", project);
     JsonMembers units;
-    for (const LeadingColumn& column : ColumnsWithUnits(leading_, sizes_))
-        units.Add(column.title, column.unit);
-    end.Add("units", units);
-    end.Add("schema", kSchemaVersion);
-    object_end_ = ',' + end.Members() + "}\n";
+    for (const LeadingColumn& column : ColumnsWithUnits(layout_)) units.Add(column.title, column.unit);
+    end_.Add("units", units);
+    end_.Add("schema", kSchemaVersion);
 }
 
 std::string RowWriter::Header() const {
-    if (format_ == RowFormat::JsonLines) return "";
     std::string header;
-    const auto add = [&header](const std::string& title) {
-        if (!header.empty()) header += ',';
-        header += CsvField(title);
-    };
-    for (const LeadingColumn& column : leading_) add(column.title);
-    for (const std::string& title : FigureColumns(sizes_)) add(title);
-    return header + kCsvLineEnd;
+    if (format_ == RowFormat::JsonLines) return header;
+    CsvWriter line(header);
+    for (const std::string& title : TitlesOf(layout_)) line.AddTitle(title);
+    line.EndLine();
+    return header;
 }
 
 char* FigureTexts::Write(char* place, std::size_t column, double value) {
@@ -110,53 +118,55 @@ void RowWriter::Append(std::string& text, std::span<const LeadingCell* const> le
     if (format_ == RowFormat::Csv)
         AppendCsv(text, leading, figures, texts);
     else
-        AppendJson(text, leading, figures);
+        AppendJson(text, leading, figures, texts);
 }
 
 void RowWriter::AppendCsv(std::string& text, std::span<const LeadingCell* const> leading,
                           const PanelFigures& figures, FigureTexts& texts) const {
-    for (const LeadingCell* cell : leading) {
-        if (cell->number)
-            text += cell->text;
-        else
-            AppendCell(text, cell->text);
-        text += ',';
-    }
+    CsvWriter line(text);
+    for (std::size_t i = 0; i < leading.size(); ++i)
+        if (!layout_.leading[i].carried) line.AddDigits(leading[i]->text);
     // A million rows are written here: the figures go into the text as one piece.
-    std::array<char, kStudyFigures.size() * (kLongestNumber + 1)> line;
-    char* end = line.data();
+    std::array<char, kStudyFigures.size() * (kLongestNumber + 1)> cells;
+    char* end = cells.data();
     std::size_t column = 0;
-    for (const StudyFigure& figure : StudyFigures(sizes_)) {
+    for (const StudyFigure& figure : StudyFigures(layout_.sizes)) {
+        if (column > 0) *end++ = CsvSeparator;
         end = texts.Write(end, column++, figures.*figure.value);
-        *end++ = ',';
     }
-    text.append(line.data(), end);
-    if (!figures.message.empty()) AppendCell(text, figures.message);
-    text += kCsvLineEnd;
+    line.AddDigits({cells.data(), end});
+    if (figures.message.empty())
+        line.AddDigits("");
+    else
+        line.AddText(ReplaceAll(figures.message, CrLf, "\n"));
+    for (std::size_t i = 0; i < leading.size(); ++i)
+        if (layout_.leading[i].carried) line.AddText(leading[i]->text);
+    line.EndLine();
 }
 
 void RowWriter::AppendJson(std::string& text, std::span<const LeadingCell* const> leading,
-                           const PanelFigures& figures) const {
-    text += object_start_;
-    text += figures.refused ? ",\"ok\":false,\"messages\":[" : ",\"ok\":true,\"messages\":[";
-    if (!figures.message.empty()) text += JsonText(figures.message);
-    text += ']';
-    for (std::size_t i = 0; i < leading.size(); ++i) {
-        text += lead_keys_[i];
-        text += !leading[i]->number        ? JsonText(leading[i]->text)
-                : leading[i]->text.empty() ? "null"
-                                           : leading[i]->text;
+                           const PanelFigures& figures, FigureTexts& texts) const {
+    JsonMembers& object = texts.Begin(start_);
+    object.Add("ok", !figures.refused);
+    JsonValues messages;
+    if (!figures.message.empty()) messages.Add(figures.message);
+    object.Add("messages", messages);
+    for (std::size_t i = 0; i < leading.size(); ++i)
+        if (!layout_.leading[i].carried) object.AddDigits(field_keys_[i], leading[i]->text);
+    std::array<char, kLongestNumber> digits;
+    std::size_t column = 0;
+    for (const StudyFigure& figure : StudyFigures(layout_.sizes)) {
+        const char* end = texts.Write(digits.data(), column, figures.*figure.value);
+        object.AddDigits(figure_keys_[column++], {digits.data(), end});
     }
-    std::size_t key = 0;
-    for (const StudyFigure& figure : StudyFigures(sizes_)) {
-        text += figure_keys_[key++];
-        const double value = figures.*figure.value;
-        if (std::isnan(value))
-            text += "null";
-        else
-            AppendShortest(text, value);
+    if (layout_.from_a_table) {
+        JsonMembers row;
+        for (std::size_t i = 0; i < leading.size(); ++i)
+            if (layout_.leading[i].carried) row.Add(carried_keys_[i], leading[i]->text);
+        object.Add("row", row);
     }
-    text += object_end_;
+    object.Append(end_);
+    object.AppendLine(text);
 }
 
 }  // namespace tarvokol::cli

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The rows of a study as text: CSV as RFC 4180 has it, or JSON Lines.
+// The rows of a study as text: CSV or JSON Lines.
 #pragma once
 
 #include <array>
@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/output/json.h"
 #include "core/statistics/study_numbers.h"
 #include "core/studies/study_figures.h"
 
@@ -15,35 +16,43 @@ namespace tarvokol::cli {
 
 enum class RowFormat { Csv, JsonLines };
 
-// A cell in front of the figures: a figure that was set, or a text that is carried through.
+// A cell beside the figures: the shortest digits of a figure that was set, or a text in UTF-8 that is carried along.
 struct LeadingCell {
-    std::string text;  // UTF-8; of a number its shortest digits, empty for none
-    bool number = true;
+    std::string text;
 };
 
-// A leading column: its title and, for a field of the project, its unit.
+// A column beside the figures: a field of the project with its unit, or one that a table has brought along.
 struct LeadingColumn {
     std::string title;
     std::string unit;
+    bool carried = false;
 };
 
-// Titles of the columns behind the leading ones: the factors, the extraction ratio, the suggested sizes where
-// asked for, the message.
-std::vector<std::string> FigureColumns(bool sizes);
+// The columns of a study's rows. They are written in this order: the fields, the factors, the extraction ratio, the suggested
+// sizes where asked for, the message, the columns that were brought along.
+struct RowLayout {
+    std::vector<LeadingColumn> leading;
+    bool sizes = false;
+    bool bare_header = false;  // titles without units
+    bool from_a_table =
+        false;  // an object of JSON has a member `row` for what was brought along, also where that is nothing
+};
 
-// The same with their units, for people: "SuggestedWeb (in)".
-std::vector<std::string> FigureTitlesWithUnits(bool sizes);
-std::string TitleWithUnit(const LeadingColumn& column);
+// The titles in that order, no two of them the same: of two, the one that was brought along gets a number, "Note 2".
+std::vector<std::string> TitlesOf(const RowLayout& layout);
 
 // Words on the units of the columns for people: "DepthCover ft, ExtractionRatio percent, SuggestedWeb in".
-std::string UnitsInWords(std::span<const LeadingColumn> leading, bool sizes);
+std::string UnitsInWords(const RowLayout& layout);
 
 // The texts of a row's figures, kept for the next row: in a grid, some stay the same for many rows. One for each thread.
 class FigureTexts {
   public:
     // Writes the shortest digits that read back the same, nothing for NaN, into room for kLongestNumber characters.
-    // Returns the place behind them.
+    // Returns the place after them.
     char* Write(char* place, std::size_t column, double value);
+
+    // Begins a row's object as this one; its memory serves for the next row, too.
+    JsonMembers& Begin(const JsonMembers& start) { return object_ = start; }
 
   private:
     struct Kept {
@@ -52,13 +61,14 @@ class FigureTexts {
         std::array<char, kLongestNumber> digits{};
     };
     std::array<Kept, kStudyFigures.size()> kept_;
+    JsonMembers object_;
 };
 
 // Writes rows of one study.
 class RowWriter {
   public:
     // `project` is the path as given; it stands in every JSON object.
-    RowWriter(RowFormat format, const std::string& project, std::vector<LeadingColumn> leading, bool sizes);
+    RowWriter(RowFormat format, const std::string& project, RowLayout layout);
 
     // The header of a CSV file; nothing for JSON.
     std::string Header() const;
@@ -70,15 +80,15 @@ class RowWriter {
     void AppendCsv(std::string& text, std::span<const LeadingCell* const> leading,
                    const PanelFigures& figures, FigureTexts& texts) const;
     void AppendJson(std::string& text, std::span<const LeadingCell* const> leading,
-                    const PanelFigures& figures) const;
+                    const PanelFigures& figures, FigureTexts& texts) const;
 
     RowFormat format_;
-    std::vector<LeadingColumn> leading_;
-    bool sizes_;
-    std::string object_start_;            // of a JSON object: the file
-    std::vector<std::string> lead_keys_;  // ,"DepthCover":
-    std::vector<std::string> figure_keys_;
-    std::string object_end_;  // the units
+    RowLayout layout_;
+    std::vector<JsonKey> field_keys_;        // one per leading column, used for those that the study sets
+    std::vector<std::string> carried_keys_;  // the same, for those that are carried along
+    std::vector<JsonKey> figure_keys_;
+    JsonMembers start_;  // of an object: the file
+    JsonMembers end_;    // the units
 };
 
 }  // namespace tarvokol::cli

@@ -3,10 +3,10 @@
 
 #include <algorithm>
 
+#include "core/files/csv_writer.h"
 #include "core/project/curves.h"
 #include "core/runtime/numbers.h"
 #include "core/runtime/run_time_error.h"
-#include "core/runtime/text.h"
 
 namespace tarvokol {
 namespace {
@@ -65,21 +65,19 @@ void ExportCurves(const ChartModel& chart, GraphFamily family, SpreadsheetWriter
     writer.ShowWorkbook();
 }
 
-std::string CsvField(const std::string& text) {
-    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
-    return '"' + ReplaceAll(text, "\"", "\"\"") + '"';
-}
-
 std::string CurveTableCsv(const std::string& x_name, const std::vector<std::string>& names,
                           const std::string& file) {
-    const std::string first_cell = file.empty() ? "" : CsvField(file) + ',';
-    std::string csv = (file.empty() ? "" : "File,") + CsvField(x_name);
-    for (const std::string& name : names) csv += ',' + CsvField(name);
-    csv += '\n';
+    std::string csv;
+    CsvWriter line(csv);
+    if (!file.empty()) line.AddTitle("File");
+    line.AddTitle(x_name);
+    for (const std::string& name : names) line.AddTitle(name);
+    line.EndLine();
     for (long row = 1; row <= CurvePoints; ++row) {
-        csv += first_cell + GeneralText(CurveData(0, row));
-        for (int curve = 1; curve <= CurveCount; ++curve) csv += ',' + GeneralText(CurveData(curve, row));
-        csv += '\n';
+        if (!file.empty()) line.AddText(file);
+        for (int column = 0; column <= CurveCount; ++column)
+            line.AddDigits(GeneralText(CurveData(column, row)));
+        line.EndLine();
     }
     return csv;
 }

@@ -23,9 +23,6 @@ void WriteCurveCells(const ChartModel& chart, GraphFamily family, SpreadsheetWri
 // Begins a workbook, writes the cells and hands it to the user.
 void ExportCurves(const ChartModel& chart, GraphFamily family, SpreadsheetWriter& writer);
 
-// A value in a CSV file, quoted where it has a comma, a quote or a line end.
-std::string CsvField(const std::string& text);
-
 // The curve table as text: a header row with the X axis title and the names in the legend, then a line a
 // point, the numbers in the general form of a single. Values with a comma, a quote or a line end are quoted.
 // Lines end in a line feed. A first column `File` holds the file where one is named. A point or curve that

@@ -72,6 +72,7 @@ class WatchedRows : public RowsInOrder {
         : RowsInOrder([this, take = std::move(take)](const StudyRow& row) {
               take(row);
               if (message_.empty()) message_ = row.figures.message;
+              any_refused_ = any_refused_ || row.figures.refused;
               return true;
           }),
           observer_(observer) {}
@@ -83,9 +84,12 @@ class WatchedRows : public RowsInOrder {
     // The first message of a row.
     const std::string& Message() const { return message_; }
 
+    bool AnyRefused() const { return any_refused_; }
+
   private:
     StudyObserver& observer_;
     std::string message_;
+    bool any_refused_ = false;
 };
 
 [[noreturn]] void RefuseNothingToDraw(const std::string& message) {
@@ -203,6 +207,7 @@ std::optional<CurvesPicture> CurvesOf(const SweepRequest& request, std::span<con
             picture.curves[i].y.push_back(ShownValue(figures[i], row.figures));
     });
     if (!RunSweep(Over(request, {picture.x}), rows)) return std::nullopt;
+    picture.any_refused = rows.AnyRefused();
     if (std::all_of(picture.curves.begin(), picture.curves.end(),
                     [](const StudyCurve& curve) { return HasNoValue(curve.y); }))
         RefuseNothingToDraw(rows.Message());
@@ -240,6 +245,7 @@ std::optional<MapPicture> MapOf(const SweepRequest& request, const StudyFigure& 
         grid.values[row.places[1] * grid.x.size() + row.places[0]] = ShownValue(figure, row.figures);
     });
     if (!RunSweep(Over(request, {grid.x, grid.y}), rows)) return std::nullopt;
+    picture.any_refused = rows.AnyRefused();
     if (HasNoValue(grid.values)) RefuseNothingToDraw(rows.Message());
     FindLevels(picture, CrossingFinder(request, figure));
     picture.project = PlaceOfProject(request, grid);

@@ -38,6 +38,7 @@ struct CurvesPicture {
     std::vector<double> x;  // rising
     std::vector<StudyCurve> curves;
     std::vector<StudyTarget> targets;  // level lines
+    bool any_refused = false;          // a panel of it was refused by the check
 };
 
 struct MapLevel {
@@ -57,6 +58,7 @@ struct MapPicture {
     LevelCut at_target;                 // its line, and what lies below it
     std::vector<GridLine> without;      // outlines of the panels without a value
     std::optional<GridPoint> project;   // where the project itself lies on the map
+    bool any_refused = false;           // a panel of it was refused by the check
 };
 
 // A target of a factor, and what its label says of the samples below it.

@@ -9,6 +9,7 @@
 #include "core/statistics/study_refusal.h"
 #include "core/studies/row_run.h"
 #include "core/studies/shortage.h"
+#include "core/studies/table_columns.h"
 
 namespace tarvokol {
 namespace {
@@ -53,8 +54,7 @@ class TableSource : public RowSource {
     void Require(const TableRow& row) const {
         const auto cell = columns_.FaultyCell(row);
         if (!cell) return;
-        throw StudyRefusal("line " + std::to_string(row.line) + ", column " + std::to_string(*cell + 1) +
-                               " (" + columns_.Title(*cell) + ")",
+        throw StudyRefusal("line " + std::to_string(row.line) + ", " + columns_.PlaceOf(*cell),
                            columns_.FaultOf(*cell, row.cells[*cell]));
     }
 
@@ -65,15 +65,22 @@ class TableSource : public RowSource {
 
 }  // namespace
 
-TableColumns::TableColumns(std::vector<std::string> header) : header_(std::move(header)) {
-    for (const std::string& title : header_) {
-        const auto field = FieldNamed(title);
-        if (field && std::find(fields_.begin(), fields_.end(), field) != fields_.end())
-            throw StudyRefusal(std::string("the column ") + NameOfField(*field) + " stands there twice");
-        fields_.push_back(field);
-    }
-    if (std::none_of(fields_.begin(), fields_.end(), [](const auto& field) { return field.has_value(); }))
+TableColumns::TableColumns(std::vector<std::string> header, Units units) : header_(std::move(header)) {
+    std::vector<ColumnMeaning> meanings;
+    for (const std::string& title : header_) meanings.push_back(MeaningOfColumn(title, units));
+    if (std::none_of(meanings.begin(), meanings.end(), [](const auto& one) { return one.field.has_value(); }))
         throw StudyRefusal("no column is named as a field of the project; " + KnownFields());
+    for (const ColumnMeaning& meaning : meanings) {
+        if (!meaning.refusal.empty()) throw StudyRefusal(PlaceOf(fields_.size()), meaning.refusal);
+        if (meaning.field && std::find(fields_.begin(), fields_.end(), meaning.field) != fields_.end())
+            throw StudyRefusal(std::string("the column ") + NameOfField(*meaning.field) +
+                               " stands there twice");
+        fields_.push_back(meaning.field);
+    }
+}
+
+std::string TableColumns::PlaceOf(std::size_t column) const {
+    return "column " + std::to_string(column + 1) + " (" + header_[column] + ")";
 }
 
 std::string TableColumns::FaultOf(std::size_t column, const std::string& cell) const {

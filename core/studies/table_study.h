@@ -17,14 +17,18 @@ namespace tarvokol {
 // Which columns of a table are fields of the project.
 class TableColumns {
   public:
-    // By the names in the header. Raises StudyRefusal for a field that stands there twice, and where no column is one.
-    explicit TableColumns(std::vector<std::string> header);
+    // By the names in the header: see MeaningOfColumn. Raises StudyRefusal for a column that is refused, a field that
+    // stands there twice, and where no column is one.
+    TableColumns(std::vector<std::string> header, Units units);
 
     std::size_t Count() const { return header_.size(); }
 
     // The title of a column as it was read, and its field; nothing for one that is carried along.
     const std::string& Title(std::size_t column) const { return header_[column]; }
     std::optional<PanelField> Field(std::size_t column) const { return fields_[column]; }
+
+    // "column 2 (DepthCover)".
+    std::string PlaceOf(std::size_t column) const;
 
     // What is wrong with a cell: no number, or one that its field cannot hold; empty where nothing is. A blank cell
     // stands for the project's own value.

@@ -32,7 +32,8 @@ const Lines kProject{"PROJECT REQUIRED The project to start from "};
 const Lines kOverwriting{"--force Replace existing files ",
                          "--stdin-project The project `-` is read from standard input "};
 const Lines kThreads{"--threads N Threads to calculate on (default: one per core) "};
-const Lines kSizes{"--size The suggested sizes, too: SuggestedWeb and SuggestedBarrier, inches "};
+const Lines kSizes{"--size The suggested sizes, too: SuggestedWeb and SuggestedBarrier, inches ",
+                   "--bare-header Names of columns without their units "};
 
 const std::string kFields =
     "\nFields, in the project's units: Height, DepthCover, HoleWidth, WebThickness, BarrierPillarWidth, "
@@ -95,7 +96,7 @@ TEST_F(Help, TellsOfCurves) {
         Lines{"A parametric curve; web and barrier of a metric project in inches ",
               "KIND :{sf-height,sf-depth,sf-hole,web,barrier} REQUIRED sf-height, sf-depth, sf-hole, web or "
               "barrier "} +
-            kFiles + kCommon +
+            kFiles + Lines{"--bare-header Names of columns without their units "} + kCommon +
             Output("Write the curve: .csv, .xlsx, .png, .svg, .pdf or .json, or a folder") +
             Format("csv,xlsx,png,svg,pdf,json") + kOverwriting);
 }

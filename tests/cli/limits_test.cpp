@@ -42,12 +42,13 @@ TEST_F(Limits, AProjectOnStandardInputHasSixtyFourMegabytes) {
 TEST_F(Limits, AnAxisOfMoreThanAMillionValuesIsWrittenAsAnyOther) {
     EXPECT_EQ(
         Shell("$cli sweep -q p.TKL --vary DepthCover=0:-1000000:-1 | sed -n '2,4p;1000001,1000003p'").out,
-        "0,,,,,Invalid depth of cover\r\n-1,,,,,Invalid depth of cover\r\n-2,,,,,Invalid depth of cover\r\n"
-        "-999999,,,,,Invalid depth of cover\r\n-1e+06,,,,,Invalid depth of cover\r\n");
+        "0,,,,,Invalid depth of cover\n-1,,,,,Invalid depth of cover\n-2,,,,,Invalid depth of cover\n"
+        "-999999,,,,,Invalid depth of cover\n-1e+06,,,,,Invalid depth of cover\n");
 }
 
 TEST_F(Limits, ABillionCombinationsNeedNoForce) {
-    const std::string header = "Height,DepthCover,Overall,WebsOnly,BarrierPillar,ExtractionRatio,Message\r\n";
+    const std::string header =
+        "Height (ft),DepthCover (ft),Overall,WebsOnly,BarrierPillar,ExtractionRatio (percent),Message\n";
     const std::string sweep = "$cli sweep -q p.TKL --vary Height=1:2/1000000 --vary DepthCover=1:2/";
     EXPECT_EQ(Shell(sweep + "1000 | head -n 1").out, header);
     EXPECT_EQ(Shell(sweep + "1001 | head -n 1").out, "");
@@ -105,8 +106,8 @@ TEST_F(Limits, ASignalThatIsPutOffStaysSo) {
         "sh -c 'echo $$ > pid; exec '\"$cli\"' table -q p.TKL -' & "
         "sleep 0.2; kill -TERM $(cat pid); kill -HUP $(cat pid); wait");
     EXPECT_EQ(answer.out,
-              "DepthCover,Overall,WebsOnly,BarrierPillar,ExtractionRatio,Message\r\n"
-              "-1,,,,,Invalid depth of cover\r\n");
+              "DepthCover (ft),Overall,WebsOnly,BarrierPillar,ExtractionRatio (percent),Message\n"
+              "-1,,,,,Invalid depth of cover\n");
 }
 
 TEST_F(Limits, StandardInputThatCannotBeReadIsToldOf) {

@@ -101,7 +101,7 @@ TEST_F(Objects, OfPlans) {
 TEST_F(Objects, OfRowsOfStudies) {
     const CliAnswer row =
         Run({"sweep", "m.TKL", "--json", "--size", "--vary", "DepthCover=0", "--vary", "SFWeb=1.5"});
-    EXPECT_EQ(row.err, "");
+    EXPECT_THAT(row.err, StartsWith("m.TKL: "));  // sizes in inches
     EXPECT_EQ(
         row.out,
         R"({"file":"m.TKL","ok":false,"messages":["Invalid depth of cover"],"DepthCover":0,"SFWeb":1.5,)"
@@ -112,25 +112,25 @@ TEST_F(Objects, OfRowsOfStudies) {
     WriteBytes(PathTo("rows.csv"), "Hole \"x\",NumberHoles,UnitWeight\n\"a\nb\",5,0\n");
     EXPECT_EQ(
         Run({"table", "m.TKL", "rows.csv", "--json"}).out,
-        R"({"file":"m.TKL","ok":false,"messages":["Invalid unit weight"],"Hole \"x\"":"a\nb",)"
+        R"({"file":"m.TKL","ok":false,"messages":["Invalid unit weight"],)"
         R"("NumberHoles":5,"UnitWeight":0,"Overall":null,"WebsOnly":null,"BarrierPillar":null,)"
-        R"("ExtractionRatio":null,"units":{"UnitWeight":"kN/m3","ExtractionRatio":"percent"},"schema":1})"
+        R"("ExtractionRatio":null,"row":{"Hole \"x\"":"a\nb"},"units":{"UnitWeight":"kN/m3","ExtractionRatio":"percent"},"schema":1})"
         "\n");
 }
 
-TEST_F(Objects, RowsAsTextHaveTheUnitsOnStandardError) {
+TEST_F(Objects, RowsAsTextHaveTheUnitsInTheHeaderAndOnStandardError) {
     WriteBytes(PathTo("rows.csv"), "Hole \"x\",UnitWeight,Note\n\"a\nb\",0,\"1,5\"\n");
     const CliAnswer answer = Run({"table", "p.TKL", "rows.csv", "--size"});
-    EXPECT_EQ(
-        answer.out,
-        "\"Hole \"\"x\"\"\",UnitWeight,Note,Overall,WebsOnly,BarrierPillar,ExtractionRatio,SuggestedWeb,"
-        "SuggestedBarrier,Message\r\n\"a\nb\",0,\"1,5\",,,,,,,Invalid unit weight\r\n");
+    EXPECT_EQ(answer.out,
+              "UnitWeight (pcf),Overall,WebsOnly,BarrierPillar,ExtractionRatio (percent),SuggestedWeb (in),"
+              "SuggestedBarrier (in),Message,\"Hole \"\"x\"\"\",Note\n0,,,,,,,Invalid unit "
+              "weight,\"a\nb\",\"1,5\"\n");
     EXPECT_EQ(answer.err,
               "Units: UnitWeight pcf, ExtractionRatio percent, SuggestedWeb in, SuggestedBarrier in\n");
     // A table without a row still has its header.
     WriteBytes(PathTo("none.csv"), "Height\n");
     EXPECT_EQ(Run({"table", "-q", "p.TKL", "none.csv"}).out,
-              "Height,Overall,WebsOnly,BarrierPillar,ExtractionRatio,Message\r\n");
+              "Height (ft),Overall,WebsOnly,BarrierPillar,ExtractionRatio (percent),Message\n");
 }
 
 TEST_F(Objects, APlanAsTextIsATableOfItsCorners) {

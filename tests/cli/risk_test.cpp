@@ -105,7 +105,7 @@ TEST_F(RiskCommand, CorrelatedFieldsMoveTogether) {
     std::istringstream samples(ReadBytes(PathTo("s.csv")));
     std::string line;
     std::getline(samples, line);
-    EXPECT_EQ(line, "Height,HoleWidth,Overall,WebsOnly,BarrierPillar\r");
+    EXPECT_EQ(line, "Height (ft),HoleWidth (ft),Overall,WebsOnly,BarrierPillar");
     int n = 0;
     for (double x = 0, y = 0; std::getline(samples, line); ++n) {
         ASSERT_EQ(std::sscanf(line.c_str(), "%lf,%lf", &x, &y), 2);

@@ -152,14 +152,14 @@ TEST_F(RiskWords, SamplesAreWrittenFieldByFieldAndFactorByFactor) {
                   .status,
               1);
     EXPECT_EQ(ReadBytes(PathTo("refused.csv")),
-              "DepthCover,Height,Overall,WebsOnly,BarrierPillar\r\n100,-2,,,\r\n");
+              "DepthCover (ft),Height (ft),Overall,WebsOnly,BarrierPillar\n100,-2,,,\n");
     EXPECT_EQ(
         Risk({"--random", "DepthCover=normal:100:0", "--samples", "2", "--samples-out", "s.csv"}).status, 0);
     double depth = 0, overall = 0, webs = 0, barrier = 0;
     int length = 0;
     const std::string samples = ReadBytes(PathTo("s.csv"));
     const std::string first = samples.substr(samples.find('\n') + 1);
-    ASSERT_EQ(std::sscanf(first.c_str(), "%lf,%lf,%lf,%lf\r\n%n", &depth, &overall, &webs, &barrier, &length),
+    ASSERT_EQ(std::sscanf(first.c_str(), "%lf,%lf,%lf,%lf\n%n", &depth, &overall, &webs, &barrier, &length),
               4);
     EXPECT_EQ(depth, 100);
     EXPECT_NEAR(overall, 5.934529745454546, 1e-13);

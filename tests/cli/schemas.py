@@ -85,7 +85,8 @@ def run_all(commands, folder, examples):
     sound = [str(path) for path in examples]
     names = sound + refused_projects(folder, examples[0])
     (folder / "s.ini").write_bytes(SETTINGS)
-    (folder / "rows.csv").write_text("Hole,DepthCover,Height\nA,150,5\nB,200,\nC,90,0\n")
+    (folder / "rows.csv").write_text("ok,units,Hole,DepthCover,row,Hole,Height,Overall\n"
+                                     "1,2,A,150,3,4,5,6\n1,2,B,200,3,4,,6\n1,2,C,90,3,4,0,6\n")
     commands.run("results", "--json", *names, objects=len(names))
     commands.run("size", "--json", *names, objects=len(names))
     for kind in CURVES:
@@ -110,6 +111,12 @@ def run_all(commands, folder, examples):
                      "DepthCover=normal:100%:10%", objects=1)
     commands.run("table", sound[0], every_field(folder), "--json", objects=1)
     commands.run("risk", sound[0], "--json", "--samples", "50", "--random", "Height=uniform:-2:-1", objects=1)
+    for project in ["torn.TKL", "other.TKL", "empty.TKL", "missing.TKL"]:
+        commands.run("sweep", project, "--json", "--vary", "Height=5", objects=1)
+        commands.run("table", project, "rows.csv", "--json", objects=1)
+        commands.run("risk", project, "--json", "--random", "Height=uniform:1:2", objects=1)
+    commands.run("table", sound[0], "missing.csv", "--json", objects=1)
+    commands.run("table", sound[0], sound[0], "--json", objects=1)
 
 
 FIELDS = ["Height", "DepthCover", "HoleWidth", "WebThickness", "BarrierPillarWidth", "NumberHoles", "CoalStrength",

@@ -38,16 +38,79 @@ TEST_F(SweepCommand, TwoByTwoPanelsOfTheWorkedExample) {
     EXPECT_NEAR(rows[0]["ExtractionRatio"], 100.0 * 50 / 110, 1e-12);
 }
 
-TEST_F(SweepCommand, CsvHasAHeaderCrLfAndTheMessageLast) {
+TEST_F(SweepCommand, CsvHasUnitsInItsHeaderLineFeedsAndTheMessageLast) {
     const CliAnswer answer = Run({"sweep", Project("p.TKL"), "--vary", "DepthCover=-1,100"});
-    EXPECT_EQ(answer.status, 0);
+    EXPECT_EQ(answer.status, 1);
     EXPECT_EQ(answer.err, "Units: DepthCover ft, ExtractionRatio percent\n");
-    EXPECT_THAT(answer.out, StartsWith("DepthCover,Overall,WebsOnly,BarrierPillar,ExtractionRatio,Message\r\n"
-                                       "-1,,,,,Invalid depth of cover\r\n"
-                                       "100,"));
+    EXPECT_THAT(
+        answer.out,
+        StartsWith("DepthCover (ft),Overall,WebsOnly,BarrierPillar,ExtractionRatio (percent),Message\n"
+                   "-1,,,,,Invalid depth of cover\n"
+                   "100,"));
     EXPECT_THAT(answer.out, HasSubstr(",4.71999280000000"));
-    EXPECT_TRUE(answer.out.ends_with(",\r\n"));
+    EXPECT_TRUE(answer.out.ends_with(",\n"));
+    EXPECT_EQ(answer.out.find('\r'), std::string::npos);
     EXPECT_EQ(Run({"sweep", "--quiet", "p.TKL", "--vary", "DepthCover=100"}).err, "");
+}
+
+TEST_F(SweepCommand, ABareHeaderHasNoUnits) {
+    EXPECT_THAT(
+        Run({"sweep", "-q", Project("p.TKL"), "--vary", "DepthCover=100", "--vary", "UnitWeight=160",
+             "--size", "--bare-header"})
+            .out,
+        StartsWith("DepthCover,UnitWeight,Overall,WebsOnly,BarrierPillar,ExtractionRatio,SuggestedWeb,"
+                   "SuggestedBarrier,Message\n"));
+    EXPECT_THAT(Run({"sweep", "-q", Project("m.TKL", MetricProject()), "--vary", "CoalStrength=6", "--vary",
+                     "AbutmentAngle=21", "--vary", "NumberHoles=5", "--size"})
+                    .out,
+                StartsWith("CoalStrength (MPa),AbutmentAngle (degrees),NumberHoles,Overall,WebsOnly,"
+                           "BarrierPillar,ExtractionRatio (percent),SuggestedWeb (in),SuggestedBarrier (in),"
+                           "Message\n"));
+}
+
+// A message of two lines stays one cell, and its lines end as those of the table.
+TEST_F(SweepCommand, NoLineOfATableEndsInCrLf) {
+    const std::string out = Run({"sweep", "-q", Project("p.TKL"), "--vary", "SFWeb=0.5", "--size"}).out;
+    EXPECT_THAT(out, HasSubstr(",\"Value '0.5' is outside input range\nValid range is: 1-10\"\n"));
+    EXPECT_EQ(out.find('\r'), std::string::npos);
+}
+
+TEST_F(SweepCommand, ARefusedRowGivesStatusOneInEveryForm) {
+    Project("p.TKL");
+    const std::vector<std::vector<std::string>> forms{
+        {"--json"}, {"-o", "r.csv"}, {"-o", "r.jsonl"}, {"-o", "r.xlsx"}, {"-o", "c.svg"}};
+    for (const auto& form : forms) {
+        SCOPED_TRACE(testing::PrintToString(form));
+        const auto status = [&](const std::string& values) {
+            std::vector<std::string> words{"sweep",   "-q",     "p.TKL",
+                                           "--force", "--vary", "DepthCover=" + values};
+            words.insert(words.end(), form.begin(), form.end());
+            return Run(words).status;
+        };
+        EXPECT_EQ(status("100,200"), 0);
+        EXPECT_EQ(status("100,-1,200"), 1);
+    }
+    EXPECT_EQ(Run({"sweep", "-q", "p.TKL", "--vary", "WebThickness=10,20", "--vary", "DepthCover=-1,100",
+                   "-o", "map.svg"})
+                  .status,
+              1);
+    // A size that the solver refuses leaves the row's factors.
+    EXPECT_EQ(Run({"sweep", "-q", "p.TKL", "--vary", "SFWeb=0.5", "--size"}).status, 0);
+}
+
+TEST_F(SweepCommand, SizesOfAMetricProjectSayThatTheyAreInches) {
+    const std::string note = Run({"size", Project("m.TKL", MetricProject())}).err;
+    EXPECT_THAT(note, StartsWith("m.TKL: "));
+    EXPECT_THAT(note, HasSubstr("inches"));
+    const std::vector<std::string> sweep{"sweep", "-q", "m.TKL", "--vary", "DepthCover=30,40"};
+    EXPECT_EQ(Run(sweep).err, "");
+    for (const std::vector<std::string>& more :
+         {std::vector<std::string>{"--size"}, {"--size", "--json"}, {"--size", "-o", "rows.csv"}}) {
+        std::vector<std::string> words = sweep;
+        words.insert(words.end(), more.begin(), more.end());
+        EXPECT_EQ(Run(words).err, note);
+    }
+    EXPECT_EQ(Run({"sweep", "-q", Project("p.TKL"), "--vary", "DepthCover=100", "--size"}).err, "");
 }
 
 TEST_F(SweepCommand, ARunTimeErrorOfARowIsItsMessage) {
@@ -117,7 +180,7 @@ TEST_F(SweepCommand, AnExistingFileNeedsForce) {
     auto forced = sweep;
     forced.emplace_back("--force");
     EXPECT_EQ(Run(forced).status, 0);
-    EXPECT_THAT(ReadBytes(PathTo("rows.csv")), StartsWith("DepthCover,"));
+    EXPECT_THAT(ReadBytes(PathTo("rows.csv")), StartsWith("DepthCover (ft),"));
 }
 
 TEST_F(SweepCommand, WrongUsageIsToldInOneLine) {
@@ -159,6 +222,36 @@ TEST_F(SweepCommand, AProjectThatCannotBeReadIsBadData) {
     EXPECT_EQ(missing.out, "");
 }
 
+TEST_F(SweepCommand, AProjectThatCannotBeReadIsAnObjectToo) {
+    WriteBytes(PathTo("other.TKL"), "OTHER\r\n");
+    const json missing{{"file", "none.TKL"},
+                       {"ok", false},
+                       {"messages", json::array()},
+                       {"error", {{"number", 53}, {"text", "File not found"}}},
+                       {"schema", 1}};
+    const json refused{
+        {"file", "other.TKL"}, {"ok", false}, {"messages", {"Invalid file format"}}, {"schema", 1}};
+    WriteBytes(PathTo("rows.csv"), "Height\n5\n");
+    for (const auto& [project, object] : {std::pair("none.TKL", missing), std::pair("other.TKL", refused)}) {
+        for (const std::vector<std::string>& command :
+             {std::vector<std::string>{"sweep", project, "--vary", "Height=5"},
+              {"table", project, "rows.csv"},
+              {"risk", project, "--random", "Height=uniform:5:6"}}) {
+            SCOPED_TRACE(testing::PrintToString(command));
+            std::vector<std::string> words = command;
+            words.emplace_back("--json");
+            const CliAnswer answer = Run(words);
+            EXPECT_EQ(answer.status, 1);
+            EXPECT_EQ(answer.Object(), object);
+            EXPECT_EQ(answer.err, "");
+            words.back() = "-o";
+            words.emplace_back("rows.json");
+            EXPECT_EQ(Run(words).status, 1);
+            EXPECT_FALSE(std::filesystem::exists(PathTo("rows.json")));
+        }
+    }
+}
+
 // The reader leaves after one line: nothing is said, and nothing hangs.
 TEST_F(SweepCommand, APipeThatIsClosedEndsItQuietly) {
     Project("p.TKL");
@@ -170,7 +263,7 @@ TEST_F(SweepCommand, APipeThatIsClosedEndsItQuietly) {
     char line[256] = {};
     EXPECT_NE(std::fgets(line, sizeof line, pipe), nullptr);
     ::pclose(pipe);
-    EXPECT_STREQ(line, "DepthCover,Overall,WebsOnly,BarrierPillar,ExtractionRatio,Message\r\n");
+    EXPECT_STREQ(line, "DepthCover (ft),Overall,WebsOnly,BarrierPillar,ExtractionRatio (percent),Message\n");
     EXPECT_EQ(ReadBytes(PathTo("err")), "");
 }
 

@@ -12,11 +12,18 @@ constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 std::string Number(double value) {
-    std::string text = "=";
-    AppendNumber(text, value);
-    EXPECT_EQ(text.substr(1), JsonLine(NumberJson(value)).substr(0, text.size() - 1))
-        << "the two ways differ";
-    return text.substr(1);
+    JsonValues array;
+    array.Add(value);
+    JsonMembers object;
+    object.Add("n", value);
+    EXPECT_EQ(object.Object(), "{\"n\":" + array.Array().substr(1, array.Array().size() - 2) + '}');
+    return array.Array().substr(1, array.Array().size() - 2);
+}
+
+std::string JsonText(const std::string& text) {
+    JsonValues array;
+    array.Add(text);
+    return array.Array().substr(1, array.Array().size() - 2);
 }
 
 TEST(JsonNumbers, WholeOnesHaveNoFraction) {
@@ -58,10 +65,39 @@ TEST(JsonTexts, KeepUtf8AndReplaceTheRest) {
 }
 
 TEST(JsonLines, AreOneObjectEach) {
-    EXPECT_EQ(JsonLine(Json{
-                  {"b", 1}, {"a", {1.5, "x", nullptr, true}}, {"o", Json::object()}, {"e", Json::array()}}),
-              "{\"b\":1,\"a\":[1.5,\"x\",null,true],\"o\":{},\"e\":[]}\n");
-    EXPECT_EQ(JsonLine(Json{{"k\n", 7064.900000000001}}), "{\"k\\n\":7064.900000000001}\n");
+    JsonMembers object;
+    object.Add("k\n", 7064.900000000001);
+    EXPECT_EQ(object.Line(), "{\"k\\n\":7064.900000000001}\n");
+    std::string lines = object.Line();
+    object.AppendLine(lines);
+    EXPECT_EQ(lines, object.Line() + object.Line());
+}
+
+TEST(JsonValuesOfAnArray, AreNumbersTextsObjectsAndArrays) {
+    JsonMembers object;
+    object.Add("k", 1);
+    JsonValues inner;
+    inner.Add(kNan);
+    inner.Add("x");
+    JsonValues array;
+    EXPECT_EQ(array.Array(), "[]");
+    array.Add(1.5);
+    array.Add(inner);
+    array.Add(object);
+    array.Add(JsonValues());
+    EXPECT_EQ(array.Array(), R"([1.5,[null,"x"],{"k":1},[]])");
+}
+
+TEST(JsonDigits, StandAsTheyAreAndNoneAreNull) {
+    JsonMembers object;
+    object.AddDigits(JsonKey("a\"b"), "1e+05");
+    object.AddDigits(JsonKey("c"), "");
+    EXPECT_EQ(object.Object(), R"({"a\"b":1e+05,"c":null})");
+}
+
+TEST(JsonErrors, HaveANumberAndAText) {
+    EXPECT_EQ(ErrorMember(53, "File not found").Object(),
+              R"({"error":{"number":53,"text":"File not found"}})");
 }
 
 TEST(JsonMembersOfAnObject, StandInTheOrderInWhichTheyAreAdded) {
@@ -81,20 +117,20 @@ TEST(JsonMembersOfAnObject, StandInTheOrderInWhichTheyAreAdded) {
     members.Add("list", std::vector<std::string>{"x", "y\n", "x"});
     members.Add("none", std::vector<std::string>{});
     members.Add("inner", inner);
-    members.Add("json", Json{{"k", 1}});
     members.Add("figures", figures);
     members.Add("first", figures, 1);
     members.Add("nothing", figures, 0);
-    members.AddWritten("written", "[[1]]");
-    EXPECT_EQ(members.Object(), '{' + members.Members() + '}');
+    JsonValues values;
+    values.Add(1);
+    members.Add("values", values);
     EXPECT_EQ(
-        members.Members(),
-        R"("number":0.5,"count":12,"yes":true,"no":false,"text":"a\"b","list":["x","y\n","x"],"none":[],)"
-        R"("inner":{"deep":"down"},"json":{"k":1},"figures":[1,2.5,null],"first":[1],"nothing":[],)"
-        R"("written":[[1]])");
+        members.Object(),
+        R"({"number":0.5,"count":12,"yes":true,"no":false,"text":"a\"b","list":["x","y\n","x"],"none":[],)"
+        R"("inner":{"deep":"down"},"figures":[1,2.5,null],"first":[1],"nothing":[],)"
+        R"("values":[1]})");
 }
 
-TEST(JsonMembersOfAnObject, AreAppendedBehindOthers) {
+TEST(JsonMembersOfAnObject, AreAppendedAfterOthers) {
     JsonMembers none, one, two;
     one.Add("a", 1);
     two.Add("b", 2);

@@ -51,47 +51,48 @@ class RecordingWorkbook : public SpreadsheetWriter {
     RecordingDrawing& recording_;
 };
 
-std::string NameOf(const std::string& path) {
-    return std::filesystem::path(path).filename().string();
+// What is drawn grows beside its place, under a name of which the extension alone says something.
+std::string KindOf(const std::string& path) {
+    return std::filesystem::path(path).extension().string();
 }
 
 }  // namespace
 
 void RecordingDrawing::PrintToPdf(const std::string& path, const std::string& text) {
-    Calls.push_back("print " + NameOf(path) + ": " + text);
+    Calls.push_back("print " + KindOf(path) + ": " + text);
 }
 
 void RecordingDrawing::DrawCurves(const std::string& path, GraphFamily family, int index) {
-    Calls.push_back("curves " + NameOf(path) +
+    Calls.push_back("curves " + KindOf(path) +
                     (family == GraphFamily::Stability ? " stability " : " sizing ") + std::to_string(index));
 }
 
 std::unique_ptr<SpreadsheetWriter> RecordingDrawing::CurveWorkbook(const std::string& path) {
-    Calls.push_back("workbook " + NameOf(path));
+    Calls.push_back("workbook " + KindOf(path));
     return std::make_unique<RecordingWorkbook>(*this);
 }
 
 void RecordingDrawing::DrawPlan(const std::string& path, bool preview) {
-    Calls.push_back("plan " + NameOf(path) + (preview ? " preview" : " window"));
+    Calls.push_back("plan " + KindOf(path) + (preview ? " preview" : " window"));
 }
 
 void RecordingDrawing::DrawStudy(const std::string& path, const CurvesPicture& picture) {
-    Paths.push_back(path);
+    Kinds.push_back(KindOf(path));
     Curves.push_back(picture);
 }
 
 void RecordingDrawing::DrawStudy(const std::string& path, const MapPicture& picture) {
-    Paths.push_back(path);
+    Kinds.push_back(KindOf(path));
     Maps.push_back(picture);
 }
 
 void RecordingDrawing::DrawStudy(const std::string& path, const SpreadPicture& picture) {
-    Paths.push_back(path);
+    Kinds.push_back(KindOf(path));
     Spreads.push_back(picture);
 }
 
 std::unique_ptr<RowSheet> RecordingDrawing::RowWorkbook(const std::string& path) {
-    Paths.push_back(path);
+    Kinds.push_back(KindOf(path));
     return std::make_unique<RecordingSheet>(*this, path);
 }
 
@@ -118,7 +119,7 @@ std::string DrawnTest::WriteProject(const std::string& name, const std::string& 
 }
 
 DrawnTest::Words DrawnTest::Into(const std::string& output, Words command, const Words& more) const {
-    command.insert(command.end(), {PathTo("p.TKL"), "--quiet", "-o", PathTo(output)});
+    command.insert(command.end(), {PathTo("p.TKL"), "--quiet", "--force", "-o", PathTo(output)});
     command.insert(command.end(), more.begin(), more.end());
     return command;
 }

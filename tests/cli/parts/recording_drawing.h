@@ -31,7 +31,7 @@ class RecordingDrawing : public Drawing {
     std::vector<CurvesPicture> Curves;
     std::vector<MapPicture> Maps;
     std::vector<SpreadPicture> Spreads;
-    std::vector<std::string> Paths;  // of the pictures and workbooks
+    std::vector<std::string> Kinds;  // extensions of the pictures and workbooks
     std::vector<std::string> Titles;
     std::vector<SheetRow> Rows;  // of the workbook; none where KeepRows is false
     std::uint64_t RowCount = 0;

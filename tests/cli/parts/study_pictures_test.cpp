@@ -43,7 +43,7 @@ class StudyPictures : public DrawnTest {
     }
     std::string Refusal(const Words& words) {
         const std::string text = RefusalOf(words);
-        EXPECT_THAT(TheRecording().Paths, IsEmpty());
+        EXPECT_THAT(TheRecording().Kinds, IsEmpty());
         return text;
     }
 };
@@ -57,7 +57,7 @@ void ExpectTitles(const PictureTitles& titles, const std::string& title, const s
 
 TEST_F(StudyPictures, OneFieldGivesTheCurvesOfTheThreeFactorsWithTheirTargets) {
     const CurvesPicture picture = CurvesOf(Sweep({"DepthCover=100,200"}));
-    EXPECT_THAT(TheRecording().Paths, ElementsAre(PathTo("picture.svg")));
+    EXPECT_THAT(TheRecording().Kinds, ElementsAre(".svg"));
     ExpectTitles(picture.titles, "Ridge Panel 4", "Depth of cover (ft)", "Stability factor");
     EXPECT_THAT(picture.x, ElementsAre(100, 200));
     ASSERT_EQ(picture.curves.size(), 3u);
@@ -153,7 +153,7 @@ TEST_F(StudyPictures, APictureOfRefusedPanelsAloneIsRefused) {
               "nothing to draw: no panel has a value (Invalid depth of cover)");
     EXPECT_EQ(RefusalOf(Sweep({"DepthCover=-2,-1", "Height=5,6"}), 1),
               "nothing to draw: no panel has a value (Invalid depth of cover)");
-    EXPECT_THAT(TheRecording().Paths, IsEmpty());
+    EXPECT_THAT(TheRecording().Kinds, IsEmpty());
 }
 
 TEST_F(StudyPictures, AMapHasTwoFieldsWithTwoValuesOrMoreAndNotTooMany) {
@@ -186,7 +186,7 @@ TEST_F(StudyPictures, AMetricProjectWithoutATitleGivesItsPathAndItsUnits) {
 TEST_F(StudyPictures, ARiskGivesTheSortedFactorsWithTheirTargets) {
     const SpreadPicture picture = SpreadOf("DepthCover=uniform:200:400", "50");
     EXPECT_EQ(picture.title, "Ridge Panel 4");
-    EXPECT_THAT(TheRecording().Paths, ElementsAre(PathTo("risk.svg")));
+    EXPECT_THAT(TheRecording().Kinds, ElementsAre(".svg"));
     ASSERT_EQ(picture.panels.size(), 3u);
     const char* const names[] = {"Stability factor \"Overall\"", "Stability factor \"Webs ONLY\"",
                                  "Stability factor \"Barrier Pillar\""};

@@ -148,7 +148,7 @@ TEST(SweepStudy, WhatATakerRaisesEndsItAndComesOut) {
 }
 
 TableRequest TableOf(std::vector<std::string> header, std::vector<std::vector<std::string>> rows) {
-    TableRequest request{WorkedPanel(), TableColumns(std::move(header)), {}, {}, false, 1};
+    TableRequest request{WorkedPanel(), TableColumns(std::move(header), Units::English), {}, {}, false, 1};
     request.rows = [rows = std::move(rows), next = std::size_t{0}](TableRow& row) mutable {
         if (next == rows.size()) return false;
         row = {next + 2, rows[next]};
@@ -182,10 +182,10 @@ TEST(TableStudy, AFaultyCellIsRefusedByItsPlace) {
 
 TEST(TableStudy, AHeaderNeedsAFieldAndEachOnce) {
     EXPECT_EQ(RefusalOf([] {
-                  TableColumns({"Height", "Borehole", "HEIGHT"});
+                  TableColumns({"Height", "Borehole", "HEIGHT"}, Units::English);
               }),
               "the column Height stands there twice");
-    EXPECT_EQ(RefusalOf([] { TableColumns({"Borehole"}); }).substr(0, 77),
+    EXPECT_EQ(RefusalOf([] { TableColumns({"Borehole"}, Units::English); }).substr(0, 77),
               "no column is named as a field of the project; the fields are Height, DepthCov");
 }
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/line/nearest_word.h"
+#include "core/runtime/nearest_word.h"
 
 #include <gtest/gtest.h>
 
-namespace tarvokol::cli {
+namespace tarvokol {
 namespace {
 
 TEST(NearestWords, AWordThatBeginsWithTheOneGivenComesFirst) {
@@ -48,4 +48,4 @@ TEST(NearestWords, ALongWordOrNoneIsNotCompared) {
 }
 
 }  // namespace
-}  // namespace tarvokol::cli
+}  // namespace tarvokol

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/line/nearest_word.h"
+#include "core/runtime/nearest_word.h"
 
 #include <algorithm>
 
 #include "core/runtime/text.h"
 
-namespace tarvokol::cli {
-namespace {
+namespace tarvokol {
 
-// Steps from one word to the other: a letter added, dropped or changed, or two neighbours exchanged.
 std::size_t StepsBetween(const std::string& a, const std::string& b) {
     std::vector<std::vector<std::size_t>> steps(a.size() + 1, std::vector<std::size_t>(b.size() + 1));
     for (std::size_t i = 0; i <= a.size(); ++i) steps[i][0] = i;
@@ -23,8 +21,6 @@ std::size_t StepsBetween(const std::string& a, const std::string& b) {
     }
     return steps[a.size()][b.size()];
 }
-
-}  // namespace
 
 std::string NearestWord(const std::string& word, const std::vector<std::string>& known) {
     constexpr std::size_t kLongest = 64;  // no word of ours is half as long
@@ -46,4 +42,4 @@ std::string NearestWord(const std::string& word, const std::vector<std::string>&
     return nearest;
 }
 
-}  // namespace tarvokol::cli
+}  // namespace tarvokol
