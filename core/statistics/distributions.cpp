@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/statistics/distributions.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <concepts>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "core/statistics/portable_math.h"
@@ -120,6 +122,32 @@ class Lognormal : public Distribution {
     double log_deviation_;
 };
 
+// Each whole number between two bounds as likely as the others: rounded figures would give the outermost half their share.
+class WholeUniform : public Distribution {
+  public:
+    WholeUniform(double low, double high, std::string text)
+        : low_(low), count_(high - low + 1.0), text_(std::move(text)) {}
+
+    double Quantile(double share) const override {
+        return low_ + std::min(std::floor(share * count_), count_ - 1.0);
+    }
+    double ShareBelow(double figure) const override {
+        return std::min(std::max(std::floor(figure) - low_ + 1.0, 0.0), count_) / count_;
+    }
+    double Density(double figure) const override {
+        const bool drawn = figure == std::floor(figure) && figure >= low_ && figure < low_ + count_;
+        return drawn ? kInfinity : 0.0;
+    }
+    double Mean() const override { return low_ + (count_ - 1.0) / 2.0; }
+    double StandardDeviation() const override { return std::sqrt((count_ * count_ - 1.0) / 12.0); }
+    std::string Text() const override { return text_; }
+
+  private:
+    double low_;
+    double count_;
+    std::string text_;
+};
+
 class Uniform : public Distribution {
   public:
     static constexpr const char* kName = "uniform";
@@ -142,6 +170,10 @@ class Uniform : public Distribution {
     double Mean() const override { return (low_ + high_) / 2.0; }
     double StandardDeviation() const override { return (high_ - low_) / std::sqrt(12.0); }
     std::string Text() const override { return Written(kName, std::array{low_, high_}); }
+    DistributionPtr OverWholeNumbers() const override {
+        if (std::ceil(low_) > std::floor(high_)) throw StudyRefusal("no whole number lies between LO and HI");
+        return std::make_shared<const WholeUniform>(std::ceil(low_), std::floor(high_), Text());
+    }
 
   private:
     double low_;

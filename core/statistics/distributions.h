@@ -31,6 +31,10 @@ class Distribution {
     // The quantiles of many shares; both lists are of the same length.
     virtual void FillQuantiles(std::span<const double> shares, std::span<double> figures) const;
 
+    // The distribution of a count that is written like this one: itself where its figures are rounded as they are stored,
+    // another where that would not do. Raises StudyRefusal where no whole number can be drawn.
+    virtual std::shared_ptr<const Distribution> OverWholeNumbers() const { return nullptr; }
+
     // True of a figure that is drawn by way of a standard normal one.
     virtual bool IsFromNormal() const { return false; }
 

@@ -129,7 +129,9 @@ std::pair<std::uint64_t, std::uint64_t> EndsOf(std::span<const double> values) {
 Moments MomentsOf(std::span<const double> values) {
     if (values.empty()) return {kNone, kNone};
     const double mean = MeanOf(values);
-    if (values.size() == 1) return {mean, 0.0};
+    // The rounding of a sum must not make a spread of values that are all the same.
+    if (std::all_of(values.begin(), values.end(), [&](double value) { return value == values[0]; }))
+        return {values[0], 0.0};
     const double squares = BlockSum(values.size(), [&](std::size_t i) {
         const double difference = values[i] - mean;
         return difference * difference;

@@ -15,7 +15,7 @@ struct Moments {
     double mean = 0;
     double standard_deviation = 0;  // of the sample: divided by one less than the count
 };
-// NaN for no value; a deviation of 0 for a single one.
+// NaN for no value; a deviation of exactly 0 where all are the same.
 Moments MomentsOf(std::span<const double> values);
 
 // Values from the lowest to the highest.

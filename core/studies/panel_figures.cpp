@@ -38,6 +38,12 @@ int16_t TypedHoles(int16_t holes) {
     return holes < 1 || holes > MaxHoles ? int16_t{0} : holes;
 }
 
+// Sizing reads neither crosscuts nor the barrier that the panel has.
+bool IsReadBySizing(PanelTest test) {
+    return test != PanelTest::BarrierPillarWidth && test != PanelTest::CrosscutAngle &&
+           test != PanelTest::CrosscutSpacing;
+}
+
 // True where the dialog's short test has nothing to refuse, as a look at the figures tells; else its texts tell what it
 // says.
 bool IsPlainlySizable(const Panel& typed) {
@@ -80,16 +86,17 @@ void PanelEvaluator::AddMessage(const std::string& text) {
 void PanelEvaluator::EvaluateInFull() {
     ForgetFigures(figures_);
     figures_plain_ = false;
+    bool sizable = sizes_;
     try {
-        if (!CalculateFactors()) return;
+        if (const auto refusal = CalculateFactors()) sizable = sizes_ && !IsReadBySizing(refusal->test);
     } catch (const RunTimeError& error) {
         ForgetFigures(figures_);
         figures_.refused = true;
         figures_.message = error.text;
         return;
     }
-    figures_plain_ = !sizes_;
-    if (!sizes_) return;
+    figures_plain_ = !sizes_ && !figures_.refused;
+    if (!sizable) return;
     try {
         CalculateSizes();
     } catch (const RunTimeError& error) {
@@ -97,14 +104,14 @@ void PanelEvaluator::EvaluateInFull() {
     }
 }
 
-// False if the check refuses the panel.
-bool PanelEvaluator::CalculateFactors() {
+// What the check refuses.
+std::optional<Refusal> PanelEvaluator::CalculateFactors() {
     if (!parts_known_) RenewParts(panel_, parts_);
     const auto outcome = FactorsOf(panel_, parts_);
     if (const auto* refusal = std::get_if<Refusal>(&outcome)) {
         figures_.refused = true;
         figures_.message = refusal->Message();
-        return false;
+        return *refusal;
     }
     const PanelFactors& factors = std::get<PanelFactors>(outcome);
     figures_.Overall = factors.overall;
@@ -112,7 +119,7 @@ bool PanelEvaluator::CalculateFactors() {
     figures_.BarrierPillar = factors.barrier;
     if (!parts_known_) KeepParts();
     figures_.ExtractionRatio = extraction_ratio_;
-    return true;
+    return std::nullopt;
 }
 
 // Renews the parts where another figure than the depth has changed; false where that is not all that keeps the panel from

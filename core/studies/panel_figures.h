@@ -2,6 +2,7 @@
 // The figures of one panel of a study: factors, extraction ratio and, where asked for, suggested sizes.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/engine/engine.h"
@@ -18,7 +19,7 @@ struct PanelFigures {
     double ExtractionRatio = 0;   // percent
     double SuggestedWeb = 0;      // in, -1 where the solver fails
     double SuggestedBarrier = 0;  // in
-    bool refused = false;         // by the input check or a run-time error: no figures
+    bool refused = false;         // by the input check or a run-time error: no factors
     std::string message;          // why a figure is missing, or what the solver says; empty if all is well
 };
 
@@ -61,7 +62,7 @@ class PanelEvaluator {
     void EvaluateInFull();
     void KeepParts();
     void TakeTyped(PanelField field);
-    bool CalculateFactors();
+    std::optional<Refusal> CalculateFactors();
     void CalculateSizes();
     void AddMessage(const std::string& text);
 

@@ -9,6 +9,7 @@
 #include <numeric>
 #include <utility>
 
+#include "core/runtime/run_time_error.h"
 #include "core/statistics/portable_math.h"
 #include "core/statistics/random_numbers.h"
 #include "core/statistics/study_numbers.h"
@@ -20,6 +21,7 @@ namespace tarvokol {
 namespace {
 
 constexpr double kBelowOne = 1.0 - 0x1p-53;
+constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 constexpr std::size_t kMostRefusalTexts = 10;
 constexpr std::uint32_t kPiece = 4096;
 
@@ -35,23 +37,37 @@ std::size_t IndexOf(const std::vector<RandomField>& fields, PanelField field) {
     return static_cast<std::size_t>(found - fields.begin());
 }
 
-// Streams of random numbers: one for the place inside a stratum, one for the order of the strata, of each
-// field.
-std::uint32_t PlaceStream(std::size_t field) {
-    return static_cast<std::uint32_t>(2 * field);
+// Streams of random numbers, of each field its own, in whatever order the fields are given: one for the place inside a
+// stratum, one for the order of the strata.
+std::uint32_t PlaceStream(PanelField field) {
+    return 2 * static_cast<std::uint32_t>(field);
 }
-std::uint32_t OrderStream(std::size_t field) {
-    return static_cast<std::uint32_t>(2 * field + 1);
+std::uint32_t OrderStream(PanelField field) {
+    return 2 * static_cast<std::uint32_t>(field) + 1;
 }
 
-// The lower triangle L with L x transposed L = the matrix of correlations (Cholesky).
-Matrix Triangle(const RiskRequest& request) {
-    const std::size_t n = request.fields.size();
+// The random fields of a request by their positions, in the order of PanelField: whatever depends on an order takes this one.
+std::vector<std::size_t> OrderedFields(const RiskRequest& request) {
+    std::vector<std::size_t> order(request.fields.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+        return request.fields[a].field < request.fields[b].field;
+    });
+    return order;
+}
+
+// The lower triangle L with L x transposed L = the matrix of correlations (Cholesky), of the fields in this order.
+Matrix Triangle(const RiskRequest& request, const std::vector<std::size_t>& order) {
+    const std::size_t n = order.size();
+    const auto row_of = [&](PanelField field) {
+        const auto found = std::find(order.begin(), order.end(), IndexOf(request.fields, field));
+        return static_cast<std::size_t>(found - order.begin());
+    };
     Matrix a(n, std::vector<double>(n, 0.0));
     for (std::size_t i = 0; i < n; ++i) a[i][i] = 1.0;
     for (const FieldCorrelation& one : request.correlations) {
-        const std::size_t i = IndexOf(request.fields, one.first);
-        const std::size_t j = IndexOf(request.fields, one.second);
+        const std::size_t i = row_of(one.first);
+        const std::size_t j = row_of(one.second);
         a[i][j] = a[j][i] = one.value;
     }
     for (std::size_t j = 0; j < n; ++j) {
@@ -84,7 +100,11 @@ void RunTasks(const std::vector<SortingTask>& tasks, unsigned threads) {
 class RiskRun {
   public:
     RiskRun(const RiskRequest& request, StudyObserver& observer)
-        : request_(request), project_(request.panel), observer_(observer), triangle_(Triangle(request)) {}
+        : request_(request),
+          project_(request.panel),
+          observer_(observer),
+          order_(OrderedFields(request)),
+          triangle_(Triangle(request, order_)) {}
 
     std::optional<RiskResult> Run() {
         if (!observer_.Progress(0, request_.samples)) return std::nullopt;
@@ -111,7 +131,8 @@ class RiskRun {
         std::vector<SortingTask> tasks;
         for (std::size_t field = 0; field < Fields(); ++field)
             tasks.emplace_back([this, field](SortedSample&) {
-                orders_[field] = RandomOrder(request_.seed, OrderStream(field), request_.samples);
+                orders_[field] =
+                    RandomOrder(request_.seed, OrderStream(request_.fields[field].field), request_.samples);
             });
         // Memory takes the system's time with its first use: here, where a thread may have nothing else to do.
         for (auto& factor : result_.factors)
@@ -143,19 +164,37 @@ class RiskRun {
     void DrawPiece(PanelEvaluator& panel, Draw& draw, std::uint32_t piece) {
         const std::uint32_t first = piece * kPiece;
         const std::uint32_t count = std::min(request_.samples - first, kPiece);
-        for (std::size_t field = 0; field < Fields(); ++field) {
-            FillShares(field, first, std::span(draw.shares[field]).first(count));
-            FillFigures(draw, field, count);
+        for (std::size_t place = 0; place < Fields(); ++place) {
+            FillShares(order_[place], first, std::span(draw.shares[order_[place]]).first(count));
+            FillFigures(draw, place, count);
         }
         for (std::uint32_t i = 0; i < count; ++i) {
             const std::uint32_t sample = first + i;
-            for (std::size_t field = 0; field < Fields(); ++field) {
-                panel.Set(request_.fields[field].field, draw.figures[field][i]);
-                if (!result_.drawn[field].empty())
-                    result_.drawn[field][sample] = ValueOfField(panel.Inputs(), request_.fields[field].field);
-            }
-            KeepFigures(panel, sample, refusals_[piece]);
+            if (SetFields(panel, draw, i, sample, refusals_[piece]))
+                KeepFigures(panel, sample, refusals_[piece]);
+            else
+                for (auto& factor : result_.factors) factor[sample] = kNone;
         }
+    }
+
+    // Sets a sample's figures; false, with a word why, where a field cannot hold its figure.
+    bool SetFields(PanelEvaluator& panel, const Draw& draw, std::uint32_t i, std::uint32_t sample,
+                   std::vector<std::string>& refusals) {
+        const char* too_large = nullptr;
+        for (const std::size_t field : order_) {
+            const PanelField name = request_.fields[field].field;
+            double figure = draw.figures[field][i];
+            try {
+                panel.Set(name, figure);
+                figure = ValueOfField(panel.Inputs(), name);
+            } catch (const RunTimeError&) {
+                if (too_large == nullptr) too_large = NameOfField(name);
+            }
+            if (!result_.drawn[field].empty()) result_.drawn[field][sample] = figure;
+        }
+        if (too_large == nullptr) return true;
+        refusals.push_back(std::string(too_large) + ": a drawn figure cannot be stored in this field");
+        return false;
     }
 
     void KeepFigures(PanelEvaluator& panel, std::uint32_t sample, std::vector<std::string>& refusals) {
@@ -170,13 +209,15 @@ class RiskRun {
 
     // The shares from sample `first` on; within its stratum each has a place of its own.
     void FillShares(std::size_t field, std::uint32_t first, std::span<double> shares) const {
-        FillWithUnits(request_.seed, PlaceStream(field), first, shares);
+        FillWithUnits(request_.seed, PlaceStream(request_.fields[field].field), first, shares);
         if (!request_.latin) return;
         const std::uint32_t* stratum = &orders_[field][first];
         for (double& share : shares) share = std::min((*stratum++ + share) / request_.samples, kBelowOne);
     }
 
-    void FillFigures(Draw& draw, std::size_t field, std::uint32_t count) const {
+    // Of the field at a place of the order.
+    void FillFigures(Draw& draw, std::size_t place, std::uint32_t count) const {
+        const std::size_t field = order_[place];
         const Distribution& distribution = *request_.fields[field].distribution;
         const auto shares = std::span(draw.shares[field]).first(count);
         const auto normals = std::span(draw.normals[field]).first(count);
@@ -184,15 +225,15 @@ class RiskRun {
         if (!distribution.IsFromNormal()) return distribution.FillQuantiles(shares, figures);
         FillWithNormalQuantiles(shares, normals);
         if (request_.correlations.empty()) return distribution.FillFromNormal(normals, figures);
-        for (std::uint32_t i = 0; i < count; ++i) figures[i] = Mixed(draw, field, i);
+        for (std::uint32_t i = 0; i < count; ++i) figures[i] = Mixed(draw, place, i);
         distribution.FillFromNormal(figures, figures);
     }
 
     // The normal figure of a field with its correlations to those before it.
-    double Mixed(const Draw& draw, std::size_t field, std::uint32_t i) const {
+    double Mixed(const Draw& draw, std::size_t place, std::uint32_t i) const {
         double sum = 0;
-        for (std::size_t k = 0; k <= field; ++k)
-            if (triangle_[field][k] != 0.0) sum += triangle_[field][k] * draw.normals[k][i];
+        for (std::size_t k = 0; k <= place; ++k)
+            if (triangle_[place][k] != 0.0) sum += triangle_[place][k] * draw.normals[order_[k]][i];
         return sum;
     }
 
@@ -320,6 +361,7 @@ class RiskRun {
     const RiskRequest& request_;
     const Panel& project_;
     StudyObserver& observer_;
+    std::vector<std::size_t> order_;
     Matrix triangle_;
     RiskResult result_;
     std::vector<BigArray<std::uint32_t>> orders_;  // of the strata, one list a field
@@ -336,7 +378,9 @@ class RiskRun {
 void RiskRequest::AddField(PanelField field, std::string_view distribution) {
     About(NameOfField(field), [&] {
         if (IndexOf(fields, field) < fields.size()) throw StudyRefusal("the field is given twice");
-        fields.push_back({field, ParseDistribution(distribution, ValueOfField(panel, field))});
+        DistributionPtr parsed = ParseDistribution(distribution, ValueOfField(panel, field));
+        const DistributionPtr whole = IsWholeField(field) ? parsed->OverWholeNumbers() : nullptr;
+        fields.push_back({field, whole ? whole : parsed});
     });
 }
 

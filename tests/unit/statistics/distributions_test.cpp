@@ -246,6 +246,26 @@ TEST(Distributions, AFigureThatDoesNotVaryHasAllItsShareThere) {
     }
 }
 
+// Each whole number has the same part of the shares, those at the bounds too.
+TEST(Distributions, AUniformCountHasEqualWeights) {
+    const DistributionPtr holes = ParseDistribution("uniform:9.5:13.5", 1)->OverWholeNumbers();
+    ASSERT_NE(holes, nullptr);
+    EXPECT_EQ(holes->Quantile(0.001), 10);
+    EXPECT_EQ(holes->Quantile(0.2499), 10);
+    EXPECT_EQ(holes->Quantile(0.2501), 11);
+    EXPECT_EQ(holes->Quantile(0.7499), 12);
+    EXPECT_EQ(holes->Quantile(0.9999999999999999), 13);
+    EXPECT_EQ(holes->Mean(), 11.5);
+    EXPECT_NEAR(holes->StandardDeviation(), std::sqrt(1.25), 1e-14);  // of 10, 11, 12, 13
+    EXPECT_EQ(holes->ShareBelow(11), 0.5);
+    EXPECT_EQ(holes->ShareBelow(9.9), 0);
+    EXPECT_EQ(holes->ShareBelow(20), 1);
+    EXPECT_EQ(holes->Text(), "uniform:9.5:13.5");
+    EXPECT_EQ(ParseDistribution("uniform:7:7", 1)->OverWholeNumbers()->Quantile(0.5), 7);
+    EXPECT_EQ(ParseDistribution("normal:7:1", 1)->OverWholeNumbers(), nullptr);
+    EXPECT_THROW(ParseDistribution("uniform:7.1:7.9", 1)->OverWholeNumbers(), StudyRefusal);
+}
+
 // Figures of other kinds keep their share: z of 84.134474606854 % is 1.
 TEST(Distributions, EveryKindFollowsANormalFigure) {
     EXPECT_NEAR(FromNormal(*ParseDistribution("uniform:10:20", 1), 1), 18.4134474606854, 1e-12);

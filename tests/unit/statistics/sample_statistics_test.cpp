@@ -136,5 +136,12 @@ TEST(SampleStatistics, WilsonsIntervalHasItsFigures) {
     EXPECT_TRUE(std::isnan(ShareOf(0, 0).low) && std::isnan(ShareOf(0, 0).high));
 }
 
+// The sum of many of 0.1 is rounded; their mean and deviation are not.
+TEST(MomentsOf, ValuesThatAreAllTheSameHaveNoDeviation) {
+    const std::vector<double> same(100000, 0.1);
+    EXPECT_EQ(MomentsOf(same).mean, 0.1);
+    EXPECT_EQ(MomentsOf(same).standard_deviation, 0);
+}
+
 }  // namespace
 }  // namespace tarvokol

@@ -114,6 +114,22 @@ TEST(PanelFigures, TheShortTestOfTheSizesSpeaks) {
     EXPECT_TRUE(std::isnan(figures.SuggestedWeb));
 }
 
+// No size reads the barrier that the panel has.
+TEST(PanelFigures, ABarrierThatTheCheckRefusesLeavesTheSizes) {
+    PanelEvaluator evaluator(WorkedPanel(), true);
+    evaluator.Set(PanelField::BarrierPillarWidth, 0);
+    const PanelFigures& figures = evaluator.Evaluate();
+    EXPECT_TRUE(figures.refused);
+    EXPECT_EQ(figures.message, "Invalid barrier pillar width");
+    EXPECT_TRUE(std::isnan(figures.WebsOnly));
+    EXPECT_TRUE(std::isnan(figures.ExtractionRatio));
+    EXPECT_NEAR(figures.SuggestedWeb, 38.9991340637207, 1e-5);
+    EXPECT_NEAR(figures.SuggestedBarrier, 122.40354919433594, 1e-5);
+    evaluator.Set(PanelField::CoalStrength, 0);
+    EXPECT_EQ(evaluator.Evaluate().message, "Invalid barrier pillar width | Invalid pillar strength");
+    EXPECT_TRUE(std::isnan(figures.SuggestedWeb));
+}
+
 TEST(PanelFigures, FieldsThatTheRecordCannotHold) {
     EXPECT_TRUE(FitsField(PanelField::Height, 1e300));
     EXPECT_FALSE(FitsField(PanelField::NumberHoles, 2.5));

@@ -131,18 +131,19 @@ TEST(RiskSamples, FiguresAreThoseOfWholeHolesAndCorrelatedFields) {
     ExpectTold(request);
 }
 
-// By their documented rule: field f draws its place within a stratum from stream 2 f and the order of the strata from
-// stream 2 f + 1.
+// By their documented rule: field f, by its number among the fields (Height 0, DepthCover 1), draws its place within a
+// stratum from stream 2 f and the order of the strata from stream 2 f + 1.
 TEST(RiskSamples, AHypercubeTakesOneSampleOfEachStratum) {
     RiskRequest request = RequestOf({"DepthCover=uniform:200:400", "Height=uniform:5:9"}, 5000);
     request.seed = 77;
     const RiskResult result = RunRisk(request);
     const double low[] = {200, 5};
     const double width[] = {200, 4};
+    const std::uint32_t number[] = {1, 0};
     for (std::uint32_t field = 0; field < 2; ++field) {
-        const auto order = RandomOrder(77, 2 * field + 1, 5000);
+        const auto order = RandomOrder(77, 2 * number[field] + 1, 5000);
         for (std::uint32_t i = 0; i < 5000; ++i) {
-            const double place = UnitFromBits(RandomBits(77, 2 * field, i));
+            const double place = UnitFromBits(RandomBits(77, 2 * number[field], i));
             ASSERT_EQ(result.drawn[field][i], low[field] + width[field] * ((order[i] + place) / 5000)) << i;
         }
     }
@@ -153,8 +154,8 @@ TEST(RiskSamples, IndependentDrawsAreThePlacesThemselves) {
     request.latin = false;
     const RiskResult result = RunRisk(request);
     for (std::uint32_t i = 0; i < 5000; ++i) {
-        ASSERT_EQ(result.drawn[0][i], 200 + 200 * UnitFromBits(RandomBits(1, 0, i)));
-        ASSERT_EQ(result.drawn[1][i], 5 + 4 * UnitFromBits(RandomBits(1, 2, i)));
+        ASSERT_EQ(result.drawn[0][i], 200 + 200 * UnitFromBits(RandomBits(1, 2, i)));
+        ASSERT_EQ(result.drawn[1][i], 5 + 4 * UnitFromBits(RandomBits(1, 0, i)));
     }
 }
 
@@ -212,6 +213,52 @@ TEST(RiskSamples, AnyNumberOfThreadsGivesTheSameBits) {
     EXPECT_EQ(one.risk[1].rank_correlation, five.risk[1].rank_correlation);
     EXPECT_EQ(one.refused, five.refused);
     for (std::size_t i = 0; i < 20001; ++i) ASSERT_EQ(one.drawn[1][i], five.drawn[1][i]);
+}
+
+// Random numbers belong to fields: in which order they are given changes nothing.
+TEST(RiskSamples, TheOrderOfTheFieldsChangesNoFigure) {
+    const auto run = [](std::vector<const char*> fields) {
+        RiskRequest request = RequestOf(fields, 3000);
+        Correlate(request, "Height,HoleWidth=0.5");
+        Correlate(request, "CoalStrength,HoleWidth=-0.3");
+        return RunRisk(request);
+    };
+    const RiskResult one = run({"Height=normal:10:1", "HoleWidth=normal:10:1", "CoalStrength=normal:900:90"});
+    const RiskResult other =
+        run({"CoalStrength=normal:900:90", "Height=normal:10:1", "HoleWidth=normal:10:1"});
+    for (std::size_t factor = 0; factor < kFactors; ++factor) {
+        EXPECT_THAT(one.factors[factor], ::testing::ElementsAreArray(other.factors[factor]));
+        EXPECT_EQ(one.risk[factor].moments.mean, other.risk[factor].moments.mean);
+        EXPECT_EQ(one.risk[factor].rank_correlation[0], other.risk[factor].rank_correlation[1]);
+        EXPECT_EQ(one.risk[factor].rank_correlation[2], other.risk[factor].rank_correlation[0]);
+    }
+    EXPECT_THAT(one.drawn[2], ::testing::ElementsAreArray(other.drawn[0]));
+}
+
+TEST(RiskSamples, ADrawnFigureThatItsFieldCannotHoldRefusesTheSample) {
+    for (const unsigned threads : {1u, 2u}) {
+        RiskRequest request = RequestOf({"NumberHoles=uniform:1:100000", "Height=uniform:5:9"}, 10000);
+        request.threads = threads;
+        const RiskResult result = RunRisk(request);
+        // 20 of the 100,000 numbers of holes can be calculated, 32,767 stored.
+        EXPECT_GE(result.refused, 9990u);
+        EXPECT_THAT(result.refusals, ::testing::UnorderedElementsAre(
+                                         "Subscript out of range",
+                                         "NumberHoles: a drawn figure cannot be stored in this field"));
+    }
+    const RiskResult factors = RunRisk(RequestOf({"SFWeb=lognormal:1e38:1e39"}, 2000));
+    EXPECT_GT(factors.refused, 0u);
+    EXPECT_LT(factors.refused, 2000u);
+    EXPECT_THAT(factors.refusals, ElementsAre("SFWeb: a drawn figure cannot be stored in this field"));
+}
+
+// 2,000 strata of 5 numbers: 400 of each, 2 and 6 as the others.
+TEST(RiskSamples, HolesAreDrawnWithEqualWeights) {
+    const RiskResult result = RunRisk(RequestOf({"NumberHoles=uniform:2:6"}, 2000));
+    for (const double holes : {2, 3, 4, 5, 6})
+        EXPECT_EQ(std::count(result.drawn[0].begin(), result.drawn[0].end(), holes), 400) << holes;
+    RiskRequest request;
+    EXPECT_THROW(request.AddField(PanelField::NumberHoles, "uniform:2.1:2.9"), StudyRefusal);
 }
 
 TEST(RiskSamples, RefusalsAreToldOnceEachInTheirOrder) {

@@ -40,7 +40,7 @@ TEST(ValueAxis, CountsStepsFromTheFirstValueUpToTheLast) {
 TEST(ValueAxis, RoundingOfStepsDoesNotAddUp) {
     const auto values = ValuesOf("Height=0:1:0.1");
     ASSERT_EQ(values.size(), 11u);
-    EXPECT_EQ(values[3], 0.30000000000000004);  // 3 x 0.1
+    EXPECT_EQ(values[3], 0.3);  // and not 3 x 0.1
     EXPECT_EQ(values[10], 1.0);
 }
 
@@ -49,6 +49,25 @@ TEST(ValueAxis, TakesALastValueThatIsHitWithinHalfAMillionthOfAStep) {
     EXPECT_EQ(ValuesOf("Height=0:1.999999:1").size(), 2u);
     EXPECT_EQ(ValuesOf("Height=0:2.0000001:1").size(), 3u);
     EXPECT_EQ(ValuesOf("Height=5:4.9999996:1").size(), 1u);
+}
+
+// Each value is the double next to the decimal that first value, step and count say.
+TEST(ValueAxis, ValuesOfARangeAreDecimals) {
+    EXPECT_THAT(ValuesOf("Height=0.1:1:0.1"), ElementsAre(0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7, 0.8, 0.9, 1));
+    EXPECT_THAT(ValuesOf("Height=1.1:1.5:+1e-1"), ElementsAre(1.1, 1.2, 1.3, 1.4, 1.5));
+    EXPECT_THAT(ValuesOf("Height=1:-.2:-.3"), ElementsAre(1, 0.7, 0.4, 0.1, -0.2));
+    EXPECT_THAT(ValuesOf("Height=0.1:0.7/7"), ElementsAre(0.1, 0.2, 0.3, 0.4, 0.5, 0.6, 0.7));
+    EXPECT_THAT(ValuesOf("Height=0:1/4"), ElementsAre(0, 1.0 / 3, 2.0 / 3, 1));
+    EXPECT_THAT(ValuesOf("Height=2e3:2.2e3:1e2"), ElementsAre(2000, 2100, 2200));
+    EXPECT_THAT(ValuesOf("Height=1e300:3e300:1e300"), ElementsAre(1e300, 2e300, 1e300 + 2 * 1e300));
+    EXPECT_THAT(ValuesOf("Height=0.1234567890123456789:1:0.5"),
+                ElementsAre(0.12345678901234568, 0.62345678901234568));
+}
+
+TEST(ValueAxis, FactorsFitASingle) {
+    EXPECT_EQ(RefusalOf("SFWeb=1e38:1e39/3"), "SFWeb: a value cannot be stored in this field");
+    EXPECT_EQ(RefusalOf("SFBarrier=1,1e39"), "SFBarrier: a value cannot be stored in this field");
+    EXPECT_EQ(ValuesOf("SFWeb=1e38:3e38/3").size(), 3u);
 }
 
 TEST(ValueAxis, SpreadsACountOfValuesEvenly) {
