@@ -168,7 +168,11 @@ void IniDocument::Put(std::string_view section, std::string_view key, std::strin
         EndLastLine(text_);
         text_ += "[" + std::string(section) + "]" + std::string(CrLf) + entry + std::string(CrLf);
     } else if (const auto old = FindValue(text_, *span, key)) {
-        text_.replace(old->begin, old->end - old->begin, line_value);
+        // Blanks in front of a value take the place of those that stood there: they must not grow with each save.
+        const bool brings_blanks = line_value.starts_with(' ');
+        const std::size_t begin =
+            brings_blanks ? text_.find('=', text_.rfind('\n', old->begin - 1) + 1) + 1 : old->begin;
+        text_.replace(begin, old->end - begin, line_value);
     } else {
         InsertEntry(text_, EndOfLastEntry(text_, *span), entry);
     }

@@ -35,14 +35,9 @@ QString RecentName(int index) {
     return "mnuFileArray_" + QString::number(index);
 }
 
-// A long path shows its beginning and its end, where the file's name stands.
-QString ShownRecentCaption(const QString& caption) {
-    constexpr int kShown = 60;
-    constexpr int kBeginning = 20;
-    QString shown = caption;
-    if (caption.size() > kShown)
-        shown = caption.left(kBeginning) + "..." + caption.right(kShown - kBeginning - 3);
-    return shown.replace("&", "&&");
+// However long, a path is shown whole: two that differ in the middle must not read the same.
+QString ShownRecentCaption(QString caption) {
+    return caption.replace("&", "&&");
 }
 
 // The entry that opens a submenu goes by the submenu's name.

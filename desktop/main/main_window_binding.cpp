@@ -33,8 +33,9 @@ std::string MainWindowBinding::Tag() const {
     return frmMain::Instance().Tag();
 }
 
+// The toolkit takes "[*]" for the place of a mark of its own, and doubled for itself.
 void MainWindowBinding::SetCaption(const std::string& caption) {
-    frmMain::Instance().setWindowTitle(ToQt(caption));
+    frmMain::Instance().setWindowTitle(ToQt(caption).replace("[*]", "[*][*]"));
 }
 
 void MainWindowBinding::SetMousePointer(MousePointer pointer) {

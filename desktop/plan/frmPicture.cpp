@@ -16,7 +16,6 @@
 #include "core/project/figure_range.h"
 #include "core/project/preview_record.h"
 #include "core/report/results_state.h"
-#include "core/runtime/checked.h"
 #include "desktop/base/form_services.h"
 #include "desktop/base/modCapture.h"
 #include "qt/print/qt_printer.h"
@@ -119,8 +118,8 @@ void frmPicture::MakeSquare() {
         resize(width(), PixelsOf(W + kFrameHeight));
     else
         resize(PixelsOf(H - kFrameHeight), height());
-    LastHeight_ = ToShort(TwipsOf(height()));
-    LastWidth_ = ToShort(TwipsOf(width()));
+    LastHeight_ = TwipsOf(height());
+    LastWidth_ = TwipsOf(width());
     DrawPanelPlot();
 }
 

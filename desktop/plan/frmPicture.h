@@ -67,8 +67,8 @@ class frmPicture : public SingleForm<frmPicture> {
     QTimer resized_;  // brings control back to the event loop, nothing longer
     bool resized_in_drag_ = false;
     bool restoring_ = false;
-    int16_t LastHeight_ = 0;  // twips, after the last layout pass
-    int16_t LastWidth_ = 0;
+    int LastHeight_ = 0;  // twips, after the last layout pass; a short would end at 2184 pixels
+    int LastWidth_ = 0;
 };
 
 }  // namespace tarvokol

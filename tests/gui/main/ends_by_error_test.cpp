@@ -90,12 +90,6 @@ const End kEnds[] = {
          EndsByError::ChooseInMainWindow("mnuCalcItem_0");
      },
      "\r\n 21 \r\n"},
-    {"PlotWindowBeyondItsLargestSize", 6,
-     [] {
-         EndsByError::OpenPlotWindow();
-         FormNamed("frmPicture").resize(600, 3000);
-         QTest::qWait(200);
-     }},
 };
 
 INSTANTIATE_TEST_SUITE_P(Ends, EndsByError, ::testing::ValuesIn(kEnds),

@@ -68,13 +68,19 @@ TEST_F(MainWindowEdges, OneRecentFileIsEnoughForTheLineAboveThem) {
     }
 }
 
-TEST_F(MainWindowEdges, APathOfSixtyLettersIsShownWhole) {
+TEST_F(MainWindowEdges, APathIsShownWholeHoweverLong) {
     Start();
-    const std::string sixty = "/home/engineer/" + std::string(45, 'p');
-    Platform.MainWindow->SetRecentCaption(1, sixty);
-    EXPECT_EQ(FromQt(Item("mnuFileArray_1").text()), sixty);
-    Platform.MainWindow->SetRecentCaption(1, sixty + "p");
-    EXPECT_EQ(FromQt(Item("mnuFileArray_1").text()), "/home/engineer/ppppp..." + std::string(37, 'p'));
+    for (const int letters : {45, 46, 200}) {
+        const std::string path = "/home/engineer/" + std::string(static_cast<std::size_t>(letters), 'p');
+        Platform.MainWindow->SetRecentCaption(1, path);
+        EXPECT_EQ(FromQt(Item("mnuFileArray_1").text()), path);
+    }
+}
+
+TEST_F(MainWindowEdges, TheCaptionShowsEveryCharacterOfAFilesName) {
+    frmMain& window = Start();
+    Platform.MainWindow->SetCaption("TARVO-KOL: /panels/a[*]b.TKL*");
+    EXPECT_EQ(window.windowHandle()->title().section(" - ", 0, 0), "TARVO-KOL: /panels/a[*]b.TKL*");
 }
 
 TEST_F(MainWindowEdges, ADroppedFileIsTakenAtOnceAndOpenedAfterTheDrop) {

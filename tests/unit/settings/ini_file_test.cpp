@@ -85,6 +85,11 @@ TEST(IniReading, ALastLineNeedsNoLineEnd) {
     EXPECT_EQ(ValueIn("[S]\r\nA=1", "S", "A"), "1");
 }
 
+TEST(IniWriting, BlanksInFrontOfAValueDoNotGrow) {
+    EXPECT_EQ(Changed("[S]\r\nA=  x\r\n", "S", "A", "  x"), "[S]\r\nA=  x\r\n");
+    EXPECT_EQ(Changed("A= 0\r\n[S]\r\nA=\r\n", "S", "A", " x"), "A= 0\r\n[S]\r\nA= x\r\n");
+}
+
 TEST(IniWriting, ReplacesAValueInPlace) {
     EXPECT_EQ(Changed("; mine\r\n[S]\r\n  a = 1\r\nB=2\r\n\r\n[T]\r\nA=3\r\n", "S", "A", "9"),
               "; mine\r\n[S]\r\n  a = 9\r\nB=2\r\n\r\n[T]\r\nA=3\r\n");
