@@ -3,6 +3,7 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QDialog>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QRadioButton>
@@ -17,7 +18,7 @@ namespace tarvokol {
 namespace {
 
 constexpr int kWatchMilliseconds = 5;
-constexpr int kIdleTicksAllowed = 1600;
+constexpr int kIdleTicksAllowed = kPatienceMilliseconds / 2 / kWatchMilliseconds;
 
 std::vector<RunTimeError> Unhandled;
 
@@ -36,7 +37,7 @@ void RecordUnhandledError(const RunTimeError& error) {
 GuiTest::GuiTest() {
     Unhandled.clear();
     RunTimeHelpFile = "/opt/tarvokol/TARVOKOL.CHM";
-    QObject::connect(&watch_, &QTimer::timeout, &watch_, [this] { WatchModalForms(); });
+    QObject::connect(&watch_, &QTimer::timeout, &watch_, [this] { WatchModalWindows(); });
     watch_.start(kWatchMilliseconds);
 }
 
@@ -45,7 +46,7 @@ GuiTest::~GuiTest() {
     UnloadAllForms();
     RunEvents();
     SetScreenPointer(MousePointer::Default);
-    if (!scripts_.empty()) ADD_FAILURE() << "never shown modally: " << scripts_.front().form;
+    if (!scripts_.empty()) ADD_FAILURE() << "never shown modally: " << scripts_.front().name;
 }
 
 void GuiTest::MissingControl(const QWidget& form, std::string_view name) {
@@ -98,22 +99,23 @@ std::string GuiTest::TextOf(QWidget& form, const std::string& name) {
 
 void GuiTest::ShowAndActivate(FormBase& form) {
     form.ShowModeless();
-    // A window above the active one counts as active for the waiting, before its own activation has come.
-    if (!QTest::qWaitForWindowActive(&form) || !WaitUntil([&] { return form.isActiveWindow(); }))
-        ADD_FAILURE() << "did not become active: " << FromQt(form.objectName());
+    if (!WaitUntilActive(form)) ADD_FAILURE() << "did not become active: " << FromQt(form.objectName());
 }
 
 void GuiTest::WhenShown(const std::string& form, std::function<void(FormBase&)> script) {
-    scripts_.push_back({form, std::move(script)});
+    scripts_.push_back(
+        {form, [form](QWidget& modal) { return modal.objectName() == ToQt(form); },
+         [script = std::move(script)](QWidget& modal) { script(static_cast<FormBase&>(modal)); }});
 }
 
-void GuiTest::WatchModalForms() {
-    auto* modal = qobject_cast<FormBase*>(QApplication::activeModalWidget());
+// What a window does when it comes to the front is done once it is active, and keys reach it.
+void GuiTest::WatchModalWindows() {
+    QWidget* modal = QApplication::activeModalWidget();
     if (modal == nullptr || !modal->isVisible()) {
         idle_ticks_ = 0;
         return;
     }
-    if (!scripts_.empty() && modal->objectName() == ToQt(scripts_.front().form)) {
+    if (modal->isActiveWindow() && !scripts_.empty() && scripts_.front().is_for(*modal)) {
         const ModalScript script = scripts_.front();
         scripts_.pop_front();
         idle_ticks_ = 0;
@@ -121,13 +123,16 @@ void GuiTest::WatchModalForms() {
         return;
     }
     if (++idle_ticks_ < kIdleTicksAllowed) return;
-    ADD_FAILURE() << "a modal form was left open: " << FromQt(modal->objectName());
     idle_ticks_ = 0;
-    modal->Abandon();
+    GiveUp(*modal);
 }
 
-bool GuiTest::WaitUntil(const std::function<bool()>& condition) {
-    return QTest::qWaitFor(condition, 5000);
+void GuiTest::GiveUp(QWidget& modal) {
+    ADD_FAILURE() << (modal.isActiveWindow() ? "a modal window was left open: "
+                                             : "a modal window was never active: ")
+                  << FromQt(modal.objectName()) << " " << FromQt(modal.windowTitle());
+    if (auto* form = qobject_cast<FormBase*>(&modal)) form->Abandon();
+    if (auto* dialog = qobject_cast<QDialog*>(&modal)) dialog->reject();
 }
 
 void GuiTest::RunEvents() {

@@ -19,6 +19,7 @@
 #include "desktop/base/form_base.h"
 #include "qt/session/qt_text.h"
 #include "tests/support/core_fixture.h"
+#include "tests/support/waiting.h"
 
 namespace tarvokol {
 
@@ -56,12 +57,18 @@ class GuiTest : public CoreTest {
     // As between two message boxes, or while another program is in front.
     static void LeaveNoWindowActive();
 
-    // Runs the script when the form of that name has come up modally; scripts run in the order of their
-    // making, each once. A modal form without a script is unloaded after some seconds, and the test fails.
+    // Runs the script when the form of that name has come up modally and is the active window; scripts run in the order of
+    // their making, each once. A modal window without a script is closed after half a minute, and the test fails.
     void WhenShown(const std::string& form, std::function<void(FormBase&)> script);
 
-    // True once the condition holds; waits up to five seconds while events run.
-    static bool WaitUntil(const std::function<bool()>& condition);
+    // The same for a dialog of the toolkit, by its type.
+    template <typename Dialog>
+    void WhenDialogShows(std::function<void(Dialog&)> script) {
+        scripts_.push_back(
+            {Dialog::staticMetaObject.className(),
+             [](QWidget& modal) { return qobject_cast<Dialog*>(&modal) != nullptr; },
+             [script = std::move(script)](QWidget& modal) { script(static_cast<Dialog&>(modal)); }});
+    }
 
     // Lets posted events, deferred deletions included, run.
     static void RunEvents();
@@ -71,12 +78,14 @@ class GuiTest : public CoreTest {
 
   private:
     struct ModalScript {
-        std::string form;
-        std::function<void(FormBase&)> run;
+        std::string name;
+        std::function<bool(QWidget&)> is_for;
+        std::function<void(QWidget&)> run;
     };
 
     [[noreturn]] static void MissingControl(const QWidget& form, std::string_view name);
-    void WatchModalForms();
+    void WatchModalWindows();
+    static void GiveUp(QWidget& modal);
 
     std::deque<ModalScript> scripts_;
     QTimer watch_;

@@ -179,7 +179,7 @@ TEST_F(PathListTest, ADoubleClickAndEnterOpenTheSelectedFile) {
     QTest::keyClick(&files, Qt::Key_Enter);
     EXPECT_EQ(opened, 2);
     EXPECT_EQ(files.editTriggers(), QAbstractItemView::NoEditTriggers);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&files));
+    ASSERT_TRUE(WaitUntilExposed(files));
     const QPoint place = files.visualRect(files.currentIndex()).center();
     QTest::mouseClick(files.viewport(), Qt::LeftButton, Qt::NoModifier, place);
     QTest::mouseDClick(files.viewport(), Qt::LeftButton, Qt::NoModifier, place);

@@ -133,7 +133,7 @@ TEST_F(Links, ShowThatTheyHaveTheFocus) {
     other.move(0, 40);
     window.show();
     window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ASSERT_TRUE(WaitUntilActive(window));
     other.setFocus();
     const QImage without = Link.grab().toImage();
     QTest::keyClick(&other, Qt::Key_Tab);

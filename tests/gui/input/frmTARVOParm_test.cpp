@@ -407,7 +407,7 @@ TEST_F(ParametersOfTheMainWindow, TheMainWindowIsDisabledUntilTheDialogCloses) {
     ASSERT_TRUE(Choose(window, "mnuEditItem_1"));
     ASSERT_TRUE(frmTARVOParm::IsLoaded());
     frmTARVOParm& form = frmTARVOParm::Instance();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    ASSERT_TRUE(WaitUntilActive(form));
     EXPECT_FALSE(window.isEnabled());
     EXPECT_FALSE(form.isModal());
     EXPECT_FALSE(window.close());

@@ -67,7 +67,7 @@ TEST_F(MainWindow, ShowsTheIconOfTheProgram) {
     EXPECT_EQ(looks(form.windowIcon(), 32), looks(drawing, 32));
     EXPECT_EQ(form.windowIcon().availableSizes(), QList{QSize(32, 32)});
     form.show();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return form.windowIcon().availableSizes().isEmpty(); }));
+    ASSERT_TRUE(WaitUntil([&] { return form.windowIcon().availableSizes().isEmpty(); }));
     EXPECT_EQ(looks(QApplication::windowIcon(), 128), looks(drawing, 128));
 }
 

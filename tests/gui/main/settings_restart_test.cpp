@@ -30,7 +30,7 @@ class SettingsRestart : public MainWindowTest {
         RunEvents();
         ResetProgram();
         Main("", StepsOfMainWindow());
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&frmMain::Instance()));
+        ASSERT_TRUE(WaitUntilActive(frmMain::Instance()));
     }
 
     // The first start of all, with the disclaimer.

@@ -29,7 +29,7 @@ class ProgramStart : public GuiTest {
     }
     ~ProgramStart() override {
         program_.kill();
-        program_.waitForFinished();
+        program_.waitForFinished(kPatienceMilliseconds);
     }
 
     std::string Ini() const { return PathTo("Documents/MyOLTEK/TARVOKOL.INI"); }
@@ -88,7 +88,7 @@ TEST_F(ProgramStart, HelpAndVersionAreToldOnTheTerminalWithoutADisplay) {
     TakeDisplay();
     const auto answer = [this](const QString& question) {
         program_.start(TARVOKOL_PROGRAM, {question});
-        EXPECT_TRUE(program_.waitForFinished());
+        EXPECT_TRUE(program_.waitForFinished(kPatienceMilliseconds));
         EXPECT_EQ(program_.exitStatus(), QProcess::NormalExit);
         EXPECT_EQ(program_.exitCode(), 0);
         EXPECT_EQ(program_.readAllStandardError().toStdString(), "");
@@ -103,7 +103,7 @@ TEST_F(ProgramStart, HelpAndVersionAreToldOnTheTerminalWithoutADisplay) {
 TEST_F(ProgramStart, WithoutADisplayOneLineNamesTheCommandLine) {
     const auto told = [this] {
         program_.start(TARVOKOL_PROGRAM, QStringList{});
-        EXPECT_TRUE(program_.waitForFinished());
+        EXPECT_TRUE(program_.waitForFinished(kPatienceMilliseconds));
         EXPECT_EQ(program_.exitStatus(), QProcess::NormalExit);
         EXPECT_EQ(program_.exitCode(), 1);
         EXPECT_EQ(program_.readAllStandardOutput().toStdString(), "");

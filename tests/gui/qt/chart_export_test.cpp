@@ -7,6 +7,7 @@
 
 #include "tests/support/curve_fixture.h"
 #include "tests/support/ink.h"
+#include "tests/support/waiting.h"
 
 namespace tarvokol {
 namespace {
@@ -85,7 +86,7 @@ TEST_F(ChartExport, ThePdfShowsWhatThePngShowsUnderItsTitle) {
     EXPECT_NEAR(paper.bottom(), picture.bottom(), 6);
     QProcess info;
     info.start("pdfinfo", {pdf});
-    ASSERT_TRUE(info.waitForFinished());
+    ASSERT_TRUE(info.waitForFinished(kPatienceMilliseconds));
     EXPECT_TRUE(info.readAll().contains("Title:           Tarvo Panel Stability Evaluation - KOL\n"));
 }
 

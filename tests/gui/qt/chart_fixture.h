@@ -35,7 +35,7 @@ class ChartControlTest : public GuiTest {
 
     void Show() {
         Chart.show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&Chart));
+        ASSERT_TRUE(WaitUntilExposed(Chart));
         Chart.Replot();
     }
 

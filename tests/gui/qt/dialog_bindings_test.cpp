@@ -18,31 +18,20 @@
 namespace tarvokol {
 namespace {
 
-template <typename Dialog>
-void AtTheDialog(std::function<void(Dialog&)> action) {
-    QTimer::singleShot(5, [action] {
-        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-        if (dialog != nullptr)
-            action(*dialog);
-        else
-            AtTheDialog<Dialog>(action);
-    });
-}
-
 class DialogBindings : public GuiTest {
   protected:
     // Looks at the dialog of a request and cancels it.
-    static void AtOpen(const FileDialogRequest& request, std::function<void(QFileDialog&)> look) {
+    void AtOpen(const FileDialogRequest& request, std::function<void(QFileDialog&)> look) {
         QtCommonDialogs dialogs(nullptr);
-        AtTheDialog<QFileDialog>([look](QFileDialog& dialog) {
+        WhenDialogShows<QFileDialog>([look](QFileDialog& dialog) {
             look(dialog);
             dialog.reject();
         });
         EXPECT_EQ(RaisedError([&] { dialogs.ShowOpen(request); }), 32755);
     }
-    static void AtSave(const FileDialogRequest& request, std::function<void(QFileDialog&)> look) {
+    void AtSave(const FileDialogRequest& request, std::function<void(QFileDialog&)> look) {
         QtCommonDialogs dialogs(nullptr);
-        AtTheDialog<QFileDialog>([look](QFileDialog& dialog) {
+        WhenDialogShows<QFileDialog>([look](QFileDialog& dialog) {
             look(dialog);
             dialog.reject();
         });
@@ -89,7 +78,7 @@ TEST_F(DialogBindings, EveryButtonHasItsNumber) {
 }
 
 TEST_F(DialogBindings, AMessageIsPlainTextThatCanBeCopied) {
-    AtTheDialog<QMessageBox>([](QMessageBox& box) {
+    WhenDialogShows<QMessageBox>([](QMessageBox& box) {
         EXPECT_EQ(box.textFormat(), Qt::PlainText);
         EXPECT_EQ(box.textInteractionFlags(), Qt::TextSelectableByMouse);
         EXPECT_EQ(box.text(), "a <b>\nc");
@@ -101,7 +90,7 @@ TEST_F(DialogBindings, AMessageIsPlainTextThatCanBeCopied) {
 // 140 pixels are the buttons and the icon of the title bar.
 TEST_F(DialogBindings, ABoxIsAsWideAsItsTitle) {
     const QString title(36, 'W');
-    AtTheDialog<QMessageBox>([&](QMessageBox& box) {
+    WhenDialogShows<QMessageBox>([&](QMessageBox& box) {
         QFont bold = box.font();
         bold.setBold(true);
         const int wanted = QFontMetrics(bold).horizontalAdvance(title) + 140;
@@ -115,7 +104,7 @@ TEST_F(DialogBindings, ABoxIsAsWideAsItsTitle) {
 TEST_F(DialogBindings, F1NeedsBothAHelpFileAndAContext) {
     for (const BoxRequest& request :
          {BoxRequest{"Text", 0, "Title", "/opt/TARVOKOL.CHM", 0}, BoxRequest{"Text", 0, "Title", "", 3100}}) {
-        AtTheDialog<QMessageBox>([](QMessageBox& box) {
+        WhenDialogShows<QMessageBox>([](QMessageBox& box) {
             QTest::keyClick(&box, Qt::Key_F1);
             box.button(QMessageBox::Ok)->click();
         });
@@ -203,7 +192,7 @@ TEST_F(DialogBindings, FontsKeepTheirStylesBothWays) {
 TEST_F(DialogBindings, APrinterIsChosenOrPrintedWithOnTheDeviceGiven) {
     QPrinter printer;
     QtCommonDialogs dialogs([&]() -> QPrinter& { return printer; });
-    AtTheDialog<QPrintDialog>([&](QPrintDialog& dialog) {
+    WhenDialogShows<QPrintDialog>([&](QPrintDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Print");
         EXPECT_EQ(dialog.printer(), &printer);
         EXPECT_EQ(dialog.options(),
@@ -242,23 +231,23 @@ TEST_F(DialogBindings, DialogsStandAboveTheWindowThatIsInUse) {
     QWidget window;
     window.show();
     window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ASSERT_TRUE(WaitUntilActive(window));
     EXPECT_EQ(OwnerWindow(), &window);
     QPrinter printer;
     QtCommonDialogs dialogs([&]() -> QPrinter& { return printer; });
-    AtTheDialog<QPrintDialog>([&](QPrintDialog& dialog) {
+    WhenDialogShows<QPrintDialog>([&](QPrintDialog& dialog) {
         EXPECT_EQ(dialog.parentWidget(), &window);
         EXPECT_EQ(OwnerWindow(), &dialog);
         dialog.reject();
     });
     EXPECT_EQ(RaisedError([&] { dialogs.ShowPrinter(0); }), 32755);
     AtOpen({}, [&](QFileDialog& dialog) { EXPECT_EQ(dialog.parentWidget(), &window); });
-    AtTheDialog<QFontDialog>([&](QFontDialog& dialog) {
+    WhenDialogShows<QFontDialog>([&](QFontDialog& dialog) {
         EXPECT_EQ(dialog.parentWidget(), &window);
         dialog.reject();
     });
     EXPECT_EQ(RaisedError([&] { dialogs.ShowFont({}, 1); }), 32755);
-    AtTheDialog<QMessageBox>([&](QMessageBox& box) {
+    WhenDialogShows<QMessageBox>([&](QMessageBox& box) {
         EXPECT_EQ(box.parentWidget(), &window);
         box.button(QMessageBox::Ok)->click();
     });

@@ -12,6 +12,7 @@
 #include <QPrinter>
 
 #include "qt/help/qt_help_viewer.h"
+#include "tests/support/waiting.h"
 
 namespace tarvokol {
 namespace {
@@ -37,7 +38,7 @@ class HelpWindowTest : public testing::Test {
     // The contents, once they are there.
     QTreeView& Contents() {
         auto& tree = Find<QTreeView>("contents");
-        EXPECT_TRUE(QTest::qWaitFor([&] { return tree.model()->rowCount() == 1; }));
+        EXPECT_TRUE(WaitUntil([&] { return tree.model()->rowCount() == 1; }));
         return tree;
     }
 
@@ -55,7 +56,7 @@ class HelpWindowTest : public testing::Test {
             run();
             return false;
         };
-        EXPECT_TRUE(QTest::qWaitFor(found, 10000));
+        EXPECT_TRUE(WaitUntil(found));
         return results;
     }
 
@@ -95,9 +96,8 @@ TEST_F(HelpWindowTest, TheTopicHasMostOfTheRoom) {
     const QList<int> before = splitter.sizes();
     EXPECT_EQ(before[0], 280);
     Window().resize(1320, 760);
-    QTest::qWait(1);
+    EXPECT_TRUE(WaitUntil([&] { return splitter.sizes()[1] == before[1] + 200; }));
     EXPECT_EQ(splitter.sizes()[0], before[0]);
-    EXPECT_EQ(splitter.sizes()[1], before[1] + 200);
 }
 
 // Each box under the words that name it.
@@ -176,7 +176,7 @@ TEST_F(HelpWindowTest, BackAndForwardAreLiveWhereTheyLeadSomewhere) {
 
 TEST_F(HelpWindowTest, EscapeClosesIt) {
     Viewer.ShowTopic(kHelpFile, "units.htm");
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
+    ASSERT_TRUE(WaitUntilActive(Window()));
     QTest::keyClick(&Window(), Qt::Key_Escape);
     EXPECT_FALSE(Window().isVisible());
     Viewer.ShowContents(kHelpFile);
@@ -195,7 +195,7 @@ TEST_F(HelpWindowTest, TheContentsShowTheChapters) {
     Viewer.ShowContents(kHelpFile);
     QTreeView& contents = Contents();
     const QModelIndex home = contents.model()->index(0, 0);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return contents.isExpanded(home); }));
+    ASSERT_TRUE(WaitUntil([&] { return contents.isExpanded(home); }));
     for (int chapter = 0; chapter < contents.model()->rowCount(home); ++chapter)
         EXPECT_FALSE(contents.isExpanded(contents.model()->index(chapter, 0, home)));
 }
@@ -203,7 +203,7 @@ TEST_F(HelpWindowTest, TheContentsShowTheChapters) {
 TEST_F(HelpWindowTest, TheContentsFollowTheTopic) {
     Viewer.ShowTopic(kHelpFile, "units.htm");
     QTreeView& contents = Contents();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return contents.currentIndex().data() == "Units"; }));
+    ASSERT_TRUE(WaitUntil([&] { return contents.currentIndex().data() == "Units"; }));
     Viewer.ShowTopic(kHelpFile, "sizing.htm");
     EXPECT_EQ(contents.currentIndex().data(), "The sizing solver");
     Tool("back").trigger();
@@ -226,7 +226,7 @@ TEST_F(HelpWindowTest, EnterOpensATopicOfTheContents) {
 
 TEST_F(HelpWindowTest, TheIndexTakesTheKeysAtOnce) {
     Viewer.ShowTopic(kHelpFile, "units.htm");
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
+    ASSERT_TRUE(WaitUntilActive(Window()));
     auto& filter = Find<QLineEdit>("indexFilter");
     filter.setText("tons");
     Viewer.ShowIndex(kHelpFile);
@@ -272,15 +272,10 @@ TEST_F(HelpWindowTest, WordsOfNoTopicLeadNowhere) {
     Find<QLineEdit>("searchText").setText("zyxwvut");
     QTest::keyClick(&Find<QLineEdit>("searchText"), Qt::Key_Return);
     ASSERT_TRUE(
-        QTest::qWaitFor([&] { return results.count() == 1 && results.item(0)->flags() == Qt::NoItemFlags; }));
+        WaitUntil([&] { return results.count() == 1 && results.item(0)->flags() == Qt::NoItemFlags; }));
     EXPECT_EQ(results.item(0)->text(), "No topic has these words");
     emit results.itemClicked(results.item(0));
     EXPECT_EQ(Topic(), "units.htm");
-}
-
-TEST_F(HelpWindowTest, ASearchShowsFiftyTopicsAtTheMost) {
-    Viewer.ShowContents(kHelpFile);
-    EXPECT_EQ(Search("help*").count(), std::min(50, Find<QListWidget>("searchResults").count()));
 }
 
 TEST_F(HelpWindowTest, NoticesTellWhatToDo) {
@@ -368,11 +363,11 @@ TEST_F(HelpWindowTest, ATopicComesToTheFrontAndOutOfTheDock) {
     QWidget other;
     other.show();
     other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    ASSERT_TRUE(WaitUntilActive(other));
     Comings comings(Window());
     Viewer.ShowTopic(kHelpFile, "cli.htm");
     EXPECT_FALSE(Window().isMinimized());
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&Window()));
+    EXPECT_TRUE(WaitUntilActive(Window()));
     EXPECT_EQ(comings.hidden, 0);
 }
 
@@ -402,7 +397,7 @@ TEST_F(HelpWindowTest, FollowingADialogLeavesTheNextShowActive) {
     dialog.setModal(true);
     dialog.show();
     ASSERT_TRUE(
-        QTest::qWaitFor([&] { return Window().windowHandle()->transientParent() == dialog.windowHandle(); }));
+        WaitUntil([&] { return Window().windowHandle()->transientParent() == dialog.windowHandle(); }));
     EXPECT_FALSE(Window().testAttribute(Qt::WA_ShowWithoutActivating));
     EXPECT_TRUE(Window().isVisible());
     Comings comings(Window());

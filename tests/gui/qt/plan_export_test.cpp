@@ -6,6 +6,7 @@
 #include <QSvgRenderer>
 
 #include "tests/gui/qt/plan_fixture.h"
+#include "tests/support/waiting.h"
 
 namespace tarvokol {
 namespace {
@@ -116,7 +117,7 @@ TEST_F(PlanExport, WritesAPdf) {
     EXPECT_NEAR(on_paper.bottom(), in_picture.bottom(), 3);
     QProcess info;
     info.start("pdfinfo", {QString::fromStdString(PathTo("plan.pdf"))});
-    ASSERT_TRUE(info.waitForFinished());
+    ASSERT_TRUE(info.waitForFinished(kPatienceMilliseconds));
     EXPECT_TRUE(info.readAll().contains("Title:           Panel plan"));
 }
 

@@ -188,7 +188,7 @@ class Paints : public QObject {
 
 TEST_F(PlanSheetTest, EveryChangeIsPaintedAtOnce) {
     Sheet.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&Sheet));
+    ASSERT_TRUE(WaitUntilExposed(Sheet));
     RunEvents();
     Paints paints(Sheet);
     const auto painted = [&paints](const std::function<void()>& change) {

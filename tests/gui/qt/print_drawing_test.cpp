@@ -9,6 +9,7 @@
 #include "qt/print/qt_printer.h"
 #include "tests/support/core_fixture.h"
 #include "tests/support/ink.h"
+#include "tests/support/waiting.h"
 
 namespace tarvokol {
 namespace {
@@ -63,7 +64,7 @@ TEST_F(PaperDrawing, EveryDrawingIsAJobOfItsOwn) {
     const QByteArray pages = [this] {
         QProcess info;
         info.start("pdfinfo", {QString::fromStdString(PathTo("job.pdf"))});
-        info.waitForFinished();
+        info.waitForFinished(kPatienceMilliseconds);
         return info.readAll();
     }();
     EXPECT_TRUE(pages.contains("Pages:           1\n")) << pages.toStdString();
@@ -143,7 +144,7 @@ TEST_F(PaperDrawing, FontsAreEmbeddedInTheirStyles) {
         Printer.EndDoc();
         QProcess process;
         process.start("pdffonts", {QString::fromStdString(PathTo("job.pdf"))});
-        process.waitForFinished();
+        process.waitForFinished(kPatienceMilliseconds);
         return process.readAll().toStdString();
     };
     Printer.SetFontName("Courier New");

@@ -30,6 +30,7 @@
 #include <gtest/gtest.h>
 
 #include "qt/help/help_window.h"
+#include "tests/support/waiting.h"
 
 namespace tarvokol {
 namespace {
@@ -166,14 +167,14 @@ TEST_F(HelpViewerTest, ShowsContentsOnTheHomePage) {
     EXPECT_EQ(Tabs().currentIndex(), 0);
     EXPECT_EQ(Page().documentTitle(), "TARVO-KOL Help");
     QTreeView& contents = Find<QTreeView>("contents");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return contents.model()->rowCount() == 1; }));
+    EXPECT_TRUE(WaitUntil([&] { return contents.model()->rowCount() == 1; }));
     EXPECT_EQ(contents.model()->rowCount(contents.model()->index(0, 0)), 9);
 }
 
 TEST_F(HelpViewerTest, OpensATopicClickedInTheContents) {
     viewer_.ShowContents(help_file);
     QTreeView& contents = Find<QTreeView>("contents");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return contents.model()->rowCount() == 1; }));
+    ASSERT_TRUE(WaitUntil([&] { return contents.model()->rowCount() == 1; }));
     const QModelIndex design = contents.model()->index(1, 0, contents.model()->index(0, 0));
     contents.expandAll();
     const QModelIndex sizing = contents.model()->index(3, 0, design);
@@ -192,7 +193,7 @@ TEST_F(HelpViewerTest, FindsAnIndexWord) {
     viewer_.ShowIndex(help_file);
     EXPECT_EQ(Tabs().currentIndex(), 1);
     QHelpIndexWidget& index = Find<QHelpIndexWidget>("index");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return index.model()->rowCount() > 100; }));
+    ASSERT_TRUE(WaitUntil([&] { return index.model()->rowCount() > 100; }));
     QLineEdit& filter = Find<QLineEdit>("indexFilter");
     QTest::keyClicks(&filter, "tributary area");
     ASSERT_EQ(index.model()->rowCount(), 1);
@@ -210,7 +211,7 @@ TEST_F(HelpViewerTest, FindsWordsInAllTopics) {
         QTest::qWait(100);
         return results.count() > 0 && results.item(0)->flags().testFlag(Qt::ItemIsEnabled);
     };
-    ASSERT_TRUE(QTest::qWaitFor(found, 10000));  // the index is made in the background
+    ASSERT_TRUE(WaitUntil(found));  // the index is made in the background
     ASSERT_EQ(results.count(), 1);
     EXPECT_EQ(results.item(0)->text(), "Unit conversions");
     emit results.itemClicked(results.item(0));
@@ -226,7 +227,7 @@ TEST_F(HelpViewerTest, SaysThatNoTopicHasTheWords) {
         QTest::qWait(50);
         return results.count() == 1;
     };
-    ASSERT_TRUE(QTest::qWaitFor(answered, 10000));
+    ASSERT_TRUE(WaitUntil(answered));
     EXPECT_EQ(results.item(0)->text(), "No topic has these words");
 }
 
@@ -341,7 +342,7 @@ TEST_F(HelpViewerTest, StaysReadableBesideADialogThatOpensLater) {
     QDialog dialog;
     dialog.setModal(true);
     dialog.show();
-    ASSERT_TRUE(QTest::qWaitFor(
+    ASSERT_TRUE(WaitUntil(
         [&] { return viewer_.Window()->windowHandle()->transientParent() == dialog.windowHandle(); }));
     EXPECT_TRUE(viewer_.Window()->isVisible());
     EXPECT_EQ(QApplication::activeModalWidget(), &dialog);

@@ -16,6 +16,7 @@
 #include "qt/session/qt_screen_fonts.h"
 #include "tests/support/core_fixture.h"
 #include "tests/support/failing_files.h"
+#include "tests/support/waiting.h"
 
 namespace tarvokol {
 namespace {
@@ -26,7 +27,7 @@ using ::testing::ElementsAre;
 QString Output(const QString& program, const QStringList& arguments) {
     QProcess process;
     process.start(program, arguments);
-    EXPECT_TRUE(process.waitForFinished()) << "is poppler-utils installed?";
+    EXPECT_TRUE(process.waitForFinished(kPatienceMilliseconds)) << "is poppler-utils installed?";
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
@@ -254,6 +255,7 @@ TEST_F(PaperPrinter, AFailureAtAnyPointLeavesAWholeFile) {
     long cases = 0;
     for (const FaultKind kind : {FaultKind::Once, FaultKind::Half})
         for (long at = 1;; ++at) {
+            ASSERT_LT(at, kMostCalls);
             WriteBytes(File, "old");
             int raised = 0;
             std::string failed;

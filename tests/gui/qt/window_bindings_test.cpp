@@ -23,22 +23,10 @@
 namespace tarvokol {
 namespace {
 
-// Runs an action on the toolkit's own dialog as soon as it is up.
-template <typename Dialog>
-void WhenUp(std::function<void(Dialog&)> action) {
-    QTimer::singleShot(20, [action] {
-        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-        if (dialog != nullptr)
-            action(*dialog);
-        else
-            WhenUp<Dialog>(action);
-    });
-}
-
 class WindowBindings : public GuiTest {
   protected:
     int Answer(int style, std::function<void(QMessageBox&)> action) {
-        WhenUp<QMessageBox>(action);
+        WhenDialogShows<QMessageBox>(action);
         return QtMessageBox().Show({"Line 1\r\nLine 2", style, "Title", "", 0});
     }
 };
@@ -57,7 +45,7 @@ TEST_F(WindowBindings, AMessageBoxShowsTextTitleIconAndButtonsOfItsStyle) {
 
 TEST_F(WindowBindings, AShortMessageLeavesRoomForItsTitle) {
     const QString title = "Project Description: Invalid Character";
-    WhenUp<QMessageBox>([&](QMessageBox& box) {
+    WhenDialogShows<QMessageBox>([&](QMessageBox& box) {
         QFont bold = box.font();
         bold.setBold(true);
         EXPECT_GE(box.width(), QFontMetrics(bold).horizontalAdvance(title) + 120);
@@ -101,7 +89,7 @@ TEST_F(WindowBindings, TheOpenDialogStartsInItsFolderWithItsFilters) {
     request.filter_index = 2;
     request.default_extension = "TKL";
     request.flags = dialog_flag::PathAndFileMustExist;
-    WhenUp<QFileDialog>([&](QFileDialog& dialog) {
+    WhenDialogShows<QFileDialog>([&](QFileDialog& dialog) {
         EXPECT_EQ(dialog.directory().absolutePath(), ToQt(Folder.string()));
         EXPECT_EQ(dialog.nameFilters(), QStringList({"All Files (*)", "TARVOKOL Files (*.TKL)"}));
         EXPECT_EQ(dialog.selectedNameFilter(), "TARVOKOL Files (*.TKL)");
@@ -119,7 +107,7 @@ TEST_F(WindowBindings, TheSaveDialogStartsBesideTheLastFileAndAddsTheExtension) 
     request.file_name = "Untitled";
     request.default_extension = "TKL";
     request.flags = dialog_flag::OverwritePrompt;
-    WhenUp<QFileDialog>([&](QFileDialog& dialog) {
+    WhenDialogShows<QFileDialog>([&](QFileDialog& dialog) {
         auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
         EXPECT_EQ(name->text(), "Untitled");
         EXPECT_FALSE(dialog.testOption(QFileDialog::DontConfirmOverwrite));
@@ -132,22 +120,22 @@ TEST_F(WindowBindings, TheSaveDialogStartsBesideTheLastFileAndAddsTheExtension) 
 TEST_F(WindowBindings, ACancelledDialogRaisesCancelWasSelected) {
     QPrinter printer;
     QtCommonDialogs dialogs([&]() -> QPrinter& { return printer; });
-    WhenUp<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+    WhenDialogShows<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
     EXPECT_EQ(RaisedError([&] { dialogs.ShowOpen({}); }), 32755);
-    WhenUp<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
+    WhenDialogShows<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
     EXPECT_EQ(RaisedError([&] { dialogs.ShowPrinter(264); }), 32755);
-    WhenUp<QPrintDialog>([](QPrintDialog& dialog) {
+    WhenDialogShows<QPrintDialog>([](QPrintDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Printer Setup");
         dialog.reject();
     });
     EXPECT_EQ(RaisedError([&] { dialogs.ShowPrinterSetup(); }), 32755);
-    WhenUp<QFontDialog>([](QFontDialog& dialog) { dialog.reject(); });
+    WhenDialogShows<QFontDialog>([](QFontDialog& dialog) { dialog.reject(); });
     EXPECT_EQ(RaisedError([&] { dialogs.ShowFont({"Arial", 10, false, false}, 1); }), 32755);
 }
 
 TEST_F(WindowBindings, TheFontDialogStartsFromTheChoiceAndGivesOneBack) {
     QtCommonDialogs dialogs(nullptr);
-    WhenUp<QFontDialog>([](QFontDialog& dialog) {
+    WhenDialogShows<QFontDialog>([](QFontDialog& dialog) {
         EXPECT_TRUE(dialog.currentFont().bold());
         EXPECT_EQ(dialog.currentFont().pointSizeF(), 12);
         dialog.accept();
@@ -365,13 +353,13 @@ TEST_F(DesktopTest, TheFormerTypeAndItsListAreDropped) {
 }
 
 TEST_F(WindowBindings, F1OpensTheTopicOfABoxThatHasOne) {
-    WhenUp<QMessageBox>([](QMessageBox& box) {
+    WhenDialogShows<QMessageBox>([](QMessageBox& box) {
         QTest::keyClick(&box, Qt::Key_F1);
         box.button(QMessageBox::Ok)->click();
     });
     QtMessageBox().Show({"Text", 0, "Title", "/opt/tarvokol/TARVOKOL.CHM", 3100});
     EXPECT_THAT(Host.Help.Calls, ::testing::ElementsAre("topic /opt/tarvokol/TARVOKOL.CHM menu_output.htm"));
-    WhenUp<QMessageBox>([](QMessageBox& box) {
+    WhenDialogShows<QMessageBox>([](QMessageBox& box) {
         QTest::keyClick(&box, Qt::Key_F1);
         box.button(QMessageBox::Ok)->click();
     });
@@ -382,8 +370,8 @@ TEST_F(WindowBindings, F1OpensTheTopicOfABoxThatHasOne) {
 TEST_F(WindowBindings, PrinterSetupIsConfirmedWithOkAndPrintingWithPrint) {
     QPrinter printer;
     QtCommonDialogs dialogs([&]() -> QPrinter& { return printer; });
-    const auto expect_confirmation = [](const QString& caption) {
-        WhenUp<QPrintDialog>([caption](QPrintDialog& dialog) {
+    const auto expect_confirmation = [this](const QString& caption) {
+        WhenDialogShows<QPrintDialog>([caption](QPrintDialog& dialog) {
             const auto* buttons = dialog.findChild<QDialogButtonBox*>();
             EXPECT_EQ(buttons->button(QDialogButtonBox::Ok)->text(), caption);
             dialog.reject();

@@ -60,7 +60,7 @@ TEST(OrderedWork, FourPiecesAThreadAreUnderWay) {
     std::atomic<int> done = 0;
     int taken_meanwhile = 0;
     const auto wait_for_others = [&] {
-        const auto patience = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+        const auto patience = std::chrono::steady_clock::now() + std::chrono::minutes(1);
         while (done < 7 && std::chrono::steady_clock::now() < patience)
             std::this_thread::sleep_for(std::chrono::microseconds(100));
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
