@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/cli/cli_runner.h"
 
+#include <csignal>
 #include <fstream>
 #include <sstream>
 
 #include <fcntl.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -40,6 +40,25 @@ CliAnswer RunCli(const std::vector<std::string>& arguments, const std::string& f
     return RunProgram(TARVOKOL_CLI, arguments, folder, input);
 }
 
+pid_t StartProgram(const std::vector<std::string>& words, const posix_spawn_file_actions_t* actions) {
+    std::vector<std::string> copies = words;
+    std::vector<char*> argv;
+    for (std::string& word : copies) argv.push_back(word.data());
+    argv.push_back(nullptr);
+    sigset_t every, none;
+    ::sigfillset(&every);
+    ::sigemptyset(&none);
+    posix_spawnattr_t attributes;
+    ::posix_spawnattr_init(&attributes);
+    ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
+    ::posix_spawnattr_setsigdefault(&attributes, &every);
+    ::posix_spawnattr_setsigmask(&attributes, &none);
+    pid_t child = 0;
+    const bool started = ::posix_spawn(&child, argv[0], actions, &attributes, argv.data(), environ) == 0;
+    ::posix_spawnattr_destroy(&attributes);
+    return started ? child : 0;
+}
+
 CliAnswer RunProgram(const std::string& program, const std::vector<std::string>& arguments,
                      const std::string& folder, const std::string& input) {
     std::string pattern = (std::filesystem::temp_directory_path() / "tarvokol-cli-XXXXXX").string();
@@ -48,10 +67,6 @@ CliAnswer RunProgram(const std::string& program, const std::vector<std::string>&
 
     std::vector<std::string> words{program};
     words.insert(words.end(), arguments.begin(), arguments.end());
-    std::vector<char*> argv;
-    for (std::string& word : words) argv.push_back(word.data());
-    argv.push_back(nullptr);
-
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     const std::string in = (scratch / "in").string(), out = (scratch / "out").string(),
@@ -60,9 +75,8 @@ CliAnswer RunProgram(const std::string& program, const std::vector<std::string>&
     posix_spawn_file_actions_addopen(&actions, 1, out.c_str(), O_WRONLY | O_CREAT, 0600);
     posix_spawn_file_actions_addopen(&actions, 2, err.c_str(), O_WRONLY | O_CREAT, 0600);
     if (!folder.empty()) posix_spawn_file_actions_addchdir_np(&actions, folder.c_str());
-    pid_t child = 0;
     CliAnswer answer;
-    if (posix_spawn(&child, argv[0], &actions, nullptr, argv.data(), environ) == 0) {
+    if (const pid_t child = StartProgram(words, &actions); child != 0) {
         int status = 0;
         waitpid(child, &status, 0);
         answer.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);

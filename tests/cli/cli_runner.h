@@ -7,6 +7,8 @@
 #include <vector>
 
 #include <nlohmann/json.hpp>
+#include <spawn.h>
+#include <sys/types.h>
 
 #include "tests/support/core_fixture.h"
 
@@ -30,6 +32,11 @@ CliAnswer RunCli(const std::vector<std::string>& arguments, const std::string& f
 // The same for another program: the path of a copy.
 CliAnswer RunProgram(const std::string& program, const std::vector<std::string>& arguments,
                      const std::string& folder = "", const std::string& input = "");
+
+// Starts a program without waiting for it; its process, 0 for none. No signal is put off in it, whatever the caller of the
+// tests has put off.
+pid_t StartProgram(const std::vector<std::string>& words,
+                   const posix_spawn_file_actions_t* actions = nullptr);
 
 // A project of nice round figures, as a file's text; fields by their names.
 struct ProjectText {

@@ -101,10 +101,13 @@ TEST_F(Limits, ThreadsThatCannotBeStartedEndAStudyInOrder) {
 
 // A signal that the caller has put off, as nohup does, ends nothing.
 TEST_F(Limits, ASignalThatIsPutOffStaysSo) {
+    // The row comes after the signals, and these when the program is there.
     const CliAnswer answer = Shell(
-        "trap '' TERM HUP; (echo DepthCover; sleep 0.4; echo -1) | "
+        "until_true() { for look in $(seq 600); do eval \"$1\" && return; sleep 0.1; done; }; "
+        "trap '' TERM HUP; (echo DepthCover; until_true '[ -e told ]'; echo -1) | "
         "sh -c 'echo $$ > pid; exec '\"$cli\"' table -q p.TKL -' & "
-        "sleep 0.2; kill -TERM $(cat pid); kill -HUP $(cat pid); wait");
+        "until_true '[ -s pid ] && grep -q tarvokol-cli /proc/$(cat pid)/comm'; sleep 0.2; "
+        "kill -TERM $(cat pid); kill -HUP $(cat pid); touch told; wait");
     EXPECT_EQ(answer.out,
               "DepthCover (ft),Overall,WebsOnly,BarrierPillar,ExtractionRatio (percent),Message\n"
               "-1,,,,,Invalid depth of cover\n");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/core_fixture.h"
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
@@ -10,6 +11,19 @@
 #include "core/messages/titles.h"
 
 namespace tarvokol {
+
+::testing::AssertionResult SameBytes(const std::string& actual, const std::string& expected) {
+    if (actual == expected) return ::testing::AssertionSuccess();
+    const auto [at, unused] = std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end());
+    const auto place = static_cast<std::size_t>(at - actual.begin());
+    constexpr std::size_t kBefore = 20, kShown = 80;
+    const auto part = [place](const std::string& text) {
+        return ::testing::PrintToString(text.substr(place < kBefore ? 0 : place - kBefore, kShown));
+    };
+    return ::testing::AssertionFailure()
+           << actual.size() << " bytes, wanted " << expected.size() << "; from byte " << place
+           << " on they differ: " << part(actual) << ", wanted " << part(expected);
+}
 
 CoreTest::CoreTest() {
     Host.Install();

@@ -14,6 +14,9 @@
 
 namespace tarvokol {
 
+// For whole outputs, of which a failed test would otherwise show every byte: sizes first, then the first difference.
+::testing::AssertionResult SameBytes(const std::string& actual, const std::string& expected);
+
 class CoreTest : public ::testing::Test {
   protected:
     CoreTest();

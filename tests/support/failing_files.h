@@ -16,6 +16,10 @@
 
 namespace tarvokol {
 
+// More calls than any operation makes that is tested with every one of them failing in turn: where a loop over them comes
+// that far, the operation never succeeds, and the loop would not end.
+inline constexpr long kMostCalls = 5000;
+
 enum class FaultKind {
     Once,
     Forever,   // that call and all that follow

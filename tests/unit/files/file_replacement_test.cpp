@@ -147,6 +147,7 @@ TEST_F(Replacement, ThatFailsAtAnyPointLosesNothing) {
     for (const FaultKind kind : {FaultKind::Once, FaultKind::Forever, FaultKind::Half})
         for (const int error : {ENOSPC, EIO, EACCES}) {
             for (long at = 1;; ++at) {
+                ASSERT_LT(at, kMostCalls);
                 WriteBytes(Path, kOld);
                 int raised = 0;
                 std::string failed;
@@ -211,6 +212,7 @@ TEST_F(ClosedFolder, AFileInItIsRewrittenWhereItIs) {
 TEST_F(ClosedFolder, AFailureBringsTheOldContentBack) {
     long cases = 0;
     for (long at = 2;; ++at) {
+        ASSERT_LT(at, kMostCalls);
         WriteBytes(Path, kOld);
         std::string failed;
         {
@@ -235,6 +237,7 @@ TEST_F(ClosedFolder, AFailureBringsTheOldContentBack) {
 TEST_F(ClosedFolder, AFailureThatLastsTellsWhereTheOldContentIsKept) {
     long told = 0;
     for (long at = 2;; ++at) {
+        ASSERT_LT(at, kMostCalls);
         WriteBytes(Path, kOld);
         std::string failed, text;
         {

@@ -91,6 +91,7 @@ class FailingStart : public CoreTest {
         for (const FaultKind kind : kKinds)
             for (const int error : kErrors)
                 for (long at = FirstOf(kind, error);; at += StepOf(kind, error)) {
+                    ASSERT_LT(at, kMostCalls);
                     std::string failed;
                     int raised = 0;
                     prepare();

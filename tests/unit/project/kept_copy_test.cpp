@@ -183,6 +183,7 @@ TEST_F(KeptCopy, WithASaveThatFailsAtAnyPointLosesNothing) {
     for (const FaultKind kind : {FaultKind::Once, FaultKind::Forever, FaultKind::Half, FaultKind::Full})
         for (const int error : {ENOSPC, EIO, EACCES})
             for (long at = 1;; ++at) {
+                ASSERT_LT(at, kMostCalls);
                 for (const auto& entry : std::filesystem::directory_iterator(Folder / "temp"))
                     std::filesystem::remove(entry.path());
                 WriteBytes(ProjectFileName, Old);
