@@ -3,6 +3,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <sstream>
 #include <thread>
 
 #include <fcntl.h>
@@ -15,10 +17,9 @@ extern char** environ;
 namespace tarvokol {
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr auto kPatience = 20s;
-constexpr auto kBetweenLooks = 20ms;
+// A look starts a few programs, which keep the machine from the one under test.
+constexpr std::chrono::milliseconds kBetweenLooks{50};
+constexpr int kMostPresses = 4;
 
 pid_t Spawn(const std::vector<std::string>& words, const posix_spawn_file_actions_t* actions = nullptr) {
     std::vector<std::string> copies = words;
@@ -71,11 +72,9 @@ std::string WithoutLineEnd(std::string text) {
     return text;
 }
 
-// The window that both the manager and the server call the active one.
-std::string ActiveTitle() {
-    const std::string named = OutputOf("xdotool getactivewindow getwindowname 2>/dev/null");
-    const std::string focused = OutputOf("xdotool getwindowfocus getwindowname 2>/dev/null");
-    return named == focused ? WithoutLineEnd(named) : "";
+// Of the program: its windows, menus and notes.
+int VisibleWindows() {
+    return std::atoi(OutputOf("xdotool search --onlyvisible --class tarvokol 2>/dev/null | wc -l").c_str());
 }
 
 std::string Quoted(const std::string& text) {
@@ -95,8 +94,8 @@ bool Servant::Start(const std::vector<std::string>& words, const posix_spawn_fil
     return process_ != 0;
 }
 
-bool Eventually(const std::function<bool()>& condition) {
-    const auto end = std::chrono::steady_clock::now() + kPatience;
+bool Eventually(const std::function<bool()>& condition, std::chrono::seconds patience) {
+    const auto end = std::chrono::steady_clock::now() + patience;
     while (!condition()) {
         if (std::chrono::steady_clock::now() > end) return false;
         std::this_thread::sleep_for(kBetweenLooks);
@@ -137,17 +136,15 @@ void ProgramUnderTest::Kill() {
     process_ = 0;
 }
 
-void ProgramUnderTest::Start(const std::string& home, const std::vector<std::string>& arguments) {
-    setenv("HOME", home.c_str(), 1);
-    setenv("XDG_CONFIG_HOME", (home + "/.config").c_str(), 1);
-    setenv("XDG_CACHE_HOME", (home + "/.cache").c_str(), 1);
-    setenv("XDG_DATA_HOME", (home + "/.local/share").c_str(), 1);
-    setenv("XDG_RUNTIME_DIR", home.c_str(), 1);
-    error_file_ = home + "/standard_error";
+void ProgramUnderTest::Start(const std::string& folder, const std::vector<std::string>& arguments) {
+    setenv("HOME", Home.empty() ? folder.c_str() : Home.c_str(), 1);
+    for (const char* name : {"XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME"}) unsetenv(name);
+    setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
+    error_file_ = folder + "/standard_error";
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, 2, error_file_.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    std::vector<std::string> words{TARVOKOL_PROGRAM};
+    std::vector<std::string> words{Path};
     words.insert(words.end(), arguments.begin(), arguments.end());
     status_ = -1;
     process_ = Spawn(words, &actions);
@@ -169,12 +166,16 @@ int ProgramUnderTest::ExitStatus() {
 }
 
 std::string ProgramUnderTest::ErrorOutput() const {
-    return OutputOf("cat " + Quoted(error_file_));
+    std::ostringstream bytes;
+    bytes << std::ifstream(error_file_, std::ios::binary).rdbuf();
+    return bytes.str();
 }
 
 void DesktopTest::SetUp() {
     if (const std::string missing = MissingTools(); !missing.empty())
         GTEST_SKIP() << "not installed: " << missing;
+    setenv("QT_QPA_PLATFORM", "xcb", 1);
+    setenv("QT_SCALE_FACTOR", "1", 1);
     ASSERT_TRUE(DesktopIsUp());
     std::filesystem::create_directories(Folder / "Documents");
 }
@@ -198,21 +199,57 @@ void DesktopTest::WriteSettings(const std::string& settings, const std::string& 
             options);
 }
 
-void DesktopTest::ExpectWindow(const std::string& title) {
-    EXPECT_TRUE(Eventually([&] { return ActiveTitle() == title; }))
-        << "wanted: " << title << ", active: " << ActiveTitle();
+DesktopTest::FrontWindow DesktopTest::Front() const {
+    const std::string lines = OutputOf(
+        "exec 2>/dev/null; id=$(xdotool getactivewindow) && [ \"$id\" = \"$(xdotool getwindowfocus)\" ] && "
+        "name=$(xdotool getwindowname $id) && printf '%s\\n%s' $id \"$name\"");
+    const std::size_t end = lines.find('\n');
+    if (end == std::string::npos) return {};
+    return {lines.substr(0, end), lines.substr(end + 1)};
 }
 
-bool DesktopTest::HasKeyboard(const std::string& title) {
-    return ActiveTitle() == title;
+void DesktopTest::ExpectWindow(const std::string& title) const {
+    EXPECT_TRUE(Eventually([&] { return Front().title == title; }))
+        << "wanted: " << title << ", active: " << Front().title;
 }
 
-void DesktopTest::ExpectWindowBeside(const std::string& title) {
+void DesktopTest::ExpectWindowBeside(const std::string& title) const {
     EXPECT_TRUE(Eventually([&] {
-        const std::string active = ActiveTitle();
+        const std::string active = Front().title;
         return !active.empty() && active != title;
     })) << "active: "
-        << ActiveTitle();
+        << Front().title;
+}
+
+void DesktopTest::PressUntil(const std::string& keys, const std::function<bool()>& effect) const {
+    const std::string meant_for = Front().id;
+    const int windows = VisibleWindows();
+    const bool is_way = keys.find(' ') != std::string::npos;
+    for (int presses = 1; presses <= kMostPresses; ++presses) {
+        Press(keys);
+        if (Eventually(effect, kPatienceWithAKey)) return;
+        if (Front().id != meant_for) break;
+        std::fprintf(stderr, "nothing came of the keys %s, pressed again\n", keys.c_str());
+        // A way through a menu that has lost its last key has left the menu open.
+        for (int menus = 0; is_way && menus < 3 && VisibleWindows() > windows; ++menus) Press("Escape");
+    }
+    EXPECT_TRUE(Eventually(effect)) << "pressed: " << keys << ", active: " << Front().title;
+}
+
+void DesktopTest::PressTo(const std::string& keys, const std::string& title) const {
+    PressUntil(keys, [&] { return Front().title == title; });
+}
+
+void DesktopTest::PressToBeside(const std::string& keys, const std::string& title) const {
+    PressUntil(keys, [&] {
+        const std::string active = Front().title;
+        return !active.empty() && active != title;
+    });
+}
+
+int DesktopTest::PressToEnd(const std::string& keys) {
+    PressUntil(keys, [this] { return !Program.IsRunning(); });
+    return Program.ExitStatus();
 }
 
 void DesktopTest::Press(const std::string& keys) {
@@ -221,6 +258,16 @@ void DesktopTest::Press(const std::string& keys) {
 
 void DesktopTest::Type(const std::string& text) {
     OutputOf("xdotool type --clearmodifiers --delay 15 " + Quoted(text));
+}
+
+void DesktopTest::TypeNewProject() const {
+    PressTo("ctrl+n", "Parameters");
+    Press("ctrl+a");
+    for (const char* value : {"10", "100", "10", "10", "20", "5"}) {
+        Type(value);
+        Press("Tab");
+    }
+    PressTo("Return", "TARVO-KOL: Untitled");
 }
 
 DesktopTest::Place DesktopTest::ActivePlace() {
@@ -243,6 +290,10 @@ void DesktopTest::DragRightEdge(int by) {
     for (int step = 0; step < kSteps; ++step)
         commands += " mousemove_relative -- " + std::to_string(by / kSteps) + " 0 sleep 0.03";
     OutputOf(commands + " sleep 0.3 mouseup 3 keyup alt");
+}
+
+void DesktopTest::ExpectCopied(const std::string& keys, const std::string& text) const {
+    PressUntil(keys, [&] { return ClipboardText().find(text) != std::string::npos; });
 }
 
 std::string DesktopTest::ClipboardText() {

@@ -15,8 +15,13 @@
 
 namespace tarvokol {
 
-// Looks until the condition holds; false after 20 seconds, which is for a loaded machine.
-bool Eventually(const std::function<bool()>& condition);
+// No machine is too busy for these: what has not come after a minute does not come, and where nothing has come of a key
+// press after ten seconds, it is lost.
+inline constexpr std::chrono::seconds kPatience{60};
+inline constexpr std::chrono::seconds kPatienceWithAKey{10};
+
+// Looks until the condition holds; false if it does not within that time.
+bool Eventually(const std::function<bool()>& condition, std::chrono::seconds patience = kPatience);
 
 // Standard output of a shell command.
 std::string OutputOf(const std::string& command);
@@ -42,18 +47,22 @@ class Servant {
     pid_t process_ = 0;
 };
 
-// The program, started in the home folder of the test.
+// The program, with the test's folder for a home unless another is named.
 class ProgramUnderTest {
   public:
     ~ProgramUnderTest();
 
-    void Start(const std::string& home, const std::vector<std::string>& arguments);
+    // The folder is that of the test; what the program says on standard error lies there.
+    void Start(const std::string& folder, const std::vector<std::string>& arguments);
     bool IsRunning();
     // Ends it as a crash or a power cut would.
     void Kill();
     // Waits for the end; the exit status, -1 if it does not end.
     int ExitStatus();
     std::string ErrorOutput() const;
+
+    std::string Path = TARVOKOL_PROGRAM;
+    std::string Home;
 
   private:
     int process_ = 0;
@@ -72,17 +81,38 @@ class DesktopTest : public CoreTest {
 
     void Start(const std::vector<std::string>& arguments = {}) { Program.Start(Folder.string(), arguments); }
 
+    // The window that has the keyboard, for the window manager and the server alike; empty while one goes and the next has
+    // not come.
+    struct FrontWindow {
+        std::string id;
+        std::string title;
+    };
+    virtual FrontWindow Front() const;
+
     // Waits until the window has the keyboard.
-    static void ExpectWindow(const std::string& title);
-    static bool HasKeyboard(const std::string& title);
+    void ExpectWindow(const std::string& title) const;
     // Waits until a window of another title has the keyboard: a message box or a common dialog.
-    static void ExpectWindowBeside(const std::string& title);
+    void ExpectWindowBeside(const std::string& title) const;
 
     // Presses keys, as "ctrl+e" or "alt+f x".
     static void Press(const std::string& keys);
     static void Type(const std::string& text);
 
+    // Presses keys until their effect shows. They are pressed again where nothing at all has come of them: the window that
+    // they were meant for still has the keyboard. So the keys must be such that pressing them twice does no harm.
+    void PressUntil(const std::string& keys, const std::function<bool()>& effect) const;
+    // Until a window of that title, or of another one, has the keyboard.
+    void PressTo(const std::string& keys, const std::string& title) const;
+    void PressToBeside(const std::string& keys, const std::string& title) const;
+    // Until the program has ended; its exit status.
+    int PressToEnd(const std::string& keys);
+
+    // From the main window: a new project, field by field, which the dialog stores and nobody saves.
+    void TypeNewProject() const;
+
     static std::string ClipboardText();
+    // Copies by these keys; the clipboard must hold the text then, whatever it held before.
+    void ExpectCopied(const std::string& keys, const std::string& text) const;
 
     // Place and size of what the active window shows, without its frame.
     struct Place {
