@@ -117,8 +117,7 @@ std::optional<Refusal> PanelRefusal(const ParameterTexts& texts) {
     if (NotAboveZero(texts.txtHeight)) return Refusal{PanelField::Height, kInvalidHeight};
     if (NotAboveZero(texts.txtDepthCover)) return Refusal{PanelField::DepthCover, kInvalidDepth};
     if (NotAboveZero(texts.txtHoleWidth)) return Refusal{PanelField::HoleWidth, kInvalidHoleWidth};
-    if (NotAboveZero(texts.txtWebThickness))
-        return Refusal{PanelField::WebThickness, kInvalidWebThickness};
+    if (NotAboveZero(texts.txtWebThickness)) return Refusal{PanelField::WebThickness, kInvalidWebThickness};
     if (NotAboveZero(texts.txtBarrierPillarWidth))
         return Refusal{PanelField::BarrierPillarWidth, kInvalidBarrierWidth};
     if (NumericParse(texts.txtWebThickness) >= NumericParse(texts.txtBarrierPillarWidth))
@@ -136,8 +135,7 @@ std::optional<Refusal> LoadRefusal(const ParameterTexts& texts) {
     const double angle = UnboundedParse(texts.txtAbutmentAngleActiveGob);
     if (angle < 0.0 || angle > kLargestAbutmentAngle)
         return Refusal{PanelField::AbutmentAngle, kInvalidAngle};
-    if (NotAboveZero(texts.txtSFWeb))
-        return Refusal{PanelField::SFWeb, "Invalid Stability Factor for webs"};
+    if (NotAboveZero(texts.txtSFWeb)) return Refusal{PanelField::SFWeb, "Invalid Stability Factor for webs"};
     if (NotAboveZero(texts.txtSFBarrier)) return Refusal{PanelField::SFBarrier, kInvalidSFBarrier};
     return CoverRefusal(texts);
 }

@@ -204,9 +204,8 @@ TEST(RoomOrder, ChartAndWorkbookLibrariesStayBehindTheirBindings) {
         if (include.header == "qcustomplot.h") chart.insert(include.file);
         if (include.header == "xlsxwriter.h") workbook.insert(include.file);
     }
-    EXPECT_THAT(chart,
-                ::testing::Each(::testing::AnyOf(::testing::StartsWith("qt/charts/chart_"),
-                                                 ::testing::StartsWith("qt/charts/study_"))));
+    EXPECT_THAT(chart, ::testing::Each(::testing::AnyOf(::testing::StartsWith("qt/charts/chart_"),
+                                                        ::testing::StartsWith("qt/charts/study_"))));
     EXPECT_THAT(workbook, ElementsAre("qt/workbooks/xlsx_library.h"));
 }
 
