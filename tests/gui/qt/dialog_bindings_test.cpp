@@ -216,7 +216,7 @@ TEST_F(DialogBindings, APrinterDialogSuggestsAPdfFileAndCompletesItsName) {
         printer.setOutputFormat(QPrinter::PdfFormat);
         QtCommonDialogs dialogs([&]() -> QPrinter& { return printer; },
                                 [&] { return PathTo("ridge_plan.pdf"); });
-        AtTheDialog<QPrintDialog>([&, name = QString::fromStdString(typed)](QPrintDialog& dialog) {
+        WhenDialogShows<QPrintDialog>([&, name = QString::fromStdString(typed)](QPrintDialog& dialog) {
             EXPECT_EQ(FileBoxOf(dialog).text().toStdString(), PathTo("ridge_plan.pdf"));
             FileBoxOf(dialog).setText(name);
             dialog.accept();
