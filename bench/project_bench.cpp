@@ -5,6 +5,7 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/saved_project.h"
+#include "core/project/description.h"
 
 namespace tarvokol {
 namespace {

@@ -33,7 +33,7 @@ class Printing : public DesktopTest {
     }
 
     // Names the file in a printer dialog, where the letter leads to the box for it.
-    static void NameInDialog(const std::string& dialog, const std::string& name) {
+    void NameInDialog(const std::string& dialog, const std::string& name) {
         ExpectWindow(dialog);
         Press("alt+f ctrl+a");
         Type(name);
