@@ -132,7 +132,8 @@ int CreateUnfinishedFile(const std::string& folder, const std::string& ending, m
     looks.Into(folder);
     const std::string start = OwnStart(folder);
     for (int number = 1;; ++number) {
-        std::string path = start + std::to_string(number) + ending;
+        std::string path = start;
+        path.append(std::to_string(number)).append(ending);
         // Before it is there: a signal may come at once. A name with this process's number is nobody else's.
         Enter(path);
         int descriptor = -1;
@@ -148,7 +149,8 @@ int CreateUnfinishedFile(const std::string& folder, const std::string& ending, m
 
 int CreateFreeFile(const std::string& start, const std::string& ending, mode_t rights, std::string& path) {
     for (int number = 1;; ++number) {
-        path = start + std::to_string(number) + ending;
+        path = start;
+        path.append(std::to_string(number)).append(ending);
         int descriptor = -1;
         const int failure = CreateNew(path, rights, descriptor);
         if (failure == 0) ::close(descriptor);
