@@ -2,11 +2,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # The study commands beside programs that an engineer would write for the same work, in one run on one machine:
 #   bench/studies.sh [BUILD_FOLDER]
-# Peers: NumPy with pandas (packages python3-numpy, python3-pandas) and Octave (package octave); a peer that is not
-# installed is left out and named. Every program's figures are compared with ours before anything is timed. Figures are
+# Peers: NumPy with pandas and Octave; a peer that is not installed is left out, and the packages are named. Every program's figures are compared with ours before anything is timed. Figures are
 # wall seconds, the median of RUNS turns (default 5) taken in rounds, so that a slow moment of the machine meets all.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+. packaging/debian_packages.sh
 build=$(realpath "${1:-build/release}")
 cli=$build/bin/tarvokol-cli
 runs=${RUNS:-5}
@@ -38,9 +38,11 @@ if have numpy && have pandas; then
     sweeps+=" numpy"
     risks+=" numpy"
 else
-    echo "left out: NumPy (packages python3-numpy python3-pandas)"
+    echo "left out: NumPy"
 fi
-if command -v octave >/dev/null; then sweeps+=" octave"; else echo "left out: Octave (package octave)"; fi
+if command -v octave >/dev/null; then sweeps+=" octave"; else echo "left out: Octave"; fi
+missing=$(missing_packages $PEER_PACKAGES)
+[ -z "$missing" ] || echo "packages of the peers that are not installed: $missing"
 
 sweep_ours
 for peer in numpy octave; do

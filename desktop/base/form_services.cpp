@@ -43,7 +43,9 @@ class FocusSelector : public QObject {
     using QObject::QObject;
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        auto* box = static_cast<QLineEdit*>(watched);
+        // A box that goes with its form loses the focus when no text box is left of it.
+        auto* box = qobject_cast<QLineEdit*>(watched);
+        if (box == nullptr) return false;
         switch (event->type()) {
             case QEvent::FocusIn:
                 FocusIn(*box, static_cast<QFocusEvent*>(event)->reason());
@@ -85,7 +87,6 @@ class HeadShower : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() != QEvent::FocusOut || IsPassing(static_cast<QFocusEvent*>(event)->reason()))
             return false;
-        // A box that goes with its form loses the focus when no text box is left of it.
         if (auto* box = qobject_cast<QLineEdit*>(watched)) box->home(false);
         return false;
     }
