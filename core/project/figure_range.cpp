@@ -9,6 +9,7 @@
 #include "core/engine/panel_check.h"
 #include "core/messages/notify.h"
 #include "core/platform/message_box.h"
+#include "core/runtime/numbers.h"
 #include "core/runtime/run_time_error.h"
 
 namespace tarvokol {
@@ -54,13 +55,27 @@ bool IsOfFigures(const RunTimeError& error) {
            error.number == error_number::InvalidCall;
 }
 
+void RefuseHoles(const PanelInputs& panel) {
+    Notify("Invalid number of Holes: " + GeneralText(panel.NumberHoles) + ". A panel has 1 to " +
+               GeneralText(MaxHoles) + " holes.",
+           box_style::Plain);
+}
+
 }  // namespace
 
 bool DoneWithinRange(const PanelInputs& panel, const std::function<void()>& work) {
+    if (panel.NumberHoles > MaxHoles) {
+        RefuseHoles(panel);
+        return false;
+    }
     try {
         work();
         return true;
     } catch (const RunTimeError& error) {
+        if (error.number == error_number::SubscriptOutOfRange && panel.NumberHoles < 1) {
+            RefuseHoles(panel);
+            return false;
+        }
         const Figure farthest = FarthestFigure(panel);
         if (!IsOfFigures(error) || farthest.power < kFarthestPower) throw;
         Notify(farthest.message, box_style::Plain);

@@ -32,7 +32,9 @@ std::string ConvertedName(const std::string& path, int16_t target) {
 }
 
 bool ConvertProject() {
-    ConvertInputs(ProjectRecord, ConvertTargetUnits);
+    PanelInputs converted = ProjectRecord;
+    ConvertInputs(converted, ConvertTargetUnits);
+    ProjectRecord = converted;
     ProjectFileName = ConvertedName(ProjectFileName, ConvertTargetUnits);
     UnitSystem = ConvertTargetUnits;
     MarkProjectConverted();

@@ -29,7 +29,8 @@ void ConvertInputs(PanelInputs& inputs, int16_t target);
 // The name under which the converted project goes on: "English_" or "Metric_" and the name without its folder.
 std::string ConvertedName(const std::string& path, int16_t target);
 
-// Turns the open project into `ConvertTargetUnits`, figures and name, marks it changed and rebuilds the caption. No file is read or written. Always true; raises the errors of ConvertInputs.
+// Turns the open project into `ConvertTargetUnits`, figures and name, marks it changed and rebuilds the caption. No file is
+// read or written. Always true; raises the errors of ConvertInputs, and leaves the project as it was then.
 bool ConvertProject();
 
 }  // namespace tarvokol

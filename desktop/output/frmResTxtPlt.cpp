@@ -15,6 +15,7 @@
 #include "core/report/report_builder.h"
 #include "core/report/results_state.h"
 #include "core/runtime/numbers.h"
+#include "core/runtime/run_time_error.h"
 #include "desktop/base/form_registry.h"
 #include "desktop/base/results_caller.h"
 #include "desktop/output/page_box.h"
@@ -132,7 +133,11 @@ void frmResTxtPlt::cmdCopyAll_Click() {
 
 // The plot window enables this form again when it closes.
 void frmResTxtPlt::cmdViewPlots_Click() {
-    if (!DoneWithinRange(ProjectRecord, [this] { LoadWorkParms(); })) return;
+    const auto prepare = [this] {
+        LoadWorkParms();
+        if (PreviewRecord.NumberHoles < 1) Raise(error_number::SubscriptOutOfRange);  // nothing to draw
+    };
+    if (!DoneWithinRange(ProjectRecord, prepare)) return;
     PlotFromResults = true;
     PlotsShown_ = true;
     setEnabled(false);

@@ -5,6 +5,7 @@
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
+#include "core/project/figure_range.h"
 #include "core/project/file_conversion.h"
 #include "core/project/project_record.h"
 #include "ui_frmConvert.h"
@@ -48,9 +49,11 @@ void frmConvert::Command1_Click() {
 
 void frmConvert::Command2_Click() {
     ConvertTargetUnits = GetOptionIndex(Option1_);
-    Notify(ConvertProject() ? "Conversion Completed: The conversion form will be closed"
-                            : "Error in the Conversion Procedure. Call technical support",
-           box_style::Plain);
+    bool converted = false;
+    if (DoneWithinRange(ProjectRecord, [&] { converted = ConvertProject(); }))
+        Notify(converted ? "Conversion Completed: The conversion form will be closed"
+                         : "Error in the Conversion Procedure. Call technical support",
+               box_style::Plain);
     Unload();
 }
 

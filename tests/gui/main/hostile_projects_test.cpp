@@ -169,22 +169,14 @@ class HostileProject : public CurvesOn<MainWindowTest>, public ::testing::WithPa
     }
 
     int opened_ = 0;
-
-  private:
-    QTimer closer_;
+    QTimer closer_;  // of what a command opens modally
 };
-
-// A plan of fewer holes than one is a bound error, like one of more than 20.
-bool EndsByBoundError(const FileFigure& figure, const RunTimeError& error) {
-    return std::string(figure.name) == "NumberHoles" && error.number == error_number::SubscriptOutOfRange;
-}
 
 TEST_P(HostileProject, EndsNoProgram) {
     for (const std::string& text : kTexts) {
         SCOPED_TRACE("\"" + text.substr(0, 12) + "\"");
         Work(GetParam(), text);
-        for (const RunTimeError& error : UnhandledErrors())
-            EXPECT_TRUE(EndsByBoundError(GetParam(), error)) << error.text;
+        for (const RunTimeError& error : UnhandledErrors()) EXPECT_EQ(error.number, 0) << error.text;
         if (HasFailure()) return;
         ASSERT_TRUE(frmMain::Instance().isEnabled());
     }
@@ -231,6 +223,54 @@ TEST_P(HostileSpacingOfAProject, IsRefusedByThePlanAlone) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Spacing, HostileSpacingOfAProject, ::testing::Values(kFigures[8]));
+
+using HostileHolesOfAProject = HostileProject;
+
+TEST_P(HostileHolesOfAProject, AreRefusedByTheirNumberAndLeadBack) {
+    frmMain& window = Start();
+    OpenFile(window, ProjectWith(GetParam(), "25"));
+    ASSERT_EQ(ProjectEmpty, 0);
+    for (const char* command : {"mnuCalcItem_0", "mnuCalcGrafItem_0", "mnuCalcGrafItem_1",
+                                "mnuCalcGrafItem_2", "mnuSizGrafItem_0", "mnuSizGrafItem_1"}) {
+        Host.Messages.Shown.clear();
+        Do("frmMain", command);
+        EXPECT_THAT(Messages(),
+                    ::testing::ElementsAre("Invalid number of Holes: 25. A panel has 1 to 20 holes."))
+            << command;
+        EXPECT_TRUE(window.isEnabled()) << command;
+    }
+    EXPECT_TRUE(UnhandledErrors().empty());
+}
+
+TEST_P(HostileHolesOfAProject, ConvertNothing) {
+    frmMain& window = Start();
+    OpenFile(window, ProjectWith(GetParam(), "25"));
+    ProjectSaved = 255;
+    Host.Messages.Shown.clear();
+    closer_.stop();
+    WhenShown("frmConvert", [](FormBase& form) { Click(form, "Command2"); });
+    Do("frmMain", "mnuUtilItem_3");
+    EXPECT_THAT(Messages(),
+                ::testing::ElementsAre("Invalid number of Holes: 25. A panel has 1 to 20 holes."));
+    EXPECT_EQ(UnitSystem, 0);
+    EXPECT_EQ(ProjectRecord.Height, 10);
+    EXPECT_TRUE(UnhandledErrors().empty());
+}
+
+TEST_P(HostileHolesOfAProject, FewerThanOneMakeNoPlan) {
+    frmMain& window = Start();
+    OpenFile(window, ProjectWith(GetParam(), "-3"));
+    Do("frmMain", "mnuCalcItem_0");
+    ASSERT_NE(FindForm("frmResTxtPlt"), nullptr);
+    Host.Messages.Shown.clear();
+    Do("frmResTxtPlt", "cmdViewPlots");
+    EXPECT_THAT(Messages(),
+                ::testing::ElementsAre("Invalid number of Holes: -3. A panel has 1 to 20 holes."));
+    EXPECT_EQ(FindForm("frmPicture"), nullptr);
+    EXPECT_TRUE(UnhandledErrors().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Holes, HostileHolesOfAProject, ::testing::Values(kFigures[6]));
 
 INSTANTIATE_TEST_SUITE_P(Figures, HostileProject, ::testing::ValuesIn(kFigures),
                          [](const auto& figure) { return std::string(figure.param.name); });

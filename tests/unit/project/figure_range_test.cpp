@@ -21,6 +21,7 @@ class FigureRange : public CoreTest {
         panel_.CrosscutSpacing = 1e6;
         panel_.UnitWeight = 162;
         panel_.SFWeb = 1.6f;
+        panel_.NumberHoles = 5;
     }
 
     PanelInputs panel_;
@@ -71,6 +72,24 @@ TEST_F(FigureRange, EveryFigureHasItsWords) {
     }
     panel_.SFBarrier = 1e-38f;
     EXPECT_THAT(words_for(panel_), ElementsAre("Invalid Stability Factor for barriers"));
+}
+
+TEST_F(FigureRange, MoreHolesThanPlacesAreRefusedBeforeTheWork) {
+    panel_.NumberHoles = 21;
+    bool done = false;
+    EXPECT_FALSE(DoneWithinRange(panel_, [&] { done = true; }));
+    EXPECT_FALSE(done);
+    EXPECT_THAT(Messages(), ElementsAre("Invalid number of Holes: 21. A panel has 1 to 20 holes."));
+    panel_.NumberHoles = 20;
+    EXPECT_TRUE(DoneWithinRange(panel_, [&] { done = true; }));
+    EXPECT_TRUE(done);
+}
+
+TEST_F(FigureRange, FewerHolesThanOneAreRefusedWhereAPillarIsAskedFor) {
+    panel_.NumberHoles = -2;
+    EXPECT_TRUE(DoneWithinRange(panel_, [] {}));
+    EXPECT_FALSE(DoneWithinRange(panel_, [] { Raise(error_number::SubscriptOutOfRange); }));
+    EXPECT_THAT(Messages(), ElementsAre("Invalid number of Holes: -2. A panel has 1 to 20 holes."));
 }
 
 TEST_F(FigureRange, OtherErrorsAndThoseOfOrdinaryFiguresRise) {
