@@ -81,7 +81,9 @@ std::string BelowText(const Share& share) {
 void AddTargets(std::string& text, const RiskResult& result) {
     // The project's own targets first, then 1 for each.
     AddLine(text, "Target", [&](std::size_t f) {
-        return f == 0 ? std::string("-") : Short(result.risk[f].below.front().target);
+        if (f == 0) return std::string("-");
+        const BelowTarget& below = result.risk[f].below.front();
+        return below.own_target ? std::string("each its own") : Short(below.target);
     });
     const auto own = [&](std::size_t f, auto part) {
         return f == 0 ? std::string("-") : part(result.risk[f].below.front().share);
@@ -98,13 +100,22 @@ void AddTargets(std::string& text, const RiskResult& result) {
     AddLine(text, "  to", [&](std::size_t f) { return Short(result.risk[f].below.back().share.high); });
 }
 
+// The targets that are random fields themselves.
+void AddOwnTargets(std::string& text, const RiskRequest& request) {
+    for (const RandomField& one : request.fields)
+        if (one.field == PanelField::SFWeb || one.field == PanelField::SFBarrier)
+            text += std::string(NameOfField(one.field)) + " is drawn: each sample against its own target\n";
+}
+
 std::string RiskText(const RiskRequest& request, const RiskResult& result, const std::string& title) {
     std::string text = title + "\n\n";
     for (const RandomField& one : request.fields)
         text += Padded(NameOfField(one.field), 20) + one.distribution->Text() + "\n";
     text += std::to_string(request.samples) +
             (request.latin ? " samples (Latin hypercube)" : " samples (independent)") + ", seed " +
-            std::to_string(request.seed) + ", " + std::to_string(result.refused) + " refused\n\n";
+            std::to_string(request.seed) + ", " + std::to_string(result.refused) + " refused\n";
+    AddOwnTargets(text, request);
+    text += '\n';
     AddLine(text, "Factor", [](std::size_t f) { return std::string(kStudyFigures[f].name); });
     AddLine(text, "Mean", [&](std::size_t f) { return Short(result.risk[f].moments.mean); });
     AddLine(text, "Standard deviation",
@@ -125,6 +136,7 @@ JsonMembers BelowJson(const BelowTarget& below) {
     object.Add("probability", below.share.value);
     object.Add("low", below.share.low);
     object.Add("high", below.share.high);
+    object.Add("own_target", below.own_target);
     return object;
 }
 

@@ -326,7 +326,7 @@ class RiskRun {
             const std::size_t sample = sound_.empty() ? i : sound_[i];
             if (values[i] < (targets.empty() ? target : double{targets[sample]})) ++hits;
         }
-        return {target, ShareOf(hits, values.size())};
+        return {target, ShareOf(hits, values.size()), !targets.empty()};
     }
 
     static double RankCorrelation(const Ranks& field, const Ranks& factor) {

@@ -54,8 +54,9 @@ constexpr std::array<double, 9> kRiskShares{0.01, 0.05, 0.10, 0.25, 0.50, 0.75, 
 
 // A target and the share of samples below it.
 struct BelowTarget {
-    double target = 0;
+    double target = 0;  // the project's where each sample has its own
     Share share;
+    bool own_target = false;  // the target is a random field: each sample is held against its own
 };
 
 struct FactorRisk {

@@ -175,8 +175,10 @@ std::string Percent(double share) {
 }
 
 std::string LabelOf(const BelowTarget& below) {
-    return "below " + GeneralText(static_cast<float>(below.target)) + ": " + Percent(below.share.value) +
-           " (" + Percent(below.share.low) + " to " + Percent(below.share.high) + ")";
+    const std::string target =
+        below.own_target ? "its own target, each sample" : GeneralText(static_cast<float>(below.target));
+    return "below " + target + ": " + Percent(below.share.value) + " (" + Percent(below.share.low) + " to " +
+           Percent(below.share.high) + ")";
 }
 
 std::vector<std::string> NotesOf(const RiskRequest& request, const RiskResult& result) {
@@ -265,7 +267,7 @@ SpreadPicture SpreadOf(const RiskRequest& request, const RiskResult& result, con
             if (!std::isnan(value)) panel.sorted.push_back(value);
         std::sort(panel.sorted.begin(), panel.sorted.end());
         for (const BelowTarget& below : result.risk[factor].below)
-            panel.targets.push_back({below.target, LabelOf(below)});
+            panel.targets.push_back({below.target, LabelOf(below), !below.own_target});
         picture.panels.push_back(std::move(panel));
     }
     return picture;

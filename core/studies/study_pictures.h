@@ -65,6 +65,7 @@ struct MapPicture {
 struct SpreadTarget {
     double value = 0;
     std::string label;
+    bool has_line = true;  // false where each sample has a target of its own
 };
 
 // One factor of a risk study: its histogram and the share of samples below each value.

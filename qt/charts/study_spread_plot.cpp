@@ -32,7 +32,7 @@ QCPRange ViewOf(const SpreadPanel& panel) {
     double high = panel.sorted[panel.sorted.size() - 1 - cut];
     const double size = high - low;
     for (const SpreadTarget& target : panel.targets)
-        if (target.value > low - size && target.value < high + size) {
+        if (target.has_line && target.value > low - size && target.value < high + size) {
             low = std::min(low, target.value);
             high = std::max(high, target.value);
         }
@@ -98,7 +98,7 @@ double MakeStrip(QCPAxisRect& box, std::size_t labels, double gap) {
 void AddTarget(QCustomPlot& plot, QCPAxisRect& box, const SpreadTarget& target, double height) {
     QCPAxis& bottom = *box.axis(QCPAxis::atBottom);
     QCPAxis& left = *box.axis(QCPAxis::atLeft);
-    if (bottom.range().contains(target.value)) {
+    if (target.has_line && bottom.range().contains(target.value)) {
         auto* line = new QCPCurve(&bottom, &left);
         line->setPen(QPen(kInk, kBoldPixels - 1, Qt::DashLine));
         line->setData({target.value, target.value}, {0, height});

@@ -92,7 +92,10 @@ TEST_F(RiskWords, OfIndependentDrawsAndSeveralFields) {
                                  .out;
     EXPECT_THAT(text,
                 HasSubstr("\nBarrierPillarWidth  normal:20:0\nSFWeb               uniform:1.5:1.5\n"
-                          "Height              normal:10:0\n3 samples (independent), seed 1, 0 refused\n"));
+                          "Height              normal:10:0\n3 samples (independent), seed 1, 0 refused\n"
+                          "SFWeb is drawn: each sample against its own target\n\n"));
+    EXPECT_THAT(
+        text, HasSubstr("\nTarget                                         -  each its own             2\n"));
     const std::size_t last = text.find("Rank correlation BarrierPillarWidth ");
     EXPECT_LT(last, text.find("Rank correlation SFWeb "));
     EXPECT_LT(text.find("Rank correlation SFWeb "), text.find("Rank correlation Height "));
@@ -141,7 +144,10 @@ TEST_F(RiskWords, TheObjectHasItsKeysInOrder) {
                 ElementsAre("mean", "standard_deviation", "quantiles", "below", "rank_correlation"));
     EXPECT_THAT(keys(webs["quantiles"]),
                 ElementsAre("0.01", "0.05", "0.1", "0.25", "0.5", "0.75", "0.9", "0.95", "0.99"));
-    EXPECT_THAT(keys(webs["below"][0]), ElementsAre("target", "probability", "low", "high"));
+    EXPECT_THAT(keys(webs["below"][0]), ElementsAre("target", "probability", "low", "high", "own_target"));
+    EXPECT_EQ(webs["below"][0]["own_target"], true);
+    EXPECT_EQ(webs["below"][1]["own_target"], false);
+    EXPECT_EQ(object["factors"]["BarrierPillar"]["below"][0]["own_target"], false);
     EXPECT_THAT(keys(webs["rank_correlation"]), ElementsAre("Height", "SFWeb"));
     EXPECT_TRUE(webs["rank_correlation"]["SFWeb"].is_null());
 }

@@ -168,6 +168,15 @@ TEST_F(SpreadPlot, TargetsAreDashedLinesUpToTheirLabelsAboveTheBars) {
     EXPECT_EQ(Plot.legend, nullptr);
 }
 
+// A target that differs from sample to sample has a label and no place.
+TEST_F(SpreadPlot, AnOwnTargetOfEachSampleHasNoLine) {
+    const QCPRange view = ViewOf(Rising(101), {{150, "below its own target, each sample: 5 %", false}});
+    EXPECT_NEAR(view.upper, 106, 1e-9);
+    EXPECT_THAT(All<QCPCurve>(Plot), IsEmpty());
+    EXPECT_EQ(LabelsOf(Plot).at(0)->text(), "below its own target, each sample: 5 %");
+    ExpectWholeAndApart(Plot);
+}
+
 // Not every format of a picture cuts off what reaches beyond the frame.
 TEST_F(SpreadPlot, NothingIsDrawnOutOfView) {
     std::vector<double> samples = Rising(2000);

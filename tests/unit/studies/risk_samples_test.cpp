@@ -189,6 +189,9 @@ TEST(RiskSamples, ARandomTargetIsHeldAgainstItsOwnSample) {
     EXPECT_NEAR(result.risk[1].below[0].share.value, 5.2 - 4.7199928, 1.1e-4);
     EXPECT_NEAR(result.risk[2].below[0].share.value, 5.2 - 4.7134064, 1.1e-4);
     EXPECT_EQ(result.risk[1].below[0].target, double{1.6f});
+    EXPECT_TRUE(result.risk[1].below[0].own_target);
+    EXPECT_TRUE(result.risk[2].below[0].own_target);
+    EXPECT_FALSE(result.risk[1].below[1].own_target);
     EXPECT_EQ(result.risk[1].below[1].share.value, 0);
 }
 

@@ -201,6 +201,18 @@ TEST(StudyPictures, ASpreadSaysHowItsSamplesWereDrawn) {
     EXPECT_EQ(picture.panels[1].sorted.size(), 300u);
     EXPECT_TRUE(std::is_sorted(picture.panels[1].sorted.begin(), picture.panels[1].sorted.end()));
     EXPECT_THAT(picture.panels[1].targets[0].label, ::testing::StartsWith("below 1.6: "));
+    EXPECT_TRUE(picture.panels[1].targets[0].has_line);
+}
+
+TEST(StudyPictures, ASpreadSaysThatEachSampleHasItsOwnTarget) {
+    const RiskRequest request = WorkedRisk({"SFWeb=uniform:1:2", "Height=uniform:5:7"}, 100);
+    const SpreadPicture picture = SpreadOf(request, RunRisk(request), "");
+    const std::vector<SpreadTarget>& webs = picture.panels[1].targets;
+    EXPECT_THAT(webs[0].label, ::testing::StartsWith("below its own target, each sample: 0 %"));
+    EXPECT_FALSE(webs[0].has_line);
+    EXPECT_THAT(webs[1].label, ::testing::StartsWith("below 1: 0 %"));
+    EXPECT_TRUE(webs[1].has_line);
+    EXPECT_TRUE(picture.panels[2].targets[0].has_line);
 }
 
 }  // namespace
