@@ -3,8 +3,6 @@
 
 #include "core/files/file_system.h"
 #include "core/messages/history_log.h"
-#include "core/messages/notify.h"
-#include "core/platform/message_box.h"
 #include "core/platform/platform.h"
 #include "core/platform/screen_fonts.h"
 #include "core/runtime/text.h"
@@ -76,17 +74,8 @@ void WriteSections(int selector, IniDocument& file) {
         if (selector == section::All || selector == candidate) WriteSection(candidate, file);
 }
 
-bool HasSettings(const IniDocument& file) {
-    for (int selector = section::First; selector <= section::Last; ++selector)
-        if (file.HasSection(SectionName(selector))) return true;
-    return false;
-}
-
-// A file with its stamp and nothing else was cut off while it was created. Read as it is, it would give every
-// setting the value of a missing key, which is not that of a new file.
 bool IsUsable(const IniDocument& file) {
-    if (KillStaleIni != 0 && StampOf(file) != IniStamp) return false;
-    return HasSettings(file);
+    return KillStaleIni == 0 || StampOf(file) == IniStamp;
 }
 
 // The settings as they stand, as a whole file.
@@ -135,12 +124,11 @@ void GoOnInMemory(const char* reason) {
     NoteSections(section::All);
 }
 
-void TellFailedSave() {
+// Without a box: what was to be saved holds all the same.
+void LogFailedSave() {
     if (state::Configuration.SaveFailureTold) return;
     state::Configuration.SaveFailureTold = true;
-    Notify("The settings cannot be saved to: " + IniPath + std::string(CrLf) +
-               "They hold until the program ends.",
-           box_style::Exclamation);
+    LogMessage("Settings cannot be saved, they hold until the program ends: " + IniPath);
 }
 
 // The file to change. One that the start could not make becomes whole with the first section that can be
@@ -187,7 +175,7 @@ void SaveSettings(int selector) {
     IniDocument file = FileToChange();
     WriteSections(selector, file);
     const bool saved = file.Save(IniPath);
-    if (settled && NoteSections(selector) && !saved) TellFailedSave();
+    if (settled && NoteSections(selector) && !saved) LogFailedSave();
 }
 
 void SetSettingsToBuiltIn() {
@@ -211,6 +199,7 @@ void SettleConfigurationFile() {
         file = IniDocument::Load(IniPath);
     }
     if (!IsUsable(file)) {
+        state::Configuration.SaveFailureTold = !refused;
         GoOnInMemory(refused ? "Settings file cannot be read, those of a new file hold: "
                              : "Settings file cannot be written, settings hold until the program ends: ");
         return;

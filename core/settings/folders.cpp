@@ -94,21 +94,10 @@ std::vector<std::string> ExampleNames(const std::string& folder) {
     return names;
 }
 
-// True if the user's example is only the beginning of the one that comes with the program, as a copy that was broken off
-// leaves it. One that the user has edited is neither that nor touched.
-bool IsHalfCopied(const std::string& source, const std::string& dest) {
-    std::string whole, copied;
-    if (ReadWholeFile(source, kLongestText, whole) != ReadOutcome::Read) return false;
-    if (ReadWholeFile(dest, kLongestText, copied) != ReadOutcome::Read) return false;
-    if (copied.size() >= whole.size()) return false;
-    whole = ReplaceAll(ReplaceAll(whole, CrLf, "\n"), "\n", CrLf);  // as the copy ends its lines
-    return whole.starts_with(copied);
-}
-
 void CopyMissingExamples(const std::string& folder) {
     for (const std::string& name : ExampleNames(folder)) {
         const std::string source = folder + name, dest = PersonalDataFolder + name;
-        if (FileExists(dest) && !IsHalfCopied(source, dest)) continue;
+        if (FileExists(dest)) continue;
         try {
             CopyTextFile(source, dest);
         } catch (const RunTimeError&) {

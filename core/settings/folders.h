@@ -34,8 +34,8 @@ void LocateDataFolders();
 // of the files.
 bool CopyTextFile(const std::string& source, const std::string& dest);
 
-// Copies the example projects that the data folder lacks, or of which it has only the beginning, if the setting "CopyExampleFiles" is on; none into the
-// program's own folder. Errors are ignored.
+// Copies the example projects that the data folder lacks, if the setting "CopyExampleFiles" is on; none into the program's
+// own folder. What stands there is the user's, also where it is empty or cut. Errors are ignored.
 void CopyExampleFiles();
 
 }  // namespace tarvokol

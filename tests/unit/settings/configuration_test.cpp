@@ -88,15 +88,20 @@ void ExpectSettingsOfANewFile() {
     EXPECT_EQ(OptionsRecord.DefaultSFWeb, 1.6f);
 }
 
-TEST_F(Configuration, AFileWithTheStampAloneIsTreatedLikeANewOne) {
+// Every key is missing in it: the first of the two columns holds, not that of a new file.
+TEST_F(Configuration, AFileWithTheStampAloneIsReadAsItIs) {
     for (const char* const text :
-         {"[Version]\r\nINIFileVersion=050924\r\n", "[Version]\nINIFileVersion=050924",
-          "[Version]\r\nINIFileVersion=050924\r\n[Mine]\r\nA=1\r\n"}) {
+         {"[Version]\r\nINIFileVersion=050924\r\n[Mine]\r\nA=1\r\n", "[Version]\nINIFileVersion=050924"}) {
         WriteBytes(IniPath, text);
         SetBuiltIn();
         SettleConfigurationFile();
-        ExpectSettingsOfANewFile();
-        EXPECT_EQ(ReadBytes(IniPath), NewFile());
+        EXPECT_EQ(KeepFileNames, 0);
+        EXPECT_EQ(OptionsRecord.OutputStrGradUnits, 0);
+        EXPECT_EQ(OptionsRecord.DefaultAbutment, 90.0f);
+        EXPECT_EQ(OptionsRecord.PlotRangeMin, 100.0f);
+        EXPECT_EQ(OptionsRecord.PlotRangeMax, 100.0f);
+        EXPECT_TRUE(ReadBytes(IniPath).starts_with(text));
+        EXPECT_EQ(ReadBytes(IniPath).find("[Settings]"), std::string::npos);
     }
 }
 
@@ -211,8 +216,7 @@ TEST_F(Configuration, WhatTheDisclaimerSavesHoldsWithoutAFileToo) {
     std::filesystem::create_directory(IniPath);
     SettleConfigurationFile();
     EXPECT_EQ(ShowDisclaim, 0);
-    EXPECT_THAT(Messages(), testing::ElementsAre("The settings cannot be saved to: " + IniPath +
-                                                 "\r\nThey hold until the program ends."));
+    EXPECT_TRUE(Host.Messages.Shown.empty());
     ExpectSettingsOfANewFile();
 }
 
@@ -591,14 +595,17 @@ TEST_F(Configuration, AFailedSaveOfAChangeIsToldOnce) {
     ASSERT_EQ(::chmod(IniPath.c_str(), 0444), 0);
     SaveSettings(section::Settings);
     EXPECT_TRUE(Host.Messages.Shown.empty()) << "nothing has changed";
+    DisplayHistoryWin = 1;
     OptionsRecord.DefaultAbutment = 30;
     SaveSettings(section::Options);
-    EXPECT_THAT(Messages(), testing::ElementsAre("The settings cannot be saved to: " + IniPath +
-                                                 "\r\nThey hold until the program ends."));
-    EXPECT_EQ(Host.Messages.Shown.back().style, 48);
+    const std::string line =
+        "Settings cannot be saved, they hold until the program ends: " + IniPath + "\r\n";
+    EXPECT_THAT(Host.MainWindow.History, testing::EndsWith(line));
     KeepFileNames = 0;
     SaveSettings(section::Settings);
-    EXPECT_EQ(Messages().size(), 1u);
+    EXPECT_THAT(Host.MainWindow.History,
+                testing::EndsWith("Saving default settings to file: " + IniPath + "\r\n"));
+    EXPECT_TRUE(Host.Messages.Shown.empty());
     EXPECT_EQ(ReadBytes(IniPath), NewFile());
     EXPECT_EQ(OptionsRecord.DefaultAbutment, 30.0f);
 }
