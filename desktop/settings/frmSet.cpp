@@ -230,9 +230,9 @@ bool frmSet::ValidateSettings() {
 }
 
 bool frmSet::IsPathValid() {
-    const std::string path = WithSeparator(Trim(FromQt(ui_->Text2->text())));
-    ui_->Text2->setText(ToQt(path));
-    if (FolderExists(path)) return true;
+    const std::string trimmed = Trim(FromQt(ui_->Text2->text()));
+    if (const std::string path = WithSeparator(trimmed); path != trimmed) ui_->Text2->setText(ToQt(path));
+    if (FolderExists(FromQt(ui_->Text2->text()))) return true;
     Notify("Invalid Path for Data Files", box_style::Critical, ErrorTitle);
     ui_->Text2->setFocus();
     return false;

@@ -336,10 +336,15 @@ TEST_F(Settings, ABlankPathIsTheRoot) {
     EXPECT_EQ(DataPath, "/");
 }
 
-TEST_F(Settings, APathThatEndsInASeparatorIsTakenWithoutItsBlanks) {
-    Submit("Text2", "  " + Folder.string() + "/ ");
-    EXPECT_TRUE(Closed());
-    EXPECT_EQ(DataPath, Folder.string() + "/");
+// Only a path without its separator is put right, and its blanks with it.
+TEST_F(Settings, RefusesBlanksAroundAPathThatEndsInASeparator) {
+    for (const std::string& path : {"  " + Folder.string() + "/", Folder.string() + "/ "}) {
+        Host.Messages.Shown.clear();
+        Submit("Text2", path);
+        ExpectBox(0, "Invalid Path for Data Files", 16, "Error");
+        EXPECT_EQ(TextOf(frmSet::Instance(), "Text2"), path);
+        EXPECT_FALSE(Closed());
+    }
 }
 
 TEST_F(Settings, RefusesAFileAsPath) {
