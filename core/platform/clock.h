@@ -17,7 +17,7 @@ class Clock {
 
     virtual CalendarDate Today() const = 0;
 
-    // The time now as the print header shows it: "3:07:09 PM".
+    // The time now as the print header shows it, in the platform's way: "3:07:09 PM".
     virtual std::string TimeText() const = 0;
 
     // Short name of a month, 1 to 12, in the user's language: "Aug".

@@ -389,6 +389,17 @@ TEST_F(WindowBindings, MonthsAreNamedInTheUsersLanguage) {
     EXPECT_EQ(DesktopClock(QLocale(QLocale::Spanish, QLocale::Spain)).ShortMonthName(1), "ene");
 }
 
+TEST_F(WindowBindings, TimesAreWrittenAsTheDesktopWritesThem) {
+    const QTime time(15, 7, 9);
+    const auto text = [&](const QLocale& locale) { return DesktopClock(locale).TimeTextOf(time); };
+    EXPECT_EQ(text(QLocale(QLocale::English, QLocale::UnitedStates)), "3:07:09 PM");
+    EXPECT_EQ(text(QLocale(QLocale::German, QLocale::Germany)), "15:07:09");
+    EXPECT_EQ(text(QLocale(QLocale::Spanish, QLocale::Spain)), "15:07:09");
+    EXPECT_EQ(text(QLocale(QLocale::French, QLocale::France)), "15:07:09");
+    EXPECT_EQ(text(QLocale(QLocale::English, QLocale::UnitedKingdom)), "15:07:09");
+    EXPECT_EQ(text(QLocale::c()), "15:07:09");
+}
+
 TEST_F(WindowBindings, OtherDefaultsOfTheUserStay) {
     EXPECT_EQ(
         WithDefaultProgram(
