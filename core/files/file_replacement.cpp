@@ -11,6 +11,7 @@
 
 #include "core/files/descriptor.h"
 #include "core/files/file_system.h"
+#include "core/files/free_name.h"
 #include "core/files/links.h"
 #include "core/files/os_errors.h"
 #include "core/runtime/run_time_error.h"
@@ -44,34 +45,6 @@ bool FolderRefuses(int error) {
     return error == EACCES || error == EPERM || error == EROFS || error == EBUSY;
 }
 
-// True where a file system has no such call.
-bool IsMissingCall(int error) {
-    return error == EINVAL || error == ENOSYS || error == ENOTSUP || error == EPERM;
-}
-
-// Takes the name by an empty file, so that it is nobody else's, and then the empty file's place.
-int TakeNameAndRename(const char* from, const char* to) {
-    const int file = ::open(to, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kOwnerUses);
-    if (file < 0) return errno;
-    ::close(file);
-    if (::rename(from, to) == 0) return 0;
-    const int failure = errno;
-    ::unlink(to);
-    return failure;
-}
-
-// Gives a file a name that no other has by now. Not every file system can do so in one step. Returns the error of the
-// system, 0 for none.
-int RenameToFreeName(const char* from, const char* to) {
-    if (::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE) == 0) return 0;
-    if (!IsMissingCall(errno)) return errno;
-    if (::link(from, to) == 0) {
-        ::unlink(from);
-        return 0;
-    }
-    return IsMissingCall(errno) ? TakeNameAndRename(from, to) : errno;
-}
-
 // Brings the entries of a folder to the disk. A folder that may not be read cannot be asked to.
 void SyncFolder(const std::string& folder) {
     const int number = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -93,7 +66,7 @@ void CopyOnto(const std::string& source, Descriptor& to) {
 
 FileReplacement::FileReplacement(const std::string& path, const ReplacementRules& rules) : rules_(rules) {
     ExamineTarget(path);
-    if (!rules_.copy_of.empty()) bound_ = BoundOf(rules_.copy_of);
+    if (!rules_.copy_of.empty() && !IsTarget(rules_.copy_of)) bound_ = BoundOf(rules_.copy_of);
     try {
         CreateBuildFile();
     } catch (const RunTimeError&) {
@@ -130,6 +103,13 @@ void FileReplacement::ExamineTarget(const std::string& path) {
     if (::access(target_.c_str(), W_OK) != 0) Raise(ErrorNumberOfErrno(errno, target_));
     old_status_ = status;
     if (status.st_nlink > 1) in_place_ = kSeveralNames;
+}
+
+// A file that takes its own place is no copy.
+bool FileReplacement::IsTarget(const std::string& path) const {
+    struct stat status {};
+    return old_status_ && ::stat(path.c_str(), &status) == 0 && status.st_dev == old_status_->st_dev &&
+           status.st_ino == old_status_->st_ino;
 }
 
 int FileReplacement::CreateIn(const std::string& folder) {
@@ -170,10 +150,10 @@ void FileReplacement::FinishBuildFile() {
 }
 
 bool FileReplacement::RenameIntoPlace() const {
-    const char* from = build_.path.c_str();
-    const char* to = target_.c_str();
     const bool free = rules_.existing == ReplacementRules::Existing::Refuse;
-    const int failure = free ? RenameToFreeName(from, to) : ::rename(from, to) == 0 ? 0 : errno;
+    const int failure = free ? RenameToFreeName(build_.path, target_)
+                        : ::rename(build_.path.c_str(), target_.c_str()) == 0 ? 0
+                                                                              : errno;
     if (failure == 0) return true;
     if (!old_status_ || !FolderRefuses(failure)) Raise(ErrorNumberOfErrno(failure, target_));
     return false;

@@ -60,6 +60,7 @@ class FileReplacement {
 
   private:
     void ExamineTarget(const std::string& path);
+    bool IsTarget(const std::string& path) const;
     void CreateBuildFile();
     int CreateIn(const std::string& folder);
     void KeepWithinBound(const Descriptor& file) const;

@@ -23,6 +23,13 @@ bool FolderExists(const std::string& path) {
     return std::filesystem::is_directory(path, failure) && !failure;
 }
 
+std::string WholePath(const std::string& path) {
+    std::error_code failure;
+    const std::filesystem::path whole =
+        std::filesystem::weakly_canonical(std::filesystem::absolute(path, failure), failure);
+    return failure ? path : whole.string();
+}
+
 void RemoveFile(const std::string& path) {
     std::error_code failure;
     if (!FileExists(path)) return;

@@ -15,6 +15,10 @@ bool FileExists(const std::string& path);
 // True if the path names an existing folder. Any failure gives false.
 bool FolderExists(const std::string& path);
 
+// The whole path from the root, behind all links, so that one file has one path, whatever it is called by. The path as it
+// is where the system does not tell.
+std::string WholePath(const std::string& path);
+
 // Removes the file if it exists. Raises the error of the operating system.
 void RemoveFile(const std::string& path);
 

@@ -14,13 +14,24 @@ namespace {
 // The title of a box that has none, while the program's own long title is not set either.
 constexpr const char* kApplicationTitle = "TARVO-KOL";
 
+void FillTitle(std::string& title) {
+    if (title.empty()) title = AppLongTitle.empty() ? kApplicationTitle : AppLongTitle;
+}
+
 }  // namespace
 
 int16_t Notify(std::string& message, int16_t& style, std::string& title, std::string& help_file,
                int32_t& context) {
     LogMessage((title.empty() ? "Message" : title) + ": " + message);
-    if (title.empty()) title = AppLongTitle.empty() ? kApplicationTitle : AppLongTitle;
+    FillTitle(title);
     return static_cast<int16_t>(Platform.Messages->Show({message, style, title, help_file, context}));
+}
+
+int16_t NotifyChoice(const std::string& message, int style, const std::vector<std::string>& captions) {
+    BoxRequest request{message, style, "", "", 0, captions};
+    LogMessage("Message: " + message);
+    FillTitle(request.title);
+    return static_cast<int16_t>(Platform.Messages->Show(request));
 }
 
 int16_t Notify(const std::string& message, int style, std::string& title) {

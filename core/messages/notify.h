@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace tarvokol {
 
@@ -15,6 +16,10 @@ int16_t Notify(std::string& message, int16_t& style, std::string& title, std::st
 // The same with a title variable and no help, and with an empty title of its own.
 int16_t Notify(const std::string& message, int style, std::string& title);
 int16_t Notify(const std::string& message, int style);
+
+// The same with words of its own on the buttons: in the order of the style's name, empty for the usual one. The result is that
+// of the usual button.
+int16_t NotifyChoice(const std::string& message, int style, const std::vector<std::string>& captions);
 
 // True if the text is not blank and its numeric parse lies from low to high; otherwise says so in a critical box
 // with `RangeErrorTitle`; a number beyond a double is outside on its side. A label that is not empty gets ": " behind

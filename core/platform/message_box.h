@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace tarvokol {
 
@@ -17,6 +18,7 @@ constexpr int Exclamation = 48;
 constexpr int Information = 64;
 constexpr int PlainSecondButton = 256;  // a plain OK box: it has no second button
 constexpr int YesNoQuestionNoDefault = 292;
+constexpr int YesNoCancelQuestionNoDefault = 291;
 }  // namespace box_style
 
 namespace box_result {
@@ -33,6 +35,8 @@ struct BoxRequest {
     std::string title;
     std::string help_file;
     long context = 0;
+    std::vector<std::string>
+        captions{};  // of the buttons in the order of the style's name; empty for the usual ones
 };
 
 // A modal box that waits for its answer.

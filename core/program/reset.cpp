@@ -10,6 +10,7 @@
 #include "core/program/start_up.h"
 #include "core/project/curves.h"
 #include "core/project/file_conversion.h"
+#include "core/project/project_origin.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/project/sizing_solver.h"
@@ -45,6 +46,7 @@ void ResetProgram() {
     state::Configuration = {};
     UpdateAdvice.clear();
     state::Project = {};
+    state::Origin = {};
     state::Conversion = {};
     state::Report = {};
     PrintJob = {};

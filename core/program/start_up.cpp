@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "core/files/file_replacement.h"
+#include "core/messages/history_log.h"
 #include "core/messages/notify.h"
 #include "core/platform/help_viewer.h"
 #include "core/platform/message_box.h"
@@ -29,7 +31,7 @@ void OpenCommandLineFile(const std::string& command_line, const MainWindowSteps&
     if (command_line.empty()) return;
     window.CloseParameters();
     ProjectFileName = ReplaceAll(command_line, "\"", "");
-    LoadProjFile();
+    if (!LoadProjFile()) LoadKeptCopy(ProjectFileName);
 }
 
 bool SaveBeforeClosing() {
@@ -42,6 +44,9 @@ bool SaveBeforeClosing() {
 
 void Main(const std::string& command_line, const MainWindowSteps& window) {
     InitializeProgram();
+    SetInPlaceListener([](const std::string& path, const std::string& why) {
+        LogMessage("Rewritten in place: " + path + ": " + why);
+    });
     SettleConfigurationFile();
     CopyExampleFiles();
     window.Create();

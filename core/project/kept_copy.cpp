@@ -3,22 +3,30 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
+#include <functional>
+#include <map>
+#include <optional>
 #include <string_view>
 #include <system_error>
 
 #include "core/files/file_replacement.h"
 #include "core/files/file_system.h"
-#include "core/files/text_file.h"
+#include "core/files/free_name.h"
+#include "core/files/os_errors.h"
 #include "core/files/whole_file.h"
 #include "core/messages/history_log.h"
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
-#include "core/project/project_file.h"
+#include "core/project/project_document.h"
+#include "core/project/project_origin.h"
+#include "core/runtime/check_sum.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 #include "core/settings/folders.h"
@@ -28,15 +36,11 @@ namespace {
 
 constexpr const char* kPrefix = "~bak_";
 constexpr const char* kDamagedPrefix = "~bak_damaged";
+constexpr char kBeforeNumber = '~';
+constexpr std::size_t kMostCopies = 5;
 
 // Bytes that a name may have; the limit of the file systems is 255.
 constexpr std::size_t kLongestName = 240;
-
-// Numbers behind the description, each on a line of its own.
-constexpr int kNumbers = 14;
-
-// A project file of more bytes is nothing that this program has written.
-constexpr std::size_t kLargestProject = 2 * kLongestText;
 
 // The path with its separators as "!", so that it can be a file's name and be read by a person.
 std::string PathAsName(const std::string& path) {
@@ -54,21 +58,10 @@ std::string PathAsName(const std::string& path) {
     return name;
 }
 
-// FNV-1a, 64 bits: the same on every machine and in every run.
-std::string CheckSum(std::string_view text) {
-    std::uint64_t sum = 14695981039346656037U;
-    for (const char c : text) sum = (sum ^ static_cast<unsigned char>(c)) * 1099511628211U;
+std::string SumText(std::string_view text) {
     std::array<char, 17> digits{};
-    std::snprintf(digits.data(), digits.size(), "%016llx", static_cast<unsigned long long>(sum));
+    std::snprintf(digits.data(), digits.size(), "%016llx", static_cast<unsigned long long>(CheckSum(text)));
     return digits.data();
-}
-
-// The whole path behind all links, so that one file has one copy, whatever it is called by.
-std::string WholePath(const std::string& path) {
-    std::error_code failure;
-    const std::filesystem::path whole =
-        std::filesystem::weakly_canonical(std::filesystem::absolute(path), failure);
-    return failure ? path : whole.string();
 }
 
 std::string CopyPath(const char* prefix, const std::string& project) {
@@ -78,23 +71,99 @@ std::string CopyPath(const char* prefix, const std::string& project) {
     if (name.size() <= kLongestName) return TempDataFolder + prefix + name;
     const std::string file = PathAsName(std::filesystem::path(path).filename().string());
     const std::size_t tail = std::min(file.size(), kLongestName / 2);
-    return TempDataFolder + prefix + CheckSum(path) + "!" + file.substr(file.size() - tail);
+    return TempDataFolder + prefix + SumText(path) + "!" + file.substr(file.size() - tail);
 }
 
-// True if the bytes go on to the end of a project: what a broken-off save leaves does not.
-bool IsWholeProject(std::string_view bytes) {
-    if (!bytes.starts_with(ProjectMagic) || !bytes.ends_with('\n')) return false;
-    const std::string end_line = "\n" + std::string(DescriptionEnd);
-    const std::size_t end = bytes.find(end_line);
-    if (end == std::string_view::npos) return false;
-    int numbers = -1;  // the rest of the end line itself
-    for (std::size_t at = end + 1; (at = bytes.find('\n', at)) != std::string_view::npos; ++at) ++numbers;
-    return numbers >= kNumbers;
+// The project of the bytes, if it opens and goes on to its last line end: what a broken-off save leaves does not.
+std::optional<ProjectDocument> WholeProject(std::string_view bytes) {
+    if (!bytes.ends_with('\n')) return std::nullopt;
+    try {
+        return DocumentOfBytes(bytes);
+    } catch (const RunTimeError&) {
+        return std::nullopt;
+    }
 }
 
-bool HoldsWholeProject(const std::string& path) {
+// What a new project is saved as: there is nothing in it to keep.
+bool IsEmpty(const ProjectDocument& project) {
+    const PanelInputs& inputs = project.inputs;
+    return IsBlank(project.title) && IsBlank(project.description) && inputs.Height == 0 &&
+           inputs.DepthCover == 0 && inputs.HoleWidth == 0 && inputs.WebThickness == 0 &&
+           inputs.BarrierPillarWidth == 0;
+}
+
+// The bytes of a copy; none for one that cannot be read or has been put there as a link.
+std::string BytesOfCopy(const std::string& path) {
     std::string bytes;
-    return ReadWholeFile(path, kLargestProject, bytes) == ReadOutcome::Read && IsWholeProject(bytes);
+    std::error_code failure;
+    if (!std::filesystem::is_symlink(path, failure)) ReadWholeFile(path, kLargestProject, bytes);
+    return bytes;
+}
+
+bool IsGoodCopy(const std::string& path) {
+    const auto project = WholeProject(BytesOfCopy(path));
+    return project && !IsEmpty(*project);
+}
+
+// The number that makes the name that of an older copy; 0 for any other name.
+std::uint64_t NumberOfOlder(const std::string& name, const std::string& newest) {
+    const std::string start = newest + kBeforeNumber;
+    if (!name.starts_with(start)) return 0;
+    std::uint64_t number = 0;
+    const char* end = name.data() + name.size();
+    const auto read = std::from_chars(name.data() + start.size(), end, number);
+    return read.ec == std::errc() && read.ptr == end ? number : 0;
+}
+
+// The older copies by their numbers, the newest first.
+std::map<std::uint64_t, std::string, std::greater<>> OlderCopies(const std::string& newest) {
+    std::map<std::uint64_t, std::string, std::greater<>> copies;
+    const std::string newest_name = std::filesystem::path(newest).filename().string();
+    std::error_code failure;
+    for (std::filesystem::directory_iterator entry(TempDataFolder, failure), end; !failure && entry != end;
+         entry.increment(failure)) {
+        const std::string name = entry->path().filename().string();
+        if (const auto number = NumberOfOlder(name, newest_name)) copies[number] = TempDataFolder + name;
+    }
+    return copies;
+}
+
+// The newest copy takes the next number. Another program that saves the project may have been quicker.
+void NumberNewest(const std::string& newest) {
+    const auto older = OlderCopies(newest);
+    int failure = EEXIST;
+    for (std::uint64_t number = older.empty() ? 1 : older.begin()->first + 1; failure == EEXIST; ++number)
+        failure = RenameToFreeName(newest, newest + kBeforeNumber + std::to_string(number));
+    if (failure != 0 && failure != ENOENT) Raise(ErrorNumberOfErrno(failure, newest));
+}
+
+// Older copies of the same content and those beyond the last five go.
+void ThinOut(const std::string& newest, std::string_view bytes) {
+    std::size_t kept = 1;
+    for (const auto& [number, path] : OlderCopies(newest)) {
+        std::error_code ignored;
+        if (kept == kMostCopies || BytesOfCopy(path) == bytes)
+            std::filesystem::remove(path, ignored);
+        else
+            ++kept;
+    }
+}
+
+void KeepWhole(const std::string& project, std::string_view bytes) {
+    const std::string newest = KeptCopyPath(project);
+    if (BytesOfCopy(newest) == bytes) return;
+    NumberNewest(newest);
+    ReplaceWholeFile(newest, bytes, {.copy_of = project});
+    ThinOut(newest, bytes);
+}
+
+void Keep(const std::string& project) {
+    const std::string bytes = ReadWholeFile(project, kLargestProject);
+    const auto document = WholeProject(bytes);
+    if (!document)
+        CopyWholeFile(project, CopyPath(kDamagedPrefix, project));
+    else if (!IsEmpty(*document))
+        KeepWhole(project, bytes);
 }
 
 // A new file, an empty one and what is no file at all have nothing to keep.
@@ -117,12 +186,25 @@ std::string KeptCopyPath(const std::string& project) {
     return CopyPath(kPrefix, project);
 }
 
+std::vector<std::string> KeptCopies(const std::string& project) {
+    std::vector<std::string> copies;
+    const std::string newest = KeptCopyPath(project);
+    if (newest.empty()) return copies;
+    if (FileExists(newest)) copies.push_back(newest);
+    for (const auto& [number, path] : OlderCopies(newest)) copies.push_back(path);
+    return copies;
+}
+
+std::string NewestGoodCopy(const std::string& project) {
+    for (const std::string& copy : KeptCopies(project))
+        if (IsGoodCopy(copy)) return copy;
+    return "";
+}
+
 bool KeepPreviousContent(const std::string& project) {
     if (TempDataFolder.empty() || !HasContent(project)) return true;
-    const std::string copy = KeptCopyPath(project);
-    const bool replaces = !FileExists(copy) || HoldsWholeProject(project);
     try {
-        CopyWholeFile(project, replaces ? copy : CopyPath(kDamagedPrefix, project));
+        Keep(project);
         return true;
     } catch (const RunTimeError& error) {
         return AskedToGoOn(project, error);
@@ -130,9 +212,8 @@ bool KeepPreviousContent(const std::string& project) {
 }
 
 void TellKeptCopy(const std::string& project) {
-    const std::string copy = KeptCopyPath(project);
-    if (!copy.empty() && FileExists(copy))
-        LogMessage("The last whole content of this project is kept in: " + copy);
+    const std::string copy = NewestGoodCopy(project);
+    if (!copy.empty()) LogMessage("The last whole content of this project is kept in: " + copy);
 }
 
 }  // namespace tarvokol

@@ -9,7 +9,9 @@
 #include "core/platform/main_window_services.h"
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
+#include "core/project/file_questions.h"
 #include "core/project/project_file.h"
+#include "core/project/project_origin.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/project/recovery_copy.h"
@@ -31,6 +33,12 @@ constexpr long kCaptionTail = 37;
 
 void OpenParametersIfWanted() {
     if (ShowInputScreenOnLoad == 1) Platform.MainWindow->OpenProjectParameters();
+}
+
+void ShowOpenedProject() {
+    UpdateRecentFiles();
+    UpdateMainCaption();
+    OpenParametersIfWanted();
 }
 
 // The folder in which a dialog starts that has not been used yet; none for a data path without its separator.
@@ -77,6 +85,8 @@ void OfferToSave() {
 bool FileNew(const bool& setUntitled, const bool& resetUnits) {
     if (resetUnits) UnitSystem = DefaultUnitSystem;
     if (setUntitled) ProjectFileName = kUntitled;
+    LeaveRecoveryCopy();
+    ForgetOrigin();
     MarkProjectNew();
     ProjectFileMode = 1;
     OutputBuffers[1].clear();
@@ -97,16 +107,34 @@ bool FileOpen() {
 
 bool LoadProjFile() {
     if (!FileOpen()) return false;
-    UpdateRecentFiles();
-    UpdateMainCaption();
-    OpenParametersIfWanted();
+    ShowOpenedProject();
     return true;
+}
+
+bool LoadKeptCopy(const std::string& project) {
+    if (!OfferKeptCopy(project)) return false;
+    ShowOpenedProject();
+    return true;
+}
+
+void LoadProjFileCommand() {
+    CommandGuard load(DialogCancelled);
+    load([] { LoadProjFile(); });
+    if (!IsProjectEmpty()) return;  // it is open, or the one before still is
+    CommandGuard offer(DialogCancelled);
+    offer([] { LoadKeptCopy(ProjectFileName); });
 }
 
 bool FileMenuSave(const bool& ForceDialog) {
     bool saved = false;
+    bool with_dialog = HasNoName() || ForceDialog;
+    if (!with_dialog) {
+        const SaveChoice choice = AskAboutForeignChange(ProjectFileName);
+        if (choice == SaveChoice::Cancel) return false;
+        with_dialog = choice == SaveChoice::SaveAs;
+    }
     CommandGuard guard(DialogCancelled);
-    if (HasNoName() || ForceDialog) {
+    if (with_dialog) {
         guard([] { ShowFileDialog(kSaveMode, DialogPaths[kSaveMode]); });
         if (!DialogCancelled) guard([&] { saved = FileSave(); });
     } else {
@@ -137,7 +165,7 @@ void FileOpenCommand() {
     CommandGuard guard(DialogCancelled);
     guard([] { PreviousFileName = ProjectFileName; });
     guard([] { ShowFileDialog(kOpenMode, DialogPaths[kOpenMode]); });
-    if (!DialogCancelled) guard([] { LoadProjFile(); });
+    if (!DialogCancelled && !guard.Left()) LoadProjFileCommand();
 }
 
 void FileSaveCommand(bool force_dialog) {

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/project/project_file.h"
 
-#include <set>
+#include <memory>
 
+#include "core/files/file_replacement.h"
 #include "core/files/text_file.h"
 #include "core/messages/history_log.h"
 #include "core/messages/notify.h"
@@ -12,8 +13,10 @@
 #include "core/platform/platform.h"
 #include "core/project/description.h"
 #include "core/project/kept_copy.h"
+#include "core/project/project_origin.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
+#include "core/runtime/charset.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 
@@ -22,24 +25,48 @@ namespace {
 
 constexpr int kProjectFile = 1;  // file number
 
-// The files that a save has emptied and not finished: what stands in them is a rest of what is being saved.
-std::set<std::string> UnfinishedSaves;
+// What the wrapping of a save changes in memory, and puts back where the file could not be opened for writing.
+struct DescriptionState {
+    std::string text = ProjectDescription;
+    int16_t lines = DescriptionLineCount;
 
-// True if the file may be emptied: its content is kept.
-bool MayEmpty(const std::string& path) {
-    return UnfinishedSaves.count(path) != 0 || KeepPreviousContent(path);
+    void PutBack() const {
+        ProjectDescription = text;
+        DescriptionLineCount = lines;
+    }
+};
+
+// A project that lies elsewhere by now is a copy of the file that it comes from.
+ReplacementRules RulesOfSave() {
+    return {.existing = ReplacementRules::Existing::Replace, .copy_of = OriginPath()};
 }
 
-void OpenEmptied() {
-    OpenForOutput(kProjectFile, ProjectFileName);
-    UnfinishedSaves.insert(ProjectFileName);
+// Beside the project's place; what stands in the way of it is told before anything is written.
+std::unique_ptr<FileReplacement> NewProjectFile(const DescriptionState& before) {
+    try {
+        return std::make_unique<FileReplacement>(ProjectFileName, RulesOfSave());
+    } catch (const RunTimeError&) {
+        before.PutBack();
+        throw;
+    }
 }
 
-// Prints the records as they stand after the description was wrapped.
-void PrintProject() {
+// The text is complete in memory before anything on the disk is touched. False if the user gives up.
+bool WriteProject() {
+    const DescriptionState before;
     ReformatDescription();
-    PrintText(kProjectFile, DocumentText(DocumentOfRecords()));
+    const std::string bytes = EncodeFileText(DocumentText(DocumentOfRecords()));
+    if (!KeepPreviousContent(ProjectFileName)) {
+        before.PutBack();
+        return false;
+    }
+    const auto file = NewProjectFile(before);
     MendNumberHoles(ProjectRecord);
+    file->Fill(bytes);
+    file->Commit();
+    NoteOrigin(ProjectFileName, ImageOfWritten(ProjectFileName, bytes));
+    MarkProjectWritten();
+    return true;
 }
 
 bool ReadIntoRecords(TextInput& input) {
@@ -54,14 +81,16 @@ bool ReadIntoRecords(TextInput& input) {
     return true;
 }
 
-// Opens and reads the project; false if the magic does not match.
+// Opens and reads the project; false if the magic does not match. What the file holds is looked at before it is read: a
+// change in between is then taken for a later one, and asked about, and never passed over.
 bool ReadOpenFile() {
+    const auto image = ImageOf(ProjectFileName, kLargestProject);
     OpenForInput(kProjectFile, ProjectFileName);
     FileFormatLevel = PresentFormatLevel;
     if (!ReadIntoRecords(InputOf(kProjectFile))) return false;
     MarkProjectRead();
+    if (image) NoteOrigin(ProjectFileName, *image);
     CloseFile(kProjectFile);
-    UnfinishedSaves.erase(ProjectFileName);
     return true;
 }
 
@@ -71,16 +100,7 @@ bool FileSave() {
     LogMessage("Saving: " + ProjectFileName);
     Platform.MainWindow->SetMousePointer(MousePointer::Hourglass);
     CloseFile(kProjectFile);
-    const bool saves = MayEmpty(ProjectFileName);
-    if (saves) {
-        OpenEmptied();
-        PrintProject();
-        FlushFile(kProjectFile);
-        SyncFile(kProjectFile);
-        MarkProjectWritten();
-        CloseFile(kProjectFile);
-        UnfinishedSaves.erase(ProjectFileName);
-    }
+    const bool saves = WriteProject();
     Platform.MainWindow->SetMousePointer(MousePointer::Default);
     return saves;
 }

@@ -10,9 +10,9 @@
 
 namespace tarvokol {
 
-// Writes the project to `ProjectFileName`, replacing what is there; true when it ran to the end. What the
-// file held before is kept as a copy in the temporary data folder first (kept_copy.h); false, with the file as it
-// was, if that failed and the user does not want to go on. Raises the errors of the files.
+// Writes the project to `ProjectFileName`, replacing what is there as a whole: a failure leaves the file as it was. True
+// when it ran to the end. What the file held before is kept as a copy in the temporary data folder first (kept_copy.h);
+// false, with the file as it was, if that failed and the user does not want to go on. Raises the errors of the files.
 bool FileSave();
 
 // The open project as a file's text. Nothing in memory is changed: the description stands as it is,

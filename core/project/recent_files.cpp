@@ -106,7 +106,7 @@ void RecentFileCommand(int index) {
     CommandGuard guard(DialogCancelled);
     guard([] { PreviousFileName = ProjectFileName; });
     guard([index] { ProjectFileName = RecentFileName(index); });
-    guard([] { LoadProjFile(); });
+    if (!guard.Left()) LoadProjFileCommand();
 }
 
 }  // namespace tarvokol

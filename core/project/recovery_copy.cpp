@@ -16,6 +16,7 @@
 #include "core/messages/notify.h"
 #include "core/platform/message_box.h"
 #include "core/project/project_file.h"
+#include "core/project/project_origin.h"
 #include "core/project/project_state.h"
 #include "core/runtime/charset.h"
 #include "core/runtime/run_time_error.h"
@@ -31,6 +32,7 @@ namespace {
 constexpr std::string_view kPrefix = "~unsaved ";
 constexpr char kBeforeNumber = ' ';
 constexpr long kLongestName = 40;
+constexpr std::size_t kLongestExtension = 32;
 
 // This run's copy.
 struct OwnCopy {
@@ -50,9 +52,14 @@ std::string PlainName() {
     return Left(name, kLongestName);
 }
 
-// With the extension under which the dialog of File, Open lists projects.
+bool IsUsableExtension(const std::string& extension) {
+    return !extension.empty() && extension.size() <= kLongestExtension &&
+           extension.find_first_of("/\\") == std::string::npos;
+}
+
+// With the extension under which the dialog of File, Open lists projects; a setting that is none keeps no copy from being made.
 std::string Extension() {
-    return "." + (FileExtension.empty() ? ProjectExtension : FileExtension);
+    return "." + (IsUsableExtension(FileExtension) ? FileExtension : ProjectExtension);
 }
 
 // A number once used by a run that left its copy behind may be this run's, too.
@@ -75,7 +82,7 @@ std::string PathToWrite() {
 
 // The new content is locked before it takes its place, so that no other run ever sees it without its owner.
 OwnCopy Written(const std::string& path) {
-    FileReplacement copy(path, {.copy_of = ProjectFileName});
+    FileReplacement copy(path, {.copy_of = OriginPath()});
     copy.Fill(EncodeFileText(ProjectFileText()));
     copy.Commit();
     return {path, copy.TakeLock()};
@@ -116,6 +123,10 @@ void KeepRecoveryCopy() {
 
 void DropRecoveryCopy() {
     Remove(Own.path);
+    Own = {};
+}
+
+void LeaveRecoveryCopy() {
     Own = {};
 }
 

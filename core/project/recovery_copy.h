@@ -15,6 +15,9 @@ void KeepRecoveryCopy();
 // Removes this run's copy: its project is saved, or the user does not want it.
 void DropRecoveryCopy();
 
+// The project is no longer open, and was neither saved nor given up: its copy stays and is nobody's.
+void LeaveRecoveryCopy();
+
 // Path of this run's copy; empty while there is none.
 const std::string& RecoveryCopyPath();
 

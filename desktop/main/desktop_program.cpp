@@ -10,6 +10,8 @@
 
 #include "core/platform/platform.h"
 #include "core/program/start_up.h"
+#include "core/project/kept_copy.h"
+#include "core/project/lifecycle.h"
 #include "core/project/project_state.h"
 #include "core/report/report_builder.h"
 #include "core/runtime/run_time_error.h"
@@ -74,13 +76,16 @@ std::string ProjectOfCommandLine(const QStringList& arguments) {
     return failure ? line : full.string();
 }
 
-// A project that cannot be opened ends the program, and the user learns which.
+// A project that cannot be opened ends the program, and the user learns which; unless there is a copy of it to go on with.
 void StartProgram(const std::string& command_line) {
     try {
         Main(command_line, StepsOfMainWindow());
     } catch (const RunTimeError& error) {
         if (command_line.empty() || ProjectFileName != command_line) throw;
-        throw RunTimeError(error.number, error.text + ": " + command_line);
+        const RunTimeError named(error.number, error.text + ": " + command_line);
+        if (NewestGoodCopy(command_line).empty()) throw named;
+        TellUnhandled(named);
+        if (!LoadKeptCopy(command_line)) std::_Exit(EXIT_FAILURE);
     }
 }
 

@@ -206,7 +206,7 @@ void frmMain::OpenDropped(const std::string& path) {
     CommandGuard guard;
     guard([] { PreviousFileName = ProjectFileName; });
     guard([&] { ProjectFileName = path; });
-    guard([] { LoadProjFile(); });
+    if (!guard.Left()) LoadProjFileCommand();
 }
 
 void ShowDisclaimer() {

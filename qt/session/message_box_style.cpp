@@ -27,6 +27,19 @@ QMessageBox::StandardButtons ButtonsOfStyle(int style) {
     }
 }
 
+std::vector<QMessageBox::StandardButton> OrderOfButtons(int style) {
+    switch (style & kButtonsMask) {
+        case YesNoCancel:
+            return {QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel};
+        case YesNo:
+            return {QMessageBox::Yes, QMessageBox::No};
+        case RetryCancel:
+            return {QMessageBox::Retry, QMessageBox::Cancel};
+        default:
+            return {QMessageBox::Ok};
+    }
+}
+
 QMessageBox::Icon IconOfStyle(int style) {
     switch (style & kIconMask) {
         case 16:

@@ -2,11 +2,13 @@
 #pragma once
 
 #include <QMessageBox>
+#include <vector>
 
 namespace tarvokol {
 
 // Parts of a message-box style number.
 QMessageBox::StandardButtons ButtonsOfStyle(int style);
+std::vector<QMessageBox::StandardButton> OrderOfButtons(int style);
 QMessageBox::Icon IconOfStyle(int style);
 
 // The button that Enter presses: the first, or the second where the style says so and the box has one.

@@ -80,13 +80,17 @@ void ProgramApplication::TakeUnhandled(const RunTimeError& error) {
         sink_(error);
         return;
     }
-    const std::string message = UnhandledErrorMessage(error) + KeptWorkMessage();
-    std::fprintf(stderr, "%s\n", message.c_str());
-    restoreOverrideCursor();
-    const std::string title = AppLongTitle.empty() ? "TARVO-KOL" : AppLongTitle;
-    if (Platform.Messages != nullptr) Platform.Messages->Show({message, box_style::Critical, title, "", 0});
+    TellUnhandled(error);
     // The statements that follow the failed one must not run, so nothing is unwound.
     std::_Exit(EXIT_FAILURE);
+}
+
+void TellUnhandled(const RunTimeError& error) {
+    const std::string message = UnhandledErrorMessage(error) + KeptWorkMessage();
+    std::fprintf(stderr, "%s\n", message.c_str());
+    QApplication::restoreOverrideCursor();
+    const std::string title = AppLongTitle.empty() ? "TARVO-KOL" : AppLongTitle;
+    if (Platform.Messages != nullptr) Platform.Messages->Show({message, box_style::Critical, title, "", 0});
 }
 
 std::string UnhandledErrorMessage(const RunTimeError& error) {

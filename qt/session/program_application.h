@@ -32,6 +32,9 @@ class ProgramApplication : public QApplication {
     ErrorSink sink_;
 };
 
+// Shows an error that nobody has handled in a critical box, and where the unsaved project is.
+void TellUnhandled(const RunTimeError& error);
+
 // What the critical box says: "Run-time error '53':", an empty line, "File not found".
 std::string UnhandledErrorMessage(const RunTimeError& error);
 

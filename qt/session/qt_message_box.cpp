@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/session/qt_message_box.h"
 
+#include <QAbstractButton>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QMessageBox>
 #include <QShortcut>
+#include <algorithm>
+#include <vector>
 
 #include "core/platform/help_viewer.h"
 #include "core/platform/platform.h"
@@ -30,6 +33,13 @@ void MakeRoomForTitle(QMessageBox& box) {
     grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
+// Words of its own on the buttons, which keep their order and their keys.
+void NameButtons(QMessageBox& box, const BoxRequest& request) {
+    const std::vector<QMessageBox::StandardButton> buttons = OrderOfButtons(request.style);
+    for (std::size_t i = 0; i < std::min(buttons.size(), request.captions.size()); ++i)
+        if (!request.captions[i].empty()) box.button(buttons[i])->setText(ToQt(request.captions[i]));
+}
+
 // F1 opens the topic of a box that has one.
 void OfferHelp(QMessageBox& box, const BoxRequest& request) {
     if (request.help_file.empty() || request.context == 0) return;
@@ -48,6 +58,7 @@ int QtMessageBox::Show(const BoxRequest& request) {
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     box.setDefaultButton(DefaultButtonOfStyle(request.style));
+    NameButtons(box, request);
     MakeRoomForTitle(box);
     OfferHelp(box, request);
     return ResultOfButton(static_cast<QMessageBox::StandardButton>(box.exec()));

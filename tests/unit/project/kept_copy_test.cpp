@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/project/kept_copy.h"
 
-#include <cstdlib>
-#include <map>
-#include <random>
+#include <vector>
 
 #include <gmock/gmock.h>
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <sys/stat.h>
 
 #include "core/platform/message_box.h"
+#include "core/project/lifecycle.h"
+#include "core/project/project_document.h"
 #include "core/project/project_file.h"
 #include "core/runtime/text.h"
 #include "tests/support/failing_files.h"
@@ -19,7 +17,6 @@
 namespace tarvokol {
 namespace {
 
-using ::testing::AnyOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
@@ -33,6 +30,29 @@ class KeptCopy : public ProjectTest {
 
     // The project as it is kept, empty if it is not.
     std::string Kept() const { return ReadBytes(KeptCopyPath(ProjectFileName)); }
+
+    // The damaged content that is kept apart.
+    static std::string DamagedPath() {
+        return ReplaceAll(KeptCopyPath(ProjectFileName), "~bak_", "~bak_damaged");
+    }
+    static std::string Damaged() { return ReadBytes(DamagedPath()); }
+
+    static std::vector<std::string> TitlesOfCopies() {
+        std::vector<std::string> titles;
+        for (const std::string& copy : KeptCopies(ProjectFileName)) {
+            const auto document = DocumentOfBytes(ReadBytes(copy));
+            titles.push_back(document ? document->title : "");
+        }
+        return titles;
+    }
+
+    // What a disk that fails for good leaves as well.
+    void ClearFolders() const {
+        std::filesystem::remove_all(Folder / "temp");
+        std::filesystem::create_directory(Folder / "temp");
+        for (const auto& entry : std::filesystem::directory_iterator(Folder))
+            if (entry.path().filename() != "temp") std::filesystem::remove(entry.path());
+    }
 
     long KeptFiles() const { return std::distance(std::filesystem::directory_iterator(Folder / "temp"), {}); }
 
@@ -94,10 +114,12 @@ TEST_F(KeptCopy, IsSharedByNoTwoProjectsOfOneName) {
     EXPECT_EQ(Kept(), Old);
 }
 
+// Of a project that never was whole the damaged content is kept, apart from the good ones.
 TEST_F(KeptCopy, HoldsASingleByteToo) {
     WriteBytes(ProjectFileName, "x");
     EXPECT_TRUE(FileSave());
-    EXPECT_EQ(Kept(), "x");
+    EXPECT_EQ(Kept(), "");
+    EXPECT_EQ(Damaged(), "x");
 }
 
 TEST_F(KeptCopy, IsTheSameThroughALink) {
@@ -130,19 +152,107 @@ TEST_F(KeptCopy, ThatCannotBeMadeIsAskedAboutBeforeTheFileIsEmptied) {
     EXPECT_EQ(ReadBytes(ProjectFileName), New);
 }
 
+// A save that fails leaves the file as it was, however often it is repeated.
 TEST_F(KeptCopy, OfTheLastWholeContentStaysThroughARepeatedSave) {
     FillNew();
     {
-        const FailingFiles fault({.folder = ProjectFileName, .at = 1, .kind = FaultKind::Full});
+        const FailingFiles fault({.folder = PathTo(".tarvokol-"), .at = 1, .kind = FaultKind::Full});
         EXPECT_EQ(RaisedError([] { FileSave(); }), 61);
         EXPECT_EQ(RaisedError([] { FileSave(); }), 61);
     }
-    EXPECT_EQ(ReadBytes(ProjectFileName), "");
+    EXPECT_EQ(ReadBytes(ProjectFileName), Old);
     EXPECT_EQ(Kept(), Old);
+    EXPECT_EQ(KeptFiles(), 1);
     EXPECT_TRUE(FileSave());
     EXPECT_EQ(Kept(), Old);
     EXPECT_TRUE(FileSave());
     EXPECT_EQ(Kept(), New);
+    EXPECT_EQ(KeptFiles(), 2);
+}
+
+TEST_F(KeptCopy, HoldsTheLastFiveDifferentContents) {
+    for (int i = 1; i <= 8; ++i) {
+        FillNew();
+        ProjectTitle = "save " + std::to_string(i);
+        EXPECT_TRUE(FileSave());
+        EXPECT_TRUE(FileSave());  // nothing new
+    }
+    EXPECT_EQ(KeptFiles(), 5);
+    EXPECT_EQ(TitlesOfCopies(), (std::vector<std::string>{"save 8", "save 7", "save 6", "save 5", "save 4"}));
+}
+
+TEST_F(KeptCopy, OfAContentThatComesAgainMovesToTheFront) {
+    for (const char* title : {"a", "b", "a", "c", "a"}) {
+        FillNew();
+        ProjectTitle = title;
+        EXPECT_TRUE(FileSave());
+    }
+    EXPECT_TRUE(FileSave());
+    EXPECT_EQ(TitlesOfCopies(), (std::vector<std::string>{"a", "c", "b", "old"}));
+}
+
+// A copy of the time when there was one of each project is the newest still.
+TEST_F(KeptCopy, OfAnEarlierReleaseIsAmongThem) {
+    WriteBytes(KeptCopyPath(ProjectFileName), New);
+    EXPECT_TRUE(FileSave());
+    EXPECT_EQ(TitlesOfCopies(), (std::vector<std::string>{"old", "new"}));
+}
+
+// What a new project that is saved leaves is nothing to keep: the file of zeros does not drive a content out.
+TEST_F(KeptCopy, IsNeverThatOfAnEmptyProject) {
+    FillNew();
+    EXPECT_TRUE(FileSave());
+    for (int i = 0; i < 7; ++i) {
+        FileNew(false, true);
+        EXPECT_TRUE(FileSave());
+    }
+    EXPECT_EQ(TitlesOfCopies(), (std::vector<std::string>{"new", "old"}));
+    EXPECT_EQ(KeptFiles(), 2);
+}
+
+TEST_F(KeptCopy, ThatIsNewestAndGoodIsFound) {
+    EXPECT_EQ(NewestGoodCopy(ProjectFileName), "");
+    for (const char* title : {"a", "b", "c"}) {
+        FillNew();
+        ProjectTitle = title;
+        EXPECT_TRUE(FileSave());
+    }
+    const std::vector<std::string> copies = KeptCopies(ProjectFileName);
+    ASSERT_EQ(copies.size(), 3u);
+    EXPECT_EQ(copies[0], KeptCopyPath(ProjectFileName));
+    EXPECT_EQ(copies[1], KeptCopyPath(ProjectFileName) + "~2");
+    EXPECT_EQ(copies[2], KeptCopyPath(ProjectFileName) + "~1");
+    EXPECT_EQ(NewestGoodCopy(ProjectFileName), copies[0]);
+    WriteBytes(copies[0], Old.substr(0, 60));
+    EXPECT_EQ(NewestGoodCopy(ProjectFileName), copies[1]);
+    std::filesystem::remove(copies[1]);
+    std::filesystem::create_symlink(copies[2], copies[1]);  // nobody here makes links
+    EXPECT_EQ(NewestGoodCopy(ProjectFileName), copies[2]);
+    WriteBytes(copies[2], "");
+    EXPECT_EQ(NewestGoodCopy(ProjectFileName), "");
+    TempDataFolder = "";
+    EXPECT_EQ(NewestGoodCopy(ProjectFileName), "");
+    EXPECT_TRUE(KeptCopies(ProjectFileName).empty());
+}
+
+TEST_F(KeptCopy, OfAnotherProjectWhoseNameIsLongerIsNotTakenForAnOlderOne) {
+    EXPECT_TRUE(FileSave());
+    const std::string newest = KeptCopyPath(ProjectFileName);
+    for (const char* end : {"~", "~x", "~1x", "~-1", "~+1", "~99999999999999999999", ".TKL", "~1~2"})
+        WriteBytes(newest + end, New);
+    EXPECT_EQ(KeptCopies(ProjectFileName), std::vector<std::string>{newest});
+}
+
+TEST_F(KeptCopy, HasNoMoreRightsThanItsProject) {
+    ASSERT_EQ(::chmod(ProjectFileName.c_str(), 0600), 0);
+    EXPECT_TRUE(FileSave());
+    struct stat status {};
+    ASSERT_EQ(::stat(KeptCopyPath(ProjectFileName).c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0600u);
+    WriteBytes(ProjectFileName, "damaged");
+    EXPECT_TRUE(FileSave());
+    ASSERT_EQ(::stat(DamagedPath().c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0600u);
 }
 
 TEST_F(KeptCopy, IsNotReplacedByADamagedProject) {
@@ -154,7 +264,7 @@ TEST_F(KeptCopy, IsNotReplacedByADamagedProject) {
         EXPECT_TRUE(FileSave());
         EXPECT_EQ(Kept(), Old);
         EXPECT_EQ(KeptFiles(), 2);
-        EXPECT_EQ(ReadBytes(ReplaceAll(KeptCopyPath(ProjectFileName), "~bak_", "~bak_damaged")), damaged);
+        EXPECT_EQ(Damaged(), damaged);
     }
 }
 
@@ -184,8 +294,7 @@ TEST_F(KeptCopy, WithASaveThatFailsAtAnyPointLosesNothing) {
         for (const int error : {ENOSPC, EIO, EACCES})
             for (long at = 1;; ++at) {
                 ASSERT_LT(at, kMostCalls);
-                for (const auto& entry : std::filesystem::directory_iterator(Folder / "temp"))
-                    std::filesystem::remove(entry.path());
+                ClearFolders();
                 WriteBytes(ProjectFileName, Old);
                 FillNew();
                 std::string failed;
@@ -201,7 +310,7 @@ TEST_F(KeptCopy, WithASaveThatFailsAtAnyPointLosesNothing) {
                 ++cases;
                 SCOPED_TRACE(failed + " " + std::to_string(at) + ", error " + std::to_string(error));
                 const std::string in_place = ReadBytes(ProjectFileName);
-                EXPECT_TRUE(in_place == Old || in_place == New || Kept() == Old) << in_place;
+                EXPECT_TRUE(in_place == Old || in_place == New) << in_place;
                 if (saved) {
                     EXPECT_EQ(in_place, New);
                 }
@@ -210,99 +319,6 @@ TEST_F(KeptCopy, WithASaveThatFailsAtAnyPointLosesNothing) {
             }
     std::printf("%ld failures\n", cases);
     EXPECT_GE(cases, 100);
-}
-
-// The project's file and its copies, to begin again from.
-struct FilesOfASave {
-    std::string project;
-    std::map<std::string, std::string> copies;
-};
-
-class KilledSaves : public KeptCopy {
-  protected:
-    FilesOfASave Files() const {
-        FilesOfASave files{ReadBytes(ProjectFileName), {}};
-        for (const auto& entry : std::filesystem::directory_iterator(Folder / "temp"))
-            files.copies[entry.path().string()] = ReadBytes(entry.path().string());
-        return files;
-    }
-
-    void Restore(const FilesOfASave& files) const {
-        for (const auto& entry : std::filesystem::directory_iterator(Folder / "temp"))
-            std::filesystem::remove(entry.path());
-        WriteBytes(ProjectFileName, files.project);
-        for (const auto& [path, bytes] : files.copies) WriteBytes(path, bytes);
-    }
-
-    // Saves in a process of its own, which ends by SIGKILL at the file operation of that number; false if it
-    // had no so many.
-    bool SaveKilledAt(long operation, const std::string& title) {
-        ProjectTitle = title;
-        const pid_t child = ::fork();
-        if (child == 0) {
-            const FailingFiles fault({.folder = Folder.string(), .at = operation, .kind = FaultKind::Kill});
-            FileSave();
-            ::_exit(0);
-        }
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        return WIFSIGNALED(status);
-    }
-
-    static bool IsWhole(const std::string& bytes) {
-        return bytes.size() > 12 && bytes.ends_with("\r\n1.6\r\n2\r\n0.25\r\n");
-    }
-
-    bool IsLost() const { return !IsWhole(ReadBytes(ProjectFileName)) && !IsWhole(Kept()); }
-};
-
-// The next session saves over what the kill left, and is killed in its turn.
-TEST_F(KilledSaves, LoseNothingAtAnyFileOperationOfTwoSessions) {
-    const long step = std::getenv("TARVOKOL_KILLS") == nullptr ? 6 : 1;
-    long kills = 0, lost = 0;
-    FillNew();
-    const FilesOfASave start{Joined(FileLines("old", {"Upper seam"})), {}};
-    bool killed = true;
-    for (long first = 1; killed; ++first) {
-        Restore(start);
-        killed = SaveKilledAt(first, "new");
-        kills += killed;
-        lost += IsLost();
-        const FilesOfASave left = Files();
-        for (long second = 1 + first % step; SaveKilledAt(second, "newer"); second += step) {
-            ++kills;
-            lost += IsLost();
-            EXPECT_FALSE(IsLost()) << "killed at operation " << first << ", then at " << second;
-            Restore(left);
-        }
-    }
-    std::printf("%ld kills at file operations of a save, %ld lost\n", kills, lost);
-    EXPECT_EQ(lost, 0);
-    EXPECT_GE(kills, 40);
-}
-
-// Saves over and over until somebody ends the process.
-[[noreturn]] void SaveForEver() {
-    while (true) FileSave();
-}
-
-TEST_F(KilledSaves, LoseNothingAtAnyMoment) {
-    const char* wanted = std::getenv("TARVOKOL_KILLS");
-    const int kills = wanted == nullptr ? 40 : std::atoi(wanted);
-    std::mt19937 random(7);
-    int broken_off = 0;
-    FillNew();
-    for (int i = 0; i < kills; ++i) {
-        ProjectTitle = i % 2 == 0 ? "new" : "old";
-        const pid_t child = ::fork();
-        if (child == 0) SaveForEver();
-        ::usleep(random() % 20000);
-        ::kill(child, SIGKILL);
-        ::waitpid(child, nullptr, 0);
-        if (!IsWhole(ReadBytes(ProjectFileName))) ++broken_off;
-        ASSERT_FALSE(IsLost()) << "kill " << i;
-    }
-    std::printf("%d kills, %d saves broken off, 0 lost\n", kills, broken_off);
 }
 
 }  // namespace

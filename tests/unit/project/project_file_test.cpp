@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <grp.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "core/messages/titles.h"
@@ -343,20 +344,55 @@ TEST_F(ProjectFile, ThatMayNotBeReadOrWrittenRaisesPermissionDenied) {
     EXPECT_EXIT(exit_with_errors(), testing::ExitedWithCode(0), "read 70, save 70");
 }
 
-// Where bringing the file to the disk fails, all of it has been written.
-TEST_F(ProjectFile, IsWholeBeforeItIsBroughtToTheDisk) {
+// Bringing it to the disk fails: the new file is not there, the old one is as it was.
+TEST_F(ProjectFile, WhoseWayToTheDiskFailsIsAsItWas) {
     FillRecord();
-    ProjectTitle = "t";
-    ProjectDescription = "d";
-    std::string failed;
-    for (long at = 1; failed != "fsync"; ++at) {
-        ASSERT_LT(at, 30);
-        ProjectFileName = PathTo("new" + std::to_string(at) + ".TKL");
-        const FailingFiles fault({.folder = Folder.string(), .at = at, .error = EIO});
-        RaisedError([] { FileSave(); });
-        failed = fault.Failed();
+    for (const char* before : {"", "the old content"}) {
+        std::string failed;
+        for (long at = 1; failed != "fsync"; ++at) {
+            ASSERT_LT(at, 30);
+            ProjectFileName = PathTo("new" + std::to_string(at) + ".TKL");
+            if (*before != 0) WriteBytes(ProjectFileName, before);
+            const FailingFiles fault({.folder = Folder.string(), .at = at, .error = EIO});
+            RaisedError([] { FileSave(); });
+            failed = fault.Failed();
+        }
+        EXPECT_EQ(ReadBytes(ProjectFileName), before);
+        EXPECT_EQ(std::filesystem::exists(ProjectFileName), *before != 0);
     }
-    EXPECT_EQ(ReadBytes(ProjectFileName), Joined(FileLines("t", {"d"})));
+}
+
+// What a save does to the records, it does once the file can be written, and not before.
+TEST_F(ProjectFile, ThatCannotBeWrittenLeavesTheRecordsAsTheyWere) {
+    FillRecord();
+    ProjectRecord.NumberHoles = 0;
+    ProjectDescription = "\r\none\r\n\r\ntwo";
+    ProjectSaved = 0;
+    ProjectFileName = PathTo("gone/x.TKL");
+    EXPECT_EQ(RaisedError([] { FileSave(); }), 76);
+    EXPECT_EQ(ProjectDescription, "\r\none\r\n\r\ntwo");
+    EXPECT_EQ(ProjectRecord.NumberHoles, 0);
+    EXPECT_EQ(ProjectSaved, 0);
+    ProjectFileName = PathTo("full.TKL");
+    {
+        const FailingFiles fault({.folder = Folder.string(), .at = 1, .kind = FaultKind::Full});
+        EXPECT_EQ(RaisedError([] { FileSave(); }), 61);
+    }
+    EXPECT_EQ(ProjectDescription, "one\r\ntwo");
+    EXPECT_EQ(ProjectRecord.NumberHoles, 1);
+    EXPECT_EQ(ProjectSaved, 0);
+    EXPECT_FALSE(std::filesystem::exists(ProjectFileName));
+}
+
+TEST_F(ProjectFile, ThatIsSavedElsewhereGivesNobodyMoreRights) {
+    Provide(Joined(FileLines("t", {"d"})));
+    ASSERT_EQ(::chmod(ProjectFileName.c_str(), 0600), 0);
+    EXPECT_TRUE(ReadProjectFile());
+    ProjectFileName = PathTo("elsewhere.TKL");
+    EXPECT_TRUE(FileSave());
+    struct stat status {};
+    ASSERT_EQ(::stat(ProjectFileName.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0600u);
 }
 
 TEST_F(ProjectFile, OnAFullDiskRaisesDiskFullAndStaysUnsaved) {

@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -145,6 +146,77 @@ TEST_F(RecoveryCopy, IsDroppedWhenTheSaveBeforeAnOpenIsRefused) {
     Host.Messages.Answers = {7};
     EXPECT_TRUE(FileOpen());
     EXPECT_THAT(Copies(), IsEmpty());
+}
+
+// A save was asked for and did not come about; the next project's copy is another one.
+TEST_F(RecoveryCopy, OfAProjectWhoseSaveWasCancelledBeforeAnOpenStays) {
+    ProjectFileName = "Untitled";
+    KeepRecoveryCopy();
+    const std::string kept = RecoveryCopyPath(), content = ReadBytes(kept);
+    PreviousFileName = ProjectFileName;
+    Provide(Joined(FileLines("Other", {""})));
+    Host.Messages.Answers = {6};
+    Host.Dialogs.FileAnswers = {""};
+    EXPECT_TRUE(FileOpen());
+    EXPECT_EQ(RecoveryCopyPath(), "");
+    MarkProjectChanged();
+    EXPECT_EQ(ReadBytes(kept), content);
+    EXPECT_EQ(Copies().size(), 2u);
+    EXPECT_TRUE(FileMenuSave(false));
+    EXPECT_EQ(ReadBytes(kept), content);
+    EXPECT_THAT(Copies(),
+                ElementsAre(::testing::StartsWith("~bak_"), ::testing::StartsWith("~unsaved Untitled ")));
+}
+
+TEST_F(RecoveryCopy, OfAProjectWhoseSaveFailedBeforeAnOpenStays) {
+    PreviousFileName = ProjectFileName = PathTo("none/ridge.TKL");
+    KeepRecoveryCopy();
+    const std::string kept = RecoveryCopyPath(), content = ReadBytes(kept);
+    Provide(Joined(FileLines("Other", {""})));
+    Host.Messages.Answers = {6};
+    EXPECT_TRUE(FileOpen());
+    ProjectFileName = PathTo("other/ridge.TKL");  // of the same name
+    MarkProjectChanged();
+    EXPECT_NE(RecoveryCopyPath(), kept);
+    DropRecoveryCopy();
+    EXPECT_EQ(ReadBytes(kept), content);
+}
+
+// New asks nothing, so nobody has said that the work is not wanted.
+TEST_F(RecoveryCopy, StaysWhenANewProjectIsBegun) {
+    KeepRecoveryCopy();
+    const std::string kept = RecoveryCopyPath(), content = ReadBytes(kept);
+    FileNew(true, true);
+    MarkProjectChanged();
+    DropRecoveryCopy();
+    EXPECT_EQ(ReadBytes(kept), content);
+}
+
+TEST_F(RecoveryCopy, IsMadeWhateverExtensionIsSet) {
+    for (const std::string& extension :
+         {std::string("a/b"), std::string("a\\b"), std::string(254, 'x'), std::string("/")}) {
+        FileExtension = extension;
+        KeepRecoveryCopy();
+        EXPECT_EQ(RecoveryCopyPath(), OwnPath()) << extension;
+        EXPECT_TRUE(std::filesystem::exists(OwnPath()));
+        DropRecoveryCopy();
+    }
+    FileExtension = std::string(32, 'x');
+    KeepRecoveryCopy();
+    EXPECT_THAT(RecoveryCopyPath(), ::testing::EndsWith("." + std::string(32, 'x')));
+}
+
+TEST_F(RecoveryCopy, HasNoMoreRightsThanItsProject) {
+    WriteBytes(ProjectFileName, Joined(FileLines("Ridge", {""})));
+    ASSERT_EQ(::chmod(ProjectFileName.c_str(), 0600), 0);
+    EXPECT_TRUE(ReadProjectFile());
+    for (const char* name : {"ridge.TKL", "Untitled"}) {  // the second after a file dialog was cancelled
+        ProjectFileName = name == std::string("Untitled") ? name : PathTo(name);
+        KeepRecoveryCopy();
+        struct stat status {};
+        ASSERT_EQ(::stat(RecoveryCopyPath().c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 0777, 0600u);
+    }
 }
 
 TEST_F(RecoveryCopy, IsWrittenByAConversion) {

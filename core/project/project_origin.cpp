@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/project/project_origin.h"
+
+#include "core/files/file_system.h"
+#include "core/project/project_state.h"
+
+namespace tarvokol {
+
+void NoteOrigin(const std::string& path, const FileImage& image) {
+    state::Origin = {WholePath(path), image};
+}
+
+void ForgetOrigin() {
+    state::Origin = {};
+}
+
+std::string OriginPath() {
+    return state::Origin.path.empty() ? ProjectFileName : state::Origin.path;
+}
+
+std::optional<ForeignChange> ForeignChangeOf(const std::string& path) {
+    if (state::Origin.path.empty() || WholePath(path) != state::Origin.path) return std::nullopt;
+    const auto present = ImageOf(path, kLargestProject);
+    if (!present || HoldTheSame(*present, state::Origin.image)) return std::nullopt;
+    return ForeignChange{state::Origin.image.changed, present->changed};
+}
+
+}  // namespace tarvokol
