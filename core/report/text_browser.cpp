@@ -2,38 +2,24 @@
 #include "core/report/text_browser.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include <fcntl.h>
 
-#include "core/files/descriptor.h"
-#include "core/runtime/charset.h"
+#include "core/files/system_memory.h"
+#include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 
 namespace tarvokol {
 namespace {
 
-// One byte more than is shown tells whether the file goes on.
-std::string ReadBeginning(Descriptor& file) {
-    std::string bytes(kLongestView + 1, '\0');
-    std::size_t filled = 0;
-    while (const std::size_t count = file.Read(bytes.data() + filled, bytes.size() - filled)) filled += count;
-    bytes.resize(filled);
-    return bytes;
-}
+// What a view takes, measured: its characters have two bytes and grow by doubling, beside the file's own; each line has a
+// block.
+constexpr std::uint64_t kMemoryPerByte = 6;
+constexpr std::uint64_t kMemoryPerLine = 400;
 
 bool IsContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
-
-// Ends the bytes behind a whole line, or, where there is none, in front of a character that would be torn.
-void EndCleanly(std::string& bytes) {
-    if (const std::size_t line_end = bytes.rfind('\n'); line_end != std::string::npos) {
-        bytes.resize(line_end + 1);
-        return;
-    }
-    std::size_t end = bytes.size();
-    for (int back = 0; back < 3 && end > 1 && IsContinuation(bytes[end - 1]); ++back) --end;
-    bytes.resize(end - 1);
 }
 
 // The sign that stands for a control character.
@@ -47,69 +33,85 @@ bool IsControl(char byte) {
     return (byte >= 0 && byte < ' ' && byte != '\t') || byte == 0x7F;
 }
 
-class ViewText {
-  public:
-    explicit ViewText(FileView& view) : view_(view) {}
+}  // namespace
 
-    // Bytes of one character.
-    void Append(std::string_view character) {
-        if (line_bytes_ + character.size() > kLongestViewLine) {
-            view_.folded = true;
-            EndLine();
-        }
-        if (character.size() == 1 && IsControl(character.front()))
-            AppendControlPicture(view_.text, character.front());
-        else
-            view_.text += character;
-        line_bytes_ += character.size();
-    }
+FileReading::FileReading(const std::string& path) : file_(path, O_RDONLY) {
+    RequireRoom(static_cast<std::uint64_t>(file_.Status().st_size));
+}
 
-    void EndLine() {
-        view_.text += '\n';
-        line_bytes_ = 0;
-    }
+void FileReading::RequireRoom(std::uint64_t bytes) const {
+    if (bytes > kLongestView || bytes * kMemoryPerByte + lines_ * kMemoryPerLine > AvailableMemory())
+        Raise(error_number::OutOfMemory);
+}
 
-  private:
-    FileView& view_;
-    std::size_t line_bytes_ = 0;
-};
+bool FileReading::ReadMore() {
+    if (all_read_) return false;
+    const std::size_t before = bytes_.size();
+    bytes_.resize(before + kViewPiece);
+    std::size_t filled = before;
+    while (const std::size_t count = file_.Read(bytes_.data() + filled, bytes_.size() - filled))
+        filled += count;
+    bytes_.resize(filled);
+    const std::string_view piece = std::string_view(bytes_).substr(before);
+    scanner_.Feed(piece);
+    lines_ += static_cast<std::size_t>(
+        std::count_if(piece.begin(), piece.end(), [](char byte) { return byte == '\n' || byte == '\r'; }));
+    RequireRoom(bytes_.size());
+    all_read_ = piece.size() < kViewPiece;
+    return !all_read_;
+}
+
+// Behind a whole line, or, where there is none, in front of a character that would be torn.
+std::size_t FileReading::EndOfPiece() const {
+    if (bytes_.size() - taken_ <= kViewPiece) return bytes_.size();
+    std::size_t end = taken_ + kViewPiece;
+    const std::size_t line_end = bytes_.rfind('\n', end - 1);
+    if (line_end != std::string::npos && line_end >= taken_) return line_end + 1;
+    for (int back = 0; back < 3 && IsContinuation(bytes_[end]); ++back) --end;
+    // Both ends of a line go together.
+    return bytes_[end - 1] == '\r' ? end - 1 : end;
+}
+
+std::string FileReading::TakeText() {
+    const std::size_t end = EndOfPiece();
+    std::string text;
+    AppendText(text, DecodeText(std::string_view(bytes_).substr(taken_, end - taken_), scanner_.Verdict()));
+    taken_ = end;
+    return text;
+}
 
 // A line feed, with or without a carriage return before it, and a carriage return alone end a line.
-void FillText(FileView& view, std::string_view decoded) {
-    ViewText text(view);
+void FileReading::AppendText(std::string& text, std::string_view decoded) {
     for (std::size_t at = 0; at < decoded.size();) {
         const std::size_t bytes = CharacterBytes(decoded, at);
         const char first = decoded[at];
         const bool pair = first == '\r' && at + 1 < decoded.size() && decoded[at + 1] == '\n';
-        if (first == '\n' || first == '\r')
-            text.EndLine();
-        else
-            text.Append(decoded.substr(at, bytes));
+        if (first == '\n' || first == '\r') {
+            text += '\n';
+            line_bytes_ = 0;
+        } else {
+            AppendCharacter(text, decoded.substr(at, bytes));
+        }
         at += pair ? 2 : bytes;
     }
 }
 
-}  // namespace
-
-FileView ReadFileView(const std::string& path) {
-    Descriptor file(path, O_RDONLY);
-    FileView view;
-    std::string bytes = ReadBeginning(file);
-    view.size = static_cast<std::uintmax_t>(file.Status().st_size);
-    view.cut = bytes.size() > kLongestView;
-    if (view.cut) EndCleanly(bytes);
-    FillText(view, DecodeText(bytes, DetectCharset(bytes)));
-    return view;
+void FileReading::AppendCharacter(std::string& text, std::string_view character) {
+    if (line_bytes_ + character.size() > kLongestViewLine) {
+        folded_ = true;
+        text += '\n';
+        line_bytes_ = 0;
+    }
+    if (character.size() == 1 && IsControl(character.front()))
+        AppendControlPicture(text, character.front());
+    else
+        text += character;
+    line_bytes_ += character.size();
 }
 
-std::string FileViewRemark(const FileView& view) {
-    std::string remark;
-    if (view.cut)
-        remark =
-            "Only the beginning of this file is shown; the file has " + std::to_string(view.size) + " bytes.";
-    if (view.folded)
-        remark += std::string(remark.empty() ? "" : " ") + "Very long lines are continued in the next line.";
-    return remark;
+int FileReading::Percent() const {
+    const auto size = std::max<std::uint64_t>(static_cast<std::uint64_t>(file_.Status().st_size), 1);
+    return static_cast<int>(std::min<std::uint64_t>(50 * (bytes_.size() + taken_) / size, 100));
 }
 
 }  // namespace tarvokol

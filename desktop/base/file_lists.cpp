@@ -184,6 +184,8 @@ FileList::FileList(QWidget* parent) : QListView(parent), folder_(FullName(".")) 
     // The model lists and filters behind the caller's back.
     connect(&model_, &QFileSystemModel::rowsInserted, this, &FileList::SelectWanted);
     connect(&model_, &QFileSystemModel::layoutChanged, this, &FileList::SelectWanted);
+    connect(&model_, &QFileSystemModel::rowsInserted, this, &FileList::HideFolders);
+    connect(&model_, &QFileSystemModel::layoutChanged, this, &FileList::HideFolders);
 }
 
 void FileList::SetFolder(const std::string& path) {
@@ -191,6 +193,13 @@ void FileList::SetFolder(const std::string& path) {
     wanted_.clear();
     clearSelection();
     setRootIndex(model_.setRootPath(ToQt(folder_)));
+    HideFolders();
+}
+
+// The model lets a folder pass its filter once it has been the root.
+void FileList::HideFolders() {
+    for (int row = 0; row < model_.rowCount(rootIndex()); ++row)
+        if (model_.isDir(model_.index(row, 0, rootIndex())) && !isRowHidden(row)) setRowHidden(row, true);
 }
 
 // A list that nobody has given a folder shows the current one. Not earlier: that may hold thousands of files,
@@ -208,7 +217,7 @@ void FileList::SetPattern(const std::string& pattern) {
 std::string FileList::FileName() const {
     const QModelIndex current = currentIndex();
     const bool listed = current.isValid() && current.parent() == rootIndex();
-    return listed ? FromQt(model_.fileName(current)) : std::string();
+    return listed && !model_.isDir(current) ? FromQt(model_.fileName(current)) : std::string();
 }
 
 void FileList::SetFileName(const std::string& text) {

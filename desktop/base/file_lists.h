@@ -99,6 +99,7 @@ class FileList : public QListView {
   private:
     void OpenSelected();
     void SelectWanted();
+    void HideFolders();
 
     QFileSystemModel model_;
     std::string folder_;

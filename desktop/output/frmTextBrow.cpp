@@ -3,6 +3,9 @@
 
 #include <QKeyEvent>
 #include <QSignalBlocker>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <new>
 
 #include "core/files/file_system.h"
 #include "core/messages/command_guard.h"
@@ -10,6 +13,7 @@
 #include "core/platform/platform.h"
 #include "core/platform/shell.h"
 #include "core/report/text_browser.h"
+#include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 #include "core/settings/configuration.h"
 #include "core/settings/program_settings.h"
@@ -48,6 +52,8 @@ frmTextBrow::frmTextBrow() : ui_(std::make_unique<Ui::frmTextBrow>()) {
     connect(ui_->Command1, &QPushButton::clicked, this, &frmTextBrow::Command1_Click);
     SelectAllOnFocus(*this);
     ui_->Text2->installEventFilter(this);
+    loading_.setSingleShot(true);
+    connect(&loading_, &QTimer::timeout, this, &frmTextBrow::LoadOn);
 }
 
 frmTextBrow::~frmTextBrow() = default;
@@ -116,7 +122,7 @@ void frmTextBrow::Check1_Click() {
 void frmTextBrow::File1_Open() {
     const std::string file = WithSeparator(ui_->File1->Folder()) + ui_->File1->FileName();
     ui_->Label1->SetFullText(ToQt(file));
-    ShowView({});  // never one file's text under another one's name
+    ClearView();  // never one file's text under another one's name
     if (ui_->Check1->isChecked())
         ShowInViewer(file);
     else
@@ -131,16 +137,63 @@ void frmTextBrow::ShowInViewer(const std::string& file) {
     if (!copy.empty()) StartViewer(copy);
 }
 
+// The window stays alive while a long file comes in; another file, or the end of the form, ends the loading.
 void frmTextBrow::ShowInForm(const std::string& file) {
     CommandGuard guard(DialogCancelled_);
-    guard([&] { ShowView(ReadFileView(file)); });
+    guard([&] { reading_ = std::make_unique<FileReading>(file); });
+    if (reading_ != nullptr) LoadOn();
 }
 
-void frmTextBrow::ShowView(const FileView& view) {
-    ui_->RichTextBox1->setPlainText(ToQt(view.text));
-    const std::string remark = FileViewRemark(view);
-    ui_->lblCut->setText(ToQt(remark));
-    ui_->lblCut->setVisible(!remark.empty());
+void frmTextBrow::LoadOn() {
+    bool more = false, loaded = false;
+    CommandGuard guard(DialogCancelled_);
+    guard([&] {
+        more = LoadPiece();
+        loaded = true;
+    });
+    if (!loaded) ClearView();  // never a part for the whole
+    if (more) loading_.start(0);
+}
+
+// True while there is more.
+bool frmTextBrow::LoadPiece() {
+    try {
+        if (reading_->ReadMore()) {
+            TellLoading();
+            return true;
+        }
+        const std::string text = reading_->TakeText();
+        QTextDocument& view = *ui_->RichTextBox1->document();
+        if (view.isEmpty()) {
+            ui_->RichTextBox1->setPlainText(ToQt(text));
+        } else {
+            QTextCursor end(&view);
+            end.movePosition(QTextCursor::End);
+            end.insertText(ToQt(text));
+        }
+        if (!reading_->IsDone()) {
+            TellLoading();
+            return true;
+        }
+    } catch (const std::bad_alloc&) {
+        Raise(error_number::OutOfMemory);
+    }
+    ui_->lblCut->setText("Very long lines are continued in the next line.");
+    ui_->lblCut->setVisible(reading_->Folded());
+    reading_.reset();
+    return false;
+}
+
+void frmTextBrow::TellLoading() {
+    ui_->lblCut->setText("Loading: " + QString::number(reading_->Percent()) + " %");
+    ui_->lblCut->show();
+}
+
+void frmTextBrow::ClearView() {
+    loading_.stop();
+    reading_.reset();
+    ui_->RichTextBox1->clear();
+    ui_->lblCut->hide();
 }
 
 void frmTextBrow::cmdSetFont_Click() {

@@ -2,6 +2,7 @@
 // Small file browser: shows text files, in the form or in an external viewer.
 #pragma once
 
+#include <QTimer>
 #include <memory>
 #include <string>
 
@@ -10,7 +11,7 @@
 
 namespace tarvokol {
 
-struct FileView;
+class FileReading;
 
 namespace Ui {
 class frmTextBrow;
@@ -42,11 +43,16 @@ class frmTextBrow : public SingleForm<frmTextBrow> {
 
     void GoTo(const std::string& folder);
     void ApplyFont();
-    void ShowView(const FileView& view);
+    void ClearView();
     void ShowInForm(const std::string& file);
+    void LoadOn();
+    bool LoadPiece();
+    void TellLoading();
     void ShowInViewer(const std::string& file);
 
     std::unique_ptr<Ui::frmTextBrow> ui_;
+    std::unique_ptr<FileReading> reading_;  // while a file is loaded, a piece at each tick
+    QTimer loading_;
     bool DialogCancelled_ = false;
 };
 

@@ -143,6 +143,29 @@ TEST_F(PathListTest, PatternsChooseTheFiles) {
     EXPECT_EQ(files.Pattern(), "*.TKL");
 }
 
+TEST_F(PathListTest, AFolderThatWasShownIsNoFileOfTheFolderAbove) {
+    FileList files;
+    files.show();
+    WriteBytes(PathTo("z.TKL"), "x");
+    files.SetFolder(PathTo("beta"));
+    ExpectListed(files, {"a.TKL", "b.txt", "c[1].TKL"});
+    files.SetFolder(Folder.string());
+    ASSERT_TRUE(WaitUntil([&] { return files.model()->rowCount(files.rootIndex()) > 1; }));
+    const auto shown = [&] {
+        std::vector<std::string> names;
+        for (int row = 0; row < files.model()->rowCount(files.rootIndex()); ++row)
+            if (!files.isRowHidden(row))
+                names.push_back(FromQt(files.model()->index(row, 0, files.rootIndex()).data().toString()));
+        return names;
+    };
+    EXPECT_TRUE(WaitUntil([&] { return shown() == std::vector<std::string>{"z.TKL"}; }))
+        << ::testing::PrintToString(shown());
+    files.setCurrentIndex(files.model()->index(0, 0, files.rootIndex()));
+    if (files.isRowHidden(0)) {
+        EXPECT_EQ(files.FileName(), "");
+    }
+}
+
 TEST_F(PathListTest, AFileIsSelectedByItsNameOnceItIsListed) {
     FileList files;
     files.SetFolder(PathTo("alpha"));

@@ -431,18 +431,44 @@ TEST_F(TextBrowser, ThePatternSelectsItsTextOnFocus) {
     EXPECT_EQ(box.selectedText(), "*.TKL");
 }
 
-TEST_F(TextBrowser, AGigabyteOfBinaryIsShownInPartAtOnce) {
+TEST_F(TextBrowser, ALongFileIsShownToItsEndAndTheWindowLives) {
+    std::string text;
+    while (text.size() < 3000000) text += "a line of text\n";
+    WriteBytes(PathTo("data/long.tkl"), text + "the end");
+    frmTextBrow& form = Open();
+    DoubleClick(form, "long.tkl");
+    EXPECT_EQ(TextOf(form, "lblCut"), "Loading: 17 %");  // the first of three MiB, of reading and showing
+    EXPECT_TRUE(WaitUntil([&] { return !Find(form, "lblCut").isVisible(); }));
+    EXPECT_TRUE(TextOf(form, "RichTextBox1") == text + "the end");
+    EXPECT_EQ(Find<QPlainTextEdit>(form, "RichTextBox1").textCursor().position(), 0);
+}
+
+TEST_F(TextBrowser, AnotherFileEndsTheLoadingOfALongOne) {
+    WriteBytes(PathTo("data/long.tkl"), std::string(5000000, '\n'));
+    frmTextBrow& form = Open();
+    DoubleClick(form, "long.tkl");
+    DoubleClick(form, "b.tkl");
+    const std::string shown = TextOf(form, "RichTextBox1");
+    RunEvents();
+    EXPECT_EQ(TextOf(form, "RichTextBox1"), shown);
+    EXPECT_FALSE(Find(form, "lblCut").isVisible());
+    DoubleClick(form, "long.tkl");
+    Press(form, Qt::Key_Escape);
+    RunEvents();
+    EXPECT_FALSE(frmTextBrow::IsLoaded());
+}
+
+TEST_F(TextBrowser, AFileThatMemoryCannotHoldIsToldAndBinaryIsShown) {
     WriteBytes(PathTo("data/big.tkl"), std::string(1200000, '\x01'));
-    std::filesystem::resize_file(PathTo("data/big.tkl"), 1073741824);
     frmTextBrow& form = Open();
     DoubleClick(form, "big.tkl");
-    RunEvents();
+    EXPECT_TRUE(WaitUntil(
+        [&] { return TextOf(form, "lblCut") == "Very long lines are continued in the next line."; }));
     form.grab();
-    EXPECT_TRUE(Find(form, "lblCut").isVisible());
-    EXPECT_EQ(TextOf(form, "lblCut"),
-              "Only the beginning of this file is shown; the file has 1073741824 bytes. "
-              "Very long lines are continued in the next line.");
-    DoubleClick(form, "b.tkl");
+    std::filesystem::resize_file(PathTo("data/big.tkl"), 1073741824);
+    DoubleClick(form, "big.tkl");
+    EXPECT_THAT(Messages().back(), HasSubstr("Out of memory (7)"));
+    EXPECT_EQ(TextOf(form, "RichTextBox1"), "");
     EXPECT_FALSE(Find(form, "lblCut").isVisible());
 }
 

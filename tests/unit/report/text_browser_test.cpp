@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/report/text_browser.h"
 
+#include <algorithm>
+
 #include <sys/stat.h>
 
 #include "tests/support/core_fixture.h"
@@ -8,20 +10,34 @@
 namespace tarvokol {
 namespace {
 
+struct FileView {
+    std::string text;
+    bool folded = false;
+    int pieces = 0;
+};
+
 class FileViewing : public CoreTest {
   protected:
     FileView ViewOf(const std::string& bytes) {
         WriteBytes(PathTo("file"), bytes);
-        return ReadFileView(PathTo("file"));
+        FileReading reading(PathTo("file"));
+        while (reading.ReadMore()) EXPECT_LE(reading.Percent(), 50);
+        FileView view;
+        for (std::string text = reading.TakeText(); !text.empty(); text = reading.TakeText()) {
+            view.text += text;
+            ++view.pieces;
+        }
+        EXPECT_TRUE(reading.IsDone());
+        EXPECT_EQ(reading.Percent(), bytes.empty() ? 0 : 100);
+        view.folded = reading.Folded();
+        return view;
     }
 };
 
 TEST_F(FileViewing, ShowsATextAsItStands) {
     const FileView view = ViewOf("TARVOKOL_101\r\n\tTitle\nlast");
     EXPECT_EQ(view.text, "TARVOKOL_101\n\tTitle\nlast");
-    EXPECT_EQ(view.size, 25u);
-    EXPECT_FALSE(view.cut);
-    EXPECT_EQ(FileViewRemark(view), "");
+    EXPECT_FALSE(view.folded);
 }
 
 TEST_F(FileViewing, ReadsBothCharacterSets) {
@@ -41,72 +57,62 @@ TEST_F(FileViewing, MakesControlCharactersVisible) {
 
 TEST_F(FileViewing, AnEmptyFileIsEmpty) {
     EXPECT_EQ(ViewOf("").text, "");
-    EXPECT_FALSE(ViewOf("").cut);
 }
 
-TEST_F(FileViewing, ShowsAFileOfTheGreatestSizeWhole) {
-    const FileView view = ViewOf(std::string(1048575, '\n') + "x");
-    EXPECT_EQ(view.text.size(), 1048576u);
-    EXPECT_FALSE(view.cut);
+TEST_F(FileViewing, ShowsTheWholeOfALongFileInPiecesOfWholeLines) {
+    std::string bytes, text;
+    while (bytes.size() < 3000000) {
+        bytes += "a line of text\r\n";
+        text += "a line of text\n";
+    }
+    const FileView view = ViewOf(bytes + "end");
+    EXPECT_TRUE(view.text == text + "end");
+    EXPECT_EQ(view.pieces, 3);
+    EXPECT_FALSE(view.folded);
 }
 
-TEST_F(FileViewing, ShowsWholeLinesOfALongFileAndSaysSo) {
-    std::string bytes;
-    while (bytes.size() < 3000000) bytes += "a line of text\r\n";  // 16 bytes: 65536 lines are 1 MiB
-    const FileView view = ViewOf(bytes);
-    EXPECT_TRUE(view.cut);
-    EXPECT_EQ(view.text.size(), 65536u * 15);
-    EXPECT_TRUE(view.text.ends_with("a line of text\n"));
-    EXPECT_EQ(FileViewRemark(view), "Only the beginning of this file is shown; the file has 3000000 bytes.");
+// The character that decides stands at the end of the file.
+TEST_F(FileViewing, TheWholeFileDecidesOnItsCharacterSet) {
+    const std::string lines = std::string(2000000, '\n') + "caf\xC3\xA9";
+    EXPECT_TRUE(ViewOf(lines).text == lines);
+    EXPECT_TRUE(ViewOf(lines + "\xE9").text.ends_with("caf\xC3\x83\xC2\xA9\xC3\xA9"));
 }
 
 TEST_F(FileViewing, FoldsAnEndlessLineAndSaysSo) {
     const FileView view = ViewOf(std::string(20000, 'x'));
     EXPECT_EQ(view.text,
               std::string(8192, 'x') + "\n" + std::string(8192, 'x') + "\n" + std::string(3616, 'x'));
-    EXPECT_EQ(FileViewRemark(view), "Very long lines are continued in the next line.");
-}
-
-TEST_F(FileViewing, TearsNoCharacterApart) {
-    std::string bytes = "x";
-    while (bytes.size() < 1200000) bytes += "\xE2\x82\xAC";
-    const FileView view = ViewOf(bytes);
-    EXPECT_TRUE(view.cut);
     EXPECT_TRUE(view.folded);
-    EXPECT_EQ(view.text.find("\xC3"), std::string::npos);  // the bytes were taken for UTF-8
-    EXPECT_TRUE(view.text.ends_with("\xE2\x82\xAC"));
-    EXPECT_EQ(FileViewRemark(view),
-              "Only the beginning of this file is shown; the file has 1200001 bytes. "
-              "Very long lines are continued in the next line.");
 }
 
-// At each of the four places of a character at which a view of 1 MiB can end.
-TEST_F(FileViewing, TearsNoCharacterOfFourBytesApart) {
+// Without a line end the pieces end where they may: at each of the four places of a character, and between no two
+// characters that end one line.
+TEST_F(FileViewing, TearsNoCharacterApart) {
     for (const std::size_t before : {0u, 1u, 2u, 3u}) {
         std::string bytes(before, 'x');
-        while (bytes.size() < 1200000) bytes += "\xF0\x9F\x9A\xA7";
+        while (bytes.size() < 2200000) bytes += "\xF0\x9F\x9A\xA7";
         const FileView view = ViewOf(bytes);
-        EXPECT_TRUE(view.cut) << before;
+        EXPECT_EQ(view.pieces, 3) << before;
         EXPECT_EQ(view.text.find("\xC3"), std::string::npos) << before;  // the bytes were taken for UTF-8
-        EXPECT_TRUE(view.text.ends_with("\xF0\x9F\x9A\xA7")) << before;
+        EXPECT_EQ(static_cast<std::size_t>(std::count(view.text.begin(), view.text.end(), '\xA7')),
+                  (bytes.size() - before) / 4);
     }
+    const std::string half(1048575, 'x');
+    EXPECT_EQ(std::ranges::count(ViewOf(half + "\r\n" + half).text, '\n'), 127 + 1 + 127);
 }
 
-TEST_F(FileViewing, AGigabyteCostsNoMoreThanItsBeginning) {
+// Refused before a byte of it takes room.
+TEST_F(FileViewing, AFileThatMemoryCannotHoldIsRefused) {
     WriteBytes(PathTo("sparse"), "head\n");
     std::filesystem::resize_file(PathTo("sparse"), 4294967296u);
-    const FileView view = ReadFileView(PathTo("sparse"));
-    EXPECT_TRUE(view.cut);
-    EXPECT_EQ(view.text, "head\n");
-    EXPECT_EQ(FileViewRemark(view),
-              "Only the beginning of this file is shown; the file has 4294967296 bytes.");
+    EXPECT_EQ(RaisedError([&] { FileReading reading(PathTo("sparse")); }), 7);
 }
 
 TEST_F(FileViewing, RefusesWhatIsNoFile) {
-    EXPECT_EQ(RaisedError([&] { ReadFileView(PathTo("gone")); }), 53);
-    EXPECT_EQ(RaisedError([&] { ReadFileView(Folder.string()); }), 75);
+    EXPECT_EQ(RaisedError([&] { FileReading reading(PathTo("gone")); }), 53);
+    EXPECT_EQ(RaisedError([&] { FileReading reading(Folder.string()); }), 75);
     ASSERT_EQ(::mkfifo(PathTo("pipe").c_str(), 0600), 0);
-    EXPECT_EQ(RaisedError([&] { ReadFileView(PathTo("pipe")); }), 75);
+    EXPECT_EQ(RaisedError([&] { FileReading reading(PathTo("pipe")); }), 75);
 }
 
 }  // namespace
