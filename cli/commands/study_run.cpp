@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "cli/output/drawing.h"
+#include "core/platform/row_sheet.h"
 #include "core/statistics/study_numbers.h"
 #include "core/studies/study_figures.h"
 
@@ -111,9 +112,6 @@ int WriteTextRows(const RowStudy& study, const RowJob& job, RowFormat format, Ro
     if (study.run(rows) && rows.WriteHeader()) sink.Finish();
     return StatusOfRows(rows.Refused());
 }
-
-// Rows of a sheet, the header included.
-constexpr std::uint64_t kMostSheetRows = 1048576;
 
 [[noreturn]] void RefuseSheet(std::uint64_t rows) {
     throw UsageError{"-o: " + std::to_string(rows) + " rows and a header are more than the " +

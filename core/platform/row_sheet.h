@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
 namespace tarvokol {
 
-// A workbook that takes the rows of a study one by one. Every function raises the run-time errors of writing.
+inline constexpr std::size_t kMostSheetRows = 1048576;
+inline constexpr std::size_t kMostSheetColumns = 16384;
+
+// A workbook that takes the rows of a study one by one. Every function raises the run-time errors of writing; a text that no
+// cell holds, and more columns than a sheet has, raise "Invalid procedure call or argument" with words that name the row, the
+// column and the fault.
 class RowSheet {
   public:
     RowSheet() = default;

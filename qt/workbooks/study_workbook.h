@@ -3,15 +3,14 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "core/platform/row_sheet.h"
+#include "qt/workbooks/sheet_rows.h"
 
 struct lxw_workbook;
 struct lxw_worksheet;
-struct lxw_format;
 
 namespace tarvokol {
 
@@ -32,14 +31,18 @@ class StudyWorkbook : public RowSheet {
     void Finish() override;
 
   private:
-    void CountCell(int result);
+    // Raise the refusal of what a sheet or a cell does not hold.
+    void RequireColumn() const;
+    void RequireCell(const std::string& text) const;
 
     std::string path_;
-    lxw_workbook* book_ = nullptr;
-    lxw_worksheet* sheet_ = nullptr;
-    std::uint32_t row_ = 0;
-    std::uint16_t column_ = 0;
-    std::size_t cells_ = 0;
+    lxw_workbook* book_;
+    lxw_worksheet* sheet_;
+    SheetRows rows_;
+    std::vector<std::string> titles_;
+    std::size_t row_ = 0;
+    std::size_t column_ = 0;
+    std::size_t header_cells_ = 0;
 };
 
 }  // namespace tarvokol

@@ -73,14 +73,23 @@ SignalsPutOff::~SignalsPutOff() {
     ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
 }
 
-lxw_workbook* NewWorkbook(const std::string& path, bool row_by_row) {
+lxw_workbook* NewWorkbook(const std::string& path) {
     std::string folder = std::filesystem::path(path).parent_path().string();
     lxw_workbook_options options{};
-    options.constant_memory = row_by_row ? LXW_TRUE : LXW_FALSE;
+    options.constant_memory = LXW_TRUE;
     options.tmpdir = folder.empty() ? nullptr : folder.data();
     lxw_workbook* book = Xlsx().workbook_new_opt(path.c_str(), &options);
     if (book == nullptr) Raise(error_number::OutOfMemory);
     return book;
+}
+
+lxw_worksheet* NewSheet(lxw_workbook* book, const std::string& path) {
+    const SignalsPutOff put_off;
+    lxw_worksheet* sheet = Xlsx().workbook_add_worksheet(book, nullptr);
+    if (sheet != nullptr) return sheet;
+    const int system_error = errno;
+    Xlsx().lxw_workbook_free(book);
+    Raise(system_error != 0 ? ErrorNumberOfErrno(system_error, path) : error_number::DeviceIo);
 }
 
 void FinishWorkbook(lxw_workbook* book, const std::string& path, std::size_t cells) {

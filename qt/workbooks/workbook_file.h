@@ -7,6 +7,7 @@
 #include <string>
 
 struct lxw_workbook;
+struct lxw_worksheet;
 
 namespace tarvokol {
 
@@ -36,9 +37,12 @@ class SignalsPutOff {
     sigset_t before_{};
 };
 
-// A workbook for the file at `path`, whose scratch stands beside it: where that has room, the scratch has it,
-// too. With `row_by_row` a row is written when the next one begins, so that memory stays flat.
-lxw_workbook* NewWorkbook(const std::string& path, bool row_by_row);
+// A workbook for the file at `path`, written row by row, so that memory stays flat. Its scratch stands beside it: where that
+// has room, the scratch has it, too. Raises "Out of memory".
+lxw_workbook* NewWorkbook(const std::string& path);
+
+// A sheet of the workbook. Raises the error of the file system where its scratch cannot be made, after the workbook is freed.
+lxw_worksheet* NewSheet(lxw_workbook* book, const std::string& path);
 
 // Writes the workbook and frees it. Raises the error of the file system for one that could not be written,
 // and "Disk full" for one that does not read back whole with `cells` cells.

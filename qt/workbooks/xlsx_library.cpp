@@ -33,8 +33,9 @@ XlsxLibrary OpenXlsxLibrary(const char* name) {
     find("lxw_workbook_free", made.lxw_workbook_free);
     find("format_set_bold", made.format_set_bold);
     find("worksheet_freeze_panes", made.worksheet_freeze_panes);
-    find("worksheet_write_number", made.worksheet_write_number);
     find("worksheet_write_string", made.worksheet_write_string);
+    find("lxw_worksheet_write_single_row", made.lxw_worksheet_write_single_row);
+    find("lxw_rowcol_to_cell", made.lxw_rowcol_to_cell);
     find("lxw_name_to_row", made.lxw_name_to_row);
     find("lxw_name_to_col", made.lxw_name_to_col);
     return made;

@@ -16,8 +16,9 @@ struct XlsxLibrary {
     decltype(&::lxw_workbook_free) lxw_workbook_free;
     decltype(&::format_set_bold) format_set_bold;
     decltype(&::worksheet_freeze_panes) worksheet_freeze_panes;
-    decltype(&::worksheet_write_number) worksheet_write_number;
     decltype(&::worksheet_write_string) worksheet_write_string;
+    decltype(&::lxw_worksheet_write_single_row) lxw_worksheet_write_single_row;
+    decltype(&::lxw_rowcol_to_cell) lxw_rowcol_to_cell;
     decltype(&::lxw_name_to_row) lxw_name_to_row;
     decltype(&::lxw_name_to_col) lxw_name_to_col;
 };

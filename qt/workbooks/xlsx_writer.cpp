@@ -12,29 +12,18 @@
 #include "core/files/file_system.h"
 #include "core/messages/history_log.h"
 #include "core/platform/platform.h"
+#include "core/platform/row_sheet.h"
 #include "core/platform/shell.h"
 #include "core/platform/special_folders.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/folders.h"
+#include "qt/workbooks/cell_text.h"
+#include "qt/workbooks/sheet_rows.h"
 #include "qt/workbooks/workbook_file.h"
 #include "qt/workbooks/xlsx_library.h"
 
 namespace tarvokol {
 namespace {
-
-void Check(lxw_error result) {
-    if (result == LXW_NO_ERROR) return;
-    if (result == LXW_ERROR_MEMORY_MALLOC_FAILED) Raise(error_number::OutOfMemory);
-    Raise(error_number::InvalidCall);
-}
-
-// Of a cell's address: "B7".
-lxw_row_t RowOf(const std::string& address) {
-    return Xlsx().lxw_name_to_row(address.c_str());
-}
-lxw_col_t ColumnOf(const std::string& address) {
-    return Xlsx().lxw_name_to_col(address.c_str());
-}
 
 std::string WorkbookFolder() {
     return WithSeparator(TempDataFolder.empty() ? Platform.Folders->Temporary() : TempDataFolder);
@@ -46,14 +35,18 @@ XlsxFileWriter::~XlsxFileWriter() {
     XlsxFileWriter::Abandon();
 }
 
+XlsxFileWriter::Place XlsxFileWriter::PlaceOf(const std::string& address) {
+    const Place place{Xlsx().lxw_name_to_row(address.c_str()), Xlsx().lxw_name_to_col(address.c_str())};
+    if (place.first >= kMostSheetRows || place.second >= kMostSheetColumns) Raise(error_number::InvalidCall);
+    return place;
+}
+
 void XlsxFileWriter::Begin(const std::string& path) {
     Abandon();
     path_ = path;
     cells_.clear();
     replacement_ = std::make_unique<FileReplacement>(path_);
-    book_ = NewWorkbook(replacement_->BuildPath(), false);
-    sheet_ = Xlsx().workbook_add_worksheet(book_, nullptr);
-    if (sheet_ == nullptr) Raise(error_number::OutOfMemory);
+    book_ = NewWorkbook(replacement_->BuildPath());
 }
 
 void XlsxFileWriter::BeginWorkbook() {
@@ -61,25 +54,40 @@ void XlsxFileWriter::BeginWorkbook() {
 }
 
 void XlsxFileWriter::SetCell(const std::string& address, double value) {
-    if (sheet_ == nullptr) Raise(error_number::CannotCreateObject);
-    Check(Xlsx().worksheet_write_number(sheet_, RowOf(address), ColumnOf(address), value, nullptr));
-    cells_.insert(address);
+    if (book_ == nullptr) Raise(error_number::CannotCreateObject);
+    cells_[PlaceOf(address)] = value;
 }
 
 void XlsxFileWriter::SetCell(const std::string& address, const std::string& text) {
-    if (sheet_ == nullptr) Raise(error_number::CannotCreateObject);
-    Check(Xlsx().worksheet_write_string(sheet_, RowOf(address), ColumnOf(address), text.c_str(), nullptr));
-    cells_.insert(address);
+    if (book_ == nullptr) Raise(error_number::CannotCreateObject);
+    const std::string fault = CellFault(text);
+    if (!fault.empty()) throw RunTimeError(error_number::InvalidCall, "cell " + address + ": " + fault);
+    cells_[PlaceOf(address)] = text;
 }
 
 void XlsxFileWriter::ShowWorkbook() {
     if (book_ == nullptr) Raise(error_number::CannotCreateObject);
-    lxw_workbook* book = book_;
-    book_ = nullptr;
-    sheet_ = nullptr;
+    lxw_workbook* book = std::exchange(book_, nullptr);
     const std::unique_ptr<FileReplacement> replacement = std::move(replacement_);
-    FinishWorkbook(book, replacement->BuildPath(), cells_.size());
+    WriteCells(book, replacement->BuildPath());
     replacement->Commit();
+}
+
+void XlsxFileWriter::WriteCells(lxw_workbook* book, const std::string& path) const {
+    SheetRows rows(NewSheet(book, path));
+    try {
+        for (const auto& [place, value] : cells_) {
+            if (const double* number = std::get_if<double>(&value))
+                rows.AddNumber(place.first, place.second, *number);
+            else
+                rows.AddText(place.first, place.second, std::get<std::string>(value));
+        }
+        rows.Finish();
+    } catch (const RunTimeError&) {
+        DiscardWorkbook(book);
+        throw;
+    }
+    FinishWorkbook(book, path, rows.Cells());
 }
 
 // The library frees a workbook only by writing it: one that is given up is written and not put in place.
@@ -87,7 +95,6 @@ void XlsxFileWriter::Abandon() {
     if (book_ != nullptr) DiscardWorkbook(book_);
     replacement_.reset();
     book_ = nullptr;
-    sheet_ = nullptr;
 }
 
 DesktopXlsxWriter::~DesktopXlsxWriter() {

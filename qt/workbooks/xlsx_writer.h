@@ -2,15 +2,17 @@
 // Workbooks as .xlsx files.
 #pragma once
 
+#include <cstddef>
+#include <map>
 #include <memory>
-#include <set>
 #include <string>
+#include <utility>
+#include <variant>
 
 #include "core/files/file_replacement.h"
 #include "core/platform/spreadsheet_writer.h"
 
 struct lxw_workbook;
-struct lxw_worksheet;
 
 namespace tarvokol {
 
@@ -38,11 +40,17 @@ class XlsxFileWriter : public SpreadsheetWriter {
     virtual void Abandon();
 
   private:
+    using Place = std::pair<std::size_t, std::size_t>;  // row and column from 0
+
+    // Of "B7". Raises "Invalid procedure call or argument" for one beyond the sheet.
+    static Place PlaceOf(const std::string& address);
+
+    void WriteCells(lxw_workbook* book, const std::string& path) const;
+
     std::string path_;
     lxw_workbook* book_ = nullptr;
-    lxw_worksheet* sheet_ = nullptr;
     std::unique_ptr<FileReplacement> replacement_;
-    std::set<std::string> cells_;  // addresses written
+    std::map<Place, std::variant<double, std::string>> cells_;  // written in this order, when all are there
 };
 
 // Writes the workbook under a free name in the folder for scratch files and opens it with the desktop's

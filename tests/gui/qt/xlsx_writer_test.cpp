@@ -64,21 +64,13 @@ std::map<std::string, std::string> Unzip(const std::string& bytes) {
     return entries;
 }
 
-// The cells of the first sheet: texts as they stand, numbers as they are written.
+// The cells of the first sheet, as they are written.
 std::map<std::string, std::string> Cells(const std::string& xlsx) {
-    auto entries = Unzip(xlsx);
-    std::vector<std::string> strings;
-    const std::string shared = entries["xl/sharedStrings.xml"];
-    const std::regex text("<si><t[^>]*>([^<]*)</t></si>");
-    for (std::sregex_iterator it(shared.begin(), shared.end(), text), last; it != last; ++it)
-        strings.push_back((*it)[1]);
     std::map<std::string, std::string> cells;
-    const std::string sheet = entries["xl/worksheets/sheet1.xml"];
-    const std::regex cell("<c r=\"([A-Z]+[0-9]+)\"([^>]*)><v>([^<]*)</v></c>");
-    for (std::sregex_iterator it(sheet.begin(), sheet.end(), cell), last; it != last; ++it) {
-        const bool is_text = (*it)[2].str().find("t=\"s\"") != std::string::npos;
-        cells[(*it)[1]] = is_text ? strings.at(std::stoul((*it)[3])) : (*it)[3].str();
-    }
+    const std::string sheet = Unzip(xlsx)["xl/worksheets/sheet1.xml"];
+    const std::regex cell("<c r=\"([A-Z]+[0-9]+)\"[^>]*>(?:<is><t[^>]*>|<v>)([^<]*)<");
+    for (std::sregex_iterator it(sheet.begin(), sheet.end(), cell), last; it != last; ++it)
+        cells[(*it)[1]] = (*it)[2];
     return cells;
 }
 
@@ -315,6 +307,17 @@ TEST_F(XlsxWriterTest, AFolderThatIsGoneRaisesItsError) {
 
 class StudyWorkbookTest : public CoreTest {
   protected:
+    // The words with which the work is refused; empty if it is not.
+    template <typename Work>
+    static std::string RefusalOf(Work work) {
+        try {
+            work();
+        } catch (const RunTimeError& error) {
+            return error.text;
+        }
+        return "";
+    }
+
     // Two titles over two rows, of which the second has gaps.
     static void Fill(RowSheet& sheet) {
         sheet.AddTitles({"Height (ft)", "State"});
@@ -331,16 +334,7 @@ class StudyWorkbookTest : public CoreTest {
     std::map<std::string, std::string> Written() {
         StudyWorkbook book(PathTo("study.xlsx"));
         Fill(book);
-        return RowsOf(ReadBytes(PathTo("study.xlsx")));
-    }
-    // Cells whose texts stand in their places, as a workbook has them that is written row by row.
-    static std::map<std::string, std::string> RowsOf(const std::string& xlsx) {
-        std::map<std::string, std::string> cells;
-        const std::string sheet = Unzip(xlsx)["xl/worksheets/sheet1.xml"];
-        const std::regex cell("<c r=\"([A-Z]+[0-9]+)\"[^>]*>(?:<is><t[^>]*>|<v>)([^<]*)<");
-        for (std::sregex_iterator it(sheet.begin(), sheet.end(), cell), last; it != last; ++it)
-            cells[(*it)[1]] = (*it)[2];
-        return cells;
+        return Cells(ReadBytes(PathTo("study.xlsx")));
     }
 };
 
@@ -374,7 +368,7 @@ TEST_F(StudyWorkbookTest, ADecimalCommaOfTheDesktopDoesNotReachIt) {
     }
     book.AddText("end");
     book.Finish();
-    const auto cells = RowsOf(ReadBytes(PathTo("study.xlsx")));
+    const auto cells = Cells(ReadBytes(PathTo("study.xlsx")));
     EXPECT_EQ(cells.at("A1"), "0.5");
     EXPECT_EQ(cells.at("A3"), "2.5");
     std::array<char, 8> text{};
@@ -385,8 +379,73 @@ TEST_F(StudyWorkbookTest, ADecimalCommaOfTheDesktopDoesNotReachIt) {
 TEST_F(StudyWorkbookTest, ACellBeyondTheSheetIsAnError) {
     StudyWorkbook book(PathTo("study.xlsx"));
     for (int column = 0; column < 16384; ++column) book.AddNumber(NAN);
-    EXPECT_EQ(RaisedError([&book] { book.AddNumber(1); }), 57);
-    EXPECT_EQ(RaisedError([&book] { book.AddText("1"); }), 57);
+    EXPECT_EQ(RaisedError([&book] { book.AddNumber(1); }), 5);
+    EXPECT_EQ(RaisedError([&book] { book.AddText("1"); }), 5);
+    EXPECT_EQ(RefusalOf([&book] { book.AddNumber(1); }), "row 1 has more columns than the 16384 of a sheet");
+}
+
+TEST_F(StudyWorkbookTest, EveryDigitReadsBack) {
+    StudyWorkbook book(PathTo("study.xlsx"));
+    for (const double value :
+         {0.1 + 0.2, 1.0 / 3, static_cast<double>(0.1F), 1e300, 5e-324, -1e-5, 1234567890123456.0})
+        book.AddNumber(value);
+    book.AddNumber(INFINITY);
+    book.EndRow();
+    book.Finish();
+    const std::map<std::string, std::string> expected{{"A1", "0.30000000000000004"},
+                                                      {"B1", "0.3333333333333333"},
+                                                      {"C1", "0.10000000149011612"},
+                                                      {"D1", "1e+300"},
+                                                      {"E1", "5e-324"},
+                                                      {"F1", "-1e-05"},
+                                                      {"G1", "1234567890123456"}};
+    EXPECT_EQ(Cells(ReadBytes(PathTo("study.xlsx"))), expected);
+}
+
+TEST_F(StudyWorkbookTest, TextsReadBackToTheByte) {
+    StudyWorkbook book(PathTo("study.xlsx"));
+    book.AddText(" <a> & \"b\"\r\n\tc ");
+    book.AddText("_x0041_ _x004_ x0041_");
+    book.Finish();
+    const auto cells = Cells(ReadBytes(PathTo("study.xlsx")));
+    EXPECT_EQ(cells.at("A1"), " &lt;a&gt; &amp; \"b\"&#13;\n\tc ");
+    EXPECT_EQ(cells.at("B1"), "_x005F_x0041_ _x004_ x0041_");
+}
+
+TEST_F(StudyWorkbookTest, WhatNoCellHoldsIsRefusedByItsPlace) {
+    StudyWorkbook book(PathTo("study.xlsx"));
+    book.AddTitles({"Height (ft)", "Remark"});
+    book.AddNumber(3);
+    const auto refusal = [&book](const std::string& text) { return RefusalOf([&] { book.AddText(text); }); };
+    const std::string place = "row 2, column \"Remark\": ";
+    EXPECT_EQ(refusal("a\x01z"), place + "the character U+0001 cannot stand in a cell of a workbook");
+    EXPECT_EQ(refusal(std::string("a\0z", 3)),
+              place + "the character U+0000 cannot stand in a cell of a workbook");
+    EXPECT_EQ(refusal("\xEF\xBF\xBF"), place + "the character U+FFFF cannot stand in a cell of a workbook");
+    EXPECT_EQ(refusal("\xFF"), place + "a byte that is no UTF-8 cannot stand in a cell of a workbook");
+    EXPECT_EQ(refusal(std::string(32768, 'x')),
+              place + "32768 characters are more than the 32767 of a cell of a workbook");
+    std::string pairs;
+    for (int i = 0; i < 16384; ++i) pairs += "\xF0\x9F\x98\x80";
+    EXPECT_EQ(refusal(pairs), place + "32768 characters are more than the 32767 of a cell of a workbook");
+    EXPECT_EQ(refusal(std::string(32767, 'x')), "");
+    EXPECT_EQ(RefusalOf([this] {
+                  StudyWorkbook titled(PathTo("titled.xlsx"));
+                  titled.AddTitles({"Height", "a\x1F"});
+              }),
+              "row 1, column 2: the character U+001F cannot stand in a cell of a workbook");
+    EXPECT_EQ(RefusalOf([this] {
+                  StudyWorkbook wide(PathTo("wide.xlsx"));
+                  wide.AddTitles(std::vector<std::string>(16385, "x"));
+              }),
+              "16385 columns are more than the 16384 of a sheet");
+}
+
+TEST_F(StudyWorkbookTest, TheExtentOfTheSheetIsTold) {
+    Written();
+    EXPECT_NE(
+        Unzip(ReadBytes(PathTo("study.xlsx")))["xl/worksheets/sheet1.xml"].find("<dimension ref=\"A1:C4\"/>"),
+        std::string::npos);
 }
 
 TEST_F(StudyWorkbookTest, AFolderThatIsGoneRaisesItsError) {
