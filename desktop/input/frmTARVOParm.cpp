@@ -20,6 +20,7 @@
 #include "desktop/base/form_registry.h"
 #include "desktop/base/form_services.h"
 #include "desktop/base/modCapture.h"
+#include "desktop/base/refused_box.h"
 #include "desktop/base/results_caller.h"
 #include "qt/session/qt_text.h"
 #include "ui_frmTARVOParm.h"
@@ -170,7 +171,7 @@ bool frmTARVOParm::Accept(const std::optional<PanelField>& refused) {
     const auto input = std::find_if(inputs_.begin(), inputs_.end(),
                                     [&](const InputBox& candidate) { return candidate.field == *refused; });
     ui_->SSTab1->setCurrentIndex(TabOfField(*refused));
-    input->box->setFocus();
+    FocusRefused(*input->box);
     return false;
 }
 

@@ -13,6 +13,7 @@
 #include "core/settings/file_association.h"
 #include "core/settings/options_record.h"
 #include "core/settings/program_settings.h"
+#include "desktop/base/refused_box.h"
 #include "qt/session/qt_text.h"
 #include "ui_frmTARVOOpts.h"
 
@@ -188,7 +189,7 @@ bool frmTARVOOpts::Require(bool valid, const char* message, QLineEdit& box) {
 // Always false.
 bool frmTARVOOpts::Refuse(int tab, QLineEdit& box) {
     ui_->SSTab1->setCurrentIndex(tab);
-    box.setFocus();
+    FocusRefused(box);
     return false;
 }
 

@@ -149,5 +149,21 @@ TEST_F(Windows, ACommaIsAnsweredByANoteThatLeavesTheKeyboardAlone) {
     });
 }
 
+TEST_F(Windows, AFigureThatIsRefusedOnAnotherTabIsTypedAnew) {
+    WriteSettings("", "ShowInputScreenOnLoad=0\r\n");
+    Start();
+    ExpectWindow(kMain);
+    PressTo("alt+u o", "Options");
+    Press("alt+w ctrl+a");
+    Type("0.5");
+    PressToBeside("Return", "Options");  // refused
+    PressTo("Return", "Options");
+    Type("1.7");
+    PressTo("Return", kMain);
+    const std::string settings = ReadBytes(DataFile("TARVOKOL.INI"));
+    EXPECT_THAT(settings, HasSubstr("DefaultSFWeb=1.7\r\n"));
+    EXPECT_THAT(settings, HasSubstr("AskOfficeInstall=1\r\n"));
+}
+
 }  // namespace
 }  // namespace tarvokol

@@ -98,6 +98,15 @@ class Options : public MainWindowTest {
         EXPECT_FALSE(std::filesystem::exists(IniPath));
     }
 
+    static void ComeToTheFrontAgain(QWidget& form) {
+        LeaveNoWindowActive();
+        QT_WARNING_PUSH
+        QT_WARNING_DISABLE_DEPRECATED
+        QApplication::setActiveWindow(&form);
+        QT_WARNING_POP
+        RunEvents();
+    }
+
     std::string Ini() const { return ReadBytes(IniPath); }
     const std::string& History() const { return Host.MainWindow.History; }
 };
@@ -492,6 +501,35 @@ TEST_F(Options, OpensItsTopicWithF1) {
     RunTimeHelpFile = "/opt/tarvokol/TARVOKOL.CHM";
     Press(form, Qt::Key_F1);
     EXPECT_THAT(Host.Help.Calls, ElementsAre("topic /opt/tarvokol/TARVOKOL.CHM frmTARVOOpts.htm"));
+}
+
+// As where the message box goes and the form comes to the front again: the window finds its focus on a page that does
+// not show.
+TEST_F(Options, ARefusedFigureOnAnotherTabKeepsTheKeyboard) {
+    frmTARVOOpts& form = Open();
+    Type(form, "txtDefaultSFWeb", "0.5");
+    Click(form, "Command2");
+    ASSERT_EQ(Tabs(form).currentIndex(), 2);
+    const bool asks = Find<QCheckBox>(form, "chkOffice").isChecked();
+    ComeToTheFrontAgain(form);
+    ASSERT_EQ(QApplication::focusWidget(), &Find(form, "txtDefaultSFWeb"));
+    EXPECT_EQ(Tabs(form).currentIndex(), 2) << "the tab stays until a key is pressed";
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Shift);
+    EXPECT_EQ(Tabs(form).currentIndex(), 2);
+    QTest::keyClick(QApplication::focusWidget(), '1');
+    EXPECT_EQ(Tabs(form).currentIndex(), 0);
+    QTest::keyClicks(QApplication::focusWidget(), ".7");
+    EXPECT_EQ(TextOf(form, "txtDefaultSFWeb"), "1.7");
+    EXPECT_EQ(Find<QCheckBox>(form, "chkOffice").isChecked(), asks);
+}
+
+TEST_F(Options, WhoeverMovesOnFromARefusedFigureGoesHisWay) {
+    frmTARVOOpts& form = Open();
+    Type(form, "txtDefaultSFWeb", "0.5");
+    Click(form, "Command2");
+    Click(form, "Text1");
+    ComeToTheFrontAgain(form);
+    EXPECT_EQ(QApplication::focusWidget(), &Find(form, "Text1"));
 }
 
 }  // namespace
