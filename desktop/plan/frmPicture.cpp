@@ -159,13 +159,13 @@ double frmPicture::FontSize() const {
 // The size snaps to what the font has, so a step may leave it where it was: then a longer one is tried.
 void frmPicture::IncreaseFontSize() {
     const double F = FontSize();
-    for (int k = 1; FontSize() == F; ++k) ui_->client->SetFontSize(FontSize() + k);
+    for (int k = 1; FontSize() == F; ++k) ui_->client->ChooseFontSize(FontSize() + k);
 }
 
 void frmPicture::DecreaseFontSize() {
     const double F = FontSize();
     try {
-        for (int k = 1; FontSize() == F; ++k) ui_->client->SetFontSize(FontSize() - k);
+        for (int k = 1; FontSize() == F; ++k) ui_->client->ChooseFontSize(FontSize() - k);
     } catch (const RunTimeError&) {
         // The smallest size is reached.
     }
@@ -222,7 +222,7 @@ void frmPicture::PrintForm() {
         if (!ui_->client->HasDrawing()) return;
         PainterSurface surface(painter, size);
         surface.SetFontSize(FontSize());
-        surface.SetFitsLabels(true);
+        surface.SetFitsLabels(ui_->client->SizeOfLabels());
         surface.SetScale(PlotWidth, PlotHeight);
         DrawPillars(surface);
     });

@@ -92,8 +92,8 @@ void PainterSurface::SetPaper(const QSizeF& size, double units_per_pixel) {
 
 void PainterSurface::Finish() {
     if (painter_ != nullptr) {
-        if (fits_labels_)
-            texts_.FitLabels(size_, outlines_);
+        if (fitted_size_)
+            texts_.FitLabels(size_, outlines_, *fitted_size_);
         else
             texts_.MoveClearOfTitle(size_);
         texts_.Draw(*painter_);

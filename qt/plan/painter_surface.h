@@ -43,11 +43,11 @@ class PainterSurface : public DrawingSurface {
     // sheet's edge cuts; ask before Finish.
     int TextClashes() const { return texts_.Clashes(size_); }
 
-    // True if labels without room are made smaller, put into their pillars or left out. Otherwise a label has
-    // the height that it is printed with, and whoever draws takes a larger sheet.
-    void SetFitsLabels(bool fits) { fits_labels_ = fits; }
+    // Puts all labels to the one place that has room for them (PlanTexts::FitLabels). Otherwise a label stands where and in
+    // the height that it is printed, and whoever draws takes a larger sheet.
+    void SetFitsLabels(LabelSize size) { fitted_size_ = size; }
 
-    // The labels since the last Cls, from left to right, those without room included.
+    // The labels since the last Cls, from left to right.
     struct PillarLabel {
         QString text;
         QRectF pillar;  // logical pixels
@@ -100,7 +100,7 @@ class PainterSurface : public DrawingSurface {
     std::vector<QLineF> outlines_;  // edges of the pillars since the last Cls, pixels
     QLineF line_;
     std::vector<PillarLabel> labels_;
-    bool fits_labels_ = false;
+    std::optional<LabelSize> fitted_size_;
 };
 
 }  // namespace tarvokol

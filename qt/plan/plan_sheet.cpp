@@ -16,13 +16,19 @@ constexpr int kMarkWidth = 3;
 
 PlanSheet::PlanSheet(QWidget* parent) : QWidget(parent), surface_(picture_, QSizeF(1, 1)) {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    surface_.SetFitsLabels(true);
+    surface_.SetFitsLabels(LabelSize::BuiltIn);
 }
 
 QSize PlanSheet::PaperSize() const {
     const QSize room = size().expandedTo({1, 1});
     const int side = std::min(room.width(), room.height());
     return square_ ? QSize(side, side) : room;
+}
+
+void PlanSheet::ChooseFontSize(double points) {
+    surface_.SetFontSize(points);
+    label_size_ = LabelSize::AsChosen;
+    surface_.SetFitsLabels(label_size_);
 }
 
 void PlanSheet::Draw(const std::function<void(DrawingSurface&)>& routine) {

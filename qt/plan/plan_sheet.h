@@ -32,9 +32,10 @@ class PlanSheet : public QWidget {
     // Size of the paper in pixels.
     QSize PaperSize() const;
 
-    // Points; see PainterSurface::SetFontSize.
+    // Points; see PainterSurface::SetFontSize. Labels of a size that the user has chosen are not made smaller.
     double FontSize() const { return surface_.FontSize(); }
-    void SetFontSize(double points) { surface_.SetFontSize(points); }
+    void ChooseFontSize(double points);
+    LabelSize SizeOfLabels() const { return label_size_; }
 
     // Takes the mark of the keys off the sheet.
     void LeavePillars();
@@ -52,6 +53,7 @@ class PlanSheet : public QWidget {
 
     QPixmap picture_;
     PainterSurface surface_;
+    LabelSize label_size_ = LabelSize::BuiltIn;
     bool square_ = false;
     int at_pillar_ = kNoPillar;  // where the keys have led
 };

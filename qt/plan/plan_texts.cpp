@@ -17,6 +17,25 @@ QRectF BoundsOf(const QLineF& line) {
     return QRectF(line.p1(), line.p2()).normalized().adjusted(-0.5, -0.5, 0.5, 0.5);
 }
 
+// Where the labels of one drawing stand, all alike: in the middle of their pillars below the upper edge, above that edge, or
+// to the right of the pillar.
+enum class LabelPlace { Inside, Above, Beside };
+
+constexpr LabelPlace kPlaces[] = {LabelPlace::Inside, LabelPlace::Above, LabelPlace::Beside};
+
+void PutTo(PlanText& label, LabelPlace place) {
+    const QRectF strip = label.Strip();
+    const QRectF& pillar = label.pillar;
+    if (place == LabelPlace::Beside)
+        label.moved.rx() += pillar.right() + kTurnedTextGap - strip.left();
+    else
+        label.moved.rx() += pillar.center().x() - strip.center().x();
+    if (place == LabelPlace::Above)
+        label.moved.ry() += pillar.top() - kTurnedTextGap - strip.bottom();
+    else
+        label.moved.ry() += pillar.top() + kTurnedTextGap - strip.top();
+}
+
 // The room of labels on one sheet.
 class LabelRoom {
   public:
@@ -32,16 +51,13 @@ class LabelRoom {
         return true;
     }
 
-    // Takes the room of a label: where it stands, else inside its pillar. False if there is none.
-    bool Take(PlanText& label) {
-        if (IsFree(label.Strip())) return TakeBesideTexts(label);
-        PlanText inside = label;
+    // Takes the room of a label; false if something else stands there.
+    bool Take(const PlanText& label, LabelPlace place) {
         const QRectF strip = label.Strip();
-        inside.moved += QPointF(label.pillar.center().x() - strip.center().x(),
-                                label.pillar.top() + kTurnedTextGap - strip.top());
-        if (!label.pillar.contains(inside.Strip()) || !IsFree(inside.Strip())) return false;
-        label = inside;
-        return TakeBesideTexts(label);
+        const bool free = sheet_.contains(strip) && !Covers(strip, lines_) && !Covers(strip, texts_) &&
+                          (place != LabelPlace::Inside || label.pillar.contains(strip));
+        texts_.push_back(strip);
+        return free;
     }
 
   private:
@@ -49,31 +65,11 @@ class LabelRoom {
         return std::any_of(others.begin(), others.end(),
                            [&](const QRectF& other) { return strip.intersects(other); });
     }
-    bool IsFree(const QRectF& strip) const {
-        return sheet_.contains(strip) && !Covers(strip, lines_) && !Covers(strip, texts_);
-    }
 
     QRectF sheet_;
     std::vector<QRectF> lines_;
     std::vector<QRectF> texts_;
 };
-
-// Moves the texts to the room that they find and takes out those that find none; how many those are.
-int Settle(std::vector<PlanText>& texts, LabelRoom room) {
-    std::vector<PlanText> settled;
-    for (const PlanText& text : texts)
-        if (!text.IsLabel() && room.TakeBesideTexts(text)) settled.push_back(text);
-    int without_room = 0;
-    for (PlanText& text : texts) {
-        if (!text.IsLabel()) continue;
-        if (room.Take(text))
-            settled.push_back(text);
-        else
-            ++without_room;
-    }
-    texts = settled;
-    return without_room;
-}
 
 void ClearOfTitle(std::vector<PlanText>& texts, const QSizeF& sheet) {
     for (PlanText& text : texts) {
@@ -89,6 +85,28 @@ void ClearOfTitle(std::vector<PlanText>& texts, const QSizeF& sheet) {
         }
         if (clear.bottom() <= sheet.height()) text.moved.ry() += clear.top() - strip.top();
     }
+}
+
+// The texts with all labels in one place. A label keeps its place where something else stands there, for every pillar has
+// one; another figure that covers one before it is left out.
+struct Arrangement {
+    std::vector<PlanText> texts;
+    int without_room = 0;
+};
+
+Arrangement Arranged(std::vector<PlanText> texts, LabelPlace place, const QSizeF& sheet, LabelRoom room) {
+    for (PlanText& text : texts)
+        if (text.IsLabel()) PutTo(text, place);
+    ClearOfTitle(texts, sheet);
+    Arrangement arrangement;
+    for (const PlanText& text : texts)
+        if (!text.IsLabel() && room.TakeBesideTexts(text)) arrangement.texts.push_back(text);
+    for (const PlanText& text : texts) {
+        if (!text.IsLabel()) continue;
+        if (!room.Take(text, place)) ++arrangement.without_room;
+        arrangement.texts.push_back(text);
+    }
+    return arrangement;
 }
 
 }  // namespace
@@ -153,17 +171,24 @@ std::vector<PlanText> PlanTexts::Sized(int pixels) const {
     return sized;
 }
 
-void PlanTexts::FitLabels(const QSizeF& sheet, const std::vector<QLineF>& outlines) {
+void PlanTexts::FitLabels(const QSizeF& sheet, const std::vector<QLineF>& outlines, LabelSize size) {
     const LabelRoom room(sheet, outlines);
     const int tallest = TallestLabel();
-    const int smallest = std::min(tallest, kSmallestLabel);
-    for (int pixels = tallest; pixels >= smallest; --pixels) {
-        std::vector<PlanText> sized = Sized(pixels);
-        ClearOfTitle(sized, sheet);
-        if (Settle(sized, room) > 0 && pixels > smallest) continue;
-        texts_ = sized;
-        return;
-    }
+    const int smallest = size == LabelSize::AsChosen ? tallest : std::min(tallest, kSmallestLabel);
+    std::optional<Arrangement> best;
+    for (int pixels = tallest; pixels >= smallest; --pixels)
+        for (const LabelPlace place : kPlaces) {
+            Arrangement arrangement = Arranged(Sized(pixels), place, sheet, room);
+            const bool all_fit = arrangement.without_room == 0;
+            const bool is_last_size = pixels == smallest;
+            if (all_fit || (is_last_size && (!best || arrangement.without_room < best->without_room)))
+                best = std::move(arrangement);
+            if (all_fit) {
+                texts_ = best->texts;
+                return;
+            }
+        }
+    texts_ = best->texts;
 }
 
 void PlanTexts::Draw(QPainter& painter) const {

@@ -36,6 +36,9 @@ struct PlanText {
     QRectF Strip() const;
 };
 
+// Whether labels may be made smaller than they are printed.
+enum class LabelSize { BuiltIn, AsChosen };
+
 // The title is printed once a pillar at the same place: smoothed letters that are printed over themselves would
 // grow fat edges, so a text that stands already is not added.
 class PlanTexts {
@@ -50,10 +53,11 @@ class PlanTexts {
     // them can be read: a figure that lacks its last digits is a wrong one.
     void MoveClearOfTitle(const QSizeF& sheet);
 
-    // Makes the labels so small that none runs into an outline or another text, if need be inside their
-    // pillars; those for which there is no readable size are left out. Other figures that cover one another
-    // are left out, too.
-    void FitLabels(const QSizeF& sheet, const std::vector<QLineF>& outlines);
+    // Puts all labels to one place: inside their pillars where all fit, else above or beside all. Labels of the built-in
+    // size become so small, but for 8 pixels at the least, that none runs into an outline or another text; a size that the
+    // user chose stays. Where there is no room at all, they stand where most have it. Other figures that cover one
+    // another are left out.
+    void FitLabels(const QSizeF& sheet, const std::vector<QLineF>& outlines, LabelSize size);
 
     void Draw(QPainter& painter) const;
     const std::vector<PlanText>& Texts() const { return texts_; }

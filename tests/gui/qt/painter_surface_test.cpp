@@ -322,7 +322,7 @@ class SmallPlan : public PlanSurface, public ::testing::WithParamInterface<int> 
     static QImage Drawn(const QSize& sheet, void (*draw)(DrawingSurface&)) {
         QImage image = Sheet(sheet);
         PainterSurface surface(image, sheet);
-        surface.SetFitsLabels(true);
+        surface.SetFitsLabels(LabelSize::BuiltIn);
         draw(surface);
         surface.Finish();
         return image;
@@ -363,7 +363,7 @@ TEST_F(PlanSurface, ALabelStandsNextToItsPillarInALowFrame) {
     const QSize frame(601, 121);
     QImage image = Sheet(frame);
     PainterSurface surface(image, frame);
-    surface.SetFitsLabels(true);
+    surface.SetFitsLabels(LabelSize::BuiltIn);
     DrawPanelPreview(surface);
     ASSERT_EQ(surface.Labels().size(), 3u);
     const double right = surface.Labels()[2].pillar.right();

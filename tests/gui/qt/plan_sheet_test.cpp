@@ -39,8 +39,10 @@ TEST_F(PlanSheetTest, ABareSheetIsWhitePaper) {
     white.fill(Qt::white);
     EXPECT_EQ(Shown().convertToFormat(QImage::Format_RGB32), white);
     EXPECT_EQ(Sheet.FontSize(), 8.25);
-    Sheet.SetFontSize(9);
+    EXPECT_EQ(Sheet.SizeOfLabels(), LabelSize::BuiltIn);
+    Sheet.ChooseFontSize(9);
     EXPECT_EQ(Sheet.FontSize(), 9);
+    EXPECT_EQ(Sheet.SizeOfLabels(), LabelSize::AsChosen);
 }
 
 TEST_F(PlanSheetTest, ASquareSheetTakesTheLargestSquare) {

@@ -4,6 +4,7 @@
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
+#include <algorithm>
 
 #include <gtest/gtest.h>
 
@@ -29,13 +30,44 @@ std::vector<QLineF> EdgesOf(const std::vector<QRectF>& pillars) {
     return edges;
 }
 
-TEST(PlanLabels, StayWhereThereIsRoom) {
-    const QRectF pillar(50, 60, 20, 100);
+TEST(PlanLabels, StandInsideTheirPillarsWhereAllFit) {
+    const QRectF left(50, 60, 20, 100), right(100, 60, 30, 100);
     PlanTexts texts;
-    texts.Add(Label(pillar, "8x oo"));
-    texts.FitLabels({200, 200}, EdgesOf({pillar}));
-    ASSERT_EQ(texts.Texts().size(), 1u);
-    EXPECT_EQ(texts.Texts()[0], Label(pillar, "8x oo"));
+    texts.Add(Label(left.left(), 60, "8x oo", left));
+    texts.Add(Label(right, "8x oo"));
+    texts.FitLabels({200, 200}, EdgesOf({left, right}), LabelSize::BuiltIn);
+    ASSERT_EQ(texts.Texts().size(), 2u);
+    EXPECT_TRUE(left.contains(texts.Texts()[0].Strip()));
+    EXPECT_TRUE(right.contains(texts.Texts()[1].Strip()));
+    EXPECT_EQ(texts.Texts()[0].font.pixelSize(), 12);
+}
+
+// One web is too narrow for its label, so the wide barrier's stands above, too.
+TEST(PlanLabels, StandAboveAllWhereOnePillarIsTooNarrow) {
+    const QRectF barrier(50, 90, 40, 100), web(110, 90, 4, 100);
+    PlanTexts texts;
+    texts.Add(Label(barrier.left(), 90, "123", barrier));
+    texts.Add(Label(web, "456"));
+    texts.FitLabels({200, 200}, EdgesOf({barrier, web}), LabelSize::BuiltIn);
+    ASSERT_EQ(texts.Texts().size(), 2u);
+    for (const PlanText& text : texts.Texts()) {
+        EXPECT_NEAR(text.Strip().bottom(), 88, 1e-9);
+        EXPECT_NEAR(text.Strip().center().x(), text.pillar.center().x(), 1e-9);
+        EXPECT_EQ(text.font.pixelSize(), 12);
+    }
+}
+
+TEST(PlanLabels, StandBesideAllWhereTheSheetEndsAboveThem) {
+    const QRectF barrier(50, 20, 40, 150), web(110, 20, 4, 150);
+    PlanTexts texts;
+    texts.Add(Label(barrier.left(), 20, "44641049542", barrier));
+    texts.Add(Label(web, "44641049542"));
+    texts.FitLabels({200, 200}, EdgesOf({barrier, web}), LabelSize::BuiltIn);
+    ASSERT_EQ(texts.Texts().size(), 2u);
+    for (const PlanText& text : texts.Texts()) {
+        EXPECT_NEAR(text.Strip().left(), text.pillar.right() + 2, 1e-9);
+        EXPECT_NEAR(text.Strip().top(), 22, 1e-9);
+    }
 }
 
 // Eleven digits under the upper edge run down beside the pillar: the next outline is twelve pixels away.
@@ -44,7 +76,7 @@ TEST(PlanLabels, GetSmallerBetweenTwoPillars) {
     const QRectF next(64, 30, 5, 150);
     PlanTexts texts;
     texts.Add(Label(63, 30, "44641049542", pillar));
-    texts.FitLabels({200, 200}, EdgesOf({pillar, next}));
+    texts.FitLabels({200, 200}, EdgesOf({pillar, next}), LabelSize::BuiltIn);
     ASSERT_EQ(texts.Texts().size(), 1u);
     EXPECT_LT(texts.Texts()[0].font.pixelSize(), 12);
     EXPECT_GE(texts.Texts()[0].font.pixelSize(), 8);
@@ -53,16 +85,27 @@ TEST(PlanLabels, GetSmallerBetweenTwoPillars) {
     EXPECT_GE(texts.Texts()[0].Strip().top(), 0);
 }
 
-TEST(PlanLabels, GoIntoTheirPillarOrAreLeftOut) {
+// No size has room for both.
+TEST(PlanLabels, OfEveryPillarAreDrawnInTheSmallestSize) {
     const QRectF wide(50, 30, 14, 150);
     const QRectF narrow(68, 30, 4, 150);
     const QRectF last(76, 30, 4, 150);
     PlanTexts texts;
     texts.Add(Label(66, 30, "44641049542", wide));
     texts.Add(Label(74, 30, "44641049542", narrow));
-    texts.FitLabels({200, 200}, EdgesOf({wide, narrow, last}));
+    texts.FitLabels({200, 200}, EdgesOf({wide, narrow, last}), LabelSize::BuiltIn);
+    ASSERT_EQ(texts.Texts().size(), 2u);
+    for (const PlanText& text : texts.Texts()) EXPECT_EQ(text.font.pixelSize(), 8);
+}
+
+TEST(PlanLabels, OfAChosenSizeKeepIt) {
+    const QRectF pillar(47, 30, 5, 150);
+    const QRectF next(64, 30, 5, 150);
+    PlanTexts texts;
+    texts.Add(Label(63, 30, "44641049542", pillar));
+    texts.FitLabels({200, 200}, EdgesOf({pillar, next}), LabelSize::AsChosen);
     ASSERT_EQ(texts.Texts().size(), 1u);
-    EXPECT_TRUE(wide.contains(texts.Texts()[0].Strip()));
+    EXPECT_EQ(texts.Texts()[0].font.pixelSize(), 12);
 }
 
 TEST(PlanFonts, AreSansSerifAndUprightAtTheirHeight) {
@@ -145,21 +188,21 @@ TEST(PlanClashes, CountEveryPairOnceAndEqualTextsNotAtAll) {
 // A line beside the label, which its outline makes one pixel wide: half a pixel away it is too near.
 TEST(PlanLabels, KeepHalfAPixelFromEveryLine) {
     const QRectF pillar(20, 60, 30, 100);
-    const PlanText label = Label(pillar, "8x oo");
-    const QRectF strip = label.Strip();
+    const auto fitted = [&](const std::vector<QLineF>& lines) {
+        PlanTexts texts;
+        texts.Add(Label(pillar, "8x oo"));
+        texts.FitLabels({200, 200}, lines, LabelSize::BuiltIn);
+        return texts.Texts().at(0);
+    };
+    const PlanText inside = fitted({});
+    const QRectF strip = inside.Strip();
     for (const double distance : {0.45, 0.55}) {
         const QLineF beside[] = {
             {strip.left() - distance, strip.top(), strip.left() - distance, strip.bottom()},
             {strip.right() + distance, strip.top(), strip.right() + distance, strip.bottom()},
             {strip.left(), strip.top() - distance, strip.right(), strip.top() - distance},
             {strip.left(), strip.bottom() + distance, strip.right(), strip.bottom() + distance}};
-        for (const QLineF& line : beside) {
-            PlanTexts texts;
-            texts.Add(label);
-            texts.FitLabels({200, 200}, {line});
-            ASSERT_EQ(texts.Texts().size(), 1u);
-            EXPECT_EQ(texts.Texts()[0] == label, distance > 0.5) << distance;
-        }
+        for (const QLineF& line : beside) EXPECT_EQ(fitted({line}) == inside, distance > 0.5) << distance;
     }
 }
 
@@ -167,10 +210,9 @@ TEST(PlanLabels, KeepHalfAPixelFromEveryLine) {
 TEST(PlanLabels, StandInTheMiddleOfTheirPillarTwoPixelsBelowItsEdge) {
     const QRectF pillar(50, 30, 40, 150);
     std::vector<QLineF> lines = EdgesOf({pillar});
-    lines.emplace_back(0, 20, 200, 20);  // through the label's own place
     PlanTexts texts;
     texts.Add(Label(pillar, "123"));
-    texts.FitLabels({200, 200}, lines);
+    texts.FitLabels({200, 200}, lines, LabelSize::BuiltIn);
     ASSERT_EQ(texts.Texts().size(), 1u);
     const QRectF strip = texts.Texts()[0].Strip();
     EXPECT_NEAR(strip.center().x(), 70, 1e-9);
@@ -187,10 +229,11 @@ TEST(PlanLabels, AreNotMadeSmallerThanCanBeRead) {
         PlanText label{PlanFont("Arial", size), {pillar.right() + 4, 30}, 90, "44641049542", pillar};
         texts.Add(label);
         texts.Add({PlanFont("Arial", 12), {5, 5}, 0, "HHH", {}});
-        texts.FitLabels({200, 200}, EdgesOf({pillar, next}));
-        ASSERT_EQ(texts.Texts().size(), 1u) << size;
+        texts.FitLabels({200, 200}, EdgesOf({pillar, next}), LabelSize::BuiltIn);
+        ASSERT_EQ(texts.Texts().size(), 2u) << size;
         EXPECT_EQ(texts.Texts()[0].text, "HHH");
         EXPECT_EQ(texts.Texts()[0].font.pixelSize(), 12);
+        EXPECT_EQ(texts.Texts()[1].font.pixelSize(), std::min(size, 8));
     }
 }
 
@@ -200,7 +243,7 @@ TEST(PlanLabels, FiguresThatCoverOneAnotherAreLeftOut) {
     texts.Add({PlanFont("Arial", 12), {30, 20}, 0, "HHH", {}});
     texts.Add({PlanFont("Arial", 12), {40, 22}, 0, "III", {}});
     texts.Add({PlanFont("Arial", 12), {30, 60}, 0, "MMM", {}});
-    texts.FitLabels({200, 200}, {});
+    texts.FitLabels({200, 200}, {}, LabelSize::BuiltIn);
     ASSERT_EQ(texts.Texts().size(), 2u);
     EXPECT_EQ(texts.Texts()[0].text, "HHH");
     EXPECT_EQ(texts.Texts()[1].text, "MMM");
