@@ -20,16 +20,26 @@ namespace {
 
 constexpr std::size_t kProgressStep = 50;
 
-// `-` alone stands for the paths on standard input, one a line.
-std::vector<std::string> ExpandFiles(const std::vector<std::string>& files) {
-    if (files.size() != 1 || files.front() != kStandardStream) return files;
+// The paths on standard input, one per line, or each up to its NUL.
+std::vector<std::string> ListedFiles(bool null_ended) {
     std::vector<std::string> listed;
-    for (std::string line; std::getline(std::cin, line);) {
-        if (!line.empty() && line.back() == '\r') line.pop_back();
-        if (!line.empty()) listed.push_back(std::move(line));
+    for (std::string path; std::getline(std::cin, path, null_ended ? '\0' : '\n');) {
+        if (!null_ended && path.find('\0') != std::string::npos)
+            throw UsageError{"-: the list of files holds NUL characters; give -0 for a list that they end"};
+        if (!null_ended && !path.empty() && path.back() == '\r') path.pop_back();
+        if (!path.empty()) listed.push_back(std::move(path));
     }
     if (std::cin.bad()) throw UsageError{"-: the list of files cannot be read"};
     return listed;
+}
+
+// `-` alone stands for the paths on standard input.
+std::vector<std::string> ExpandFiles(const Options& options) {
+    const bool listed = options.files.size() == 1 && options.files.front() == kStandardStream;
+    if (listed && !options.stdin_project) return ListedFiles(options.null_ended);
+    if (options.null_ended)
+        throw UsageError{"-0: belongs to a list of files on standard input; name - as the FILE"};
+    return options.files;
 }
 
 std::string NativeLineEnds(const std::string& text) {
@@ -40,7 +50,7 @@ std::string NativeLineEnds(const std::string& text) {
 
 BulkRun::BulkRun(Options options, HeadlessPlatform& host, const OutputTarget& target)
     : options_(std::move(options)), host_(host), target_(target) {
-    if (!options_.stdin_project) options_.files = ExpandFiles(options_.files);
+    options_.files = ExpandFiles(options_);
     target_.RequireRoomFor(options_.files.size());
 }
 

@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "cli/commands/commands.h"
+#include "cli/commands/samples_file.h"
 #include "cli/commands/study_base.h"
 #include "cli/commands/study_pictures.h"
 #include "cli/output/drawing.h"
@@ -207,7 +208,7 @@ void WriteSamples(const RiskRequest& request, const RiskResult& result,
         for (const auto& factor : result.factors) add(factor[sample]);
         line.EndLine();
         if (text.size() < kEnough) continue;
-        sink.Write(text);
+        if (!sink.Write(text)) return;
         text.clear();
     }
     sink.Write(text);
@@ -272,7 +273,7 @@ void Risk::Describe(CommandOptions& options) {
                  seed_);
     options.Flag({.spelling = "--plain", .help = "Independent draws instead of a Latin hypercube"}, plain_);
     options.Text({.spelling = "--samples-out",
-                  .help = "Write all samples as CSV",
+                  .help = "Write all samples as CSV; `-`: standard output",
                   .value = "FILE.csv",
                   .refusal = WhyEmpty},
                  samples_out_);
@@ -324,13 +325,13 @@ void Risk::Write(const OutputTarget& target, const RiskRequest& request, const R
 
 int Risk::Study(HeadlessPlatform& host) {
     const OutputTarget target(options_, {".txt", ".json", ".png", ".svg", ".pdf"});
+    const SamplesFile samples(samples_out_, options_);
     if (target.IsDrawn()) TheDrawing();
     const Panel project = ReadProject(host);
     const RiskRequest request = RequestFor(project);
     if (target.ToFile()) target.Prepare(target.PathFor(Project()));
     const RiskResult result = OfOption("--correlate", [&] { return RunRisk(request); });
-    if (!samples_out_.empty())
-        WriteSamples(request, result, SampleTitles(request), *OpenFileSink(samples_out_, options_.force));
+    if (samples.IsAsked()) WriteSamples(request, result, SampleTitles(request), *samples.Open());
     Write(target, request, result, project);
     if (result.refused < request.samples) return exit_status::Done;
     std::cerr << Project() << ": every sample was refused: " << result.refusals.front() << '\n';

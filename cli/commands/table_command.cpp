@@ -117,7 +117,7 @@ class Table : public StudyCommand {
     }
 
     int Study(HeadlessPlatform& host) override {
-        const RowTarget target(options_);
+        const RowTarget target(options_, {rows_});
         if (target.Kind() == RowTarget::Picture)
             throw UsageError{"-o: a table gives .csv, .json or .xlsx, no picture"};
         const bool from_standard_input = rows_ == kStandardStream;

@@ -94,6 +94,9 @@ void AddFiles(CommandOptions& command, Options& options, const std::string& outp
               const std::vector<std::string>& formats) {
     AddSettings(command, options);
     AddOutput(command, options, output_help, formats);
+    command.Flag(
+        {.spelling = "-0,--null", .help = "Paths on standard input end in NUL, as after find -print0"},
+        options.null_ended);
     command.Texts({.spelling = "FILE",
                    .help = "Projects; `-` alone reads their paths from standard input",
                    .required = true},

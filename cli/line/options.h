@@ -24,6 +24,7 @@ struct Options {
     bool force = false;          // replace existing files
     bool quiet = false;          // no progress line
     bool stdin_project = false;  // the FILE "-" is a project on standard input
+    bool null_ended = false;     // paths on standard input end in NUL
 };
 
 // Wrong usage that only shows once the files are known.

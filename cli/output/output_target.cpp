@@ -42,6 +42,8 @@ constexpr const char* kExists = ": file already exists (--force replaces it)";
 OutputTarget::OutputTarget(const Options& options, const std::vector<std::string>& extensions)
     : output_(options.output), force_(options.force), standard_output_(options.output == kStandardStream) {
     if (output_.empty()) return;
+    // A project that is saved again may stand where it was read.
+    if (!extensions.empty()) inputs_ = options.files;
     if (standard_output_ && options.json)
         throw UsageError{"-o -: standard output takes the result or, with --json, the objects, not both"};
     folder_ = !standard_output_ && (EndsInSeparator(output_) || FolderExists(output_));
@@ -102,6 +104,15 @@ void OutputTarget::MakeFolder() const {
     throw OutputError{number, output_ + ": " + ErrorText(number)};
 }
 
+void RefuseInput(const std::string& path, const std::vector<std::string>& inputs) {
+    for (const std::string& input : inputs) {
+        std::error_code failure;
+        if (input != kStandardStream && std::filesystem::equivalent(path, input, failure))
+            throw OutputError{error_number::PathFileAccess,
+                              path + ": is a file that the command reads; it is not replaced"};
+    }
+}
+
 void WriteTowards(const std::string& path, const std::function<void()>& step) {
     try {
         step();
@@ -141,6 +152,7 @@ void OutputTarget::Prepare(const std::string& path) const {
                           path + ": holds the result of another project of the same name"};
     if (!force_ && std::filesystem::is_regular_file(path, failure))
         throw OutputError{error_number::FileAlreadyExists, path + kExists};
+    RefuseInput(path, inputs_);
     if (folder_) MakeFolder();
 }
 

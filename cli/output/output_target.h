@@ -47,7 +47,8 @@ class OutputTarget {
     // format's extension, or `kept_name` where one is given.
     std::string PathFor(const std::string& project, const std::string& kept_name = "") const;
 
-    // Makes the folder of the files. Raises OutputError if the file exists and is not to be replaced.
+    // Makes the folder of the files. Raises OutputError if the file exists and is not to be replaced, or is one that the
+    // command reads.
     void Prepare(const std::string& path) const;
 
     // Writes through `write`, which is given a file beside the path that takes its place when it is whole. Raises OutputError
@@ -68,8 +69,12 @@ class OutputTarget {
     bool standard_output_ = false;
     bool folder_ = false;
     std::string format_;
+    std::vector<std::string> inputs_;      // files that no result replaces
     mutable std::set<std::string> taken_;  // the files of the folder that hold a result of this run
 };
+
+// Raises OutputError for a path under which one of the files that the command reads is found.
+void RefuseInput(const std::string& path, const std::vector<std::string>& inputs);
 
 // How a file that stands in an output's place is dealt with.
 ReplacementRules RulesOf(bool force);

@@ -99,10 +99,17 @@ std::unique_ptr<RowSink> OpenFileSink(const std::string& path, bool force) {
     return sink;
 }
 
-RowTarget::RowTarget(const Options& options) : path_(options.output), force_(options.force) {
+std::unique_ptr<RowSink> OpenStandardOutputSink() {
+    return std::make_unique<StandardOutputSink>();
+}
+
+RowTarget::RowTarget(const Options& options, const std::vector<std::string>& also_read)
+    : path_(options.output), force_(options.force) {
     if (!path_.empty() && path_ != kStandardStream) {
         kind_ = KindOf(std::filesystem::path(path_).extension().string());
         RefuseExisting(path_, options.force);
+        RefuseInput(path_, options.files);
+        RefuseInput(path_, also_read);
         return;
     }
     path_.clear();
@@ -124,7 +131,7 @@ void RowTarget::WriteDrawn(const std::function<void(const std::string&)>& write)
 }
 
 std::unique_ptr<RowSink> RowTarget::Open() const {
-    if (path_.empty()) return std::make_unique<StandardOutputSink>();
+    if (path_.empty()) return OpenStandardOutputSink();
     return OpenFileSink(path_, force_);
 }
 

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "cli/line/options.h"
 
@@ -28,8 +29,8 @@ class RowTarget {
     enum KindOfRows { Csv, JsonLines, Workbook, Picture };
 
     // Raises UsageError for an extension or a format that is none, and OutputError for a file that is not to
-    // be replaced.
-    explicit RowTarget(const Options& options);
+    // be replaced: one that stands there, without --force, and one that the command reads, the FILEs and `also_read`.
+    explicit RowTarget(const Options& options, const std::vector<std::string>& also_read = {});
 
     KindOfRows Kind() const { return kind_; }
     bool IsDrawn() const { return kind_ == Workbook || kind_ == Picture; }  // only a `Drawing` writes it
@@ -48,6 +49,9 @@ class RowTarget {
 
 // Raises OutputError for a folder, and for a file that stands there and is not to be replaced.
 void RefuseExisting(const std::string& path, bool force);
+
+// A sink into standard output.
+std::unique_ptr<RowSink> OpenStandardOutputSink();
 
 // A sink into a file. Raises OutputError for one that stands there and is not to be replaced, at the end as well.
 std::unique_ptr<RowSink> OpenFileSink(const std::string& path, bool force);

@@ -198,8 +198,10 @@ ScratchFolder::~ScratchFolder() {
 std::string TemporaryFolder() {
     std::error_code failure;
     const std::filesystem::path folder = std::filesystem::temp_directory_path(failure);
-    if (failure) Raise(ErrorNumberOfErrno(failure.value()));
-    return folder.string();
+    if (!failure) return folder.string();
+    for (const char* usual : {"/tmp", "/var/tmp"})
+        if (FolderExists(usual)) return usual;
+    Raise(error_number::PathNotFound);
 }
 
 }  // namespace tarvokol

@@ -52,7 +52,8 @@ class ScratchFolder {
     std::string file_;
 };
 
-// The system's folder for temporary files. Raises "Path not found" and its kind where there is none.
+// The folder for temporary files: that of the environment (TMPDIR) where it is one, else the system's. Raises "Path not found"
+// where there is none.
 std::string TemporaryFolder();
 
 }  // namespace tarvokol

@@ -70,6 +70,23 @@ TEST_F(Bulk, WordsForPeopleGoToStandardErrorUnderTheFilesName) {
     EXPECT_EQ(answer.err, "flat.TKL: Invalid entry height\nnone.TKL: File not found\n");
 }
 
+// Names with line ends in them, as find -print0 lists them.
+TEST_F(Bulk, PathsOfAListMayEndInNul) {
+    Project("a.TKL");
+    Project("b\nc.TKL");
+    Project("d\r");
+    const std::string list("a.TKL\0b\nc.TKL\0\0d\r", 17);
+    for (const std::string option : {"-0", "--null"}) {
+        const auto objects = Run({"size", "--json", option, "-"}, list).Objects();
+        ASSERT_EQ(objects.size(), 3u);
+        EXPECT_EQ(objects[0]["file"], "a.TKL");
+        EXPECT_EQ(objects[1]["file"], "b\nc.TKL");
+        EXPECT_EQ(objects[2]["file"], "d\r");
+        for (const json& object : objects) EXPECT_EQ(object["ok"], true);
+    }
+    EXPECT_EQ(Run({"size", "--json", "-0", "-"}, "").out, "");
+}
+
 TEST_F(Bulk, ManyFilesOfAListAreAnsweredInOrder) {
     Project("good.TKL");
     std::string list;

@@ -30,7 +30,8 @@ const Lines kCommon{"--settings FILE.INI:FILE Configuration file to read (defaul
 const Lines kFiles{"FILE ... REQUIRED Projects; `-` alone reads their paths from standard input "};
 const Lines kProject{"PROJECT REQUIRED The project to start from "};
 const Lines kOverwriting{"--force Replace existing files ",
-                         "--stdin-project The project `-` is read from standard input "};
+                         "--stdin-project The project `-` is read from standard input ",
+                         "-0,--null Paths on standard input end in NUL, as after find -print0 "};
 const Lines kThreads{"--threads N Threads to calculate on (default: one per core) "};
 const Lines kSizes{"--size The suggested sizes, too: SuggestedWeb and SuggestedBarrier, inches ",
                    "--bare-header Names of columns without their units "};
@@ -183,7 +184,7 @@ TEST_F(Help, TellsOfRisks) {
                 "--samples N Number of samples (default 100000) ",
                 "--seed S Seed of the random numbers (default 1) ",
                 "--plain Independent draws instead of a Latin hypercube ",
-                "--samples-out FILE.csv Write all samples as CSV "});
+                "--samples-out FILE.csv Write all samples as CSV; `-`: standard output "});
     EXPECT_THAT(
         Run({"risk", "--help"}).out,
         HasSubstr(kFields +

@@ -189,6 +189,64 @@ TEST_F(Refusals, AFileThatStandsThereIsNamed) {
     EXPECT_EQ(ReadBytes(PathTo("old.csv")), "mine");
 }
 
+// What would destroy what the command reads, whatever it is called.
+TEST_F(Refusals, AFileThatIsReadIsNeverReplaced) {
+    WriteBytes(PathTo("rows.csv"), "Height\n5\n");
+    std::filesystem::copy_file(Folder / "p.TKL", Folder / "p.csv");
+    std::filesystem::copy_file(Folder / "p.TKL", Folder / "p.txt");
+    std::filesystem::create_symlink("rows.csv", Folder / "link.csv");
+    const std::string read = ": is a file that the command reads; it is not replaced";
+    const std::string rows = ReadBytes(PathTo("rows.csv")), project = ReadBytes(PathTo("p.csv"));
+    const Words risk{"risk", "p.csv", "--random", "Height=uniform:5:6", "--samples", "10", "--force"};
+    ExpectNotWritten({"table", "p.TKL", "rows.csv", "--force", "-o", "rows.csv"}, "rows.csv" + read);
+    ExpectNotWritten({"table", "p.TKL", "rows.csv", "--force", "-o", "link.csv"}, "link.csv" + read);
+    ExpectNotWritten({"table", "p.csv", "rows.csv", "--force", "-o", "./p.csv"}, "./p.csv" + read);
+    ExpectNotWritten({"sweep", "p.csv", "--vary", "Height=5", "--force", "-o", "p.csv"}, "p.csv" + read);
+    ExpectNotWritten({"curve", "web", "--force", "-o", "p.csv", "p.csv"}, "p.csv: p.csv" + read);
+    ExpectNotWritten({"results", "--force", "-o", "p.txt", "p.txt"}, "p.txt: p.txt" + read);
+    Words samples = risk;
+    samples.insert(samples.end(), {"--samples-out", "p.csv"});
+    ExpectNotWritten(samples, "p.csv" + read);
+    EXPECT_EQ(ReadBytes(PathTo("rows.csv")), rows);
+    EXPECT_EQ(ReadBytes(PathTo("p.csv")), project);
+    EXPECT_EQ(ReadBytes(PathTo("p.txt")), project);
+    // A project that is saved again may stand where it was read.
+    EXPECT_EQ(Run({"save", "--force", "-o", "p.TKL", "p.TKL"}).status, 0);
+}
+
+TEST_F(Refusals, SamplesHaveAPlaceOfTheirOwn) {
+    const auto with = [](const Words& more) {
+        Words words{"risk", "p.TKL", "--random", "Height=uniform:5:6", "--samples", "10", "--samples-out"};
+        words.insert(words.end(), more.begin(), more.end());
+        return words;
+    };
+    const std::string both =
+        "--samples-out -: standard output takes the samples or the summary; write the summary to a file with "
+        "-o";
+    ExpectRefused(with({"-"}), both);
+    ExpectRefused(with({"-", "--json"}), both);
+    ExpectRefused(with({"-", "-o", "-"}), both);
+    ExpectRefused(with({"-", "-o", "s.json", "--json"}), both);
+    for (const std::string name : {"s.xlsx", "s.json", "s", "s.csv.gz"})
+        ExpectRefused(with({name}), "--samples-out: the extension must be .csv");
+    WriteBytes(PathTo("s.json"), "{}");
+    std::filesystem::create_symlink("s.json", Folder / "link.csv");
+    ExpectRefused(with({"link.csv", "-o", "s.json", "--force"}), "--samples-out: link.csv is the file of -o");
+    EXPECT_EQ(ReadBytes(PathTo("s.json")), "{}");
+}
+
+TEST_F(Refusals, AListThatEndsItsPathsInNulIsNamedWithoutItsOption) {
+    const std::string list("p.TKL\0p.TKL\0", 12);
+    const CliAnswer answer = Run({"size", "-"}, list);
+    EXPECT_EQ(answer.status, 2);
+    EXPECT_EQ(answer.out, "");
+    EXPECT_EQ(answer.err, "-: the list of files holds NUL characters; give -0 for a list that they end\n");
+    ExpectRefused({"size", "-0", "p.TKL"},
+                  "-0: belongs to a list of files on standard input; name - as the FILE");
+    ExpectRefused({"size", "-0", "--stdin-project", "-"},
+                  "-0: belongs to a list of files on standard input; name - as the FILE");
+}
+
 TEST_F(Refusals, AStudyNamesTheProjectOrTheTableThatItCannotRead) {
     WriteBytes(PathTo("other.TKL"), "OTHER\r\n");
     const auto told = [this](const Words& arguments) {

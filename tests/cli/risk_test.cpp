@@ -179,5 +179,16 @@ TEST_F(RiskCommand, WrongUsageIsToldInOneLine) {
     refused({"--random", "Height=normal:1:1", "--seed", "-1"}, "--seed: \"-1\" is not a whole number from 0");
 }
 
+TEST_F(RiskCommand, SamplesMayGoToStandardOutput) {
+    Project("p.TKL");
+    const CliAnswer answer = Run({"risk", "p.TKL", "--random", "Height=uniform:5:6", "--samples", "3", "-q",
+                                  "-o", "s.json", "--samples-out", "-"});
+    EXPECT_EQ(answer.status, 0);
+    EXPECT_EQ(answer.err, "");
+    EXPECT_THAT(answer.out, testing::StartsWith("Height (ft),Overall,WebsOnly,BarrierPillar\n"));
+    EXPECT_EQ(std::count(answer.out.begin(), answer.out.end(), '\n'), 4);
+    EXPECT_EQ(json::parse(ReadBytes(PathTo("s.json")))["samples"], 3);
+}
+
 }  // namespace
 }  // namespace tarvokol

@@ -65,6 +65,36 @@ TEST_F(Streams, AByteOfANameThatIsNoUtf8IsReplacedInTheOutputOnly) {
     EXPECT_EQ(object["ok"], true);
 }
 
+// Two names that read alike once such a byte is replaced are two files.
+TEST_F(Streams, DrawnOutputsKeepTheBytesOfTheirNames) {
+    Project("p\xff.TKL");
+    Project("p\xfe.TKL");
+    ASSERT_EQ(Run({"results", "-o", "out/", "--format", "pdf", "p\xff.TKL", "p\xfe.TKL"}).status, 0);
+    ASSERT_EQ(Run({"plan", "-o", "out/", "--format", "svg", "p\xff.TKL", "p\xfe.TKL"}).status, 0);
+    ASSERT_EQ(Run({"curve", "web", "-o", "w\xff.xlsx", "p\xff.TKL"}).status, 0);
+    for (const std::string name :
+         {"out/p\xff.pdf", "out/p\xfe.pdf", "out/p\xff.svg", "out/p\xfe.svg", "w\xff.xlsx"})
+        EXPECT_GT(ReadBytes(PathTo(name)).size(), 1000u) << name;
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Folder / "out"), {}), 4);
+}
+
+TEST_F(Streams, ATemporaryFolderThatIsMissingIsNotNeeded) {
+    Project("a.TKL");
+    const auto begin = [this](const std::vector<std::string>& arguments) {
+        std::vector<std::string> words{"TMPDIR=" + PathTo("none"), TARVOKOL_CLI};
+        words.insert(words.end(), arguments.begin(), arguments.end());
+        const CliAnswer answer = RunProgram("/usr/bin/env", words, Folder.string());
+        EXPECT_EQ(answer.status, 0) << answer.err;
+        return answer.out.substr(0, 4);
+    };
+    EXPECT_EQ(begin({"results", "--format", "pdf", "a.TKL"}), "%PDF");
+    EXPECT_EQ(begin({"plan", "--format", "png", "a.TKL"}), "\x89PNG");
+    EXPECT_EQ(begin({"plan", "--format", "svg", "a.TKL"}), "<?xm");
+    EXPECT_EQ(begin({"curve", "web", "--format", "xlsx", "a.TKL"}), "PK\x03\x04");
+    EXPECT_EQ(begin({"sweep", "a.TKL", "--vary", "Height=5,6", "--format", "xlsx"}), "PK\x03\x04");
+    EXPECT_FALSE(std::filesystem::exists(Folder / "none"));
+}
+
 // Figures for which a fast conversion to text gives one digit more than needed.
 TEST_F(Streams, NumbersAreTheShortestThatReadBack) {
     ProjectText project;
