@@ -55,6 +55,8 @@ void Main(const std::string& command_line, const MainWindowSteps& window) {
     window.ApplyHistoryFont();
     TellIfUnprotected();
     ReportRecoveryCopies();
+    // What the user opens there is the project that he wants: another one after it would ask to give it up.
+    if (window.OfferLeftCopies && window.OfferLeftCopies()) return;
     OpenLastFile();
     OpenCommandLineFile(command_line, window);
 }

@@ -37,6 +37,7 @@ struct MainWindowSteps {
     std::function<void()> Show;              // modeless
     std::function<void()> ApplyHistoryFont;  // font of the history text
     std::function<void()> CloseParameters;   // cancels the parameters dialog if it is open
+    std::function<bool()> OfferLeftCopies;   // what earlier runs have left behind; true if one was opened
 };
 
 // The built-in value of every setting, option, name table and graph default. No folder is looked for: the

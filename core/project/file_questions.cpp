@@ -22,18 +22,19 @@ std::string TimeOf(const std::string& path) {
     return image ? LocalTimeText(image->changed) : "";
 }
 
-void OpenCopy(const std::string& copy, const std::string& project) {
+}  // namespace
+
+bool OpenCopy(const std::string& copy, const std::string& project) {
     LogMessage("Opening: " + copy);
     const std::string bytes = ReadWholeFile(copy, kLargestProject);
     ProjectDocument document = DocumentOfRecords();
     TextInput input = TextInput::OfBytes(bytes);
-    if (!ReadProject(input, document)) return;
+    if (!ReadProject(input, document)) return false;
     PutIntoRecords(document);
     ProjectFileName = project;
     MarkProjectChanged();
+    return true;
 }
-
-}  // namespace
 
 SaveChoice AskAboutForeignChange(const std::string& project) {
     const auto change = ForeignChangeOf(project);
@@ -60,8 +61,7 @@ bool OfferKeptCopy(const std::string& project) {
                                  TimeOf(copy) + ":" + kLineEnd + copy + kLineEnd + kLineEnd +
                                  "Open the copy? Save then writes it to the project's own file.";
     if (Notify(question, box_style::YesNoQuestion) != box_result::Yes) return false;
-    OpenCopy(copy, project);
-    return true;
+    return OpenCopy(copy, project);
 }
 
 }  // namespace tarvokol

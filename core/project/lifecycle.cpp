@@ -59,10 +59,6 @@ FileDialogRequest RequestFor(int mode, const std::string& path) {
     return request;
 }
 
-bool HasNoName() {
-    return ProjectFileName.empty() || UpperCase(ProjectFileName) == "UNTITLED";
-}
-
 // Saves the project under the name it had before the file to open was chosen.
 void SavePreviousProject() {
     const std::string chosen = ProjectFileName;

@@ -2,6 +2,7 @@
 #include "core/project/project_state.h"
 
 #include "core/project/recovery_copy.h"
+#include "core/runtime/text.h"
 
 namespace tarvokol {
 
@@ -31,6 +32,10 @@ void MarkProjectChanged() {
 void MarkProjectConverted() {
     ProjectSaved = flag::No;
     KeepRecoveryCopy();
+}
+
+bool HasNoName() {
+    return ProjectFileName.empty() || UpperCase(ProjectFileName) == "UNTITLED";
 }
 
 bool HasUnsavedChanges() {

@@ -66,6 +66,7 @@ void MarkProjectWritten();  // a file was written to its end: nothing to save
 void MarkProjectChanged();  // a dialog stored data: to be saved, data, units locked; a copy is kept (recovery_copy.h)
 void MarkProjectConverted();  // into the other unit system: to be saved; a copy is kept
 
+bool HasNoName();  // none yet, or "Untitled" in whatever letters
 bool HasUnsavedChanges();
 bool IsProjectEmpty();
 bool AreUnitsLocked();

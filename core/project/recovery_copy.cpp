@@ -2,6 +2,8 @@
 #include "core/project/recovery_copy.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cstdint>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -9,9 +11,9 @@
 
 #include <unistd.h>
 
-#include "core/files/file_lock.h"
 #include "core/files/file_replacement.h"
 #include "core/files/file_system.h"
+#include "core/files/running_process.h"
 #include "core/messages/history_log.h"
 #include "core/messages/notify.h"
 #include "core/platform/message_box.h"
@@ -31,6 +33,7 @@ namespace {
 // With blanks, at which the report breaks a long path.
 constexpr std::string_view kPrefix = "~unsaved ";
 constexpr char kBeforeNumber = ' ';
+constexpr char kBeforeStart = '-';
 constexpr long kLongestName = 40;
 constexpr std::size_t kLongestExtension = 32;
 
@@ -38,6 +41,7 @@ constexpr std::size_t kLongestExtension = 32;
 struct OwnCopy {
     std::string path;
     FileLock lock;
+    TypedTexts typed;
 };
 OwnCopy Own;
 
@@ -62,10 +66,15 @@ std::string Extension() {
     return "." + (IsUsableExtension(FileExtension) ? FileExtension : ProjectExtension);
 }
 
-// A number once used by a run that left its copy behind may be this run's, too.
+// The number of this process and the moment at which it began: together they never come again while the system runs.
+std::string NameOfRun() {
+    return std::to_string(::getpid()) + kBeforeStart + std::to_string(StartOfProcess(::getpid()).value_or(0));
+}
+
+// The folder may have been another machine's, or the system started again.
 std::string FreePath() {
     const std::string stem =
-        TempDataFolder + std::string(kPrefix) + PlainName() + kBeforeNumber + std::to_string(::getpid());
+        TempDataFolder + std::string(kPrefix) + PlainName() + kBeforeNumber + NameOfRun();
     std::string path = stem + Extension();
     std::error_code ignored;
     for (int i = 2; std::filesystem::exists(std::filesystem::symlink_status(path, ignored)); ++i)
@@ -80,12 +89,21 @@ std::string PathToWrite() {
     return same_name ? Own.path : FreePath();
 }
 
+// The open project's file; of a project that has none its name.
+std::string PathOfProject() {
+    if (HasNoName()) return ProjectFileName;
+    // A file dialog that was cancelled leaves the bare name.
+    const std::string origin = OriginPath();
+    const bool is_bare = std::filesystem::path(origin).filename() == std::filesystem::path(ProjectFileName);
+    return WholePath(is_bare ? origin : ProjectFileName);
+}
+
 // The new content is locked before it takes its place, so that no other run ever sees it without its owner.
 OwnCopy Written(const std::string& path) {
     FileReplacement copy(path, {.copy_of = OriginPath()});
-    copy.Fill(EncodeFileText(ProjectFileText()));
+    copy.Fill(EncodeFileText(ProjectFileText()) + TextOfNote({PathOfProject(), Own.typed}));
     copy.Commit();
-    return {path, copy.TakeLock()};
+    return {path, copy.TakeLock(), Own.typed};
 }
 
 void Remove(const std::string& path) {
@@ -107,6 +125,18 @@ std::vector<std::string> OtherCopies() {
     return paths;
 }
 
+// True if the run lives that a copy's name tells of, as far as the system knows; for file systems without locks.
+bool RunLives(const std::string& path) {
+    const std::string name = std::filesystem::path(path).filename().string();
+    const char* end = name.data() + name.size();
+    pid_t process = 0;
+    std::uint64_t start = 0;
+    const auto number = std::from_chars(name.data() + name.rfind(kBeforeNumber) + 1, end, process);
+    if (number.ec != std::errc() || number.ptr == end || *number.ptr != kBeforeStart) return false;
+    if (std::from_chars(number.ptr + 1, end, start).ec != std::errc()) return false;
+    return StartOfProcess(process) == start;
+}
+
 }  // namespace
 
 void KeepRecoveryCopy() {
@@ -119,6 +149,21 @@ void KeepRecoveryCopy() {
     } catch (const RunTimeError& error) {
         LogMessage("Unsaved project cannot be kept: " + path + ": " + error.text);
     }
+}
+
+void KeepTypedTexts(const TypedTexts& typed) {
+    if (typed == Own.typed) return;
+    Own.typed = typed;
+    KeepRecoveryCopy();
+}
+
+void DropTypedTexts() {
+    if (Own.typed.dialog.empty()) return;
+    Own.typed = {};
+    if (HasUnsavedChanges())
+        KeepRecoveryCopy();
+    else
+        DropRecoveryCopy();
 }
 
 void DropRecoveryCopy() {
@@ -151,10 +196,20 @@ void TellIfUnprotected() {
     }
 }
 
+std::vector<AbandonedCopy> AbandonedCopies() {
+    std::vector<AbandonedCopy> copies;
+    if (TempDataFolder.empty()) return copies;
+    for (const std::string& path : OtherCopies()) {
+        FileLock lock(path);
+        if (lock.Held() || (!lock.HeldElsewhere() && !RunLives(path)))
+            copies.push_back({path, std::move(lock)});
+    }
+    return copies;
+}
+
 void ReportRecoveryCopies() {
-    if (TempDataFolder.empty()) return;
-    for (const std::string& path : OtherCopies())
-        if (FileLock(path).Held()) LogMessage("Unsaved project of an earlier run: " + path);
+    for (const AbandonedCopy& copy : AbandonedCopies())
+        LogMessage("Unsaved project of an earlier run: " + copy.path);
 }
 
 }  // namespace tarvokol

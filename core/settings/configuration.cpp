@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/settings/configuration.h"
 
+#include <utility>
+
 #include "core/files/file_system.h"
 #include "core/messages/history_log.h"
 #include "core/platform/platform.h"
@@ -12,6 +14,7 @@
 #include "core/settings/key_tables.h"
 #include "core/settings/options_record.h"
 #include "core/settings/program_settings.h"
+#include "core/settings/replaced_settings.h"
 
 namespace tarvokol {
 namespace {
@@ -98,6 +101,15 @@ void CreateConfigurationFile() {
     file.Save(IniPath);
     state::Configuration.KnownText = file.Text();
     LogSaving();
+}
+
+// A new file in place of one that cannot be used, which is kept; the old one where it cannot be kept.
+IniDocument ReplacedConfiguration(IniDocument old) {
+    const ReplacedSettings replaced = KeepReplacedSettings();
+    if (!replaced.may_replace) return old;
+    CreateConfigurationFile();
+    TellReplacedSettings(replaced);
+    return IniDocument::Load(IniPath);
 }
 
 void ReadSettings(const IniDocument& file, RangeRepair repair) {
@@ -194,10 +206,7 @@ void SetSettingsToBuiltIn() {
 void SettleConfigurationFile() {
     IniDocument file = IniDocument::Load(IniPath);
     const bool refused = file.Outcome() == ReadOutcome::Refused;
-    if (!refused && !IsUsable(file)) {
-        CreateConfigurationFile();
-        file = IniDocument::Load(IniPath);
-    }
+    if (!refused && !IsUsable(file)) file = ReplacedConfiguration(std::move(file));
     if (!IsUsable(file)) {
         state::Configuration.SaveFailureTold = !refused;
         GoOnInMemory(refused ? "Settings file cannot be read, those of a new file hold: "

@@ -74,6 +74,15 @@ class Normal : public Distribution {
     double deviation_;
 };
 
+// Variance of the logarithm: ln(1 + (deviation / mean)^2). Where the 1 is lost in the sum anyway it is left out, so that
+// nothing on the way is beyond a double.
+double LogVariance(double mean, double deviation) {
+    constexpr double kWide = 1e8;
+    const double variation = deviation / mean;
+    return variation < kWide ? PortableLog(1.0 + variation * variation)
+                             : 2.0 * (PortableLog(deviation) - PortableLog(mean));
+}
+
 class Lognormal : public Distribution {
   public:
     static constexpr const char* kName = "lognormal";
@@ -83,8 +92,7 @@ class Lognormal : public Distribution {
     explicit Lognormal(Figures figures) : mean_(figures[0]), deviation_(figures[1]) {
         if (mean_ <= 0.0) throw StudyRefusal("the mean of a lognormal figure must be above 0");
         RequireDeviation(deviation_);
-        const double variation = deviation_ / mean_;
-        const double log_variance = PortableLog(1.0 + variation * variation);
+        const double log_variance = LogVariance(mean_, deviation_);
         log_deviation_ = std::sqrt(log_variance);
         log_mean_ = PortableLog(mean_) - log_variance / 2.0;
     }

@@ -55,6 +55,7 @@ void frmTARVODesc::Form_Load() {
     ui_->Text1->setText(ToQt(ProjectTitle));
     ui_->Text2->setPlainText(ToQt(ProjectDescription));
     ShowUnits();
+    typed_ = std::make_unique<TypedTextsKeeper>(*this);
 }
 
 // A project that has its units shows them, with nothing else to choose.
@@ -80,6 +81,7 @@ void frmTARVODesc::Command4_Click() {
 
 void frmTARVODesc::Form_Unload() {
     if (!Accepted_) {
+        typed_->Drop();
         LogMessage("Project Description Not Modified");
         return;
     }
@@ -88,6 +90,7 @@ void frmTARVODesc::Form_Unload() {
     StoreUnits();
     LogMessage("Project Description Modified");
     MarkProjectChanged();
+    typed_->Drop();
 }
 
 // Figures of one system mean nothing in the other: a project that changes its units starts over, its title
@@ -96,6 +99,7 @@ void frmTARVODesc::StoreUnits() {
     const int16_t chosen = GetOptionIndex(Option1_);
     if (chosen == UnitSystem) return;
     UnitSystem = chosen;
+    typed_->Drop();
     FileNew(true, false);
 }
 

@@ -5,6 +5,7 @@
 
 #include "desktop/base/form_base.h"
 #include "desktop/base/form_services.h"
+#include "desktop/base/typed_texts.h"
 
 namespace tarvokol {
 
@@ -29,6 +30,7 @@ class frmTARVODesc : public SingleForm<frmTARVODesc> {
     void StoreUnits();
 
     std::unique_ptr<Ui::frmTARVODesc> ui_;
+    std::unique_ptr<TypedTextsKeeper> typed_;
     OptionGroup Option1_;
     bool Accepted_ = false;  // closing with OK or Next Form
 };

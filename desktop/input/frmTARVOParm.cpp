@@ -112,6 +112,7 @@ void frmTARVOParm::Form_Load() {
     FixTabStops();
     UpdateCalculatedFields();
     FormLoading_ = false;
+    typed_ = std::make_unique<TypedTextsKeeper>(*this);
 }
 
 void frmTARVOParm::FillControls() {
@@ -156,6 +157,7 @@ void frmTARVOParm::Form_Activate() {
 
 void frmTARVOParm::Form_Unload() {
     if (OkPressed_) StoreParameters();
+    typed_->Drop();
     LogMessage(ParmsModified_ ? "Project Parameters Modified" : "Project Parameters Not Modified");
     EnableAndFocus("frmMain");
 }
@@ -269,6 +271,7 @@ void frmTARVOParm::KeepTypedOnError(const std::function<void()>& trial) {
 }
 
 void frmTARVOParm::KeepTypedFigures() {
+    typed_->Keep();
     PanelInputs typed = ProjectRecord;
     try {
         StoreParameterTexts(Texts(), typed);

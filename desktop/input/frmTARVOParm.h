@@ -11,6 +11,7 @@
 #include "core/project/parameter_texts.h"
 #include "core/project/project_record.h"
 #include "desktop/base/form_base.h"
+#include "desktop/base/typed_texts.h"
 
 class QLabel;
 class QLineEdit;
@@ -87,6 +88,7 @@ class frmTARVOParm : public SingleForm<frmTARVOParm> {
     ParameterTexts Texts() const;
 
     std::unique_ptr<Ui::frmTARVOParm> ui_;
+    std::unique_ptr<TypedTextsKeeper> typed_;
     std::vector<InputBox> inputs_;
     bool OkPressed_ = false;
     bool FormLoading_ = false;    // the dialog is filling its own controls

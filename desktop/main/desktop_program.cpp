@@ -13,12 +13,15 @@
 #include "core/project/kept_copy.h"
 #include "core/project/lifecycle.h"
 #include "core/project/project_state.h"
+#include "core/project/recovery_copy.h"
 #include "core/report/report_builder.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
+#include "desktop/base/typed_texts.h"
 #include "desktop/main/frmMain.h"
 #include "qt/session/program_application.h"
 #include "qt/session/qt_text.h"
+#include "qt/session/session_end.h"
 
 namespace tarvokol {
 namespace {
@@ -35,6 +38,17 @@ constexpr const char* kUsage =
 void SetProgramFont() {
     constexpr int kPoints = 10;
     QApplication::setFont(QFont("Liberation Sans", kPoints));
+}
+
+void KeepEverything() {
+    KeepAllTypedTexts();
+    UnsavedWorkPath();
+}
+
+// A main window that waits for a dialog takes no question of its own: what stands there is kept.
+bool MayEndSession() {
+    return !frmMain::IsLoaded() || !frmMain::Instance().isEnabled() ||
+           QApplication::activeModalWidget() != nullptr || MayCloseProgram();
 }
 
 }  // namespace
@@ -95,6 +109,7 @@ int RunDesktop(ProgramApplication& application) {
     SetProgramFont();
     DesktopBindings bindings;
     bindings.Install();
+    const SessionEnd session_end({.Keep = KeepEverything, .MayEnd = MayEndSession});
     application.Run([] { StartProgram(ProjectOfCommandLine(QApplication::arguments())); });
     // The user may have closed the main window while a dialog of the start-up was open.
     if (!frmMain::IsLoaded()) return EXIT_SUCCESS;

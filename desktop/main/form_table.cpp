@@ -11,6 +11,7 @@
 #include "desktop/help/frmUpdate.h"
 #include "desktop/input/frmTARVODesc.h"
 #include "desktop/input/frmTARVOParm.h"
+#include "desktop/main/frmUnsaved.h"
 #include "desktop/output/frmPreview.h"
 #include "desktop/output/frmResTxtPlt.h"
 #include "desktop/output/frmTextBrow.h"
@@ -55,6 +56,7 @@ void EnterAllForms() {
     EnterForm("frmTARVOParm", InstanceOf<frmTARVOParm>);
     EnterForm("frmTextBrow", InstanceOf<frmTextBrow>);
     EnterForm("frmUnits", InstanceOf<frmUnits>);
+    EnterForm("frmUnsaved", InstanceOf<frmUnsaved>);
     EnterForm("frmUpdate", InstanceOf<frmUpdate>);
     EnterGraphForm("frmGraph", ShowGraph<frmGraph>);
     EnterGraphForm("frmGraphS", ShowGraph<frmGraphS>);

@@ -6,6 +6,7 @@
 #include "core/runtime/text.h"
 #include "desktop/base/form_services.h"
 #include "desktop/main/frmMain.h"
+#include "desktop/main/frmUnsaved.h"
 #include "qt/session/qt_text.h"
 
 namespace tarvokol {
@@ -26,7 +27,8 @@ MainWindowSteps StepsOfMainWindow() {
             .CloseParameters =
                 [] {
                     if (FormBase* dialog = FindForm("frmTARVOParm")) dialog->Unload();
-                }};
+                },
+            .OfferLeftCopies = [] { return OfferLeftCopies(); }};
 }
 
 std::string MainWindowBinding::Tag() const {

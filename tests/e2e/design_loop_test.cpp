@@ -231,7 +231,7 @@ TEST_F(DesignLoop, ExitWithoutSavingLeavesTheFileAlone) {
     EXPECT_THAT(ProjectsIn(DataFile("Temp")), IsEmpty());
 }
 
-TEST_F(DesignLoop, AKilledRunLeavesItsUnsavedProjectWhichTheNextStartNamesAndOpens) {
+TEST_F(DesignLoop, AKilledRunLeavesItsUnsavedProjectWhichTheNextStartListsAndOpens) {
     StartWithProject();
     ChangeHeight("7.5");
     const std::set<std::string> copies = ProjectsIn(DataFile("Temp"));
@@ -239,17 +239,12 @@ TEST_F(DesignLoop, AKilledRunLeavesItsUnsavedProjectWhichTheNextStartNamesAndOpe
     const std::string copy = DataFile("Temp/" + *copies.begin());
     EXPECT_THAT(*copies.begin(), StartsWith("~unsaved panel "));
     Program.Kill();
-    EXPECT_EQ(ReadBytes(copy), Project("7.5"));
+    EXPECT_THAT(ReadBytes(copy), StartsWith(Project("7.5")));
     EXPECT_EQ(ReadBytes(ProjectPath()), Project("10"));
 
     Start({ProjectPath()});
-    ExpectWindow(Caption());
-    // Copies the history, the last entry.
-    ExpectCopied("alt+u Up Return", "Unsaved project of an earlier run: " + copy);
-    PressToBeside("ctrl+o", Caption());
-    Press("ctrl+a");
-    Type(copy);
-    PressTo("Return", kMain + ": " + copy.substr(0, 10) + "..." + copy.substr(copy.size() - 37));
+    ExpectWindow("Unsaved projects of earlier runs");
+    PressTo("Return", Caption() + "*");
     ShowResults();
     ExpectCopied("alt+r alt+c", "7.5");
 }
@@ -274,7 +269,7 @@ TEST_F(DesignLoop, TheEndByAnErrorSaysWhereTheUnsavedProjectIs) {
                           "The unsaved project is kept in: " +
                           copy + "\n"));
     EXPECT_EQ(PressToEnd("Return"), 1);
-    EXPECT_EQ(ReadBytes(copy), Project("7.5"));
+    EXPECT_THAT(ReadBytes(copy), StartsWith(Project("7.5")));
 }
 
 TEST_F(DesignLoop, PreviewOfAnEmptyProjectAsksFirst) {

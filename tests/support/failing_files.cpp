@@ -212,6 +212,16 @@ int open64(const char* path, int flags, ...) {
     return Opened("open64", path, flags, rights);
 }
 
+// Only where it is missing: a lock is no operation on the file's content.
+int flock(int file, int operation) {
+    if (const auto lacking = TheFault.missing.find("flock");
+        IsWatched(file) && lacking != TheFault.missing.end()) {
+        errno = lacking->second;
+        return -1;
+    }
+    return Real<int (*)(int, int)>("flock")(file, operation);
+}
+
 ssize_t read(int file, void* buffer, size_t size) {
     if (IsWatched(file) && Fails("read")) return -1;
     return Real<ssize_t (*)(int, void*, size_t)>("read")(file, buffer, size);

@@ -324,6 +324,45 @@ TEST_F(ParametersDialog, OkKeepsACopyOfTheUnsavedProjectAndCancelDoesNot) {
     TempDataFolder = "";
 }
 
+// As texts, so that a figure which is none yet comes back as it was typed.
+TEST_F(ParametersDialog, WhatStandsTypedIsKeptASecondAfterTheLastKeyAndDroppedByCancel) {
+    TempDataFolder = PathTo("");
+    frmTARVOParm& form = Open();
+    Enter(form, "txtAbutmentAngleActiveGob", "4,5");
+    EXPECT_EQ(RecoveryCopyPath(), "");
+    EXPECT_TRUE(WaitUntil([] { return !RecoveryCopyPath().empty(); }));
+    const CopyNote note = NoteOf(ReadBytes(RecoveryCopyPath()));
+    EXPECT_EQ(note.typed.dialog, "frmTARVOParm");
+    EXPECT_THAT(note.typed.boxes, testing::Contains(testing::Pair("txtAbutmentAngleActiveGob", "4,5")));
+    const std::string path = RecoveryCopyPath();
+    Press("cmdCancel");
+    EXPECT_FALSE(std::filesystem::exists(path));
+    EXPECT_EQ(RecoveryCopyPath(), "");
+    TempDataFolder = "";
+}
+
+TEST_F(ParametersDialog, WhatStandsTypedIsStoredByOkAndNoLongerKeptAsTexts) {
+    TempDataFolder = PathTo("");
+    frmTARVOParm& form = Open();
+    Enter(form, "txtHeight", "9.25");
+    KeepAllTypedTexts();
+    EXPECT_THAT(NoteOf(ReadBytes(RecoveryCopyPath())).typed.boxes,
+                testing::Contains(testing::Pair("txtHeight", "9.25")));
+    Press("cmdOK");
+    EXPECT_EQ(NoteOf(ReadBytes(RecoveryCopyPath())).typed.dialog, "");
+    EXPECT_THAT(ReadBytes(RecoveryCopyPath()), testing::HasSubstr("##EndDesc##\r\n9.25\r\n"));
+    DropRecoveryCopy();
+    TempDataFolder = "";
+}
+
+TEST_F(ParametersDialog, ThatIsAsItWasLoadedIsNotKept) {
+    TempDataFolder = PathTo("");
+    Open();
+    KeepAllTypedTexts();
+    EXPECT_EQ(RecoveryCopyPath(), "");
+    TempDataFolder = "";
+}
+
 TEST_F(ParametersDialog, CancelLeavesTheProject) {
     frmTARVOParm& form = Open();
     Enter(form, "txtHeight", "99");

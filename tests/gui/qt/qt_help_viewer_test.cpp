@@ -145,10 +145,10 @@ TEST_F(HelpViewerTest, ShowsTheTopicAskedFor) {
 }
 
 TEST_F(HelpViewerTest, HasATopicForEveryForm) {
-    for (const char* form :
-         {"frmMain", "frmTARVODesc", "frmTARVOParm", "frmResTxtPlt", "frmPreview", "frmPicture", "frmGraph",
-          "frmGraphS", "frmGraphOpt", "frmGraphOptS", "frmSet", "frmPath", "frmTARVOOpts", "frmUnits",
-          "frmConvert", "frmTextBrow", "frmResource", "frmDisclaimer", "frmUpdate"}) {
+    for (const char* form : {"frmMain",    "frmTARVODesc", "frmTARVOParm", "frmResTxtPlt",  "frmPreview",
+                             "frmPicture", "frmGraph",     "frmGraphS",    "frmGraphOpt",   "frmGraphOptS",
+                             "frmSet",     "frmPath",      "frmTARVOOpts", "frmUnits",      "frmConvert",
+                             "frmUnsaved", "frmTextBrow",  "frmResource",  "frmDisclaimer", "frmUpdate"}) {
         const QString topic = QString(form) + ".htm";
         viewer_.ShowTopic(help_file, topic.toStdString());
         EXPECT_EQ(Page().source().fileName(), topic);

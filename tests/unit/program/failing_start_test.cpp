@@ -41,7 +41,7 @@ class FailingStart : public CoreTest {
     // A start as after an end: nothing is left of the run before but its files.
     void Start() {
         ResetProgram();
-        Main("", {[] {}, [] {}, [] {}, [] {}});
+        Main("", {[] {}, [] {}, [] {}, [] {}, [] { return false; }});
     }
 
     // A user's first start, on a disk that has nothing of the program.

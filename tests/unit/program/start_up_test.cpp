@@ -63,11 +63,15 @@ class StartUp : public CoreTest {
     ~StartUp() override { ResetProgram(); }
 
     void Start(const std::string& command_line = "") {
-        Main(
-            command_line,
-            {[&] { Window.Create(); }, [&] { Window.Events.push_back("show " + ProjectFileName); },
-             [&] { Window.Events.push_back("font"); }, [&] { Window.Events.push_back("close parameters"); }});
+        Main(command_line,
+             {[&] { Window.Create(); }, [&] { Window.Events.push_back("show " + ProjectFileName); },
+              [&] { Window.Events.push_back("font"); }, [&] { Window.Events.push_back("close parameters"); },
+              [&] {
+                  Window.Events.push_back("left copies");
+                  return OpensLeftCopy;
+              }});
     }
+    bool OpensLeftCopy = false;
 
     // Starts once so that a configuration file exists, changes one of its keys, and forgets all but the disk.
     void PrepareSecondStart(const std::string& section_name, const std::string& key,
@@ -92,7 +96,7 @@ class StartUp : public CoreTest {
 
 TEST_F(StartUp, TheFirstStartLoadsTheWindowOverTheBuiltInSettings) {
     Start();
-    EXPECT_EQ(Window.Events, (Texts{"load, size 2048, name ''", "show Untitled", "font"}));
+    EXPECT_EQ(Window.Events, (Texts{"load, size 2048, name ''", "show Untitled", "font", "left copies"}));
     EXPECT_EQ(GetIniString("Version", "INIFileVersion", Ini()), "050924");
     EXPECT_EQ(GetIniString("Settings", "MaxDisplaySize", Ini()), "2048");
     EXPECT_EQ(GetIniString("Settings", "DisplayHistoryWin", Ini()), "0");
@@ -106,7 +110,7 @@ TEST_F(StartUp, TheFirstStartLoadsTheWindowOverTheBuiltInSettings) {
 TEST_F(StartUp, ALaterStartLoadsTheWindowAfterTheSettingsWereRead) {
     PrepareSecondStart("Settings", "MaxDisplaySize", "8192");
     Start();
-    EXPECT_EQ(Window.Events, (Texts{"load, size 8192, name ''", "show Untitled", "font"}));
+    EXPECT_EQ(Window.Events, (Texts{"load, size 8192, name ''", "show Untitled", "font", "left copies"}));
 }
 
 TEST_F(StartUp, ARepairOfThePlotRangeLoadsTheWindowEarlyToo) {
@@ -127,7 +131,7 @@ TEST_F(StartUp, AnAccountThatNothingCanBeWrittenForIsToldOnce) {
     EXPECT_THAT(
         Messages()[0],
         ::testing::StartsWith("Unsaved work is not protected: no copy of it can be kept in /proc/self/: "));
-    EXPECT_EQ(Window.Events.back(), "font");
+    EXPECT_EQ(Window.Events.back(), "left copies");
     EXPECT_EQ(OptionsRecord.PlotRangeMin, 50.0f);
 }
 
@@ -178,7 +182,7 @@ TEST_F(StartUp, TheLastFileOpensFirstThenTheOneOfTheCommandLine) {
     PutIniString("Settings", "DisplayHistoryWin", "1", Ini());
     PrepareSecondStart("Settings", "LoadLastInputFile", "1");
     Start("\"" + PathTo("by name.TKL") + "\"");
-    EXPECT_EQ(Window.Events, (Texts{"load, size 4096, name ''", "show Untitled", "font",
+    EXPECT_EQ(Window.Events, (Texts{"load, size 4096, name ''", "show Untitled", "font", "left copies",
                                     "parameters of " + PathTo("last.TKL"), "close parameters",
                                     "parameters of " + PathTo("by name.TKL")}));
     const std::size_t first = Window.History.find("Opening: " + PathTo("last.TKL") + "\r\n");
@@ -259,6 +263,14 @@ TEST_F(StartUp, ACopyThatAnEarlierRunLeftIsNamedOnceTheWindowIsShown) {
     EXPECT_THAT(Window.History, testing::HasSubstr("Unsaved project of an earlier run: " + left + "\r\n"));
     EXPECT_TRUE(std::filesystem::exists(left));
     EXPECT_THAT(Messages(), testing::IsEmpty());
+}
+
+// What the user opens there is not taken away by the file of the command line.
+TEST_F(StartUp, ACopyThatTheUserOpensIsTheProjectOfTheRun) {
+    OpensLeftCopy = true;
+    Start(PathTo("none.TKL"));
+    EXPECT_EQ(Window.Events.back(), "left copies");
+    EXPECT_EQ(ProjectFileName, "Untitled");
 }
 
 TEST_F(StartUp, ACleanExitDropsTheCopyAndARefusedSaveToo) {

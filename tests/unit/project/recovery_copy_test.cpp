@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
+#include <sstream>
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -40,8 +42,22 @@ class RecoveryCopy : public ProjectTest {
     }
     ~RecoveryCopy() override { DropRecoveryCopy(); }
 
-    std::string OwnPath() const {
-        return PathTo("temp/~unsaved ridge " + std::to_string(::getpid()) + ".TKL");
+    // As the name of a copy tells it: the process and the tick of the system at which it began.
+    static std::string Run() {
+        std::ifstream file("/proc/self/stat");
+        const std::string state((std::istreambuf_iterator<char>(file)), {});
+        std::istringstream words(state.substr(state.rfind(')') + 2));
+        std::string word;
+        for (int i = 0; i < 20; ++i) words >> word;
+        return std::to_string(::getpid()) + "-" + word;
+    }
+
+    std::string OwnPath() const { return PathTo("temp/~unsaved ridge " + Run() + ".TKL"); }
+
+    // What a copy holds of the project, without the note at its end.
+    static std::string ProjectIn(const std::string& path) {
+        const std::string bytes = ReadBytes(path);
+        return bytes.substr(0, bytes.find("##Unsaved##"));
     }
 
     std::vector<std::string> Copies() const {
@@ -58,7 +74,7 @@ class RecoveryCopy : public ProjectTest {
 TEST_F(RecoveryCopy, HoldsTheProjectAsItStandsAndChangesNothing) {
     KeepRecoveryCopy();
     EXPECT_EQ(RecoveryCopyPath(), OwnPath());
-    EXPECT_EQ(ReadBytes(OwnPath()), Joined(FileLines("Ridge Panel 4", {"Upper seam,", "north"})));
+    EXPECT_EQ(ProjectIn(OwnPath()), Joined(FileLines("Ridge Panel 4", {"Upper seam,", "north"})));
     EXPECT_EQ(ProjectDescription, "Upper seam,\r\nnorth");
     EXPECT_EQ(ProjectSaved, 0);
     EXPECT_EQ(ProjectFileName, PathTo("ridge.TKL"));
@@ -66,7 +82,7 @@ TEST_F(RecoveryCopy, HoldsTheProjectAsItStandsAndChangesNothing) {
     EXPECT_THAT(Messages(), IsEmpty());
     ProjectDescription += "\r\n";  // as after a read
     KeepRecoveryCopy();
-    EXPECT_EQ(ReadBytes(OwnPath()), Joined(FileLines("Ridge Panel 4", {"Upper seam,", "north"})));
+    EXPECT_EQ(ProjectIn(OwnPath()), Joined(FileLines("Ridge Panel 4", {"Upper seam,", "north"})));
 }
 
 TEST_F(RecoveryCopy, OpensLikeAnyProject) {
@@ -92,14 +108,14 @@ TEST_F(RecoveryCopy, FollowsTheNameOfTheProject) {
     KeepRecoveryCopy();
     ProjectFileName = "Untitled";
     KeepRecoveryCopy();
-    EXPECT_THAT(Copies(), ElementsAre("~unsaved Untitled " + std::to_string(::getpid()) + ".TKL"));
+    EXPECT_THAT(Copies(), ElementsAre("~unsaved Untitled " + Run() + ".TKL"));
 }
 
 TEST_F(RecoveryCopy, OfAProjectThatIsACopyItselfHasItsPlainName) {
     ProjectFileName = PathTo("temp/~unsaved north ridge 1.TKL");
     WriteBytes(ProjectFileName, "left behind");
     KeepRecoveryCopy();
-    EXPECT_EQ(RecoveryCopyPath(), PathTo("temp/~unsaved north ridge " + std::to_string(::getpid()) + ".TKL"));
+    EXPECT_EQ(RecoveryCopyPath(), PathTo("temp/~unsaved north ridge " + Run() + ".TKL"));
     EXPECT_EQ(ReadBytes(ProjectFileName), "left behind");
 }
 
@@ -107,14 +123,13 @@ TEST_F(RecoveryCopy, NeverReplacesOneThatWasLeftBehind) {
     WriteBytes(OwnPath(), "left behind by a run of the same number");
     KeepRecoveryCopy();
     EXPECT_EQ(ReadBytes(OwnPath()), "left behind by a run of the same number");
-    EXPECT_EQ(RecoveryCopyPath(), PathTo("temp/~unsaved ridge " + std::to_string(::getpid()) + ".2.TKL"));
+    EXPECT_EQ(RecoveryCopyPath(), PathTo("temp/~unsaved ridge " + Run() + ".2.TKL"));
 }
 
 TEST_F(RecoveryCopy, ALongNameIsCut) {
     ProjectFileName = PathTo(std::string(200, 'r') + ".TKL");
     KeepRecoveryCopy();
-    EXPECT_EQ(RecoveryCopyPath(),
-              PathTo("temp/~unsaved " + std::string(40, 'r') + " " + std::to_string(::getpid()) + ".TKL"));
+    EXPECT_EQ(RecoveryCopyPath(), PathTo("temp/~unsaved " + std::string(40, 'r') + " " + Run() + ".TKL"));
 }
 
 TEST_F(RecoveryCopy, IsDroppedOnRequest) {
@@ -222,8 +237,7 @@ TEST_F(RecoveryCopy, HasNoMoreRightsThanItsProject) {
 TEST_F(RecoveryCopy, IsWrittenByAConversion) {
     ConvertTargetUnits = 1;
     ConvertProject();
-    EXPECT_EQ(RecoveryCopyPath(),
-              PathTo("temp/~unsaved Metric_ridge " + std::to_string(::getpid()) + ".TKL"));
+    EXPECT_EQ(RecoveryCopyPath(), PathTo("temp/~unsaved Metric_ridge " + Run() + ".TKL"));
     EXPECT_EQ(ReadBytes(RecoveryCopyPath()).find("TARVOKOL_101\r\n 1 \r\nRidge Panel 4\r\n"), 0u);
 }
 
@@ -239,8 +253,8 @@ TEST_F(RecoveryCopy, WithoutATemporaryFolderNothingIsKept) {
 TEST_F(RecoveryCopy, AFailureIsALineOfTheHistory) {
     TempDataFolder = PathTo("gone/");
     KeepRecoveryCopy();
-    EXPECT_EQ(Log(), "1. Unsaved project cannot be kept: " + PathTo("gone/~unsaved ridge ") +
-                         std::to_string(::getpid()) + ".TKL: Path not found\r\n");
+    EXPECT_EQ(Log(), "1. Unsaved project cannot be kept: " + PathTo("gone/~unsaved ridge ") + Run() +
+                         ".TKL: Path not found\r\n");
     EXPECT_THAT(Messages(), IsEmpty());
     EXPECT_EQ(RecoveryCopyPath(), "");
 }
@@ -289,7 +303,7 @@ TEST_F(RecoveryCopy, AFullDiskLeavesTheOldCopyWhole) {
                 KeepRecoveryCopy();
                 failed = fault.Failed();
             }
-            const std::string found = ReadBytes(OwnPath());
+            const std::string found = ProjectIn(OwnPath());
             EXPECT_TRUE(found == before || found == after) << at << failed << found;
             if (failed.empty()) break;
         }
@@ -331,6 +345,14 @@ class OtherRun {
     bool Told() const { return told_; }
     pid_t Process() const { return process_; }
 
+    // The name of its copy, which is the only one of that process.
+    std::string CopyIn(const std::string& folder) const {
+        for (const auto& entry : std::filesystem::directory_iterator(folder))
+            if (entry.path().string().find(" " + std::to_string(process_) + "-") != std::string::npos)
+                return entry.path().string();
+        return "";
+    }
+
     void Kill() {
         if (process_ <= 0) return;
         ::kill(process_, SIGKILL);
@@ -346,12 +368,14 @@ class OtherRun {
 TEST_F(RecoveryCopy, OfARunThatWasKilledIsToldAtTheNextStartAndStays) {
     OtherRun other;
     ASSERT_TRUE(other.Told());
-    const std::string path = PathTo("temp/~unsaved ridge " + std::to_string(other.Process()) + ".TKL");
+    const std::string path = other.CopyIn(PathTo("temp"));
+    EXPECT_THAT(path, ::testing::ContainsRegex("/~unsaved ridge " + std::to_string(other.Process()) +
+                                               "-[0-9]+\\.TKL$"));
     other.Kill();
     ReportRecoveryCopies();
     EXPECT_EQ(Log(), "1. Unsaved project of an earlier run: " + path + "\r\n");
     EXPECT_THAT(Messages(), IsEmpty());
-    EXPECT_EQ(ReadBytes(path), Joined(FileLines("Ridge Panel 4", {"Upper seam,", "north"})));
+    EXPECT_EQ(ProjectIn(path), Joined(FileLines("Ridge Panel 4", {"Upper seam,", "north"})));
 }
 
 TEST_F(RecoveryCopy, OfARunThatLivesIsItsOwn) {
@@ -362,7 +386,46 @@ TEST_F(RecoveryCopy, OfARunThatLivesIsItsOwn) {
     EXPECT_EQ(Log(), "");
     EXPECT_EQ(Copies().size(), 2u);
     DropRecoveryCopy();
-    EXPECT_THAT(Copies(), ElementsAre("~unsaved ridge " + std::to_string(other.Process()) + ".TKL"));
+    EXPECT_EQ(Copies().size(), 1u);
+    EXPECT_TRUE(std::filesystem::exists(other.CopyIn(PathTo("temp"))));
+}
+
+// As on some file systems of networks: the process's number and start in the name tell whether it lives.
+TEST_F(RecoveryCopy, WhereNothingCanBeLockedTheNameTellsWhoLives) {
+    const FailingFiles no_locks({.folder = PathTo("temp"), .missing = {{"flock", ENOLCK}}});
+    OtherRun other;
+    ASSERT_TRUE(other.Told());
+    const std::string path = other.CopyIn(PathTo("temp"));
+    EXPECT_THAT(AbandonedCopies(), IsEmpty());
+    // The number alone would take a later process for the one that wrote it.
+    const std::string of_another = PathTo("temp/~unsaved ridge " + std::to_string(::getppid()) + "-1.TKL");
+    WriteBytes(of_another, "left behind");
+    ASSERT_EQ(AbandonedCopies().size(), 1u);
+    EXPECT_EQ(AbandonedCopies()[0].path, of_another);
+    other.Kill();
+    EXPECT_EQ(AbandonedCopies().size(), 2u);
+    EXPECT_TRUE(std::filesystem::exists(path));
+}
+
+TEST_F(RecoveryCopy, TakesUpWhatStandsTypedAndGivesItBack) {
+    KeepTypedTexts({"frmTARVOParm", {{"txtHeight", "4,5 = \xc2\xb0 %"}, {"Text2", "a\r\nb"}}});
+    const CopyNote note = NoteOf(ReadBytes(OwnPath()));
+    EXPECT_EQ(note.project, PathTo("ridge.TKL"));
+    EXPECT_EQ(note.typed.dialog, "frmTARVOParm");
+    ASSERT_EQ(note.typed.boxes.size(), 2u);
+    EXPECT_EQ(note.typed.boxes[0].second, "4,5 = \xc2\xb0 %");
+    EXPECT_EQ(note.typed.boxes[1].second, "a\r\nb");
+    EXPECT_EQ(ProjectIn(OwnPath()), Joined(FileLines("Ridge Panel 4", {"Upper seam,", "north"})));
+    DropTypedTexts();  // the project itself is unsaved
+    EXPECT_EQ(NoteOf(ReadBytes(OwnPath())).typed.dialog, "");
+}
+
+TEST_F(RecoveryCopy, OfNothingButTypedTextsGoesWithThem) {
+    ProjectSaved = 255;
+    KeepTypedTexts({"frmTARVODesc", {{"Text1", "North"}}});
+    EXPECT_TRUE(std::filesystem::exists(OwnPath()));
+    DropTypedTexts();
+    EXPECT_THAT(Copies(), IsEmpty());
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <fstream>
 #include <sstream>
+#include <utility>
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -64,6 +65,45 @@ TEST_F(Configuration, AFileOfAnotherStampIsDeletedAndRebuilt) {
     SettleConfigurationFile();
     EXPECT_EQ(ReadBytes(IniPath), NewFile());
     EXPECT_EQ(KeepFileNames, 1);
+}
+
+TEST_F(Configuration, AFileThatIsRebuiltIsKeptBesideAsItWas) {
+    const std::string old = "[Version]\r\nINIFileVersion=050923\r\n[Settings]\r\nKeepFileNames=0\r\n";
+    for (int i = 0; i < 2; ++i) {  // the same content is kept once
+        WriteBytes(IniPath, old);
+        SetBuiltIn();
+        SettleConfigurationFile();
+        EXPECT_EQ(ReadBytes(IniPath + ".kept-1"), old);
+    }
+    WriteBytes(IniPath, old + "[Mine]\r\nA=1\r\n");
+    SetBuiltIn();
+    SettleConfigurationFile();
+    EXPECT_EQ(ReadBytes(IniPath + ".kept-1"), old);
+    EXPECT_EQ(ReadBytes(IniPath + ".kept-2"), old + "[Mine]\r\nA=1\r\n");
+    EXPECT_EQ(ReadBytes(IniPath), NewFile());
+    EXPECT_TRUE(Messages().empty());
+}
+
+TEST_F(Configuration, AFileOfAnotherProgramOrANewerVersionIsToldOfAndKept) {
+    const std::pair<std::string, std::string> files[] = {
+        {"\xEF\xBB\xBF[Version]\r\nINIFileVersion=050924\r\n", "it begins with a byte order mark"},
+        {std::string("\xFF\xFE[\0V\0", 6), "it is written in UTF-16"},
+        {"[Version]\rINIFileVersion=050924\r", "its lines end in CR alone"},
+        {"[Version]\r\nINIFileVersion=060101\r\n", "a newer version of the program has written it"}};
+    int number = 0;
+    for (const auto& [bytes, reason] : files) {
+        WriteBytes(IniPath, bytes);
+        SetBuiltIn();
+        SettleConfigurationFile();
+        const std::string kept = IniPath + ".kept-" + std::to_string(++number);
+        EXPECT_EQ(Messages().back(),
+                  "The settings file cannot be used: " + reason + ".\r\n" + IniPath +
+                      "\r\n\r\nThe program goes on with new settings. The file is kept as:\r\n" + kept);
+        EXPECT_EQ(Host.Messages.Shown.back().style, 48);
+        EXPECT_EQ(ReadBytes(kept), bytes);
+        EXPECT_EQ(ReadBytes(IniPath), NewFile());
+    }
+    EXPECT_EQ(Messages().size(), 4u);
 }
 
 TEST_F(Configuration, AnEmptyOrBinaryFileIsRebuilt) {

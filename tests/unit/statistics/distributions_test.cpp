@@ -101,6 +101,10 @@ TEST(Distribution, QuantilesAreThoseOfTheClosedForms) {
     // Median of a lognormal figure: mean / sqrt(1 + variation^2).
     const auto lognormal = ParseDistribution("lognormal:900:135", 1);
     EXPECT_NEAR(lognormal->Quantile(0.5), 900 / std::sqrt(1.0225), 1e-10);
+    // Far beyond what can be squared it goes to mean^2 / deviation.
+    EXPECT_NEAR(ParseDistribution("lognormal:10:1e160", 1)->Quantile(0.5) / 1e-158, 1, 1e-11);
+    EXPECT_EQ(ParseDistribution("lognormal:1e-300:1", 1)->Quantile(0.5), 0);
+    EXPECT_NEAR(ParseDistribution("lognormal:1e-150:1e10", 1)->Quantile(0.5) / 1e-310, 1, 1e-2);
 }
 
 // 200,000 draws: three standard errors of the mean, and as many of the deviation.
