@@ -149,11 +149,11 @@ class Curve : public Command {
                      kind_);
         AddBareHeader(options, bare_header_);
         AddFiles(options, options_, "Write the curve: .csv, .xlsx, .png, .svg, .pdf or .json, or a folder",
-                 {"csv", "xlsx", "png", "svg", "pdf", "json"});
+                 {"csv", "xlsx", "png", "svg", "pdf", "json", "jsonl"});
     }
 
     int Run(HeadlessPlatform& host) override {
-        const OutputTarget target(options_, {".csv", ".xlsx", ".png", ".svg", ".pdf", ".json"});
+        const OutputTarget target(options_, {".csv", ".xlsx", ".png", ".svg", ".pdf", ".json", ".jsonl"});
         if (target.IsDrawn()) TheDrawing();
         BulkRun run(options_, host, target);
         const CurveRequest request = RequestOf(kind_);

@@ -169,11 +169,11 @@ class Plan : public Command {
                       .choices = {"window", "preview"}},
                      view_);
         AddFiles(options, options_, "Write the plan: .svg, .png, .pdf, .csv or .json, or a folder",
-                 {"svg", "png", "pdf", "csv", "json"});
+                 {"svg", "png", "pdf", "csv", "json", "jsonl"});
     }
 
     int Run(HeadlessPlatform& host) override {
-        const OutputTarget target(options_, {".svg", ".png", ".pdf", ".csv", ".json"});
+        const OutputTarget target(options_, {".svg", ".png", ".pdf", ".csv", ".json", ".jsonl"});
         if (target.IsDrawn()) TheDrawing();
         BulkRun run(options_, host, target);
         const PlanRequest request = RequestOf(mode_, view_);

@@ -91,11 +91,11 @@ class Results : public Command {
 
     void Describe(CommandOptions& options) override {
         AddFiles(options, options_, "Write the report: .txt, .pdf or .json, or a folder",
-                 {"txt", "pdf", "json"});
+                 {"txt", "pdf", "json", "jsonl"});
     }
 
     int Run(HeadlessPlatform& host) override {
-        const OutputTarget target(options_, {".txt", ".pdf", ".json"});
+        const OutputTarget target(options_, {".txt", ".pdf", ".json", ".jsonl"});
         if (target.IsDrawn()) TheDrawing();
         BulkRun run(options_, host, target);
         const bool want_keys = options_.json || target.Format() == ".json";

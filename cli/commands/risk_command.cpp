@@ -249,7 +249,7 @@ class Risk : public StudyCommand {
 
 void Risk::Describe(CommandOptions& options) {
     AddStudy(options, "Write the summary (.txt, .json) or a picture (.png, .svg, .pdf)",
-             {"txt", "json", "png", "svg", "pdf"});
+             {"txt", "json", "jsonl", "png", "svg", "pdf"});
     options.Texts(
         {.spelling = "--random",
          .help = "FIELD=normal:MEAN:SD, lognormal:MEAN:SD, uniform:LO:HI or triangular:LO:MODE:HI; a "
@@ -324,7 +324,7 @@ void Risk::Write(const OutputTarget& target, const RiskRequest& request, const R
 }
 
 int Risk::Study(HeadlessPlatform& host) {
-    const OutputTarget target(options_, {".txt", ".json", ".png", ".svg", ".pdf"});
+    const OutputTarget target(options_, {".txt", ".json", ".jsonl", ".png", ".svg", ".pdf"});
     const SamplesFile samples(samples_out_, options_);
     if (target.IsDrawn()) TheDrawing();
     const Panel project = ReadProject(host);

@@ -43,11 +43,11 @@ class Size : public Command {
     }
 
     void Describe(CommandOptions& options) override {
-        AddFiles(options, options_, "Write the sizes: .json, or a folder", {"json"});
+        AddFiles(options, options_, "Write the sizes: .json, or a folder", {"json", "jsonl"});
     }
 
     int Run(HeadlessPlatform& host) override {
-        const OutputTarget target(options_, {".json"});
+        const OutputTarget target(options_, {".json", ".jsonl"});
         BulkRun run(options_, host, target);
         return run.Run(SizesOf);
     }

@@ -90,7 +90,7 @@ class Sweep : public StudyCommand {
 
     void Describe(CommandOptions& options) override {
         AddStudy(options, "Write rows (.csv, .json, .xlsx) or a picture (.png, .svg, .pdf)",
-                 {"csv", "json", "xlsx", "png", "svg", "pdf"});
+                 {"csv", "json", "jsonl", "xlsx", "png", "svg", "pdf"});
         AddRowOptions(options);
         options.Texts({.spelling = "--vary",
                        .help = "FIELD=FIRST:LAST:STEP, FIELD=FIRST:LAST/COUNT or FIELD=V1,V2,V3; once per "

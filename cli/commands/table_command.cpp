@@ -99,7 +99,7 @@ class Table : public StudyCommand {
     }
 
     void Describe(CommandOptions& options) override {
-        AddStudy(options, "Write the rows: .csv, .json or .xlsx", {"csv", "json", "xlsx"});
+        AddStudy(options, "Write the rows: .csv, .json or .xlsx", {"csv", "json", "jsonl", "xlsx"});
         AddRowOptions(options);
         options.Text(
             {.spelling = "ROWS.csv",

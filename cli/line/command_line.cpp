@@ -42,8 +42,9 @@ void SettleStandardOutput(Options& options) {
     if (!options.has_formats) return;
     if (!options.format.empty() && options.output.empty()) options.output = kStandardStream;
     if (options.output != kStandardStream) return;
-    if (options.format == "json") options.json = true;
-    if (options.format.empty() || options.format == "json") options.output.clear();
+    const bool objects = options.format == "json" || options.format == "jsonl";
+    if (objects) options.json = true;
+    if (options.format.empty() || objects) options.output.clear();
 }
 
 // The configuration file is read before anything is done, also for a command that asks no setting.

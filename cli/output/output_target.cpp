@@ -71,6 +71,8 @@ void OutputTarget::ChooseFormat(const Options& options, const std::vector<std::s
         if (!asked.empty() && asked != format_)
             throw UsageError{"--format: " + output_ + " has the extension of another format"};
     }
+    extension_ = format_;
+    if (format_ == ".jsonl") format_ = ".json";
 }
 
 bool OutputTarget::IsDrawn() const {
@@ -92,7 +94,7 @@ std::string OutputTarget::PathFor(const std::string& project, const std::string&
     if (!folder_) return output_;
     const std::filesystem::path name = std::filesystem::path(project).filename();
     std::string file = kept_name;
-    if (file.empty()) file = format_.empty() ? name.string() : name.stem().string() + format_;
+    if (file.empty()) file = format_.empty() ? name.string() : name.stem().string() + extension_;
     return WithSeparator(output_) + file;
 }
 

@@ -31,7 +31,7 @@ class OutputTarget {
     bool ToStandardOutput() const { return standard_output_; }
 
     // Lower-case extension that chooses the format, with its dot; empty for standard output and where any
-    // name is taken.
+    // name is taken. A file of JSON Lines has the format ".json" under each of its extensions.
     const std::string& Format() const { return format_; }
 
     // True for a format that only a `Drawing` writes.
@@ -69,6 +69,7 @@ class OutputTarget {
     bool standard_output_ = false;
     bool folder_ = false;
     std::string format_;
+    std::string extension_;  // of the files of a folder
     std::vector<std::string> inputs_;      // files that no result replaces
     mutable std::set<std::string> taken_;  // the files of the folder that hold a result of this run
 };

@@ -70,6 +70,34 @@ TEST_F(Bulk, WordsForPeopleGoToStandardErrorUnderTheFilesName) {
     EXPECT_EQ(answer.err, "flat.TKL: Invalid entry height\nnone.TKL: File not found\n");
 }
 
+// One form under two extensions, for every command that writes objects.
+TEST_F(Bulk, JsonLinesHaveTwoExtensions) {
+    Project("a.TKL");
+    const std::vector<std::vector<std::string>> commands{
+        {"results", "a.TKL"},
+        {"size", "a.TKL"},
+        {"curve", "web", "a.TKL"},
+        {"plan", "a.TKL"},
+        {"risk", "a.TKL", "-q", "--random", "Height=uniform:5:6", "--samples", "9"},
+        {"sweep", "a.TKL", "-q", "--vary", "Height=5,6"}};
+    for (const auto& command : commands) {
+        SCOPED_TRACE(command.front());
+        const auto with = [this, &command](const std::vector<std::string>& more) {
+            std::vector<std::string> words = command;
+            words.insert(words.end(), more.begin(), more.end());
+            return Run(words).out;
+        };
+        const std::string objects = with({"--json"});
+        EXPECT_THAT(objects, testing::StartsWith("{\"file\":\"a.TKL\""));
+        EXPECT_EQ(with({"--format", "json"}), objects);
+        EXPECT_EQ(with({"--format", "jsonl"}), objects);
+        with({"-o", command.front() + ".jsonl"});
+        EXPECT_EQ(ReadBytes(PathTo(command.front() + ".jsonl")), objects);
+    }
+    Run({"size", "-o", "out/", "--format", "jsonl", "a.TKL"});
+    EXPECT_EQ(ReadBytes(PathTo("out/a.jsonl")), Run({"size", "--json", "a.TKL"}).out);
+}
+
 // Names with line ends in them, as find -print0 lists them.
 TEST_F(Bulk, PathsOfAListMayEndInNul) {
     Project("a.TKL");

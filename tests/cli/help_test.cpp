@@ -30,8 +30,8 @@ const Lines kCommon{"--settings FILE.INI:FILE Configuration file to read (defaul
 const Lines kFiles{"FILE ... REQUIRED Projects; `-` alone reads their paths from standard input "};
 const Lines kProject{"PROJECT REQUIRED The project to start from "};
 const Lines kOverwriting{"--force Replace existing files ",
-                         "--stdin-project The project `-` is read from standard input ",
-                         "-0,--null Paths on standard input end in NUL, as after find -print0 "};
+                         "--stdin-project The project `-` is read from standard input "};
+const Lines kList{"-0,--null Paths on standard input end in NUL, as after find -print0 "};
 const Lines kThreads{"--threads N Threads to calculate on (default: one per core) "};
 const Lines kSizes{"--size The suggested sizes, too: SuggestedWeb and SuggestedBarrier, inches ",
                    "--bare-header Names of columns without their units "};
@@ -85,10 +85,10 @@ TEST_F(Help, ListsTheCommands) {
 TEST_F(Help, TellsOfReportsAndSizes) {
     ExpectTold({"results", "--help"}, Lines{"Input check, analysis and report "} + kFiles + kCommon +
                                           Output("Write the report: .txt, .pdf or .json, or a folder") +
-                                          Format("txt,pdf,json") + kOverwriting);
+                                          Format("txt,pdf,json,jsonl") + kOverwriting + kList);
     ExpectTold({"size", "--help"}, Lines{"Suggested web and barrier sizes, of a metric project in inches "} +
                                        kFiles + kCommon + Output("Write the sizes: .json, or a folder") +
-                                       Format("json") + kOverwriting);
+                                       Format("json,jsonl") + kOverwriting + kList);
 }
 
 TEST_F(Help, TellsOfCurves) {
@@ -99,7 +99,7 @@ TEST_F(Help, TellsOfCurves) {
               "barrier "} +
             kFiles + Lines{"--bare-header Names of columns without their units "} + kCommon +
             Output("Write the curve: .csv, .xlsx, .png, .svg, .pdf or .json, or a folder") +
-            Format("csv,xlsx,png,svg,pdf,json") + kOverwriting);
+            Format("csv,xlsx,png,svg,pdf,json,jsonl") + kOverwriting + kList);
 }
 
 TEST_F(Help, TellsOfThePlan) {
@@ -110,16 +110,18 @@ TEST_F(Help, TellsOfThePlan) {
                   "--view TEXT:{window,preview}=window Drawn as in the plot window or in the parameters "
                   "dialog "} +
             kCommon + Output("Write the plan: .svg, .png, .pdf, .csv or .json, or a folder") +
-            Format("svg,png,pdf,csv,json") + kOverwriting);
+            Format("svg,png,pdf,csv,json,jsonl") + kOverwriting + kList);
 }
 
 TEST_F(Help, TellsOfProjectsThatAreWritten) {
     ExpectTold({"convert", "--help"},
                Lines{"Convert a project to the other unit system and save it "} + kFiles +
                    Lines{"--to TEXT:{english,metric} REQUIRED Target unit system "} + kCommon +
-                   Output("The file or folder to write (default: beside the original)") + kOverwriting);
+                   Output("The file or folder to write (default: beside the original)") + kOverwriting +
+                   kList);
     ExpectTold({"save", "--help"}, Lines{"Read a project and write it again "} + kFiles + kCommon +
-                                       Output("The file or folder to write (required)") + kOverwriting);
+                                       Output("The file or folder to write (required)") + kOverwriting +
+                                       kList);
 }
 
 TEST_F(Help, TellsOfUnitsAndSettings) {
@@ -141,7 +143,7 @@ TEST_F(Help, TellsOfSweeps) {
         {"sweep", "--help"},
         Lines{"Every combination of the values that fields of a project are given "} + kProject + kCommon +
             Output("Write rows (.csv, .json, .xlsx) or a picture (.png, .svg, .pdf)") +
-            Format("csv,json,xlsx,png,svg,pdf") + kOverwriting + kThreads + kSizes +
+            Format("csv,json,jsonl,xlsx,png,svg,pdf") + kOverwriting + kThreads + kSizes +
             Lines{"--vary FIELD=VALUES REQUIRED FIELD=FIRST:LAST:STEP, FIELD=FIRST:LAST/COUNT or "
                   "FIELD=V1,V2,V3; once per field, the last one given runs fastest ",
                   "--of FIGURE The figure of a picture: Overall (default of a map), WebsOnly, BarrierPillar, "
@@ -162,7 +164,7 @@ TEST_F(Help, TellsOfTables) {
             Lines{
                 "ROWS.csv REQUIRED The table: a header with names of fields and any other columns; `-` reads "
                 "standard input "} +
-            kCommon + Output("Write the rows: .csv, .json or .xlsx") + Format("csv,json,xlsx") +
+            kCommon + Output("Write the rows: .csv, .json or .xlsx") + Format("csv,json,jsonl,xlsx") +
             kOverwriting + kThreads + kSizes);
     EXPECT_THAT(Run({"table", "--help"}).out,
                 HasSubstr(kFields + "  tarvokol-cli table panel.TKL boreholes.csv > factors.csv\n"
@@ -175,7 +177,7 @@ TEST_F(Help, TellsOfRisks) {
         {"risk", "--help"},
         Lines{"How likely the factors lie below their targets when figures are uncertain "} + kProject +
             kCommon + Output("Write the summary (.txt, .json) or a picture (.png, .svg, .pdf)") +
-            Format("txt,json,png,svg,pdf") + kOverwriting + kThreads +
+            Format("txt,json,jsonl,png,svg,pdf") + kOverwriting + kThreads +
             Lines{
                 "--random FIELD=DISTRIBUTION REQUIRED FIELD=normal:MEAN:SD, lognormal:MEAN:SD, uniform:LO:HI "
                 "or triangular:LO:MODE:HI; a figure that ends in % is a share of the project's own; once per "

@@ -53,12 +53,13 @@ class Refusals : public CliTest {
 
 TEST_F(Refusals, AnExtensionIsOneOfTheCommands) {
     const std::string must = "-o: the extension must be one of ";
-    ExpectRefused({"results", "-o", "r.docx", "p.TKL"}, must + ".txt, .pdf, .json");
-    ExpectRefused({"size", "-o", "s.txt", "p.TKL"}, must + ".json");
-    ExpectRefused({"curve", "web", "-o", "c.txt", "p.TKL"}, must + ".csv, .xlsx, .png, .svg, .pdf, .json");
-    ExpectRefused({"plan", "-o", "p.xlsx", "p.TKL"}, must + ".svg, .png, .pdf, .csv, .json");
+    ExpectRefused({"results", "-o", "r.docx", "p.TKL"}, must + ".txt, .pdf, .json, .jsonl");
+    ExpectRefused({"size", "-o", "s.txt", "p.TKL"}, must + ".json, .jsonl");
+    ExpectRefused({"curve", "web", "-o", "c.txt", "p.TKL"},
+                  must + ".csv, .xlsx, .png, .svg, .pdf, .json, .jsonl");
+    ExpectRefused({"plan", "-o", "p.xlsx", "p.TKL"}, must + ".svg, .png, .pdf, .csv, .json, .jsonl");
     ExpectRefused({"risk", "p.TKL", "--random", "Height=uniform:5:6", "-o", "r.csv"},
-                  must + ".txt, .json, .png, .svg, .pdf");
+                  must + ".txt, .json, .jsonl, .png, .svg, .pdf");
     ExpectRefused({"sweep", "p.TKL", "--vary", "Height=5", "-o", "rows.txt"},
                   must + ".csv, .json, .jsonl, .xlsx, .png, .svg, .pdf");
     ExpectRefused({"table", "p.TKL", "rows.csv", "-o", "rows.svg"},
