@@ -11,6 +11,7 @@
 
 #include "core/platform/main_window_services.h"
 #include "core/runtime/run_time_error.h"
+#include "qt/session/screen_units.h"
 
 class QLineEdit;
 class QPlainTextEdit;
@@ -18,8 +19,7 @@ class QTabWidget;
 
 namespace tarvokol {
 
-// Form geometry is told in twips; a pixel is 15 of them.
-inline constexpr int TwipsPerPixel = 15;
+// Form geometry is told in twips.
 inline constexpr int TwipsOf(int pixels) {
     return pixels * TwipsPerPixel;
 }

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "qt/charts/chart_plot.h"
+#include "qt/session/screen_units.h"
 
 namespace tarvokol {
 namespace {
@@ -160,7 +161,7 @@ void ChartControl::mouseMoveEvent(QMouseEvent* event) {
         drag_from_ = at;
         Replot();
     }
-    emit MouseMove(at.x() * kTwipsPerPixel, at.y() * kTwipsPerPixel);
+    emit MouseMove(at.x() * TwipsPerPixel, at.y() * TwipsPerPixel);
 }
 
 // The button's end is the chart's own, too.

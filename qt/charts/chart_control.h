@@ -23,8 +23,6 @@ class ChartControl : public QWidget, public ChartModel {
     Q_OBJECT
 
   public:
-    static constexpr int kTwipsPerPixel = 15;
-
     explicit ChartControl(QWidget* parent = nullptr);
     ~ChartControl() override;
 

@@ -14,9 +14,6 @@ namespace {
 constexpr double kSymbolPitch = 2.6;
 constexpr double kSymbolPen = 1.4;  // pixels
 
-// What the axes take beside the plot.
-constexpr int kBesidePlot = 90;
-
 // How far in and out the wheel may lead.
 constexpr double kClosestZoom = 1e-4;
 constexpr double kWidestZoom = 20;

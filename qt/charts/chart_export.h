@@ -5,7 +5,6 @@
 #include <string>
 
 #include "core/graphics/graph_setup.h"
-#include "qt/charts/chart_picture.h"
 
 namespace tarvokol {
 

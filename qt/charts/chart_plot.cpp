@@ -34,8 +34,7 @@ constexpr int kSmallFont = 9;  // points
 // Ring around the point to which the keys have led.
 constexpr int kMarkSize = 15;
 
-// What the axes take beside the plot: numbers, ticks and margins.
-constexpr int kBesidePlot = 80;
+// The same of a chart's height.
 constexpr int kAroundPlot = 44;
 
 // What a header and a legend may take of the chart's height.

@@ -38,6 +38,9 @@ class LegendEntry : public QCPPlottableLegendItem {
     PlotCurve* curve_;
 };
 
+// What the axes take beside the plot of a chart: numbers, ticks and margins.
+inline constexpr int kBesidePlot = 80;
+
 class ChartPlot {
   public:
     ChartPlot(QWidget& parent, const ChartModel& model);

@@ -6,12 +6,12 @@
 #include "core/runtime/run_time_error.h"
 #include "qt/charts/chart_control.h"
 #include "qt/charts/chart_plot.h"
+#include "qt/session/picture_file.h"
 #include "qt/session/screen_units.h"
 
 namespace tarvokol {
 namespace {
 
-constexpr double kMetresPerInch = 0.0254;
 constexpr int kBoxUnitsPerInch = 600;
 
 // The only ways of printing that there are: the printer's own format, fitted into the box.
@@ -74,17 +74,8 @@ void ChartControl::Print(QPrinter& printer, int format, int scale_mode, int left
 }
 
 QImage ChartControl::ToImage(const QSize& size, double scale) {
-    QImage image(size * scale, QImage::Format_RGB32);
-    if (image.isNull()) Raise(error_number::OutOfMemory);
-    image.setDotsPerMeterX(qRound(kPixelsPerInch / kMetresPerInch));
-    image.setDotsPerMeterY(image.dotsPerMeterX());
-    image.setDevicePixelRatio(scale);
-    image.fill(Qt::white);
-    DrawOn(image, QRect(QPoint(0, 0), size));
-    image.setDevicePixelRatio(1);
-    image.setDotsPerMeterX(qRound(kPixelsPerInch * scale / kMetresPerInch));
-    image.setDotsPerMeterY(image.dotsPerMeterX());
-    return image;
+    const auto draw = [&](QPaintDevice& device) { DrawOn(device, QRect(QPoint(0, 0), size)); };
+    return ImageOf({.title = {}, .size = size, .image_scale = scale, .draw = draw});
 }
 
 void ChartControl::DrawOn(QPaintDevice& device, const QRect& box) {

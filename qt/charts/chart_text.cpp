@@ -65,10 +65,6 @@ QFont ChartFont(double points, bool bold) {
     return font;
 }
 
-QByteArray WithGenericFamily(QByteArray svg) {
-    return svg.replace("font-family=\"Arial\"", "font-family=\"Arial, sans-serif\"");
-}
-
 FittedText FitText(const QString& text, const QFont& font, int width) {
     FittedText fitted{text, font};
     if (text.isEmpty() || width <= 0) return fitted;

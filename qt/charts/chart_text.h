@@ -2,7 +2,6 @@
 // Texts of the chart, fitted into the room they have.
 #pragma once
 
-#include <QByteArray>
 #include <QFont>
 #include <QString>
 
@@ -10,9 +9,6 @@ namespace tarvokol {
 
 // The chart's type face at a size in points, the same on screen and on paper.
 QFont ChartFont(double points, bool bold = false);
-
-// An SVG picture whose texts fall back on the viewer's sans-serif face where it has no Arial.
-QByteArray WithGenericFamily(QByteArray svg);
 
 struct FittedText {
     QString text;  // lines separated by line feeds

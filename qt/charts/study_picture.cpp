@@ -6,6 +6,7 @@
 #include "core/runtime/run_time_error.h"
 #include "qt/charts/chart_picture.h"
 #include "qt/charts/study_plot.h"
+#include "qt/session/picture_file.h"
 #include "qt/session/qt_text.h"
 
 namespace tarvokol {
@@ -22,11 +23,11 @@ template <typename Picture>
 void Write(const Picture& picture, const std::string& title, const std::string& path) {
     QCustomPlot plot;
     ComposeStudyPlot(plot, picture);
-    const auto image = [&](double scale) {
-        return plot.toPixmap(kPictureSize.width(), kPictureSize.height(), scale).toImage();
-    };
-    const auto draw = [&](QPaintDevice& device) { Draw(plot, device); };
-    WriteChartPicture({.title = ToQt(title), .image = image, .draw = draw}, path);
+    const PictureDrawing drawing{.title = ToQt(title),
+                                 .size = kPictureSize,
+                                 .image_scale = kPictureScale,
+                                 .draw = [&](QPaintDevice& device) { Draw(plot, device); }};
+    WritePictureFile(path, PictureBytes(drawing, path));
 }
 
 }  // namespace

@@ -13,7 +13,6 @@ namespace tarvokol {
 
 namespace {
 
-constexpr double kTwipsPerPixel = 15;
 constexpr double kStartFontSize = 8.25;
 constexpr double kLargestFontSize = 2160;
 // Pixels by which the top of a pillar and the start of its label may differ.
@@ -60,15 +59,13 @@ bool CutToSheet(QPointF& from, QPointF& to, const QSizeF& size) {
 }  // namespace
 
 PainterSurface::PainterSurface(QPaintDevice& device, const QSizeF& size)
-    : width_(size.width() * kTwipsPerPixel), height_(size.height() * kTwipsPerPixel) {
+    : width_(size.width() * TwipsPerPixel), height_(size.height() * TwipsPerPixel) {
     SetFontSize(kStartFontSize);
     SetTarget(device, size);
 }
 
 PainterSurface::PainterSurface(QPainter& painter, const QSizeF& size)
-    : given_painter_(&painter),
-      width_(size.width() * kTwipsPerPixel),
-      height_(size.height() * kTwipsPerPixel) {
+    : given_painter_(&painter), width_(size.width() * TwipsPerPixel), height_(size.height() * TwipsPerPixel) {
     SetFontSize(kStartFontSize);
     SetPaper(size, painter.deviceTransform().m11());
 }

@@ -1,22 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/plan/plan_export.h"
 
-#include <QBuffer>
 #include <QByteArray>
 #include <QImage>
-#include <QPageSize>
-#include <QPdfWriter>
 #include <QSize>
-#include <QSvgGenerator>
 #include <optional>
 
 #include "core/graphics/TarvoGraf.h"
-#include "core/runtime/run_time_error.h"
-#include "core/runtime/text.h"
-#include "qt/charts/chart_text.h"
 #include "qt/plan/painter_surface.h"
 #include "qt/session/picture_file.h"
-#include "qt/session/screen_units.h"
 
 namespace tarvokol {
 
@@ -72,58 +64,19 @@ std::optional<QSize> SheetOf(PlanView view) {
     return best;
 }
 
-bool DrawPng(QIODevice& out, PlanView view, const QSize& sheet) {
-    QImage image(sheet * kImageScale, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    image.setDevicePixelRatio(kImageScale);
-    const bool drawn = DrawView(image, view, sheet);
-    if (drawn && !image.save(&out, "PNG")) Raise(error_number::DeviceIo);
-    return drawn;
-}
-
-bool DrawSvg(QIODevice& out, PlanView view, const QSize& sheet) {
-    QSvgGenerator generator;
-    generator.setOutputDevice(&out);
-    generator.setResolution(kPixelsPerInch);
-    generator.setSize(sheet);
-    generator.setViewBox(QRect({0, 0}, sheet));
-    generator.setTitle("Panel plan");
-    return DrawView(generator, view, sheet);
-}
-
-bool DrawPdf(QIODevice& out, PlanView view, const QSize& sheet) {
-    QPdfWriter writer(&out);
-    writer.setPageMargins({});
-    writer.setPageSize(
-        QPageSize(QSizeF(sheet) / kPixelsPerPoint, QPageSize::Point, {}, QPageSize::ExactMatch));
-    writer.setTitle("Panel plan");
-    return DrawView(writer, view, sheet);
-}
-
-std::string Extension(const std::string& path) {
-    const std::size_t point = path.rfind('.');
-    return point == std::string::npos ? "" : path.substr(point + 1);
-}
-
-bool DrawFormat(const std::string& extension, QIODevice& out, PlanView view, const QSize& sheet) {
-    if (EqualIgnoringCase(extension, "png")) return DrawPng(out, view, sheet);
-    if (EqualIgnoringCase(extension, "svg")) return DrawSvg(out, view, sheet);
-    if (EqualIgnoringCase(extension, "pdf")) return DrawPdf(out, view, sheet);
-    Raise(error_number::InvalidCall);
-}
-
 }  // namespace
 
 bool ExportPlan(const std::string& path, PlanView view) {
     const std::optional<QSize> sheet = SheetOf(view);
     if (!sheet) return false;
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    if (!DrawFormat(Extension(path), buffer, view, *sheet)) return false;
-    buffer.close();
-    const bool svg = EqualIgnoringCase(Extension(path), "svg");
-    WritePictureFile(path, svg ? WithGenericFamily(buffer.data()) : buffer.data());
-    return true;
+    bool drawn = false;
+    const PictureDrawing drawing{
+        .title = "Panel plan", .size = *sheet, .image_scale = kImageScale, .draw = [&](QPaintDevice& device) {
+            drawn = DrawView(device, view, *sheet);
+        }};
+    const QByteArray bytes = PictureBytes(drawing, path);
+    if (drawn) WritePictureFile(path, bytes);
+    return drawn;
 }
 
 }  // namespace tarvokol

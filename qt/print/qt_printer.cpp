@@ -23,9 +23,6 @@
 namespace tarvokol {
 namespace {
 
-constexpr double kTwipsPerInch = 1440;
-constexpr double kTwipsPerPoint = 20;
-
 bool PrintsToFile(const QPrinter& device) {
     return device.outputFormat() == QPrinter::PdfFormat;
 }

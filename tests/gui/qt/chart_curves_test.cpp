@@ -129,7 +129,7 @@ TEST_F(ChartLooks, SymbolsAreSpreadOverThePoints) {
     EXPECT_EQ(Line(1).scatterSkip(), 1'000'000'000);
     // Half the width, less the room of the axes; every second point of the wide chart without data.
     At(225, 313);
-    EXPECT_EQ(Symbols(1).data()->size(), 4);  // 135 pixels
+    EXPECT_EQ(Symbols(1).data()->size(), 4);  // 145 pixels
     Chart.SetY(1, 51, HoleValue);
     Now();
     EXPECT_EQ(Symbols(1).data()->size(), 10);
@@ -145,8 +145,8 @@ TEST_F(ChartLooks, AZoomShowsMoreSymbolsAndACurveOfTwoPointsBoth) {
     Chart.SetSymbolShape(1, chart_style::DotSymbol);
     Chart.SetSymbolSize(1, 9);
     Show();
-    Wheel(Chart, Chart.PixelOf(1, 25), 3);  // 0.614 of the range: 584 pixels, 18 intervals
-    EXPECT_EQ(Symbols(1).data()->size(), 18);
+    Wheel(Chart, Chart.PixelOf(1, 25), 3);  // 0.614 of the range: 602 pixels, 19 intervals
+    EXPECT_EQ(Symbols(1).data()->size(), 19);
     Chart.ShowWholeRange();
     AddLine(2);
     Now();

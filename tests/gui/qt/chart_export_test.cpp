@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <filesystem>
 
+#include "qt/session/picture_file.h"
 #include "tests/support/curve_fixture.h"
 #include "tests/support/ink.h"
 #include "tests/support/waiting.h"
@@ -91,8 +92,8 @@ TEST_F(ChartExport, ThePdfShowsWhatThePngShowsUnderItsTitle) {
 }
 
 TEST_F(ChartExport, RefusesOtherFormats) {
-    EXPECT_TRUE(IsChartPicture("a.Png"));
-    EXPECT_FALSE(IsChartPicture("a.bmp"));
+    EXPECT_TRUE(IsPicture("a.Png"));
+    EXPECT_FALSE(IsPicture("a.bmp"));
     EXPECT_EQ(RaisedError([this] { ExportChart(GraphFamily::Stability, 0, PathTo("curves.bmp")); }), 5);
     EXPECT_FALSE(std::filesystem::exists(PathTo("curves.bmp")));
 }

@@ -9,6 +9,7 @@
 
 #include "qt/charts/chart_text.h"
 #include "qt/charts/chart_ticker.h"
+#include "qt/session/picture_file.h"
 #include "tests/gui/qt/chart_fixture.h"
 
 namespace tarvokol {
