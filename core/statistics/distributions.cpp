@@ -26,6 +26,18 @@ std::string Written(std::string text, Figures figures) {
     return text;
 }
 
+// A figure with its unit, for people.
+std::string WithUnit(double figure, const std::string& unit) {
+    std::string text;
+    AppendShortest(text, figure);
+    return unit.empty() ? text : text + ' ' + unit;
+}
+
+std::string MeanAndDeviation(const char* name, double mean, double deviation, const std::string& unit) {
+    return std::string(name) + ", mean " + WithUnit(mean, unit) + ", standard deviation " +
+           WithUnit(deviation, unit);
+}
+
 // A figure that does not vary.
 double ShareBelowConstant(double constant, double figure) {
     return figure < constant ? 0.0 : 1.0;
@@ -60,6 +72,9 @@ class Normal : public Distribution {
     double Mean() const override { return mean_; }
     double StandardDeviation() const override { return deviation_; }
     std::string Text() const override { return Written(kName, std::array{mean_, deviation_}); }
+    std::string InWords(const std::string& unit) const override {
+        return MeanAndDeviation(kName, mean_, deviation_, unit);
+    }
     void FillQuantiles(std::span<const double> shares, std::span<double> figures) const override {
         FillWithNormalQuantiles(shares, figures);
         FillFromNormal(figures, figures);
@@ -111,6 +126,9 @@ class Lognormal : public Distribution {
     double Mean() const override { return mean_; }
     double StandardDeviation() const override { return deviation_; }
     std::string Text() const override { return Written(kName, std::array{mean_, deviation_}); }
+    std::string InWords(const std::string& unit) const override {
+        return MeanAndDeviation(kName, mean_, deviation_, unit);
+    }
     void FillQuantiles(std::span<const double> shares, std::span<double> figures) const override {
         FillWithNormalQuantiles(shares, figures);
         FillFromNormal(figures, figures);
@@ -149,6 +167,10 @@ class WholeUniform : public Distribution {
     double Mean() const override { return low_ + (count_ - 1.0) / 2.0; }
     double StandardDeviation() const override { return std::sqrt((count_ * count_ - 1.0) / 12.0); }
     std::string Text() const override { return text_; }
+    std::string InWords(const std::string& unit) const override {
+        return "whole numbers from " + WithUnit(low_, "") + " to " + WithUnit(low_ + count_ - 1.0, unit) +
+               ", equally likely";
+    }
 
   private:
     double low_;
@@ -178,6 +200,9 @@ class Uniform : public Distribution {
     double Mean() const override { return (low_ + high_) / 2.0; }
     double StandardDeviation() const override { return (high_ - low_) / std::sqrt(12.0); }
     std::string Text() const override { return Written(kName, std::array{low_, high_}); }
+    std::string InWords(const std::string& unit) const override {
+        return std::string(kName) + " from " + WithUnit(low_, "") + " to " + WithUnit(high_, unit);
+    }
     DistributionPtr OverWholeNumbers() const override {
         if (std::ceil(low_) > std::floor(high_)) throw StudyRefusal("no whole number lies between LO and HI");
         return std::make_shared<const WholeUniform>(std::ceil(low_), std::floor(high_), Text());
@@ -225,6 +250,10 @@ class Triangular : public Distribution {
             18.0);
     }
     std::string Text() const override { return Written(kName, std::array{low_, mode_, high_}); }
+    std::string InWords(const std::string& unit) const override {
+        return std::string(kName) + " from " + WithUnit(low_, "") + " to " + WithUnit(high_, unit) +
+               ", mode " + WithUnit(mode_, unit);
+    }
 
   private:
     double low_;

@@ -28,6 +28,9 @@ class Distribution {
     // As it is written, shares of a base replaced by figures: "normal:900:135".
     virtual std::string Text() const = 0;
 
+    // The same for people, each figure with the unit: "normal, mean 900 psi, standard deviation 135 psi".
+    virtual std::string InWords(const std::string& unit) const = 0;
+
     // The quantiles of many shares; both lists are of the same length.
     virtual void FillQuantiles(std::span<const double> shares, std::span<double> figures) const;
 

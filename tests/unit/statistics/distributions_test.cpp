@@ -270,6 +270,18 @@ TEST(Distributions, AUniformCountHasEqualWeights) {
     EXPECT_THROW(ParseDistribution("uniform:7.1:7.9", 1)->OverWholeNumbers(), StudyRefusal);
 }
 
+TEST(Distributions, EachIsToldInWords) {
+    const auto words = [](const char* text, const char* unit) {
+        return ParseDistribution(text, 900)->InWords(unit);
+    };
+    EXPECT_EQ(words("normal:100%:15%", "psi"), "normal, mean 900 psi, standard deviation 135 psi");
+    EXPECT_EQ(words("lognormal:1.6:0.1", ""), "lognormal, mean 1.6, standard deviation 0.1");
+    EXPECT_EQ(words("uniform:50:220.5", "ft"), "uniform from 50 to 220.5 ft");
+    EXPECT_EQ(words("triangular:4:4.4:6", "ft"), "triangular from 4 to 6 ft, mode 4.4 ft");
+    EXPECT_EQ(ParseDistribution("uniform:9.5:13.5", 1)->OverWholeNumbers()->InWords(""),
+              "whole numbers from 10 to 13, equally likely");
+}
+
 // Figures of other kinds keep their share: z of 84.134474606854 % is 1.
 TEST(Distributions, EveryKindFollowsANormalFigure) {
     EXPECT_NEAR(FromNormal(*ParseDistribution("uniform:10:20", 1), 1), 18.4134474606854, 1e-12);
