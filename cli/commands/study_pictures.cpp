@@ -7,12 +7,9 @@
 #include "cli/output/drawing.h"
 #include "cli/output/progress_bar.h"
 #include "core/studies/study_names.h"
-#include "core/studies/study_pictures.h"
 
 namespace tarvokol::cli {
 namespace {
-
-constexpr std::size_t kMostMapCells = 4000000;
 
 const StudyFigure& FigureOf(const std::string& name, bool sizes) {
     if (name.empty()) return kStudyFigures.front();
@@ -40,42 +37,27 @@ class PictureProgress : public StudyObserver {
 };
 
 // A picture of nothing is no wrong usage: the panels were refused.
-template <typename Work>
-auto Drawable(Work work) {
+template <typename Make>
+auto PictureOf(Make make) {
     try {
-        return work();
+        return make();
+    } catch (const NothingToShow& nothing) {
+        throw DataError{nothing.what(), {nothing.what()}};
     } catch (const StudyRefusal& refusal) {
-        throw DataError{refusal.what(), {refusal.what()}};
+        throw RefusedOption("-o", refusal);
     }
 }
 
-// What is left to do with a picture that was calculated, and whether a panel of it was refused.
-template <typename Picture>
-bool Draw(const std::optional<Picture>& picture, const std::string& path) {
+// True if a panel of the picture was refused.
+template <typename Make>
+bool Draw(const RowJob& job, const std::string& path, Make make) {
+    const auto picture = PictureOf([&] {
+        PictureProgress progress(job.quiet);
+        return make(progress);
+    });
     if (!picture) return false;
     TheDrawing().DrawStudy(path, *picture);
-    return picture->any_refused;
-}
-
-bool DrawCurves(const SweepRequest& request, const RowJob& job, const std::string& figure_name,
-                const std::string& path) {
-    const StudyFigure& asked = FigureOf(figure_name, job.sizes);
-    const auto figures = figure_name.empty() ? FactorFigures() : std::span(&asked, 1);
-    PictureProgress progress(job.quiet);
-    return Draw(Drawable([&] { return CurvesOf(request, figures, job.title, progress); }), path);
-}
-
-bool DrawMap(const SweepRequest& request, const RowJob& job, const std::string& figure_name,
-             const std::string& path) {
-    const StudyFigure& figure = FigureOf(figure_name, job.sizes);
-    const ValueAxis& x = request.axes[0];
-    const ValueAxis& y = request.axes[1];
-    if (x.Count() < 2 || y.Count() < 2) throw UsageError{"-o: a map needs two values or more of each field"};
-    if (x.Count() * y.Count() > kMostMapCells)
-        throw UsageError{"-o: a map of more than " + std::to_string(kMostMapCells) +
-                         " panels; give larger steps"};
-    PictureProgress progress(job.quiet);
-    return Draw(Drawable([&] { return MapOf(request, figure, job.title, progress); }), path);
+    return picture->refused > 0;
 }
 
 }  // namespace
@@ -86,17 +68,22 @@ void CheckFigure(const std::string& figure, bool sizes) {
 
 bool DrawSweep(const SweepRequest& request, const RowJob& job, const std::string& figure,
                const std::string& path) {
+    const StudyFigure& asked = FigureOf(figure, job.sizes);
     if (request.axes.size() > 2)
         throw UsageError{"-o: a picture shows one field (curves) or two (a map), not " +
                          std::to_string(request.axes.size()) +
                          "; write .csv, .json or .xlsx, or vary fewer fields"};
-    if (request.axes.size() == 1) return DrawCurves(request, job, figure, path);
-    return DrawMap(request, job, figure, path);
+    if (request.axes.size() == 2)
+        return Draw(job, path,
+                    [&](StudyObserver& observer) { return MapOf(request, asked, job.title, observer); });
+    const std::span<const StudyFigure> figures = figure.empty() ? FactorFigures() : std::span(&asked, 1);
+    return Draw(job, path,
+                [&](StudyObserver& observer) { return CurvesOf(request, figures, job.title, observer); });
 }
 
 void DrawRisk(const RiskRequest& request, const RiskResult& result, const std::string& title,
               const std::string& path) {
-    TheDrawing().DrawStudy(path, Drawable([&] { return SpreadOf(request, result, title); }));
+    TheDrawing().DrawStudy(path, PictureOf([&] { return SpreadOf(request, result, title); }));
 }
 
 }  // namespace tarvokol::cli

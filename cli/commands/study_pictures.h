@@ -13,12 +13,14 @@ namespace tarvokol::cli {
 // Raises UsageError where `figure`, the name that --of gives, is none, and for a size without --size.
 void CheckFigure(const std::string& figure, bool sizes);
 
-// Draws a sweep of one or two fields, of two the figure named; empty stands for the default. Raises UsageError for more
-// fields, for a map whose axis has fewer than two values, and OutputError. True if a panel was refused.
+// Draws a sweep of one or two fields, of two the figure named; empty stands for the default. True if a panel
+// of it was refused. Raises UsageError for a request that cannot be drawn, DataError where there is nothing to be seen, and
+// OutputError.
 bool DrawSweep(const SweepRequest& request, const RowJob& job, const std::string& figure,
                const std::string& path);
 
-// Draws histogram and cumulative curve of each factor, its targets marked.
+// Draws histogram and cumulative curve of each factor, its targets marked. Raises DataError where every sample was
+// refused, and OutputError.
 void DrawRisk(const RiskRequest& request, const RiskResult& result, const std::string& title,
               const std::string& path);
 

@@ -10,7 +10,9 @@
 #include "core/graphics/graph_setup.h"
 #include "core/platform/row_sheet.h"
 #include "core/platform/spreadsheet_writer.h"
-#include "core/studies/study_pictures.h"
+#include "core/studies/curves_picture.h"
+#include "core/studies/map_picture.h"
+#include "core/studies/spread_picture.h"
 
 namespace tarvokol::cli {
 

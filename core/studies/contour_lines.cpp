@@ -166,6 +166,14 @@ class Cutter {
     std::unordered_map<Vertex, GridPoint> crossed_;
 };
 
+// Of a step: a level at the end of the values is one of them.
+constexpr double kNearEnough = 1e-9;
+
+// False of values that differ by no more than the last digits of a calculation may.
+bool Differ(double low, double high) {
+    return high - low > 1e-9 * std::max(std::abs(low), std::abs(high));
+}
+
 // The step of 1, 2 or 5 times a power of ten that is not below `least`.
 double RoundStep(double least) {
     const double power = std::pow(10.0, std::floor(std::log10(least)));
@@ -214,13 +222,20 @@ std::vector<double> RoundLevels(const ValueGrid& grid, int count) {
         if (std::isfinite(value)) sorted.push_back(value);
     if (sorted.empty()) return {};
     std::sort(sorted.begin(), sorted.end());
-    const std::size_t cut = sorted.size() / 50;
-    const double low = sorted[cut];
-    const double high = sorted[sorted.size() - 1 - cut];
-    if (!(high > low)) return {};
+    const auto low_end = [&](std::size_t part) { return sorted[sorted.size() / part]; };
+    const auto high_end = [&](std::size_t part) { return sorted[sorted.size() - 1 - sorted.size() / part]; };
+    const double middle_span = high_end(10) - low_end(10);
+    double low = std::max(low_end(50), low_end(10) - middle_span);
+    double high = std::min(high_end(50), high_end(10) + middle_span);
+    if (!Differ(low, high)) {
+        low = sorted.front();
+        high = sorted.back();
+    }
+    if (!Differ(low, high)) return {};
     const double step = RoundStep((high - low) / count);
     std::vector<double> levels;
-    for (double number = std::ceil(low / step); number * step <= high; ++number)
+    const double last = std::floor(high / step + kNearEnough);
+    for (double number = std::ceil(low / step - kNearEnough); number <= last; ++number)
         levels.push_back(number * step);
     return levels;
 }

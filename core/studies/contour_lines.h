@@ -51,7 +51,8 @@ std::vector<GridLine> ContourLines(const ValueGrid& grid, double level);
 std::vector<GridLine> OutlinesWithoutValue(const ValueGrid& grid);
 
 // Round levels, about `count` of them, over what most of the values span: the outermost 2 % on both sides do
-// not count, since one hopeless panel must not spend all lines on itself.
+// not count, nor what lies further from the middle 80 % than these span, since a few hopeless panels must not spend all
+// lines on themselves. None where the values do not differ.
 std::vector<double> RoundLevels(const ValueGrid& grid, int count);
 
 }  // namespace tarvokol

@@ -19,4 +19,13 @@ class ChartTicker : public QCPAxisTicker {
     double step_ = 1;
 };
 
+// Ticks of counts: at whole numbers, and nothing between them.
+class WholeTicker : public QCPAxisTickerFixed {
+  public:
+    WholeTicker() { setScaleStrategy(ssMultiples); }
+
+  protected:
+    int getSubTickCount(double) override { return 0; }
+};
+
 }  // namespace tarvokol

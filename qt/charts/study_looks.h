@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the plots of the studies have in common: looks of axes, header, legend and labels.
+// What the plots of studies have in common: lines of text above, axes, keys below.
 #pragma once
 
 #include <string>
@@ -7,39 +7,76 @@
 
 #include <qcustomplot.h>
 
+#include "core/studies/picture_parts.h"
+
 namespace tarvokol {
 
-constexpr double kHeaderPoints = 13;
-constexpr double kTitlePoints = 11;
-constexpr double kTextPoints = 9;
-constexpr double kLinePixels = 1.3;
-constexpr double kBoldPixels = 3.0;
+// Points.
+inline constexpr double kStudyHeaderPoints = 13;
+inline constexpr double kStudyTitlePoints = 11;
+inline constexpr double kStudyTextPoints = 9;
 
-// With "." in every locale and no more digits than they need.
-QString PlainNumber(double value);
+// Pixels.
+inline constexpr double kThinLine = 1.3;
+inline constexpr double kBoldLine = 3.0;
+inline constexpr double kTargetLine = 2.0;
 
-// A box with axes on all sides and the titles of its lower and left ones. Its last tick's label has room beside it.
-void StyleBox(QCPAxisRect& box, const std::string& x, const std::string& y);
+// Two tones that any printer keeps apart from one another and from white.
+inline const QColor kBelowGrey(226, 226, 226);
+inline const QColor kWithoutGrey(170, 170, 170);
 
-// Ticks at whole numbers alone, some dozen at the most, on an axis and the one opposite.
-void SetWholeTicks(QCPAxis& axis, QCPAxis& opposite);
+// The first row: the title of the picture.
+void AddStudyHeader(QCustomPlot& plot, const std::string& title);
 
-void AddHeader(QCustomPlot& plot, const std::string& title);
+// A row of text before row number `row`; it is broken into lines where it is too long. Returns its height in pixels.
+int AddStudyText(QCustomPlot& plot, int row, const std::string& text);
 
-// A row below the plot; the legend holds what was entered into it.
-void PlaceLegend(QCustomPlot& plot);
+// Titles, ranges and ticks of a box of axes; those of counts stand at whole numbers.
+void StyleStudyAxes(QCPAxisRect& box, const PictureAxis& x, const PictureAxis& y);
 
-// Gives the layout of the plot its places on a picture of kPictureSize, so that pixels can be asked for.
-void LayOut(QCustomPlot& plot);
+// How one thing on a plot is told from the others.
+struct StudyKey {
+    QString text;
+    QPen line{Qt::NoPen};
+    QCPScatterStyle symbol;  // in the middle of the line
+    QColor tone;             // of a region; invalid for none
+};
 
-// A text on a light ground, at a place of the box's own axes.
-QCPItemText& AddText(QCustomPlot& plot, QCPAxisRect& box, const QPointF& place, const QString& text,
-                     bool bold, Qt::Alignment side);
+// A key in the legend.
+class StudyKeyItem : public QCPAbstractLegendItem {
+  public:
+    StudyKeyItem(QCPLegend* legend, StudyKey key);
 
-// The pixels that such a text takes.
-QSizeF TextSize(const QString& text, bool bold);
+    const StudyKey& Key() const { return key_; }
 
-// A range with some room on both sides.
-QCPRange Widened(double low, double high);
+  protected:
+    QSize minimumOuterSizeHint() const override;
+    void draw(QCPPainter* painter) override;
+
+  private:
+    StudyKey key_;
+};
+
+// The keys in the last row, side by side as far as they have room.
+void PlaceStudyKeys(QCustomPlot& plot, const std::vector<StudyKey>& keys);
+
+// Draws whatever it is in pixels, once the plot has its size.
+class StudyDrawing : public QCPAbstractItem {
+  public:
+    explicit StudyDrawing(QCustomPlot& plot, QCPAxisRect& box) : QCPAbstractItem(&plot), box_(box) {
+        setClipToAxisRect(false);
+        setSelectable(false);
+    }
+    double selectTest(const QPointF&, bool, QVariant*) const override { return -1; }
+
+  protected:
+    QRectF Frame() const { return box_.rect(); }
+    QPointF PixelOf(double x, double y) const {
+        return {box_.axis(QCPAxis::atBottom)->coordToPixel(x), box_.axis(QCPAxis::atLeft)->coordToPixel(y)};
+    }
+
+  private:
+    QCPAxisRect& box_;
+};
 
 }  // namespace tarvokol

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Maps: lines of equal value with their values on them, the target's in bold, and grey what lies below it.
+// The map of a study: lines of equal value with their values on them, the target's bold, what lies below it grey.
 #include <QPainterPath>
 #include <algorithm>
-#include <array>
-#include <cmath>
+#include <climits>
+#include <memory>
 
 #include "qt/charts/chart_picture.h"
+#include "qt/charts/chart_text.h"
+#include "qt/charts/label_places.h"
 #include "qt/charts/study_looks.h"
 #include "qt/charts/study_plot.h"
 #include "qt/session/qt_text.h"
@@ -13,203 +15,183 @@
 namespace tarvokol {
 namespace {
 
-const QColor kBelowGrey(226, 226, 226);
-const QColor kWithoutGrey(168, 168, 168);
+constexpr double kShortestNamed = 60;  // pixels: a shorter line has no room for its label
+constexpr int kMostCovered = 60;       // pixels of other lines that a label may interrupt
+constexpr double kLabelRoom = 2;       // pixels on either side of a label's text
 
-// The area inside outlines, holes left out, in one tone that any printer shows.
-class TonedArea : public QCPAbstractPlottable {
+// Labels of neighbouring lines are wanted at different shares of them.
+constexpr std::array kWantedShares{0.3, 0.5, 0.7};
+
+QCPScatterStyle ProjectSymbol() {
+    return {QCPScatterStyle::ssCrossCircle, QPen(kInk, 1.6), Qt::white, 12};
+}
+
+// A line in pixels with its label's text.
+struct PixelLine {
+    QPolygonF line;
+    QString text;
+    bool bold;
+};
+
+struct PlacedLabel {
+    QRectF box;
+    QString text;
+    QFont font;
+};
+
+class MapDrawing : public StudyDrawing {
   public:
-    TonedArea(QCustomPlot& plot, const std::vector<GridLine>& outlines, const QColor& tone)
-        : QCPAbstractPlottable(plot.xAxis, plot.yAxis), outlines_(outlines) {
-        setPen(Qt::NoPen);
-        setBrush(tone);
-        setLayer("background");
-    }
-
-    double selectTest(const QPointF&, bool, QVariant*) const override { return -1; }
-    QCPRange getKeyRange(bool& found, QCP::SignDomain) const override {
-        found = false;
-        return {};
-    }
-    QCPRange getValueRange(bool& found, QCP::SignDomain, const QCPRange&) const override {
-        found = false;
-        return {};
-    }
+    MapDrawing(QCustomPlot& plot, MapPicture picture)
+        : StudyDrawing(plot, *plot.axisRect()), picture_(std::move(picture)) {}
 
   protected:
     void draw(QCPPainter* painter) override {
+        Fill(*painter, picture_.without, kWithoutGrey);
+        Fill(*painter, picture_.below, kBelowGrey);
+        const std::vector<PixelLine> lines = PixelLines();
+        const std::vector<PlacedLabel> labels = PlaceLabels(lines);
+        std::vector<QRectF> boxes;
+        for (const PlacedLabel& label : labels) boxes.push_back(label.box);
+        painter->setBrush(Qt::NoBrush);
+        for (const PixelLine& line : lines) {
+            painter->setPen(
+                QPen(kInk, line.bold ? kBoldLine : kThinLine, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+            for (const QPolygonF& piece : CutAtBoxes(line.line, boxes))
+                painter->drawPolyline(piece.constData(), static_cast<int>(piece.size()));
+        }
+        painter->setPen(kInk);
+        for (const PlacedLabel& label : labels) {
+            painter->setFont(label.font);
+            painter->drawText(label.box, Qt::TextDontClip | Qt::AlignCenter, label.text);
+        }
+        DrawProject(*painter);
+    }
+
+  private:
+    QPolygonF PixelsOf(const GridLine& line) const {
+        QPolygonF pixels;
+        for (const GridPoint& point : line) pixels.append(PixelOf(point.x, point.y));
+        return pixels;
+    }
+
+    void Fill(QCPPainter& painter, const std::vector<GridLine>& region, const QColor& tone) const {
         QPainterPath path;
         path.setFillRule(Qt::OddEvenFill);
-        for (const GridLine& outline : outlines_) {
-            QPolygonF polygon;
-            for (const GridPoint& point : outline) polygon.append(coordsToPixels(point.x, point.y));
-            path.addPolygon(polygon);
-            path.closeSubpath();
+        for (const GridLine& line : region) path.addPolygon(PixelsOf(line));
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(tone);
+        painter.drawPath(path);
+    }
+
+    // The target's first: its labels have their place before all others.
+    std::vector<PixelLine> PixelLines() const {
+        std::vector<PixelLine> lines;
+        const auto add = [&](const MapLevel& level, bool bold) {
+            for (const GridLine& line : level.lines)
+                lines.push_back({PixelsOf(line), ToQt(level.text), bold});
+        };
+        add(picture_.target, true);
+        for (const MapLevel& level : picture_.levels) add(level, false);
+        return lines;
+    }
+
+    std::vector<PlacedLabel> PlaceLabels(const std::vector<PixelLine>& lines) const {
+        LabelPlaces places(Frame());
+        int number = 0;
+        for (const PixelLine& line : lines) places.AddLine(line.line, ++number);
+        if (picture_.project) places.AddBox(ProjectBox());
+        std::vector<PlacedLabel> labels;
+        if (!picture_.remark.empty()) PlaceRemark(places, labels);
+        number = 0;
+        for (const PixelLine& line : lines) {
+            ++number;
+            if (LengthOf(line.line) < kShortestNamed) continue;
+            const QFont font = ChartFont(kStudyTextPoints, line.bold);
+            const QSizeF size = SizeOf(line.text, font);
+            const double wanted = kWantedShares[static_cast<std::size_t>(number) % kWantedShares.size()];
+            const auto box =
+                places.Take(size, LabelPlaces::Along(line.line, size, wanted), number, kMostCovered);
+            if (box) labels.push_back({*box, line.text, font});
         }
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(brush());
-        painter->drawPath(path);
+        return labels;
     }
 
-    void drawLegendIcon(QCPPainter* painter, const QRectF& room) const override {
-        painter->setPen(QPen(kInk, 0.5));
-        painter->setBrush(brush());
-        painter->drawRect(room.adjusted(1, 2, -1, -2));
+    // In the middle, or as near to it as the project's place leaves room.
+    void PlaceRemark(LabelPlaces& places, std::vector<PlacedLabel>& labels) const {
+        constexpr double kStep = 4;
+        const FittedText text = FitText(ToQt(picture_.remark), ChartFont(kStudyTitlePoints, true),
+                                        static_cast<int>(Frame().width() - 2 * kStep));
+        std::vector<LabelPlaces::Candidate> candidates;
+        for (double away = 0; away < Frame().height() / 2; away += kStep)
+            for (const double y : {-away, away})
+                candidates.push_back({Frame().center() + QPointF(0, y), away});
+        const int lines = static_cast<int>(text.text.count('\n') + 1);
+        const QSizeF size(Frame().width() - 2 * kStep, SizeOf(text.text, text.font).height() * lines);
+        if (const auto box = places.Take(size, candidates, 0, INT_MAX))
+            labels.push_back({*box, text.text, text.font});
     }
 
-  private:
-    std::vector<GridLine> outlines_;
+    static QSizeF SizeOf(const QString& text, const QFont& font) {
+        const QFontMetricsF metrics(font);
+        return {metrics.horizontalAdvance(text) + 2 * kLabelRoom, metrics.ascent() + metrics.descent()};
+    }
+
+    QRectF ProjectBox() const {
+        const double size = ProjectSymbol().size() + 4;
+        QRectF box(0, 0, size, size);
+        box.moveCenter(PixelOf(picture_.project->place.x, picture_.project->place.y));
+        return box;
+    }
+
+    void DrawProject(QCPPainter& painter) const {
+        if (!picture_.project) return;
+        const QCPScatterStyle symbol = ProjectSymbol();
+        symbol.applyTo(&painter, QPen(kInk));
+        symbol.drawShape(&painter, PixelOf(picture_.project->place.x, picture_.project->place.y));
+    }
+
+    MapPicture picture_;
 };
 
-void AddArea(QCustomPlot& plot, const std::vector<GridLine>& outlines, const QColor& tone,
-             const QString& name) {
-    if (outlines.empty()) return;
-    auto* area = new TonedArea(plot, outlines, tone);
-    area->setName(name);
+std::string Lowered(std::string text) {
+    if (!text.empty() && text[0] == 'T') text[0] = 't';
+    return text;
 }
 
-// The first of the lines stands in the legend for all of them.
-void AddLines(QCustomPlot& plot, const std::vector<GridLine>& lines, double width, const QString& key) {
-    for (const GridLine& line : lines) {
-        auto* curve = new QCPCurve(plot.xAxis, plot.yAxis);
-        curve->setPen(QPen(kInk, width));
-        if (key.isEmpty() || &line != &lines.front()) curve->removeFromLegend();
-        curve->setName(key);
-        QVector<double> x;
-        QVector<double> y;
-        for (const GridPoint& point : line) {
-            x.append(point.x);
-            y.append(point.y);
-        }
-        curve->setData(x, y);
-    }
-}
-
-// Labels on the lines: whole inside the frame, and none over another or over the project's mark.
-class LineLabels {
-  public:
-    explicit LineLabels(QCustomPlot& plot) : plot_(plot), frame_(plot.axisRect()->rect()) {}
-
-    void Keep(const QPointF& pixel) {
-        constexpr double kMark = 8;  // pixels round a mark
-        taken_.emplace_back(pixel.x() - kMark, pixel.y() - kMark, 2 * kMark, 2 * kMark);
-    }
-
-    void Add(const std::vector<GridLine>& lines, double level, bool bold) {
-        constexpr double kShortest = 60;  // pixels; a shorter line has no room for its label
-        const QString text = PlainNumber(level);
-        for (const GridLine& line : lines) {
-            const std::vector<double> along = LengthsAlong(line);
-            if (along.back() >= kShortest) Place(line, along, text, bold);
-        }
-    }
-
-  private:
-    QPointF PixelOf(const GridPoint& point) const {
-        return {plot_.xAxis->coordToPixel(point.x), plot_.yAxis->coordToPixel(point.y)};
-    }
-
-    // The length of the line up to each of its points, in pixels.
-    std::vector<double> LengthsAlong(const GridLine& line) const {
-        std::vector<double> along{0};
-        for (std::size_t i = 1; i < line.size(); ++i) {
-            const QPointF step = PixelOf(line[i]) - PixelOf(line[i - 1]);
-            along.push_back(along.back() + std::hypot(step.x(), step.y()));
-        }
-        return along;
-    }
-
-    static GridPoint PlaceAlong(const GridLine& line, const std::vector<double>& along, double length) {
-        const auto end = std::lower_bound(along.begin() + 1, along.end(), length);
-        const auto i = static_cast<std::size_t>(end - along.begin());
-        const double piece = along[i] - along[i - 1];
-        const double share = piece > 0 ? (length - along[i - 1]) / piece : 0;
-        return {line[i - 1].x + share * (line[i].x - line[i - 1].x),
-                line[i - 1].y + share * (line[i].y - line[i - 1].y)};
-    }
-
-    // Near the middle first; labels of neighbouring lines then find their places beside one another.
-    void Place(const GridLine& line, const std::vector<double>& along, const QString& text, bool bold) {
-        constexpr std::array kShares{0.5, 0.4, 0.6, 0.3, 0.7, 0.2, 0.8, 0.12, 0.88};
-        const QSizeF size = TextSize(text, bold);
-        for (const double share : kShares) {
-            const GridPoint place = PlaceAlong(line, along, share * along.back());
-            QRectF room(QPointF(), size);
-            room.moveCenter(PixelOf(place));
-            if (!IsFree(room)) continue;
-            taken_.push_back(room);
-            AddText(plot_, *plot_.axisRect(), {place.x, place.y}, text, bold, Qt::AlignCenter);
-            return;
-        }
-    }
-
-    bool IsFree(const QRectF& room) const {
-        constexpr double kGap = 2;
-        const QRectF wide = room.adjusted(-kGap, -kGap, kGap, kGap);
-        return frame_.contains(wide) && std::none_of(taken_.begin(), taken_.end(), [&](const QRectF& other) {
-                   return other.intersects(wide);
-               });
-    }
-
-    QCustomPlot& plot_;
-    QRectF frame_;
-    std::vector<QRectF> taken_;
-};
-
-void MarkProject(QCustomPlot& plot, const GridPoint& place) {
-    constexpr double kMarkPixels = 11;
-    QCPGraph* mark = plot.addGraph();
-    mark->setName("the project");
-    mark->setLineStyle(QCPGraph::lsNone);
-    mark->setScatterStyle(
-        QCPScatterStyle(QCPScatterStyle::ssCrossCircle, QPen(kInk, 1.6), QBrush(Qt::white), kMarkPixels));
-    mark->addData(place.x, place.y);
-}
-
-void SayConstant(QCustomPlot& plot, const MapPicture& picture) {
-    const QPointF middle(plot.xAxis->range().center(), plot.yAxis->range().center());
-    AddText(plot, *plot.axisRect(), middle,
-            ToQt(picture.value_name) + ": " + PlainNumber(*picture.constant) + " everywhere", true,
-            Qt::AlignCenter);
-}
-
-void AddAreasAndLines(QCustomPlot& plot, const MapPicture& picture) {
-    AddArea(plot, picture.without, kWithoutGrey, "no value");
-    const QString target =
-        picture.target ? ToQt(picture.target->name) + " " + PlainNumber(picture.target->value) : QString();
-    AddArea(plot, picture.at_target.below, kBelowGrey, "below " + target);
-    QString key = ToQt(picture.value_name);
-    for (const MapLevel& level : picture.levels) {
-        AddLines(plot, level.lines, kLinePixels, key);
-        key.clear();
-    }
-    AddLines(plot, picture.at_target.lines, kBoldPixels, target);
-    if (picture.project) MarkProject(plot, *picture.project);
-}
-
-void AddLabels(QCustomPlot& plot, const MapPicture& picture) {
-    LineLabels labels(plot);
+// What the map shows, and nothing else.
+std::vector<StudyKey> KeysOf(const MapPicture& picture) {
+    std::vector<StudyKey> keys;
+    const QPen thin(kInk, kThinLine, Qt::SolidLine, Qt::FlatCap);
+    const QPen bold(kInk, kBoldLine, Qt::SolidLine, Qt::FlatCap);
+    if (!picture.levels.empty()) keys.push_back({ToQt(picture.figure), thin, {}, {}});
+    if (!picture.target.lines.empty()) keys.push_back({ToQt(picture.target_name), bold, {}, {}});
+    if (!picture.below.empty())
+        keys.push_back(
+            {picture.target.lines.empty() ? ToQt("below " + Lowered(picture.target_name)) : "below it",
+             QPen(Qt::NoPen),
+             {},
+             kBelowGrey});
+    if (!picture.without.empty())
+        keys.push_back({ToQt(picture.why_without), QPen(Qt::NoPen), {}, kWithoutGrey});
     if (picture.project)
-        labels.Keep(
-            {plot.xAxis->coordToPixel(picture.project->x), plot.yAxis->coordToPixel(picture.project->y)});
-    if (picture.target) labels.Add(picture.at_target.lines, picture.target->value, true);
-    for (const MapLevel& level : picture.levels) labels.Add(level.lines, level.value, false);
+        keys.push_back({ToQt("the project: " + picture.project->text), QPen(Qt::NoPen), ProjectSymbol(), {}});
+    return keys;
 }
 
 }  // namespace
 
 void ComposeStudyPlot(QCustomPlot& plot, const MapPicture& picture) {
-    StyleBox(*plot.axisRect(), picture.titles.x, picture.titles.y);
-    plot.xAxis->setRange(picture.grid.x.front(), picture.grid.x.back());
-    plot.yAxis->setRange(picture.grid.y.front(), picture.grid.y.back());
-    if (picture.whole_x) SetWholeTicks(*plot.xAxis, *plot.xAxis2);
-    if (picture.whole_y) SetWholeTicks(*plot.yAxis, *plot.yAxis2);
-    AddAreasAndLines(plot, picture);
-    PlaceLegend(plot);
-    AddHeader(plot, picture.titles.title);
-    LayOut(plot);
-    AddLabels(plot, picture);
-    if (picture.constant) SayConstant(plot, picture);
+    StyleStudyAxes(*plot.axisRect(), picture.x, picture.y);
+    // Lines of a grid would be taken for those of the map.
+    for (QCPAxis* axis : {plot.xAxis, plot.yAxis}) axis->grid()->setVisible(false);
+    AddStudyHeader(plot, picture.title);
+    if (!picture.note.empty()) AddStudyText(plot, 1, picture.note);
+    new MapDrawing(plot, picture);  // the plot's from now on
+    PlaceStudyKeys(plot, KeysOf(picture));
+}
+
+QSize StudyPictureSize(const MapPicture&) {
+    return kPictureSize;
 }
 
 }  // namespace tarvokol

@@ -12,36 +12,41 @@
 namespace tarvokol {
 namespace {
 
-void Draw(QCustomPlot& plot, QPaintDevice& device) {
+// The plot's size is that of the device from the start, so that texts which look for their place find it.
+template <typename Picture>
+void Draw(const Picture& picture, QPaintDevice& device) {
+    const QSize size = StudyPictureSize(picture);
+    QCustomPlot plot;
+    ComposeStudyPlot(plot, picture);
     QCPPainter painter;
     if (!painter.begin(&device)) Raise(error_number::DeviceIo);
     painter.setMode(QCPPainter::pmVectorized);
-    plot.toPainter(&painter, kPictureSize.width(), kPictureSize.height());
+    painter.setMode(QCPPainter::pmNoCaching);
+    plot.toPainter(&painter, size.width(), size.height());
+    if (!painter.end()) Raise(error_number::DeviceIo);
 }
 
 template <typename Picture>
-void Write(const Picture& picture, const std::string& title, const std::string& path) {
-    QCustomPlot plot;
-    ComposeStudyPlot(plot, picture);
-    const PictureDrawing drawing{.title = ToQt(title),
-                                 .size = kPictureSize,
+void Write(const Picture& picture, const std::string& path) {
+    const PictureDrawing drawing{.title = ToQt(picture.title),
+                                 .size = StudyPictureSize(picture),
                                  .image_scale = kPictureScale,
-                                 .draw = [&](QPaintDevice& device) { Draw(plot, device); }};
+                                 .draw = [&](QPaintDevice& device) { Draw(picture, device); }};
     WritePictureFile(path, PictureBytes(drawing, path));
 }
 
 }  // namespace
 
 void WriteStudyPicture(const CurvesPicture& picture, const std::string& path) {
-    Write(picture, picture.titles.title, path);
+    Write(picture, path);
 }
 
 void WriteStudyPicture(const MapPicture& picture, const std::string& path) {
-    Write(picture, picture.titles.title, path);
+    Write(picture, path);
 }
 
 void WriteStudyPicture(const SpreadPicture& picture, const std::string& path) {
-    Write(picture, picture.title, path);
+    Write(picture, path);
 }
 
 }  // namespace tarvokol

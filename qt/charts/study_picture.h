@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The files of studies' pictures, in the style of the graph windows; every difference shows in black and white, too.
+// The pictures of studies as files.
 #pragma once
 
 #include <string>
 
-#include "core/studies/study_pictures.h"
+#include "core/studies/curves_picture.h"
+#include "core/studies/map_picture.h"
+#include "core/studies/spread_picture.h"
 
 namespace tarvokol {
 

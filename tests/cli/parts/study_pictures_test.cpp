@@ -48,18 +48,19 @@ class StudyPictures : public DrawnTest {
     }
 };
 
-void ExpectTitles(const PictureTitles& titles, const std::string& title, const std::string& x,
+template <typename Picture>
+void ExpectTitles(const Picture& picture, const std::string& title, const std::string& x,
                   const std::string& y) {
-    EXPECT_EQ(titles.title, title);
-    EXPECT_EQ(titles.x, x);
-    EXPECT_EQ(titles.y, y);
+    EXPECT_EQ(picture.title, title);
+    EXPECT_EQ(picture.x.title, x);
+    EXPECT_EQ(picture.y.title, y);
 }
 
 TEST_F(StudyPictures, OneFieldGivesTheCurvesOfTheThreeFactorsWithTheirTargets) {
     const CurvesPicture picture = CurvesOf(Sweep({"DepthCover=100,200"}));
     EXPECT_THAT(TheRecording().Kinds, ElementsAre(".svg"));
-    ExpectTitles(picture.titles, "Ridge Panel 4", "Depth of cover (ft)", "Stability factor");
-    EXPECT_THAT(picture.x, ElementsAre(100, 200));
+    ExpectTitles(picture, "Ridge Panel 4", "Depth of cover (ft)", "Stability factor");
+    EXPECT_THAT(picture.places, ElementsAre(100, 200));
     ASSERT_EQ(picture.curves.size(), 3u);
     EXPECT_EQ(picture.curves[0].name, "Overall");
     EXPECT_EQ(picture.curves[1].name, "Webs ONLY");
@@ -69,12 +70,12 @@ TEST_F(StudyPictures, OneFieldGivesTheCurvesOfTheThreeFactorsWithTheirTargets) {
     EXPECT_THAT(picture.curves[1].y, ElementsAre(DoubleNear(4.7199928, 1e-13), DoubleNear(2.3599964, 1e-13)));
     EXPECT_NEAR(picture.curves[2].y[0], 4.713406400915023, 1e-13);
     ASSERT_EQ(picture.targets.size(), 3u);
-    EXPECT_EQ(picture.targets[0].name, "Target");
-    EXPECT_EQ(picture.targets[0].value, 1);
-    EXPECT_EQ(picture.targets[1].name, "Target SFWeb");
-    EXPECT_EQ(picture.targets[1].value, double{1.6f});
-    EXPECT_EQ(picture.targets[2].name, "Target SFBarrier");
-    EXPECT_EQ(picture.targets[2].value, 2);
+    EXPECT_EQ(picture.targets[0].name, "Target 1");
+    EXPECT_EQ(picture.targets[0].line.front().y, 1);
+    EXPECT_EQ(picture.targets[1].name, "Target SFWeb 1.6");
+    EXPECT_EQ(picture.targets[1].line.front().y, double{1.6f});
+    EXPECT_EQ(picture.targets[2].name, "Target SFBarrier 2");
+    EXPECT_EQ(picture.targets[2].line.front().y, 2);
 }
 
 TEST_F(StudyPictures, AFigureThatIsAskedForIsTheOnlyCurve) {
@@ -87,10 +88,10 @@ TEST_F(StudyPictures, AFigureThatIsAskedForIsTheOnlyCurve) {
     };
     const double ratio = 100.0 * 50 / 110;  // 5 holes of 10 beside 4 webs of 10 and a barrier of 20
     for (const Case& one :
-         {Case{"overall", "Overall", "Stability factor \"Overall\"", 5.934529745454546, "Target"},
-          {"WEBSONLY", "Webs ONLY", "Stability factor \"Webs ONLY\"", 4.7199928, "Target SFWeb"},
+         {Case{"overall", "Overall", "Stability factor \"Overall\"", 5.934529745454546, "Target 1"},
+          {"WEBSONLY", "Webs ONLY", "Stability factor \"Webs ONLY\"", 4.7199928, "Target SFWeb 1.6"},
           {"BarrierPillar", "Barrier Pillar", "Stability factor \"Barrier Pillar\"", 4.713406400915023,
-           "Target SFBarrier"},
+           "Target SFBarrier 2"},
           {"ExtractionRatio", "Extraction ratio", "Extraction ratio (percent)", ratio, nullptr},
           {"SuggestedWeb", "Suggested web", "Suggested web (in)", 38.9991340637207, nullptr},
           {"SuggestedBarrier", "Suggested barrier", "Suggested barrier (in)", 122.40354919433594, nullptr}}) {
@@ -98,7 +99,7 @@ TEST_F(StudyPictures, AFigureThatIsAskedForIsTheOnlyCurve) {
         Words words = Sweep({"DepthCover=100"}, one.of);
         words.emplace_back("--size");
         const CurvesPicture picture = CurvesOf(words);
-        EXPECT_EQ(picture.titles.y, one.title);
+        EXPECT_EQ(picture.y.title, one.title);
         ASSERT_EQ(picture.curves.size(), 1u);
         EXPECT_EQ(picture.curves[0].name, one.legend);
         EXPECT_THAT(picture.curves[0].y, ElementsAre(DoubleNear(one.value, 1e-5)));
@@ -120,11 +121,9 @@ TEST_F(StudyPictures, SizesHaveToBeAskedForWithTheirFigure) {
 
 TEST_F(StudyPictures, TwoFieldsGiveAMapWithTheFirstFromLeftToRight) {
     const MapPicture picture = MapOf(Sweep({"WebThickness=10,20,30", "DepthCover=100,200"}, "WebsOnly"));
-    ExpectTitles(picture.titles, "Ridge Panel 4", "Web thickness (ft)", "Depth of cover (ft)");
-    EXPECT_EQ(picture.value_name, "Stability factor \"Webs ONLY\"");
-    ASSERT_TRUE(picture.target);
-    EXPECT_EQ(picture.target->name, "Target SFWeb");
-    EXPECT_EQ(picture.target->value, double{1.6f});
+    ExpectTitles(picture, "Ridge Panel 4", "Web thickness (ft)", "Depth of cover (ft)");
+    EXPECT_EQ(picture.figure, "Stability factor \"Webs ONLY\"");
+    EXPECT_EQ(picture.target_name, "Target SFWeb 1.6");
     // 240 steps of each axis, or just above.
     ASSERT_EQ(picture.grid.x.size(), 241u);
     ASSERT_EQ(picture.grid.y.size(), 241u);
@@ -138,14 +137,12 @@ TEST_F(StudyPictures, TwoFieldsGiveAMapWithTheFirstFromLeftToRight) {
 
 TEST_F(StudyPictures, AMapShowsTheWholePanelUnlessAFigureIsAskedFor) {
     const MapPicture whole = MapOf(Sweep({"WebThickness=10,20", "DepthCover=100,200"}));
-    EXPECT_EQ(whole.value_name, "Stability factor \"Overall\"");
-    ASSERT_TRUE(whole.target);
-    EXPECT_EQ(whole.target->name, "Target");
-    EXPECT_EQ(whole.target->value, 1);
+    EXPECT_EQ(whole.figure, "Stability factor \"Overall\"");
+    EXPECT_EQ(whole.target_name, "Target 1");
     EXPECT_NEAR(whole.grid.At(0, 0), 5.934529745454546, 1e-13);
     const MapPicture ratio = MapOf(Sweep({"WebThickness=10,20", "DepthCover=100,200"}, "ExtractionRatio"));
-    EXPECT_EQ(ratio.value_name, "Extraction ratio (percent)");
-    EXPECT_FALSE(ratio.target);
+    EXPECT_EQ(ratio.figure, "Extraction ratio (percent)");
+    EXPECT_EQ(ratio.target_name, "");
 }
 
 TEST_F(StudyPictures, APictureOfRefusedPanelsAloneIsRefused) {
@@ -157,9 +154,10 @@ TEST_F(StudyPictures, APictureOfRefusedPanelsAloneIsRefused) {
 }
 
 TEST_F(StudyPictures, AMapHasTwoFieldsWithTwoValuesOrMoreAndNotTooMany) {
-    const std::string two = "-o: a map needs two values or more of each field";
+    const std::string two = "-o: a map needs two different values or more of each field";
     EXPECT_EQ(Refusal(Sweep({"WebThickness=10", "DepthCover=100,200"})), two);
     EXPECT_EQ(Refusal(Sweep({"WebThickness=10,20", "DepthCover=100"})), two);
+    EXPECT_EQ(Refusal(Sweep({"WebThickness=10,10", "DepthCover=100,200"})), two);
     EXPECT_EQ(Refusal(Sweep({"WebThickness=10:20/2001", "DepthCover=100:200/2000"})),
               "-o: a map of more than 4000000 panels; give larger steps");
     EXPECT_EQ(
@@ -177,40 +175,52 @@ TEST_F(StudyPictures, AMetricProjectWithoutATitleGivesItsPathAndItsUnits) {
         words.at(1) = path;
         return words;
     };
-    ExpectTitles(CurvesOf(sweep({"CoalStrength=5,6"})).titles, path, "In situ coal strength (MPa)",
+    ExpectTitles(CurvesOf(sweep({"CoalStrength=5,6"})), path, "In situ coal strength (MPa)",
                  "Stability factor");
-    ExpectTitles(MapOf(sweep({"NumberHoles=5,6", "UnitWeight=25,26"})).titles, path, "Number of holes",
+    ExpectTitles(MapOf(sweep({"NumberHoles=5,6", "UnitWeight=25,26"})), path, "Number of holes",
                  "Overburden unit weight (kN/m3)");
 }
 
-TEST_F(StudyPictures, ARiskGivesTheSortedFactorsWithTheirTargets) {
+// Status 1 tells of the panels that are refused, be it a map or curves; the picture is drawn all the same.
+TEST_F(StudyPictures, RefusedPanelsAreToldByTheStatus) {
+    EXPECT_EQ(Run(Sweep({"DepthCover=-2,100"})), exit_status::Refused);
+    EXPECT_EQ(Run(Sweep({"DepthCover=-2,100", "Height=5,6"})), exit_status::Refused);
+    EXPECT_EQ(TheRecording().Curves.size(), 1u);
+    ASSERT_EQ(TheRecording().Maps.size(), 1u);
+    EXPECT_EQ(TheRecording().Maps[0].refused, 2u);
+}
+
+TEST_F(StudyPictures, ARiskGivesTheSpreadOfTheFactorsWithTheirTargets) {
     const SpreadPicture picture = SpreadOf("DepthCover=uniform:200:400", "50");
     EXPECT_EQ(picture.title, "Ridge Panel 4");
     EXPECT_THAT(TheRecording().Kinds, ElementsAre(".svg"));
+    EXPECT_THAT(picture.words, ElementsAre("Depth of cover uniform from 200 to 400 ft",
+                                           "50 samples (Latin hypercube), seed 1, 0 refused; probabilities "
+                                           "with their 95 % interval"));
     ASSERT_EQ(picture.panels.size(), 3u);
     const char* const names[] = {"Stability factor \"Overall\"", "Stability factor \"Webs ONLY\"",
                                  "Stability factor \"Barrier Pillar\""};
     const std::vector<std::vector<double>> targets{{1}, {double{1.6f}, 1}, {2, 1}};
     for (std::size_t i = 0; i < 3; ++i) {
         const SpreadPanel& panel = picture.panels[i];
-        EXPECT_EQ(panel.name, names[i]);
-        EXPECT_EQ(panel.sorted.size(), 50u);
-        EXPECT_TRUE(std::is_sorted(panel.sorted.begin(), panel.sorted.end()));
+        EXPECT_EQ(panel.x.title, names[i]);
         ASSERT_EQ(panel.targets.size(), targets[i].size());
-        for (std::size_t j = 0; j < targets[i].size(); ++j) {
-            EXPECT_EQ(panel.targets[j].value, targets[i][j]);
-        }
+        for (std::size_t j = 0; j < targets[i].size(); ++j) EXPECT_EQ(panel.targets[j].value, targets[i][j]);
     }
-    // One sample in each fiftieth of 200 to 400 ft.
-    EXPECT_GT(picture.panels[1].sorted.front(), 471.99928 / 400);
-    EXPECT_LT(picture.panels[1].sorted.front(), 471.99928 / 396);
-    EXPECT_LT(picture.panels[1].sorted.back(), 471.99928 / 200);
+    // One sample in each fiftieth of 200 to 400 ft: none below 471.99928 / 400, all below 471.99928 / 200.
+    for (const GridPoint& point : picture.panels[1].below) {
+        if (point.x < 471.99928 / 400) EXPECT_EQ(point.y, 0);
+        if (point.x > 471.99928 / 200) EXPECT_NEAR(point.y, 1, 1e-12);
+    }
 }
 
 // Heights of -1 to 3: a quarter is not above 0.
 TEST_F(StudyPictures, RefusedSamplesOfARiskAreNotDrawn) {
-    for (const SpreadPanel& panel : SpreadOf("Height=uniform:-1:3", "40").panels)
-        EXPECT_EQ(panel.sorted.size(), 30u);
+    const SpreadPicture picture = SpreadOf("Height=uniform:-1:3", "40");
+    EXPECT_EQ(picture.words.back(),
+              "40 samples (Latin hypercube), seed 1, 10 refused; probabilities with their 95 % interval");
+    for (const SpreadPanel& panel : picture.panels)
+        for (const double share : panel.bars) EXPECT_NEAR(share * 30, std::round(share * 30), 1e-9);
 }
 
 }  // namespace

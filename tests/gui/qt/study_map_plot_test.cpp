@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Maps of studies: lines of equal value, the target's line and what lies below it, the project's own place.
+// Maps of studies as they are drawn: lines with their labels, regions, keys, the project's place.
 #include <cmath>
 
-#include "qt/session/qt_text.h"
+#include "qt/charts/label_places.h"
 #include "tests/gui/qt/study_fixture.h"
 
 namespace tarvokol {
@@ -11,204 +11,251 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// Eleven places on x and ten on y; the value is x, so that each line of equal value stands upright.
-class MapPlot : public CoreTest {
+GridLine Upright(double x) {
+    return {{x, 0}, {x, 9}};
+}
+GridLine Box(double left, double right, double low, double high) {
+    return {{left, low}, {right, low}, {right, high}, {left, high}, {left, low}};
+}
+
+// Values from 0 on the left side to 10 on the right one; below the target of 4.5 it is grey.
+class MapPlot : public StudyPlotTest {
   protected:
     MapPlot() {
-        Picture.titles = {.title = "Height and depth", .x = "Height (ft)", .y = "Depth (ft)"};
-        Picture.value_name = "Overall";
-        Picture.grid.x = Rising(11);
-        Picture.grid.y = Rising(10);
-        for (std::size_t i = 0; i < 110; ++i) Picture.grid.values.push_back(static_cast<double>(i % 11));
-        Picture.target = StudyTarget{"Target", 4.5};
+        Picture.title = "Height and depth";
+        Picture.x = {"Height (ft)", 0, 10, false};
+        Picture.y = {"Depth (ft)", 0, 9, false};
+        Picture.figure = "Overall";
+        for (int level = 1; level < 10; ++level)
+            Picture.levels.push_back({std::to_string(level), {Upright(level)}});
+        Picture.target_name = "Target 4.5";
+        Picture.target = {"4.5", {Upright(4.5)}};
+        Picture.below = {Box(0, 4.5, 0, 9)};
     }
 
-    void Compose() {
+    // A clear map with nothing on it but what a test adds.
+    void ClearMap() {
         Picture.levels.clear();
-        Picture.at_target = {};
-        FindLevels(Picture);
-        ComposeStudyPlot(Plot, Picture);
+        Picture.target = {};
+        Picture.target_name.clear();
+        Picture.below.clear();
     }
 
-    // The picture at a scale of 1, and the colour where values stand on it.
-    QColor ColourAt(double x, double y) {
-        const QImage image = Plot.toPixmap(720, 504, 1).toImage();
-        return image.pixelColor(static_cast<int>(Plot.xAxis->coordToPixel(x)),
-                                static_cast<int>(Plot.yAxis->coordToPixel(y)));
+    // The file at one pixel per pixel.
+    QImage ImageOf() const {
+        WriteStudyPicture(Picture, PathTo("study.png"));
+        const QImage image(QString::fromStdString(PathTo("study.png")));
+        EXPECT_EQ(image.size(), QSize(1800, 1260));
+        return image.scaled(720, 504, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     }
 
-    QCustomPlot Plot;
     MapPicture Picture;
 };
 
-TEST_F(MapPlot, HasTitlesAxesAndAKeyOfAllThatIsDrawn) {
-    Picture.grid.values[109] = NAN;  // the upper right corner
-    Picture.project = GridPoint{2, 3};
-    Compose();
-    ExpectHeader(Plot, "Height and depth");
-    ExpectLooks(*Plot.xAxis, "Height (ft)");
-    ExpectLooks(*Plot.yAxis, "Depth (ft)");
-    ExpectFullBox(*Plot.axisRect());
-    ExpectLegendLooks(Plot);
-    EXPECT_THAT(LegendOf(Plot),
-                ElementsAre("no value", "below Target 4.5", "Overall", "Target 4.5", "the project"));
-    EXPECT_EQ(Plot.xAxis->range(), QCPRange(0, 10));
-    EXPECT_EQ(Plot.yAxis->range(), QCPRange(0, 9));
+TEST_F(MapPlot, HasTitlesAndAxes) {
+    const auto plot = PlotOf(Picture);
+    ExpectHeader(*plot, "Height and depth");
+    ExpectLooks(*plot->xAxis, "Height (ft)");
+    ExpectLooks(*plot->yAxis, "Depth (ft)");
+    ExpectFullBox(*plot->axisRect());
+    EXPECT_EQ(plot->xAxis->range(), QCPRange(0, 10));
+    EXPECT_EQ(plot->yAxis->range(), QCPRange(0, 9));
+    // Lines of the grid would pass for lines of the map.
+    EXPECT_FALSE(plot->xAxis->grid()->visible());
+    EXPECT_FALSE(plot->yAxis->grid()->visible());
 }
 
-TEST_F(MapPlot, TheKeyNamesNothingThatIsNotDrawn) {
-    Picture.target->value = 20;
-    Compose();
-    EXPECT_THAT(LegendOf(Plot), ElementsAre("below Target 20", "Overall"));
-    EXPECT_EQ(All<QCPCurve>(Plot).size(), 10u);
-    QCustomPlot above;
-    Picture.target->value = -1;
-    FindLevels(Picture);
-    ComposeStudyPlot(above, Picture);
-    EXPECT_THAT(LegendOf(above), ElementsAre("Overall"));
-    QCustomPlot without;
-    Picture.target.reset();
-    Picture.at_target = {};
-    ComposeStudyPlot(without, Picture);
-    EXPECT_THAT(LegendOf(without), ElementsAre("Overall"));
+TEST_F(MapPlot, KeysNameAllThatIsDrawn) {
+    Picture.without = {Box(9, 10, 8, 9)};
+    Picture.why_without = "refused";
+    Picture.project = MapPoint{{2, 3}, "2.5"};
+    const auto plot = PlotOf(Picture);
+    EXPECT_THAT(KeyTexts(*plot),
+                ElementsAre("Overall", "Target 4.5", "below it", "refused", "the project: 2.5"));
+    const auto keys = KeysOf(*plot);
+    EXPECT_EQ(PenOf(keys[0].line), "#000000 1.3 solid");
+    EXPECT_EQ(PenOf(keys[1].line), "#000000 3 solid");
+    EXPECT_EQ(keys[2].tone, QColor(226, 226, 226));
+    EXPECT_EQ(keys[3].tone, QColor(170, 170, 170));
+    EXPECT_FALSE(keys[4].symbol.isNone());
 }
 
-TEST_F(MapPlot, DrawsRoundLevelsThinAndTheTargetBold) {
-    Compose();
-    const auto lines = All<QCPCurve>(Plot);
-    ASSERT_EQ(lines.size(), 11u);  // 1 to 10, and 4.5
-    for (std::size_t i = 0; i < 11; ++i) {
-        const double level = i < 10 ? static_cast<double>(i + 1) : 4.5;
-        EXPECT_EQ(PenOf(lines[i]->pen()), i < 10 ? "#000000 1.3 solid" : "#000000 3 solid") << level;
-        ASSERT_EQ(lines[i]->data()->size(), 10);
-        double sum = 0;
-        for (const auto& point : *lines[i]->data()) {
-            EXPECT_EQ(point.key, level);
-            sum += point.value;
+TEST_F(MapPlot, KeysNameNothingThatIsNotDrawn) {
+    Picture.target.lines.clear();
+    EXPECT_THAT(KeyTexts(*PlotOf(Picture)), ElementsAre("Overall", "below target 4.5"));
+    Picture.below.clear();
+    EXPECT_THAT(KeyTexts(*PlotOf(Picture)), ElementsAre("Overall"));
+    Picture.levels.clear();
+    EXPECT_THAT(KeyTexts(*PlotOf(Picture)), IsEmpty());
+}
+
+// Keys too wide for one row stand in two, whole.
+TEST_F(MapPlot, KeysHaveAllTheRoomTheyNeed) {
+    Picture.figure = "Stability factor \"Barrier Pillar\"";
+    Picture.target_name = "Target SFBarrier 2.123456";
+    Picture.without = {Box(9, 10, 8, 9)};
+    Picture.why_without = "refused or no solution";
+    Picture.project = MapPoint{{2, 3}, "2.5"};
+    const SvgPicture svg = SvgOf(Picture);
+    ExpectWholeAndApart(svg);
+    for (const char* key : {"Stability factor \"Barrier Pillar\"", "Target SFBarrier 2.123456", "below it",
+                            "refused or no solution", "the project: 2.5"})
+        EXPECT_EQ(svg.Named(key).size(), 1u) << key;
+}
+
+TEST_F(MapPlot, LinesAreThinAndTheTargetsBold) {
+    const SvgPicture svg = SvgOf(Picture);
+    const auto plot = PlotOf(Picture);
+    const double middle = plot->xAxis->coordToPixel(4.5);
+    double bold = 0;
+    double thin = 0;
+    for (const SvgLine& line : svg.lines) {
+        if (line.width == 3 && std::abs(line.points.first().x() - middle) < 0.6)
+            bold += LengthOf(line.points);
+        if (line.width == 1.3) thin += LengthOf(line.points);
+    }
+    const double height = plot->axisRect()->height();
+    const double label = 14 + 3;  // pixels that a label takes of its line, at the most
+    EXPECT_GT(bold, height - label);
+    EXPECT_LE(bold, height + 1);
+    EXPECT_GT(thin, 9 * (height - label));
+    EXPECT_LE(thin, 9 * (height + 1));
+}
+
+// Each label interrupts its own line and stands on no other.
+TEST_F(MapPlot, LabelsStandOnTheirLines) {
+    const SvgPicture svg = SvgOf(Picture);
+    const auto plot = PlotOf(Picture);
+    ExpectWholeAndApart(svg);
+    const QRectF frame = plot->axisRect()->rect();
+    for (int level = 1; level < 10; ++level) {
+        int seen = 0;
+        for (const SvgText& label : svg.Named(QString::number(level))) {
+            if (!frame.contains(label.room)) continue;  // a tick's
+            ++seen;
+            EXPECT_NEAR(label.room.center().x(), plot->xAxis->coordToPixel(level), 1);
+            EXPECT_FALSE(label.bold);
+            for (const SvgLine& line : svg.lines)
+                for (const QPointF& point : line.points) EXPECT_FALSE(label.room.contains(point));
         }
-        EXPECT_EQ(sum, 45);
+        EXPECT_EQ(seen, 1) << level;
     }
+    ASSERT_EQ(svg.Named("4.5").size(), 1u);
+    EXPECT_TRUE(svg.Named("4.5")[0].bold);
+    EXPECT_NEAR(svg.Named("4.5")[0].room.center().x(), plot->xAxis->coordToPixel(4.5), 1);
 }
 
-TEST_F(MapPlot, ALevelAtTheTargetIsDrawnOnceInBold) {
-    Picture.target->value = 5;
-    Compose();
-    const auto lines = All<QCPCurve>(Plot);
-    ASSERT_EQ(lines.size(), 10u);
-    EXPECT_EQ(lines[3]->data()->at(0)->key, 4);
-    EXPECT_EQ(lines[4]->data()->at(0)->key, 6);
-    EXPECT_EQ(lines[9]->data()->at(0)->key, 5);
-    EXPECT_EQ(PenOf(lines[9]->pen()), "#000000 3 solid");
+// Lines that follow one another more closely than labels are high.
+TEST_F(MapPlot, LabelsOfCloseLinesAreWholeAndApart) {
+    ClearMap();
+    for (int level = 0; level < 40; ++level)
+        Picture.levels.push_back({std::to_string(1000 + level), {{{0, level * 0.2}, {10, level * 0.2 + 1}}}});
+    const SvgPicture svg = SvgOf(Picture);
+    ExpectWholeAndApart(svg);
+    const QRectF frame = PlotOf(Picture)->axisRect()->rect();
+    int labels = 0;
+    for (const SvgText& text : svg.texts)
+        if (text.text.size() == 4 && text.text.startsWith("10") && frame.contains(text.room)) ++labels;
+    EXPECT_GT(labels, 5);
 }
 
-// The levels follow one another too closely for labels side by side.
-TEST_F(MapPlot, LabelsAreWholeAndNoneCoversAnother) {
-    Picture.grid.x = {0, 1};
-    Picture.grid.y = {0, 1};
-    Picture.grid.values = {0, 0.1, 11, 11.1};
-    Picture.target->value = 10.99;
-    Compose();
-    EXPECT_GT(LabelsOf(Plot).size(), 5u);
-    ExpectWholeAndApart(Plot);
-    const auto labels = LabelsOf(Plot);
-    EXPECT_EQ(labels[0]->positionAlignment(), Qt::AlignCenter);
-}
-
-TEST_F(MapPlot, ALabelStandsOnItsLineAndTheTargetsIsBold) {
-    Compose();
-    const auto labels = LabelsOf(Plot);
-    ASSERT_GE(labels.size(), 9u);
-    EXPECT_EQ(labels[0]->text(), "4.5");
-    EXPECT_EQ(labels[0]->position->key(), 4.5);
-    EXPECT_EQ(FontOf(labels[0]->font()), "Arial 9 bold");
-    for (std::size_t i = 1; i < labels.size(); ++i) {
-        EXPECT_EQ(labels[i]->text().toDouble(), labels[i]->position->key());
-        EXPECT_EQ(FontOf(labels[i]->font()), "Arial 9");
-    }
-}
-
-// The line at 10 is the frame's right side: a label on it would be cut.
-TEST_F(MapPlot, ALineAlongTheFrameHasNoLabel) {
-    Compose();
-    for (const QCPItemText* label : LabelsOf(Plot)) EXPECT_NE(label->text(), "10");
-    ExpectWholeAndApart(Plot);
-}
-
-// A line across the corner of a single cell of some 625 by 356 pixels.
-TEST_F(MapPlot, AShortLineHasNoLabel) {
-    Picture.grid = {.x = {0, 1}, .y = {0, 1}, .values = {0, 100, 100, 200}};
-    const auto says_target = [this](double target) {
-        Picture.target->value = target;
-        Plot.clearPlottables();
-        Plot.clearItems();
-        Plot.plotLayout()->clear();
-        Plot.plotLayout()->addElement(0, 0, new QCPAxisRect(&Plot));
-        QCustomPlot plot;
-        Picture.levels.clear();
-        FindLevels(Picture);
-        ComposeStudyPlot(plot, Picture);
-        for (const QCPItemText* label : LabelsOf(plot))
-            if (label->text() == QString::number(target)) return true;
-        return false;
-    };
-    EXPECT_FALSE(says_target(7.5));  // 54 pixels
-    EXPECT_TRUE(says_target(33));    // 237 pixels
-}
-
-TEST_F(MapPlot, BelowTheTargetTheMapIsGreyUpToItsLine) {
-    Picture.grid.values[109] = NAN;  // the upper right corner, and with it the cell there
-    Compose();
-    EXPECT_EQ(ColourAt(0.5, 4.5), QColor(226, 226, 226));
-    EXPECT_EQ(ColourAt(4.3, 0.5), QColor(226, 226, 226));
-    EXPECT_EQ(ColourAt(4.7, 0.5), QColor(Qt::white));
-    EXPECT_EQ(ColourAt(9.5, 8.5), QColor(168, 168, 168));
-    EXPECT_EQ(ColourAt(8.7, 8.5), QColor(Qt::white));
-}
-
-// A value at the target itself has reached it.
-TEST_F(MapPlot, TheTargetItselfIsNotBelowIt) {
-    Picture.grid.values.assign(110, 4.5);
-    Compose();
-    EXPECT_EQ(ColourAt(0.3, 8.3), QColor(Qt::white));
-    EXPECT_THAT(LegendOf(Plot), IsEmpty());
-}
-
-TEST_F(MapPlot, AMapOfOneValueSaysIt) {
-    Picture.grid.values.assign(110, 2.25);
-    Compose();
-    const auto labels = LabelsOf(Plot);
-    ASSERT_EQ(labels.size(), 1u);
-    EXPECT_EQ(labels[0]->text(), "Overall: 2.25 everywhere");
-    EXPECT_THAT(LegendOf(Plot), ElementsAre("below Target 4.5"));
-    ExpectWholeAndApart(Plot);
+// On the frame's side a label would be cut; a short line has no room for one.
+TEST_F(MapPlot, WhereALabelWouldBeCutThereIsNone) {
+    ClearMap();
+    Picture.levels = {{"111", {Upright(10)}}, {"222", {{{0, 1}, {0.5, 1}}}}, {"333", {{{5, 9}, {9, 9}}}}};
+    const SvgPicture svg = SvgOf(Picture);
+    for (const char* text : {"111", "222", "333"}) EXPECT_THAT(svg.Named(text), IsEmpty()) << text;
 }
 
 TEST_F(MapPlot, TheProjectIsMarkedAndNoLabelCoversIt) {
-    Picture.project = GridPoint{4.5, 4.5};  // where the target's label would stand
-    Compose();
-    ASSERT_EQ(Plot.graphCount(), 1);
-    EXPECT_EQ(Plot.graph(0)->data()->at(0)->key, 4.5);
-    EXPECT_EQ(Plot.graph(0)->data()->at(0)->value, 4.5);
-    EXPECT_EQ(Plot.graph(0)->lineStyle(), QCPGraph::lsNone);
-    const QPointF mark(Plot.xAxis->coordToPixel(4.5), Plot.yAxis->coordToPixel(4.5));
-    for (const QCPItemText* label : LabelsOf(Plot)) EXPECT_FALSE(RoomOf(*label).contains(mark));
+    Picture.project = MapPoint{{4.5, 3.6}, "4.5"};  // four tenths up: on the target's line
+    const SvgPicture svg = SvgOf(Picture);
+    const auto plot = PlotOf(Picture);
+    const QPointF mark(plot->xAxis->coordToPixel(4.5), plot->yAxis->coordToPixel(3.6));
+    for (const SvgText& text : svg.texts)
+        EXPECT_FALSE(text.room.intersects(QRectF(mark - QPointF(6, 6), QSizeF(12, 12))))
+            << qPrintable(text.text);
+    const QImage image = ImageOf();
+    const auto colour_at = [&](double dx, double dy) {
+        return image.pixelColor((mark + QPointF(dx, dy)).toPoint());
+    };
+    EXPECT_LT(colour_at(0, 0).lightness(), 100);   // its cross
+    EXPECT_LT(colour_at(0, -6).lightness(), 160);  // its ring
+    EXPECT_GT(colour_at(3, 0.5).lightness(), 100);
 }
 
-TEST_F(MapPlot, TicksOfWholeNumbersAreWhole) {
-    Picture.whole_x = true;
-    Picture.grid.x = {2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};
-    Compose();
-    Plot.toPixmap(720, 504);
-    for (const QCPAxis* axis : {Plot.xAxis, Plot.xAxis2})
+// A mark on the frame is whole: it reaches as far out as in.
+TEST_F(MapPlot, AMarkOnTheFrameIsWhole) {
+    Picture.project = MapPoint{{7, 0}, "4.5"};
+    const QImage image = ImageOf();
+    const auto plot = PlotOf(Picture);
+    const QPointF mark(plot->xAxis->coordToPixel(7), plot->yAxis->coordToPixel(0));
+    int dark = 0;
+    for (int x = -8; x <= 8; ++x)
+        for (int y = 4; y <= 8; ++y)
+            if (image.pixelColor((mark + QPointF(x, y)).toPoint()).lightness() < 128) ++dark;
+    EXPECT_GT(dark, 5);
+}
+
+TEST_F(MapPlot, RegionsHaveTonesUpToTheirLines) {
+    Picture.without = {Box(9, 10, 8, 9)};
+    Picture.below.push_back(Box(1, 2, 1, 2));  // a hole
+    const QImage image = ImageOf();
+    const auto plot = PlotOf(Picture);
+    const auto colour_at = [&](double x, double y) {
+        return image.pixelColor(qRound(plot->xAxis->coordToPixel(x)), qRound(plot->yAxis->coordToPixel(y)));
+    };
+    EXPECT_EQ(colour_at(0.5, 4.2), QColor(226, 226, 226));
+    EXPECT_EQ(colour_at(4.4, 0.5), QColor(226, 226, 226));
+    EXPECT_EQ(colour_at(4.6, 0.5), QColor(Qt::white));
+    EXPECT_EQ(colour_at(1.5, 1.5), QColor(Qt::white));
+    EXPECT_EQ(colour_at(9.5, 8.5), QColor(170, 170, 170));
+    EXPECT_EQ(colour_at(9.5, 7.8), QColor(Qt::white));
+}
+
+TEST_F(MapPlot, AMapOfOneValueSaysItInItsMiddle) {
+    ClearMap();
+    Picture.remark = "Extraction ratio 45.5 percent all over the map";
+    const QRectF frame = PlotOf(Picture)->axisRect()->rect();
+    const auto said = SvgOf(Picture).Named("Extraction ratio 45.5 percent all over the map");
+    ASSERT_EQ(said.size(), 1u);
+    // Letters of an SVG picture stand by fractions of a pixel nearer than on a screen.
+    EXPECT_NEAR(said[0].room.center().x(), frame.center().x(), 4);
+    EXPECT_NEAR(said[0].room.center().y(), frame.center().y(), 4);
+    // The project has the middle before it.
+    Picture.project = MapPoint{{5, 4.5}, "45.5"};
+    const auto moved = SvgOf(Picture).Named("Extraction ratio 45.5 percent all over the map");
+    ASSERT_EQ(moved.size(), 1u);
+    EXPECT_GT(std::abs(moved[0].room.center().y() - frame.center().y()), 12);
+    EXPECT_LT(std::abs(moved[0].room.center().y() - frame.center().y()), 30);
+}
+
+TEST_F(MapPlot, ANoteStandsBelowTheTitle) {
+    Picture.note = "Target SFWeb 1.6: no panel of the map lies below it";
+    const auto plot = PlotOf(Picture);
+    EXPECT_EQ(TextInRow(*plot, 1).text(), "Target SFWeb 1.6: no panel of the map lies below it");
+    EXPECT_EQ(FontOf(TextInRow(*plot, 1).font()), "Arial 9");
+    EXPECT_EQ(plot->plotLayout()->element(2, 0), plot->axisRect());
+    ExpectWholeAndApart(SvgOf(Picture));
+}
+
+TEST_F(MapPlot, TicksOfCountsAreWhole) {
+    Picture.x = {"Number of holes", 2, 5, true};
+    const auto plot = PlotOf(Picture);
+    for (const QCPAxis* axis : {plot->xAxis, plot->xAxis2}) {
+        EXPECT_THAT(axis->tickVector(), ::testing::IsSupersetOf({2.0, 3.0, 4.0, 5.0}));
         for (const double tick : axis->tickVector()) EXPECT_EQ(tick, std::floor(tick));
+    }
+    const SvgPicture svg = SvgOf(Picture);
+    for (const char* tick : {"2", "3", "4", "5"}) EXPECT_FALSE(svg.Named(tick).empty());
+    EXPECT_THAT(svg.Named("2.5"), IsEmpty());
 }
 
 TEST_F(MapPlot, IsWrittenWithItsTitle) {
-    FindLevels(Picture);
-    WriteStudyPicture(Picture, PathTo("map.svg"));
-    const std::string svg = ReadBytes(PathTo("map.svg"));
+    const std::string svg = (SvgOf(Picture), ReadBytes(PathTo("study.svg")));
     EXPECT_NE(svg.find("<title>Height and depth</title>"), std::string::npos);
-    EXPECT_NE(svg.find(">below Target 4.5<"), std::string::npos);
+    EXPECT_EQ(svg.find("nan"), std::string::npos);
+    EXPECT_EQ(svg.find("<image"), std::string::npos);  // lines and regions, no pixels
 }
 
 }  // namespace

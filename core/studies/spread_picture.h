@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The spread of the factors of a risk study: how often each lies where, and how likely below its targets.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/studies/contour_lines.h"
+#include "core/studies/picture_parts.h"
+#include "core/studies/risk_study.h"
+
+namespace tarvokol {
+
+struct SpreadTarget {
+    std::string name;  // "target 1.6"
+    double value = 0;
+};
+
+// One factor.
+struct SpreadPanel {
+    PictureAxis x;                      // what the bars span
+    std::vector<double> bars;           // shares of all sound samples, in equal steps over x
+    std::vector<GridPoint> below;       // the share of samples below a value, from end to end of x
+    std::vector<SpreadTarget> targets;  // those on x, each value once
+    std::vector<std::string> words;     // the probabilities
+};
+
+struct SpreadPicture {
+    std::string title;
+    std::vector<std::string> words;   // distributions, samples and seed
+    std::vector<SpreadPanel> panels;  // one below the other
+};
+
+// "In situ coal strength lognormal, mean 900 psi, standard deviation 135 psi".
+std::string InWords(const RandomField& field, Units units);
+
+// "100000 samples (Latin hypercube), seed 1, 0 refused".
+std::string SamplingInWords(const RiskRequest& request, const RiskResult& result);
+
+// The picture of a study that has been run. Raises NothingToShow where every sample was refused.
+SpreadPicture SpreadOf(const RiskRequest& request, const RiskResult& result, const std::string& title);
+
+}  // namespace tarvokol
