@@ -4,8 +4,10 @@
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <string>
+
+#include <sys/mman.h>
+#include <unistd.h>
 
 #include "core/headless/headless_platform.h"
 #include "core/runtime/charset.h"
@@ -42,9 +44,16 @@ void PrepareOnce() {
     IniStamp = "050924";
 }
 
+// A file of these bytes that has a path, and no place on a disk.
+std::string PathOf(const std::string& bytes) {
+    static const int descriptor = ::memfd_create("settings", 0);
+    Require(::ftruncate(descriptor, 0) == 0);
+    Require(::pwrite(descriptor, bytes.data(), bytes.size(), 0) == static_cast<ssize_t>(bytes.size()));
+    return "/proc/self/fd/" + std::to_string(descriptor);
+}
+
 void ReadAsSettings(const std::string& bytes) {
-    IniPath = PersonalDataFolder + "fuzz.INI";
-    std::ofstream(IniPath, std::ios::binary) << bytes;
+    IniPath = PathOf(bytes);
     ReadIniVersion();
     ReadSettings(RangeRepair::KeepInMemory);
     Require(Within(MaxDisplaySize, 4096, 16384) && Within(DisplayFontSize, 7, 24));

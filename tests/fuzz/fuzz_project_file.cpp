@@ -3,9 +3,11 @@
 // analysed, saved and read again. The file stays as it is. As a value it is the same project.
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -66,13 +68,23 @@ bool Calculate() {
     return true;
 }
 
-void SaveAndReadAgain(const MemoryFile& target) {
+// A save needs a place with a folder, to build the new file in; one that is in memory where the system has that.
+std::string PlaceToSave() {
+    std::error_code failure;
+    const std::filesystem::path memory = "/dev/shm";
+    const auto folder =
+        std::filesystem::is_directory(memory, failure) ? memory : std::filesystem::temp_directory_path();
+    return (folder / ("tarvokol-fuzz-" + std::to_string(::getpid()) + ".TKL")).string();
+}
+
+void SaveAndReadAgain() {
     const std::string title = ProjectTitle;
     const int16_t units = UnitSystem;
-    ProjectFileName = target.Path();
+    ProjectFileName = PlaceToSave();
     MemoryFile::Require(Runs(FileSave));
     Runs(ReadProjectFile);  // a description may well end its block early
     MemoryFile::Require(ProjectTitle == title && UnitSystem == units);
+    std::filesystem::remove(ProjectFileName);
 }
 
 // The bytes of the value, nothing where it cannot be made.
@@ -89,7 +101,6 @@ std::optional<std::string> BytesAsValue(std::string_view bytes) {
 void TryBytes(std::string_view bytes) {
     static HeadlessPlatform host;
     static const MemoryFile source;
-    static const MemoryFile target;
     host.Install();
     host.Messages.Shown.clear();
     DisplayHistoryWin = 0;
@@ -105,7 +116,7 @@ void TryBytes(std::string_view bytes) {
         MemoryFile::Require(UnitSystem == 0 || UnitSystem == 1);
         MemoryFile::Require(ProjectDescription.size() <= kLongestText);
         Runs(Calculate);
-        SaveAndReadAgain(target);
+        SaveAndReadAgain();
     }
     CloseFile(1);
 }

@@ -3,6 +3,7 @@
 // says where.
 #include "core/project/preview_record.h"
 #include "core/report/results_state.h"
+#include "core/settings/options_record.h"
 #include "desktop/base/form_registry.h"
 #include "desktop/plan/frmPicture.h"
 #include "qt/session/program_application.h"
@@ -35,11 +36,11 @@ class EndsByError : public MainWindowTest, public ::testing::WithParamInterface<
         RunEvents();
     }
 
-    static void SizeWithBlankAngle() {
+    static void SizeWithAngle(const char* angle) {
         ChooseInMainWindow("mnuEditItem_1");
         FormBase& dialog = *FindForm("frmTARVOParm");
         Find<QLineEdit>(dialog, "txtHeight").setText("7.5");
-        Find<QLineEdit>(dialog, "txtAbutmentAngleActiveGob").clear();
+        Find<QLineEdit>(dialog, "txtAbutmentAngleActiveGob").setText(angle);
         Click(dialog, "cmdSize");
     }
 
@@ -83,7 +84,15 @@ const End kEnds[] = {
          ProjectFileName = std::string(70, 'p') + "/ridge.TKL";
          EndsByError::ChooseInMainWindow("mnuCalcItem_0");
      }},
-    {"BlankAngle", 13, EndsByError::SizeWithBlankAngle, "\r\n7.5\r\n100\r\n"},
+    {"BlankAngle", 13, [] { EndsByError::SizeWithAngle(""); }, "\r\n7.5\r\n100\r\n"},
+    // What stands typed comes back as it was typed, for there it can be mended.
+    {"CommaInAngle", 13, [] { EndsByError::SizeWithAngle("4,5"); },
+     "\r\nBox txtAbutmentAngleActiveGob=4,5\r\n"},
+    {"CurveFromADepthOfZero", 11,
+     [] {
+         OptionsRecord.PlotRangeMin = 0;
+         EndsByError::ChooseInMainWindow("mnuCalcGrafItem_1");
+     }},
 };
 
 INSTANTIATE_TEST_SUITE_P(Ends, EndsByError, ::testing::ValuesIn(kEnds),

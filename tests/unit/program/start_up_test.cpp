@@ -290,6 +290,23 @@ TEST_F(StartUp, ACleanExitDropsTheCopyAndARefusedSaveToo) {
     EXPECT_FALSE(std::filesystem::exists(copy));
 }
 
+// A second name would go on with the old content if a new file took the place of the first.
+TEST_F(StartUp, AProjectOfTwoNamesIsSavedForBothAfterItsContentWasKept) {
+    Start();
+    DisplayHistoryWin = 1;
+    WriteBytes(PathTo("one.TKL"), "the old content");
+    std::filesystem::create_hard_link(PathTo("one.TKL"), PathTo("two.TKL"));
+    ProjectFileName = PathTo("one.TKL");
+    ASSERT_TRUE(FileSave());
+    EXPECT_EQ(ReadBytes(PathTo("two.TKL")), ReadBytes(PathTo("one.TKL")));
+    EXPECT_THAT(ReadBytes(PathTo("two.TKL")), testing::StartsWith("TARVOKOL_101\r\n"));
+    EXPECT_THAT(Window.History, testing::HasSubstr(". Rewritten in place: " + PathTo("one.TKL") + ": "));
+    bool kept = false;
+    for (const auto& entry : std::filesystem::directory_iterator(TempDataFolder))
+        kept = kept || ReadBytes(entry.path().string()) == "the old content";
+    EXPECT_TRUE(kept);
+}
+
 TEST_F(StartUp, TheProgramFolderBecomesTheCurrentOne) {
     const auto before = std::filesystem::current_path();
     AppFolder = PathTo("app/");
