@@ -143,12 +143,69 @@ class Orders {
 
 const Orders TheOrders;
 
+std::vector<FileStep> TheSteps;
+
+bool Records() {
+    return Armed && TheFault.record;
+}
+
+std::uint64_t NumberOf(int file) {
+    struct stat status {};
+    return ::fstat(file, &status) == 0 ? status.st_ino : 0;
+}
+
+std::uint64_t NumberOf(const char* path) {
+    struct stat status {};
+    return ::lstat(path, &status) == 0 ? status.st_ino : 0;
+}
+
+void NoteOpened(int file, const char* path, int flags, bool was_there) {
+    if (!Records() || file < 0) return;
+    if (!was_there && (flags & O_CREAT) != 0)
+        TheSteps.push_back({.kind = FileStep::Kind::Create, .file = NumberOf(file), .path = path});
+    if (was_there && (flags & O_TRUNC) != 0)
+        TheSteps.push_back({.kind = FileStep::Kind::Truncate, .file = NumberOf(file), .path = path});
+}
+
+void NoteWritten(int file, const void* buffer, ssize_t size) {
+    if (!Records() || !IsWatched(file) || size <= 0) return;
+    TheSteps.push_back(
+        {.kind = FileStep::Kind::Write,
+         .file = NumberOf(file),
+         .bytes = std::string(static_cast<const char*>(buffer), static_cast<std::size_t>(size))});
+}
+
+void NoteTruncated(int file, std::uint64_t size) {
+    if (Records() && IsWatched(file))
+        TheSteps.push_back({.kind = FileStep::Kind::Truncate, .file = NumberOf(file), .size = size});
+}
+
+void NoteSynced(int file) {
+    struct stat status {};
+    if (!Records() || !IsWatched(file) || ::fstat(file, &status) != 0) return;
+    std::array<char, 4096> path{};
+    const std::string link = "/proc/self/fd/" + std::to_string(file);
+    if (::readlink(link.c_str(), path.data(), path.size() - 1) < 0) return;
+    const bool is_folder = S_ISDIR(status.st_mode);
+    TheSteps.push_back({.kind = is_folder ? FileStep::Kind::SyncFolder : FileStep::Kind::Sync,
+                        .file = status.st_ino,
+                        .path = path.data()});
+}
+
+// A change of names; `number` is that of the file before it.
+int Noted(int result, FileStep::Kind kind, std::uint64_t number, const char* path, const char* to) {
+    if (Records() && result == 0) TheSteps.push_back({.kind = kind, .file = number, .path = path, .to = to});
+    return result;
+}
+
 int Opened(const char* name, const char* path, int flags, mode_t rights) {
     using Open = int (*)(const char*, int, ...);
     const bool counts = Below(path) && (flags & O_DIRECTORY) == 0;
     if (counts && Fails("open")) return -1;
+    const bool was_there = counts && Records() && NumberOf(path) != 0;
     const int file = Real<Open>(name)(path, flags, rights);
     Watch(file, Below(path));
+    if (counts) NoteOpened(file, path, flags, was_there);
     return file;
 }
 
@@ -173,6 +230,7 @@ ssize_t Written(int file, std::size_t size, const Write& write) {
 }  // namespace
 
 FailingFiles::FailingFiles(const FileFault& fault) {
+    TheSteps.clear();
     Arm(fault);
 }
 
@@ -182,6 +240,10 @@ FailingFiles::~FailingFiles() {
 
 long FailingFiles::Seen() const {
     return SeenCalls;
+}
+
+const std::vector<FileStep>& FailingFiles::Steps() const {
+    return TheSteps;
 }
 
 std::string FailingFiles::Failed() const {
@@ -242,7 +304,9 @@ ssize_t __pread_chk(int file, void* buffer, size_t size, off_t offset, size_t) {
 
 ssize_t write(int file, const void* buffer, size_t size) {
     return Written(file, size, [&](size_t count) {
-        return Real<ssize_t (*)(int, const void*, size_t)>("write")(file, buffer, count);
+        const ssize_t written = Real<ssize_t (*)(int, const void*, size_t)>("write")(file, buffer, count);
+        NoteWritten(file, buffer, written);
+        return written;
     });
 }
 
@@ -259,33 +323,45 @@ int close(int file) {
 
 int fsync(int file) {
     if (IsWatched(file) && Fails("fsync")) return -1;
-    return Real<int (*)(int)>("fsync")(file);
+    const int result = Real<int (*)(int)>("fsync")(file);
+    if (result == 0) NoteSynced(file);
+    return result;
 }
 
 int ftruncate(int file, off_t size) noexcept {
     if (IsWatched(file) && Fails("truncate")) return -1;
+    NoteTruncated(file, static_cast<std::uint64_t>(size));
     return Real<int (*)(int, off_t)>("ftruncate")(file, size);
 }
 
 int ftruncate64(int file, off64_t size) noexcept {
     if (IsWatched(file) && Fails("truncate")) return -1;
+    NoteTruncated(file, static_cast<std::uint64_t>(size));
     return Real<int (*)(int, off64_t)>("ftruncate64")(file, size);
 }
 
 int rename(const char* from, const char* to) noexcept {
-    if ((Below(from) || Below(to)) && Fails("rename")) return -1;
-    return Real<int (*)(const char*, const char*)>("rename")(from, to);
+    const bool counts = Below(from) || Below(to);
+    if (counts && Fails("rename")) return -1;
+    const std::uint64_t number = NumberOf(from);
+    const int result = Real<int (*)(const char*, const char*)>("rename")(from, to);
+    return counts ? Noted(result, FileStep::Kind::Rename, number, from, to) : result;
 }
 
 int renameat2(int from_folder, const char* from, int to_folder, const char* to, unsigned flags) noexcept {
-    if ((Below(from) || Below(to)) && Fails("renameat2")) return -1;
+    const bool counts = Below(from) || Below(to);
+    if (counts && Fails("renameat2")) return -1;
     using Rename = int (*)(int, const char*, int, const char*, unsigned);
-    return Real<Rename>("renameat2")(from_folder, from, to_folder, to, flags);
+    const std::uint64_t number = NumberOf(from);
+    const int result = Real<Rename>("renameat2")(from_folder, from, to_folder, to, flags);
+    return counts ? Noted(result, FileStep::Kind::Rename, number, from, to) : result;
 }
 
 int link(const char* from, const char* to) noexcept {
-    if ((Below(from) || Below(to)) && Fails("link")) return -1;
-    return Real<int (*)(const char*, const char*)>("link")(from, to);
+    const bool counts = Below(from) || Below(to);
+    if (counts && Fails("link")) return -1;
+    const int result = Real<int (*)(const char*, const char*)>("link")(from, to);
+    return counts ? Noted(result, FileStep::Kind::Link, NumberOf(from), from, to) : result;
 }
 
 int fchown(int file, uid_t owner, gid_t group) noexcept {
@@ -299,13 +375,17 @@ int fchmod(int file, mode_t rights) noexcept {
 }
 
 int unlink(const char* path) noexcept {
-    if (Below(path) && Fails("unlink")) return -1;
-    return Real<int (*)(const char*)>("unlink")(path);
+    if (!Below(path)) return Real<int (*)(const char*)>("unlink")(path);
+    if (Fails("unlink")) return -1;
+    const std::uint64_t number = NumberOf(path);
+    return Noted(Real<int (*)(const char*)>("unlink")(path), FileStep::Kind::Remove, number, path, "");
 }
 
 int remove(const char* path) noexcept {
-    if (Below(path) && Fails("unlink")) return -1;
-    return Real<int (*)(const char*)>("remove")(path);
+    if (!Below(path)) return Real<int (*)(const char*)>("remove")(path);
+    if (Fails("unlink")) return -1;
+    const std::uint64_t number = NumberOf(path);
+    return Noted(Real<int (*)(const char*)>("remove")(path), FileStep::Kind::Remove, number, path, "");
 }
 
 int mkdir(const char* path, mode_t rights) noexcept {

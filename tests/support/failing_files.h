@@ -11,8 +11,10 @@
 #pragma once
 
 #include <cerrno>
+#include <cstdint>
 #include <map>
 #include <string>
+#include <vector>
 
 namespace tarvokol {
 
@@ -29,6 +31,18 @@ enum class FaultKind {
     Interrupt  // SIGINT comes there; the call is made if the process goes on
 };
 
+// A change of a folder or a file, in the order in which the system was asked for it, so that a test can tell what a disk may
+// show after a power cut. Files go by their number in the file system, which may come again after one is gone.
+struct FileStep {
+    enum class Kind { Create, Write, Truncate, Sync, SyncFolder, Rename, Link, Remove };
+    Kind kind = Kind::Create;
+    std::uint64_t file = 0;
+    std::string path;        // of Create, SyncFolder, Remove; the old one of Rename and Link
+    std::string to;          // of Rename and Link
+    std::string bytes;       // of Write, which goes on where the one before ended
+    std::uint64_t size = 0;  // of Truncate
+};
+
 struct FileFault {
     std::string folder;
     long at = 0;
@@ -36,7 +50,8 @@ struct FileFault {
     FaultKind kind = FaultKind::Once;
     long refused_at = 0;  // a call before `at` that fails with "no permission"; 0 for none
     std::map<std::string, int>
-        missing{};  // calls that the file system does not have, with the error that says so
+        missing{};        // calls that the file system does not have, with the error that says so
+    bool record = false;  // the steps that were made
 };
 
 // The fault holds while the object lives.
@@ -47,8 +62,9 @@ class FailingFiles {
     FailingFiles& operator=(const FailingFiles&) = delete;
     ~FailingFiles();
 
-    long Seen() const;           // calls so far
-    std::string Failed() const;  // name of the first call that failed; empty while none has
+    long Seen() const;                           // calls so far
+    std::string Failed() const;                  // name of the first call that failed; empty while none has
+    const std::vector<FileStep>& Steps() const;  // those below the folder, if they are recorded
 };
 
 }  // namespace tarvokol

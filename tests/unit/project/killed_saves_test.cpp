@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Saves of the desktop that are ended by SIGKILL, and programs that save at the same time.
+// Saves of the desktop that are ended by signals, and programs that save at the same time.
+#include <array>
 #include <cstdlib>
 #include <map>
 #include <random>
@@ -132,6 +133,11 @@ TEST_F(KilledSaves, LoseNothingAtAnyFileOperationOfTwoSessions) {
     EXPECT_EQ(Residues(), 0);
 }
 
+// All that end a process from outside, the one that nothing can answer among them as often as the others together.
+constexpr std::array kSignals{SIGKILL, SIGTERM, SIGKILL, SIGHUP,  SIGKILL, SIGINT,  SIGKILL,
+                              SIGQUIT, SIGKILL, SIGPIPE, SIGKILL, SIGALRM, SIGKILL, SIGUSR1,
+                              SIGKILL, SIGUSR2, SIGKILL, SIGXCPU, SIGKILL, SIGXFSZ};
+
 // Changes and saves over and over until somebody ends the process.
 [[noreturn]] void SaveForEver() {
     for (int i = 0;; ++i) {
@@ -149,7 +155,7 @@ TEST_F(KilledSaves, LoseNothingAtAnyMoment) {
         const pid_t child = ::fork();
         if (child == 0) SaveForEver();
         ::usleep(random() % 20000);
-        ::kill(child, SIGKILL);
+        ::kill(child, kSignals[static_cast<std::size_t>(i) % kSignals.size()]);
         ::waitpid(child, nullptr, 0);
         broken_off += Residues() > 0 ? 1 : 0;
         const std::string bytes = ReadBytes(ProjectFileName);
