@@ -10,6 +10,7 @@
 #include "core/project/input_check.h"
 #include "core/project/parameter_texts.h"
 #include "core/project/preview_record.h"
+#include "core/project/project_record.h"
 #include "core/project/stability_analysis.h"
 #include "core/report/report_builder.h"
 #include "core/runtime/numbers.h"

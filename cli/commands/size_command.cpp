@@ -3,6 +3,9 @@
 #include "cli/commands/commands.h"
 #include "core/messages/titles.h"
 #include "core/project/parameter_texts.h"
+#include "core/project/parameter_validation.h"
+#include "core/project/pillar_sizing.h"
+#include "core/project/project_record.h"
 
 namespace tarvokol::cli {
 namespace {

@@ -15,7 +15,7 @@
 #include "core/files/csv_reader.h"
 #include "core/files/descriptor.h"
 #include "core/program/start_up.h"
-#include "core/project/parameter_texts.h"
+#include "core/project/pillar_sizing.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/runtime/run_time_error.h"

@@ -3,8 +3,9 @@
 
 #include "core/messages/notify.h"
 #include "core/platform/message_box.h"
+#include "core/project/preview_record.h"
 #include "core/runtime/checked.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/option_settings.h"
 
 namespace tarvokol {
 

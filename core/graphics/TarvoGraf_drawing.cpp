@@ -3,13 +3,14 @@
 #include <string>
 
 #include "core/graphics/TarvoGraf.h"
+#include "core/project/preview_record.h"
 #include "core/project/project_record.h"
 #include "core/project/working_parameters.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"
 #include "core/runtime/text.h"
+#include "core/settings/option_settings.h"
 #include "core/settings/options_record.h"
-#include "core/settings/program_settings.h"
 
 namespace tarvokol {
 

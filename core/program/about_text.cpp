@@ -5,7 +5,7 @@
 #include "core/platform/platform.h"
 #include "core/program/start_up.h"
 #include "core/report/report_builder.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/program_name.h"
 #include "core/settings/update_reminder.h"
 
 namespace tarvokol {

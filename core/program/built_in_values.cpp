@@ -14,7 +14,6 @@
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
 #include "core/settings/program_name.h"
-#include "core/settings/program_settings.h"
 
 namespace tarvokol {
 namespace {

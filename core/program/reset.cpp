@@ -10,6 +10,7 @@
 #include "core/program/start_up.h"
 #include "core/project/curves.h"
 #include "core/project/file_conversion.h"
+#include "core/project/preview_record.h"
 #include "core/project/project_origin.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"

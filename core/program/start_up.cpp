@@ -12,11 +12,13 @@
 #include "core/platform/platform.h"
 #include "core/project/lifecycle.h"
 #include "core/project/project_state.h"
+#include "core/project/recent_files.h"
 #include "core/project/recovery_copy.h"
 #include "core/runtime/text.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/main_settings.h"
+#include "core/settings/recent_file_settings.h"
 
 namespace tarvokol {
 namespace {

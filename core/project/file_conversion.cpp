@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/project/file_conversion.h"
 
+#include "core/project/file_names.h"
 #include "core/project/lifecycle.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/project/file_names.h"
+
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
-#include "core/project/lifecycle.h"
 
 namespace tarvokol {
 namespace {
 
 constexpr const char* kSeparators = "\\/";
 
-// What stands behind the last separator that is not at the very end.
+// What stands after the last separator that is not at the very end.
 std::string LastElement(const std::string& path) {
     if (path.size() < 2) return path;
     const std::size_t separator = path.find_last_of(kSeparators, path.size() - 2);

@@ -9,14 +9,18 @@
 #include "core/platform/main_window_services.h"
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
+#include "core/project/file_names.h"
 #include "core/project/file_questions.h"
 #include "core/project/project_file.h"
 #include "core/project/project_origin.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
+#include "core/project/recent_files.h"
 #include "core/project/recovery_copy.h"
 #include "core/runtime/text.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/main_settings.h"
+#include "core/settings/option_settings.h"
+#include "core/settings/program_name.h"
 
 namespace tarvokol {
 namespace {

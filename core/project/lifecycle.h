@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// New, Open, Save and Save As, the window caption and the recent-file list.
+// New, Open, Save and Save As, and the window caption.
 #pragma once
 
 #include <string>
@@ -37,17 +37,7 @@ void ShowFileDialog(int mode, std::string& path);
 void FileNewCommand();
 void FileOpenCommand();
 void FileSaveCommand(bool force_dialog);
-void RecentFileCommand(int index);
 
 void UpdateMainCaption();
-void UpdateRecentFiles();
-void LoadRecentFileMenu();
-
-// Full path of a recent-file entry, 1 to 4.
-std::string RecentFileName(int index);
-
-// The name behind the last separator of a path; with `dropExtension` not 0 the text before the name's first
-// ".", unless that is its first character. A remainder that ends in a separator gives a message.
-std::string FileNameOf(const std::string& path, int dropExtension);
 
 }  // namespace tarvokol

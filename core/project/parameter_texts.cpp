@@ -3,10 +3,12 @@
 
 #include <cstddef>
 
+#include "core/engine/panel_fields.h"
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
 #include "core/project/preview_record.h"
+#include "core/project/project_record.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"
 
@@ -48,8 +50,8 @@ void StoreLoads(const ParameterTexts& texts, PanelInputs& record) {
 
 // What the two calculated fields read from the boxes: a short and singles. A field whose value no single
 // holds stays empty.
-struct PanelFigures {
-    explicit PanelFigures(const ParameterTexts& texts)
+struct TypedWidths {
+    explicit TypedWidths(const ParameterTexts& texts)
         : holes(HolesOf(texts)),
           hole(SingleOrInfinity(texts.txtHoleWidth)),
           web(SingleOrInfinity(texts.txtWebThickness)),
@@ -94,13 +96,13 @@ void LoadPreviewFromTexts(const ParameterTexts& texts) {
 }
 
 std::string PanelWidthText(const ParameterTexts& texts) {
-    const PanelFigures panel(texts);
+    const TypedWidths panel(texts);
     const double width = (panel.holes - 1) * panel.web + panel.holes * panel.hole;
     return FitsSingle(width) ? PictureText(ToSingle(width), "##0.") : "";
 }
 
 std::string ExtractionRatioText(const ParameterTexts& texts) {
-    const PanelFigures panel(texts);
+    const TypedWidths panel(texts);
     const double whole = (panel.holes - 1) * panel.web + panel.barrier + panel.holes * panel.hole;
     if (!FitsSingle(whole) || ToSingle(whole) == 0.0f || !FitsSingle(panel.holes * panel.hole)) return "";
     // The width of all holes is rounded to single on its own; the width of the whole is not.

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The texts of the parameters dialog's boxes: how they are filled from a project, tested and read back. The
-// dialog and the command line share them.
+// The texts of the parameters dialog's boxes: how they are filled from a project and read back. The dialog
+// and the command line share them.
 #pragma once
 
 #include <cstdint>
-#include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "core/engine/panel_fields.h"
-#include "core/project/project_record.h"
+#include "core/engine/panel.h"
 
 namespace tarvokol {
 
@@ -30,21 +27,6 @@ struct ParameterTexts {
 
 // The texts as the dialog loads them; `txtNumberHoles` still stands as the plain number.
 ParameterTexts TextsOfRecord(const PanelInputs& record);
-
-// Tab of the dialog on which a field stands: 0 Standard, 1 Defaults, 2 Sizing.
-int TabOfField(PanelField field);
-
-// The dialog's full test and the short one of its Size button. The first failure shows its message and is
-// returned.
-std::optional<PanelField> ValidateParameterTexts(const ParameterTexts& texts);
-std::optional<PanelField> ValidateSizingTexts(const ParameterTexts& texts);
-
-// What the short test refuses, without a word to the user.
-struct SizingRefusal {
-    PanelField field;
-    std::string message;
-};
-std::optional<SizingRefusal> RefusalOfSizing(const ParameterTexts& texts);
 
 // Reads the texts into a record by the numeric parse; spacing, angle, center distances and the spare single
 // stay.
@@ -73,24 +55,5 @@ std::vector<std::string> FaultsOfLoadedHoles(int16_t number_holes);
 // The text that the box shows once the dialog has loaded a project of so many holes; out-of-range numbers
 // give their messages on the way.
 std::string HolesTextAfterLoad(int16_t number_holes);
-
-// The raw results of the Size button, single precision, inches (-1 on failure), and the texts of its two
-// fields.
-struct SuggestedSizes {
-    float SuggestedWeb = 0;
-    float SuggestedBarrier = 0;
-    std::string txtSugWeb;
-    std::string txtSugBarrier;
-};
-
-// What stands beside the two fields in a metric project, whose labels elsewhere say metres; empty in an
-// English one, whose suggestions are feet as everything else.
-std::string SuggestedUnitNote();
-
-// What the button does once the short test has passed: fills the solver's block from the texts and sizes the
-// web, then the barrier. `show_web` is called between the two with the web's text, since each value shows as
-// soon as it is found. A blank abutment angle raises "Type mismatch".
-SuggestedSizes SuggestPillarSizes(const ParameterTexts& texts,
-                                  const std::function<void(const std::string&)>& show_web = {});
 
 }  // namespace tarvokol

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The tests of the parameters dialog, in its own words.
+#include "core/project/parameter_validation.h"
+
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
@@ -7,7 +8,6 @@
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
-#include "core/project/parameter_texts.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"
 
@@ -28,11 +28,6 @@ constexpr const char* kInvalidAngle = "Invalid abutment angle of gob";
 constexpr const char* kInvalidSFBarrier = "Invalid Stability Factor for barriers";
 constexpr const char* kInvalidPillarStrength = "Invalid pillar strength";
 
-struct Refusal {
-    PanelField field;
-    const char* message;
-};
-
 // Room that the plan takes beside the panel itself, and the growth of a figure that goes over to inches, psi
 // and pcf: both stay well below these.
 constexpr double kPlanRoom = 100.0;
@@ -52,7 +47,7 @@ struct Share {
 };
 
 // Where several figures together are beyond a single, the one with the largest share in it is refused.
-Refusal RefusalOfLargest(std::initializer_list<Share> shares) {
+FieldRefusal RefusalOfLargest(std::initializer_list<Share> shares) {
     const auto largest = std::max_element(shares.begin(), shares.end(), [](const Share& a, const Share& b) {
         return std::fabs(a.size) < std::fabs(b.size);
     });
@@ -65,13 +60,13 @@ bool VanishesBeside(double hole, double pillar) {
 }
 
 // Needs figures that are each in range.
-std::optional<Refusal> PlanRefusal(const ParameterTexts& texts) {
+std::optional<FieldRefusal> PlanRefusal(const ParameterTexts& texts) {
     const double holes = NumericParse(texts.txtNumberHoles);
     const double hole = NumericParse(texts.txtHoleWidth);
     const double web = NumericParse(texts.txtWebThickness);
     const double barrier = NumericParse(texts.txtBarrierPillarWidth);
     if (VanishesBeside(hole, web) || VanishesBeside(hole, barrier))
-        return Refusal{PanelField::HoleWidth, kInvalidHoleWidth};
+        return FieldRefusal{PanelField::HoleWidth, kInvalidHoleWidth};
     const double mined = holes * hole;
     const double webs = (holes - 1.0) * web;
     if (FitsSingle((mined + webs + barrier) * kPlanRoom)) return std::nullopt;
@@ -81,7 +76,7 @@ std::optional<Refusal> PlanRefusal(const ParameterTexts& texts) {
 }
 
 // The stress of the cover is a single.
-std::optional<Refusal> CoverRefusal(const ParameterTexts& texts) {
+std::optional<FieldRefusal> CoverRefusal(const ParameterTexts& texts) {
     const double depth = NumericParse(texts.txtDepthCover);
     const double unit_weight = NumericParse(texts.txtUnitWeight);
     if (FitsSingle(depth * unit_weight * kSolverGrowth)) return std::nullopt;
@@ -91,7 +86,7 @@ std::optional<Refusal> CoverRefusal(const ParameterTexts& texts) {
 
 // What the short test leaves aside must still fit the singles of the solver. A text that is no number at all
 // is none of this test's business.
-std::optional<Refusal> SolverRefusal(const ParameterTexts& texts) {
+std::optional<FieldRefusal> SolverRefusal(const ParameterTexts& texts) {
     const Share shares[] = {
         {PanelField::DepthCover, kInvalidDepth, UnboundedParse(texts.txtDepthCover)},
         {PanelField::Height, kInvalidHeight, UnboundedParse(texts.txtHeight)},
@@ -101,9 +96,9 @@ std::optional<Refusal> SolverRefusal(const ParameterTexts& texts) {
         {PanelField::UnitWeight, kInvalidUnitWeight, UnboundedParse(texts.txtUnitWeight)},
         {PanelField::SFBarrier, kInvalidSFBarrier, UnboundedParse(texts.txtSFBarrier)}};
     for (const Share& share : shares)
-        if (!FitsSingle(share.size * kSolverGrowth)) return Refusal{share.field, share.message};
+        if (!FitsSingle(share.size * kSolverGrowth)) return FieldRefusal{share.field, share.message};
     if (std::isinf(UnboundedParse(texts.txtAbutmentAngleActiveGob)))
-        return Refusal{PanelField::AbutmentAngle, kInvalidAngle};
+        return FieldRefusal{PanelField::AbutmentAngle, kInvalidAngle};
     const double holes = NumericParse(texts.txtNumberHoles);
     const double mined = holes * NumericParse(texts.txtHoleWidth);
     const double webs = holes * NumericParse(texts.txtWebThickness);
@@ -113,36 +108,38 @@ std::optional<Refusal> SolverRefusal(const ParameterTexts& texts) {
     return CoverRefusal(texts);
 }
 
-std::optional<Refusal> PanelRefusal(const ParameterTexts& texts) {
-    if (NotAboveZero(texts.txtHeight)) return Refusal{PanelField::Height, kInvalidHeight};
-    if (NotAboveZero(texts.txtDepthCover)) return Refusal{PanelField::DepthCover, kInvalidDepth};
-    if (NotAboveZero(texts.txtHoleWidth)) return Refusal{PanelField::HoleWidth, kInvalidHoleWidth};
-    if (NotAboveZero(texts.txtWebThickness)) return Refusal{PanelField::WebThickness, kInvalidWebThickness};
+std::optional<FieldRefusal> PanelRefusal(const ParameterTexts& texts) {
+    if (NotAboveZero(texts.txtHeight)) return FieldRefusal{PanelField::Height, kInvalidHeight};
+    if (NotAboveZero(texts.txtDepthCover)) return FieldRefusal{PanelField::DepthCover, kInvalidDepth};
+    if (NotAboveZero(texts.txtHoleWidth)) return FieldRefusal{PanelField::HoleWidth, kInvalidHoleWidth};
+    if (NotAboveZero(texts.txtWebThickness))
+        return FieldRefusal{PanelField::WebThickness, kInvalidWebThickness};
     if (NotAboveZero(texts.txtBarrierPillarWidth))
-        return Refusal{PanelField::BarrierPillarWidth, kInvalidBarrierWidth};
+        return FieldRefusal{PanelField::BarrierPillarWidth, kInvalidBarrierWidth};
     if (NumericParse(texts.txtWebThickness) >= NumericParse(texts.txtBarrierPillarWidth))
-        return Refusal{PanelField::BarrierPillarWidth,
-                       "Barrier pillar width should be greater than web thickness width"};
+        return FieldRefusal{PanelField::BarrierPillarWidth,
+                            "Barrier pillar width should be greater than web thickness width"};
     if (UnboundedParse(texts.txtNumberHoles) < 2.0)
-        return Refusal{PanelField::NumberHoles, "Invalid number of Holes"};
+        return FieldRefusal{PanelField::NumberHoles, "Invalid number of Holes"};
     return PlanRefusal(texts);
 }
 
-std::optional<Refusal> LoadRefusal(const ParameterTexts& texts) {
+std::optional<FieldRefusal> LoadRefusal(const ParameterTexts& texts) {
     if (NotAboveZero(texts.txtCoalStrength))
-        return Refusal{PanelField::CoalStrength, "Invalid in situ coal strength"};
-    if (NotAboveZero(texts.txtUnitWeight)) return Refusal{PanelField::UnitWeight, kInvalidUnitWeight};
+        return FieldRefusal{PanelField::CoalStrength, "Invalid in situ coal strength"};
+    if (NotAboveZero(texts.txtUnitWeight)) return FieldRefusal{PanelField::UnitWeight, kInvalidUnitWeight};
     const double angle = UnboundedParse(texts.txtAbutmentAngleActiveGob);
     if (angle < 0.0 || angle > kLargestAbutmentAngle)
-        return Refusal{PanelField::AbutmentAngle, kInvalidAngle};
-    if (NotAboveZero(texts.txtSFWeb)) return Refusal{PanelField::SFWeb, "Invalid Stability Factor for webs"};
-    if (NotAboveZero(texts.txtSFBarrier)) return Refusal{PanelField::SFBarrier, kInvalidSFBarrier};
+        return FieldRefusal{PanelField::AbutmentAngle, kInvalidAngle};
+    if (NotAboveZero(texts.txtSFWeb))
+        return FieldRefusal{PanelField::SFWeb, "Invalid Stability Factor for webs"};
+    if (NotAboveZero(texts.txtSFBarrier)) return FieldRefusal{PanelField::SFBarrier, kInvalidSFBarrier};
     return CoverRefusal(texts);
 }
 
-PanelField Refuse(PanelField field, const char* message, int style) {
-    Notify(message, style, RangeErrorTitle);
-    return field;
+PanelField Refuse(const FieldRefusal& refusal, int style) {
+    Notify(refusal.message, style, RangeErrorTitle);
+    return refusal.field;
 }
 
 }  // namespace
@@ -162,31 +159,28 @@ int TabOfField(PanelField field) {
 }
 
 std::optional<PanelField> ValidateParameterTexts(const ParameterTexts& texts) {
-    std::optional<Refusal> refusal = PanelRefusal(texts);
+    std::optional<FieldRefusal> refusal = PanelRefusal(texts);
     if (!refusal) refusal = LoadRefusal(texts);
     if (!refusal) return std::nullopt;
-    return Refuse(refusal->field, refusal->message, box_style::Critical);
+    return Refuse(*refusal, box_style::Critical);
 }
 
-std::optional<SizingRefusal> RefusalOfSizing(const ParameterTexts& texts) {
+std::optional<FieldRefusal> RefusalOfSizing(const ParameterTexts& texts) {
     const std::string range_fault = RangeFault(texts.txtSFWeb, kLowestSizingFactor, kHighestSizingFactor);
-    if (NotAboveZero(texts.txtDepthCover)) return SizingRefusal{PanelField::DepthCover, kInvalidDepth};
-    if (!range_fault.empty()) return SizingRefusal{PanelField::SFWeb, range_fault};
-    if (NotAboveZero(texts.txtHeight)) return SizingRefusal{PanelField::Height, kInvalidHeight};
-    if (NotAboveZero(texts.txtHoleWidth)) return SizingRefusal{PanelField::HoleWidth, kInvalidHoleWidth};
+    if (NotAboveZero(texts.txtDepthCover)) return FieldRefusal{PanelField::DepthCover, kInvalidDepth};
+    if (!range_fault.empty()) return FieldRefusal{PanelField::SFWeb, range_fault};
+    if (NotAboveZero(texts.txtHeight)) return FieldRefusal{PanelField::Height, kInvalidHeight};
+    if (NotAboveZero(texts.txtHoleWidth)) return FieldRefusal{PanelField::HoleWidth, kInvalidHoleWidth};
     if (NotAboveZero(texts.txtCoalStrength))
-        return SizingRefusal{PanelField::CoalStrength, kInvalidPillarStrength};
-    if (const std::optional<Refusal> beyond = SolverRefusal(texts))
-        return SizingRefusal{beyond->field, beyond->message};
-    return std::nullopt;
+        return FieldRefusal{PanelField::CoalStrength, kInvalidPillarStrength};
+    return SolverRefusal(texts);
 }
 
 std::optional<PanelField> ValidateSizingTexts(const ParameterTexts& texts) {
     const auto refusal = RefusalOfSizing(texts);
     if (!refusal) return std::nullopt;
     const bool of_range = refusal->field == PanelField::SFWeb;
-    Notify(refusal->message, of_range ? box_style::Critical : box_style::Plain, RangeErrorTitle);
-    return refusal->field;
+    return Refuse(*refusal, of_range ? box_style::Critical : box_style::Plain);
 }
 
 }  // namespace tarvokol

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the Size button does with the texts of its dialog.
+#include "core/project/pillar_sizing.h"
+
 #include "core/engine/sizing_inputs.h"
-#include "core/project/parameter_texts.h"
 #include "core/project/sizing_solver.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"
+#include "core/settings/unit_system.h"
 
 namespace tarvokol {
 namespace {

@@ -1,7 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The trial copy of the project's inputs that the drawing of the plan reads.
 #pragma once
 
+#include "core/engine/panel.h"
+#include "core/runtime/one_based.h"
+
 namespace tarvokol {
+
+// The inputs with the drawing's own pitches.
+struct PreviewInputs : PanelInputs {
+    OneBased<float, MaxHoles> PreviewCrosscutSpacing;
+    float PreviewCrosscutAngle = 0;
+    OneBased<float, MaxHoles> XcutPitch;
+};
+
+inline PreviewInputs PreviewRecord;
 
 // Fills `PreviewRecord` from `ProjectRecord`, all but its spare single, for the plan that the results viewer
 // leads to. Pillars beyond 20 are left out.

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The open project's inputs: the record that the project file stores and the trial copy that the drawing
-// reads.
+// The open project's inputs: the record that the project file stores.
 #pragma once
 
 #include <cstdint>
@@ -11,15 +10,7 @@
 
 namespace tarvokol {
 
-// The trial copy with the drawing's own pitches.
-struct PreviewInputs : PanelInputs {
-    OneBased<float, MaxHoles> PreviewCrosscutSpacing;
-    float PreviewCrosscutAngle = 0;
-    OneBased<float, MaxHoles> XcutPitch;
-};
-
 inline PanelInputs ProjectRecord;
-inline PreviewInputs PreviewRecord;
 
 // Fills the record with a new project's values in the present `UnitSystem`, with the default abutment angle
 // and stability factors of `OptionsRecord`. `CenterDistance`(20) and `SpareSingle` keep what they hold.

@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The recent files at the foot of the File menu, newest first. The menu's captions count: two files of one
-// short name are one entry.
+#include "core/project/recent_files.h"
+
 #include <utility>
 
 #include "core/messages/command_guard.h"
 #include "core/platform/main_window_services.h"
 #include "core/platform/platform.h"
+#include "core/project/file_names.h"
 #include "core/project/lifecycle.h"
 #include "core/project/project_state.h"
 #include "core/settings/configuration.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/main_settings.h"
+#include "core/settings/recent_file_settings.h"
 
 namespace tarvokol {
 namespace {
@@ -20,7 +22,7 @@ std::string CaptionOf(const std::string& short_name, const std::string& path) {
     return ShortRecentFiles == 1 ? short_name : path;
 }
 
-// Every file of the arrays has its entry in the menu, also where the list was switched on behind the start-up. An entry
+// Every file of the arrays has its entry in the menu, also where the list was switched on after the start-up. An entry
 // that is there keeps its caption; a gap has none and does not show.
 void EnterMissingCaptions() {
     MainWindowServices& window = *Platform.MainWindow;

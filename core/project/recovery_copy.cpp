@@ -25,7 +25,7 @@
 #include "core/runtime/text.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/main_settings.h"
 
 namespace tarvokol {
 namespace {

@@ -10,7 +10,7 @@
 #include "core/project/working_parameters.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/text.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/option_settings.h"
 
 namespace tarvokol {
 namespace {

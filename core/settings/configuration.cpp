@@ -192,6 +192,9 @@ void SaveSettings(int selector) {
 
 void SetSettingsToBuiltIn() {
     state::Settings = {};
+    state::RecentFiles = {};
+    state::TextBrowse = {};
+    state::Options = {};
     state::Graphs = {};
     OptionsRecord = {};
     DisplayHistoryWin = HistoryLogState{}.DisplayHistoryWin;

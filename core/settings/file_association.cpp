@@ -8,8 +8,8 @@
 #include "core/platform/platform.h"
 #include "core/platform/special_folders.h"
 #include "core/settings/folders.h"
+#include "core/settings/main_settings.h"
 #include "core/settings/program_name.h"
-#include "core/settings/program_settings.h"
 
 namespace tarvokol {
 void CreateFileAssociation() {

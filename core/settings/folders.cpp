@@ -18,7 +18,7 @@
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 #include "core/settings/configuration.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/main_settings.h"
 
 namespace tarvokol {
 namespace {

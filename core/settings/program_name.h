@@ -8,8 +8,10 @@ namespace tarvokol {
 // The running program's file name without folder and extension: "tarvokol".
 std::string ProgramName();
 
-// The same in upper case, as captions, the file dialog's
-// filter and the print header show it.
+// The same in upper case, as captions, the file dialog's filter and the print header show it.
 std::string ProgramNameUpper();
+
+// That of the running program; set first at start-up, never changed.
+inline std::string ExeNameUpper;
 
 }  // namespace tarvokol

@@ -7,6 +7,7 @@
 #include "core/engine/engine.h"
 #include "core/messages/notify.h"
 #include "core/project/parameter_texts.h"
+#include "core/project/parameter_validation.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"
 

@@ -21,7 +21,7 @@
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"
 #include "core/runtime/text.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/option_settings.h"
 #include "qt/print/qt_printer.h"
 #include "qt/session/qt_text.h"
 

@@ -3,7 +3,8 @@
 
 #include "core/program/start_up.h"
 #include "core/settings/disclaimer_text.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/main_settings.h"
+#include "core/settings/program_name.h"
 #include "core/settings/update_reminder.h"
 #include "qt/session/qt_text.h"
 #include "ui_frmDisclaimer.h"

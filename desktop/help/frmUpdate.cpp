@@ -7,7 +7,7 @@
 #include "core/platform/shell.h"
 #include "core/program/start_up.h"
 #include "core/report/report_builder.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/program_name.h"
 #include "core/settings/update_reminder.h"
 #include "desktop/base/form_services.h"
 #include "qt/session/qt_text.h"

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "core/engine/panel_fields.h"
 #include "core/project/parameter_texts.h"
 #include "core/project/project_record.h"
 #include "desktop/base/form_base.h"

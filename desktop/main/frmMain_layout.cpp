@@ -6,8 +6,9 @@
 #include <QSvgWidget>
 #include <QToolBar>
 
+#include "core/messages/history_log.h"
 #include "core/report/report_builder.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/main_settings.h"
 #include "desktop/main/frmMain.h"
 #include "qt/session/qt_text.h"
 

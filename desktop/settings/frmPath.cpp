@@ -5,7 +5,7 @@
 #include "core/messages/notify.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/folders.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/main_settings.h"
 #include "ui_frmPath.h"
 
 namespace tarvokol {

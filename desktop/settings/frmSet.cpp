@@ -18,7 +18,7 @@
 #include "core/runtime/text.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/main_settings.h"
 #include "desktop/settings/frmPath.h"
 #include "qt/session/qt_text.h"
 #include "ui_frmSet.h"

@@ -11,7 +11,7 @@
 #include "core/messages/history_log.h"
 #include "core/platform/common_dialogs.h"
 #include "core/platform/platform.h"
-#include "core/project/lifecycle.h"
+#include "core/project/file_names.h"
 #include "core/project/project_state.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/folders.h"

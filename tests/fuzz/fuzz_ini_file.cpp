@@ -10,14 +10,16 @@
 #include <unistd.h>
 
 #include "core/headless/headless_platform.h"
+#include "core/messages/history_log.h"
 #include "core/runtime/charset.h"
 #include "core/runtime/text.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
 #include "core/settings/graph_settings.h"
 #include "core/settings/ini_file.h"
+#include "core/settings/main_settings.h"
 #include "core/settings/options_record.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/recent_file_settings.h"
 
 using namespace tarvokol;
 

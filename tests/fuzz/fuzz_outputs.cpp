@@ -21,6 +21,8 @@
 #include "core/project/curves.h"
 #include "core/project/input_check.h"
 #include "core/project/parameter_texts.h"
+#include "core/project/parameter_validation.h"
+#include "core/project/pillar_sizing.h"
 #include "core/project/preview_record.h"
 #include "core/project/project_file.h"
 #include "core/project/project_record.h"

@@ -8,7 +8,7 @@
 #include "core/project/curves.h"
 #include "core/project/project_record.h"
 #include "core/settings/graph_settings.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/option_settings.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "core/project/preview_record.h"
 #include "core/project/working_parameters.h"
 
 namespace tarvokol {

@@ -12,6 +12,8 @@
 #include "core/project/file_conversion.h"
 #include "core/project/input_check.h"
 #include "core/project/parameter_texts.h"
+#include "core/project/pillar_sizing.h"
+#include "core/project/project_record.h"
 #include "core/project/sizing_solver.h"
 #include "core/project/stability_analysis.h"
 #include "core/project/working_parameters.h"

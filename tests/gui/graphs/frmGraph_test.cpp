@@ -6,6 +6,7 @@
 
 #include "core/project/working_parameters.h"
 #include "core/settings/folders.h"
+#include "core/settings/main_settings.h"
 #include "core/settings/options_record.h"
 #include "desktop/main/frmMain.h"
 #include "tests/support/graph_fixture.h"

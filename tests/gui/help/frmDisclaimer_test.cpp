@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "core/settings/program_name.h"
 #include "tests/support/main_window_fixture.h"
 
 namespace tarvokol {

@@ -7,7 +7,7 @@
 #include "core/program/program_help.h"
 #include "core/program/start_up.h"
 #include "core/settings/folders.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/main_settings.h"
 #include "core/settings/update_reminder.h"
 #include "desktop/main/frmMain.h"
 #include "tests/support/gui_fixture.h"

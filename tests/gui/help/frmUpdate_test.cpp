@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "core/report/report_builder.h"
+#include "core/settings/program_name.h"
 #include "core/settings/update_reminder.h"
 #include "tests/support/main_window_fixture.h"
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // All that the forms of the help menu show, read out and tell, and where the tab key leads.
 #include "core/program/program_help.h"
+#include "core/settings/program_name.h"
 #include "desktop/help/frmDisclaimer.h"
 #include "desktop/help/frmResource.h"
 #include "desktop/help/frmUpdate.h"

@@ -6,6 +6,7 @@
 
 #include "core/graphics/TarvoGraf.h"
 #include "core/messages/titles.h"
+#include "core/project/preview_record.h"
 #include "core/project/project_state.h"
 #include "core/project/recovery_copy.h"
 #include "core/report/results_state.h"

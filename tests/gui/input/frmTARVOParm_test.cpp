@@ -16,6 +16,7 @@
 #include "core/report/results_state.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
+#include "core/settings/main_settings.h"
 #include "desktop/main/frmMain.h"
 #include "desktop/main/main_window_binding.h"
 #include "qt/plan/plan_sheet.h"

@@ -9,7 +9,7 @@
 #include "core/program/start_up.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/option_settings.h"
 #include "desktop/input/frmTARVOParm.h"
 #include "tests/support/gui_fixture.h"
 

@@ -10,6 +10,7 @@
 #include <QToolBar>
 
 #include "core/report/report_builder.h"
+#include "core/settings/recent_file_settings.h"
 #include "desktop/base/form_registry.h"
 #include "tests/support/main_window_fixture.h"
 #include "tests/support/raised_error.h"

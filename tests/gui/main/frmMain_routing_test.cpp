@@ -5,7 +5,6 @@
 #include <map>
 #include <set>
 
-#include "core/project/lifecycle.h"
 #include "core/project/project_file.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"

@@ -15,6 +15,7 @@
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
 #include "core/report/report_builder.h"
+#include "core/settings/recent_file_settings.h"
 #include "desktop/base/results_caller.h"
 #include "tests/support/main_window_fixture.h"
 

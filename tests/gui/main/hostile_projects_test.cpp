@@ -8,6 +8,7 @@
 
 #include "core/runtime/numbers.h"
 #include "core/settings/graph_settings.h"
+#include "core/settings/program_name.h"
 #include "desktop/base/form_registry.h"
 #include "tests/support/curve_fixture.h"
 #include "tests/support/main_window_fixture.h"

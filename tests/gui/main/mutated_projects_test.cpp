@@ -11,6 +11,7 @@
 #include <set>
 
 #include "core/program/program_help.h"
+#include "core/settings/program_name.h"
 #include "desktop/base/form_registry.h"
 #include "tests/support/curve_fixture.h"
 #include "tests/support/main_window_fixture.h"

@@ -6,6 +6,7 @@
 
 #include "core/report/text_browser.h"
 #include "core/settings/options_record.h"
+#include "core/settings/text_browse_settings.h"
 #include "tests/support/main_window_fixture.h"
 
 namespace tarvokol {

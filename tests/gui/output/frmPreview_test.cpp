@@ -12,7 +12,7 @@
 #include "core/project/project_state.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/folders.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/main_settings.h"
 #include "core/settings/update_reminder.h"
 #include "desktop/main/frmMain.h"
 #include "desktop/main/main_window_binding.h"

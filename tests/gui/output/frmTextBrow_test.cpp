@@ -6,12 +6,14 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include "core/messages/history_log.h"
 #include "core/messages/titles.h"
 #include "core/program/start_up.h"
 #include "core/report/text_browser.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/main_settings.h"
+#include "core/settings/text_browse_settings.h"
 #include "desktop/base/file_lists.h"
 #include "tests/support/gui_fixture.h"
 

@@ -6,7 +6,7 @@
 
 #include "core/graphics/TarvoGraf.h"
 #include "core/project/working_parameters.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/option_settings.h"
 #include "qt/plan/painter_surface.h"
 #include "tests/support/core_fixture.h"
 #include "tests/support/ink.h"

@@ -11,7 +11,6 @@
 #include "core/report/print_engine.h"
 #include "core/report/report_builder.h"
 #include "core/runtime/text.h"
-#include "core/settings/program_settings.h"
 #include "qt/print/pdf_check.h"
 #include "qt/session/qt_screen_fonts.h"
 #include "tests/support/core_fixture.h"

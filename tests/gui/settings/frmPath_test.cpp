@@ -5,7 +5,7 @@
 #include <QRadioButton>
 
 #include "core/settings/folders.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/main_settings.h"
 #include "desktop/base/file_lists.h"
 #include "tests/support/gui_fixture.h"
 

@@ -9,11 +9,12 @@
 #include <QRadioButton>
 #include <QToolBar>
 
+#include "core/messages/history_log.h"
 #include "core/messages/titles.h"
 #include "core/program/start_up.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/main_settings.h"
 #include "desktop/main/frmMain.h"
 #include "desktop/main/main_window_binding.h"
 #include "desktop/settings/frmPath.h"

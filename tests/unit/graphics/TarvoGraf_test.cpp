@@ -6,8 +6,10 @@
 #include "core/graphics/recording_surface.h"
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
+#include "core/project/preview_record.h"
 #include "core/project/working_parameters.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/option_settings.h"
+#include "core/settings/options_record.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {

@@ -3,12 +3,12 @@
 // program runs on with the settings that it would have had, and no file is half there.
 #include <filesystem>
 
+#include "core/messages/history_log.h"
 #include "core/program/start_up.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
 #include "core/settings/ini_file.h"
 #include "core/settings/options_record.h"
-#include "core/settings/program_settings.h"
 #include "tests/support/core_fixture.h"
 #include "tests/support/failing_files.h"
 

@@ -11,9 +11,12 @@
 #include "core/graphics/recording_surface.h"
 #include "core/program/start_up.h"
 #include "core/project/parameter_texts.h"
+#include "core/project/parameter_validation.h"
+#include "core/project/pillar_sizing.h"
+#include "core/project/preview_record.h"
 #include "core/project/project_record.h"
 #include "core/report/report_builder.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/option_settings.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {

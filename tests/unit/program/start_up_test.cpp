@@ -16,8 +16,9 @@
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
 #include "core/settings/ini_file.h"
+#include "core/settings/main_settings.h"
 #include "core/settings/options_record.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/recent_file_settings.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/project/curves.h"
+#include "core/project/preview_record.h"
 #include "core/project/project_record.h"
 #include "core/project/sizing_solver.h"
 #include "core/project/working_parameters.h"

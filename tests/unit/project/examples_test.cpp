@@ -8,6 +8,7 @@
 #include "core/project/curves.h"
 #include "core/project/input_check.h"
 #include "core/project/parameter_texts.h"
+#include "core/project/pillar_sizing.h"
 #include "core/project/stability_analysis.h"
 #include "core/project/working_parameters.h"
 #include "tests/unit/project/project_fixture.h"

@@ -12,6 +12,7 @@
 #include "core/project/kept_copy.h"
 #include "core/project/lifecycle.h"
 #include "core/project/project_origin.h"
+#include "core/project/recent_files.h"
 #include "core/project/recovery_copy.h"
 #include "core/settings/configuration.h"
 #include "core/settings/program_settings.h"

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "core/platform/message_box.h"
+#include "core/project/file_names.h"
 #include "core/settings/configuration.h"
 #include "core/settings/options_record.h"
 #include "core/settings/program_settings.h"

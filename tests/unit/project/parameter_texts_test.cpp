@@ -6,6 +6,9 @@
 #include "core/engine/engine.h"
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
+#include "core/project/parameter_validation.h"
+#include "core/project/pillar_sizing.h"
+#include "core/project/preview_record.h"
 #include "tests/support/random_panels.h"
 #include "tests/unit/project/calculation_fixture.h"
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/project/recent_files.h"
+
 #include <filesystem>
 
 #include <gmock/gmock.h>
 
-#include "core/project/lifecycle.h"
 #include "core/settings/configuration.h"
 #include "core/settings/program_settings.h"
 #include "tests/unit/project/project_fixture.h"

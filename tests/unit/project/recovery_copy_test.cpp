@@ -16,7 +16,8 @@
 #include "core/project/file_conversion.h"
 #include "core/project/lifecycle.h"
 #include "core/settings/configuration.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/main_settings.h"
+#include "core/settings/option_settings.h"
 #include "tests/support/failing_files.h"
 #include "tests/unit/project/project_fixture.h"
 

@@ -4,7 +4,8 @@
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/project/working_parameters.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/option_settings.h"
+#include "core/settings/options_record.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the Size button does with the texts of its dialog.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "core/project/parameter_texts.h"
+
+namespace tarvokol {
+
+// The raw results of the Size button, single precision, inches (-1 on failure), and the texts of its two
+// fields.
+struct SuggestedSizes {
+    float SuggestedWeb = 0;
+    float SuggestedBarrier = 0;
+    std::string txtSugWeb;
+    std::string txtSugBarrier;
+};
+
+// What stands beside the two fields in a metric project, whose labels elsewhere say metres; empty in an
+// English one, whose suggestions are feet as everything else.
+std::string SuggestedUnitNote();
+
+// What the button does once the short test has passed: fills the solver's block from the texts and sizes the
+// web, then the barrier. `show_web` is called between the two with the web's text, since each value shows as
+// soon as it is found. A blank abutment angle raises "Type mismatch".
+SuggestedSizes SuggestPillarSizes(const ParameterTexts& texts,
+                                  const std::function<void(const std::string&)>& show_web = {});
+
+}  // namespace tarvokol
