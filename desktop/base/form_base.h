@@ -60,6 +60,9 @@ class FormBase : public QMainWindow {
     // Runs Form_Load, sizes and centres the form. Called once, by SingleForm.
     void Load();
 
+    // True once the user closes the form by what takes over its data, such as OK: Form_Unload stores them then.
+    bool Accepted = false;
+
     // Drops the class's reference to this object.
     virtual void ForgetInstance() = 0;
 

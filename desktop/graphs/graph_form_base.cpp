@@ -16,13 +16,14 @@
 #include "core/platform/common_dialogs.h"
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
+#include "core/platform/printer_device.h"
 #include "core/platform/spreadsheet_writer.h"
 #include "core/report/print_engine.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"
 #include "core/runtime/text.h"
 #include "core/settings/option_settings.h"
-#include "qt/print/qt_printer.h"
+#include "qt/print/page_painter.h"
 #include "qt/session/qt_text.h"
 
 namespace tarvokol {
@@ -189,11 +190,11 @@ bool GraphFormBase::PrinterIsChosen() {
 void GraphFormBase::PrintGraph() {
     if (!PrinterIsChosen()) return;
     LogMessage("Printing Graph");
-    auto* printer = dynamic_cast<QtPrinter*>(Platform.Printer);
+    PrinterDevice* const printer = Platform.Printer;
     if (printer == nullptr) return;
     try {
         if (printer->StartDoc() && printer->HasTarget())
-            printer->PrintWith([this](QPrinter& device) { PrintInItsBox(*graph_, device); });
+            printer->PrintWith([this](PageDevice& page) { PrintInItsBox(*graph_, page.Device); });
     } catch (const RunTimeError&) {
         // Whatever the printer says now is passed over.
     }

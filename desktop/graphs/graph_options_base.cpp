@@ -142,7 +142,7 @@ void GraphOptionsBase::Command1_Click() {
 }
 
 void GraphOptionsBase::Command2_Click() {
-    ok_pressed_ = true;
+    Accepted = true;
     Unload();
 }
 
@@ -152,7 +152,7 @@ void GraphOptionsBase::Command3_Click() {
 }
 
 void GraphOptionsBase::Form_Unload() {
-    if (ok_pressed_) {
+    if (Accepted) {
         StoreSettings();
         SaveSettings(section::Graph);
     } else {

@@ -70,7 +70,6 @@ class GraphOptionsBase : public FormBase {
     QLabel* Label1_ = nullptr;
     QScrollBar* HScroll1_ = nullptr;
     QLineEdit* txtSS_ = nullptr;
-    bool ok_pressed_ = false;
     std::optional<GraphSettingValues> before_defaults_;  // what the defaults took the place of
 };
 

@@ -69,18 +69,18 @@ void frmTARVODesc::ShowUnits() {
 }
 
 void frmTARVODesc::Command2_Click() {
-    Accepted_ = true;
+    Accepted = true;
     Unload();
 }
 
 void frmTARVODesc::Command4_Click() {
-    Accepted_ = true;
+    Accepted = true;
     Unload();
     Platform.MainWindow->OpenProjectParameters();
 }
 
 void frmTARVODesc::Form_Unload() {
-    if (!Accepted_) {
+    if (!Accepted) {
         typed_->Drop();
         LogMessage("Project Description Not Modified");
         return;

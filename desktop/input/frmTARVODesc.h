@@ -32,7 +32,6 @@ class frmTARVODesc : public SingleForm<frmTARVODesc> {
     std::unique_ptr<Ui::frmTARVODesc> ui_;
     std::unique_ptr<TypedTextsKeeper> typed_;
     OptionGroup Option1_;
-    bool Accepted_ = false;  // closing with OK or Next Form
 };
 
 }  // namespace tarvokol

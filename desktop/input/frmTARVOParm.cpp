@@ -107,7 +107,7 @@ void frmTARVOParm::Form_Load() {
     SetMessageTitles(kTitles);
     PlotFromResults = false;
     FormLoading_ = true;
-    OkPressed_ = ParmsModified_ = false;
+    ParmsModified_ = false;
     ResultsReturn = results_return::Normal;
     FillControls();
     LogMessage("Editing Project Parameters");
@@ -159,7 +159,7 @@ void frmTARVOParm::Form_Activate() {
 }
 
 void frmTARVOParm::Form_Unload() {
-    if (OkPressed_) StoreParameters();
+    if (Accepted) StoreParameters();
     typed_->Drop();
     LogMessage(ParmsModified_ ? "Project Parameters Modified" : "Project Parameters Not Modified");
     EnableAndFocus("frmMain");
@@ -245,7 +245,7 @@ void frmTARVOParm::ScrollTo(int16_t holes) {
 
 void frmTARVOParm::cmdOK_Click() {
     if (!ValidateAll()) return;
-    OkPressed_ = true;
+    Accepted = true;
     Unload();
 }
 

@@ -91,7 +91,6 @@ class frmTARVOParm : public SingleForm<frmTARVOParm> {
     std::unique_ptr<Ui::frmTARVOParm> ui_;
     std::unique_ptr<TypedTextsKeeper> typed_;
     std::vector<InputBox> inputs_;
-    bool OkPressed_ = false;
     bool FormLoading_ = false;    // the dialog is filling its own controls
     bool ParmsModified_ = false;  // the boxes have been stored
     std::string LastHolesText_;   // last accepted text of the number of holes

@@ -13,12 +13,13 @@
 #include "core/graphics/TarvoGraf.h"
 #include "core/messages/command_guard.h"
 #include "core/platform/platform.h"
+#include "core/platform/printer_device.h"
 #include "core/project/figure_range.h"
 #include "core/project/preview_record.h"
 #include "core/report/results_state.h"
 #include "desktop/base/form_services.h"
 #include "desktop/base/modCapture.h"
-#include "qt/print/qt_printer.h"
+#include "qt/print/page_painter.h"
 #include "ui_frmPicture.h"
 
 namespace tarvokol {
@@ -213,14 +214,14 @@ void frmPicture::mnuPlotSetItem_Click(int Index) {
 
 // What stands on the sheet is drawn anew for the printer, which has more and finer dots than the screen.
 void frmPicture::PrintForm() {
-    auto* printer = dynamic_cast<QtPrinter*>(Platform.Printer);
+    PrinterDevice* const printer = Platform.Printer;
     if (printer == nullptr) Raise(error_number::PrinterError);
     printer->Announce(PrintedMatter::Plan);
     if (!printer->StartDoc()) return;
     const QSizeF size = ui_->client->PaperSize();
-    printer->PrintDrawing(size, [&](QPainter& painter) {
+    printer->PrintDrawing(size.width(), size.height(), [&](PagePainter& page) {
         if (!ui_->client->HasDrawing()) return;
-        PainterSurface surface(painter, size);
+        PainterSurface surface(page.Painter, size);
         surface.SetFontSize(FontSize());
         surface.SetFitsLabels(ui_->client->SizeOfLabels());
         surface.SetScale(PlotWidth, PlotHeight);

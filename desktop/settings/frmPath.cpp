@@ -51,11 +51,10 @@ frmPath::~frmPath() = default;
 
 void frmPath::Form_Load() {
     SetArrayIndex(Option1_, kCurrent);
-    PathAccepted = false;
 }
 
 void frmPath::Form_Unload() {
-    if (PathAccepted) ChosenPath = WithSeparator(ui_->Dir1->Folder());
+    if (Accepted) ChosenPath = WithSeparator(ui_->Dir1->Folder());
 }
 
 void frmPath::Option1_Click(int Index) {
@@ -73,7 +72,7 @@ void frmPath::Command1_Click() {
 }
 
 void frmPath::Command2_Click() {
-    PathAccepted = true;
+    Accepted = true;
     Unload();
 }
 

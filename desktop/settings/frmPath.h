@@ -32,7 +32,6 @@ class frmPath : public SingleForm<frmPath> {
 
     std::unique_ptr<Ui::frmPath> ui_;
     OptionGroup Option1_;
-    bool PathAccepted = false;
 };
 
 }  // namespace tarvokol

@@ -120,7 +120,7 @@ void frmSet::Form_Activate() {
 }
 
 void frmSet::Form_Unload() {
-    if (Accepted == 0) {
+    if (!Accepted) {
         LogMessage("Settings Not Modified");
         return;
     }
@@ -211,7 +211,7 @@ void frmSet::cmdSetDefault_Click() {
 
 void frmSet::cmdOK_Click() {
     if (!ValidateSettings()) return;
-    Accepted = kTrue;
+    Accepted = true;
     Unload();
 }
 

@@ -49,7 +49,6 @@ class frmSet : public SingleForm<frmSet> {
 
     std::unique_ptr<Ui::frmSet> ui_;
     OptionGroup optUnits_;
-    int16_t Accepted = 0;
     bool PathDialogOpen = false;
     bool Loading = false;
 };

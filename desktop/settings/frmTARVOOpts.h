@@ -43,7 +43,6 @@ class frmTARVOOpts : public SingleForm<frmTARVOOpts> {
     OptionGroup Option1_;
     OptionGroup Option2_;
     OptionGroup Option3_;
-    bool Accepted = false;
 };
 
 }  // namespace tarvokol

@@ -15,6 +15,7 @@
 #include "core/project/project_state.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/folders.h"
+#include "qt/print/page_painter.h"
 #include "qt/print/pdf_check.h"
 #include "qt/session/qt_screen_fonts.h"
 #include "qt/session/qt_text.h"
@@ -233,28 +234,30 @@ void QtPrinter::EndDoc() {
     if (file_) EndFile();
 }
 
-void QtPrinter::PrintWith(const std::function<void(QPrinter&)>& print) {
+void QtPrinter::PrintWith(const std::function<void(PageDevice&)>& print) {
     AbandonJob();
     QPrinter& device = Target();
     if (PrintsToFile(device)) BeginFile();
-    print(device);
+    PageDevice page(device);
+    print(page);
     if (!file_) return;
     file_is_whole_ = PdfIsWhole(file_->BuildPath());
     EndFile();
 }
 
-void QtPrinter::PrintDrawing(const QSizeF& size, const std::function<void(QPainter&)>& draw) {
+void QtPrinter::PrintDrawing(double width, double height, const std::function<void(PagePainter&)>& draw) {
     EnsureJob();
     const int resolution = Target().resolution();
     const QPageLayout layout = Target().pageLayout();
     const QMargins margins = layout.marginsPixels(resolution);
     const QSizeF room = layout.fullRectPixels(resolution).marginsRemoved(margins).size();
-    const double scale = std::min({resolution / static_cast<double>(kPixelsPerInch),
-                                   room.width() / size.width(), room.height() / size.height()});
+    const double scale = std::min(
+        {resolution / static_cast<double>(kPixelsPerInch), room.width() / width, room.height() / height});
     painter_.translate(margins.left(), margins.top());
     painter_.scale(scale, scale);
     try {
-        draw(painter_);
+        PagePainter page(painter_);
+        draw(page);
         EndDoc();
     } catch (const RunTimeError&) {
         AbandonJob();

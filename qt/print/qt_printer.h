@@ -4,7 +4,6 @@
 #include <QFont>
 #include <QPainter>
 #include <QPrinter>
-#include <QSizeF>
 #include <functional>
 #include <memory>
 
@@ -27,17 +26,6 @@ class QtPrinter : public PrinterDevice {
 
     // Prints what follows to a PDF file, on A4 paper. A job that is still open is given up.
     void PrintToFile(const std::string& path);
-
-    // Prints a job of its own that paints on the device itself.
-    void PrintWith(const std::function<void(QPrinter&)>& print);
-
-    // True if there is a printer, or a file to print to.
-    bool HasTarget() const;
-
-    // Prints a drawing as a job of its own. It measures `size` pixels, 96 to the inch, which are the units of
-    // the painter given, and stands at the top left of the printable area; a drawing that is larger is
-    // reduced to it.
-    void PrintDrawing(const QSizeF& size, const std::function<void(QPainter&)>& draw);
 
     // The full name that a PDF file of what is announced may have: the project's with what the file holds, in the
     // project's folder; the one that was chosen for the run, if there is one.
@@ -64,6 +52,10 @@ class QtPrinter : public PrinterDevice {
     void NewPage() override;
     void EndDoc() override;
 
+    bool HasTarget() const override;
+    void PrintDrawing(double width, double height, const std::function<void(PagePainter&)>& draw) override;
+    void PrintWith(const std::function<void(PageDevice&)>& print) override;
+
     std::vector<std::string> FontNames() override;
     void SetFontName(const std::string& name) override;
     void SetFontSize(double points) override;
@@ -82,7 +74,7 @@ class QtPrinter : public PrinterDevice {
     void DropFile();
 
     mutable std::unique_ptr<QPrinter> device_;  // created on first use: looking for printers takes its time
-    QPainter painter_;                          // behind the device, which it must not outlive
+    QPainter painter_;                          // after the device, which it must not outlive
     QFont font_;
     PrintedMatter matter_ = PrintedMatter::Anything;
     std::string job_file_;                   // chosen in a dialog for the job announced

@@ -6,6 +6,7 @@
 #include "core/report/print_engine.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/folders.h"
+#include "qt/print/page_painter.h"
 #include "qt/print/qt_printer.h"
 #include "tests/support/core_fixture.h"
 #include "tests/support/ink.h"
@@ -31,8 +32,8 @@ class PaperDrawing : public CoreTest {
 
     // Where a black drawing of a size stands on the page.
     QRect PlaceOf(const QSizeF& size) {
-        Printer.PrintDrawing(size, [&](QPainter& painter) {
-            painter.fillRect(QRectF({0, 0}, size), Qt::black);
+        Printer.PrintDrawing(size.width(), size.height(), [&](PagePainter& page) {
+            page.Painter.fillRect(QRectF({0, 0}, size), Qt::black);
         });
         return InkOf(Page());
     }
@@ -72,14 +73,15 @@ TEST_F(PaperDrawing, EveryDrawingIsAJobOfItsOwn) {
 
 TEST_F(PaperDrawing, AFailedDrawingLeavesTheFileAndIsGivenUp) {
     Printer.PrintToFile(PathTo("gone/job.pdf"));
-    EXPECT_EQ(RaisedError([this] { Printer.PrintDrawing({10, 10}, [](QPainter&) {}); }), 76);
+    EXPECT_EQ(RaisedError([this] { Printer.PrintDrawing(10, 10, [](PagePainter&) {}); }), 76);
     Printer.PrintToFile(PathTo("job.pdf"));
     ExpectNear(PlaceOf({100, 50}).translated(-PlaceOf({100, 50}).topLeft()), QRect(0, 0, 100, 50));
 }
 
 TEST_F(PaperDrawing, AJobThatPaintsOnTheDeviceItselfIsPutInPlace) {
     WriteBytes(PathTo("job.pdf"), "old");
-    Printer.PrintWith([this](QPrinter& device) {
+    Printer.PrintWith([this](PageDevice& page) {
+        QPrinter& device = page.Device;
         EXPECT_EQ(&device, &Printer.Device());
         EXPECT_EQ(ReadBytes(PathTo("job.pdf")), "old");
         QPainter painter(&device);
@@ -89,7 +91,7 @@ TEST_F(PaperDrawing, AJobThatPaintsOnTheDeviceItselfIsPutInPlace) {
     ExpectNear(InkOf(Page()), QRect(96, 192, 96, 96));
     EXPECT_EQ(Printer.Device().outputFileName().toStdString(), PathTo("job.pdf"));
     WriteBytes(PathTo("job.pdf"), "old");
-    EXPECT_EQ(RaisedError([this] { Printer.PrintWith([](QPrinter&) {}); }), 61);  // nothing came of it
+    EXPECT_EQ(RaisedError([this] { Printer.PrintWith([](PageDevice&) {}); }), 61);  // nothing came of it
     EXPECT_EQ(ReadBytes(PathTo("job.pdf")), "old");
 }
 
