@@ -7,11 +7,13 @@
 
 #include "core/files/table_kind.h"
 #include "core/runtime/charset.h"
+#include "core/runtime/text.h"
 
 namespace tarvokol {
 namespace {
 
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view kBlanks = " \t";
 constexpr std::size_t kLongestRecord = std::size_t{16} << 20;  // bytes; a quote that never closes ends here
 constexpr std::size_t kLongestLine = std::size_t{64} << 20;    // bytes; what never ends a line is no table
 
@@ -28,16 +30,6 @@ std::ptrdiff_t Outside(std::string_view header, char separator) {
     return count;
 }
 
-std::string Trimmed(const std::string& text) {
-    const std::size_t first = text.find_first_not_of(" \t");
-    if (first == std::string::npos) return "";
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
-bool IsBlank(const std::string& line) {
-    return line.find_first_not_of(" \t") == std::string::npos;
-}
-
 }  // namespace
 
 CsvReader::CsvReader(std::istream& input, std::string name) : input_(input), name_(std::move(name)) {
@@ -51,20 +43,21 @@ void CsvReader::ReadHeader() {
             if (const std::string why = WhyNoTable(line); !why.empty()) throw TableFault(name_ + ": " + why);
             if (line.starts_with(kUtf8Mark)) line.erase(0, kUtf8Mark.size());
         }
-        if (!IsBlank(line)) break;
+        if (!IsBlank(line, kBlanks)) break;
         line.clear();
     }
-    if (IsBlank(line)) throw TableFault(name_ + ": the table is empty; its first line names the columns");
+    if (IsBlank(line, kBlanks))
+        throw TableFault(name_ + ": the table is empty; its first line names the columns");
     header_line_ = line_;
     const std::ptrdiff_t commas = Outside(line, ',');
     const std::ptrdiff_t semicolons = Outside(line, ';');
-    if (Outside(Trimmed(line), '\t') > std::max(commas, semicolons))
+    if (Outside(Trimmed(line, kBlanks), '\t') > std::max(commas, semicolons))
         throw FaultOfHeader("the columns are separated by tabs; save the table with commas or semicolons");
     separator_ = semicolons > commas ? ';' : ',';
     TableRow row;
     row.line = line_;
     SplitRecord(line, row);
-    for (const std::string& cell : row.cells) header_.push_back(Trimmed(cell));
+    for (const std::string& cell : row.cells) header_.emplace_back(Trimmed(cell, kBlanks));
 }
 
 TableFault CsvReader::FaultAt(std::uint64_t line, const std::string& why) const {
@@ -133,7 +126,7 @@ bool CsvReader::ReadRecord(TableRow& row) {
     std::string line;
     do {
         if (!ReadLine(line)) return false;
-    } while (IsBlank(line));
+    } while (IsBlank(line, kBlanks));
     row.line = line_;
     SplitRecord(line, row);
     return true;

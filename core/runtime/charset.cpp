@@ -75,18 +75,16 @@ void Utf8Scanner::Feed(std::string_view bytes) {
     for (const char c : bytes) {
         const auto byte = static_cast<unsigned char>(c);
         if (missing_ > 0) {
-            valid_ = byte >= low_ && byte <= high_;
+            valid_ = next_.SecondFits(byte);
             if (!valid_) return;
-            low_ = 0x80;
-            high_ = 0xBF;
+            next_ = {};
             --missing_;
         } else if (byte >= 0x80) {
-            valid_ = byte >= 0xC2 && byte <= 0xF4;
+            next_ = Utf8SequenceOf(byte);
+            valid_ = next_.bytes > 1;
             if (!valid_) return;
             multi_byte_ = true;
-            missing_ = byte < 0xE0 ? 1 : byte < 0xF0 ? 2 : 3;
-            low_ = byte == 0xE0 ? 0xA0 : byte == 0xF0 ? 0x90 : 0x80;
-            high_ = byte == 0xED ? 0x9F : byte == 0xF4 ? 0x8F : 0xBF;
+            missing_ = next_.bytes - 1;
         }
     }
 }

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/runtime/utf8.h"
+
 namespace tarvokol {
 
 enum class Charset { Windows1252, Utf8 };
@@ -25,9 +27,8 @@ class Utf8Scanner {
   private:
     bool valid_ = true;
     bool multi_byte_ = false;
-    int missing_ = 0;  // continuation bytes still to come
-    unsigned char low_ = 0x80;
-    unsigned char high_ = 0xBF;  // range of the next continuation byte
+    int missing_ = 0;    // continuation bytes still to come
+    Utf8Sequence next_;  // range of the next continuation byte
 };
 
 // The charset of a complete file content.

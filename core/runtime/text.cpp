@@ -4,37 +4,13 @@
 #include <algorithm>
 
 #include "core/runtime/run_time_error.h"
+#include "core/runtime/utf8.h"
 
 namespace tarvokol {
 namespace {
 
 unsigned char Byte(std::string_view text, std::size_t offset) {
     return static_cast<unsigned char>(text[offset]);
-}
-
-// Length that the lead byte announces, 0 for a byte that cannot begin a character.
-std::size_t AnnouncedBytes(unsigned char lead) {
-    if (lead < 0x80) return 1;
-    if (lead >= 0xC2 && lead <= 0xDF) return 2;
-    if (lead >= 0xE0 && lead <= 0xEF) return 3;
-    if (lead >= 0xF0 && lead <= 0xF4) return 4;
-    return 0;
-}
-
-// Lowest and highest second byte that the lead byte allows: no overlong forms, no surrogates, nothing above U+10FFFF.
-bool SecondByteFits(unsigned char lead, unsigned char second) {
-    switch (lead) {
-        case 0xE0:
-            return second >= 0xA0 && second <= 0xBF;
-        case 0xED:
-            return second >= 0x80 && second <= 0x9F;
-        case 0xF0:
-            return second >= 0x90 && second <= 0xBF;
-        case 0xF4:
-            return second >= 0x80 && second <= 0x8F;
-        default:
-            return second >= 0x80 && second <= 0xBF;
-    }
 }
 
 void RefuseNegative(long count) {
@@ -48,10 +24,10 @@ bool IsAscii(std::string_view text) {
 }
 
 std::size_t CharacterBytes(std::string_view text, std::size_t offset) {
-    const unsigned char lead = Byte(text, offset);
-    const std::size_t count = AnnouncedBytes(lead);
+    const Utf8Sequence sequence = Utf8SequenceOf(Byte(text, offset));
+    const auto count = static_cast<std::size_t>(sequence.bytes);
     if (count <= 1) return 1;
-    if (offset + count > text.size() || !SecondByteFits(lead, Byte(text, offset + 1))) return 1;
+    if (offset + count > text.size() || !sequence.SecondFits(Byte(text, offset + 1))) return 1;
     for (std::size_t i = 2; i < count; ++i)
         if ((Byte(text, offset + i) & 0xC0) != 0x80) return 1;
     return count;
@@ -97,22 +73,26 @@ std::string Mid(std::string_view text, long start, long count) {
     return std::string(text.substr(begin, end - begin));
 }
 
+std::string_view Trimmed(std::string_view text, std::string_view blanks) {
+    const std::size_t first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
 std::string TrimLeft(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    return first == std::string_view::npos ? std::string() : std::string(text.substr(first));
+    return std::string(text.substr(std::min(text.find_first_not_of(' '), text.size())));
 }
 
 std::string TrimRight(std::string_view text) {
-    const std::size_t last = text.find_last_not_of(' ');
-    return last == std::string_view::npos ? std::string() : std::string(text.substr(0, last + 1));
+    return std::string(text.substr(0, text.find_last_not_of(' ') + 1));
 }
 
 std::string Trim(std::string_view text) {
-    return TrimLeft(TrimRight(text));
+    return std::string(Trimmed(text));
 }
 
-bool IsBlank(std::string_view text) {
-    return text.find_first_not_of(' ') == std::string_view::npos;
+bool IsBlank(std::string_view text, std::string_view blanks) {
+    return text.find_first_not_of(blanks) == std::string_view::npos;
 }
 
 std::string UpperCase(std::string_view text) {

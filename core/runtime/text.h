@@ -21,7 +21,7 @@ bool IsAscii(std::string_view text);
 // Number of bytes of the character that begins at byte `offset` of the text, 1 at least.
 std::size_t CharacterBytes(std::string_view text, std::size_t offset);
 
-// Byte offset behind `count` characters from byte `offset` on; at most the text's size.
+// Byte offset after `count` characters from byte `offset` on; at most the text's size.
 std::size_t AdvanceCharacters(std::string_view text, std::size_t offset, std::size_t count);
 
 // Number of characters.
@@ -41,8 +41,11 @@ std::string Trim(std::string_view text);
 std::string TrimLeft(std::string_view text);
 std::string TrimRight(std::string_view text);
 
+// The part of the text between the blanks on both sides; `blanks` are the bytes that count as such.
+std::string_view Trimmed(std::string_view text, std::string_view blanks = " ");
+
 // True if nothing but blanks stands in the text.
-bool IsBlank(std::string_view text);
+bool IsBlank(std::string_view text, std::string_view blanks = " ");
 
 // Upper case of the letters of ASCII and of the Latin-1 supplement.
 std::string UpperCase(std::string_view text);

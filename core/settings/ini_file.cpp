@@ -13,14 +13,8 @@
 namespace tarvokol {
 namespace {
 
-std::string_view TrimBlanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 bool SameName(std::string_view left, std::string_view right) {
-    return EqualIgnoringCase(TrimBlanks(left), TrimBlanks(right));
+    return EqualIgnoringCase(Trimmed(left), Trimmed(right));
 }
 
 // Walks over the lines of a text; offsets are those of the text.
@@ -53,7 +47,7 @@ class LineWalker {
 
 // The name in a section header; nothing for any other line.
 std::optional<std::string_view> HeaderName(std::string_view line) {
-    const std::string_view trimmed = TrimBlanks(line);
+    const std::string_view trimmed = Trimmed(line);
     if (trimmed.empty() || trimmed.front() != '[') return std::nullopt;
     const std::size_t close = trimmed.find(']');
     if (close == std::string_view::npos) return std::nullopt;
@@ -97,7 +91,7 @@ std::size_t EndOfLastEntry(std::string_view text, Span section) {
     LineWalker lines(text.substr(0, section.end), section.begin);
     std::size_t end = section.begin;
     while (lines.Next())
-        if (!TrimBlanks(lines.Line()).empty()) end = lines.Behind();
+        if (!Trimmed(lines.Line()).empty()) end = lines.Behind();
     return end;
 }
 
@@ -131,7 +125,7 @@ std::string IniSection::Get(std::string_view key, const std::string& default_tex
     const auto span = FindValue(body_, {0, body_.size()}, key);
     if (!span) return default_text;
     std::string_view value = body_.substr(span->begin, span->end - span->begin);
-    value = TrimBlanks(value.substr(0, value.find('\0')));
+    value = Trimmed(value.substr(0, value.find('\0')));
     return value.empty() ? default_text : Left(value, kLongestIniValue);
 }
 
@@ -162,7 +156,7 @@ IniSection IniDocument::Section(std::string_view name) const {
 
 void IniDocument::Put(std::string_view section, std::string_view key, std::string_view value) {
     const std::string line_value(FirstLineOf(value));
-    const std::string entry = std::string(TrimBlanks(key)) + "=" + line_value;
+    const std::string entry = std::string(Trimmed(key)) + "=" + line_value;
     const auto span = FindSection(text_, section);
     if (!span) {
         EndLastLine(text_);

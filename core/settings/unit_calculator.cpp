@@ -19,87 +19,121 @@ using Cell = double (*)(double V);
 template <std::size_t N>
 using Table = std::array<std::array<Cell, N>, N>;
 
+constexpr double kInchesPerFoot = 12;
+constexpr double kCentimetresPerInch = 2.54;
+constexpr double kCentimetresPerMetre = 100;
+
+constexpr double kPoundsPerTon = 2000;
+constexpr double kPoundsPerKip = 1000;
 constexpr double kKilonewtonsPerPound = 0.004448220489393218;
 constexpr double kKilonewtonsPerTon = 8.896440978786435;
 constexpr double kKilonewtonsPerKip = 4.448220489393218;
-constexpr double kPsiPerPsf = 0.006944444444444444;
-constexpr double kPascalsPerPsi = 6894.757293;
+constexpr double kKilonewtonsPerMeganewton = 1000;
+
 constexpr double kFeetPerInch = 0.08333333333333333;
 constexpr double kKilonewtonsPerMetrePerPoundPerFoot = 0.01459389924341607;
+
+constexpr double kPsiPerKsi = 1000;
+constexpr double kPsiPerPsf = 0.006944444444444444;
+constexpr double kPascalsPerPsi = 6894.757293;
+constexpr double kPascalsPerMegapascal = 1000000;
+
 constexpr double kPascalsPerMetrePerPsiPerInch = 271447.137519685;
 
 // in, ft, cm, m
 const Table<4> kLength{{
-    {[](double V) { return V; }, [](double V) { return V / 12; }, [](double V) { return V * 2.54; },
-     [](double V) { return V * 2.54 / 100; }},
-    {[](double V) { return V * 12; }, [](double V) { return V; }, [](double V) { return V * 12 * 2.54; },
-     [](double V) { return V * 12 * 2.54 / 100; }},
-    {[](double V) { return V / 2.54; }, [](double V) { return V / 2.54 / 12; }, [](double V) { return V; },
-     [](double V) { return V / 100; }},
-    {[](double V) { return V * 100 / 2.54; }, [](double V) { return V * 100 / 2.54 / 12; },
-     [](double V) { return V * 100; }, [](double V) { return V; }},
+    {[](double V) { return V; }, [](double V) { return V / kInchesPerFoot; },
+     [](double V) { return V * kCentimetresPerInch; },
+     [](double V) { return V * kCentimetresPerInch / kCentimetresPerMetre; }},
+    {[](double V) { return V * kInchesPerFoot; }, [](double V) { return V; },
+     [](double V) { return V * kInchesPerFoot * kCentimetresPerInch; },
+     [](double V) { return V * kInchesPerFoot * kCentimetresPerInch / kCentimetresPerMetre; }},
+    {[](double V) { return V / kCentimetresPerInch; },
+     [](double V) { return V / kCentimetresPerInch / kInchesPerFoot; }, [](double V) { return V; },
+     [](double V) { return V / kCentimetresPerMetre; }},
+    {[](double V) { return V * kCentimetresPerMetre / kCentimetresPerInch; },
+     [](double V) { return V * kCentimetresPerMetre / kCentimetresPerInch / kInchesPerFoot; },
+     [](double V) { return V * kCentimetresPerMetre; }, [](double V) { return V; }},
 }};
 
 // lbsF, tonsF, kN, MN, kips
-constexpr double k = kKilonewtonsPerPound;
 const Table<5> kLoad{{
-    {[](double V) { return V; }, [](double V) { return V / 2000; }, [](double V) { return V * k; },
-     [](double V) { return V * k / 1000; }, [](double V) { return V / 1000; }},
-    {[](double V) { return V * 2000; }, [](double V) { return V; }, [](double V) { return V * 2000 * k; },
-     [](double V) { return V * 2000 * k / 1000; }, [](double V) { return V * 2000 / 1000; }},
-    {[](double V) { return V / k; }, [](double V) { return V / kKilonewtonsPerTon; },
-     [](double V) { return V; }, [](double V) { return V / 1000; },
+    {[](double V) { return V; }, [](double V) { return V / kPoundsPerTon; },
+     [](double V) { return V * kKilonewtonsPerPound; },
+     [](double V) { return V * kKilonewtonsPerPound / kKilonewtonsPerMeganewton; },
+     [](double V) { return V / kPoundsPerKip; }},
+    {[](double V) { return V * kPoundsPerTon; }, [](double V) { return V; },
+     [](double V) { return V * kPoundsPerTon * kKilonewtonsPerPound; },
+     [](double V) { return V * kPoundsPerTon * kKilonewtonsPerPound / kKilonewtonsPerMeganewton; },
+     [](double V) { return V * kPoundsPerTon / kPoundsPerKip; }},
+    {[](double V) { return V / kKilonewtonsPerPound; }, [](double V) { return V / kKilonewtonsPerTon; },
+     [](double V) { return V; }, [](double V) { return V / kKilonewtonsPerMeganewton; },
      [](double V) { return V / kKilonewtonsPerKip; }},
-    {[](double V) { return V * 1000 / k; }, [](double V) { return V * 1000 / k / 2000; },
-     [](double V) { return V * 1000; }, [](double V) { return V; },
-     [](double V) { return V * 1000 / kKilonewtonsPerKip; }},
-    {[](double V) { return V * 1000; }, [](double V) { return V / 2000 * 1000; },
-     [](double V) { return V * k * 1000; }, [](double V) { return V * k / 1000 * 1000; },
+    {[](double V) { return V * kKilonewtonsPerMeganewton / kKilonewtonsPerPound; },
+     [](double V) { return V * kKilonewtonsPerMeganewton / kKilonewtonsPerPound / kPoundsPerTon; },
+     [](double V) { return V * kKilonewtonsPerMeganewton; }, [](double V) { return V; },
+     [](double V) { return V * kKilonewtonsPerMeganewton / kKilonewtonsPerKip; }},
+    {[](double V) { return V * kPoundsPerKip; }, [](double V) { return V / kPoundsPerTon * kPoundsPerKip; },
+     [](double V) { return V * kKilonewtonsPerPound * kPoundsPerKip; },
+     [](double V) { return V * kKilonewtonsPerPound / kKilonewtonsPerMeganewton * kPoundsPerKip; },
      [](double V) { return V; }},
 }};
 
 // lbsF/in, lbsF/ft, kN/m, MN/m
-constexpr double f = kFeetPerInch;
-constexpr double g = kKilonewtonsPerMetrePerPoundPerFoot;
 const Table<4> kLoadGrad{{
-    {[](double V) { return V; }, [](double V) { return V / f; }, [](double V) { return V / f * g; },
-     [](double V) { return V / f * g / 1000; }},
-    {[](double V) { return V * f; }, [](double V) { return V; }, [](double V) { return V * g; },
-     [](double V) { return V * g / 1000; }},
-    {[](double V) { return V / g * f; }, [](double V) { return V / g; }, [](double V) { return V; },
-     [](double V) { return V / 1000; }},
-    {[](double V) { return V * 1000 / g * f; }, [](double V) { return V * 1000 / g; },
-     [](double V) { return V * 1000; }, [](double V) { return V; }},
+    {[](double V) { return V; }, [](double V) { return V / kFeetPerInch; },
+     [](double V) { return V / kFeetPerInch * kKilonewtonsPerMetrePerPoundPerFoot; },
+     [](double V) {
+         return V / kFeetPerInch * kKilonewtonsPerMetrePerPoundPerFoot / kKilonewtonsPerMeganewton;
+     }},
+    {[](double V) { return V * kFeetPerInch; }, [](double V) { return V; },
+     [](double V) { return V * kKilonewtonsPerMetrePerPoundPerFoot; },
+     [](double V) { return V * kKilonewtonsPerMetrePerPoundPerFoot / kKilonewtonsPerMeganewton; }},
+    {[](double V) { return V / kKilonewtonsPerMetrePerPoundPerFoot * kFeetPerInch; },
+     [](double V) { return V / kKilonewtonsPerMetrePerPoundPerFoot; }, [](double V) { return V; },
+     [](double V) { return V / kKilonewtonsPerMeganewton; }},
+    {[](double V) {
+         return V * kKilonewtonsPerMeganewton / kKilonewtonsPerMetrePerPoundPerFoot * kFeetPerInch;
+     },
+     [](double V) { return V * kKilonewtonsPerMeganewton / kKilonewtonsPerMetrePerPoundPerFoot; },
+     [](double V) { return V * kKilonewtonsPerMeganewton; }, [](double V) { return V; }},
 }};
 
 // psi, ksi, psf, Pa, MPa. The first two cells of the psf row are exchanged and stay so.
-constexpr double a = kPsiPerPsf;
-constexpr double p = kPascalsPerPsi;
 const Table<5> kStress{{
-    {[](double V) { return V; }, [](double V) { return V / 1000; }, [](double V) { return V / a; },
-     [](double V) { return V * p; }, [](double V) { return V * p / 1000000; }},
-    {[](double V) { return V * 1000; }, [](double V) { return V; }, [](double V) { return V / a * 1000; },
-     [](double V) { return V * p * 1000; }, [](double V) { return V * p / 1000000 * 1000; }},
-    {[](double V) { return V * a / 1000; }, [](double V) { return V * a; }, [](double V) { return V; },
-     [](double V) { return V * a * p; }, [](double V) { return V * a * p / 1000000; }},
-    {[](double V) { return V / p; }, [](double V) { return V / p / 1000; },
-     [](double V) { return V / p / a; }, [](double V) { return V; }, [](double V) { return V / 1000000; }},
-    {[](double V) { return V * 1000000 / p; }, [](double V) { return V * 1000000 / p / 1000; },
-     [](double V) { return V * 1000000 / p / a; }, [](double V) { return V * 1000000; },
-     [](double V) { return V; }},
+    {[](double V) { return V; }, [](double V) { return V / kPsiPerKsi; },
+     [](double V) { return V / kPsiPerPsf; }, [](double V) { return V * kPascalsPerPsi; },
+     [](double V) { return V * kPascalsPerPsi / kPascalsPerMegapascal; }},
+    {[](double V) { return V * kPsiPerKsi; }, [](double V) { return V; },
+     [](double V) { return V / kPsiPerPsf * kPsiPerKsi; },
+     [](double V) { return V * kPascalsPerPsi * kPsiPerKsi; },
+     [](double V) { return V * kPascalsPerPsi / kPascalsPerMegapascal * kPsiPerKsi; }},
+    {[](double V) { return V * kPsiPerPsf / kPsiPerKsi; }, [](double V) { return V * kPsiPerPsf; },
+     [](double V) { return V; }, [](double V) { return V * kPsiPerPsf * kPascalsPerPsi; },
+     [](double V) { return V * kPsiPerPsf * kPascalsPerPsi / kPascalsPerMegapascal; }},
+    {[](double V) { return V / kPascalsPerPsi; }, [](double V) { return V / kPascalsPerPsi / kPsiPerKsi; },
+     [](double V) { return V / kPascalsPerPsi / kPsiPerPsf; }, [](double V) { return V; },
+     [](double V) { return V / kPascalsPerMegapascal; }},
+    {[](double V) { return V * kPascalsPerMegapascal / kPascalsPerPsi; },
+     [](double V) { return V * kPascalsPerMegapascal / kPascalsPerPsi / kPsiPerKsi; },
+     [](double V) { return V * kPascalsPerMegapascal / kPascalsPerPsi / kPsiPerPsf; },
+     [](double V) { return V * kPascalsPerMegapascal; }, [](double V) { return V; }},
 }};
 
 // psi/in, psi/ft, Pa/m, MPa/m
-constexpr double q = kPascalsPerMetrePerPsiPerInch;
 const Table<4> kStressGrad{{
-    {[](double V) { return V; }, [](double V) { return V / f; }, [](double V) { return V * q; },
-     [](double V) { return V * q / 1000000; }},
-    {[](double V) { return V * f; }, [](double V) { return V; }, [](double V) { return V * f * q; },
-     [](double V) { return V * f * q / 1000000; }},
-    {[](double V) { return V / q; }, [](double V) { return V / q / f; }, [](double V) { return V; },
-     [](double V) { return V / 1000000; }},
-    {[](double V) { return V * 1000000 / q; }, [](double V) { return V * 1000000 / q / f; },
-     [](double V) { return V * 1000000; }, [](double V) { return V; }},
+    {[](double V) { return V; }, [](double V) { return V / kFeetPerInch; },
+     [](double V) { return V * kPascalsPerMetrePerPsiPerInch; },
+     [](double V) { return V * kPascalsPerMetrePerPsiPerInch / kPascalsPerMegapascal; }},
+    {[](double V) { return V * kFeetPerInch; }, [](double V) { return V; },
+     [](double V) { return V * kFeetPerInch * kPascalsPerMetrePerPsiPerInch; },
+     [](double V) { return V * kFeetPerInch * kPascalsPerMetrePerPsiPerInch / kPascalsPerMegapascal; }},
+    {[](double V) { return V / kPascalsPerMetrePerPsiPerInch; },
+     [](double V) { return V / kPascalsPerMetrePerPsiPerInch / kFeetPerInch; }, [](double V) { return V; },
+     [](double V) { return V / kPascalsPerMegapascal; }},
+    {[](double V) { return V * kPascalsPerMegapascal / kPascalsPerMetrePerPsiPerInch; },
+     [](double V) { return V * kPascalsPerMegapascal / kPascalsPerMetrePerPsiPerInch / kFeetPerInch; },
+     [](double V) { return V * kPascalsPerMegapascal; }, [](double V) { return V; }},
 }};
 
 template <std::size_t N>
