@@ -47,20 +47,15 @@ PillarSizes SizePillars(const Panel& panel) {
 Curve StabilityCurve(const CheckedPanel& panel, VariedInput input, const PlotRange& plot) {
     PanelAnalysis analysis = panel.Derived();
     Curve curve;
-    FillStabilityCurve(analysis, panel.Inputs().units, input, plot, curve.table, curve.points);
+    StabilityCurve(analysis, panel.Inputs().units, input, plot, curve);
     return curve;
 }
 
 SizingCurve SizeOverDepth(const CheckedPanel& panel, SizedPillar pillar, const PlotRange& plot) {
-    const Panel& inputs = panel.Inputs();
     SizingParameters block;
-    const float unit_weight = FillSizingCurveBlock(inputs, block);
-    block.SizeMode = pillar == SizedPillar::Web ? SizeModeWeb : SizeModeBarrier;
-    const CurveRange range = RangeAround(inputs.DepthCover, plot);
     SizingCurve curve;
-    curve.failures.reserve(static_cast<std::size_t>(RowsOf(range)));
-    FillSizingCurve(block, inputs.units, unit_weight, range, curve.table, curve.points,
-                    [&](const SizingOutcome& outcome) { curve.failures.push_back(outcome.failure); });
+    SizeOverDepth(panel.Inputs(), pillar, plot, block, curve,
+                  [&](const SizingOutcome& outcome) { curve.failures.push_back(outcome.failure); });
     return curve;
 }
 

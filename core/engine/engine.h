@@ -27,6 +27,10 @@
 //
 // What cannot be calculated at all raises a RunTimeError: more than 20 holes "Subscript out of range", a
 // figure beyond the range of its type "Overflow", and so on, as each function says.
+//
+// Who keeps an analysis, a curve or a solver's block of his own between two calls fills it by the functions of the
+// same names that take it: CheckPanel, AnalysePanel, StabilityCurve, SizeOverDepth, SolvePillar. The values above
+// stand on them.
 #pragma once
 
 #include <cstdint>
@@ -106,12 +110,6 @@ struct PillarSizes {
 };
 PillarSizes SizePillars(const Panel& panel);
 
-// Column 0 is what varies; `points` rows from 1 are filled.
-struct Curve {
-    CurveTable table;
-    int32_t points = 0;
-};
-
 // Columns 1 to 3: the stability factors. Raises the errors of the analysis.
 Curve StabilityCurve(const CheckedPanel& panel, VariedInput input, const PlotRange& plot);
 
@@ -120,7 +118,6 @@ Curve StabilityCurve(const CheckedPanel& panel, VariedInput input, const PlotRan
 struct SizingCurve : Curve {
     std::vector<SizingFailure> failures;
 };
-enum class SizedPillar { Web, Barrier };
 SizingCurve SizeOverDepth(const CheckedPanel& panel, SizedPillar pillar, const PlotRange& plot);
 
 }  // namespace tarvokol

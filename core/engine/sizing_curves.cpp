@@ -10,9 +10,8 @@ namespace {
 
 constexpr int kSizingColumns = 2;  // depth and width
 
-}  // namespace
-
-float FillSizingCurveBlock(const Panel& panel, SizingParameters& block) {
+// Gives the unit weight of the run, pcf.
+float FillBlock(const Panel& panel, SizingParameters& block) {
     const float unit_weight = FillSizingBlock(
         {panel.units, ThroughText(panel.Height), ThroughText(panel.HoleWidth),
          ThroughText(panel.CoalStrength), ThroughText(panel.UnitWeight), ThroughText(panel.DepthCover)},
@@ -25,20 +24,24 @@ float FillSizingCurveBlock(const Panel& panel, SizingParameters& block) {
     return unit_weight;
 }
 
-void FillSizingCurve(SizingParameters& block, Units units, float unit_weight, const CurveRange& range,
-                     CurveTable& table, int32_t& points,
-                     const std::function<void(const SizingOutcome&)>& told) {
-    points = 0;
-    table.Allocate(RowsOf(range), kSizingColumns);
+}  // namespace
+
+void SizeOverDepth(const Panel& panel, SizedPillar pillar, const PlotRange& plot, SizingParameters& block,
+                   Curve& curve, const std::function<void(const SizingOutcome&)>& told) {
+    const float unit_weight = FillBlock(panel, block);
+    block.SizeMode = pillar == SizedPillar::Web ? SizeModeWeb : SizeModeBarrier;
+    const CurveRange range = RangeAround(panel.DepthCover, plot);
+    curve.points = 0;
+    curve.table.Allocate(RowsOf(range), kSizingColumns);
     // Counted in single precision. In Metric the stress multiplies metres by pcf; the block's depth stays the
     // panel's own all the way.
     for (float y = range.first; y <= range.last; y = ToSingle(static_cast<double>(y) + range.step)) {
         block.SizeVertStress = SizingStress(y, unit_weight);
         const SizingOutcome outcome = SolvePillar(block, y);
         told(outcome);
-        ++points;
-        table(0, points) = y;
-        table(1, points) = ToSingle(ShownWidth(units, outcome.width));
+        ++curve.points;
+        curve.table(0, curve.points) = y;
+        curve.table(1, curve.points) = ToSingle(ShownWidth(panel.units, outcome.width));
     }
 }
 

@@ -31,18 +31,18 @@ void StorePoint(CurveTable& table, int32_t row, double x, const PanelAnalysis& a
 
 }  // namespace
 
-void FillStabilityCurve(PanelAnalysis& analysis, Units units, VariedInput input, const PlotRange& plot,
-                        CurveTable& table, int32_t& points) {
-    points = 0;
+void StabilityCurve(PanelAnalysis& analysis, Units units, VariedInput input, const PlotRange& plot,
+                    Curve& curve) {
+    curve.points = 0;
     double& x = VariedParameter(analysis, input);
     CurveRange range = RangeAround(x, plot);
     if (input == VariedInput::Height && units == Units::English) range = kEnglishHeights;
-    table.Allocate(RowsOf(range), kStabilityColumns);
+    curve.table.Allocate(RowsOf(range), kStabilityColumns);
     // The parameter itself counts, in double precision, so that rounding accumulates; it stays at its last
     // value.
     for (x = range.first; x <= range.last; x = Checked(x + range.step)) {
         AnalysePanel(analysis);
-        StorePoint(table, ++points, x, analysis);
+        StorePoint(curve.table, ++curve.points, x, analysis);
     }
 }
 

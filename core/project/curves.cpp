@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/project/curves.h"
 
-#include "core/engine/panel_curves.h"
 #include "core/project/input_check.h"
 #include "core/project/project_record.h"
 #include "core/project/sizing_solver.h"
@@ -26,8 +25,8 @@ PlotRange RangeOfOptions() {
 bool ComputeStabilityCurves(int index) {
     if (!PrepareWorkingParameters()) return false;
     StabilityCurveKind = static_cast<int16_t>(index);
-    FillStabilityCurve(WorkingParameters, ProjectUnits(), static_cast<VariedInput>(index), RangeOfOptions(),
-                       CurveData, CurvePoints);
+    StabilityCurve(WorkingParameters, ProjectUnits(), static_cast<VariedInput>(index), RangeOfOptions(),
+                   state::Curves);
     CurveCount = kStabilityCurves;
     return true;
 }
@@ -35,14 +34,12 @@ bool ComputeStabilityCurves(int index) {
 // Another index than the two leaves the table as it was, without a point.
 bool ComputeSizingCurve(int index) {
     if (!PrepareWorkingParameters()) return false;
-    const float unit_weight = FillSizingCurveBlock({ProjectRecord, ProjectUnits()}, SizingBlock);
-    const CurveRange range = RangeAround(WorkingParameters.CalcDepth, RangeOfOptions());
     CurvePoints = 0;
     SizingCurveKind = static_cast<int16_t>(index);
-    if (index == kWebCurve || index == kBarrierCurve) {
-        SizingBlock.SizeMode = index == kWebCurve ? SizeModeWeb : SizeModeBarrier;
-        FillSizingCurve(SizingBlock, ProjectUnits(), unit_weight, range, CurveData, CurvePoints, SpokenWidth);
-    }
+    if (index == kWebCurve || index == kBarrierCurve)
+        SizeOverDepth({ProjectRecord, ProjectUnits()},
+                      index == kWebCurve ? SizedPillar::Web : SizedPillar::Barrier, RangeOfOptions(),
+                      SizingBlock, state::Curves, SpokenWidth);
     CurveCount = kSizingCurves;
     return true;
 }

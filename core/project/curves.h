@@ -5,14 +5,13 @@
 #include <cstdint>
 #include <string>
 
-#include "core/engine/curve_table.h"
+#include "core/engine/engine.h"
 #include "core/runtime/one_based.h"
 
 namespace tarvokol {
 
-struct CurveValues {
-    CurveTable CurveData;            // column 0 holds x, column i the values of curve i
-    int32_t CurvePoints = 0;         // rows filled
+// The table: column 0 holds x, column i the values of curve i; points: rows filled.
+struct CurveValues : Curve {
     int16_t CurveCount = 0;          // curves to draw
     int16_t StabilityCurveKind = 0;  // 0 height, 1 depth of cover, 2 hole width
     int16_t SizingCurveKind = 0;     // 0 web thickness, 1 barrier width
@@ -20,8 +19,8 @@ struct CurveValues {
 namespace state {
 inline CurveValues Curves;
 }  // namespace state
-inline auto& CurveData = state::Curves.CurveData;
-inline auto& CurvePoints = state::Curves.CurvePoints;
+inline auto& CurveData = state::Curves.table;
+inline auto& CurvePoints = state::Curves.points;
 inline auto& CurveCount = state::Curves.CurveCount;
 inline auto& StabilityCurveKind = state::Curves.StabilityCurveKind;
 inline auto& SizingCurveKind = state::Curves.SizingCurveKind;

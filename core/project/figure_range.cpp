@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/engine/panel_check.h"
+#include "core/engine/engine.h"
 #include "core/messages/notify.h"
 #include "core/platform/message_box.h"
 #include "core/runtime/numbers.h"

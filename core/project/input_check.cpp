@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/project/input_check.h"
 
-#include "core/engine/panel_check.h"
+#include "core/engine/engine.h"
 #include "core/messages/notify.h"
 #include "core/platform/message_box.h"
 #include "core/project/project_record.h"

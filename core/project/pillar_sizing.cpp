@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/project/pillar_sizing.h"
 
-#include "core/engine/sizing_inputs.h"
+#include "core/engine/engine.h"
 #include "core/project/sizing_solver.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"

@@ -2,7 +2,7 @@
 // The pillar sizing solver on the program-wide block, which whoever calls it has filled.
 #pragma once
 
-#include "core/engine/pillar_solver.h"
+#include "core/engine/engine.h"
 
 namespace tarvokol {
 

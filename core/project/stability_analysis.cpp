@@ -13,11 +13,12 @@ void RunStabilityAnalysis() {
 
 // Forces go by the option at the time of the check, stresses by the option of now.
 void ConvertToOutputUnits() {
-    AnalysisState& results = WorkingParameters;
-    const OutputRows rows =
-        PutIntoOutputUnits(results, ProjectUnits(), {results.CalcStressGrade, OptionsRecord.OutputStrUnits});
-    results.ForceUnitLabel = UnitLabels(rows.forces);
-    results.StressUnitLabel = UnitLabels(rows.stresses);
+    const OutputFigures output =
+        InOutputUnits({WorkingParameters, ProjectUnits()},
+                      {WorkingParameters.CalcStressGrade, OptionsRecord.OutputStrUnits});
+    static_cast<PanelAnalysis&>(WorkingParameters) = output.figures;
+    WorkingParameters.ForceUnitLabel = output.force_label;
+    WorkingParameters.StressUnitLabel = output.stress_label;
 }
 
 }  // namespace tarvokol

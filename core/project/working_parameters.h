@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-#include "core/engine/panel_analysis.h"
+#include "core/engine/engine.h"
 
 namespace tarvokol {
 
