@@ -48,6 +48,7 @@ struct PlanState {
 namespace state {
 inline PlanState Plan;
 }
+// Written by core/graphics/TarvoGraf.
 inline auto& PlotWidth = state::Plan.PlotWidth;
 inline auto& PlotHeight = state::Plan.PlotHeight;
 inline auto& PillarPresent = state::Plan.PillarPresent;
@@ -56,9 +57,13 @@ inline auto& CornerY = state::Plan.CornerY;
 inline auto& XcutDimX = state::Plan.XcutDimX;
 inline auto& XcutDimShown = state::Plan.XcutDimShown;
 inline auto& ZoneActive = state::Plan.ZoneActive;
+// Written by core/program/built_in_values.
 inline auto& WebDrawLength = state::Plan.WebDrawLength;
+// Written by cli/commands/plan_command, desktop/input/frmTARVOParm and desktop/plan/frmPicture.
 inline auto& PlotMode = state::Plan.PlotMode;
+// Written by cli/commands/plan_command, desktop/input/frmTARVOParm and desktop/output/frmResTxtPlt.
 inline auto& PlotFromResults = state::Plan.PlotFromResults;
+// Written by nobody.
 inline auto& PillarAbutmentStress = state::Plan.PillarAbutmentStress;
 inline auto& PillarTotalStress = state::Plan.PillarTotalStress;
 

@@ -18,8 +18,12 @@ struct HistoryLogState {
 namespace state {
 inline HistoryLogState History;
 }
+// Written by core/program/built_in_values, core/settings/configuration, core/settings/key_tables and
+// desktop/settings/frmSet.
 inline auto& DisplayHistoryWin = state::History.DisplayHistoryWin;
+// Written by core/settings/configuration, core/settings/key_tables and desktop/settings/frmSet.
 inline auto& MaxDisplaySize = state::History.MaxDisplaySize;
+// Written by core/messages/history_log and core/program/built_in_values.
 inline auto& HistorySequence = state::History.HistorySequence;
 
 // Appends a line: the sequence number, ". ", the text. A log that has reached its size is first cut to its last two

@@ -8,10 +8,11 @@
 
 namespace tarvokol {
 
-// Caption of a message box without a title of its own.
+// Caption of a message box without a title of its own. Written by core/program/built_in_values.
 inline std::string AppLongTitle;
 
 // Prefixes of the dialogs' titles; 1 description, 2 parameters, 7 options, 8 settings, the others empty.
+// Written by core/program/built_in_values.
 inline OneBased<std::string, 13> DialogPrefix;
 
 struct MessageTitleValues {
@@ -25,7 +26,9 @@ struct MessageTitleValues {
 namespace state {
 inline MessageTitleValues Titles;
 }
+// Written by core/messages/titles and core/program/built_in_values.
 inline auto& MessageTitle = state::Titles.MessageTitle;
+// Written by core/messages/titles.
 inline auto& RangeErrorTitle = state::Titles.RangeErrorTitle;
 inline auto& RangeWarningTitle = state::Titles.RangeWarningTitle;
 inline auto& InvalidCharTitle = state::Titles.InvalidCharTitle;

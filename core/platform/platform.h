@@ -33,6 +33,7 @@ struct PlatformBindings {
     Clock* TheClock = nullptr;
 };
 
+// Written by core/headless/headless_platform, cli/output/toolkit_drawing and desktop/main/desktop_program.
 inline PlatformBindings Platform;
 
 }  // namespace tarvokol

@@ -8,8 +8,8 @@
 
 namespace tarvokol {
 
-// Reference notes that come with the program: file names and titles, the latter the captions of their
-// buttons.
+// Reference notes that come with the program: file names and titles, the latter the captions of their buttons.
+// Written by core/program/program_help.
 inline ZeroBased<std::string, 4> ResourceFiles;
 inline ZeroBased<std::string, 4> ResourceTitles;
 void FillResourceTables();
@@ -25,7 +25,7 @@ void ShowHelpTopic(int index, const std::string& topic);
 // The topic of a help context: that of the menu whose commands carry it, the first page for any other.
 std::string HelpTopicOfContext(long context);
 
-// Opens the manual; a missing one and a failure are told.
+// Opens the manual; a missing one and a failure are reported.
 void OpenPdfManual();
 
 // Opens a reference note, 0 to 4; the boxes about a missing one and a failure are not logged. An index

@@ -24,6 +24,7 @@ struct ProgramIdentity {
 namespace state {
 inline ProgramIdentity Identity;
 }
+// Written by core/program/built_in_values.
 inline auto& HelpFileName = state::Identity.HelpFileName;
 inline auto& PdfHelpName = state::Identity.PdfHelpName;
 inline auto& UpdatePageAddress = state::Identity.UpdatePageAddress;

@@ -19,13 +19,14 @@ struct CurveValues : Curve {
 namespace state {
 inline CurveValues Curves;
 }  // namespace state
+// Written by core/project/curves.
 inline auto& CurveData = state::Curves.table;
 inline auto& CurvePoints = state::Curves.points;
 inline auto& CurveCount = state::Curves.CurveCount;
 inline auto& StabilityCurveKind = state::Curves.StabilityCurveKind;
 inline auto& SizingCurveKind = state::Curves.SizingCurveKind;
 
-// Names of the curves, set at start-up.
+// Names of the curves, set at start-up. Written by core/program/built_in_values.
 inline OneBased<std::string, 3> CurveNames;
 inline OneBased<std::string, 2> SizingCurveNames;
 

@@ -19,6 +19,7 @@ struct ConversionChoice {
 namespace state {
 inline ConversionChoice Conversion;
 }
+// Written by desktop/settings/frmConvert.
 inline auto& ConvertTargetUnits = state::Conversion.ConvertTargetUnits;
 inline auto& ConvertKeepChoice = state::Conversion.ConvertKeepChoice;
 

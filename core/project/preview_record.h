@@ -14,6 +14,7 @@ struct PreviewInputs : PanelInputs {
     OneBased<float, MaxHoles> XcutPitch;
 };
 
+// Written by core/graphics/TarvoGraf, core/project/parameter_texts and core/project/preview_record.
 inline PreviewInputs PreviewRecord;
 
 // Fills `PreviewRecord` from `ProjectRecord`, all but its spare single, for the plan that the results viewer

@@ -10,6 +10,8 @@
 
 namespace tarvokol {
 
+// Written by core/project/file_conversion, core/project/input_check, core/project/project_file,
+// core/project/project_record and desktop/input/frmTARVOParm.
 inline PanelInputs ProjectRecord;
 
 // Fills the record with a new project's values in the present `UnitSystem`, with the default abutment angle

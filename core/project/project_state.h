@@ -43,20 +43,34 @@ struct ProjectStateValues {
 namespace state {
 inline ProjectStateValues Project;
 }
+// Written by core/program/start_up, core/project/file_conversion, core/project/file_questions, core/project/lifecycle,
+// core/project/recent_files, cli/commands/bulk_run and desktop/main/frmMain.
 inline auto& ProjectFileName = state::Project.ProjectFileName;
+// Written by core/project/lifecycle, core/project/recent_files, cli/commands/bulk_run and desktop/main/frmMain.
 inline auto& PreviousFileName = state::Project.PreviousFileName;
+// Written by core/project/lifecycle, core/project/project_file and desktop/input/frmTARVODesc.
 inline auto& ProjectTitle = state::Project.ProjectTitle;
+// Written by core/project/description, core/project/lifecycle, core/project/project_file and
+// desktop/input/frmTARVODesc.
 inline auto& ProjectDescription = state::Project.ProjectDescription;
+// Written by core/project/description and core/project/project_file.
 inline auto& DescriptionLineCount = state::Project.DescriptionLineCount;
+// Written by core/program/built_in_values and core/project/project_file.
 inline auto& FileFormatLevel = state::Project.FileFormatLevel;
+// Written by core/project/lifecycle.
 inline auto& ProjectFileMode = state::Project.ProjectFileMode;
+inline auto& DialogPaths = state::Project.DialogPaths;
+// Written by core/project/project_state.
 inline auto& ProjectSaved = state::Project.ProjectSaved;
 inline auto& ProjectEmpty = state::Project.ProjectEmpty;
 inline auto& UnitsLocked = state::Project.UnitsLocked;
+// Written by core/project/recent_files.
 inline auto& RecentListShown = state::Project.RecentListShown;
+// Written by core/project/lifecycle, core/project/recent_files and desktop/main/frmMain_commands.
 inline auto& DialogCancelled = state::Project.DialogCancelled;
-inline auto& DialogPaths = state::Project.DialogPaths;
+// Written by core/project/lifecycle and core/report/report_builder.
 inline auto& OutputBuffers = state::Project.OutputBuffers;
+// Written by core/program/built_in_values.
 inline auto& DescTempPath = state::Project.DescTempPath;
 
 // The events of a project's life. Each sets the three flags that tell of it, which nobody else sets.

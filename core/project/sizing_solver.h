@@ -6,6 +6,7 @@
 
 namespace tarvokol {
 
+// Written by core/project/curves and core/project/pillar_sizing.
 inline SizingParameters SizingBlock;
 
 // Balance of load and strength at width B (in), and its slope. A run-time error inside leaves the result at

@@ -17,6 +17,7 @@ struct AnalysisState : PanelAnalysis {
     std::string StressUnitLabel;
 };
 
+// Written by core/project/curves, core/project/input_check and core/project/stability_analysis.
 inline AnalysisState WorkingParameters;
 
 }  // namespace tarvokol

@@ -15,6 +15,7 @@ struct PrintJobState {
     std::string JobTime;
     int32_t PageNumber = 0;
 };
+// Written by core/report/print_engine.
 inline PrintJobState PrintJob;
 
 namespace print_command {

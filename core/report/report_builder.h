@@ -25,7 +25,9 @@ struct ReportState {
 namespace state {
 inline ReportState Report;
 }
+// Written by core/program/built_in_values and core/report/report_builder.
 inline auto& LastOutputPage = state::Report.LastOutputPage;
+// Written by core/program/built_in_values.
 inline auto& StabilityCaseNames = state::Report.StabilityCaseNames;
 inline auto& PillarClassNames = state::Report.PillarClassNames;
 
@@ -40,7 +42,7 @@ void WriteStabilitySection(const PanelInputs& record);
 // Writes page 2; must run after WriteStabilitySection.
 void WritePillarSection();
 
-// Steps of the output command behind its gate, for a record in the open project's units: input check, which
+// Steps of the output command after its gate, for a record in the open project's units: input check, which
 // rebuilds its center distances, analysis, pages 1 and 2. False if the check refuses, and then the pages stay
 // as they were.
 bool CalculateReport(PanelInputs& record);
@@ -57,7 +59,7 @@ requires std::integral<Number> || std::floating_point<Number> std::string RightJ
     return RightJustify(GeneralText(value), width);
 }
 
-// The text in lines, each with a CR LF behind it: a line that is longer than `width` characters is broken at
+// The text in lines, each with a CR LF after it: a line that is longer than `width` characters is broken at
 // its last blank there. A width of 20 or less returns the text unchanged, without a CR LF. More than `width`
 // characters without a blank raise "Invalid procedure call or argument".
 std::string WrapText(const std::string& text, int width);

@@ -11,6 +11,7 @@ namespace results_return {
 constexpr int16_t Normal = 1;
 constexpr int16_t FromViewer = 2;
 }  // namespace results_return
+// Written by desktop/input/frmTARVOParm and desktop/output/frmResTxtPlt.
 inline int16_t ResultsReturn = results_return::Normal;
 
 }  // namespace tarvokol

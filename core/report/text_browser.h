@@ -11,7 +11,7 @@
 
 namespace tarvokol {
 
-// The browser's last folder; lives for the run.
+// The browser's last folder; lives for the run. Written by desktop/output/frmTextBrow.
 inline std::string BrowseFolder;
 
 // Bytes of a file that are read, or turned into text, at a time; of one line, where a longer one goes on in the next; and of

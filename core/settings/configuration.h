@@ -26,11 +26,14 @@ struct ConfigurationState {
 namespace state {
 inline ConfigurationState Configuration;
 }
+// Written by core/program/built_in_values and cli/line/settings_file.
 inline auto& IniPath = state::Configuration.IniPath;
+// Written by core/program/built_in_values.
 inline auto& IniStamp = state::Configuration.IniStamp;
-inline auto& IniFileVersion = state::Configuration.IniFileVersion;
 inline auto& KillStaleIni = state::Configuration.KillStaleIni;
 inline auto& ProjectExtension = state::Configuration.ProjectExtension;
+// Written by core/settings/configuration.
+inline auto& IniFileVersion = state::Configuration.IniFileVersion;
 
 std::string ReadIniVersion();
 void WriteIniVersion();
@@ -44,10 +47,8 @@ void WriteCommonSection(int selector);
 enum class RangeRepair { Save, KeepInMemory };
 bool ReadSettings(RangeRepair repair = RangeRepair::Save);
 
-// Writes all sections or one (core/settings/key_tables.h) and logs "Saving default settings to file: ".
-// A
-// failure never stops the program; once the file is settled, the first one that keeps a change from the disk
-// is told.
+// Writes all sections or one (core/settings/key_tables.h) and logs "Saving default settings to file: ". A failure
+// never stops the program; once the file is settled, the first one that keeps a change from the disk is reported.
 void SaveSettings(int selector);
 
 // Puts every setting to its built-in value: what a new file gets. Asks the screen for its fonts; folders and

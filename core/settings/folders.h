@@ -14,6 +14,7 @@ struct ProgramFolders {
 namespace state {
 inline ProgramFolders Folders;
 }
+// Written by core/settings/folders.
 inline auto& AppFolder = state::Folders.AppFolder;
 inline auto& PersonalDataFolder = state::Folders.PersonalDataFolder;
 inline auto& TempDataFolder = state::Folders.TempDataFolder;

@@ -56,4 +56,12 @@ void ResetGraphDefaults() {
     GraphUnits = UnitSystem;
 }
 
+GraphSettingValues GraphSettingsInUse() {
+    return state::Graphs;
+}
+
+void RestoreGraphSettings(const GraphSettingValues& values) {
+    state::Graphs = values;
+}
+
 }  // namespace tarvokol

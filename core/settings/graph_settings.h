@@ -22,7 +22,8 @@ struct GraphDefaultSet {
     ZeroBased<std::string, 1> YAxisTitleS;
 };
 
-// The unchanging set: base titles without units and the default styles.
+// The unchanging set: base titles without units and the default styles. Written by
+// core/settings/graph_settings.
 inline GraphDefaultSet GraphDefaults;
 
 // The set in use and what belongs to it.
@@ -39,19 +40,29 @@ namespace state {
 inline GraphSettingValues Graphs;
 }
 
-// The names by which the settings are known everywhere.
+// The names by which the settings are known everywhere. Written by core/settings/key_tables and
+// desktop/graphs/graph_options_base.
 inline auto& GraphSetParams = state::Graphs.GraphSetParams;
+// Written by core/graphics/graph_setup, core/settings/graph_settings, core/settings/key_tables and
+// desktop/graphs/graph_options_base.
 inline auto& GridStyle = state::Graphs.GridStyle;
-inline auto& GraphStyle = state::Graphs.GraphStyle;
 inline auto& CurveLegend = state::Graphs.CurveLegend;
 inline auto& SymbolSize = state::Graphs.SymbolSize;
-inline auto& GraphUnits = state::Graphs.GraphUnits;
 inline auto& GraphTitle = state::Graphs.GraphTitle;
+// Written by core/settings/graph_settings, core/settings/key_tables and desktop/graphs/graph_options_base.
+inline auto& GraphStyle = state::Graphs.GraphStyle;
+// Written by core/settings/graph_settings and core/settings/key_tables.
+inline auto& GraphUnits = state::Graphs.GraphUnits;
+// Written by core/graphics/graph_setup, core/settings/graph_settings, core/settings/key_tables and
+// desktop/graphs/frmGraphOpt.
 inline auto& XAxisTitle = state::Graphs.XAxisTitle;
 inline auto& YAxisTitle = state::Graphs.YAxisTitle;
+// Written by core/settings/graph_settings, core/settings/key_tables and desktop/graphs/frmGraphOptS.
 inline auto& XAxisTitleS = state::Graphs.XAxisTitleS;
 inline auto& YAxisTitleS = state::Graphs.YAxisTitleS;
+// Written by core/graphics/graph_setup and core/settings/graph_settings.
 inline auto& GraphRestyleCount = state::Graphs.GraphRestyleCount;
+// Written by core/settings/graph_settings.
 inline auto& CurveColor = state::Graphs.CurveColor;
 
 // Fills `CurveColor`, empties the current titles and `GraphTitle`, sets `GraphRestyleCount` to 0.
@@ -63,5 +74,9 @@ void InitGraphFactoryValues();
 // Copies the defaults over the settings, X titles and sizing titles with the length label of the present unit
 // system.
 void ResetGraphDefaults();
+
+// All of them at once, for a dialog that may have to put them back.
+GraphSettingValues GraphSettingsInUse();
+void RestoreGraphSettings(const GraphSettingValues& values);
 
 }  // namespace tarvokol

@@ -35,23 +35,28 @@ namespace state {
 inline MainSettingValues Settings;
 }
 
+// Written by core/settings/key_tables and desktop/settings/frmSet.
 inline auto& DefaultUnitSystem = state::Settings.DefaultUnitSystem;
-inline auto& DisplayFontName = state::Settings.DisplayFontName;
 inline auto& DisplayFontSize = state::Settings.DisplayFontSize;
 inline auto& DisplayFontBold = state::Settings.DisplayFontBold;
 inline auto& DisplayFontItalic = state::Settings.DisplayFontItalic;
 inline auto& KeepFileNames = state::Settings.KeepFileNames;
-inline auto& ShowDisclaim = state::Settings.ShowDisclaim;
 inline auto& MaxMainMenu = state::Settings.MaxMainMenu;
 inline auto& EnableMainMenuToolbar = state::Settings.EnableMainMenuToolbar;
 inline auto& ShortRecentFiles = state::Settings.ShortRecentFiles;
 inline auto& LoadLastInputFile = state::Settings.LoadLastInputFile;
-inline auto& RemindAnnualUpdates = state::Settings.RemindAnnualUpdates;
 inline auto& CopyExampleFilesSetting = state::Settings.CopyExampleFilesSetting;
 inline auto& ExternalEditor = state::Settings.ExternalEditor;
+// Written by core/settings/configuration, core/settings/key_tables and desktop/settings/frmSet.
+inline auto& DisplayFontName = state::Settings.DisplayFontName;
 inline auto& DataPath = state::Settings.DataPath;
 inline auto& FileExtension = state::Settings.FileExtension;
+// Written by core/settings/key_tables, core/settings/update_reminder and desktop/settings/frmSet.
+inline auto& ShowDisclaim = state::Settings.ShowDisclaim;
+inline auto& RemindAnnualUpdates = state::Settings.RemindAnnualUpdates;
+// Written by nobody.
 inline auto& HideDisclaimerCheck = state::Settings.HideDisclaimerCheck;
+// Written by core/settings/configuration, desktop/settings/frmPath and desktop/settings/frmSet.
 inline auto& ChosenPath = state::Settings.ChosenPath;
 
 }  // namespace tarvokol

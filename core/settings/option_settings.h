@@ -23,6 +23,7 @@ namespace state {
 inline OptionValues Options;
 }
 
+// Written by core/settings/key_tables and desktop/settings/frmTARVOOpts.
 inline auto& ShowInputScreenOnLoad = state::Options.ShowInputScreenOnLoad;
 inline auto& ViewChildWindow = state::Options.ViewChildWindow;
 inline auto& PrintModuleHeader = state::Options.PrintModuleHeader;

@@ -16,6 +16,7 @@ struct EngineOptions {
     float DefaultSFBarrier = 2.0f;
 };
 
+// Written by core/settings/configuration, core/settings/key_tables and desktop/settings/frmTARVOOpts.
 inline EngineOptions OptionsRecord;
 
 }  // namespace tarvokol

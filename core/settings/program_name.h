@@ -11,7 +11,7 @@ std::string ProgramName();
 // The same in upper case, as captions, the file dialog's filter and the print header show it.
 std::string ProgramNameUpper();
 
-// That of the running program; set first at start-up, never changed.
+// That of the running program; set first at start-up, never changed. Written by core/program/built_in_values.
 inline std::string ExeNameUpper;
 
 }  // namespace tarvokol

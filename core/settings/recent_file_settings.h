@@ -19,6 +19,7 @@ namespace state {
 inline RecentFileValues RecentFiles;
 }
 
+// Written by core/project/recent_files and core/settings/key_tables.
 inline auto& MaxLastFiles = state::RecentFiles.MaxLastFiles;
 inline auto& LastFile = state::RecentFiles.LastFile;
 inline auto& LastFileLong = state::RecentFiles.LastFileLong;

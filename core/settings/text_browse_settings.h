@@ -19,7 +19,9 @@ namespace state {
 inline TextBrowseValues TextBrowse;
 }
 
+// Written by core/settings/configuration, core/settings/key_tables and desktop/output/frmTextBrow.
 inline auto& BrowseFontName = state::TextBrowse.BrowseFontName;
+// Written by core/settings/key_tables and desktop/output/frmTextBrow.
 inline auto& BrowseFontSize = state::TextBrowse.BrowseFontSize;
 inline auto& BrowseFontBold = state::TextBrowse.BrowseFontBold;
 inline auto& BrowseFontItalic = state::TextBrowse.BrowseFontItalic;

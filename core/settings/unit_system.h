@@ -10,7 +10,8 @@
 
 namespace tarvokol {
 
-// 0 English, 1 Metric.
+// 0 English, 1 Metric. Written by core/program/built_in_values, core/project/file_conversion,
+// core/project/lifecycle, core/project/project_file and desktop/input/frmTARVODesc.
 inline int16_t UnitSystem = 0;
 
 // The same as the calculation takes it.

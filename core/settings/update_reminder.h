@@ -12,7 +12,7 @@ namespace tarvokol {
 
 inline constexpr CalendarDate ReleaseDate{2013, 8, 20};
 
-// Advice set by the reminder and then by the reminder window's load.
+// Advice set by the reminder and then by the reminder window's load. Written by core/settings/update_reminder.
 inline std::string UpdateAdvice;
 
 // Days from one date to another by the calendar, negative if `to` comes first.

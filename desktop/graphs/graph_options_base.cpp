@@ -80,7 +80,7 @@ void GraphOptionsBase::InitForm() {
 
 void GraphOptionsBase::Option1_Click(int Index) {
     if (Index == 0) {
-        if (!before_defaults_) before_defaults_ = state::Graphs;
+        if (!before_defaults_) before_defaults_ = GraphSettingsInUse();
         GraphSetParams = 0;
         SetGraphParms();
         InitForm();
@@ -166,7 +166,7 @@ void GraphOptionsBase::Form_Unload() {
 void GraphOptionsBase::RestoreSettings() {
     if (!before_defaults_) return;
     before_defaults_->GraphRestyleCount = GraphRestyleCount;
-    state::Graphs = *before_defaults_;
+    RestoreGraphSettings(*before_defaults_);
 }
 
 void GraphOptionsBase::StoreSettings() {

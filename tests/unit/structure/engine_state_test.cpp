@@ -11,19 +11,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/unit/structure/source_text.h"
+
 namespace tarvokol {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-// Comments, preprocessor lines and the insides of texts go; the rest stays.
-std::string CodeOf(const std::string& source) {
-    static const std::regex noise(
-        R"re(//[^\n]*|/\*[\s\S]*?\*/|^[ \t]*#[^\n]*|("(?:[^"\\\n]|\\.)*")|('(?:[^'\\\n]|\\.)'))re",
-        std::regex::ECMAScript | std::regex::multiline);
-    return std::regex_replace(source, noise, " ");
-}
 
 std::string Trimmed(const std::string& text) {
     static const std::regex blanks("\\s+");

@@ -104,6 +104,14 @@ std::vector<Include> AllIncludes() {
     return all;
 }
 
+// From outside, the calculation is taken by its one page; the others hold the values that go in and out.
+bool IsEngineRoad(const Include& include) {
+    static const std::set<std::string> road{"core/engine/engine.h", "core/engine/panel.h",
+                                            "core/engine/panel_fields.h", "core/engine/unit_labels.h"};
+    return RoomOf(include.header) != "core/engine" || RoomOf(include.file) == "core/engine" ||
+           road.contains(include.header);
+}
+
 std::vector<std::string> Refused(const std::vector<Include>& includes) {
     std::vector<std::string> refused;
     for (const Include& include : includes)
@@ -113,6 +121,22 @@ std::vector<std::string> Refused(const std::vector<Include>& includes) {
 
 TEST(RoomOrder, EachRoomUsesTheFloorsBelowItOnly) {
     EXPECT_THAT(Refused(AllIncludes()), IsEmpty());
+}
+
+TEST(RoomOrder, TheCalculationIsReachedByOneRoad) {
+    for (const Include& include : AllIncludes())
+        EXPECT_TRUE(IsEngineRoad(include)) << include.file << " includes " << include.header;
+    EXPECT_FALSE(IsEngineRoad({"core/project/a.cpp", "core/engine/panel_curves.h"}));
+    EXPECT_TRUE(IsEngineRoad({"core/project/a.cpp", "core/engine/engine.h"}));
+    EXPECT_TRUE(IsEngineRoad({"core/engine/a.cpp", "core/engine/panel_curves.h"}));
+}
+
+// All sections of the settings are for who goes over the whole file.
+TEST(RoomOrder, SettingsAreIncludedSectionBySection) {
+    std::set<std::string> whole;
+    for (const Include& include : AllIncludes())
+        if (include.header == "core/settings/program_settings.h") whole.insert(include.file);
+    EXPECT_THAT(whole, ElementsAre("core/settings/configuration.cpp", "core/settings/key_tables.cpp"));
 }
 
 TEST(RoomOrder, EveryRoomIsReadAndHasItsFloor) {
