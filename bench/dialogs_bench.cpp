@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How long every form takes to open, first and later in one run of the program, and how long the plan of
 // twenty pillars takes to draw. A form is open when it has been painted. Wall time and processor time are
-// told; the limits hold for processor time, so that other work of the machine does not decide.
+// reported; the limits hold for processor time, so that other work of the machine does not decide.
 //
 // Usage: bench_dialogs [LATER_OPENINGS]   prints a table; exit status 1 if a figure is above its limit
 #include <QAction>
@@ -145,7 +145,7 @@ Opener GraphOptions(const char* graph, void (*open)(), const char* options) {
     };
 }
 
-// The slowest of the later openings counts least by accident: the median is told.
+// The slowest of the later openings counts least by accident: the median is reported.
 Time MedianOf(std::vector<Time> times) {
     const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
     std::nth_element(times.begin(), middle, times.end(),

@@ -33,7 +33,7 @@ constexpr unsigned long kBareScreen = 0x00ff00fe;
 constexpr int kSmallestWindow = 200;  // pixels; smaller ones are the toolkit's own
 constexpr auto kPatience = std::chrono::seconds(20);
 constexpr auto kBetweenLooks = std::chrono::microseconds(300);
-// Time in which what is still under way behind the first paint ends, before the memory is read.
+// Time in which what is still under way after the first paint ends, before the memory is read.
 constexpr auto kSettling = std::chrono::milliseconds(300);
 
 struct Figures {

@@ -30,7 +30,7 @@ progress() {
     return "$status"
 }
 
-# show_percent LABEL PERCENT SHOWN: false where nothing new is to be told.
+# show_percent LABEL PERCENT SHOWN: false where there is nothing new to show.
 show_percent() {
     if [ -t 1 ]; then
         printf '\r%s: %d %%' "$1" "$2"

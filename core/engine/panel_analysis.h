@@ -17,7 +17,7 @@ constexpr int Barrier = 3;
 }  // namespace stability_case
 
 // Lengths in ft or m, strengths and stresses in psf or kPa, forces in lbs or kN, until the unit pass has put
-// forces and stresses into output units. Elements behind the last pillar are not written.
+// forces and stresses into output units. Elements after the last pillar are not written.
 struct PanelAnalysis {
     double CalcHeight = 0;
     double CalcDepth = 0;

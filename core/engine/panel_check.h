@@ -30,14 +30,14 @@ struct Refusal {
     PanelTest test = PanelTest::Height;
     int pillar = 0;  // of a refused center distance
 
-    // What the user is told: "Invalid entry height".
+    // Its message: "Invalid entry height".
     std::string Message() const;
 
     bool operator==(const Refusal&) const = default;
 };
 
 // Derives from the panel what the analysis needs and rebuilds its center distances, then tests it. Both are
-// written whether the tests pass or not; in `analysis`, elements behind the last pillar keep what they hold.
+// written whether the tests pass or not; in `analysis`, elements after the last pillar keep what they hold.
 // More than 20 holes raise "Subscript out of range", figures out of range "Overflow".
 std::optional<Refusal> CheckPanel(PanelInputs& inputs, Units units, PanelAnalysis& analysis);
 

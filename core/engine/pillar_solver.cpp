@@ -60,7 +60,7 @@ double BarrierSlope(const SizingParameters& p, double B) {
                         p.SizeStrength * (2.0 * kStrengthSlope * B / p.SizeHeight + kStrengthIntercept));
 }
 
-// The wording is the users': two blanks before the number, none behind it.
+// The wording is the users': two blanks before the number, none after it.
 std::string NotConvergedMessage() {
     return "Solution procedure did not converge after " + SignedText(kStepLimit) +
            "iterations. Check input data. If problem persists, Contact Developer";

@@ -32,7 +32,7 @@ double SizingSlope(const SizingParameters& block, double B);
 
 enum class SizingFailure { None, NegativeSize, NotConverged };
 
-// What the user is told of a failure; empty for none.
+// The message of a failure; empty for none.
 std::string SizingFailureMessage(SizingFailure failure);
 
 struct SizingOutcome {

@@ -17,7 +17,7 @@ struct SizingInputs {
     double depth = 0;
 };
 
-// A length of the project in inches, rounded to single once, behind the whole chain of factors.
+// A length of the project in inches, rounded to single once, after the whole chain of factors.
 float SizingInches(Units units, double length);
 
 // Fills height, hole width, length, strength, depth, vertical stress and stress gradient of the block. Unit

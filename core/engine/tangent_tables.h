@@ -218,7 +218,7 @@ inline constexpr Entry kTangents[] = {
 // pi / 2 as the sum of three doubles.
 inline constexpr double kHalfPi[] = {0x1.921fb54442d18p+0, 0x1.1a62633145c07p-54, -0x1.f1976b7ed8fbcp-110};
 
-// 2 / pi, 1472 bits behind the point, the highest first.
+// 2 / pi, 1472 bits after the point, the highest first.
 inline constexpr std::uint32_t kTwoOverPi[] = {
     0xa2f9836e, 0x4e441529, 0xfc2757d1, 0xf534ddc0, 0xdb629599, 0x3c439041, 0xfe5163ab, 0xdebbc561,
     0xb7246e3a, 0x424dd2e0, 0x06492eea, 0x09d1921c, 0xfe1deb1c, 0xb129a73e, 0xe88235f5, 0x2ebb4484,
@@ -228,7 +228,7 @@ inline constexpr std::uint32_t kTwoOverPi[] = {
     0xa9e39161, 0x5ee61b08, 0x6599855f, 0x14a06840, 0x8dffd880, 0x4d732731,
 };
 
-// pi / 2, 32 bits in front of the point, then behind it.
+// pi / 2, 32 bits in front of the point, then after it.
 inline constexpr std::uint32_t kHalfPiWords[] = {
     0x00000001, 0x921fb544, 0x42d18469, 0x898cc517, 0x01b839a2, 0x52049c11,
     0x14cf98e8, 0x04177d4c, 0x76273644, 0xa29410f3, 0x1c6809bb, 0xdf2a3367,

@@ -135,7 +135,7 @@ Product Multiplied(const std::array<std::uint32_t, kWindowWords>& window, std::u
     return product;
 }
 
-// The product as a number with so many bits behind the point, modulo 2^32.
+// The product as a number with so many bits after the point, modulo 2^32.
 Fixed ShiftedToPoint(const Product& product, int fraction_bits) {
     const int shift = fraction_bits - kFractionBits;
     const std::size_t word = static_cast<std::size_t>(shift / kWordBits);
@@ -175,7 +175,7 @@ double NearestQuotient(Fixed dividend, Fixed divisor) {
         dividend = Sum(dividend, dividend);
         bits = bits << 1 | (one ? 1u : 0u);
     }
-    // The bit behind the last of a double says which way the rest rounds.
+    // The bit after the last of a double says which way the rest rounds.
     return std::ldexp(static_cast<double>((bits >> 1) + (bits & 1)), exponent - kDoubleBits + 1);
 }
 

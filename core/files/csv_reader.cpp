@@ -30,6 +30,10 @@ std::ptrdiff_t Outside(std::string_view header, char separator) {
     return count;
 }
 
+bool IsBlankCell(const std::string& cell) {
+    return IsBlank(cell, kBlanks);
+}
+
 }  // namespace
 
 CsvReader::CsvReader(std::istream& input, std::string name) : input_(input), name_(std::move(name)) {
@@ -112,7 +116,7 @@ bool CsvReader::ReadLine(std::string& line) {
 bool CsvReader::Next(TableRow& row) {
     for (;; ++blank_rows_) {
         if (!ReadRecord(row)) return false;
-        if (!std::all_of(row.cells.begin(), row.cells.end(), IsBlank)) break;
+        if (!std::all_of(row.cells.begin(), row.cells.end(), IsBlankCell)) break;
     }
     if (row.cells.size() == header_.size()) return true;
     const bool more = row.cells.size() > header_.size();

@@ -85,7 +85,7 @@ void FileReplacement::Drop() {
     build_ = {};
 }
 
-// What stands in the way is told before anything is built.
+// What stands in the way is reported before anything is built.
 void FileReplacement::ExamineTarget(const std::string& path) {
     const bool refuses = rules_.existing == ReplacementRules::Existing::Refuse;
     struct stat status {};

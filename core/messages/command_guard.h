@@ -19,7 +19,7 @@ class CommandGuard {
 
     void operator()(const std::function<void()>& statement);
 
-    // True once the handler has been left; what stands outside the guard behind it must not run then.
+    // True once the handler has been left; what stands outside the guard after it must not run then.
     bool Left() const { return left_; }
 
     // True if the last error that the guard dealt with was a cancelled dialog.

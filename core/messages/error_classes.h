@@ -33,7 +33,8 @@ ErrorClass ClassOfError(int number);
 // showMessage nothing is logged or shown.
 int16_t HandleRuntimeError(const RunTimeError& error, bool showMessage);
 
-// The same for the error noted last, for a handler that has no error in its hands.
+// The same for the error noted last, for a handler that has no error in its hands. Written by
+// core/messages/command_guard.
 inline RunTimeError CurrentError{0, ""};
 int16_t HandleRuntimeError(bool showMessage);
 

@@ -8,7 +8,7 @@
 
 namespace tarvokol {
 
-// Logs the message behind its title ("Message" where that is empty), fills an empty title with `AppLongTitle` in the
+// Logs the message after its title ("Message" where that is empty), fills an empty title with `AppLongTitle` in the
 // caller's variable, shows the box and returns its result (box_result).
 int16_t Notify(std::string& message, int16_t& style, std::string& title, std::string& help_file,
                int32_t& context);
@@ -22,7 +22,7 @@ int16_t Notify(const std::string& message, int style);
 int16_t NotifyChoice(const std::string& message, int style, const std::vector<std::string>& captions);
 
 // True if the text is not blank and its numeric parse lies from low to high; otherwise says so in a critical box
-// with `RangeErrorTitle`; a number beyond a double is outside on its side. A label that is not empty gets ": " behind
+// with `RangeErrorTitle`; a number beyond a double is outside on its side. A label that is not empty gets ": " after
 // it, in the caller's variable.
 bool CheckRange(const std::string& text, double low, double high, std::string& label);
 bool CheckRange(const std::string& text, double low, double high);

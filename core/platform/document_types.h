@@ -10,7 +10,7 @@ struct DocumentType {
     std::string extension;    // "TKL", no dot
     std::string type_name;    // "tarvokol.Document"
     std::string description;  // "tarvokol Document"
-    std::string command;      // as the user is told it
+    std::string command;      // as it is shown to the user
     std::string program;      // full name of the executable that the desktop shall start
 };
 

@@ -40,7 +40,7 @@ class DrawingSurface {
     virtual double TextHeight(const std::string& text) = 0;
 
     // Writes a text with its top left corner at the current point. Where the current point is afterwards is
-    // not told.
+    // not defined.
     virtual void Print(const std::string& text) = 0;
 
     // Writes a turned text whose line of writing begins at the current point.

@@ -25,7 +25,7 @@ class MainWindowServices {
     virtual void ScrollHistoryToEnd() = 0;
 
     // Recent-file entries 1 to 4 of the File menu. An entry shows as long as it has a caption; one that never got any
-    // has an empty one. The separator above them shows once it is told to.
+    // has an empty one. The separator above them shows once ShowRecentSeparator asks for it.
     virtual void SetRecentCaption(int index, const std::string& caption) = 0;
     virtual std::string RecentCaption(int index) = 0;
     virtual void ShowRecentSeparator() = 0;

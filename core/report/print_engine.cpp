@@ -118,7 +118,7 @@ void PrintOneLine(const std::string& text) {
     if (printer.CurrentY() > printer.PageHeight() - kBottomReserve) NewPageWithHeader();
 }
 
-// Each line that a CR LF ends; what stands behind the last one is not printed.
+// Each line that a CR LF ends; what stands after the last one is not printed.
 void PrintBlock(std::string_view text) {
     std::size_t start = 0;
     for (std::size_t end = text.find(CrLf); end != std::string_view::npos; end = text.find(CrLf, start)) {

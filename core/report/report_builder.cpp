@@ -116,7 +116,7 @@ void WriteDerivedValues(Page& page, const PanelInputs& record) {
 using PillarValues = OneBased<double, MaxHoles>;
 
 // One row a listed pillar: its name and two figures. The pillar loops share the analysis's index and leave it
-// behind their last pillar.
+// after their last pillar.
 void WritePillarRows(Page& page, const PillarValues& first, const PillarValues& second, const char* picture) {
     int16_t& pillar = WorkingParameters.CalcLoopIndex;
     for (pillar = 1; pillar <= kPillarsListed; ++pillar)

@@ -150,10 +150,10 @@ double WithinDouble(double value) {
 // A picture taken apart.
 struct Picture {
     int whole_places = 0;    // "0" before the point
-    int fixed_decimals = 0;  // "0" behind the point
-    int decimals = 0;        // all places behind the point
+    int fixed_decimals = 0;  // "0" after the point
+    int decimals = 0;        // all places after the point
     bool point = false;
-    int exponent_places = 0;  // "0" behind "E+"; 0 without an exponent
+    int exponent_places = 0;  // "0" after "E+"; 0 without an exponent
 };
 
 Picture ParsePicture(std::string_view text) {

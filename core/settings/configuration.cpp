@@ -126,7 +126,7 @@ bool NoteSections(int selector) {
     return changed;
 }
 
-// The settings in memory as they would come back from a new file, which they are told to be before the log
+// The settings in memory as they would come back from a new file, which they are said to be before the log
 // line shows the main window.
 void GoOnInMemory(const char* reason) {
     state::Configuration.KeptInMemory = true;

@@ -22,7 +22,7 @@ class LineWalker {
   public:
     explicit LineWalker(std::string_view text, std::size_t start = 0) : text_(text), next_(start) {}
 
-    // Steps to the next line; false behind the last.
+    // Steps to the next line; false after the last.
     bool Next() {
         if (next_ >= text_.size()) return false;
         begin_ = next_;
@@ -34,8 +34,8 @@ class LineWalker {
     }
 
     std::size_t Begin() const { return begin_; }
-    std::size_t End() const { return end_; }      // before the line end
-    std::size_t Behind() const { return next_; }  // behind the line end
+    std::size_t End() const { return end_; }     // before the line end
+    std::size_t After() const { return next_; }  // after the line end
     std::string_view Line() const { return text_.substr(begin_, end_ - begin_); }
 
   private:
@@ -67,12 +67,12 @@ std::optional<Span> FindSection(std::string_view text, std::string_view name) {
         const auto header = HeaderName(lines.Line());
         if (!header) continue;
         if (found) return Span{found->begin, lines.Begin()};
-        if (SameName(*header, name)) found = Span{lines.Behind(), text.size()};
+        if (SameName(*header, name)) found = Span{lines.After(), text.size()};
     }
     return found;
 }
 
-// Where the value of the first key of the name stands, with the blanks behind it, without those before it.
+// Where the value of the first key of the name stands, with the blanks after it, without those before it.
 std::optional<Span> FindValue(std::string_view text, Span section, std::string_view key) {
     LineWalker lines(text.substr(0, section.end), section.begin);
     while (lines.Next()) {
@@ -86,12 +86,12 @@ std::optional<Span> FindValue(std::string_view text, Span section, std::string_v
     return std::nullopt;
 }
 
-// Behind the last line of a section that is not blank.
+// After the last line of a section that is not blank.
 std::size_t EndOfLastEntry(std::string_view text, Span section) {
     LineWalker lines(text.substr(0, section.end), section.begin);
     std::size_t end = section.begin;
     while (lines.Next())
-        if (!Trimmed(lines.Line()).empty()) end = lines.Behind();
+        if (!Trimmed(lines.Line()).empty()) end = lines.After();
     return end;
 }
 

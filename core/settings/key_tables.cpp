@@ -70,7 +70,7 @@ std::span<const KeyRule> TextBrowseKeys() {
 }
 
 // The X titles of the sizing graphs are written under the numbers 1 and 2 and read under 0 and 1: files of
-// all releases look so. The blank behind "SymbolSize" is of no account when reading.
+// all releases look so. The blank after "SymbolSize" is of no account when reading.
 std::span<const KeyRule> GraphKeys() {
     static const KeyRule keys[] = {
         {"GraphSetParams", &GraphSetParams, 0, 1},

@@ -39,7 +39,7 @@ std::uint32_t Below(std::uint64_t bits, std::uint32_t limit) {
 #define TARVOKOL_WIDE
 #endif
 
-// Bits number `first` and those behind it of a stream: the rounds of Philox for several counters at a time, which the
+// Bits number `first` and those after it of a stream: the rounds of Philox for several counters at a time, which the
 // compiler keeps side by side in a register.
 TARVOKOL_WIDE void FillWithBits(std::uint64_t seed, std::uint32_t stream, std::uint64_t first,
                                 std::array<std::uint64_t, kBatch>& bits) {

@@ -24,7 +24,7 @@ std::string WhyNoNumber(const std::string& text);
 constexpr std::size_t kLongestNumber = 24;
 
 // Writes the shortest digits that read back the same, nothing for a NaN, into room for kLongestNumber characters.
-// Returns the place behind them.
+// Returns the place after them.
 char* WriteShortest(char* place, double value);
 
 // Adds the same digits.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a study cannot be done with, told to the user in one line.
+// What a study cannot be done with, in one line for the user.
 #pragma once
 
 #include <stdexcept>
@@ -36,7 +36,7 @@ class StudyShortage : public StudyRefusal {
     using StudyRefusal::StudyRefusal;
 };
 
-// Does the work; what it refuses is told of `subject`.
+// Does the work; what it refuses is said of `subject`.
 template <typename Work>
 decltype(auto) About(const std::string& subject, Work work) {
     try {

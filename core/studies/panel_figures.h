@@ -69,7 +69,7 @@ class PanelEvaluator {
     Panel panel_;
     Panel typed_;  // as the parameters dialog shows the panel and reads it back
     bool sizes_;
-    // What a change of the depth alone leaves as it is; not known behind any other change.
+    // What a change of the depth alone leaves as it is; not known after any other change.
     FactorParts parts_;
     double extraction_ratio_ = 0;
     bool parts_known_ = false;

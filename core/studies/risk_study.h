@@ -69,7 +69,7 @@ struct FactorRisk {
 // The samples and what they say. A refused sample has NaN factors.
 struct RiskResult {
     std::vector<BigArray<double>> drawn;             // one list a random field; see RiskRequest::keep_drawn
-    std::array<BigArray<double>, kFactors> factors;  // one value a sample
+    std::array<BigArray<double>, kFactors> factors;  // one value per sample
     std::vector<std::string> refusals;               // messages of refused samples, each once, at most ten
     std::uint64_t refused = 0;
     std::array<FactorRisk, kFactors> risk;

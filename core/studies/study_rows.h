@@ -40,7 +40,7 @@ class RowObserver : public StudyObserver {
     // Makes what takes the next `count` rows. Asked by many threads at once.
     virtual std::unique_ptr<RowTaker> Begin(std::uint64_t count) = 0;
 
-    // A piece is calculated; told in the order of the rows, in the thread that runs the study. False ends the study
+    // A piece is calculated; reported in the order of the rows, in the thread that runs the study. False ends the study
     // early.
     virtual bool End(RowTaker& taker) = 0;
 };

@@ -131,7 +131,7 @@ void FolderList::SetFolder(const std::string& path) {
     folder_ = folder;
     keeps_in_view_ = true;
     {
-        // The change is told once, below, and with the name as it was asked for.
+        // The change is reported once, below, and with the name as it was asked for.
         const QSignalBlocker quiet(this);
         setCurrentIndex(model_.index(ToQt(folder)));
     }

@@ -19,7 +19,7 @@ class QTabWidget;
 
 namespace tarvokol {
 
-// Form geometry is told in twips.
+// Form geometry is given in twips.
 inline constexpr int TwipsOf(int pixels) {
     return pixels * TwipsPerPixel;
 }
@@ -58,7 +58,7 @@ void ShowHeadsOfTexts(QWidget& container);
 // Boxes of a fixed width get room for ten digits of their font, those that take fewer for as many.
 void WidenBoxes(QWidget& container);
 
-// From now on a comma in the box of a figure, behind which nothing counts, is answered by a note beside the
+// From now on a comma in the box of a figure, after which nothing counts, is answered by a note beside the
 // box. The text stays as it is.
 void NoteCommas(QLineEdit& box);
 

@@ -103,7 +103,7 @@ void GraphFormBase::Form_Load() {
 }
 
 // Another form came to the front; a message, a common dialog, the help or another program leaves the graph as it
-// is. The options were opened with a read-back of their own; one more behind their load would undo it.
+// is. The options were opened with a read-back of their own; one more after their load would undo it.
 void GraphFormBase::Form_Deactivate() {
     if (!options_open_) ReadGraphBack(*graph_, Family());
 }

@@ -31,7 +31,7 @@ class GraphFormBase : public FormBase {
     ChartControl& Graph1() const { return *graph_; }
 
   protected:
-    // Finds the controls and connects them; called behind setupUi.
+    // Finds the controls and connects them; called after setupUi.
     void BindControls();
 
     virtual GraphFamily Family() const = 0;

@@ -29,7 +29,7 @@ class GraphOptionsBase : public FormBase {
     void InitForm();
 
   protected:
-    // Finds the controls and connects them; called behind setupUi.
+    // Finds the controls and connects them; called after setupUi.
     void BindControls();
 
     virtual GraphFamily Family() const = 0;

@@ -81,7 +81,7 @@ bool AnswersOnTerminal(int count, const char* const* words) {
 }
 
 // The whole command line is one path, quotes apart. The program makes its own folder the current one, so a
-// path that is told from the user's folder is completed first.
+// path that is given from the user's folder is completed first.
 std::string ProjectOfCommandLine(const QStringList& arguments) {
     const std::string line = ReplaceAll(FromQt(arguments.mid(1).join(' ')), "\"", "");
     std::error_code failure;

@@ -50,7 +50,7 @@ bool AnswersOnTerminal(int count, const char* const* words);
 // stand; empty for none.
 std::string ProjectOfCommandLine(const QStringList& arguments);
 
-// Starts up with that project. An error that opening it raises is raised on, with the path behind its text.
+// Starts up with that project. An error that opening it raises is raised on, with the path after its text.
 void StartProgram(const std::string& command_line);
 
 // Opens the main window and runs until it is closed; the exit status.

@@ -108,10 +108,10 @@ QAction& frmMain::RecentEntry(int index) {
     auto* entry = new QAction(this);
     entry->setObjectName(RecentName(index));
     connect(entry, &QAction::triggered, this, [this, index] { mnuFileArray_Click(index); });
-    QAction* behind = nullptr;
-    for (int next = index + 1; next <= kMostRecentEntries && behind == nullptr; ++next)
-        behind = findChild<QAction*>(RecentName(next));
-    ui_->mnuFile->insertAction(behind, entry);
+    QAction* following = nullptr;
+    for (int next = index + 1; next <= kMostRecentEntries && following == nullptr; ++next)
+        following = findChild<QAction*>(RecentName(next));
+    ui_->mnuFile->insertAction(following, entry);
     return *entry;
 }
 

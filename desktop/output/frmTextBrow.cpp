@@ -73,7 +73,7 @@ void frmTextBrow::Form_Load() {
     Check1_Click();
 }
 
-// A folder that is gone since it was chosen is told, and the form opens elsewhere.
+// A folder that is gone since it was chosen is reported, and the form opens elsewhere.
 void frmTextBrow::GoTo(const std::string& folder) {
     CommandGuard guard(DialogCancelled_);
     guard([&] { ui_->Drive1->SetDrive(folder); });

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Takes one help page apart; see reference.sh. An item begins at column 3, its text stands behind two blanks or more, or on
+# Takes one help page apart; see reference.sh. An item begins at column 3, its text stands after two blanks or more, or on
 # the lines below at a deeper column. Examples are no items.
 function flush() {
     if (left != "") item(left, text)

@@ -10,7 +10,7 @@ function bare(text) {
     return text
 }
 
-# What stands behind an option or at a place: one of the choices, or a file.
+# What stands after an option or at a place: one of the choices, or a file.
 function values(choices) {
     return choices != "" ? "(" choices ")" : "_files"
 }

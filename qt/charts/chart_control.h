@@ -83,7 +83,7 @@ class ChartControl : public QWidget, public ChartModel {
     void StepSeries(int by);
     void Reach();
 
-    // What the model holds is on the plot behind this.
+    // What the model holds is on the plot after this.
     void Settle();
 
     std::unique_ptr<ChartPlot> plot_;

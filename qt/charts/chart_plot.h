@@ -64,7 +64,7 @@ class ChartPlot {
     bool whole_range = true;
 
   private:
-    // A curve, and the symbols on it behind the first one.
+    // A curve, and the symbols on it after the first one.
     struct Drawn {
         PlotCurve* line;
         PlotCurve* symbols;

@@ -38,7 +38,7 @@ class Archive {
   public:
     explicit Archive(std::string_view bytes) : bytes_(bytes) {}
 
-    // Reads the entry of the directory at `at` and moves it behind; nothing if there is none.
+    // Reads the entry of the directory at `at` and moves it past the entry; nothing if there is none.
     std::optional<Part> NextPart(std::size_t& at) const {
         if (at + kDirectoryEntrySize > bytes_.size() || bytes_.substr(at, 4) != kDirectoryEntry)
             return std::nullopt;

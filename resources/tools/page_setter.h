@@ -47,7 +47,7 @@ class PageSetter {
     // Every heading of the levels asked for, in order, and where it stands.
     QList<PdfBookmark> Headings(int lowest_level, int highest_level) const;
 
-    // The page and the area of every row of the table behind the paragraph of that text.
+    // The page and the area of every row of the table after the paragraph of that text.
     QList<PdfLink> TableRows(const QString& paragraph_before) const;
 
     int PageCount() const { return document_.pageCount(); }

@@ -136,7 +136,7 @@ TEST_F(Bulk, AnEmptyListIsDone) {
     EXPECT_EQ(answer.out + answer.err, "");
 }
 
-// A file of 12 bytes and more has its magic, unless a CR without its LF stands behind it; only the last three
+// A file of 12 bytes and more has its magic, unless a CR without its LF stands after it; only the last three
 // cuts leave the last number whole.
 TEST_F(Bulk, AProjectCutAtAnyByteFailsCleanlyAndIsNotTouched) {
     const std::string bytes = ProjectText().Bytes();

@@ -19,7 +19,7 @@ struct CliAnswer {
     std::string out;
     std::string err;
 
-    // The JSON objects of the output, one a line.
+    // The JSON objects of the output, one per line.
     std::vector<nlohmann::json> Objects() const;
     // The one object of the output.
     nlohmann::json Object() const;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the command line refuses, in its words: wrong usage is told in one line and does nothing else.
+// What the command line refuses, in its words: wrong usage is reported in one line and does nothing else.
 #include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>

@@ -70,7 +70,7 @@ TEST_F(TableCommand, ADecimalCommaOrAThousandsSeparatorIsRefusedWithItsPlace) {
             "rows.csv, line 2: column 1 (NumberHoles): \"2.5\" cannot be stored in this field");
 }
 
-// The fault stands behind thousands of good rows: none of them is written.
+// The fault stands after thousands of good rows: none of them is written.
 TEST_F(TableCommand, AFaultInTheLastLineLeavesNothingHalfWritten) {
     std::string rows = "DepthCover\n";
     for (int i = 0; i < 10000; ++i) rows += "100\n";

@@ -26,11 +26,11 @@ std::string Project(const std::string& height) {
 }
 
 // The text between two marks of a line, empty if the line lacks one.
-std::string Between(const std::string& line, const std::string& before, const std::string& behind) {
+std::string Between(const std::string& line, const std::string& before, const std::string& after) {
     const std::size_t first = line.find(before);
     if (first == std::string::npos) return "";
     const std::size_t start = first + before.size();
-    const std::size_t end = line.find(behind, start);
+    const std::size_t end = line.find(after, start);
     return end == std::string::npos ? "" : line.substr(start, end - start);
 }
 

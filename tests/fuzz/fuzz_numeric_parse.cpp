@@ -68,7 +68,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string text(reinterpret_cast<const char*>(data), size);
     const std::optional<double> value = Parsed(text);
 
-    // Blanks count nowhere, and nothing behind the number does.
+    // Blanks count nowhere, and nothing after the number does.
     Require(Same(value, Parsed(ReplaceAll(text, " ", ""))));
     Require(Same(value, Parsed(" " + text + " ")));
     Require(Same(value, Parsed(text + "x")));

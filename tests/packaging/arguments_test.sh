@@ -32,7 +32,7 @@ for display in "" yes; do
     holds "unknown option" "$(said 2 ./package --quick)" "./package: unknown option: --quick" "Usage: ./package"
     same "no file" "./run: there is no file $PWD/nofile.TKL" "$(said 1 ./run nofile.TKL | tail -n 1)"
     same "no file of two words" "./run: there is no file $PWD/north ridge.TKL" "$(said 1 ./run north ridge.TKL | tail -n 1)"
-    same "no file behind --" "./run: there is no file $PWD/-x.TKL" "$(said 1 ./run -- -x.TKL | tail -n 1)"
+    same "no file after --" "./run: there is no file $PWD/-x.TKL" "$(said 1 ./run -- -x.TKL | tail -n 1)"
     same "a folder" "./run: $machine/folder.TKL is not a file that can be read" "$(said 1 ./run "$machine/folder.TKL" | tail -n 1)"
 done
 display=""

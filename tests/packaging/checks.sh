@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Sourced by the tests of the package: what fails is told and counted, and the test goes on.
+# Sourced by the tests of the package: what fails is reported and counted, and the test goes on.
 failures=0
 
 fail() {

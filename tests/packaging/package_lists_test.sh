@@ -5,7 +5,7 @@ set -uo pipefail
 cd "$(dirname "$0")/../.."
 . tests/packaging/checks.sh
 
-# packages RELEASE LIST: the names of a list as that release has them, one a line.
+# packages RELEASE LIST: the names of a list as that release has them, one per line.
 packages() {
     DEBIAN_RELEASE=$1 bash -c '. packaging/debian_packages.sh; printf "%s\n" ${!1}' bash "$2" | sort
 }

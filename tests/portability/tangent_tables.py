@@ -42,12 +42,12 @@ def header():
         lines.append("    {" + ", ".join(figure.hex() for figure in figures) + "},")
     lines += ["};", "", "// pi / 2 as the sum of three doubles.", "inline constexpr double kHalfPi[] = {"
               + ", ".join(figure.hex() for figure in parts(mpmath.pi / 2, 3)) + "};", "",
-              f"// 2 / pi, {32 * WORDS} bits behind the point, the highest first.",
+              f"// 2 / pi, {32 * WORDS} bits after the point, the highest first.",
               "inline constexpr std::uint32_t kTwoOverPi[] = {"]
     bits = int(mpmath.floor(2 / mpmath.pi * mpmath.mpf(2) ** (32 * WORDS)))
     words = [f"0x{bits >> (32 * (WORDS - 1 - i)) & 0xffffffff:08x}" for i in range(WORDS)]
     lines += ["    " + ", ".join(words[i:i + 8]) + "," for i in range(0, WORDS, 8)]
-    lines += ["};", "", "// pi / 2, 32 bits in front of the point, then behind it."]
+    lines += ["};", "", "// pi / 2, 32 bits in front of the point, then after it."]
     half_pi = int(mpmath.floor(mpmath.pi / 2 * mpmath.mpf(2) ** 352))
     words = [f"0x{half_pi >> (32 * (11 - i)) & 0xffffffff:08x}" for i in range(12)]
     lines += ["inline constexpr std::uint32_t kHalfPiWords[] = {"]

@@ -12,7 +12,7 @@
 namespace tarvokol {
 
 // One line for each menu of the window's bar: its title and its entries, "-" for a separator; an entry's key stands
-// behind it.
+// after it.
 inline std::vector<std::string> MenusOf(QMainWindow& window) {
     std::vector<std::string> lines;
     for (const QAction* title : window.menuBar()->actions()) {

@@ -11,7 +11,7 @@ BLOCK = 1000
 CURVES_PER_BLOCK = 10
 EVERY_TENTH = 10
 
-# Which of the analysis' figures belong together: first and one behind the last.
+# Which of the analysis' figures belong together: first and one after the last.
 GROUPS = {
     "Overall": (0, 1),
     "Webs ONLY": (1, 2),

@@ -36,7 +36,7 @@ def to_metric(panel):
                           strength=panel.strength / PSI_PER_MEGAPASCAL, weight=panel.weight / PCF_PER_KILONEWTON)
 
 
-# What all three factors of a panel gain when it is told in Metric units: the four conversion figures do not quite agree.
+# What all three factors of a panel gain when it is given in Metric units: the four conversion figures do not quite agree.
 METRIC_OVER_ENGLISH = 1000.0 / PSI_PER_MEGAPASCAL / 144.0 * PCF_PER_KILONEWTON * FEET_PER_METRE
 
 

@@ -93,7 +93,7 @@ TEST_F(GraphOptions, OpensWithTheLastUsedFormat) {
         EXPECT_FALSE(Enabled(dialog, name)) << name;
 }
 
-// The form is filled once more behind the option's handler, so the closed boxes show their titles until a
+// The form is filled once more after the option's handler, so the closed boxes show their titles until a
 // click.
 TEST_F(GraphOptions, ClosedTitleBoxesAreBlankAfterAClickOnAnOption) {
     frmGraphOpt& dialog = ShowDialog(1);

@@ -33,7 +33,7 @@ class DesktopProgram : public MainWindowTest {
         return text;
     }
 
-    // The text of the error that the start ends with, behind its number.
+    // The text of the error that the start ends with, after its number.
     static std::string StartError(const std::string& command_line) {
         try {
             StartProgram(command_line);

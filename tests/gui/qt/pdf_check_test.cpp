@@ -56,7 +56,7 @@ TEST_F(PdfCheck, EveryCutIsNoticed) {
         EXPECT_FALSE(IsWhole(whole.substr(0, at) + whole.substr(at + 1))) << at;
 }
 
-// The last mark counts; what comes behind it does not belong there.
+// The last mark counts; what comes after it does not belong there.
 TEST_F(PdfCheck, TheEndMarkStandsAtTheEnd) {
     EXPECT_FALSE(IsWhole(PdfOf({"<< >>"}) + "\n"));
     EXPECT_FALSE(IsWhole(PdfOf({"<< >>"}) + "x"));

@@ -16,7 +16,7 @@ class OpenDescriptor : public CoreTest {
     // The run-time error of bringing a written file to the disk when the system answers with an error.
     int ErrorOfSync(int error) {
         const FailingFiles fault(
-            {.folder = Folder.string(), .at = 3, .error = error});  // behind open and write
+            {.folder = Folder.string(), .at = 3, .error = error});  // after open and write
         Descriptor file(PathTo("file"), O_WRONLY | O_CREAT);
         file.Write("x");
         const int number = RaisedError([&file] { file.Sync(); });

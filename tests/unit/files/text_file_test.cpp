@@ -264,7 +264,7 @@ TEST_F(TextFile, OpeningForOutputEmptiesTheFileAtOnce) {
 
 TEST_F(TextFile, AFullDiskIsFoundAtTheFlushAndClosesQuietly) {
     const auto full_disk = [this] {
-        return FileFault{.folder = Folder.string(), .at = 3};  // behind opening and emptying
+        return FileFault{.folder = Folder.string(), .at = 3};  // after opening and emptying
     };
     {
         const FailingFiles fault(full_disk());

@@ -207,7 +207,7 @@ TEST_F(DescriptionScratch, IsNeverReadByAnotherProgram) {
 
 class DescriptionReader : public ProjectTest {
   protected:
-    // Reads the block and leaves the file open behind it.
+    // Reads the block and leaves the file open after it.
     std::string Read(const std::vector<std::string>& lines, int format_flag = 2) {
         WriteBytes(PathTo("block"), Joined(lines));
         CloseFile(1);

@@ -108,7 +108,7 @@ TEST_F(PrintEngine, NeverWrapsALine) {
 }
 
 TEST_F(PrintEngine, StaysOnThePageWhileThePenIsAtTheReserve) {
-    // 15840 - 1872 = 13968 = 1152 + 89 x 144: the pen reaches the reserve exactly behind line 89.
+    // 15840 - 1872 = 13968 = 1152 + 89 x 144: the pen reaches the reserve exactly after line 89.
     Printer.LineHeight = 144;
     PrintCommand(1, "");
     for (int i = 0; i < 89; ++i) PrintCommand(0, "x");

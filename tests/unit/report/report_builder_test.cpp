@@ -84,7 +84,7 @@ class Report : public CoreTest {
             lines.push_back(page.substr(start, end - start));
             start = end + 2;
         }
-        EXPECT_EQ(start, page.size()) << "text behind the last line end";
+        EXPECT_EQ(start, page.size()) << "text after the last line end";
         return lines;
     }
 };

@@ -71,6 +71,15 @@ TEST(TextParts, TakeCharactersFromTheMiddle) {
     EXPECT_EQ(RaisedError([] { Mid("depth", 1, -1); }), 5);
 }
 
+TEST(Trimming, TakesTheBlanksThatItIsGiven) {
+    EXPECT_EQ(Trimmed(" \ta b\t "), "\ta b\t");
+    EXPECT_EQ(Trimmed(" \ta b\t ", " \t"), "a b");
+    EXPECT_EQ(Trimmed(" \t ", " \t"), "");
+    EXPECT_FALSE(IsBlank(" \t "));
+    EXPECT_TRUE(IsBlank(" \t ", " \t"));
+    EXPECT_TRUE(IsBlank(""));
+}
+
 TEST(Trimming, TakesBlanksOnly) {
     EXPECT_EQ(Trim("  a b  "), "a b");
     EXPECT_EQ(TrimLeft("  a b  "), "a b  ");

@@ -85,7 +85,7 @@ TEST_F(UpdateReminder, DatesHaveTwoDigitDaysAndShortMonths) {
     EXPECT_EQ(ShortMonthDate({1999, 12, 31}), "31-Dec-1999");
 }
 
-// The date is that of the release, whatever day it is; only its month is told in the user's language.
+// The date is that of the release, whatever day it is; only its month is written in the user's language.
 TEST_F(UpdateReminder, TheMonthOfTheRevisionDateFollowsTheLocale) {
     Host.TheClock.Date = CalendarDate{2030, 1, 2};
     EXPECT_EQ(ReleaseDateText(), "20-Aug-2013");
