@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/types.h>
 
@@ -17,6 +18,9 @@ class Descriptor {
   public:
     // The rights of a file that nobody has chosen any for; the user's mask is taken off.
     static constexpr mode_t kOrdinaryRights = 0666;
+
+    // The flags of who reads only.
+    static constexpr int kReadOnly = O_RDONLY;
 
     // Opens with these flags of open(2), and never waits: a pipe, a socket, a device or a folder raises
     // "Path/File access error".

@@ -14,6 +14,7 @@
 #include "core/files/free_name.h"
 #include "core/files/links.h"
 #include "core/files/os_errors.h"
+#include "core/files/running_process.h"
 #include "core/runtime/run_time_error.h"
 
 namespace tarvokol {
@@ -163,7 +164,7 @@ bool FileReplacement::RenameIntoPlace() const {
 std::string FileReplacement::CreateOldCopy() const {
     const std::string folder = folder_refuses_ ? TemporaryFolder() : FolderOf(target_);
     std::string kept;
-    const std::string start = WithSeparator(folder) + "~bak_" + std::to_string(::getpid()) + "-";
+    const std::string start = WithSeparator(folder) + "~bak_" + std::to_string(ProcessNumber()) + "-";
     if (const int failure = CreateFreeFile(start, ShortExtension(target_), kOwnerUses, kept))
         Raise(ErrorNumberOfErrno(failure));
     return kept;

@@ -39,6 +39,10 @@ std::int64_t SecondsOf(clockid_t clock) {
 
 }  // namespace
 
+long ProcessNumber() {
+    return ::getpid();
+}
+
 std::optional<std::uint64_t> StartOfProcess(pid_t process) {
     if (process <= 0 || (::kill(process, 0) != 0 && errno == ESRCH)) return std::nullopt;
     const std::string state = StateOf(process);

@@ -9,6 +9,9 @@
 
 namespace tarvokol {
 
+// The number of this process, by which the files of several runs are told apart.
+long ProcessNumber();
+
 // The moment at which a living process began, in ticks of the system's clock since the system started; 0 where the system does
 // not tell. Nothing where there is no such process.
 std::optional<std::uint64_t> StartOfProcess(pid_t process);

@@ -108,7 +108,7 @@ class Looks {
 };
 
 std::string OwnStart(const std::string& folder) {
-    return WithSeparator(folder) + std::string(kPrefix) + std::to_string(::getpid()) + "-";
+    return WithSeparator(folder) + std::string(kPrefix) + std::to_string(ProcessNumber()) + "-";
 }
 
 // Makes a folder under a free name of this process's own; it is entered before it is there.

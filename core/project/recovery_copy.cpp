@@ -9,8 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include <unistd.h>
-
+#include "core/files/file_lock.h"
 #include "core/files/file_replacement.h"
 #include "core/files/file_system.h"
 #include "core/files/running_process.h"
@@ -68,7 +67,9 @@ std::string Extension() {
 
 // The number of this process and the moment at which it began: together they never come again while the system runs.
 std::string NameOfRun() {
-    return std::to_string(::getpid()) + kBeforeStart + std::to_string(StartOfProcess(::getpid()).value_or(0));
+    const long process = ProcessNumber();
+    return std::to_string(process) + kBeforeStart +
+           std::to_string(StartOfProcess(static_cast<pid_t>(process)).value_or(0));
 }
 
 // The folder may have been another machine's, or the system started again.

@@ -4,11 +4,10 @@
 #include <algorithm>
 #include <string_view>
 
-#include <fcntl.h>
-
 #include "core/files/system_memory.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
+#include "core/runtime/utf8.h"
 
 namespace tarvokol {
 namespace {
@@ -17,10 +16,6 @@ namespace {
 // block.
 constexpr std::uint64_t kMemoryPerByte = 6;
 constexpr std::uint64_t kMemoryPerLine = 400;
-
-bool IsContinuation(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
-}
 
 // The sign that stands for a control character.
 void AppendControlPicture(std::string& text, char control) {
@@ -35,7 +30,7 @@ bool IsControl(char byte) {
 
 }  // namespace
 
-FileReading::FileReading(const std::string& path) : file_(path, O_RDONLY) {
+FileReading::FileReading(const std::string& path) : file_(path, Descriptor::kReadOnly) {
     RequireRoom(static_cast<std::uint64_t>(file_.Status().st_size));
 }
 
@@ -67,7 +62,7 @@ std::size_t FileReading::EndOfPiece() const {
     std::size_t end = taken_ + kViewPiece;
     const std::size_t line_end = bytes_.rfind('\n', end - 1);
     if (line_end != std::string::npos && line_end >= taken_) return line_end + 1;
-    for (int back = 0; back < 3 && IsContinuation(bytes_[end]); ++back) --end;
+    for (int back = 0; back < 3 && IsUtf8Continuation(bytes_[end]); ++back) --end;
     // Both ends of a line go together.
     return bytes_[end - 1] == '\r' ? end - 1 : end;
 }

@@ -29,7 +29,7 @@ std::size_t CharacterBytes(std::string_view text, std::size_t offset) {
     if (count <= 1) return 1;
     if (offset + count > text.size() || !sequence.SecondFits(Byte(text, offset + 1))) return 1;
     for (std::size_t i = 2; i < count; ++i)
-        if ((Byte(text, offset + i) & 0xC0) != 0x80) return 1;
+        if (!IsUtf8Continuation(text[offset + i])) return 1;
     return count;
 }
 

@@ -25,4 +25,9 @@ constexpr Utf8Sequence Utf8SequenceOf(unsigned char first) {
     return sequence;
 }
 
+// True for a byte that goes on a character.
+constexpr bool IsUtf8Continuation(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
 }  // namespace tarvokol

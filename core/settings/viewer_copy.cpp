@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/settings/viewer_copy.h"
 
-#include <unistd.h>
+#include <chrono>
+#include <string>
+#include <thread>
 
 #include "core/files/file_lock.h"
 #include "core/settings/folders.h"
@@ -15,10 +17,10 @@ FileLock OwnCopy;
 // Programs choose and copy one after the other. One that holds the folder for longer than that is not waited for.
 FileLock TurnOf(const std::string& folder) {
     constexpr int kTries = 100;
-    constexpr useconds_t kPause = 10000;
+    constexpr std::chrono::milliseconds kPause(10);
     FileLock turn(folder);
     for (int i = 0; i < kTries && turn.HeldElsewhere(); ++i) {
-        ::usleep(kPause);
+        std::this_thread::sleep_for(kPause);
         turn = FileLock(folder);
     }
     return turn;

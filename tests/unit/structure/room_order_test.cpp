@@ -131,6 +131,18 @@ TEST(RoomOrder, TheCalculationIsReachedByOneRoad) {
     EXPECT_TRUE(IsEngineRoad({"core/engine/a.cpp", "core/engine/panel_curves.h"}));
 }
 
+// What opens, reads, writes, locks and replaces files stands in one room of the core; the big arrays of samples ask
+// the system for their memory.
+TEST(RoomOrder, OnlyTheRoomOfFilesCallsTheSystem) {
+    static const std::regex system_header(R"((unistd|fcntl|signal|pwd|dirent|spawn|sys/\w+)\.h)");
+    std::set<std::string> rooms;
+    for (const Include& include : AllIncludes())
+        if (HouseOf(include.file) == "core" && std::regex_match(include.header, system_header) &&
+            include.file != "core/statistics/big_array.h")
+            rooms.insert(RoomOf(include.file));
+    EXPECT_THAT(rooms, ElementsAre("core/files"));
+}
+
 // All sections of the settings are for who goes over the whole file.
 TEST(RoomOrder, SettingsAreIncludedSectionBySection) {
     std::set<std::string> whole;
