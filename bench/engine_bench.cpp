@@ -4,10 +4,10 @@
 #include <benchmark/benchmark.h>
 
 #include "core/engine/engine.h"
+#include "core/engine/panel_texts.h"
 #include "core/headless/headless_platform.h"
 #include "core/project/curves.h"
 #include "core/project/input_check.h"
-#include "core/project/parameter_texts.h"
 #include "core/project/pillar_sizing.h"
 #include "core/project/project_record.h"
 #include "core/project/sizing_solver.h"

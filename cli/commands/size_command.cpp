@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/bulk_run.h"
 #include "cli/commands/commands.h"
+#include "core/engine/panel_texts.h"
 #include "core/messages/titles.h"
 #include "core/project/parameter_texts.h"
 #include "core/project/parameter_validation.h"

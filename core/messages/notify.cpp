@@ -5,8 +5,7 @@
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
-#include "core/runtime/numbers.h"
-#include "core/runtime/text.h"
+#include "core/runtime/range_fault.h"
 
 namespace tarvokol {
 namespace {
@@ -45,18 +44,6 @@ int16_t Notify(const std::string& message, int style, std::string& title) {
 int16_t Notify(const std::string& message, int style) {
     std::string title;
     return Notify(message, style, title);
-}
-
-std::string OutsideRangeMessage(const std::string& text, const std::string& low, const std::string& high) {
-    return "Value '" + Trim(text) + "' is outside input range" + std::string(CrLf) +
-           "Valid range is: " + low + "-" + high;
-}
-
-std::string RangeFault(const std::string& text, double low, double high) {
-    if (IsBlank(text)) return "Blank field not allowed";
-    const double value = UnboundedParse(text);
-    if (value >= low && value <= high) return "";
-    return OutsideRangeMessage(text, GeneralText(low), GeneralText(high));
 }
 
 bool CheckRange(const std::string& text, double low, double high, std::string& label) {

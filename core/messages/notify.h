@@ -27,12 +27,6 @@ int16_t NotifyChoice(const std::string& message, int style, const std::vector<st
 bool CheckRange(const std::string& text, double low, double high, std::string& label);
 bool CheckRange(const std::string& text, double low, double high);
 
-// What the range check says of a text, empty if it lies from low to high.
-std::string RangeFault(const std::string& text, double low, double high);
-
-// The message of a value outside its range.
-std::string OutsideRangeMessage(const std::string& text, const std::string& low, const std::string& high);
-
 // "Position the cursor on any item ..." with style 48 and the title "Help".
 void ShowHelpTip();
 

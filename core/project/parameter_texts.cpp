@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/project/parameter_texts.h"
 
-#include <cstddef>
-
-#include "core/engine/panel_fields.h"
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
@@ -14,9 +11,6 @@
 
 namespace tarvokol {
 namespace {
-
-// The scroll bar's range, quoted in the message of a refused number of holes; the test itself admits from 1.
-constexpr int kFewestHoles = 2;
 
 float SingleOf(const std::string& text) {
     return ToSingle(NumericParse(text));
@@ -65,23 +59,6 @@ struct TypedWidths {
 
 }  // namespace
 
-ParameterTexts TextsOfRecord(const PanelInputs& record) {
-    const auto text = [&record](PanelField field) { return TextOfField(record, field); };
-    ParameterTexts texts;
-    texts.txtHeight = text(PanelField::Height);
-    texts.txtDepthCover = text(PanelField::DepthCover);
-    texts.txtHoleWidth = text(PanelField::HoleWidth);
-    texts.txtWebThickness = text(PanelField::WebThickness);
-    texts.txtBarrierPillarWidth = text(PanelField::BarrierPillarWidth);
-    texts.txtNumberHoles = text(PanelField::NumberHoles);
-    texts.txtCoalStrength = text(PanelField::CoalStrength);
-    texts.txtUnitWeight = text(PanelField::UnitWeight);
-    texts.txtAbutmentAngleActiveGob = text(PanelField::AbutmentAngle);
-    texts.txtSFWeb = text(PanelField::SFWeb);
-    texts.txtSFBarrier = text(PanelField::SFBarrier);
-    return texts;
-}
-
 void StoreParameterTexts(const ParameterTexts& texts, PanelInputs& record) {
     StorePanel(texts, record);
     StoreLoads(texts, record);
@@ -109,18 +86,6 @@ std::string ExtractionRatioText(const ParameterTexts& texts) {
     const float mined = ToSingle(panel.holes * panel.hole);
     const double ratio = Divide(100.0 * mined, whole);
     return FitsSingle(ratio) ? PictureText(ToSingle(ratio), "##0.0") : "";
-}
-
-std::string HolesFault(const std::string& text) {
-    const double holes = UnboundedParse(text);
-    if (holes >= 1.0 && holes <= MaxHoles) return "";
-    return OutsideRangeMessage(text, GeneralText(kFewestHoles), GeneralText(MaxHoles));
-}
-
-std::vector<std::string> FaultsOfLoadedHoles(int16_t number_holes) {
-    const std::string fault = HolesFault(GeneralText(number_holes));
-    if (fault.empty()) return {};
-    return {fault, HolesFault("")};
 }
 
 HolesVerdict JudgeHolesText(const std::string& text) {

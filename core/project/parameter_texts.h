@@ -1,32 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The texts of the parameters dialog's boxes: how they are filled from a project and read back. The dialog
-// and the command line share them.
+// The texts of the parameters dialog's boxes: how they are read back, and what the dialog shows beside them. The dialog and
+// the command line share them.
 #pragma once
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
-#include "core/engine/panel.h"
+#include "core/engine/panel_texts.h"
 
 namespace tarvokol {
-
-struct ParameterTexts {
-    std::string txtHeight;
-    std::string txtDepthCover;
-    std::string txtHoleWidth;
-    std::string txtWebThickness;
-    std::string txtBarrierPillarWidth;
-    std::string txtNumberHoles;
-    std::string txtCoalStrength;
-    std::string txtUnitWeight;
-    std::string txtAbutmentAngleActiveGob;
-    std::string txtSFWeb;
-    std::string txtSFBarrier;
-};
-
-// The texts as the dialog loads them; `txtNumberHoles` still stands as the plain number.
-ParameterTexts TextsOfRecord(const PanelInputs& record);
 
 // Reads the texts into a record by the numeric parse; spacing, angle, center distances and the spare single
 // stay.
@@ -46,11 +28,6 @@ struct HolesVerdict {
     int16_t scroll_value = 0;  // value for the scroll bar, 0 to leave it
 };
 HolesVerdict JudgeHolesText(const std::string& text);
-
-// What the handler refuses, without a word to the user; empty for a number of holes that it takes. And what it says while
-// the dialog loads a project of so many holes.
-std::string HolesFault(const std::string& text);
-std::vector<std::string> FaultsOfLoadedHoles(int16_t number_holes);
 
 // The text that the box shows once the dialog has loaded a project of so many holes; out-of-range numbers
 // give their messages on the way.

@@ -1,20 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The tests of the parameters dialog, in its own words.
+// The tests of the parameters dialog, with the messages that it shows.
 #pragma once
 
 #include <optional>
-#include <string>
 
-#include "core/engine/panel_fields.h"
-#include "core/project/parameter_texts.h"
+#include "core/engine/panel_texts.h"
 
 namespace tarvokol {
-
-// The first test that the dialog's texts fail.
-struct FieldRefusal {
-    PanelField field;
-    std::string message;
-};
 
 // Tab of the dialog on which a field stands: 0 Standard, 1 Defaults, 2 Sizing.
 int TabOfField(PanelField field);
@@ -23,8 +15,5 @@ int TabOfField(PanelField field);
 // returned.
 std::optional<PanelField> ValidateParameterTexts(const ParameterTexts& texts);
 std::optional<PanelField> ValidateSizingTexts(const ParameterTexts& texts);
-
-// What the short test refuses, without a word to the user.
-std::optional<FieldRefusal> RefusalOfSizing(const ParameterTexts& texts);
 
 }  // namespace tarvokol

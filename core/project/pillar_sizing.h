@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "core/project/parameter_texts.h"
+#include "core/engine/panel_texts.h"
 
 namespace tarvokol {
 

@@ -5,9 +5,7 @@
 #include <limits>
 
 #include "core/engine/engine.h"
-#include "core/messages/notify.h"
-#include "core/project/parameter_texts.h"
-#include "core/project/parameter_validation.h"
+#include "core/engine/panel_texts.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"
 

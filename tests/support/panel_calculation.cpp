@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/panel_calculation.h"
 
+#include "core/engine/panel_texts.h"
 #include "core/project/curves.h"
 #include "core/project/input_check.h"
-#include "core/project/parameter_texts.h"
 #include "core/project/pillar_sizing.h"
 #include "core/project/project_record.h"
 #include "core/project/stability_analysis.h"

@@ -9,9 +9,9 @@
 
 #include <gtest/gtest.h>
 
+#include "core/engine/panel_texts.h"
 #include "core/project/file_conversion.h"
 #include "core/project/input_check.h"
-#include "core/project/parameter_texts.h"
 #include "core/project/pillar_sizing.h"
 #include "core/project/project_record.h"
 #include "core/project/sizing_solver.h"

@@ -5,9 +5,9 @@
 
 #include <gmock/gmock.h>
 
+#include "core/engine/panel_texts.h"
 #include "core/project/curves.h"
 #include "core/project/input_check.h"
-#include "core/project/parameter_texts.h"
 #include "core/project/pillar_sizing.h"
 #include "core/project/stability_analysis.h"
 #include "core/project/working_parameters.h"

@@ -107,7 +107,8 @@ std::vector<Include> AllIncludes() {
 // From outside, the calculation is taken by its one page; the others hold the values that go in and out.
 bool IsEngineRoad(const Include& include) {
     static const std::set<std::string> road{"core/engine/engine.h", "core/engine/panel.h",
-                                            "core/engine/panel_fields.h", "core/engine/unit_labels.h"};
+                                            "core/engine/panel_fields.h", "core/engine/panel_texts.h",
+                                            "core/engine/unit_labels.h"};
     return RoomOf(include.header) != "core/engine" || RoomOf(include.file) == "core/engine" ||
            road.contains(include.header);
 }
@@ -121,6 +122,17 @@ std::vector<std::string> Refused(const std::vector<Include>& includes) {
 
 TEST(RoomOrder, EachRoomUsesTheFloorsBelowItOnly) {
     EXPECT_THAT(Refused(AllIncludes()), IsEmpty());
+}
+
+// Studies are values: no open project, no message, no setting of a running program.
+TEST(RoomOrder, StudiesStandOnTheCalculationStatisticsAndFilesAlone) {
+    const Floor ground{"core/runtime", "core/engine", "core/statistics", "core/files", "core/studies"};
+    std::vector<std::string> refused;
+    for (const Include& include : AllIncludes())
+        if (RoomOf(include.file) == "core/studies" && HouseOf(include.header) == "core" &&
+            !ground.contains(RoomOf(include.header)))
+            refused.push_back(include.file + " includes " + include.header);
+    EXPECT_THAT(refused, IsEmpty());
 }
 
 TEST(RoomOrder, TheCalculationIsReachedByOneRoad) {
