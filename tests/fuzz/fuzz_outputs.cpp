@@ -6,10 +6,12 @@
 #include <string>
 #include <string_view>
 
+#include <nlohmann/json.hpp>
 #include <sys/mman.h>
 #include <unistd.h>
 
 #include "cli/output/json.h"
+#include "cli/output/project_json.h"
 #include "core/files/text_file.h"
 #include "core/graphics/TarvoGraf.h"
 #include "core/graphics/chart_model.h"
@@ -57,8 +59,8 @@ void Try(const std::string& path, const Step& step) {
 
 // What is written as text must be JSON, the same that the JSON library makes of it, to the last figure and letter.
 void RequireReadable(const std::string& text) {
-    const cli::Json read = cli::Json::parse(text, nullptr, false);
-    if (read.is_discarded() || cli::Json::parse(cli::JsonLine(read)) != read) std::abort();
+    const auto read = nlohmann::json::parse(text, nullptr, false);
+    if (read.is_discarded() || nlohmann::json::parse(read.dump()) != read) std::abort();
 }
 
 void Report() {
