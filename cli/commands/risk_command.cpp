@@ -2,7 +2,10 @@
 // How likely the factors lie below their targets when figures are only known within bounds.
 #include <charconv>
 #include <cmath>
+#include <functional>
 #include <iostream>
+#include <limits>
+#include <optional>
 
 #include "cli/commands/commands.h"
 #include "cli/commands/samples_file.h"
@@ -11,9 +14,11 @@
 #include "cli/output/drawing.h"
 #include "cli/output/json.h"
 #include "cli/output/output_target.h"
+#include "cli/output/progress_bar.h"
 #include "cli/output/row_sink.h"
 #include "cli/output/study_rows.h"
 #include "core/files/csv_writer.h"
+#include "core/statistics/hypercube.h"
 #include "core/statistics/study_numbers.h"
 #include "core/studies/risk_study.h"
 #include "core/studies/study_names.h"
@@ -75,8 +80,39 @@ void AddLine(std::string& text, const std::string& title, Value value) {
     text += '\n';
 }
 
-std::string BelowText(const Share& share) {
+// Two significant digits, as of a bound.
+std::string Bound(double value) {
+    char buffer[32];
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 2);
+    return {buffer, result.ptr};
+}
+
+// A probability of which no sample shows anything is known by its bound alone.
+std::string ProbabilityWord(const Share& share) {
+    if (share.value == 0.0) return "below " + Bound(share.high);
+    if (share.value == 1.0) return "above " + Short(share.low);
     return Short(share.value);
+}
+
+std::string KindWord(const Share& share) {
+    if (share.kind == IntervalKind::None) return "-";
+    return share.kind == IntervalKind::Exact ? "exact" : "replicates";
+}
+
+// One line each for a share and the ends and the kind of its interval, of the factors that have this target.
+using ShareOfFactor = std::function<const Share*(std::size_t factor)>;
+
+void AddShares(std::string& text, const std::string& title, const ShareOfFactor& share_of) {
+    const auto line = [&](const std::string& name, auto word) {
+        AddLine(text, name, [&](std::size_t f) {
+            const Share* const share = share_of(f);
+            return share == nullptr ? std::string("-") : word(*share);
+        });
+    };
+    line(title, ProbabilityWord);
+    line("  95 % interval, from", [](const Share& share) { return Short(share.low); });
+    line("  to", [](const Share& share) { return Short(share.high); });
+    line("  interval", KindWord);
 }
 
 void AddTargets(std::string& text, const RiskResult& result) {
@@ -86,19 +122,40 @@ void AddTargets(std::string& text, const RiskResult& result) {
         const BelowTarget& below = result.risk[f].below.front();
         return below.own_target ? std::string("each its own") : Short(below.target);
     });
-    const auto own = [&](std::size_t f, auto part) {
-        return f == 0 ? std::string("-") : part(result.risk[f].below.front().share);
-    };
-    AddLine(text, "Probability below the target", [&](std::size_t f) { return own(f, BelowText); });
-    AddLine(text, "  95 % interval, from",
-            [&](std::size_t f) { return own(f, [](const Share& s) { return Short(s.low); }); });
-    AddLine(text, "  to",
-            [&](std::size_t f) { return own(f, [](const Share& s) { return Short(s.high); }); });
-    AddLine(text, "Probability below 1",
-            [&](std::size_t f) { return BelowText(result.risk[f].below.back().share); });
-    AddLine(text, "  95 % interval, from",
-            [&](std::size_t f) { return Short(result.risk[f].below.back().share.low); });
-    AddLine(text, "  to", [&](std::size_t f) { return Short(result.risk[f].below.back().share.high); });
+    const auto own = [&](std::size_t f) { return f == 0 ? nullptr : &result.risk[f].below.front(); };
+    const auto one = [&](std::size_t f) { return &result.risk[f].below.back(); };
+    AddShares(text, "Probability below the target", [&](std::size_t f) {
+        const BelowTarget* const below = own(f);
+        return below == nullptr ? nullptr : &below->share;
+    });
+    AddShares(text, "Probability below 1", [&](std::size_t f) { return &one(f)->share; });
+    if (result.refused == 0) return;
+    AddShares(text, "Below the target or refused", [&](std::size_t f) {
+        const BelowTarget* const below = own(f);
+        return below == nullptr ? nullptr : &below->with_refused;
+    });
+    AddShares(text, "Below 1 or refused", [&](std::size_t f) { return &one(f)->with_refused; });
+}
+
+// What the words for the kinds of intervals mean.
+std::string KindsText(const RiskRequest& request, const RiskResult& result) {
+    bool exact = false;
+    bool replicates = false;
+    for (const FactorRisk& risk : result.risk)
+        for (const BelowTarget& below : risk.below)
+            for (const Share& share : {below.share, below.with_refused}) {
+                exact |= share.kind == IntervalKind::Exact;
+                replicates |= share.kind == IntervalKind::Replicates;
+            }
+    std::string text;
+    if (replicates)
+        text += "replicates: Student's interval of the scatter of " + std::to_string(kHypercubes) +
+                " independent hypercubes\n";
+    if (exact)
+        text += request.latin ? "exact: Clopper and Pearson's interval of the counts, where there are too "
+                                "few hits or misses\n"
+                              : "exact: Clopper and Pearson's interval of the counts\n";
+    return text;
 }
 
 // The targets that are random fields themselves.
@@ -128,16 +185,37 @@ std::string RiskText(const RiskRequest& request, const RiskResult& result, const
     for (std::size_t field = 0; field < request.fields.size(); ++field)
         AddLine(text, std::string("Rank correlation ") + NameOfField(request.fields[field].field),
                 [&](std::size_t f) { return Short(result.risk[f].rank_correlation[field]); });
-    return text;
+    return text + KindsText(request, result);
+}
+
+const char* NameOfKind(IntervalKind kind) {
+    return kind == IntervalKind::Exact ? "clopper-pearson" : "replicates";
+}
+
+void AddShare(JsonMembers& object, const Share& share) {
+    object.Add("probability", share.value);
+    object.Add("low", share.low);
+    object.Add("high", share.high);
+}
+
+void AddKind(JsonMembers& object, const Share& share) {
+    if (share.kind == IntervalKind::None)
+        object.Add("interval", std::numeric_limits<double>::quiet_NaN());
+    else
+        object.Add("interval", NameOfKind(share.kind));
 }
 
 JsonMembers BelowJson(const BelowTarget& below) {
+    JsonMembers with_refused;
+    AddShare(with_refused, below.with_refused);
+    AddKind(with_refused, below.with_refused);
     JsonMembers object;
     object.Add("target", below.target);
-    object.Add("probability", below.share.value);
-    object.Add("low", below.share.low);
-    object.Add("high", below.share.high);
+    AddShare(object, below.share);
+    AddKind(object, below.share);
+    object.Add("coverage", kConfidence);
     object.Add("own_target", below.own_target);
+    object.Add("with_refused", with_refused);
     return object;
 }
 
@@ -215,6 +293,25 @@ void WriteSamples(const RiskRequest& request, const RiskResult& result,
     sink.Finish();
 }
 
+// "25 of 100 samples (25 %)".
+std::string RefusedWords(std::uint64_t refused, std::uint64_t samples) {
+    return std::to_string(refused) + " of " + std::to_string(samples) + " samples (" +
+           Short(100.0 * static_cast<double>(refused) / static_cast<double>(samples)) + " %)";
+}
+
+class ProgressOfSamples : public StudyObserver {
+  public:
+    ProgressOfSamples(bool quiet, std::uint64_t samples) { bar_.emplace(quiet, samples, "samples"); }
+    bool Progress(std::uint64_t done, std::optional<std::uint64_t> /*total*/) override {
+        bar_->Reach(done);
+        return true;
+    }
+    void End() { bar_.reset(); }
+
+  private:
+    std::optional<ProgressBar> bar_;
+};
+
 class Risk : public StudyCommand {
   public:
     std::string Name() const override { return "risk"; }
@@ -233,7 +330,7 @@ class Risk : public StudyCommand {
     int Study(HeadlessPlatform& host) override;
 
   private:
-    RiskRequest RequestFor(const Panel& project) const;
+    RiskRequest RequestFor(const Panel& project, bool keep_samples) const;
     std::vector<std::string> SampleTitles(const RiskRequest& request) const;
     void Write(const OutputTarget& target, const RiskRequest& request, const RiskResult& result,
                const Panel& project) const;
@@ -257,10 +354,12 @@ void Risk::Describe(CommandOptions& options) {
          .value = "FIELD=DISTRIBUTION",
          .required = true},
         random_);
-    options.Texts({.spelling = "--correlate",
-                   .help = "FIELD,FIELD=R: correlation of a pair of normal fields",
-                   .value = "A,B=R"},
-                  correlations_);
+    options.Texts(
+        {.spelling = "--correlate",
+         .help = "FIELD,FIELD=R: a pair of fields moves together; R, between -1 and 1, is the correlation of "
+                 "their normal scores: of normal fields their own, of lognormal ones that of the logarithms",
+         .value = "A,B=R"},
+        correlations_);
     options.Text({.spelling = "--samples",
                   .help = "Number of samples (default 100000)",
                   .value = "N",
@@ -271,7 +370,7 @@ void Risk::Describe(CommandOptions& options) {
                   .value = "S",
                   .refusal = WhyEmpty},
                  seed_);
-    options.Flag({.spelling = "--plain", .help = "Independent draws instead of a Latin hypercube"}, plain_);
+    options.Flag({.spelling = "--plain", .help = "Independent draws instead of Latin hypercubes"}, plain_);
     options.Text({.spelling = "--samples-out",
                   .help = "Write all samples as CSV; `-`: standard output",
                   .value = "FILE.csv",
@@ -280,7 +379,7 @@ void Risk::Describe(CommandOptions& options) {
     AddBareHeader(options, bare_header_);
 }
 
-RiskRequest Risk::RequestFor(const Panel& project) const {
+RiskRequest Risk::RequestFor(const Panel& project, bool keep_samples) const {
     constexpr double kMostSamples = 4294967295.0;
     constexpr double kLargestSeed = 9007199254740992.0;
     RiskRequest request;
@@ -294,8 +393,9 @@ RiskRequest Risk::RequestFor(const Panel& project) const {
         request.samples = WholeOption<std::uint32_t>(samples_, "--samples", 1, kMostSamples);
     if (!seed_.empty()) request.seed = WholeOption<std::uint64_t>(seed_, "--seed", 0, kLargestSeed);
     request.latin = !plain_;
-    request.keep_drawn = !samples_out_.empty();
+
     request.threads = Threads();
+    request.keep_samples = keep_samples;
     return request;
 }
 
@@ -328,14 +428,19 @@ int Risk::Study(HeadlessPlatform& host) {
     const SamplesFile samples(samples_out_, options_);
     if (target.IsDrawn()) TheDrawing();
     const Panel project = ReadProject(host);
-    const RiskRequest request = RequestFor(project);
+    const RiskRequest request = RequestFor(project, samples.IsAsked() || target.IsDrawn());
     if (target.ToFile()) target.Prepare(target.PathFor(Project()));
-    const RiskResult result = OfOption("--correlate", [&] { return RunRisk(request); });
+    ProgressOfSamples progress(options_.quiet, request.samples);
+    const RiskResult result = *OfOption("--correlate", [&] { return RunRisk(request, progress); });
+    progress.End();
     if (samples.IsAsked()) WriteSamples(request, result, SampleTitles(request), *samples.Open());
     Write(target, request, result, project);
-    if (result.refused < request.samples) return exit_status::Done;
-    std::cerr << Project() << ": every sample was refused: " << result.refusals.front() << '\n';
-    return exit_status::Refused;
+    if (result.refused == 0) return exit_status::Done;
+    const bool all = result.refused == request.samples;
+    std::cerr << Project() << ": "
+              << (all ? std::string("every sample") : RefusedWords(result.refused, request.samples))
+              << (all ? " was" : " were") << " refused: " << result.refusals.front() << '\n';
+    return all ? exit_status::Refused : exit_status::Done;
 }
 
 }  // namespace

@@ -14,16 +14,16 @@ constexpr auto kPause = std::chrono::milliseconds(200);
 constexpr int kBarLength = 24;
 constexpr const char* kClearLine = "\r\033[K";
 
-std::string Rate(double rows_a_second) {
+std::string Rate(double per_second, const std::string& noun) {
     constexpr double kThousand = 1e3;
     constexpr double kMillion = 1e6;
     const auto rounded = [](double value) {
         const std::string text = std::to_string(std::round(value * 10.0) / 10.0);
         return text.substr(0, text.find('.') + 2);
     };
-    if (rows_a_second >= kMillion) return rounded(rows_a_second / kMillion) + " M rows/s";
-    if (rows_a_second >= kThousand) return rounded(rows_a_second / kThousand) + " k rows/s";
-    return rounded(rows_a_second) + " rows/s";
+    if (per_second >= kMillion) return rounded(per_second / kMillion) + " M " + noun + "/s";
+    if (per_second >= kThousand) return rounded(per_second / kThousand) + " k " + noun + "/s";
+    return rounded(per_second) + ' ' + noun + "/s";
 }
 
 std::string Duration(double seconds) {
@@ -36,8 +36,8 @@ std::string Duration(double seconds) {
 
 }  // namespace
 
-ProgressBar::ProgressBar(bool quiet, std::optional<std::uint64_t> total)
-    : shown_(!quiet && ::isatty(STDERR_FILENO) != 0), total_(total), next_(start_ + kPause) {}
+ProgressBar::ProgressBar(bool quiet, std::optional<std::uint64_t> total, const char* noun)
+    : shown_(!quiet && ::isatty(STDERR_FILENO) != 0), total_(total), noun_(noun), next_(start_ + kPause) {}
 
 ProgressBar::~ProgressBar() {
     if (shown_) std::cerr << kClearLine << std::flush;
@@ -53,16 +53,17 @@ void ProgressBar::Reach(std::uint64_t rows) {
 
 void ProgressBar::Show(Clock::time_point now) {
     const double seconds = std::chrono::duration<double>(now - start_).count();
-    std::cerr << kClearLine << ProgressLine(done_, total_, seconds) << std::flush;
+    std::cerr << kClearLine << ProgressLine(done_, total_, seconds, noun_) << std::flush;
 }
 
-std::string ProgressLine(std::uint64_t done, std::optional<std::uint64_t> total, double seconds) {
+std::string ProgressLine(std::uint64_t done, std::optional<std::uint64_t> total, double seconds,
+                         const char* noun) {
     const double rate = static_cast<double>(done) / seconds;
-    if (!total || *total == 0) return std::to_string(done) + " rows  " + Rate(rate);
+    if (!total || *total == 0) return std::to_string(done) + ' ' + noun + "  " + Rate(rate, noun);
     const double share = static_cast<double>(done) / static_cast<double>(*total);
     const auto filled = static_cast<std::size_t>(std::min(share, 1.0) * kBarLength);
     return '[' + std::string(filled, '#') + std::string(kBarLength - filled, ' ') + "] " +
-           std::to_string(std::lround(share * 100.0)) + " %  " + Rate(rate) + "  " +
+           std::to_string(std::lround(share * 100.0)) + " %  " + Rate(rate, noun) + "  " +
            Duration(static_cast<double>(*total - std::min(done, *total)) / rate);
 }
 

@@ -10,13 +10,14 @@
 namespace tarvokol::cli {
 
 // What is shown after `seconds`: a bar, the share, the rate and the time left, or where no total is known the
-// rows and the rate.
-std::string ProgressLine(std::uint64_t done, std::optional<std::uint64_t> total, double seconds);
+// rows and the rate. `noun` is what is counted.
+std::string ProgressLine(std::uint64_t done, std::optional<std::uint64_t> total, double seconds,
+                         const char* noun = "rows");
 
 class ProgressBar {
   public:
     // Shows nothing where it is to be quiet or standard error is no terminal.
-    ProgressBar(bool quiet, std::optional<std::uint64_t> total);
+    ProgressBar(bool quiet, std::optional<std::uint64_t> total, const char* noun = "rows");
     // Leaves an empty line behind.
     ~ProgressBar();
     ProgressBar(const ProgressBar&) = delete;
@@ -32,6 +33,7 @@ class ProgressBar {
 
     bool shown_;
     std::optional<std::uint64_t> total_;
+    const char* noun_;
     std::uint64_t done_ = 0;
     Clock::time_point start_ = Clock::now();
     Clock::time_point next_;

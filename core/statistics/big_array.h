@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <new>
 #include <type_traits>
@@ -47,7 +48,24 @@ class BigArray {
     Number& operator[](std::size_t i) { return numbers_[i]; }
     const Number& operator[](std::size_t i) const { return numbers_[i]; }
 
+    // Other numbers of the same size, made one by one of these, in their memory.
+    template <typename Other, typename Convert>
+    BigArray<Other> As(Convert convert) && {
+        static_assert(sizeof(Other) == sizeof(Number));
+        for (std::size_t i = 0; i < size_; ++i) {
+            const Other other = convert(numbers_[i]);
+            std::memcpy(&numbers_[i], &other, sizeof other);
+        }
+        BigArray<Other> others;
+        others.size_ = std::exchange(size_, 0);
+        others.numbers_.reset(reinterpret_cast<Other*>(numbers_.release()));
+        return others;
+    }
+
   private:
+    template <typename Other>
+    friend class BigArray;
+
     static constexpr std::size_t kLargePage = std::size_t{2} << 20;
 
     struct Release {

@@ -102,7 +102,8 @@ void FillWithUnits(std::uint64_t seed, std::uint32_t stream, std::uint64_t first
     }
 }
 
-BigArray<std::uint32_t> RandomOrder(std::uint64_t seed, std::uint32_t stream, std::uint32_t count) {
+BigArray<std::uint32_t> RandomOrder(std::uint64_t seed, std::uint32_t stream, std::uint32_t count,
+                                    std::uint64_t first) {
     BigArray<std::uint32_t> order(count);
     std::iota(order.begin(), order.end(), 0U);
     // The places of a batch are drawn and asked for before they are used: waiting for each in turn would take most of
@@ -111,7 +112,7 @@ BigArray<std::uint32_t> RandomOrder(std::uint64_t seed, std::uint32_t stream, st
     std::array<std::uint32_t, kBatch> places{};
     for (std::uint32_t left = count; left > 1;) {
         const std::uint32_t batch = std::min(left - 1, kBatch);
-        FillWithBits(seed, stream, left - batch + 1, bits);
+        FillWithBits(seed, stream, first + left - batch + 1, bits);
         for (std::uint32_t i = 0; i < batch; ++i) {
             places[i] = Below(bits[batch - 1 - i], left - i);
             __builtin_prefetch(&order[places[i]], 1);

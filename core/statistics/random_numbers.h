@@ -25,7 +25,8 @@ double UnitFromBits(std::uint64_t bits);
 void FillWithUnits(std::uint64_t seed, std::uint32_t stream, std::uint64_t first, std::span<double> units);
 
 // The numbers 0 to count - 1 in a random order (the shuffle of Fisher and Yates in Durstenfeld's form).
-// `count` is below 2^32.
-BigArray<std::uint32_t> RandomOrder(std::uint64_t seed, std::uint32_t stream, std::uint32_t count);
+// `count` is below 2^32. The numbers `first` + 2 to `first` + `count` of the stream decide it.
+BigArray<std::uint32_t> RandomOrder(std::uint64_t seed, std::uint32_t stream, std::uint32_t count,
+                                    std::uint64_t first = 0);
 
 }  // namespace tarvokol

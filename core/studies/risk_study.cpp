@@ -2,34 +2,29 @@
 #include "core/studies/risk_study.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
+#include <exception>
 #include <functional>
 #include <limits>
-#include <memory>
+#include <mutex>
 #include <numeric>
+#include <thread>
 #include <utility>
 
 #include "core/runtime/run_time_error.h"
-#include "core/statistics/portable_math.h"
-#include "core/statistics/random_numbers.h"
+#include "core/statistics/rank_order.h"
 #include "core/statistics/study_numbers.h"
 #include "core/statistics/study_refusal.h"
+#include "core/studies/risk_draw.h"
 #include "core/studies/shortage.h"
 #include "core/studies/task_run.h"
 
 namespace tarvokol {
 namespace {
 
-constexpr double kBelowOne = 1.0 - 0x1p-53;
 constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 constexpr std::size_t kMostRefusalTexts = 10;
-constexpr std::uint32_t kPiece = 4096;
-
-using Matrix = std::vector<std::vector<double>>;
-
-bool IsNormal(const Distribution& distribution) {
-    return distribution.Text().starts_with("normal:");
-}
 
 std::size_t IndexOf(const std::vector<RandomField>& fields, PanelField field) {
     const auto found = std::find_if(fields.begin(), fields.end(),
@@ -37,340 +32,274 @@ std::size_t IndexOf(const std::vector<RandomField>& fields, PanelField field) {
     return static_cast<std::size_t>(found - fields.begin());
 }
 
-// Streams of random numbers, of each field its own, in whatever order the fields are given: one for the place inside a
-// stratum, one for the order of the strata.
-std::uint32_t PlaceStream(PanelField field) {
-    return 2 * static_cast<std::uint32_t>(field);
-}
-std::uint32_t OrderStream(PanelField field) {
-    return 2 * static_cast<std::uint32_t>(field) + 1;
-}
+// Raised where the observer has had enough, out of whatever is at work.
+class EndedEarly : public std::exception {};
 
-// The random fields of a request by their positions, in the order of PanelField: whatever depends on an order takes this one.
-std::vector<std::size_t> OrderedFields(const RiskRequest& request) {
-    std::vector<std::size_t> order(request.fields.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-        return request.fields[a].field < request.fields[b].field;
-    });
-    return order;
-}
+// Asks the observer in the thread that runs the study, and lets the others know.
+class Watch {
+  public:
+    // `work` is what is to be done in all, in units of its own.
+    Watch(StudyObserver& observer, std::uint64_t samples, std::uint64_t work)
+        : observer_(observer), samples_(samples), work_(work) {}
 
-// The lower triangle L with L x transposed L = the matrix of correlations (Cholesky), of the fields in this order.
-Matrix Triangle(const RiskRequest& request, const std::vector<std::size_t>& order) {
-    const std::size_t n = order.size();
-    const auto row_of = [&](PanelField field) {
-        const auto found = std::find(order.begin(), order.end(), IndexOf(request.fields, field));
-        return static_cast<std::size_t>(found - order.begin());
-    };
-    Matrix a(n, std::vector<double>(n, 0.0));
-    for (std::size_t i = 0; i < n; ++i) a[i][i] = 1.0;
-    for (const FieldCorrelation& one : request.correlations) {
-        const std::size_t i = row_of(one.first);
-        const std::size_t j = row_of(one.second);
-        a[i][j] = a[j][i] = one.value;
-    }
-    for (std::size_t j = 0; j < n; ++j) {
-        for (std::size_t k = 0; k < j; ++k) a[j][j] -= a[j][k] * a[j][k];
-        if (!(a[j][j] > 0.0))
-            throw StudyRefusal(
-                "the correlations contradict one another (their matrix is not positive definite); bring some "
-                "of "
-                "them nearer to 0");
-        a[j][j] = std::sqrt(a[j][j]);
-        for (std::size_t i = j + 1; i < n; ++i) {
-            for (std::size_t k = 0; k < j; ++k) a[i][j] -= a[i][k] * a[j][k];
-            a[i][j] /= a[j][j];
+    // So much more work is done. Raises EndedEarly.
+    void Reach(std::uint64_t more) {
+        const std::uint64_t done = done_ += more;
+        if (std::this_thread::get_id() == thread_ && !ended_) {
+            const double share = static_cast<double>(done) / static_cast<double>(work_);
+            // All samples are done when the result stands.
+            const auto samples = static_cast<std::uint64_t>(share * static_cast<double>(samples_));
+            if (!observer_.Progress(std::min(samples, samples_ - 1), samples_)) ended_ = true;
         }
-        for (std::size_t i = 0; i < j; ++i) a[i][j] = 0.0;
+        if (ended_) throw EndedEarly();
     }
-    return a;
-}
 
-// A task has its thread's memory for sorting.
-using SortingTask = std::function<void(SortedSample& sorted)>;
+    // The same at the end of all work.
+    void Finish() {
+        if (!observer_.Progress(samples_, samples_)) throw EndedEarly();
+    }
 
-void RunTasks(const std::vector<SortingTask>& tasks, unsigned threads) {
-    TaskRun::Do(tasks.size(), threads, [&] {
-        return
-            [&tasks, sorted = std::make_shared<SortedSample>()](std::size_t task) { tasks[task](*sorted); };
-    });
-}
+  private:
+    StudyObserver& observer_;
+    std::uint64_t samples_;
+    std::uint64_t work_;
+    std::thread::id thread_ = std::this_thread::get_id();
+    std::atomic<std::uint64_t> done_ = 0;
+    std::atomic<bool> ended_ = false;
+};
+
+// What is counted below: Overall below 1; webs below their target and 1; barrier below its target and 1.
+constexpr std::size_t kCounts = 5;
+using Counts = std::array<std::uint64_t, kCounts>;
+
+struct Tally {
+    Counts below{};
+    std::uint64_t refused = 0;
+    std::vector<std::string> refusals;  // each text once
+
+    void Refuse(const std::string& text) {
+        ++refused;
+        AddText(text);
+    }
+    void AddText(const std::string& text) {
+        if (refusals.size() < kMostRefusalTexts &&
+            std::find(refusals.begin(), refusals.end(), text) == refusals.end())
+            refusals.push_back(text);
+    }
+    void Add(const Tally& other) {
+        for (std::size_t i = 0; i < kCounts; ++i) below[i] += other.below[i];
+        refused += other.refused;
+        for (const std::string& text : other.refusals) AddText(text);
+    }
+};
 
 class RiskRun {
   public:
     RiskRun(const RiskRequest& request, StudyObserver& observer)
         : request_(request),
-          project_(request.panel),
-          observer_(observer),
-          order_(OrderedFields(request)),
-          triangle_(Triangle(request, order_)) {}
+          draw_(request),
+          watch_(observer, request.samples, WorkOf(request)),
+          check_([this] { watch_.Reach(0); }),
+          tallies_(draw_.Plan().count) {}
 
-    std::optional<RiskResult> Run() {
-        if (!observer_.Progress(0, request_.samples)) return std::nullopt;
-        Prepare();
-        DrawAll();
-        KeepSound();
-        Summarise();
-        if (!observer_.Progress(request_.samples, request_.samples)) return std::nullopt;
+    RiskResult Run() {
+        watch_.Reach(0);
+        if (KeepsDrawn())
+            for (std::size_t field = 0; field < Fields(); ++field)
+                result_.drawn.emplace_back(request_.samples);
+        for (auto& factor : result_.factors) factor = BigArray<double>(request_.samples);
+        for (const DrawBatch& batch : draw_.Batches()) DrawAll(batch);
+        draw_.ForgetStrata();
+        CountAll();
+        RankFactors();
+        RankFields();
+        if (!request_.keep_samples) result_.drawn.clear();
+        watch_.Finish();
         return std::move(result_);
     }
 
   private:
-    std::size_t Fields() const { return request_.fields.size(); }
-    bool IsRandom(PanelField field) const { return IndexOf(request_.fields, field) < Fields(); }
-
-    void Prepare() {
-        for (std::size_t field = 0; field < Fields(); ++field)
-            result_.drawn.emplace_back(request_.keep_drawn || !HasStrata(field) ? request_.samples : 0);
-        for (auto& factor : result_.factors) factor = BigArray<double>(request_.samples);
-        if (IsRandom(PanelField::SFWeb)) target_web_ = BigArray<float>(request_.samples);
-        if (IsRandom(PanelField::SFBarrier)) target_barrier_ = BigArray<float>(request_.samples);
-        if (!request_.latin) return;
-        orders_.resize(Fields());
-        std::vector<SortingTask> tasks;
-        for (std::size_t field = 0; field < Fields(); ++field)
-            tasks.emplace_back([this, field](SortedSample&) {
-                orders_[field] =
-                    RandomOrder(request_.seed, OrderStream(request_.fields[field].field), request_.samples);
-            });
-        // Memory takes the system's time with its first use: here, where a thread may have nothing else to do.
-        for (auto& factor : result_.factors)
-            tasks.emplace_back([&factor](SortedSample&) { std::fill(factor.begin(), factor.end(), 0.0); });
-        RunTasks(tasks, request_.threads);
+    // Drawing a sample, and ordering the samples of a factor or a field, take about the same time.
+    static constexpr std::uint64_t kDrawing = 2;
+    static std::uint64_t WorkOf(const RiskRequest& request) {
+        return std::uint64_t{request.samples} * (kDrawing + kFactors + request.fields.size());
     }
 
-    void DrawAll() {
-        const std::uint32_t pieces = (request_.samples + kPiece - 1) / kPiece;
-        refusals_.resize(pieces);
-        TaskRun::Do(pieces, request_.threads, [&] {
-            return [this, panel = PanelEvaluator(project_, false),
-                    draw = Draw(Fields())](std::size_t piece) mutable {
-                DrawPiece(panel, draw, static_cast<std::uint32_t>(piece));
+    std::size_t Fields() const { return request_.fields.size(); }
+
+    // Of so many samples the fields are drawn once more to be ordered, one at a time, for the sake of memory.
+    bool AreMany() const { return request_.samples > 1 << 22; }
+    bool KeepsDrawn() const { return request_.keep_samples || !AreMany(); }
+
+    void DrawAll(const DrawBatch& batch) {
+        draw_.Prepare(batch, draw_.Order(), check_);
+        const std::vector<DrawPiece> pieces = draw_.PiecesOf(batch);
+        std::vector<Tally> tallies(pieces.size());
+        TaskRun::Do(pieces.size(), request_.threads, [&] {
+            return [&, panel = PanelEvaluator(request_.panel, false),
+                    lists = RiskDraw::Lists(Fields())](std::size_t piece) mutable {
+                DrawOne(panel, lists, pieces[piece], tallies[piece]);
+                watch_.Reach(kDrawing * pieces[piece].count);
             };
         });
+        for (std::size_t piece = 0; piece < pieces.size(); ++piece)
+            tallies_[pieces[piece].cube].Add(tallies[piece]);
     }
 
-    // A piece, one list a field: each is filled by a loop of its own, which the processor runs ahead in.
-    struct Draw {
-        using Lists = std::vector<std::vector<double>>;
-        explicit Draw(std::size_t fields)
-            : shares(fields, std::vector<double>(kPiece)), normals(shares), figures(shares) {}
-        Lists shares;
-        Lists normals;  // standard normal figures, of the fields that are drawn from them
-        Lists figures;
-    };
-
-    void DrawPiece(PanelEvaluator& panel, Draw& draw, std::uint32_t piece) {
-        const std::uint32_t first = piece * kPiece;
-        const std::uint32_t count = std::min(request_.samples - first, kPiece);
-        for (std::size_t place = 0; place < Fields(); ++place) {
-            FillShares(order_[place], first, std::span(draw.shares[order_[place]]).first(count));
-            FillFigures(draw, place, count);
-        }
-        for (std::uint32_t i = 0; i < count; ++i) {
-            const std::uint32_t sample = first + i;
-            if (SetFields(panel, draw, i, sample, refusals_[piece]))
-                KeepFigures(panel, sample, refusals_[piece]);
+    void DrawOne(PanelEvaluator& panel, RiskDraw::Lists& lists, const DrawPiece& piece, Tally& tally) {
+        draw_.Begin(lists, piece);
+        for (const std::size_t field : draw_.Order()) draw_.Figures(lists, field, piece);
+        for (std::uint32_t i = 0; i < piece.count; ++i) {
+            const std::uint32_t sample = piece.first + i;
+            if (SetFields(panel, lists, i, sample, tally))
+                KeepFigures(panel, sample, tally);
             else
                 for (auto& factor : result_.factors) factor[sample] = kNone;
         }
     }
 
     // Sets a sample's figures; false, with a word why, where a field cannot hold its figure.
-    bool SetFields(PanelEvaluator& panel, const Draw& draw, std::uint32_t i, std::uint32_t sample,
-                   std::vector<std::string>& refusals) {
+    bool SetFields(PanelEvaluator& panel, const RiskDraw::Lists& lists, std::uint32_t i, std::uint32_t sample,
+                   Tally& tally) {
         const char* too_large = nullptr;
-        for (const std::size_t field : order_) {
+        for (const std::size_t field : draw_.Order()) {
             const PanelField name = request_.fields[field].field;
-            double figure = draw.figures[field][i];
+            double figure = lists.figures[field][i];
             try {
                 panel.Set(name, figure);
                 figure = ValueOfField(panel.Inputs(), name);
             } catch (const RunTimeError&) {
                 if (too_large == nullptr) too_large = NameOfField(name);
             }
-            if (!result_.drawn[field].empty()) result_.drawn[field][sample] = figure;
+            if (KeepsDrawn()) result_.drawn[field][sample] = figure;
         }
         if (too_large == nullptr) return true;
-        refusals.push_back(std::string(too_large) + ": a drawn figure cannot be stored in this field");
+        tally.Refuse(std::string(too_large) + ": a drawn figure cannot be stored in this field");
         return false;
     }
 
-    void KeepFigures(PanelEvaluator& panel, std::uint32_t sample, std::vector<std::string>& refusals) {
+    // Of a refused sample no figure is below anything.
+    void KeepFigures(PanelEvaluator& panel, std::uint32_t sample, Tally& tally) {
         const PanelFigures& figures = panel.Evaluate();
         result_.factors[0][sample] = figures.Overall;
         result_.factors[1][sample] = figures.WebsOnly;
         result_.factors[2][sample] = figures.BarrierPillar;
-        if (!target_web_.empty()) target_web_[sample] = panel.Inputs().SFWeb;
-        if (!target_barrier_.empty()) target_barrier_[sample] = panel.Inputs().SFBarrier;
-        if (figures.refused) refusals.push_back(figures.message);
+        tally.below[0] += figures.Overall < 1.0 ? 1 : 0;
+        tally.below[1] += figures.WebsOnly < panel.Inputs().SFWeb ? 1 : 0;
+        tally.below[2] += figures.WebsOnly < 1.0 ? 1 : 0;
+        tally.below[3] += figures.BarrierPillar < panel.Inputs().SFBarrier ? 1 : 0;
+        tally.below[4] += figures.BarrierPillar < 1.0 ? 1 : 0;
+        if (figures.refused) tally.Refuse(figures.message);
     }
 
-    // The shares from sample `first` on; within its stratum each has a place of its own.
-    void FillShares(std::size_t field, std::uint32_t first, std::span<double> shares) const {
-        FillWithUnits(request_.seed, PlaceStream(request_.fields[field].field), first, shares);
-        if (!request_.latin) return;
-        const std::uint32_t* stratum = &orders_[field][first];
-        for (double& share : shares) share = std::min((*stratum++ + share) / request_.samples, kBelowOne);
+    void CountAll() {
+        Tally all;
+        for (const Tally& tally : tallies_) all.Add(tally);
+        result_.refused = all.refused;
+        result_.refusals = all.refusals;
+        const Panel& project = request_.panel;
+        result_.risk[0].below = {Below(0, 1.0, std::nullopt)};
+        result_.risk[1].below = {Below(1, project.SFWeb, PanelField::SFWeb), Below(2, 1.0, std::nullopt)};
+        result_.risk[2].below = {Below(3, project.SFBarrier, PanelField::SFBarrier),
+                                 Below(4, 1.0, std::nullopt)};
     }
 
-    // Of the field at a place of the order.
-    void FillFigures(Draw& draw, std::size_t place, std::uint32_t count) const {
-        const std::size_t field = order_[place];
-        const Distribution& distribution = *request_.fields[field].distribution;
-        const auto shares = std::span(draw.shares[field]).first(count);
-        const auto normals = std::span(draw.normals[field]).first(count);
-        const auto figures = std::span(draw.figures[field]).first(count);
-        if (!distribution.IsFromNormal()) return distribution.FillQuantiles(shares, figures);
-        FillWithNormalQuantiles(shares, normals);
-        if (request_.correlations.empty()) return distribution.FillFromNormal(normals, figures);
-        for (std::uint32_t i = 0; i < count; ++i) figures[i] = Mixed(draw, place, i);
-        distribution.FillFromNormal(figures, figures);
-    }
-
-    // The normal figure of a field with its correlations to those before it.
-    double Mixed(const Draw& draw, std::size_t place, std::uint32_t i) const {
-        double sum = 0;
-        for (std::size_t k = 0; k <= place; ++k)
-            if (triangle_[place][k] != 0.0) sum += triangle_[place][k] * draw.normals[order_[k]][i];
-        return sum;
-    }
-
-    // The samples that were not refused, in their order.
-    void KeepSound() {
-        for (const auto& texts : refusals_) {
-            result_.refused += texts.size();
-            for (const std::string& text : texts)
-                if (result_.refusals.size() < kMostRefusalTexts &&
-                    std::find(result_.refusals.begin(), result_.refusals.end(), text) ==
-                        result_.refusals.end())
-                    result_.refusals.push_back(text);
+    // One of the counts; each sample is held against its own target where `field` is drawn.
+    BelowTarget Below(std::size_t count, double target, std::optional<PanelField> field) const {
+        std::vector<HitCount> sound;
+        std::vector<HitCount> all;
+        for (std::uint32_t cube = 0; cube < draw_.Plan().count; ++cube) {
+            const Tally& tally = tallies_[cube];
+            const std::uint64_t samples = draw_.Plan().Size(cube);
+            sound.push_back({tally.below[count], samples - tally.refused});
+            all.push_back({tally.below[count] + tally.refused, samples});
         }
-        if (result_.refused == 0) return;
-        for (std::uint32_t sample = 0; sample < request_.samples; ++sample)
-            if (!std::isnan(result_.factors[0][sample])) sound_.push_back(sample);
+        const auto share = [this](const std::vector<HitCount>& cubes) {
+            return request_.latin ? ShareOfReplicates(cubes) : ShareOf(cubes[0].hits, cubes[0].count);
+        };
+        return {target, share(sound), share(all), field && IndexOf(request_.fields, *field) < Fields()};
     }
 
-    // The values of the samples that were not refused; `kept` holds them where some were.
-    std::span<const double> SoundOf(std::span<const double> values, BigArray<double>& kept) const {
-        if (result_.refused == 0) return values;
-        kept = BigArray<double>(sound_.size());
-        for (std::size_t i = 0; i < sound_.size(); ++i) kept[i] = values[sound_[i]];
-        return kept;
+    // The values themselves, unless they are to be kept.
+    BigArray<double> Taken(BigArray<double>& values) const {
+        if (!request_.keep_samples) return std::move(values);
+        BigArray<double> copy(values.size());
+        std::copy(values.begin(), values.end(), copy.begin());
+        return copy;
     }
 
-    // True where the strata of the draw rank the values by themselves.
-    bool HasStrata(std::size_t field) const {
-        const RandomField& random = request_.fields[field];
-        return request_.latin && request_.correlations.empty() && random.field != PanelField::NumberHoles &&
-               random.distribution->StandardDeviation() > 0.0;
+    void RankFactors() {
+        std::mutex one_at_a_time;
+        TaskRun::Do(kFactors, request_.threads, [&] {
+            return [&](std::size_t factor) {
+                FactorRisk& risk = result_.risk[factor];
+                BigArray<double>& values = result_.factors[factor];
+                risk.moments = MomentsOf(values);
+                const auto quantiles = QuantilesOf(values, kRiskShares, check_);
+                std::copy(quantiles.begin(), quantiles.end(), risk.quantiles.begin());
+                const RankOrder order(Taken(values), check_);
+                // Ranks and order stand side by side here: those of one factor are enough for the memory.
+                const std::scoped_lock lock(one_at_a_time);
+                factor_ranks_[factor] = RanksOf(order, request_.samples, check_);
+                watch_.Reach(request_.samples);
+            };
+        });
     }
 
-    // Ranks of the sound samples, and how far they deviate from their mean.
-    struct Ranks {
-        BigArray<std::uint32_t> strata;   // those of a field with strata, from 0
-        BigArray<std::uint64_t> doubled;  // all others, from 2
-        Deviations deviations;
-    };
-
-    void RankField(std::size_t field, SortedSample& sorted) {
-        Ranks& ranks = field_ranks_[field];
-        if (HasStrata(field)) {
-            ranks.strata = SoundStrata(std::move(orders_[field]));
-            ranks.deviations = DeviationsOf(ranks.strata);
+    void RankFields() {
+        for (auto& factor : result_.risk) factor.rank_correlation.resize(Fields());
+        if (AreMany()) {
+            for (const std::size_t field : draw_.Order()) RankField(field, DrawnAgain(field));
             return;
         }
-        BigArray<double> kept;
-        sorted.Sort(SoundOf(result_.drawn[field], kept));
-        ranks.doubled = sorted.DoubledRanks();
-        ranks.deviations = DeviationsOf(ranks.doubled);
+        TaskRun::Do(Fields(), request_.threads, [&] {
+            return [&](std::size_t field) {
+                BigArray<double> keys = Taken(result_.drawn[field]);
+                for (std::uint32_t sample = 0; sample < request_.samples; ++sample)
+                    if (IsRefused(sample)) keys[sample] = kNone;
+                RankField(field, std::move(keys));
+            };
+        });
     }
 
-    // The strata of the samples that were not refused, numbered without those of the others.
-    BigArray<std::uint32_t> SoundStrata(BigArray<std::uint32_t> strata) const {
-        if (result_.refused == 0) return strata;
-        std::vector<std::uint32_t> below(request_.samples);
-        for (const std::uint32_t sample : sound_) below[strata[sample]] = 1;
-        std::exclusive_scan(below.begin(), below.end(), below.begin(), 0U);
-        BigArray<std::uint32_t> numbers(sound_.size());
-        for (std::size_t i = 0; i < sound_.size(); ++i) numbers[i] = below[strata[sound_[i]]];
-        return numbers;
-    }
-
-    void RankFactor(std::size_t factor, SortedSample& sorted) {
-        FactorRisk& risk = result_.risk[factor];
-        BigArray<double> kept;
-        sorted.Sort(SoundOf(result_.factors[factor], kept));
-        for (std::size_t i = 0; i < kRiskShares.size(); ++i)
-            risk.quantiles[i] = sorted.Quantile(kRiskShares[i]);
-        Ranks& ranks = factor_ranks_[factor];
-        ranks.doubled = sorted.DoubledRanks();
-        ranks.deviations = DeviationsOf(ranks.doubled);
-    }
-
-    void CountFactor(std::size_t factor) {
-        FactorRisk& risk = result_.risk[factor];
-        BigArray<double> kept;
-        const auto values = SoundOf(result_.factors[factor], kept);
-        risk.moments = MomentsOf(values);
-        if (factor == 1) risk.below.push_back(Below(values, project_.SFWeb, target_web_));
-        if (factor == 2) risk.below.push_back(Below(values, project_.SFBarrier, target_barrier_));
-        risk.below.push_back(Below(values, 1.0, {}));
-    }
-
-    // Each sample is held against its own target, where targets are given; `target` is the project's.
-    BelowTarget Below(std::span<const double> values, double target, std::span<const float> targets) const {
-        std::uint64_t hits = 0;
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            const std::size_t sample = sound_.empty() ? i : sound_[i];
-            if (values[i] < (targets.empty() ? target : double{targets[sample]})) ++hits;
-        }
-        return {target, ShareOf(hits, values.size()), !targets.empty()};
-    }
-
-    static double RankCorrelation(const Ranks& field, const Ranks& factor) {
-        if (field.strata.empty())
-            return Correlation(field.doubled, factor.doubled, field.deviations, factor.deviations);
-        return Correlation(field.strata, factor.doubled, field.deviations, factor.deviations);
-    }
-
-    void Summarise() {
-        field_ranks_.resize(Fields());
-        std::vector<SortingTask> tasks;
-        // The long ones first, so that no thread waits for another's at the end.
+    void RankField(std::size_t field, BigArray<double> keys) {
+        const SampleRanks ranks = RanksOf(RankOrder(std::move(keys), check_), request_.samples, check_);
         for (std::size_t factor = 0; factor < kFactors; ++factor)
-            tasks.emplace_back([this, factor](SortedSample& sorted) { RankFactor(factor, sorted); });
-        for (std::size_t factor = 0; factor < kFactors; ++factor)
-            tasks.emplace_back([this, factor](SortedSample&) { CountFactor(factor); });
-        for (std::size_t field = 0; field < Fields(); ++field)
-            tasks.emplace_back([this, field](SortedSample& sorted) { RankField(field, sorted); });
-        RunTasks(tasks, request_.threads);
-        tasks.clear();
-        for (std::size_t factor = 0; factor < kFactors; ++factor) {
-            auto& list = result_.risk[factor].rank_correlation;
-            list.resize(Fields());
-            for (std::size_t field = 0; field < Fields(); ++field)
-                tasks.emplace_back([this, factor, field, &list](SortedSample&) {
-                    list[field] = RankCorrelation(field_ranks_[field], factor_ranks_[factor]);
-                });
-        }
-        RunTasks(tasks, request_.threads);
+            result_.risk[factor].rank_correlation[field] = RankCorrelation(ranks, factor_ranks_[factor]);
+        watch_.Reach(request_.samples);
     }
+
+    // Numbers in the order of the field's values; NaN where the sample was refused.
+    BigArray<double> DrawnAgain(std::size_t field) {
+        BigArray<double> keys(request_.samples);
+        for (const DrawBatch& batch : draw_.Batches()) {
+            draw_.Prepare(batch, std::span(&field, 1), check_);
+            const std::vector<DrawPiece> pieces = draw_.PiecesOf(batch);
+            TaskRun::Do(pieces.size(), request_.threads, [&] {
+                return [&, lists = RiskDraw::Lists(Fields())](std::size_t number) mutable {
+                    const DrawPiece& piece = pieces[number];
+                    draw_.Begin(lists, piece);
+                    const auto drawn = draw_.RankKeys(lists, field, piece);
+                    for (std::uint32_t i = 0; i < piece.count; ++i)
+                        keys[piece.first + i] = IsRefused(piece.first + i) ? kNone : drawn[i];
+                    check_();
+                };
+            });
+        }
+        draw_.ForgetStrata();
+        return keys;
+    }
+
+    // Once the factors are ranked.
+    bool IsRefused(std::uint32_t sample) const { return factor_ranks_[0].ranks[sample] == 0; }
 
     const RiskRequest& request_;
-    const Panel& project_;
-    StudyObserver& observer_;
-    std::vector<std::size_t> order_;
-    Matrix triangle_;
+    RiskDraw draw_;
+    Watch watch_;
+    CheckPoint check_;
     RiskResult result_;
-    std::vector<BigArray<std::uint32_t>> orders_;  // of the strata, one list a field
-    BigArray<float> target_web_;                   // of each sample, where it is random; else empty
-    BigArray<float> target_barrier_;
-    std::vector<std::vector<std::string>> refusals_;  // by pieces
-    std::vector<std::uint32_t> sound_;                // samples not refused; empty where none was
-    std::vector<Ranks> field_ranks_;
-    std::array<Ranks, kFactors> factor_ranks_;
+    std::vector<Tally> tallies_;  // by hypercubes
+    std::array<SampleRanks, kFactors> factor_ranks_;
 };
 
 }  // namespace
@@ -391,8 +320,10 @@ void RiskRequest::AddCorrelation(PanelField first, PanelField second, double val
         if (first == second) throw StudyRefusal("a field is not correlated with itself");
         for (const PanelField field : {first, second}) {
             const std::size_t index = IndexOf(fields, field);
-            if (index == fields.size() || !IsNormal(*fields[index].distribution))
-                throw StudyRefusal("both fields must be drawn from a normal distribution");
+            if (index == fields.size()) throw StudyRefusal("both fields must be drawn");
+            if (IsWholeField(field))
+                throw StudyRefusal(std::string(NameOfField(field)) +
+                                   " is drawn over whole numbers, which have no correlation");
         }
         for (const FieldCorrelation& other : correlations)
             if ((other.first == first && other.second == second) ||
@@ -403,7 +334,13 @@ void RiskRequest::AddCorrelation(PanelField first, PanelField second, double val
 }
 
 std::optional<RiskResult> RunRisk(const RiskRequest& request, StudyObserver& observer) {
-    return WithinMemory("take fewer samples", [&] { return RiskRun(request, observer).Run(); });
+    return WithinMemory("take fewer samples", [&]() -> std::optional<RiskResult> {
+        try {
+            return RiskRun(request, observer).Run();
+        } catch (const EndedEarly&) {
+            return std::nullopt;
+        }
+    });
 }
 
 RiskResult RunRisk(const RiskRequest& request) {

@@ -88,16 +88,21 @@ std::vector<SpreadTarget> TargetsOf(const StudyFigure& figure, const FactorRisk&
     return targets;
 }
 
+// A probability of which no sample shows anything is known by its bound alone.
 std::string InWords(const Share& share) {
+    if (share.value == 0.0) return "less than " + Short(share.high);
+    if (share.value == 1.0) return "more than " + Short(share.low);
     return Short(share.value) + " (" + Short(share.low) + " to " + Short(share.high) + ")";
 }
 
-void AddWords(SpreadPanel& panel, const StudyFigure& figure, const FactorRisk& risk) {
+void AddWords(SpreadPanel& panel, const StudyFigure& figure, const FactorRisk& risk, bool any_refused) {
     for (const BelowTarget& below : risk.below) {
         const bool own = figure.target && &below == &risk.below.front();
         std::string what = own ? "the target " + std::string(NameOfField(*figure.target)) + " " : "";
         what += below.own_target ? "of each sample" : RoundedText(below.target, kFigureDigits);
-        panel.words.push_back("Probability below " + what + ": " + InWords(below.share));
+        std::string words = "Probability below " + what + ": " + InWords(below.share);
+        if (any_refused) words += "; with the refused " + InWords(below.with_refused);
+        panel.words.push_back(words);
     }
 }
 
@@ -132,7 +137,7 @@ SpreadPicture SpreadOf(const RiskRequest& request, const RiskResult& result, con
         panel.x.title = figure.title;
         ChooseView(panel, result.risk[factor], samples, TargetsOf(figure, result.risk[factor]));
         CountSamples(panel, samples);
-        AddWords(panel, figure, result.risk[factor]);
+        AddWords(panel, figure, result.risk[factor], result.refused > 0);
         picture.panels.push_back(std::move(panel));
     }
     return picture;

@@ -37,7 +37,7 @@ std::string InWords(const RandomField& field, Units units);
 // "100000 samples (Latin hypercube), seed 1, 0 refused".
 std::string SamplingInWords(const RiskRequest& request, const RiskResult& result);
 
-// The picture of a study that has been run. Raises NothingToShow where every sample was refused.
+// The picture of a study that has been run with its samples kept. Raises NothingToShow where every sample was refused.
 SpreadPicture SpreadOf(const RiskRequest& request, const RiskResult& result, const std::string& title);
 
 }  // namespace tarvokol

@@ -182,10 +182,14 @@ TEST_F(Help, TellsOfRisks) {
                 "--random FIELD=DISTRIBUTION REQUIRED FIELD=normal:MEAN:SD, lognormal:MEAN:SD, uniform:LO:HI "
                 "or triangular:LO:MODE:HI; a figure that ends in % is a share of the project's own; once per "
                 "field ",
-                "--correlate A,B=R FIELD,FIELD=R: correlation of a pair of normal fields ",
+                "--correlate A,B=R FIELD,FIELD=R: a pair of fields moves together; R, between -1 and 1, is "
+                "the "
+                "correlation of their normal scores: of normal fields their own, of lognormal ones that of "
+                "the "
+                "logarithms ",
                 "--samples N Number of samples (default 100000) ",
                 "--seed S Seed of the random numbers (default 1) ",
-                "--plain Independent draws instead of a Latin hypercube ",
+                "--plain Independent draws instead of Latin hypercubes ",
                 "--samples-out FILE.csv Write all samples as CSV; `-`: standard output "});
     EXPECT_THAT(
         Run({"risk", "--help"}).out,

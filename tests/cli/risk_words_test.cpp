@@ -8,8 +8,8 @@
 namespace tarvokol {
 namespace {
 
+using testing::ContainsRegex;
 using testing::ElementsAre;
-using testing::EndsWith;
 using testing::HasSubstr;
 
 class RiskWords : public CliTest {
@@ -31,38 +31,42 @@ class RiskWords : public CliTest {
     }
 };
 
-// A strength that does not vary gives the factors of the project. Of two samples none is below a target: Wilson's interval
-// ends at z^2 / (2 + z^2) = 3.841459 / 5.841459.
+// A strength that does not vary gives the factors of the project. Of two samples none is below a target: the exact interval
+// ends at 1 - sqrt(0.025).
 TEST_F(RiskWords, OfAFigureThatDoesNotVary) {
     const CliAnswer answer = Risk({"--random", "CoalStrength=normal:900:0", "--samples", "2"});
     EXPECT_EQ(answer.status, 0);
     EXPECT_EQ(answer.err, "");
-    EXPECT_EQ(answer.out,
-              "Ridge Panel 4\n"
-              "\n"
-              "CoalStrength        normal:900:0\n"
-              "2 samples (Latin hypercube), seed 1, 0 refused\n"
-              "\n"
-              "Factor                                   Overall      WebsOnly BarrierPillar\n"
-              "Mean                                      5.9345          4.72        4.7134\n"
-              "Standard deviation                             0             0             0\n"
-              "1 % of samples below                      5.9345          4.72        4.7134\n"
-              "5 % of samples below                      5.9345          4.72        4.7134\n"
-              "10 % of samples below                     5.9345          4.72        4.7134\n"
-              "25 % of samples below                     5.9345          4.72        4.7134\n"
-              "50 % of samples below                     5.9345          4.72        4.7134\n"
-              "75 % of samples below                     5.9345          4.72        4.7134\n"
-              "90 % of samples below                     5.9345          4.72        4.7134\n"
-              "95 % of samples below                     5.9345          4.72        4.7134\n"
-              "99 % of samples below                     5.9345          4.72        4.7134\n"
-              "Target                                         -           1.6             2\n"
-              "Probability below the target                   -             0             0\n"
-              "  95 % interval, from                          -             0             0\n"
-              "  to                                           -       0.65762       0.65762\n"
-              "Probability below 1                            0             0             0\n"
-              "  95 % interval, from                          0             0             0\n"
-              "  to                                     0.65762       0.65762       0.65762\n"
-              "Rank correlation CoalStrength                  -             -             -\n");
+    EXPECT_EQ(
+        answer.out,
+        "Ridge Panel 4\n"
+        "\n"
+        "CoalStrength        normal:900:0\n"
+        "2 samples (Latin hypercube), seed 1, 0 refused\n"
+        "\n"
+        "Factor                                   Overall      WebsOnly BarrierPillar\n"
+        "Mean                                      5.9345          4.72        4.7134\n"
+        "Standard deviation                             0             0             0\n"
+        "1 % of samples below                      5.9345          4.72        4.7134\n"
+        "5 % of samples below                      5.9345          4.72        4.7134\n"
+        "10 % of samples below                     5.9345          4.72        4.7134\n"
+        "25 % of samples below                     5.9345          4.72        4.7134\n"
+        "50 % of samples below                     5.9345          4.72        4.7134\n"
+        "75 % of samples below                     5.9345          4.72        4.7134\n"
+        "90 % of samples below                     5.9345          4.72        4.7134\n"
+        "95 % of samples below                     5.9345          4.72        4.7134\n"
+        "99 % of samples below                     5.9345          4.72        4.7134\n"
+        "Target                                         -           1.6             2\n"
+        "Probability below the target                   -    below 0.84    below 0.84\n"
+        "  95 % interval, from                          -             0             0\n"
+        "  to                                           -       0.84189       0.84189\n"
+        "  interval                                     -         exact         exact\n"
+        "Probability below 1                   below 0.84    below 0.84    below 0.84\n"
+        "  95 % interval, from                          0             0             0\n"
+        "  to                                     0.84189       0.84189       0.84189\n"
+        "  interval                                 exact         exact         exact\n"
+        "Rank correlation CoalStrength                  -             -             -\n"
+        "exact: Clopper and Pearson's interval of the counts, where there are too few hits or misses\n");
 }
 
 // The webs' factor is 471.99928 / depth. Of 200 to 390 ft the lower half gives more than the target of 1.6, which is
@@ -76,12 +80,15 @@ TEST_F(RiskWords, OfADepthThatVaries) {
                     471.99928 / (390 - 1.9 * share), 1e-3)
             << share;
     EXPECT_NEAR(Line(text, "Mean")[1], 471.99928 * std::log(390.0 / 200) / 190, 1e-3);
-    // Wilson's interval of a half of 20,000: 0.5 -+ 1.959964 / sqrt(4 x 20,003.84).
-    EXPECT_THAT(text,
-                HasSubstr("\nProbability below the target                   -           0.5             1\n"
-                          "  95 % interval, from                          -       0.49307 "));
     EXPECT_THAT(
-        text, HasSubstr("\n  to                                           -       0.50693             1\n"));
+        text,
+        ContainsRegex("\nProbability below the target +- +0\\.(4999|5|500[0-4])[0-9]* above 0\\.99982\n"));
+    EXPECT_THAT(
+        text, HasSubstr("\n  interval                                     -    replicates         exact\n"));
+    EXPECT_THAT(text,
+                HasSubstr("\nreplicates: Student's interval of the scatter of 10 independent hypercubes\n"
+                          "exact: Clopper and Pearson's interval of the counts, where there are too few hits "
+                          "or misses\n"));
     EXPECT_THAT(
         text, HasSubstr("\nRank correlation DepthCover                   -1            -1            -1\n"));
 }
@@ -109,13 +116,22 @@ TEST_F(RiskWords, WhereEverySampleIsRefused) {
     EXPECT_THAT(
         answer.out,
         HasSubstr("\nMean                                           -             -             -\n"));
+    EXPECT_THAT(
+        answer.out,
+        HasSubstr("\nRank correlation Height                        -             -             -\n"));
+    // All fail where the refused are counted so: of 50 the exact interval begins at 0.025 ^ (1 / 50).
     EXPECT_THAT(answer.out,
-                EndsWith("\nRank correlation Height                        -             -             -\n"));
+                HasSubstr("\nBelow the target or refused                    - above 0.92888 above 0.92888\n"
+                          "  95 % interval, from                          -       0.92888       0.92888\n"));
     const CliAnswer object = Risk({"--random", "Height=uniform:-2:-1", "--samples", "50", "--json"});
     EXPECT_EQ(object.status, 1);
     EXPECT_EQ(object.Object()["ok"], false);
     EXPECT_EQ(object.Object()["refused_share"], 1);
-    EXPECT_TRUE(object.Object()["factors"]["WebsOnly"]["below"][0]["probability"].is_null());
+    const nlohmann::json all = object.Object();
+    const auto& below = all["factors"]["WebsOnly"]["below"][0];
+    EXPECT_TRUE(below["probability"].is_null());
+    EXPECT_TRUE(below["interval"].is_null());
+    EXPECT_EQ(below["with_refused"]["probability"], 1);
 }
 
 TEST_F(RiskWords, TheObjectHasItsKeysInOrder) {
@@ -144,7 +160,10 @@ TEST_F(RiskWords, TheObjectHasItsKeysInOrder) {
                 ElementsAre("mean", "standard_deviation", "quantiles", "below", "rank_correlation"));
     EXPECT_THAT(keys(webs["quantiles"]),
                 ElementsAre("0.01", "0.05", "0.1", "0.25", "0.5", "0.75", "0.9", "0.95", "0.99"));
-    EXPECT_THAT(keys(webs["below"][0]), ElementsAre("target", "probability", "low", "high", "own_target"));
+    EXPECT_THAT(keys(webs["below"][0]), ElementsAre("target", "probability", "low", "high", "interval",
+                                                    "coverage", "own_target", "with_refused"));
+    EXPECT_THAT(keys(webs["below"][0]["with_refused"]),
+                ElementsAre("probability", "low", "high", "interval"));
     EXPECT_EQ(webs["below"][0]["own_target"], true);
     EXPECT_EQ(webs["below"][1]["own_target"], false);
     EXPECT_EQ(object["factors"]["BarrierPillar"]["below"][0]["own_target"], false);

@@ -2,6 +2,7 @@
 """The validation report: docs/validation.md and the help topic that the manual holds, too. The words stand in
 report_template.md; here are the figures for its places."""
 
+import csv
 import math
 from pathlib import Path
 from types import SimpleNamespace
@@ -14,6 +15,7 @@ from report_examples import example_values
 from report_oddities import oddity_values
 
 TEMPLATE = Path(__file__).with_name("report_template.md")
+COVERAGE = Path(__file__).with_name("recorded_coverage.csv")
 SEE_ALSO = (("model.htm", "The model: formulas and units"), ("sizing.htm", "The sizing solver"),
             ("curves.htm", "Curves: what is varied and how"), ("things_to_know.htm", "Things to know"))
 
@@ -101,6 +103,16 @@ def _holes(found):
         sized_webs=_held(found["suggested web"]), sized_barriers=_held(found["suggested barrier"]))
 
 
+def _coverage():
+    with COVERAGE.open(encoding="utf-8", newline="") as text:
+        rows = list(csv.DictReader(text))
+    return SimpleNamespace(
+        seeds=count(1000), samples=count(2003), least=94, lowest=min(float(row["coverage"]) for row in rows),
+        table=table(("Draws", "Weights", "#Fields", "#Probability", "#Held, %", "#Width, samples", "#Asked for"), [
+            (row["draws"], row["weights"], row["fields"], row["probability"], row["coverage"], row["width"], row["asked"])
+            for row in rows]))
+
+
 def page(record, program):
     """The report in Markdown."""
     full = record["full"]
@@ -109,7 +121,7 @@ def page(record, program):
         sizes=_sizes(full["sizes"]), curves=_curves(full["curves"]), units=_units(full["unit systems"]),
         span=_span(full["span limit"]), fed=_fed(full["sizes fed back"]), monotony=_monotony(full["monotony"]),
         scaling=_scaling(full["scaling"]), holes=_holes(full["number of holes"]),
-        odd=oddity_values(full["oddities"], program), examples=example_values(program))
+        coverage=_coverage(), odd=oddity_values(full["oddities"], program), examples=example_values(program))
 
 
 def files(record, program):

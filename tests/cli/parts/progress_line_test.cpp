@@ -17,6 +17,7 @@ TEST(ProgressLines, ShowBarShareRateAndTheTimeLeft) {
 
 TEST(ProgressLines, ShowRowsAndRateWhereNoTotalIsKnown) {
     EXPECT_EQ(ProgressLine(10, std::nullopt, 4), "10 rows  2.5 rows/s");
+    EXPECT_EQ(ProgressLine(10, std::nullopt, 4, "samples"), "10 samples  2.5 samples/s");
     EXPECT_EQ(ProgressLine(10, 0, 4), "10 rows  2.5 rows/s");
     EXPECT_EQ(ProgressLine(1, 1, 2), "[########################] 100 %  0.5 rows/s  0 s left");
 }

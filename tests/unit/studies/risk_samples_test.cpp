@@ -2,11 +2,14 @@
 // Which numbers a risk study draws, and that its figures are those of the samples, calculated anew in plain words.
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <numeric>
+#include <optional>
 #include <vector>
 
 #include <gmock/gmock.h>
 
+#include "core/statistics/portable_math.h"
 #include "core/statistics/random_numbers.h"
 #include "core/statistics/study_refusal.h"
 #include "core/studies/risk_study.h"
@@ -21,7 +24,7 @@ using List = std::vector<double>;
 RiskRequest RequestOf(const std::vector<const char*>& fields, std::uint32_t samples) {
     RiskRequest request = WorkedRisk(fields, samples);
     request.threads = 2;
-    request.keep_drawn = true;
+    request.keep_samples = true;
     return request;
 }
 
@@ -131,22 +134,32 @@ TEST(RiskSamples, FiguresAreThoseOfWholeHolesAndCorrelatedFields) {
     ExpectTold(request);
 }
 
-// By their documented rule: field f, by its number among the fields (Height 0, DepthCover 1), draws its place within a
-// stratum from stream 2 f and the order of the strata from stream 2 f + 1.
+// By their documented rule: 5,003 samples are ten hypercubes, the one of number r from sample 5,003 r / 10 on. Field f, by its
+// number among the fields (Height 0, DepthCover 1), draws its place within a stratum from stream 2 f, the order of the strata
+// from stream 2 f + 1 behind the number of its first sample, and from stream 65536 + f for each hypercube the place d at which
+// its strata start and the place w of the sample in the stratum that is cut.
 TEST(RiskSamples, AHypercubeTakesOneSampleOfEachStratum) {
-    RiskRequest request = RequestOf({"DepthCover=uniform:200:400", "Height=uniform:5:9"}, 5000);
+    RiskRequest request = RequestOf({"DepthCover=uniform:200:400", "Height=uniform:5:9"}, 5003);
     request.seed = 77;
     const RiskResult result = RunRisk(request);
     const double low[] = {200, 5};
     const double width[] = {200, 4};
     const std::uint32_t number[] = {1, 0};
-    for (std::uint32_t field = 0; field < 2; ++field) {
-        const auto order = RandomOrder(77, 2 * number[field] + 1, 5000);
-        for (std::uint32_t i = 0; i < 5000; ++i) {
-            const double place = UnitFromBits(RandomBits(77, 2 * number[field], i));
-            ASSERT_EQ(result.drawn[field][i], low[field] + width[field] * ((order[i] + place) / 5000)) << i;
+    for (std::uint32_t field = 0; field < 2; ++field)
+        for (std::uint32_t cube = 0; cube < 10; ++cube) {
+            const std::uint32_t first = 5003 * cube / 10;
+            const std::uint32_t size = 5003 * (cube + 1) / 10 - first;
+            const auto order = RandomOrder(77, 2 * number[field] + 1, size, first);
+            const double d = UnitFromBits(RandomBits(77, 65536 + number[field], 2 * cube));
+            const double w = UnitFromBits(RandomBits(77, 65536 + number[field], 2 * cube + 1));
+            for (std::uint32_t i = 0; i < size; ++i) {
+                const double place = UnitFromBits(RandomBits(77, 2 * number[field], first + i));
+                double share = (order[i] + place + (w < d ? d - 1 : d)) / size;
+                if (w < d && order[i] == 0) share = w / size;
+                if (w >= d && order[i] == size - 1) share = (size - 1 + w) / size;
+                ASSERT_NEAR(result.drawn[field][first + i], low[field] + width[field] * share, 1e-12) << i;
+            }
         }
-    }
 }
 
 TEST(RiskSamples, IndependentDrawsAreThePlacesThemselves) {
@@ -161,10 +174,11 @@ TEST(RiskSamples, IndependentDrawsAreThePlacesThemselves) {
 
 // The lower triangle of the correlations 0.5 (1 and 2), -0.4 (1 and 3) and 0.3 (2 and 3) by hand: second row 0.5 and
 // sqrt(0.75), third row -0.4, (0.3 + 0.2) / sqrt(0.75) and the root of what is left of 1.
-TEST(RiskSamples, CorrelatedFieldsAreMixedOfIndependentOnes) {
+TEST(RiskSamples, CorrelatedDrawsAreMixedOfIndependentOnes) {
     const std::vector<const char*> fields{"Height=normal:10:1", "HoleWidth=normal:10:1",
                                           "WebThickness=normal:10:1"};
     RiskRequest request = RequestOf(fields, 300);
+    request.latin = false;
     const RiskResult plain = RunRisk(request);
     Correlate(request, "Height,HoleWidth=0.5");
     Correlate(request, "webthickness,height=-0.4");
@@ -186,8 +200,9 @@ TEST(RiskSamples, CorrelatedFieldsAreMixedOfIndependentOnes) {
 TEST(RiskSamples, ARandomTargetIsHeldAgainstItsOwnSample) {
     const RiskResult result =
         RunRisk(RequestOf({"SFWeb=uniform:4.2:5.2", "SFBarrier=uniform:4.2:5.2"}, 10000));
-    EXPECT_NEAR(result.risk[1].below[0].share.value, 5.2 - 4.7199928, 1.1e-4);
-    EXPECT_NEAR(result.risk[2].below[0].share.value, 5.2 - 4.7134064, 1.1e-4);
+    // Ten hypercubes scatter by about two samples.
+    EXPECT_NEAR(result.risk[1].below[0].share.value, 5.2 - 4.7199928, 7e-4);
+    EXPECT_NEAR(result.risk[2].below[0].share.value, 5.2 - 4.7134064, 7e-4);
     EXPECT_EQ(result.risk[1].below[0].target, double{1.6f});
     EXPECT_TRUE(result.risk[1].below[0].own_target);
     EXPECT_TRUE(result.risk[2].below[0].own_target);
@@ -202,8 +217,10 @@ TEST(RiskSamples, ARandomTargetOfARefusedSampleDoesNotCount) {
     double below = 0;
     for (std::size_t i = 0; i < 1000; ++i)
         if (result.factors[1][i] < static_cast<float>(result.drawn[0][i])) ++below;
-    EXPECT_EQ(result.refused, 500u);
-    EXPECT_EQ(result.risk[1].below[0].share.value, below / 500);
+    EXPECT_NEAR(static_cast<double>(result.refused), 500, 6);
+    EXPECT_EQ(result.risk[1].below[0].share.value, below / static_cast<double>(1000 - result.refused));
+    EXPECT_EQ(result.risk[1].below[0].with_refused.value,
+              (below + static_cast<double>(result.refused)) / 1000);
 }
 
 TEST(RiskSamples, AnyNumberOfThreadsGivesTheSameBits) {
@@ -255,13 +272,98 @@ TEST(RiskSamples, ADrawnFigureThatItsFieldCannotHoldRefusesTheSample) {
     EXPECT_THAT(factors.refusals, ElementsAre("SFWeb: a drawn figure cannot be stored in this field"));
 }
 
-// 2,000 strata of 5 numbers: 400 of each, 2 and 6 as the others.
+// 2,000 samples of 5 numbers: 400 of each, but for where ten hypercubes cut the strata.
 TEST(RiskSamples, HolesAreDrawnWithEqualWeights) {
     const RiskResult result = RunRisk(RequestOf({"NumberHoles=uniform:2:6"}, 2000));
     for (const double holes : {2, 3, 4, 5, 6})
-        EXPECT_EQ(std::count(result.drawn[0].begin(), result.drawn[0].end(), holes), 400) << holes;
+        EXPECT_NEAR(static_cast<double>(std::count(result.drawn[0].begin(), result.drawn[0].end(), holes)),
+                    400, 8)
+            << holes;
     RiskRequest request;
     EXPECT_THROW(request.AddField(PanelField::NumberHoles, "uniform:2.1:2.9"), StudyRefusal);
+}
+
+// The scores of two fields by their own samples: normal quantiles of their ranks.
+double ScoreCorrelation(const RiskResult& result, std::size_t a, std::size_t b) {
+    const auto scores_of = [&](std::size_t field) {
+        const BigArray<double>& values = result.drawn[field];
+        std::vector<std::uint32_t> order(values.size());
+        std::iota(order.begin(), order.end(), 0U);
+        std::sort(order.begin(), order.end(), [&](auto x, auto y) { return values[x] < values[y]; });
+        List scores(values.size());
+        for (std::size_t rank = 0; rank < order.size(); ++rank)
+            scores[order[rank]] =
+                NormalQuantile((static_cast<double>(rank) + 0.5) / static_cast<double>(order.size()));
+        return scores;
+    };
+    const List x = scores_of(a), y = scores_of(b);
+    return std::inner_product(x.begin(), x.end(), y.begin(), 0.0) /
+           std::inner_product(x.begin(), x.end(), x.begin(), 0.0);
+}
+
+// A Gaussian copula of any continuous distributions, and each field keeps its strata: of 2,000 ordered samples the i-th has the
+// share i / 2000 but for the scatter of ten hypercubes of 200.
+TEST(RiskSamples, AnyContinuousFieldsAreCorrelatedAndKeepTheirStrata) {
+    RiskRequest request = RequestOf({"CoalStrength=lognormal:900:135", "Height=triangular:5:6:9",
+                                     "UnitWeight=uniform:150:170", "HoleWidth=normal:10:1"},
+                                    2000);
+    Correlate(request, "CoalStrength,Height=0.7");
+    Correlate(request, "UnitWeight,Height=-0.5");
+    for (const bool latin : {true, false}) {
+        request.latin = latin;
+        const RiskResult result = RunRisk(request);
+        const double scatter = latin ? 0.01 : 0.06;
+        EXPECT_NEAR(ScoreCorrelation(result, 0, 1), 0.7, scatter);
+        EXPECT_NEAR(ScoreCorrelation(result, 1, 2), -0.5, scatter);
+        EXPECT_NEAR(ScoreCorrelation(result, 0, 2), 0, scatter);
+        EXPECT_NEAR(ScoreCorrelation(result, 3, 0), 0, 0.07);
+        if (!latin) continue;
+        List weights(result.drawn[2].begin(), result.drawn[2].end());
+        std::sort(weights.begin(), weights.end());
+        for (std::size_t i = 0; i < weights.size(); ++i)
+            ASSERT_NEAR((weights[i] - 150) / 20, static_cast<double>(i) / 2000, 11.0 / 2000) << i;
+    }
+}
+
+// Above 4 million samples the fields are drawn again to be ranked; below they are kept. Both give the same correlations.
+TEST(RiskSamples, FieldsThatAreDrawnAgainAreTheSame) {
+    RiskRequest request = WorkedRisk({"Height=uniform:5:9", "NumberHoles=uniform:2:20"}, (1 << 22) + 1);
+    request.threads = 2;
+    const RiskResult many = RunRisk(request);
+    request.samples = 1 << 20;
+    const RiskResult fewer = RunRisk(request);
+    for (std::size_t factor = 0; factor < kFactors; ++factor)
+        for (std::size_t field = 0; field < 2; ++field)
+            EXPECT_NEAR(many.risk[factor].rank_correlation[field], fewer.risk[factor].rank_correlation[field],
+                        3e-3);
+}
+
+TEST(RiskSamples, TellOfTheirProgressAndEndWhenTheyAreAsked) {
+    class Watcher : public StudyObserver {
+      public:
+        bool Progress(std::uint64_t done, std::optional<std::uint64_t> total) override {
+            EXPECT_EQ(total, 20000u);
+            EXPECT_GE(done, last);
+            last = done;
+            return ++times != most;
+        }
+        std::uint64_t last = 0;
+        int times = 0;
+        int most = 0;
+    };
+    RiskRequest request = WorkedRisk({"Height=uniform:5:9", "DepthCover=uniform:100:400"}, 20000);
+    Watcher watcher;
+    ASSERT_TRUE(RunRisk(request, watcher));
+    EXPECT_EQ(watcher.last, 20000u);
+    EXPECT_GT(watcher.times, 20);
+    for (int most = 1; most <= watcher.times; ++most) {
+        Watcher ender;
+        ender.most = most;
+        request.threads = 1 + static_cast<unsigned>(most % 2);
+        // With a second thread the first may be asked less often.
+        const bool ended = !RunRisk(request, ender);
+        EXPECT_EQ(ended, ender.times == most);
+    }
 }
 
 TEST(RiskSamples, RefusalsAreToldOnceEachInTheirOrder) {
@@ -296,10 +398,9 @@ TEST(RiskRequests, RefuseInTheirWords) {
         EXPECT_EQ(correlated(bound),
                   "Height,HoleWidth: the correlation must lie between -1 and 1, both left out");
     EXPECT_EQ(correlated("Height,height=0.5"), "Height,Height: a field is not correlated with itself");
-    EXPECT_EQ(correlated("Height,DepthCover=0.5"),
-              "Height,DepthCover: both fields must be drawn from a normal distribution");
-    EXPECT_EQ(refusal({"Height=uniform:1:2", "HoleWidth=normal:10:1"}, "Height,HoleWidth=0.5"),
-              "Height,HoleWidth: both fields must be drawn from a normal distribution");
+    EXPECT_EQ(correlated("Height,DepthCover=0.5"), "Height,DepthCover: both fields must be drawn");
+    EXPECT_EQ(refusal({"NumberHoles=uniform:2:9", "HoleWidth=normal:10:1"}, "HoleWidth,NumberHoles=0.5"),
+              "HoleWidth,NumberHoles: NumberHoles is drawn over whole numbers, which have no correlation");
     for (const char* same : {"Height,HoleWidth=0.5", "HoleWidth,Height=0.5"})
         EXPECT_EQ(correlated(same), "HoleWidth,Height: the pair is given twice");
     RiskRequest request =

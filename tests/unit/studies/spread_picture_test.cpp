@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "core/statistics/rank_order.h"
 #include "tests/support/study_requests.h"
 
 namespace tarvokol {
@@ -25,13 +26,12 @@ RiskResult ResultOf(const std::vector<double>& values, double target = 1.6) {
     for (const double value : values)
         if (!std::isnan(value)) sound.push_back(value);
     result.refused = values.size() - sound.size();
-    const SortedSample sorted(sound);
+    const std::vector<double> quantiles = QuantilesOf(values, kRiskShares);
     for (std::size_t factor = 0; factor < kFactors; ++factor) {
         result.factors[factor] = BigArray<double>(values.size());
         std::copy(values.begin(), values.end(), result.factors[factor].begin());
         FactorRisk& risk = result.risk[factor];
-        for (std::size_t i = 0; i < kRiskShares.size(); ++i)
-            risk.quantiles[i] = sorted.Quantile(kRiskShares[i]);
+        std::copy(quantiles.begin(), quantiles.end(), risk.quantiles.begin());
         if (factor > 0) risk.below.push_back({target, {0.25, 0.2, 0.3}});
         risk.below.push_back({1.0, {0.1, 0.05, 0.15}});
     }
@@ -146,8 +146,17 @@ TEST(SpreadPicture, ProbabilitiesAreToldInWords) {
                 Contains(StartsWith("Probability below the target SFBarrier 1.6: ")));
 }
 
+TEST(SpreadPicture, WhereNoSampleLiesBelowTheBoundIsTold) {
+    RiskRequest request = WorkedRisk({"DepthCover=uniform:100:101"}, 1000);
+    request.keep_samples = true;
+    // 1 - 0.025 ^ (1 / 1000).
+    EXPECT_THAT(SpreadOf(request, RunRisk(request), "").panels[0].words,
+                ElementsAre("Probability below 1: less than 0.0036821"));
+}
+
 TEST(SpreadPicture, ATargetThatEachSampleDrawsHasNoLine) {
-    const RiskRequest request = WorkedRisk({"SFWeb=uniform:1:7"}, 400);
+    RiskRequest request = WorkedRisk({"SFWeb=uniform:1:7"}, 400);
+    request.keep_samples = true;
     const RiskResult result = RunRisk(request);
     const SpreadPanel panel = SpreadOf(request, result, "").panels[1];
     for (const SpreadTarget& target : panel.targets) EXPECT_NE(target.name, "target 1.6");
@@ -160,27 +169,33 @@ TEST(SpreadPicture, SaysHowItsSamplesWereDrawn) {
     RiskRequest request = WorkedRisk(
         {"DepthCover=uniform:-100:300", "CoalStrength=normal:900:135", "UnitWeight=normal:162:5"}, 400);
     request.seed = 7;
+    request.keep_samples = true;
     Correlate(request, "CoalStrength,UnitWeight=0.5");
-    EXPECT_THAT(
-        SpreadOf(request, RunRisk(request), "").words,
-        ElementsAre("Depth of cover uniform from -100 to 300 ft",
-                    "In situ coal strength normal, mean 900 psi, standard deviation 135 psi",
-                    "Overburden unit weight normal, mean 162 pcf, standard deviation 5 pcf",
-                    "In situ coal strength and Overburden unit weight correlated by 0.5",
-                    "400 samples (Latin hypercube), seed 7, 100 refused; probabilities with their 95 % "
-                    "interval"));
+    const RiskResult result = RunRisk(request);
+    EXPECT_NEAR(static_cast<double>(result.refused), 100, 6);
+    EXPECT_THAT(SpreadOf(request, result, "").words,
+                ElementsAre("Depth of cover uniform from -100 to 300 ft",
+                            "In situ coal strength normal, mean 900 psi, standard deviation 135 psi",
+                            "Overburden unit weight normal, mean 162 pcf, standard deviation 5 pcf",
+                            "In situ coal strength and Overburden unit weight correlated by 0.5",
+                            "400 samples (Latin hypercube), seed 7, " + std::to_string(result.refused) +
+                                " refused; probabilities with their 95 % interval"));
     request.latin = false;
     EXPECT_THAT(SpreadOf(request, RunRisk(request), "").words.back(),
                 StartsWith("400 samples (independent), seed 7, "));
 }
 
-// Depths from -100 to 300 ft in 400 strata: a quarter is not above 0.
+// Depths from -100 to 300 ft: about a quarter is not above 0.
 TEST(SpreadPicture, RefusedSamplesCountForNothing) {
-    const RiskRequest request = WorkedRisk({"DepthCover=uniform:-100:300"}, 400);
-    const SpreadPanel panel = SpreadOf(request, RunRisk(request), "").panels[1];
+    RiskRequest request = WorkedRisk({"DepthCover=uniform:-100:300"}, 400);
+    request.keep_samples = true;
+    const RiskResult result = RunRisk(request);
+    const SpreadPanel panel = SpreadOf(request, result, "").panels[1];
+    const auto sound = static_cast<double>(400 - result.refused);
+    EXPECT_THAT(panel.words, ::testing::Each(::testing::HasSubstr("; with the refused 0.")));
     EXPECT_NEAR(panel.below.back().y, 1, 0.02);
     EXPECT_NEAR(SumOf(panel.bars), 1, 0.02);
-    for (const double share : panel.bars) EXPECT_NEAR(share * 300, std::round(share * 300), 1e-9);
+    for (const double share : panel.bars) EXPECT_NEAR(share * sound, std::round(share * sound), 1e-9);
 }
 
 TEST(SpreadPicture, AFactorThatDoesNotVaryHasABar) {
