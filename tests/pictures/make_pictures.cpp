@@ -17,6 +17,8 @@
 #include <cstdio>
 #include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "core/graphics/TarvoGraf.h"
 #include "core/headless/headless_platform.h"
@@ -36,6 +38,7 @@
 #include "core/settings/option_settings.h"
 #include "desktop/base/form_registry.h"
 #include "desktop/main/frmMain.h"
+#include "desktop/main/frmUnsaved.h"
 #include "desktop/main/main_window_binding.h"
 #include "qt/help/help_window.h"
 #include "qt/help/qt_help_viewer.h"
@@ -129,6 +132,25 @@ void KeepGraph(const QString& name, int index, const QString& options) {
         });
 }
 
+// Two projects as a crash leaves them, with paths and times of nobody's machine.
+void KeepUnsaved() {
+    LeaveOutOnError("frmUnsaved", [] {
+        std::vector<LeftCopy> copies(2);
+        copies[0].project = std::string(kDocuments) + "/MyOLTEK/Ridge_Panel.TKL";
+        copies[0].kept = 1714565415;
+        copies[0].newer = "extraction height, typed and not yet OK";
+        copies[1].project = "Untitled";
+        copies[1].kept = 1714478400;
+        copies[1].newer = "never saved";
+        frmUnsaved& form = frmUnsaved::Instance();
+        form.List(std::move(copies));
+        form.ShowModeless();
+        Keep(form, "frmUnsaved");
+        form.Unload();
+        QApplication::processEvents();
+    });
+}
+
 void UseDarkPalette() {
     QPalette dark(QColor(45, 45, 48), QColor(45, 45, 48));
     dark.setColor(QPalette::Base, QColor(30, 30, 32));
@@ -178,6 +200,7 @@ void KeepForms() {
         KeepForm(name);
     }
     KeepFolderLists();
+    KeepUnsaved();
     ComputeStabilityCurves(1);
     KeepGraph("frmGraph", 1, "frmGraphOpt");
     ComputeSizingCurve(0);
