@@ -128,8 +128,11 @@ void LoadProjFileCommand() {
 bool FileMenuSave(const bool& ForceDialog) {
     bool saved = false;
     bool with_dialog = HasNoName() || ForceDialog;
+    const std::string shown = ProjectFileName;
     if (!with_dialog) {
+        ProjectFileName = PathFromOrigin(shown);
         const SaveChoice choice = AskAboutForeignChange(ProjectFileName);
+        if (choice != SaveChoice::Save) ProjectFileName = shown;
         if (choice == SaveChoice::Cancel) return false;
         with_dialog = choice == SaveChoice::SaveAs;
     }
@@ -139,6 +142,7 @@ bool FileMenuSave(const bool& ForceDialog) {
         if (!DialogCancelled) guard([&] { saved = FileSave(); });
     } else {
         guard([&] { saved = FileSave(); });
+        if (!saved) ProjectFileName = shown;
     }
     if (saved) DropRecoveryCopy();
     return saved;

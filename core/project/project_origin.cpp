@@ -3,15 +3,23 @@
 
 #include "core/files/file_system.h"
 #include "core/project/project_state.h"
+#include "core/runtime/text.h"
+#include "core/settings/program_settings.h"
 
 namespace tarvokol {
 
 void NoteOrigin(const std::string& path, const FileImage& image) {
-    state::Origin = {WholePath(path), image};
+    const std::string folder = std::filesystem::absolute(path).parent_path().string();
+    state::Origin = {WholePath(path), WithSeparator(folder), image};
 }
 
 void ForgetOrigin() {
     state::Origin = {};
+}
+
+std::string PathFromOrigin(const std::string& name) {
+    if (name.find_first_of("/\\") != std::string::npos) return name;
+    return (state::Origin.folder.empty() ? WithSeparator(DataPath) : state::Origin.folder) + name;
 }
 
 std::string OriginPath() {

@@ -15,7 +15,8 @@ namespace tarvokol {
 constexpr std::size_t kLargestProject = 2 * kLongestText;
 
 struct ProjectOriginValues {
-    std::string path;  // whole, behind all links; empty for a project that was never read or saved
+    std::string path;    // whole, behind all links; empty for a project that was never read or saved
+    std::string folder;  // in which the user found it, with a separator at its end
     FileImage image;
 };
 namespace state {
@@ -27,6 +28,10 @@ void NoteOrigin(const std::string& path, const FileImage& image);
 
 // The project comes from no file.
 void ForgetOrigin();
+
+// The whole path of a project that has lost its folder, as after a cancelled file dialog or a conversion: the name in the
+// folder that the project comes from, or in the data folder where it comes from none. A path stays as it is.
+std::string PathFromOrigin(const std::string& name);
 
 // The file that the project in memory comes from, to which its copies owe their rights; `ProjectFileName` where it comes
 // from none.

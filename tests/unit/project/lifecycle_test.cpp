@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "core/platform/message_box.h"
+#include "core/project/file_conversion.h"
 #include "core/project/file_names.h"
 #include "core/settings/configuration.h"
 #include "core/settings/options_record.h"
@@ -159,14 +160,53 @@ TEST_F(Lifecycle, CancelledOpenIsSilentAndLeavesTheBareName) {
     EXPECT_EQ(Window().History, "1. Cancel was selected\r\n");
 }
 
-TEST_F(Lifecycle, CancelledOpenThenSaveWritesIntoTheCurrentFolder) {
-    const auto before = std::filesystem::current_path();
-    std::filesystem::current_path(Folder);
-    ProjectFileName = "/old/panel.TKL";
+// The program's own folder is the current one: a project's bare name must never end up there.
+TEST_F(Lifecycle, CancelledOpenThenSaveWritesIntoTheProjectsFolder) {
+    std::filesystem::create_directories(PathTo("mine"));
+    std::filesystem::create_directories(PathTo("program"));
+    Host.Dialogs.FileAnswers = {WriteProject("mine/panel.TKL")};
     FileOpenCommand();
+    ProjectTitle = "another title";
+    FileOpenCommand();  // cancelled
+    EXPECT_EQ(ProjectFileName, "panel.TKL");
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(PathTo("program"));
     FileSaveCommand(false);
     std::filesystem::current_path(before);
-    EXPECT_TRUE(std::filesystem::exists(PathTo("panel.TKL")));
+    EXPECT_THAT(ReadBytes(PathTo("mine/panel.TKL")), HasSubstr("\r\nanother title\r\n"));
+    EXPECT_TRUE(std::filesystem::is_empty(PathTo("program")));
+    EXPECT_EQ(ProjectFileName, PathTo("mine/panel.TKL"));
+    EXPECT_THAT(Window().History, HasSubstr("Saving: " + PathTo("mine/panel.TKL") + "\r\n"));
+}
+
+TEST_F(Lifecycle, AConvertedProjectIsSavedBesideItsOriginal) {
+    std::filesystem::create_directories(PathTo("mine"));
+    Host.Dialogs.FileAnswers = {WriteProject("mine/panel.TKL")};
+    FileOpenCommand();
+    const std::string original = ReadBytes(PathTo("mine/panel.TKL"));
+    ConvertTargetUnits = 1;
+    ConvertProject();
+    EXPECT_EQ(ProjectFileName, "Metric_panel.TKL");
+    FileSaveCommand(false);
+    EXPECT_TRUE(std::filesystem::exists(PathTo("mine/Metric_panel.TKL")));
+    EXPECT_EQ(ReadBytes(PathTo("mine/panel.TKL")), original);
+}
+
+TEST_F(Lifecycle, ABareNameThatComesFromNoFileGoesToTheDataFolder) {
+    std::filesystem::create_directories(PathTo("data"));
+    DataPath = PathTo("data");
+    FileNew(true, true);
+    ProjectFileName = "panel.TKL";
+    FileSaveCommand(false);
+    EXPECT_TRUE(std::filesystem::exists(PathTo("data/panel.TKL")));
+}
+
+TEST_F(Lifecycle, ABareNameStaysWhereItCannotBeSaved) {
+    DataPath = PathTo("gone");
+    ProjectFileName = "panel.TKL";
+    FileSaveCommand(false);
+    EXPECT_EQ(ProjectFileName, "panel.TKL");
+    EXPECT_FALSE(std::filesystem::exists("panel.TKL"));
 }
 
 TEST_F(Lifecycle, OpenWithUnsavedWorkAsksByThePreviousName) {
