@@ -161,7 +161,7 @@ void QtPrinter::BeginFile() {
     Device().setOutputFileName(ToQt(file_->BuildPath()));
 }
 
-// What is whole and cannot be put in place may be tried again; what is not whole never becomes so.
+// What is whole and cannot be put in place may be tried again; what is not whole is printed anew.
 void QtPrinter::EndFile() {
     if (!file_is_whole_) Raise(error_number::DiskFull);
     file_->Commit();
@@ -197,9 +197,11 @@ void QtPrinter::Print(const std::string& text) {
     QPrinter& device = Target();
     const QFontMetricsF metrics(font_, &device);
     const int resolution = device.resolution();
-    painter_.setFont(font_);
-    painter_.drawText(QPointF(ToUnits(x_, resolution), ToUnits(y_, resolution) + metrics.ascent()),
-                      Printable(text));
+    const QPointF at(ToUnits(x_, resolution), ToUnits(y_, resolution) + metrics.ascent());
+    Do([this, font = font_, at, line = Printable(text)] {
+        painter_.setFont(font);
+        painter_.drawText(at, line);
+    });
     x_ = 0;
     y_ += ToTwips(metrics.lineSpacing(), resolution);
 }
@@ -211,6 +213,11 @@ double QtPrinter::TextWidth(const std::string& text) {
 
 void QtPrinter::EnsureJob() {
     if (painter_.isActive()) return;
+    steps_.clear();
+    BeginJob();
+}
+
+void QtPrinter::BeginJob() {
     QPrinter& device = Target();
     if (PrintsToFile(device)) BeginFile();
     if (painter_.begin(&device)) return;
@@ -220,12 +227,27 @@ void QtPrinter::EnsureJob() {
 
 void QtPrinter::NewPage() {
     EnsureJob();
-    if (!Target().newPage()) Raise(error_number::PrinterError);
+    Do([this] {
+        if (!Target().newPage()) Raise(error_number::PrinterError);
+    });
     x_ = y_ = 0;
+}
+
+void QtPrinter::Do(std::function<void()> step) {
+    step();
+    steps_.push_back(std::move(step));
+}
+
+// From its beginning: what a full disk has lost of a PDF does not come back when there is room again.
+void QtPrinter::RepeatJob() {
+    DropFile();
+    BeginJob();
+    for (const auto& step : steps_) step();
 }
 
 void QtPrinter::EndDoc() {
     x_ = y_ = 0;
+    if (!painter_.isActive() && file_ && !file_is_whole_) RepeatJob();
     if (painter_.isActive()) {
         const bool ended = painter_.end() && Target().printerState() != QPrinter::Error;
         file_is_whole_ = ended && file_ && PdfIsWhole(file_->BuildPath());

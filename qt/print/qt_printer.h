@@ -68,6 +68,9 @@ class QtPrinter : public PrinterDevice {
     QPrinter& Target() const;
     QFont& FontOfTarget();
     void EnsureJob();
+    void BeginJob();
+    void RepeatJob();
+    void Do(std::function<void()> step);
     void AbandonJob();
     void BeginFile();
     void EndFile();
@@ -77,13 +80,14 @@ class QtPrinter : public PrinterDevice {
     QPainter painter_;                          // after the device, which it must not outlive
     QFont font_;
     PrintedMatter matter_ = PrintedMatter::Anything;
-    std::string job_file_;                   // chosen in a dialog for the job announced
-    std::string run_file_;                   // for every job, by Printer Setup
-    bool file_is_named_ = false;             // by PrintToFile, for every job
-    std::unique_ptr<FileReplacement> file_;  // of the job that goes to a PDF file
-    QString file_name_;                      // the name that the device has between the jobs
-    bool file_is_whole_ = false;             // the toolkit has finished it and nothing got lost
-    double x_ = 0;                           // twips
+    std::string job_file_;                      // chosen in a dialog for the job announced
+    std::string run_file_;                      // for every job, by Printer Setup
+    bool file_is_named_ = false;                // by PrintToFile, for every job
+    std::unique_ptr<FileReplacement> file_;     // of the job that goes to a PDF file
+    QString file_name_;                         // the name that the device has between the jobs
+    std::vector<std::function<void()>> steps_;  // what the job has printed, for another try
+    bool file_is_whole_ = false;                // the toolkit has finished it and nothing got lost
+    double x_ = 0;                              // twips
     double y_ = 0;
 };
 

@@ -249,6 +249,23 @@ TEST_F(PaperPrinter, NoticesAFullDisk) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Folder), {}), 1);
 }
 
+// The user makes room and chooses Retry.
+TEST_F(PaperPrinter, ARetryOnADiskThatHasRoomAgainPrintsTheWholeJob) {
+    WriteBytes(File, "the finished report");
+    {
+        const FailingFiles fault({.folder = Folder.string(), .at = 1, .kind = FaultKind::Full});
+        EXPECT_EQ(RaisedError([this] { PrintJobOf("first line\r\nsecond line\r\n"); }), 61);
+        EXPECT_EQ(RaisedError([] { PrintCommand(print_command::EndJob, ""); }), 61);
+    }
+    EXPECT_EQ(RaisedError([] { PrintCommand(print_command::EndJob, ""); }), 0);
+    EXPECT_TRUE(PdfIsWhole(File));
+    const std::string retried = ReadBytes(File);
+    std::filesystem::remove(File);
+    PrintJobOf("first line\r\nsecond line\r\n");
+    EXPECT_NEAR(static_cast<double>(retried.size()), static_cast<double>(ReadBytes(File).size()), 32);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(Folder), {}), 1);
+}
+
 // Whatever fails, once or half-way: the old file stands, or a PDF that is whole.
 TEST_F(PaperPrinter, AFailureAtAnyPointLeavesAWholeFile) {
     long cases = 0;
