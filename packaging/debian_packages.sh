@@ -10,7 +10,7 @@ BUILD_PACKAGES="g++ cmake ninja-build ccache qt6-base-dev qt6-tools-dev qt6-tool
 # number of its interface: the reader of the compiled help, the drawings, the fonts of the report, the folders of the icons.
 RUN_PACKAGES="libqt6sql6-sqlite fonts-liberation hicolor-icon-theme"
 PACKAGE_PACKAGES="dpkg-dev file git"
-TEST_PACKAGES="libgtest-dev libgmock-dev libx11-dev libxcb1-dev xvfb xauth openbox xdotool xclip qt6-wayland weston
+TEST_PACKAGES="libgtest-dev libgmock-dev libx11-dev libxcb1-dev xvfb xauth openbox xdotool x11-utils xclip qt6-wayland weston
     poppler-utils imagemagick python3 python3-jsonschema python3-mpmath jq make clang lld fonts-dejavu-core locales
     $PACKAGE_PACKAGES shared-mime-info desktop-file-utils appstream lintian mandoc zsh fish"
 COVERAGE_PACKAGES="llvm libclang-rt-dev"

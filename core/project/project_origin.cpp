@@ -4,7 +4,7 @@
 #include "core/files/file_system.h"
 #include "core/project/project_state.h"
 #include "core/runtime/text.h"
-#include "core/settings/program_settings.h"
+#include "core/settings/main_settings.h"
 
 namespace tarvokol {
 

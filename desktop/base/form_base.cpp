@@ -12,6 +12,7 @@
 #include <QStyle>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTimer>
 #include <QWindow>
 #include <algorithm>
 #include <map>
@@ -36,6 +37,12 @@ std::map<QString, QSize> ChosenSizes;
 
 bool TakesInput(const QWidget* widget) {
     return widget != nullptr && widget->isVisible() && widget->isEnabled();
+}
+
+bool StandsAbove(const QWidget& form, const QWidget& below) {
+    const QWindow* window = form.windowHandle();
+    while (window != nullptr && window != below.windowHandle()) window = window->transientParent();
+    return window != nullptr && &form != &below;
 }
 
 // What a form may take of its screen: the window manager adds a title bar.
@@ -77,6 +84,7 @@ void FormBase::Load() {
     }
     ShowHeadsOfTexts(*this);
     WidenBoxes(*this);
+    TurnPagesByKeys(*this);
     FitToContents();
     TakeChosenSize();
     CenterForm(*this);
@@ -117,6 +125,7 @@ void FormBase::LetContentsScroll() {
 }
 
 void FormBase::TakeChosenSize() {
+    if (!KeepsSizeOfUser()) return;
     const auto chosen = ChosenSizes.find(objectName());
     if (chosen != ChosenSizes.end()) resize(chosen->second.boundedTo(RoomFor(*this)));
 }
@@ -193,10 +202,29 @@ bool FormBase::event(QEvent* event) {
 // A window manager may make a disabled form the active window; the form takes notice once it is enabled.
 void FormBase::Activate() {
     activate_missed_ = !isEnabled();
+    if (!unloaded_ && !settled_) QTimer::singleShot(0, this, [this] { SettleInFrame(); });
+    settled_ = true;
+    if (activate_missed_ && !unloaded_) QTimer::singleShot(0, this, [this] { BringFrontForward(); });
     if (unloaded_ || activate_missed_ || Foremost == this) return;
     LeaveForemost();
     Foremost = this;
     Form_Activate();
+}
+
+// Only a window that shows knows its frame.
+void FormBase::SettleInFrame() {
+    if (!unloaded_ && isVisible() && NoteFrame(*this) && !isMaximized() && !isFullScreen()) CenterForm(*this);
+}
+
+// A desktop may activate a form that waits for another one: the keyboard belongs to that one.
+void FormBase::BringFrontForward() {
+    if (unloaded_ || isEnabled() || !isActiveWindow()) return;
+    const auto front = std::find_if(Forms.rbegin(), Forms.rend(), [this](const FormBase* form) {
+        return TakesInput(form) && StandsAbove(*form, *this);
+    });
+    if (front == Forms.rend()) return;
+    (*front)->raise();
+    (*front)->activateWindow();
 }
 
 void FormBase::LeaveForemost() {

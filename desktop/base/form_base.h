@@ -54,6 +54,9 @@ class FormBase : public QMainWindow {
     virtual bool Form_QueryUnload() { return true; }
     virtual void Form_Unload() {}
 
+    // True if a size that the user gave the form is there again at its next opening in this run.
+    virtual bool KeepsSizeOfUser() const { return true; }
+
     // Topic of the help file that F1 opens: the form's name and ".htm".
     virtual std::string HelpTopic() const;
 
@@ -81,6 +84,8 @@ class FormBase : public QMainWindow {
     void KeepChosenSize();
     void Present(QWidget* owner);
     void Activate();
+    void SettleInFrame();
+    void BringFrontForward();
     static void LeaveForemost();
     void RememberFocus(QWidget* now);
     bool PressDefault();
@@ -90,6 +95,7 @@ class FormBase : public QMainWindow {
     bool unloading_ = false;
     bool unloaded_ = false;
     bool activate_missed_ = false;
+    bool settled_ = false;
     bool sized_by_user_ = false;
     QPointer<QWidget> last_focus_;
     QEventLoop* modal_loop_ = nullptr;

@@ -5,13 +5,14 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QTabWidget>
 #include <QTextEdit>
-#include <QToolTip>
+#include <QWindow>
 #include <algorithm>
 #include <memory>
 #include <utility>
@@ -25,6 +26,9 @@ namespace tarvokol {
 namespace {
 
 constexpr int kMissingElement = 340;
+
+// What the desktop puts around a window, as the last one had it.
+QMargins KnownFrame;
 
 // Letters for which the toolkit makes a text box wide enough.
 constexpr int kHintedLetters = 17;
@@ -92,6 +96,50 @@ class HeadShower : public QObject {
     }
 };
 
+// Turns the pages of a form's tabs wherever in the form the keyboard is. The focus goes on to the new page, and shows.
+class PageTurner : public QObject {
+  public:
+    PageTurner(QWidget& form, QTabWidget& tabs) : QObject(&tabs), form_(form), tabs_(tabs) {
+        form.installEventFilter(this);
+        tabs.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress) return false;
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (!key->modifiers().testFlag(Qt::ControlModifier)) return false;
+        if (key->key() == Qt::Key_Tab)
+            Turn(1);
+        else if (key->key() == Qt::Key_Backtab)
+            Turn(tabs_.count() - 1);
+        else
+            return false;
+        return true;
+    }
+
+  private:
+    void Turn(int pages) {
+        tabs_.setCurrentIndex((tabs_.currentIndex() + pages) % tabs_.count());
+        const QWidget* page = tabs_.currentWidget();
+        QWidget* control = form_.focusWidget();
+        if (control == nullptr || !page->isAncestorOf(control)) control = FirstStopOf(*page);
+        if (control == nullptr) return;
+        control->clearFocus();
+        control->setFocus(Qt::TabFocusReason);
+    }
+
+    static QWidget* FirstStopOf(const QWidget& page) {
+        for (QWidget* next = page.nextInFocusChain(); next != &page; next = next->nextInFocusChain())
+            if (page.isAncestorOf(next) && next->isVisible() && next->isEnabled() &&
+                (next->focusPolicy() & Qt::TabFocus) != 0)
+                return next;
+        return nullptr;
+    }
+
+    QWidget& form_;
+    QTabWidget& tabs_;
+};
+
 // Digits that a box shows: what it takes at the most, else those of an ordinary figure.
 int DigitsShown(const QLineEdit& box) {
     constexpr int kFigure = 10;
@@ -117,9 +165,14 @@ int CenteredOffset(int screen_extent, int form_extent) {
 
 void CenterForm(QWidget& form) {
     const QRect screen = form.screen()->geometry();
-    const QSize size = form.frameGeometry().size();
+    const QSize size = form.isVisible() ? form.frameGeometry().size() : form.size().grownBy(KnownFrame);
     form.move(screen.left() + CenteredOffset(screen.width(), size.width()),
               screen.top() + CenteredOffset(screen.height(), size.height()));
+}
+
+bool NoteFrame(const QWidget& form) {
+    const QMargins frame = form.windowHandle() != nullptr ? form.windowHandle()->frameMargins() : QMargins();
+    return std::exchange(KnownFrame, frame) != frame;
 }
 
 void SetScreenPointer(MousePointer pointer) {
@@ -170,16 +223,6 @@ bool CheckRangeOf(QLineEdit& box, double low, double high, const std::string& la
     return false;
 }
 
-void NoteCommas(QLineEdit& box) {
-    QObject::connect(&box, &QLineEdit::textEdited, &box, [&box](const QString& text) {
-        if (text.contains(','))
-            QToolTip::showText(box.mapToGlobal(QPoint(0, box.height())),
-                               QStringLiteral("Decimal point, no comma"), &box);
-        else
-            QToolTip::hideText();
-    });
-}
-
 // The plain text would be without the difference between a blank and one that does not break.
 std::string LinesOf(const QPlainTextEdit& box) {
     QString text = box.document()->toRawText();
@@ -191,6 +234,11 @@ void FixTabStops(QTabWidget& tabs) {
     for (int page = 0; page < tabs.count(); ++page)
         for (QWidget* control : tabs.widget(page)->findChildren<QWidget*>())
             if (IsTabStop(control)) SetTabStop(*control, page == tabs.currentIndex());
+}
+
+void TurnPagesByKeys(QWidget& form) {
+    const auto tabs = form.findChildren<QTabWidget*>();
+    if (tabs.size() == 1) new PageTurner(form, *tabs.front());
 }
 
 void RaiseMissingElement() {

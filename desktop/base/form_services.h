@@ -30,6 +30,9 @@ inline constexpr int PixelsOf(int twips) {
 // Puts the form in the middle of its screen; one that is larger than the screen at its top or left edge.
 void CenterForm(QWidget& form);
 
+// Remembers what the desktop puts around the form, which counts for forms that do not show yet; true if that has changed.
+bool NoteFrame(const QWidget& form);
+
 // Distance from the screen's edge that centres a form of the given extent: half of the rest, or 0 if there is
 // none.
 int CenteredOffset(int screen_extent, int form_extent);
@@ -58,16 +61,15 @@ void ShowHeadsOfTexts(QWidget& container);
 // Boxes of a fixed width get room for ten digits of their font, those that take fewer for as many.
 void WidenBoxes(QWidget& container);
 
-// From now on a comma in the box of a figure, after which nothing counts, is answered by a note beside the
-// box. The text stays as it is.
-void NoteCommas(QLineEdit& box);
-
 // A box's text, its lines joined by CR LF, every other character as it stands.
 std::string LinesOf(const QPlainTextEdit& box);
 
 // Only the controls on the page that shows can be reached with the tab key; call it on load and on a page
 // change.
 void FixTabStops(QTabWidget& tabs);
+
+// From now on Ctrl+Tab and Ctrl+Shift+Tab turn the pages of the form's one tab control, from its buttons as well.
+void TurnPagesByKeys(QWidget& form);
 
 // Raises "Control array element doesn't exist" (340).
 [[noreturn]] void RaiseMissingElement();

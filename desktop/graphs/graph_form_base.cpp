@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QScopedValueRollback>
 #include <algorithm>
@@ -137,6 +138,13 @@ void GraphFormBase::FitReadOut() {
     grid->setVerticalSpacing(narrow ? 0 : -1);
     for (int i = 0; i < kReadOutColumns; ++i) grid->setColumnStretch(i, narrow ? 0 : i == 5 ? 2 : i % 2);
     frame_->resize(std::min(room, kReadOutWidth), frame_->height());
+}
+
+void GraphFormBase::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape)
+        Unload();
+    else
+        FormBase::keyPressEvent(event);
 }
 
 void GraphFormBase::Form_Unload() {

@@ -42,6 +42,10 @@ class GraphFormBase : public FormBase {
     void Form_Resize() override;
     void Form_Unload() override;
 
+    // The size at load is told.
+    bool KeepsSizeOfUser() const override { return false; }
+    void keyPressEvent(QKeyEvent* event) override;
+
   private:
     void GraphFileItem_Click(int Index);
     void GraphEditItem_Click(int Index);

@@ -25,6 +25,7 @@
 #include "desktop/base/modCapture.h"
 #include "desktop/base/refused_box.h"
 #include "desktop/base/results_caller.h"
+#include "desktop/base/used_value.h"
 #include "qt/session/qt_text.h"
 #include "ui_frmTARVOParm.h"
 
@@ -58,7 +59,9 @@ frmTARVOParm::frmTARVOParm() : ui_(std::make_unique<Ui::frmTARVOParm>()) {
     ListInputBoxes();
     ConnectControls();
     for (QWidget* frame : {ui_->Frame1, ui_->Frame0, ui_->Frame3}) SelectAllOnFocus(*frame);
-    for (const InputBox& input : inputs_) NoteCommas(*input.box);
+    for (const InputBox& input : inputs_)
+        NoteUsedValue(*input.box,
+                      input.field == PanelField::NumberHoles ? StoredAs::Whole : StoredAs::Figure);
     ui_->txtHeight->setFocus();
 }
 

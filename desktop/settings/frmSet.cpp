@@ -19,6 +19,7 @@
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
 #include "core/settings/main_settings.h"
+#include "desktop/base/used_value.h"
 #include "desktop/settings/frmPath.h"
 #include "qt/session/qt_text.h"
 #include "ui_frmSet.h"
@@ -71,7 +72,7 @@ frmSet::frmSet() : ui_(std::make_unique<Ui::frmSet>()) {
     optUnits_ = OptionGroup(*this, "optUnits");
     Connect();
     SelectAllOnFocus(*this);
-    NoteCommas(*ui_->Text3);
+    NoteUsedValue(*ui_->Text3, StoredAs::Whole);
 }
 
 frmSet::~frmSet() = default;

@@ -14,6 +14,7 @@
 #include "core/settings/option_settings.h"
 #include "core/settings/options_record.h"
 #include "desktop/base/refused_box.h"
+#include "desktop/base/used_value.h"
 #include "qt/session/qt_text.h"
 #include "ui_frmTARVOOpts.h"
 
@@ -75,7 +76,7 @@ frmTARVOOpts::frmTARVOOpts() : ui_(std::make_unique<Ui::frmTARVOOpts>()) {
     Option3_ = OptionGroup(*this, "Option3");
     Connect();
     SelectAllOnFocus(*this);
-    for (const Figure& figure : FiguresOf(*ui_)) NoteCommas(*figure.box);
+    for (const Figure& figure : FiguresOf(*ui_)) NoteUsedValue(*figure.box);
 }
 
 frmTARVOOpts::~frmTARVOOpts() = default;

@@ -6,6 +6,7 @@
 #include "core/messages/history_log.h"
 #include "core/messages/notify.h"
 #include "core/messages/titles.h"
+#include "desktop/base/used_value.h"
 #include "qt/session/qt_text.h"
 #include "ui_frmUnits.h"
 
@@ -62,7 +63,7 @@ void frmUnits::Connect(const Tab& tab) {
             if (on) Fill(tab);
         });
     tab.input->installEventFilter(this);
-    NoteCommas(*tab.input);
+    NoteUsedValue(*tab.input);
 }
 
 bool frmUnits::eventFilter(QObject* watched, QEvent* event) {

@@ -121,7 +121,7 @@ bool DesktopIsUp() {
 
 std::string MissingTools() {
     return WithoutLineEnd(
-        OutputOf("for tool in Xvfb openbox xdotool xclip; do command -v $tool >/dev/null || printf '%s ' "
+        OutputOf("for tool in Xvfb openbox xdotool xprop xclip; do command -v $tool >/dev/null || printf '%s ' "
                  "$tool; done"));
 }
 

@@ -137,10 +137,7 @@ TEST_F(Windows, ACommaIsAnsweredByANoteThatLeavesTheKeyboardAlone) {
     StartWithProject();
     PressTo("ctrl+e", "Parameters");
     Press("alt+h ctrl+a");
-    const auto windows = [] { return OutputOf("xdotool search --onlyvisible --class tarvokol | wc -l"); };
-    const std::string before = windows();
     Type("9,5");
-    EXPECT_TRUE(Eventually([&] { return windows() != before; }));
     ExpectWindow("Parameters");
     PressTo("Return", Caption());
     PressUntil("ctrl+s", [this] {
@@ -163,6 +160,36 @@ TEST_F(Windows, AFigureThatIsRefusedOnAnotherTabIsTypedAnew) {
     const std::string settings = ReadBytes(DataFile("TARVOKOL.INI"));
     EXPECT_THAT(settings, HasSubstr("DefaultSFWeb=1.7\r\n"));
     EXPECT_THAT(settings, HasSubstr("AskOfficeInstall=1\r\n"));
+}
+
+// The frame counts: a form is no lower than its screen's middle by half a title bar.
+TEST_F(Windows, AFormStandsInTheMiddleWithItsFrame) {
+    StartWithProject();
+    PressTo("alt+u o", "Options");
+    // Where the window itself begins: xdotool adds the frame once more.
+    const auto off_centre = [] {
+        const std::string frame = OutputOf("xprop -id $(xdotool getactivewindow) _NET_FRAME_EXTENTS");
+        int left = 0, right = 0, top = 0, bottom = 0;
+        const std::size_t at = frame.find('=');
+        if (at == std::string::npos ||
+            std::sscanf(frame.c_str() + at + 1, "%d, %d, %d, %d", &left, &right, &top, &bottom) != 4)
+            return 1000;
+        const int screen = std::atoi(OutputOf("xdotool getdisplaygeometry | cut -d' ' -f2").c_str());
+        const int y = std::atoi(
+            OutputOf("xwininfo -id $(xdotool getactivewindow) | sed -n 's/.*upper-left Y: *//p' | head -1")
+                .c_str());
+        return std::abs(2 * y - top + ActivePlace().height + bottom - screen) / 2;
+    };
+    EXPECT_TRUE(Eventually([&] { return off_centre() <= 2; })) << off_centre();
+}
+
+TEST_F(Windows, AFormThatWaitsForAnotherOneHandsItTheKeyboard) {
+    StartWithProject();
+    const std::string main_window = Front().id;
+    PressTo("ctrl+e", "Parameters");
+    OutputOf("xdotool windowactivate " + main_window);
+    ExpectWindow("Parameters");
+    PressTo("Escape", Caption());
 }
 
 }  // namespace

@@ -318,6 +318,7 @@ TEST_F(FormBaseTest, CentersOnTheScreen) {
     EXPECT_EQ(CenteredOffset(600, 2000), 0);
     frmSample& form = frmSample::Instance();
     form.resize(400, 300);
+    NoteFrame(form);  // none yet, as it has no window
     CenterForm(form);
     EXPECT_EQ(form.pos(), QPoint(200, 250));
     form.resize(900, 1000);

@@ -10,13 +10,13 @@
 #include <QScrollBar>
 #include <QTabWidget>
 #include <QTextEdit>
-#include <QToolTip>
 #include <QVBoxLayout>
 
 #include "core/messages/titles.h"
 #include "desktop/base/form_registry.h"
 #include "desktop/base/modCapture.h"
 #include "desktop/base/path_label.h"
+#include "desktop/base/used_value.h"
 #include "tests/support/gui_fixture.h"
 #include "tests/support/raised_error.h"
 
@@ -216,19 +216,46 @@ TEST_F(FormServices, BoxesGetTheWidthOfTenDigitsAndNoLessThanTheirOwn) {
     EXPECT_EQ(free.maximumWidth(), QWIDGETSIZE_MAX);
 }
 
-TEST_F(FormServices, ACommaIsAnsweredByANote) {
-    Open();
+TEST_F(FormServices, AnotherValueThanTheTypedOneIsNotedBesideTheBox) {
+    FormBase& form = Open();
     QLineEdit& box = Box("Text1");
-    NoteCommas(box);
-    box.setText("1,5");
-    EXPECT_FALSE(QToolTip::isVisible());  // nobody typed it
-    box.clear();
-    QTest::keyClicks(&box, "2,");
-    EXPECT_TRUE(QToolTip::isVisible());
-    EXPECT_EQ(QToolTip::text(), "Decimal point, no comma");
-    EXPECT_EQ(box.text(), "2,");
-    QTest::keyClick(&box, Qt::Key_Backspace);
-    EXPECT_TRUE(WaitUntil([] { return !QToolTip::isVisible(); }));
+    NoteUsedValue(box);
+    const auto& note = Find<QLabel>(form, "Text1Used");
+    const std::pair<const char*, const char*> cases[] = {{"4,5", "used: 4"},
+                                                         {"12O", "used: 12"},
+                                                         {"1 2", "used: 12"},
+                                                         {"twelve", "used: 0"},
+                                                         {"1E", "used: 1"}};
+    for (const auto& [typed, noted] : cases) {
+        Type(form, "Text1", typed);
+        EXPECT_TRUE(note.isVisible()) << typed;
+        EXPECT_EQ(note.text(), noted) << typed;
+        EXPECT_EQ(box.accessibleDescription(), noted);
+        EXPECT_EQ(box.text(), typed);
+        EXPECT_FALSE(note.geometry().intersects(box.geometry()));
+        for (const QLineEdit* other : form.findChildren<QLineEdit*>()) {
+            if (other->parentWidget() == note.parentWidget()) {
+                EXPECT_FALSE(note.geometry().intersects(other->geometry())) << typed;
+            }
+        }
+    }
+    for (const char* typed : {"4.5", " 4.5 ", "-1", "1E3", "1D5", ""}) {
+        box.setText(typed);
+        EXPECT_FALSE(note.isVisible()) << typed;
+        EXPECT_EQ(box.accessibleDescription(), "");
+    }
+    box.setText("7,");
+    EXPECT_TRUE(note.isVisible()) << "whoever has put it there";
+}
+
+TEST_F(FormServices, AFigureThatIsStoredWholeIsNotedSo) {
+    FormBase& form = Open();
+    NoteUsedValue(Box("Text1"), StoredAs::Whole);
+    const auto& note = Find<QLabel>(form, "Text1Used");
+    Type(form, "Text1", "2.5");
+    EXPECT_EQ(note.text(), "used: 2");
+    Type(form, "Text1", "3.0");
+    EXPECT_FALSE(note.isVisible());
 }
 
 TEST_F(FormServices, ABoxesLinesAreJoinedByLineEndsAndKeepEveryCharacter) {

@@ -494,5 +494,14 @@ TEST_F(GraphCommands, ARefusedProjectOpensNoGraph) {
     EXPECT_FALSE(frmGraphS::IsLoaded());
 }
 
+TEST_F(GraphCommands, EscapeClosesTheGraph) {
+    WhenShown("frmGraph", [](FormBase& graph) {
+        Press(graph, Qt::Key_Escape);
+        EXPECT_TRUE(graph.IsUnloaded());
+    });
+    Choose(frmMain::Instance(), "mnuCalcGrafItem_0");
+    EXPECT_EQ(FindForm("frmGraph"), nullptr);
+}
+
 }  // namespace
 }  // namespace tarvokol

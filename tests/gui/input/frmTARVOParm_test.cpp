@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QToolTip>
 #include <set>
 
 #include "core/graphics/TarvoGraf.h"
@@ -487,14 +486,15 @@ TEST_F(ParametersDialog, LongFiguresOfAProjectShowTheirFirstDigits) {
     }
 }
 
-TEST_F(ParametersDialog, ACommaIsAnsweredByANoteAndChangesNothing) {
+TEST_F(ParametersDialog, AnotherValueThanTheTypedOneIsNotedAndNothingChanges) {
     frmTARVOParm& form = Open();
     Enter(form, "txtWebThickness", "1,5");
-    EXPECT_EQ(FromQt(QToolTip::text()), "Decimal point, no comma");
+    EXPECT_EQ(TextOf(form, "txtWebThicknessUsed"), "used: 1");
+    EXPECT_TRUE(Find(form, "txtWebThicknessUsed").isVisible());
     EXPECT_EQ(TextOf(form, "txtWebThickness"), "1,5");
     EXPECT_THAT(Messages(), IsEmpty());
     Enter(form, "txtWebThickness", "1.5");
-    EXPECT_TRUE(WaitUntil([] { return !QToolTip::isVisible(); }));
+    EXPECT_FALSE(Find(form, "txtWebThicknessUsed").isVisible());
 }
 
 TEST_F(ParametersDialog, SuggestedSizesOfAMetricProjectSayThatTheyAreInches) {

@@ -532,5 +532,19 @@ TEST_F(Options, WhoeverMovesOnFromARefusedFigureGoesHisWay) {
     EXPECT_EQ(QApplication::focusWidget(), &Find(form, "Text1"));
 }
 
+TEST_F(Options, ControlTabTurnsThePagesFromTheButtonsToo) {
+    frmTARVOOpts& form = Open();
+    Find<QPushButton>(form, "Command2").setFocus();
+    for (const int page : {1, 2, 0}) {
+        Press(form, Qt::Key_Tab, Qt::ControlModifier);
+        EXPECT_EQ(Tabs(form).currentIndex(), page);
+        ASSERT_NE(form.focusWidget(), nullptr);
+        EXPECT_TRUE(Tabs(form).currentWidget()->isAncestorOf(form.focusWidget())) << page;
+        EXPECT_TRUE(form.focusWidget()->isVisible()) << page;
+    }
+    Press(form, Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Tabs(form).currentIndex(), 2);
+}
+
 }  // namespace
 }  // namespace tarvokol

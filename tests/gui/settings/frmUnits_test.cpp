@@ -7,7 +7,6 @@
 #include <QRadioButton>
 #include <QTabBar>
 #include <QTabWidget>
-#include <QToolTip>
 
 #include "core/messages/titles.h"
 #include "tests/support/main_window_fixture.h"
@@ -376,10 +375,10 @@ TEST_F(Units, BoxesForReadingAreGrey) {
         EXPECT_EQ(paper(box), form.palette().color(QPalette::Window)) << box;
 }
 
-TEST_F(Units, ACommaIsAnsweredByANote) {
+TEST_F(Units, AnotherValueThanTheTypedOneIsNoted) {
     frmUnits& form = Open();
     Type(form, "txtLength", "1,5");
-    EXPECT_EQ(FromQt(QToolTip::text()), "Decimal point, no comma");
+    EXPECT_EQ(TextOf(form, "txtLengthUsed"), "used: 1");
     EXPECT_EQ(TextOf(form, "txtLength"), "1,5");
 }
 
