@@ -120,9 +120,9 @@ bool DesktopIsUp() {
 }
 
 std::string MissingTools() {
-    return WithoutLineEnd(
-        OutputOf("for tool in Xvfb openbox xdotool xprop xclip; do command -v $tool >/dev/null || printf '%s ' "
-                 "$tool; done"));
+    return WithoutLineEnd(OutputOf(
+        "for tool in Xvfb openbox xdotool xprop xclip; do command -v $tool >/dev/null || printf '%s ' "
+        "$tool; done"));
 }
 
 ProgramUnderTest::~ProgramUnderTest() {
