@@ -64,7 +64,7 @@ RiskDraw::RiskDraw(const RiskRequest& request)
 }
 
 std::vector<DrawBatch> RiskDraw::Batches() const {
-    constexpr std::uint32_t kSamples = 1 << 21;  // in memory at a time, if a hypercube has not more
+    constexpr std::uint32_t kSamples = 1 << 20;  // in memory at a time, if a hypercube has not more
     const std::uint32_t cubes = std::max(kSamples / std::max(plan_.samples / plan_.count, 1U), 1U);
     std::vector<DrawBatch> batches;
     for (std::uint32_t first = 0; first < plan_.count; first += cubes)

@@ -237,10 +237,11 @@ class RiskRun {
                 risk.moments = MomentsOf(values);
                 const auto quantiles = QuantilesOf(values, kRiskShares, check_);
                 std::copy(quantiles.begin(), quantiles.end(), risk.quantiles.begin());
-                const RankOrder order(Taken(values), check_);
+                RankOrder order(Taken(values), check_);
                 // Ranks and order stand side by side here: those of one factor are enough for the memory.
                 const std::scoped_lock lock(one_at_a_time);
-                factor_ranks_[factor] = RanksOf(order, request_.samples, check_);
+                const RankOrder last = std::move(order);
+                factor_ranks_[factor] = RanksOf(last, request_.samples, check_);
                 watch_.Reach(request_.samples);
             };
         });
