@@ -45,10 +45,15 @@ QString GlobOf(const QString& extension) {
     return "    <glob weight=\"80\" pattern=\"*." + extension.toHtmlEscaped() + "\"/>\n";
 }
 
+// None without an extension: its pattern would take every name that ends in a point.
+QString GlobsOf(const QString& extension) {
+    if (extension.isEmpty()) return "";
+    const QString lower = extension.toLower();
+    return lower == extension ? GlobOf(extension) : GlobOf(extension) + GlobOf(lower);
+}
+
 QString MimeText(const DocumentType& type) {
-    const QString extension = ToQt(type.extension);
-    QString globs = GlobOf(extension);
-    if (extension.toLower() != extension) globs += GlobOf(extension.toLower());
+    const QString globs = GlobsOf(ToQt(type.extension));
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
            "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n"
            "  <mime-type type=\"" +

@@ -278,6 +278,16 @@ TEST_F(DesktopTest, ATypeIsRegisteredWithPatternCommandAndDefault) {
     EXPECT_EQ(ReadBytes(PathTo("mime-updated")), data + "mime");
 }
 
+// "*." would take every name that ends in a point.
+TEST_F(DesktopTest, ATypeWithoutAnExtensionHasNoPattern) {
+    Script("update-mime-database", "true");
+    Script("update-desktop-database", "true");
+    DesktopDocumentTypes().Register({"", "tarvokol.Document", "tarvokol Document", "", "/opt/tarvokol"});
+    const std::string types = ReadBytes(PathTo("data home") + "/mime/packages/tarvokol-document-.xml");
+    EXPECT_NE(types.find("<comment>tarvokol Document</comment>"), std::string::npos);
+    EXPECT_EQ(types.find("glob"), std::string::npos);
+}
+
 TEST_F(DesktopTest, AnAssociationOfAnotherExtensionStays) {
     Script("update-mime-database", "true");
     Script("update-desktop-database", "true");
