@@ -38,7 +38,8 @@ class Drawing {
 };
 
 // The drawing of this program. The one that has none does not return: it becomes its sibling, which begins
-// with the same arguments anew; so this is asked for before anything is read from standard input or written.
+// with the same arguments anew; so this is asked for before anything is read from standard input or written. A program that
+// was built without the toolkit raises UsageError.
 Drawing& TheDrawing();
 
 }  // namespace tarvokol::cli
