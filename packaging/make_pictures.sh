@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Pictures of all forms for the help, from the real program:
+# Pictures of all forms for the help, from the real program, and of the worked studies, from the command line:
 #   packaging/make_pictures.sh               into resources/help/images
 #   packaging/make_pictures.sh FOLDER        into FOLDER/light, FOLDER/dark and FOLDER/double (200 %), to be looked at
 # A form that cannot be loaded is left out and named. A topic that does not show its form's picture yet gets it below its
@@ -49,6 +49,13 @@ in_the_engineers_system() {
     ' bash $documents "$target" $program $project "$@"
 }
 
+# studies FOLDER: what the commands of the worked studies draw.
+studies() {
+    local draw="env QT_QPA_PLATFORM=offscreen $build/bin/tarvokol-cli"
+    $draw sweep $project --vary WebThickness=2:8:0.25 --vary DepthCover=50:250:5 --of WebsOnly -q --force -o "$1/study_map.png"
+    $draw risk $project --random CoalStrength=lognormal:100%:15% -q --force -o "$1/study_risk.png"
+}
+
 # A topic whose form has a picture shows it.
 show_in_topics() {
     for picture in resources/help/images/frm*.png; do
@@ -60,13 +67,15 @@ show_in_topics() {
 }
 
 [ -f $build/build.ninja ] || cmake --preset release
-cmake --build --preset release --target make_pictures tarvokol_resources
+cmake --build --preset release --target make_pictures tarvokol_resources tarvokol-cli
 if [ $# -gt 0 ]; then
     pictures "$1/light" 1
     pictures "$1/dark" 1 dark
     pictures "$1/double" 2
+    studies "$1/light"
 else
     pictures resources/help/images 1
+    studies resources/help/images
     rm -f resources/help/images/helpWindow.png
     show_in_topics
 fi

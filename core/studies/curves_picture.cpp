@@ -112,6 +112,9 @@ std::optional<CurvesPicture> CurvesOf(const SweepRequest& request, std::span<con
     if (!HasFigure(picture)) throw NothingToShow(message);
     for (const StudyFigure& figure : figures)
         if (figure.IsFactor()) AddTarget(picture, figure, request.panel, places.Field());
+    if (picture.refused > 0)
+        picture.note = std::to_string(picture.refused) + " of " + std::to_string(places.Count()) +
+                       " panels refused: no curve there";
     picture.y = AxisRound(picture, figures.size() > 1 ? "Stability factor" : TitleWithUnit(figures[0]));
     return picture;
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <iterator>
 
 #include "qt/charts/chart_picture.h"
 #include "qt/charts/chart_text.h"
@@ -22,6 +23,16 @@ class WholeGraph : public QCPGraph {
 
   protected:
     QRect clipRect() const override { return mParentPlot->viewport(); }
+
+    // The library puts the symbols of missing values into the corner of the picture, out of the frame.
+    void drawScatterPlot(QCPPainter* painter, const QVector<QPointF>& symbols,
+                         const QCPScatterStyle& style) const override {
+        const QRectF frame = QRectF(QCPGraph::clipRect()).adjusted(-1, -1, 1, 1);
+        QVector<QPointF> within;
+        std::copy_if(symbols.begin(), symbols.end(), std::back_inserter(within),
+                     [&](const QPointF& symbol) { return frame.contains(symbol); });
+        QCPGraph::drawScatterPlot(painter, within, style);
+    }
 };
 
 QPen CurvePen(std::size_t number) {
@@ -131,6 +142,7 @@ std::vector<StudyKey> KeysOf(const CurvesPicture& picture) {
 void ComposeStudyPlot(QCustomPlot& plot, const CurvesPicture& picture) {
     StyleStudyAxes(*plot.axisRect(), picture.x, picture.y);
     AddStudyHeader(plot, picture.title);
+    if (!picture.note.empty()) AddStudyText(plot, 1, picture.note);
     new TargetDrawing(plot, picture);  // the plot's from now on, and before its curves
     for (std::size_t i = 0; i < picture.curves.size(); ++i) {
         auto* graph = new WholeGraph(plot.xAxis, plot.yAxis);

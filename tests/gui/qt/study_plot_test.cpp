@@ -161,6 +161,23 @@ TEST_F(CurvesPlot, ACurveWithoutAValueHasNoKey) {
     EXPECT_THAT(KeyTexts(*PlotOf(Picture)), ElementsAre("Overall", "Webs ONLY"));
 }
 
+// Nothing but the frame and what stands in and beside it is drawn: the corner of the picture stays white.
+TEST_F(CurvesPlot, AMissingValueHasNoSymbol) {
+    Picture.curves = {{"Overall", {NAN, 1.5, NAN}}};
+    const QSize size = StudyPictureSize(Picture);
+    const QImage image = PlotOf(Picture)->toPixmap(size.width(), size.height(), 1).toImage();
+    for (int x = 0; x < 12; ++x)
+        for (int y = 0; y < 12; ++y) EXPECT_EQ(image.pixelColor(x, y), QColor(Qt::white)) << x << ' ' << y;
+}
+
+TEST_F(CurvesPlot, ANoteStandsBelowTheTitle) {
+    Picture.note = "1 of 3 panels refused: no curve there";
+    const auto plot = PlotOf(Picture);
+    EXPECT_EQ(TextInRow(*plot, 1).text(), "1 of 3 panels refused: no curve there");
+    EXPECT_EQ(plot->plotLayout()->element(2, 0), plot->axisRect());
+    ExpectWholeAndApart(SvgOf(Picture));
+}
+
 // Numbers of holes from 2 to 5: no tick lies between two of them, on neither side of the frame.
 TEST_F(CurvesPlot, TicksOfCountsAreWhole) {
     Picture.places = {2, 3, 5};

@@ -116,7 +116,9 @@ TEST(CurvesPicture, RefusedPanelsLeaveGapsAndAreCounted) {
     EXPECT_TRUE(std::isnan(picture.curves[0].y[1]));
     EXPECT_TRUE(std::isfinite(picture.curves[0].y[2]));
     EXPECT_EQ(picture.refused, 2u);
+    EXPECT_EQ(picture.note, "2 of 3 panels refused: no curve there");
     EXPECT_EQ(WorkedCurves("DepthCover=100").refused, 0u);
+    EXPECT_EQ(WorkedCurves("DepthCover=100").note, "");
 }
 
 TEST(CurvesPicture, NothingIsDrawnOfNothing) {
