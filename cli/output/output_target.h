@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Where a result goes: standard output, one file, or one file a project in a folder.
+// Where a result goes: standard output, one file, or one file per project in a folder.
 #pragma once
 
 #include <functional>
