@@ -132,6 +132,10 @@ test_programs_are_hardened() {
     for program in "$usr"/bin/* "$usr"/libexec/tarvokol/*; do
         holds "place in memory of $program" "$(readelf -h "$program")" "DYN (Position-Independent Executable file)"
         holds "segments of $program" "$(readelf -lW "$program")" GNU_RELRO
+        holds "addresses of $program" "$(readelf -dW "$program")" BIND_NOW
+        # The mark of a place that jumps may lead to; the start-up code of the system has a handful.
+        [ "$(uname -m)" != x86_64 ] || [ "$(LC_ALL=C grep -aoP '\xf3\x0f\x1e\xfa' "$program" | wc -l)" -ge 100 ] ||
+            fail "$program jumps anywhere"
         holds "guards of $program" "$(readelf --dyn-syms -W "$program")" __stack_chk_fail
         # Clang leaves out a bounds check whose answer it knows; in these programs it knows them all.
         [[ $(readelf -p .comment "$build/bin/${program##*/}") == *clang* ]] ||
