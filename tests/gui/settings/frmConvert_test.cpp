@@ -192,15 +192,16 @@ TEST_F(Convert, TheChoiceHasNoEffectOnTheConversion) {
     EXPECT_EQ(ConvertKeepChoice, 1);
 }
 
-TEST_F(Convert, AnOverflowEndsTheProgram) {
+TEST_F(Convert, AFigureThatCannotBeConvertedIsNamedAndNothingChanges) {
     EnterProject();
     UnitSystem = 1;
     ProjectRecord.Height = 1e308;
     Click(Open(), "Command2");
     RunEvents();
-    ASSERT_EQ(UnhandledErrors().size(), 1u);
-    EXPECT_EQ(UnhandledErrors()[0].number, 6);
-    EXPECT_THAT(Messages(), IsEmpty());
+    EXPECT_THAT(UnhandledErrors(), IsEmpty());
+    EXPECT_THAT(Messages(), ElementsAre("Invalid entry height"));
+    EXPECT_EQ(UnitSystem, 1);
+    EXPECT_EQ(ProjectRecord.Height, 1e308);
 }
 
 TEST_F(Convert, TheMenuOpensItForASavedProjectOnly) {
