@@ -61,7 +61,7 @@ ReplacedSettings KeepReplacedSettings() {
     try {
         if (!FileExists(replaced.place)) ReplaceWholeFile(replaced.place, bytes, {.copy_of = IniPath});
     } catch (const RunTimeError&) {
-        return {.may_replace = false};
+        return {.may_replace = false, .place = "", .reason = ""};
     }
     return replaced;
 }
