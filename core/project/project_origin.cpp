@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/project/project_origin.h"
 
+#include <filesystem>
+
 #include "core/files/file_system.h"
 #include "core/project/project_state.h"
 #include "core/runtime/text.h"
