@@ -28,8 +28,10 @@ FileLock TurnOf(const std::string& folder) {
 
 std::string FreePath() {
     for (int number = 1;; ++number) {
-        const std::string digits = number == 1 ? "" : std::to_string(number);
-        const std::string path = TempDataFolder + "~tmpbr" + digits + ".tmp";
+        std::string path = TempDataFolder;
+        path += "~tmpbr";
+        if (number > 1) path += std::to_string(number);
+        path += ".tmp";
         if (!FileLock(path).HeldElsewhere()) return path;
     }
 }
