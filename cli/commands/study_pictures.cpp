@@ -13,10 +13,9 @@ namespace {
 
 const StudyFigure& FigureOf(const std::string& name, bool sizes) {
     if (name.empty()) return kStudyFigures.front();
-    const StudyFigure& figure =
-        OfOption("--of", [&]() -> const StudyFigure& { return RequiredFigure(name); });
-    if (figure.NeedsSizes() && !sizes) throw UsageError{"--of " + name + ": needs --size"};
-    return figure;
+    const StudyFigure* figure = OfOption("--of", [&] { return &RequiredFigure(name); });
+    if (figure->NeedsSizes() && !sizes) throw UsageError{"--of " + name + ": needs --size"};
+    return *figure;
 }
 
 // The progress line of a study whose rows become a picture.
