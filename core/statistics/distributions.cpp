@@ -116,11 +116,11 @@ class Lognormal : public Distribution {
         return PortableExp(log_mean_ + log_deviation_ * NormalQuantile(share));
     }
     double ShareBelow(double figure) const override {
-        if (deviation_ == 0.0) return ShareBelowConstant(mean_, figure);
+        if (log_deviation_ == 0.0) return ShareBelowConstant(mean_, figure);
         return figure > 0.0 ? NormalShare(NormalOf(figure)) : 0.0;
     }
     double Density(double figure) const override {
-        if (deviation_ == 0.0) return DensityOfConstant(mean_, figure);
+        if (log_deviation_ == 0.0) return DensityOfConstant(mean_, figure);
         return figure > 0.0 ? NormalDensity(NormalOf(figure)) / (log_deviation_ * figure) : 0.0;
     }
     double Mean() const override { return mean_; }
@@ -145,7 +145,7 @@ class Lognormal : public Distribution {
     double mean_;
     double deviation_;
     double log_mean_;
-    double log_deviation_;
+    double log_deviation_;  // 0 also for a deviation that is nothing beside its mean
 };
 
 // Each whole number between two bounds as likely as the others: rounded figures would give the outermost half their share.

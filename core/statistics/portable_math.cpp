@@ -162,6 +162,7 @@ double PortableExp(double power) {
     constexpr double kSmallest = -745.2;
     if (power > kLargest) return std::numeric_limits<double>::infinity();
     if (power < kSmallest) return 0.0;
+    if (std::isnan(power)) return power;
     int twos = 0;
     const double figure = NearOne(power, twos);
     return std::ldexp(figure, twos);

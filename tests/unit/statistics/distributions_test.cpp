@@ -283,6 +283,15 @@ TEST(Distributions, EachIsToldInWords) {
 }
 
 // Figures of other kinds keep their share: z of 84.134474606854 % is 1.
+// So little beside the mean that the logarithms do not show it.
+TEST(Distributions, ADeviationThatIsNothingBesideItsMeanIsNone) {
+    const DistributionPtr narrow = ParseDistribution("lognormal:1e36:4.5", 1);
+    EXPECT_EQ(narrow->ShareBelow(0.999e36), 0.0);
+    EXPECT_EQ(narrow->ShareBelow(1.001e36), 1.0);
+    EXPECT_FALSE(std::isnan(narrow->Density(1e36)));
+    EXPECT_TRUE(std::isnan(PortableExp(std::nan(""))));
+}
+
 TEST(Distributions, EveryKindFollowsANormalFigure) {
     EXPECT_NEAR(FromNormal(*ParseDistribution("uniform:10:20", 1), 1), 18.4134474606854, 1e-12);
     EXPECT_EQ(FromNormal(*ParseDistribution("triangular:0:2:4", 1), 0), 2);
