@@ -69,7 +69,7 @@ class OutputTarget {
     bool standard_output_ = false;
     bool folder_ = false;
     std::string format_;
-    std::string extension_;  // of the files of a folder
+    std::string extension_;                // of the files of a folder
     std::vector<std::string> inputs_;      // files that no result replaces
     mutable std::set<std::string> taken_;  // the files of the folder that hold a result of this run
 };
