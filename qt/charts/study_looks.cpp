@@ -141,6 +141,7 @@ void PlaceStudyKeys(QCustomPlot& plot, const std::vector<StudyKey>& keys) {
     plot.legend->setFillOrder(QCPLegend::foColumnsFirst);
     plot.legend->clearItems();
     std::vector<int> widths;
+    widths.reserve(keys.size());
     for (const StudyKey& key : keys)
         widths.push_back(kKeyWidth + kKeyGap +
                          QFontMetrics(ChartFont(kStudyTextPoints)).horizontalAdvance(key.text));

@@ -51,6 +51,7 @@ class MapDrawing : public StudyDrawing {
         const std::vector<PixelLine> lines = PixelLines();
         const std::vector<PlacedLabel> labels = PlaceLabels(lines);
         std::vector<QRectF> boxes;
+        boxes.reserve(labels.size());
         for (const PlacedLabel& label : labels) boxes.push_back(label.box);
         painter->setBrush(Qt::NoBrush);
         for (const PixelLine& line : lines) {
