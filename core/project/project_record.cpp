@@ -15,22 +15,28 @@ constexpr double kNewCrosscutSpacing = 1000000.0;
 
 }  // namespace
 
+void FillNewInputs(PanelInputs& inputs, std::int16_t unit_system) {
+    const bool english = unit_system == 0;
+    inputs.Height = 0.0;
+    inputs.DepthCover = 0.0;
+    inputs.HoleWidth = 0.0;
+    inputs.CrosscutSpacing = kNewCrosscutSpacing;
+    inputs.CrosscutAngle = 90.0;
+    inputs.WebThickness = 0.0;
+    inputs.BarrierPillarWidth = 0.0;
+    inputs.NumberHoles = 2;
+    for (int i = 1; i < MaxHoles; ++i) inputs.CenterDistance[i] = 0.0;
+    inputs.CoalStrength = english ? kNewStrength : kNewStrength / PsiPerMegapascal;
+    inputs.UnitWeight = english ? kNewUnitWeight : kNewUnitWeight / PcfPerKilonewton;
+    inputs.AbutmentAngle = OptionsRecord.DefaultAbutment;
+    inputs.SFWeb = OptionsRecord.DefaultSFWeb;
+    inputs.SFBarrier = OptionsRecord.DefaultSFBarrier;
+}
+
 void ResetProjectRecord() {
-    const bool english = UnitSystem == 0;
-    ProjectRecord.Height = 0.0;
-    ProjectRecord.DepthCover = 0.0;
-    ProjectRecord.HoleWidth = 0.0;
-    ProjectRecord.CrosscutSpacing = kNewCrosscutSpacing;
-    ProjectRecord.CrosscutAngle = 90.0;
-    ProjectRecord.WebThickness = 0.0;
-    ProjectRecord.BarrierPillarWidth = 0.0;
-    ProjectRecord.NumberHoles = 2;
-    for (int i = 1; i < MaxHoles; ++i) ProjectRecord.CenterDistance[i] = 0.0;
-    ProjectRecord.CoalStrength = english ? kNewStrength : kNewStrength / PsiPerMegapascal;
-    ProjectRecord.UnitWeight = english ? kNewUnitWeight : kNewUnitWeight / PcfPerKilonewton;
-    ProjectRecord.AbutmentAngle = OptionsRecord.DefaultAbutment;
-    ProjectRecord.SFWeb = OptionsRecord.DefaultSFWeb;
-    ProjectRecord.SFBarrier = OptionsRecord.DefaultSFBarrier;
+    PanelInputs inputs = ProjectRecord;
+    FillNewInputs(inputs, UnitSystem);
+    ProjectRecord = inputs;
 }
 
 }  // namespace tarvokol

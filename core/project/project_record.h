@@ -14,6 +14,10 @@ namespace tarvokol {
 // core/project/project_record and desktop/input/frmTARVOParm.
 inline PanelInputs ProjectRecord;
 
+// Fills the inputs with a new project's values in a unit system, 0 English, else Metric, with the default abutment angle
+// and stability factors of `OptionsRecord`. `CenterDistance`(20) and `SpareSingle` keep what they hold.
+void FillNewInputs(PanelInputs& inputs, std::int16_t unit_system);
+
 // Fills the record with a new project's values in the present `UnitSystem`, with the default abutment angle
 // and stability factors of `OptionsRecord`. `CenterDistance`(20) and `SpareSingle` keep what they hold.
 void ResetProjectRecord();

@@ -23,7 +23,7 @@ inline std::string CodeOf(const std::string& source) {
 inline std::map<std::string, std::string> SourceFiles() {
     const std::filesystem::path root = TARVOKOL_SOURCE_FOLDER;
     std::map<std::string, std::string> files;
-    for (const char* house : {"core", "qt", "desktop", "cli"})
+    for (const char* house : {"core", "qt", "desktop", "cli", "studies"})
         for (const auto& entry : std::filesystem::recursive_directory_iterator(root / house)) {
             const std::string ending = entry.path().extension().string();
             if (ending != ".cpp" && ending != ".h") continue;
