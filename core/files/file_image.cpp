@@ -44,6 +44,12 @@ bool HoldTheSame(const FileImage& one, const FileImage& other) {
     return one.size == other.size && one.sum == other.sum;
 }
 
+std::optional<std::int64_t> TimeOfChange(const std::string& path) {
+    const auto status = StatusOf(path);
+    if (!status) return std::nullopt;
+    return status->st_mtime;
+}
+
 std::string LocalTimeText(std::int64_t seconds) {
     const auto time = static_cast<std::time_t>(seconds);
     std::tm parts{};

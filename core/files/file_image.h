@@ -24,6 +24,9 @@ FileImage ImageOfWritten(const std::string& path, std::string_view bytes);
 // True if the contents are the same, whenever they were written.
 bool HoldTheSame(const FileImage& one, const FileImage& other);
 
+// Time of a regular file's last change, in seconds since 1970; nothing where there is no such file. Nothing of it is read.
+std::optional<std::int64_t> TimeOfChange(const std::string& path);
+
 // A time in seconds since 1970 as the user's clock showed it: "2024-05-01 15:07:09".
 std::string LocalTimeText(std::int64_t seconds);
 

@@ -18,8 +18,8 @@ namespace {
 const std::string kLineEnd(CrLf);
 
 std::string TimeOf(const std::string& path) {
-    const auto image = ImageOf(path, kLargestProject);
-    return image ? LocalTimeText(image->changed) : "";
+    const auto changed = TimeOfChange(path);
+    return changed ? LocalTimeText(*changed) : "";
 }
 
 }  // namespace

@@ -76,12 +76,7 @@ std::string CopyPath(const char* prefix, const std::string& project) {
 
 // The project of the bytes, if it opens and goes on to its last line end: what a broken-off save leaves does not.
 std::optional<ProjectDocument> WholeProject(std::string_view bytes) {
-    if (!bytes.ends_with('\n')) return std::nullopt;
-    try {
-        return DocumentOfBytes(bytes);
-    } catch (const RunTimeError&) {
-        return std::nullopt;
-    }
+    return bytes.ends_with('\n') ? DocumentIfSound(bytes) : std::nullopt;
 }
 
 // What a new project is saved as: there is nothing in it to keep.

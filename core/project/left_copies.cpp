@@ -19,7 +19,6 @@
 #include "core/project/project_origin.h"
 #include "core/project/project_state.h"
 #include "core/project/recovery_copy.h"
-#include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 
 namespace tarvokol {
@@ -48,11 +47,7 @@ constexpr std::array<NamedFigure, 10> kFigures{{
 std::optional<ProjectDocument> DocumentOf(const std::string& path) {
     std::string bytes;
     if (ReadWholeFile(path, kLargestProject, bytes) != ReadOutcome::Read) return std::nullopt;
-    try {
-        return DocumentOfBytes(bytes);
-    } catch (const RunTimeError&) {
-        return std::nullopt;
-    }
+    return DocumentIfSound(bytes);
 }
 
 // The texts without their line ends, which reading and wrapping change.
@@ -79,11 +74,11 @@ std::string Differences(const ProjectDocument& copy, const ProjectDocument& file
 }
 
 std::string NewerWords(const LeftCopy& copy, const ProjectDocument& document) {
-    const auto image = ImageOf(copy.project, kLargestProject);
+    const auto changed = TimeOfChange(copy.project);
     std::string words;
     if (copy.project == kUntitled)
         words = "never saved";
-    else if (!image)
+    else if (!changed)
         words = "the file is gone";
     else if (const auto file = DocumentOf(copy.project))
         words = Differences(document, *file);
@@ -91,21 +86,23 @@ std::string NewerWords(const LeftCopy& copy, const ProjectDocument& document) {
         words = "the file cannot be read";
     if (!copy.typed.dialog.empty()) AppendWord(words, "typed and not yet OK");
     if (words.empty()) words = "nothing";
-    if (image && image->changed > copy.kept)
-        words += "; the file was saved later: " + LocalTimeText(image->changed);
+    if (changed && *changed > copy.kept) words += "; the file was saved later: " + LocalTimeText(*changed);
     return words;
 }
 
 std::optional<LeftCopy> Examined(AbandonedCopy abandoned) {
     std::string bytes;
     if (ReadWholeFile(abandoned.path, kLargestProject, bytes) != ReadOutcome::Read) return std::nullopt;
-    const auto document = DocumentOf(abandoned.path);
-    const auto image = ImageOf(abandoned.path, kLargestProject);
-    if (!document || !image) return std::nullopt;
+    const auto document = DocumentIfSound(bytes);
+    const auto kept = TimeOfChange(abandoned.path);
+    if (!document || !kept) return std::nullopt;
     CopyNote note = NoteOf(bytes);
-    LeftCopy copy{abandoned.path,        note.project.empty() ? kUntitled : note.project,
-                  image->changed,        "",
-                  std::move(note.typed), std::move(abandoned.lock)};
+    LeftCopy copy{abandoned.path,
+                  note.project.empty() ? kUntitled : note.project,
+                  *kept,
+                  "",
+                  std::move(note.typed),
+                  std::move(abandoned.lock)};
     copy.newer = NewerWords(copy, *document);
     return copy;
 }

@@ -5,6 +5,7 @@
 #include "core/runtime/charset.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"
+#include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 
 namespace tarvokol {
@@ -51,6 +52,14 @@ std::optional<ProjectDocument> DocumentOfBytes(std::string_view bytes) {
     ProjectDocument document;
     ReadProjectBody(input, document);
     return document;
+}
+
+std::optional<ProjectDocument> DocumentIfSound(std::string_view bytes) {
+    try {
+        return DocumentOfBytes(bytes);
+    } catch (const RunTimeError&) {
+        return std::nullopt;
+    }
 }
 
 std::string BytesOfDocument(ProjectDocument document) {

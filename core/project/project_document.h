@@ -32,6 +32,9 @@ struct ProjectDocument {
 // than `kLongestText` bytes. No figure is tested.
 std::optional<ProjectDocument> DocumentOfBytes(std::string_view bytes);
 
+// The same where the bytes may be damaged: nothing for those that raise an error, either.
+std::optional<ProjectDocument> DocumentIfSound(std::string_view bytes);
+
 // The bytes of its file: the description wrapped to 60 columns, everything in the character set that holds it.
 std::string BytesOfDocument(ProjectDocument document);
 
