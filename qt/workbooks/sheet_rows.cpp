@@ -23,11 +23,10 @@ void SheetRows::BeginCell(std::size_t row, std::size_t column) {
     row_ = row;
     const auto sheet_row = static_cast<lxw_row_t>(row);
     const auto sheet_column = static_cast<lxw_col_t>(column);
-    const bool first = sheet_->dim_rowmin == LXW_ROW_MAX;
     sheet_->dim_rowmin = std::min(sheet_->dim_rowmin, sheet_row);
     sheet_->dim_colmin = std::min(sheet_->dim_colmin, sheet_column);
-    sheet_->dim_rowmax = first ? sheet_row : std::max(sheet_->dim_rowmax, sheet_row);
-    sheet_->dim_colmax = first ? sheet_column : std::max(sheet_->dim_colmax, sheet_column);
+    sheet_->dim_rowmax = std::max(sheet_->dim_rowmax, sheet_row);
+    sheet_->dim_colmax = std::max(sheet_->dim_colmax, sheet_column);
     std::array<char, LXW_MAX_CELL_NAME_LENGTH> name{};
     Xlsx().lxw_rowcol_to_cell(name.data(), sheet_row, sheet_column);
     xml_ += "<c r=\"";
