@@ -79,7 +79,6 @@ class Normal : public Distribution {
         FillWithNormalQuantiles(shares, figures);
         FillFromNormal(figures, figures);
     }
-    bool IsFromNormal() const override { return true; }
     void FillFromNormal(std::span<const double> z, std::span<double> figures) const override {
         for (std::size_t i = 0; i < z.size(); ++i) figures[i] = mean_ + deviation_ * z[i];
     }
@@ -133,7 +132,6 @@ class Lognormal : public Distribution {
         FillWithNormalQuantiles(shares, figures);
         FillFromNormal(figures, figures);
     }
-    bool IsFromNormal() const override { return true; }
     void FillFromNormal(std::span<const double> z, std::span<double> figures) const override {
         for (std::size_t i = 0; i < z.size(); ++i) figures[i] = log_mean_ + log_deviation_ * z[i];
         FillWithExponentials(figures);

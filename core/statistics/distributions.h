@@ -38,9 +38,6 @@ class Distribution {
     // another where that would not do. Raises StudyRefusal where no whole number can be drawn.
     virtual std::shared_ptr<const Distribution> OverWholeNumbers() const { return nullptr; }
 
-    // True of a figure that is drawn by way of a standard normal one.
-    virtual bool IsFromNormal() const { return false; }
-
     // The figures that have the same shares below them as standard normal ones; both lists are of the same length and
     // may be the same.
     virtual void FillFromNormal(std::span<const double> z, std::span<double> figures) const;

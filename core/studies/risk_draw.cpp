@@ -161,22 +161,15 @@ void RiskDraw::FillMixedNormals(const Lists& lists, std::size_t field, std::span
 
 std::span<double> RiskDraw::Figures(Lists& lists, std::size_t field, const DrawPiece& piece) const {
     const Distribution& distribution = *request_.fields[field].distribution;
-    const auto shares = std::span(lists.shares[field]).first(piece.count);
     const auto figures = std::span(lists.figures[field]).first(piece.count);
     if (!IsMixed(field)) {
+        const auto shares = std::span(lists.shares[field]).first(piece.count);
         FillShares(field, piece, shares);
         distribution.FillQuantiles(shares, figures);
         return figures;
     }
     FillMixedNormals(lists, field, figures);
-    if (distribution.IsFromNormal()) {
-        distribution.FillFromNormal(figures, figures);
-        return figures;
-    }
-    constexpr double kBelowOne = 1.0 - 0x1p-53;
-    for (std::size_t i = 0; i < shares.size(); ++i)
-        shares[i] = std::clamp(NormalShare(figures[i]), std::numeric_limits<double>::min(), kBelowOne);
-    distribution.FillQuantiles(shares, figures);
+    distribution.FillFromNormal(figures, figures);
     return figures;
 }
 
