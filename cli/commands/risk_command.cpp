@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How likely the factors lie below their targets when figures are only known within bounds.
-#include <charconv>
 #include <cmath>
 #include <functional>
 #include <iostream>
 #include <limits>
-#include <optional>
 
 #include "cli/commands/commands.h"
 #include "cli/commands/samples_file.h"
@@ -20,7 +18,9 @@
 #include "core/files/csv_writer.h"
 #include "core/statistics/hypercube.h"
 #include "core/statistics/study_numbers.h"
+#include "core/studies/picture_parts.h"
 #include "core/studies/risk_study.h"
+#include "core/studies/spread_picture.h"
 #include "core/studies/study_names.h"
 
 namespace tarvokol::cli {
@@ -64,12 +64,8 @@ std::string Right(const std::string& text) {
     return room + text;
 }
 
-// Five significant digits: more would tell of the samples, not of the panel.
 std::string Short(double value) {
-    if (std::isnan(value)) return "-";
-    char buffer[32];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 5);
-    return {buffer, result.ptr};
+    return RoundedText(value, kShareDigits);
 }
 
 template <typename Value>
@@ -80,16 +76,10 @@ void AddLine(std::string& text, const std::string& title, Value value) {
     text += '\n';
 }
 
-// Two significant digits, as of a bound.
-std::string Bound(double value) {
-    char buffer[32];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 2);
-    return {buffer, result.ptr};
-}
-
 // A probability of which no sample shows anything is known by its bound alone.
 std::string ProbabilityWord(const Share& share) {
-    if (share.value == 0.0) return "below " + Bound(share.high);
+    constexpr int kBoundDigits = 2;
+    if (share.value == 0.0) return "below " + RoundedText(share.high, kBoundDigits);
     if (share.value == 1.0) return "above " + Short(share.low);
     return Short(share.value);
 }
@@ -169,9 +159,7 @@ std::string RiskText(const RiskRequest& request, const RiskResult& result, const
     std::string text = title + "\n\n";
     for (const RandomField& one : request.fields)
         text += Padded(NameOfField(one.field), 20) + one.distribution->Text() + "\n";
-    text += std::to_string(request.samples) +
-            (request.latin ? " samples (Latin hypercube)" : " samples (independent)") + ", seed " +
-            std::to_string(request.seed) + ", " + std::to_string(result.refused) + " refused\n";
+    text += SamplingInWords(request, result) + "\n";
     AddOwnTargets(text, request);
     text += '\n';
     AddLine(text, "Factor", [](std::size_t f) { return std::string(kStudyFigures[f].name); });
@@ -196,9 +184,6 @@ void AddShare(JsonMembers& object, const Share& share) {
     object.Add("probability", share.value);
     object.Add("low", share.low);
     object.Add("high", share.high);
-}
-
-void AddKind(JsonMembers& object, const Share& share) {
     if (share.kind == IntervalKind::None)
         object.Add("interval", std::numeric_limits<double>::quiet_NaN());
     else
@@ -208,11 +193,9 @@ void AddKind(JsonMembers& object, const Share& share) {
 JsonMembers BelowJson(const BelowTarget& below) {
     JsonMembers with_refused;
     AddShare(with_refused, below.with_refused);
-    AddKind(with_refused, below.with_refused);
     JsonMembers object;
     object.Add("target", below.target);
     AddShare(object, below.share);
-    AddKind(object, below.share);
     object.Add("coverage", kConfidence);
     object.Add("own_target", below.own_target);
     object.Add("with_refused", with_refused);
@@ -298,19 +281,6 @@ std::string RefusedWords(std::uint64_t refused, std::uint64_t samples) {
     return std::to_string(refused) + " of " + std::to_string(samples) + " samples (" +
            Short(100.0 * static_cast<double>(refused) / static_cast<double>(samples)) + " %)";
 }
-
-class ProgressOfSamples : public StudyObserver {
-  public:
-    ProgressOfSamples(bool quiet, std::uint64_t samples) { bar_.emplace(quiet, samples, "samples"); }
-    bool Progress(std::uint64_t done, std::optional<std::uint64_t> /*total*/) override {
-        bar_->Reach(done);
-        return true;
-    }
-    void End() { bar_.reset(); }
-
-  private:
-    std::optional<ProgressBar> bar_;
-};
 
 class Risk : public StudyCommand {
   public:
@@ -430,9 +400,10 @@ int Risk::Study(HeadlessPlatform& host) {
     const Panel project = ReadProject(host);
     const RiskRequest request = RequestFor(project, samples.IsAsked() || target.IsDrawn());
     if (target.ToFile()) target.Prepare(target.PathFor(Project()));
-    ProgressOfSamples progress(options_.quiet, request.samples);
-    const RiskResult result = *OfOption("--correlate", [&] { return RunRisk(request, progress); });
-    progress.End();
+    const RiskResult result = *OfOption("--correlate", [&] {
+        StudyProgress progress(options_.quiet, "samples");
+        return RunRisk(request, progress);
+    });
     if (samples.IsAsked()) WriteSamples(request, result, SampleTitles(request), *samples.Open());
     Write(target, request, result, project);
     if (result.refused == 0) return exit_status::Done;

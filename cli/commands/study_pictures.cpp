@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/study_pictures.h"
 
-#include <optional>
 #include <span>
 
 #include "cli/output/drawing.h"
@@ -17,23 +16,6 @@ const StudyFigure& FigureOf(const std::string& name, bool sizes) {
     if (figure->NeedsSizes() && !sizes) throw UsageError{"--of " + name + ": needs --size"};
     return *figure;
 }
-
-// The progress line of a study whose rows become a picture.
-class PictureProgress : public StudyObserver {
-  public:
-    explicit PictureProgress(bool quiet) : quiet_(quiet) {}
-
-    // A map calculates more panels than the request names, so the total comes with the first rows.
-    bool Progress(std::uint64_t done, std::optional<std::uint64_t> total) override {
-        if (!bar_) bar_.emplace(quiet_, total);
-        bar_->Reach(done);
-        return true;
-    }
-
-  private:
-    bool quiet_;
-    std::optional<ProgressBar> bar_;
-};
 
 // A picture of nothing is no wrong usage: the panels were refused.
 template <typename Make>
@@ -51,7 +33,7 @@ auto PictureOf(Make make) {
 template <typename Make>
 bool Draw(const RowJob& job, const std::string& path, Make make) {
     const auto picture = PictureOf([&] {
-        PictureProgress progress(job.quiet);
+        StudyProgress progress(job.quiet);
         return make(progress);
     });
     if (!picture) return false;

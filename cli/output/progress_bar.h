@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+#include "core/studies/study_observer.h"
+
 namespace tarvokol::cli {
 
 // What is shown after `seconds`: a bar, the share, the rate and the time left, or where no total is known the
@@ -37,6 +39,23 @@ class ProgressBar {
     std::uint64_t done_ = 0;
     Clock::time_point start_ = Clock::now();
     Clock::time_point next_;
+};
+
+// The bar of a study that is run as a whole; its total comes with what the study says first.
+class StudyProgress : public StudyObserver {
+  public:
+    explicit StudyProgress(bool quiet, const char* noun = "rows") : quiet_(quiet), noun_(noun) {}
+
+    bool Progress(std::uint64_t done, std::optional<std::uint64_t> total) override {
+        if (!bar_) bar_.emplace(quiet_, total, noun_);
+        bar_->Reach(done);
+        return true;
+    }
+
+  private:
+    bool quiet_;
+    const char* noun_;
+    std::optional<ProgressBar> bar_;
 };
 
 }  // namespace tarvokol::cli

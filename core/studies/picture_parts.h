@@ -45,5 +45,6 @@ double ShownFigure(const StudyFigure& figure, const PanelFigures& row);
 // A number for people: at most so many significant digits, "-" for NaN.
 std::string RoundedText(double value, int digits);
 constexpr int kFigureDigits = 6;
+constexpr int kShareDigits = 5;  // of what samples tell: more would tell of the samples, not of the panel
 
 }  // namespace tarvokol

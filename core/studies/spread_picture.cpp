@@ -10,7 +10,6 @@ namespace {
 
 constexpr std::size_t kBars = 60;
 constexpr std::size_t kStepsOfShare = 240;  // of the cumulative curve; a multiple of the bars
-constexpr int kShareDigits = 5;             // more would tell of the samples, not of the panel
 
 std::string Short(double value) {
     return RoundedText(value, kShareDigits);
