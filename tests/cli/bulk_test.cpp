@@ -70,6 +70,23 @@ TEST_F(Bulk, WordsForPeopleGoToStandardErrorUnderTheFilesName) {
     EXPECT_EQ(answer.err, "flat.TKL: Invalid entry height\nnone.TKL: File not found\n");
 }
 
+// A file that is refused, or cannot be read, takes no setting away from those after it.
+TEST_F(Bulk, SettingsHoldForEveryFile) {
+    WriteBytes(PathTo("s.ini"), "[TARVOKOLOptions]\r\nPlotRangeMin=100\r\nPlotRangeMax=300\r\n");
+    ProjectText flat;
+    flat.height = "0";
+    Project("flat.TKL", flat);
+    Project("a.TKL");
+    WriteBytes(PathTo("cut.TKL"), "TARVOKOL_101\r\n 0 \r\n");
+    const std::vector<json> answers = Run({"curve", "sf-depth", "--settings", "s.ini", "--json", "a.TKL",
+                                           "flat.TKL", "a.TKL", "cut.TKL", "none.TKL", "a.TKL"})
+                                          .Objects();
+    ASSERT_EQ(answers.size(), 6u);
+    EXPECT_EQ(answers[0], answers[2]);
+    EXPECT_EQ(answers[0], answers[5]);
+    EXPECT_NE(answers[0], Run({"curve", "sf-depth", "--json", "a.TKL"}).Object());
+}
+
 // One form under two extensions, for every command that writes objects.
 TEST_F(Bulk, JsonLinesHaveTwoExtensions) {
     Project("a.TKL");

@@ -252,6 +252,8 @@ TEST_F(Manners, ThePlanIsATableForPrograms) {
               "a.TKL,1,Barrier,ft,131,64,151,64,151,254,131,254\n"
               "a.TKL,2,Web,ft,161,64,169,64,169,254,161,254\n"
               "a.TKL,3,Web,ft,179,64,187,64,187,254,179,254\n");
+    EXPECT_THAT(Run({"plan", "--format", "csv", Project("pit \"A\", north.TKL", project)}).out,
+                HasSubstr("\n\"pit \"\"A\"\", north.TKL\",1,Barrier,ft,131,64,"));
     const std::string both = Run({"plan", "--format", "csv", "a.TKL", "m.TKL"}).out;
     EXPECT_EQ(std::count(both.begin(), both.end(), '\n'), 9);
     EXPECT_THAT(both, HasSubstr("\nm.TKL,1,Barrier,m,"));

@@ -185,6 +185,21 @@ TEST_F(PathListTest, AFileIsSelectedByItsNameOnceItIsListed) {
     EXPECT_EQ(files.Folder(), PathTo("beta"));
 }
 
+// A name that was never listed in its folder selects nothing of that name elsewhere.
+TEST_F(PathListTest, AnotherFolderForgetsTheFileThatWasWanted) {
+    WriteBytes(PathTo("alpha/b.txt"), "x");
+    FileList files;
+    files.SetFolder(PathTo("beta"));
+    files.SetPattern("*.TKL");
+    ExpectListed(files, {"a.TKL", "c[1].TKL"});
+    files.SetFileName("b.txt");
+    files.SetFolder(PathTo("alpha"));
+    files.SetFolder(PathTo("beta"));
+    files.SetPattern("*.*");
+    ExpectListed(files, {"a.TKL", "b.txt", "c[1].TKL"});
+    EXPECT_EQ(files.FileName(), "");
+}
+
 TEST_F(PathListTest, ADoubleClickAndEnterOpenTheSelectedFile) {
     FileList files;
     files.resize(200, 200);

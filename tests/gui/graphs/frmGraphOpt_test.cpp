@@ -313,6 +313,31 @@ TEST_F(GraphOptions, OpeningWithDefaultsAndCancellingChangesNothing) {
     EXPECT_EQ(GridStyle, 3);
 }
 
+// The settings before the first look at the defaults are the ones to go back to.
+TEST_F(GraphOptions, CancelAfterTwoLooksAtTheDefaultsChangesNothing) {
+    frmGraphOpt& dialog = ShowDialog(0);
+    GraphTitle = "My panel";
+    SymbolSize = 8;
+    Click(dialog, "Option1_0");
+    Click(dialog, "Option1_1");
+    Click(dialog, "Option1_0");
+    Click(dialog, "Command1");
+    EXPECT_EQ(GraphTitle, "My panel");
+    EXPECT_EQ(SymbolSize, 8);
+    EXPECT_EQ(GraphSetParams, 1);
+}
+
+// A chart that was cleared between the defaults and the cancelled end stays a cleared one.
+TEST_F(GraphOptions, CancelBringsNoClearedChartBack) {
+    frmGraphOpt& dialog = ShowDialog(0);
+    GraphRestyleCount = 1;
+    Click(dialog, "Option1_0");
+    Click(dialog, "Command3");
+    Click(dialog, "Command1");
+    EXPECT_EQ(GraphRestyleCount, 0);
+    EXPECT_EQ(Graph->Graph1().NumSeries(), 0);
+}
+
 TEST_F(GraphOptions, ATitleStoredWithDefaultsOutlivesACancelledOpening) {
     ResetGraphDefaults();
     frmGraph& form = ShowStability(0);

@@ -353,6 +353,16 @@ TEST_F(GraphForm, ACancelledPrinterDialogPrintsAndLogsNothing) {
     EXPECT_TRUE(Messages().empty());
 }
 
+TEST_F(GraphForm, ACancelledPrintLeavesTheNextOneItsWay) {
+    frmGraph& form = ShowStability(1);
+    Printer.PrintToFile(PathTo("graph.pdf"));
+    Host.Dialogs.PrinterAnswers = {false, true};
+    Choose(form, "GraphFileItem_0");
+    Choose(form, "GraphFileItem_0");
+    EXPECT_EQ(ReadBytes(PathTo("graph.pdf")).substr(0, 5), "%PDF-");
+    EXPECT_EQ(Host.MainWindow.History, "1. Printing Graph\r\n");
+}
+
 TEST_F(GraphForm, WithoutAPrinterNothingIsPrinted) {
     frmGraph& form = ShowStability(1);
     Host.Dialogs.PrinterAnswers = {true};

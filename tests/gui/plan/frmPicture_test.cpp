@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPainter>
 #include <QScreen>
 
 #include "core/graphics/TarvoGraf.h"
@@ -18,10 +19,12 @@
 #include "desktop/base/form_registry.h"
 #include "desktop/base/modCapture.h"
 #include "qt/plan/plan_sheet.h"
+#include "qt/print/page_painter.h"
 #include "qt/print/qt_printer.h"
 #include "tests/support/gui_fixture.h"
 #include "tests/support/ink.h"
 #include "tests/support/planned_panel.h"
+#include "tests/support/recording_printer.h"
 
 namespace tarvokol {
 namespace {
@@ -350,6 +353,31 @@ TEST_F(PlotWindow, PrintsTheClientAreaOnTheDefaultPrinter) {
     EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
     EXPECT_GT(pdf.size(), 4000u);
     EXPECT_THAT(Host.Dialogs.PrinterFlags, IsEmpty());
+}
+
+// A printer whose paper is an image.
+class ImagePrinter : public RecordingPrinter {
+  public:
+    void PrintDrawing(double width, double height, const std::function<void(PagePainter&)>& draw) override {
+        Paper = QImage(static_cast<int>(width), static_cast<int>(height), QImage::Format_RGB32);
+        Paper.fill(Qt::white);
+        QPainter painter(&Paper);
+        PagePainter page(painter);
+        draw(page);
+    }
+    QImage Paper;
+};
+
+TEST_F(PlotWindow, PrintsInTheFontSizeThatWasChosen) {
+    ImagePrinter printer;
+    Platform.Printer = &printer;
+    PlotEntryDims = 0;
+    frmPicture& form = OpenFrom<OpeningDialog>();
+    ASSERT_TRUE(Choose(form, "mnuPlotFileItem_0"));
+    const QRect before = InkOf(printer.Paper);
+    for (int i = 0; i < 4; ++i) ASSERT_TRUE(Choose(form, "mnuEditItem_1"));
+    ASSERT_TRUE(Choose(form, "mnuPlotFileItem_0"));
+    EXPECT_GT(InkOf(printer.Paper).width(), before.width() + 60);
 }
 
 TEST_F(PlotWindow, WithoutAPrinterItPrintsToThePdfFileThatItAsksFor) {

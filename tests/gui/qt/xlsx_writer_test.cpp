@@ -520,6 +520,18 @@ TEST_F(XlsxWriterTest, ADesktopsWorkbookThatIsGivenUpFreesItsName) {
     EXPECT_TRUE(Host.TheShell.Opened.empty());
 }
 
+TEST_F(XlsxWriterTest, AWorkbookThatIsShownOutlivesItsWriter) {
+    {
+        DesktopXlsxWriter writer;
+        writer.BeginWorkbook();
+        writer.SetCell("A1", 1.0);
+        writer.ShowWorkbook();
+        writer.BeginWorkbook();
+    }
+    EXPECT_EQ(Cells(ReadBytes(PathTo("Curves1.xlsx"))).at("A1"), "1");
+    EXPECT_FALSE(std::filesystem::exists(PathTo("Curves2.xlsx")));
+}
+
 // 33 and more tell that a program was found.
 TEST_F(XlsxWriterTest, AProgramThatOpensTheWorkbookLeavesNothingToTell) {
     for (const int result : {32, 33}) {

@@ -331,6 +331,17 @@ TEST_F(TextFile, TheWholeFileDecidesOnItsCharacterSet) {
     EXPECT_THAT(Lines("Fl\xC3\xB6z\r\n\xF6"), ElementsAre("Fl\xC3\x83\xC2\xB6z", "\xC3\xB6"));
 }
 
+// However far back the byte stands that is no UTF-8.
+TEST_F(TextFile, ALateByteDecidesOnTheFirstLine) {
+    for (const std::size_t filler : {4000u, 16380u, 70000u, 1100000u}) {
+        SCOPED_TRACE(filler);
+        std::string bytes = "Fl\xC3\xB6z\r\n";
+        for (std::size_t i = 0; i < filler; i += 100) bytes += std::string(98, 'x') + "\r\n";
+        EXPECT_EQ(Lines(bytes).front(), "Fl\xC3\xB6z");
+        EXPECT_EQ(Lines(bytes + "\xF6").front(), "Fl\xC3\x83\xC2\xB6z");
+    }
+}
+
 TEST_F(TextFile, AScratchFileIsReadBackThroughItsNumber) {
     OpenScratch(1, PathTo("scratch"));
     PrintLine(1, "Fl\xC3\xB6z");

@@ -160,6 +160,20 @@ TEST_F(Lifecycle, CancelledOpenIsSilentAndLeavesTheBareName) {
     EXPECT_EQ(Window().History, "1. Cancel was selected\r\n");
 }
 
+TEST_F(Lifecycle, ACancelledDialogLeavesTheNextOneItsWay) {
+    const std::string path = WriteProject("one.TKL", "One");
+    FileOpenCommand();
+    FileSaveCommand(true);
+    EXPECT_TRUE(DialogCancelled);
+    Host.Dialogs.FileAnswers = {path, PathTo("two.TKL")};
+    FileOpenCommand();
+    EXPECT_FALSE(DialogCancelled);
+    EXPECT_EQ(ProjectTitle, "One");
+    FileSaveCommand(true);
+    EXPECT_EQ(ProjectFileName, PathTo("two.TKL"));
+    EXPECT_TRUE(std::filesystem::exists(PathTo("two.TKL")));
+}
+
 // The program's own folder is the current one: a project's bare name must never end up there.
 TEST_F(Lifecycle, CancelledOpenThenSaveWritesIntoTheProjectsFolder) {
     std::filesystem::create_directories(PathTo("mine"));

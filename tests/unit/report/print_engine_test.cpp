@@ -284,5 +284,30 @@ TEST_F(PrintEngine, RepeatsTheWholeBlockOnRetry) {
     EXPECT_THAT(LinesFrom(2), ElementsAre(Line{1, 1152, 1152, "a", false}, Line{1, 1152, 1352, "b", false}));
 }
 
+// A printer that counts how often its job was closed.
+class ClosingPrinter : public RecordingPrinter {
+  public:
+    void CloseDoc() override { ++Closed; }
+    int Closed = 0;
+};
+
+TEST_F(PrintEngine, ClosesTheJobThatWasGivenUp) {
+    ClosingPrinter printer;
+    Platform.Printer = &printer;
+    bool aborted = false;
+    {
+        CommandGuard guard(aborted);
+        RunPrintJob(guard, "a\r\n", PrintedMatter::Report);
+    }
+    EXPECT_EQ(printer.Closed, 1);
+    printer.FailingPrints = 1;
+    Host.Messages.Answers = {2};
+    {
+        CommandGuard guard(aborted);
+        RunPrintJob(guard, "a\r\n", PrintedMatter::Report);
+    }
+    EXPECT_EQ(printer.Closed, 2);
+}
+
 }  // namespace
 }  // namespace tarvokol

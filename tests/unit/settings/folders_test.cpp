@@ -177,6 +177,24 @@ TEST_F(Folders, AnExampleThatTheUserEmptiedOrCutStays) {
     }
 }
 
+// 17 bytes of the user's own are no worse than 17 of the program's.
+TEST_F(Folders, AnExampleOfTheSameSizeStays) {
+    WriteBytes(PathTo("app/A.TKL"), "one\ntwo\nthree\n");
+    WriteBytes(PathTo("data/A.TKL"), "ONE\r\nTWO\r\nTHREE\r\n");
+    CopyExampleFiles();
+    EXPECT_EQ(ReadBytes(PathTo("data/A.TKL")), "ONE\r\nTWO\r\nTHREE\r\n");
+}
+
+// What is copied once is left alone at the next start, its date included.
+TEST_F(Folders, AnExampleIsCopiedOnce) {
+    WriteBytes(PathTo("app/A.TKL"), "one\n");
+    CopyExampleFiles();
+    const std::filesystem::file_time_type long_ago{};
+    std::filesystem::last_write_time(PathTo("data/A.TKL"), long_ago);
+    CopyExampleFiles();
+    EXPECT_EQ(std::filesystem::last_write_time(PathTo("data/A.TKL")), long_ago);
+}
+
 TEST_F(Folders, ADeletedExampleComesBackUnlessSwitchedOff) {
     WriteBytes(PathTo("app/A.TKL"), "one\n");
     CopyExampleFilesSetting = 0;

@@ -5,6 +5,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
+#include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -74,6 +77,24 @@ TEST(RiskStudy, RanksAreThoseOfTheSamplesThatAreNotRefused) {
     for (std::size_t i = 0; i < depths.size(); ++i)
         squares += std::pow(rank(depths, depths[i]) - rank(factors, factors[i]), 2);
     EXPECT_NEAR(result.risk[kWebs].rank_correlation[1], 1 - 6 * squares / (n * (n * n - 1)), 1e-12);
+}
+
+// Each field has a text of its own for a figure that it cannot store.
+TEST(RiskStudy, TenTextsOfRefusalsAreToldAtTheMost) {
+    std::vector<std::string> texts;
+    for (const char* field : {"Height", "DepthCover", "HoleWidth", "WebThickness", "BarrierPillarWidth",
+                              "CoalStrength", "UnitWeight", "AbutmentAngle", "SFWeb", "SFBarrier"})
+        texts.push_back(std::string(field) + "=uniform:-4e38:4e38");
+    std::vector<const char*> fields;
+    fields.reserve(texts.size());
+    for (const std::string& text : texts) fields.push_back(text.c_str());
+    RiskRequest request = WorkedRisk(fields, 20000);
+    request.threads = 3;
+    const std::vector<std::string> refusals = RunRisk(request).refusals;
+    EXPECT_EQ(refusals.size(), 10u);
+    EXPECT_EQ(std::set<std::string>(refusals.begin(), refusals.end()).size(), 10u);
+    request.threads = 1;
+    EXPECT_EQ(RunRisk(request).refusals, refusals);
 }
 
 // Who does not ask for the drawn values gets the same figures.
