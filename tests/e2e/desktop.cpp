@@ -20,6 +20,7 @@ namespace {
 // A look starts a few programs, which keep the machine from the one under test.
 constexpr std::chrono::milliseconds kBetweenLooks{50};
 constexpr int kMostPresses = 4;
+constexpr int kMostStarts = 5;  // of a server with its window manager
 
 pid_t Spawn(const std::vector<std::string>& words, const posix_spawn_file_actions_t* actions = nullptr) {
     std::vector<std::string> copies = words;
@@ -33,7 +34,12 @@ pid_t Spawn(const std::vector<std::string>& words, const posix_spawn_file_action
 
 class Desktop {
   public:
-    Desktop() { up_ = StartServer() && StartWindowManager(); }
+    // Of two servers that look for a free display at the same moment one may lose its own: its window manager finds none
+    // and ends. Both are started once more then.
+    Desktop() {
+        for (int starts = 0; starts < kMostStarts && !up_; ++starts)
+            up_ = StartServer() && StartWindowManager();
+    }
     bool IsUp() const { return up_; }
 
   private:
@@ -57,9 +63,12 @@ class Desktop {
     }
 
     bool StartWindowManager() {
-        return manager_.Start({"openbox", "--sm-disable"}) && Eventually([] {
-                   return OutputOf("xdotool get_num_desktops 2>/dev/null").find_first_of("123456789") == 0;
-               });
+        const auto manages = [] {
+            return OutputOf("xdotool get_num_desktops 2>/dev/null").find_first_of("123456789") == 0;
+        };
+        bool up = false;
+        return manager_.Start({"openbox", "--sm-disable"}) &&
+               Eventually([&] { return !manager_.IsRunning() || (up = manages()); }) && up;
     }
 
     Servant server_;
@@ -84,12 +93,23 @@ std::string Quoted(const std::string& text) {
 }  // namespace
 
 Servant::~Servant() {
-    if (process_ == 0) return;
+    End();
+}
+
+void Servant::End() {
+    if (!IsRunning()) return;
     kill(process_, SIGTERM);
     waitpid(process_, nullptr, 0);
+    process_ = 0;
+}
+
+bool Servant::IsRunning() {
+    if (process_ != 0 && waitpid(process_, nullptr, WNOHANG) == process_) process_ = 0;
+    return process_ != 0;
 }
 
 bool Servant::Start(const std::vector<std::string>& words, const posix_spawn_file_actions_t* actions) {
+    End();
     process_ = Spawn(words, actions);
     return process_ != 0;
 }

@@ -40,10 +40,14 @@ class Servant {
     Servant& operator=(const Servant&) = delete;
     ~Servant();
 
-    // Starts the program that the first word names, with the caller's environment.
+    // Starts the program that the first word names, with the caller's environment; one started before ends first.
     bool Start(const std::vector<std::string>& words, const posix_spawn_file_actions_t* actions = nullptr);
 
+    bool IsRunning();
+
   private:
+    void End();
+
     pid_t process_ = 0;
 };
 
