@@ -295,6 +295,7 @@ class Risk : public StudyCommand {
         return {"tarvokol-cli risk panel.TKL --random CoalStrength=lognormal:100%:15%",
                 "tarvokol-cli risk panel.TKL --random CoalStrength=normal:900:135 --random "
                 "DepthCover=triangular:90%:100%:120% -o risk.png",
+                "tarvokol-cli risk panel.TKL --random CoalStrength=data:strengths.csv:Strength",
                 "tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --samples 1000000 --json"};
     }
     int Study(HeadlessPlatform& host) override;
@@ -319,8 +320,10 @@ void Risk::Describe(CommandOptions& options) {
              {"txt", "json", "jsonl", "png", "svg", "pdf"});
     options.Texts(
         {.spelling = "--random",
-         .help = "FIELD=normal:MEAN:SD, lognormal:MEAN:SD, uniform:LO:HI or triangular:LO:MODE:HI; a "
-                 "figure that ends in % is a share of the project's own; once per field",
+         .help =
+             "FIELD=" + KnownDistributions() +
+             "; a figure that ends in % is a share of the project's own, but SD of the MEAN beside it: of a "
+             "strength of 900 normal:80%:10% is normal:720:72; once per field",
          .value = "FIELD=DISTRIBUTION",
          .required = true},
         random_);

@@ -3,10 +3,12 @@
 // differ between compilers, so each stands here, one class with all that belongs to it.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarvokol {
 
@@ -38,6 +40,9 @@ class Distribution {
     // another where that would not do. Raises StudyRefusal where no whole number can be drawn.
     virtual std::shared_ptr<const Distribution> OverWholeNumbers() const { return nullptr; }
 
+    // False of single values, which have no density: they cannot be correlated by shares.
+    virtual bool IsContinuous() const { return true; }
+
     // The figures that have the same shares below them as standard normal ones; both lists are of the same length and
     // may be the same.
     virtual void FillFromNormal(std::span<const double> z, std::span<double> figures) const;
@@ -45,12 +50,16 @@ class Distribution {
 
 using DistributionPtr = std::shared_ptr<const Distribution>;
 
-// Reads "normal:MEAN:SD", "lognormal:MEAN:SD", "uniform:LO:HI" or "triangular:LO:MODE:HI". A figure that ends in "%" is a
-// share of `base`, the project's own value. Mean and standard deviation of a lognormal figure are the figure's, not its
-// logarithm's. Raises StudyRefusal.
-DistributionPtr ParseDistribution(std::string_view text, double base);
+// Reads the measured values of a column: at least one. Raises StudyRefusal for a file or column that has none.
+using ColumnReader = std::function<std::vector<double>(const std::string& file, const std::string& column)>;
 
-// How each distribution is written: "normal:MEAN:SD, lognormal:MEAN:SD, uniform:LO:HI or triangular:LO:MODE:HI".
+// Reads a distribution as KnownDistributions has it. A figure in percent is a share of `base`, the project's own value, but that
+// of a standard deviation a share of the mean beside it; shapes are plain numbers, and a probability in percent is a share of
+// 1. Mean and standard deviation of a lognormal figure are the figure's, not its logarithm's; those of a truncated normal one
+// are the normal figure's before it was cut. Raises StudyRefusal.
+DistributionPtr ParseDistribution(std::string_view text, double base, const ColumnReader& columns = {});
+
+// How each distribution is written: "normal:MEAN:SD, lognormal:MEAN:SD, ... or data:FILE.csv:COLUMN".
 std::string KnownDistributions();
 
 }  // namespace tarvokol

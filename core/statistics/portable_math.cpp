@@ -59,18 +59,52 @@ constexpr std::array<double, 8> kFarBottom{1.0,
                                            1.42151175831644588870e-7,
                                            2.04426310338993978564e-15};
 
+// Twice the inverse hyperbolic tangent of a number below 0.172 less the first term of the series, of which eleven reach the
+// last place.
+double AfterFirstTerm(double s) {
+    constexpr std::array<double, 11> kSeries{2.0 / 3,  2.0 / 5,  2.0 / 7,  2.0 / 9,  2.0 / 11, 2.0 / 13,
+                                             2.0 / 15, 2.0 / 17, 2.0 / 19, 2.0 / 21, 2.0 / 23};
+    const double square = s * s;
+    return s * square * Polynomial(kSeries, square);
+}
+
+double TwiceArtanh(double s) {
+    return 2.0 * s + AfterFirstTerm(s);
+}
+
+// ln of mantissa x 2 ^ exponent, the mantissa from 0.5 to 1: ln m = 2 artanh s with s = (m - 1) / (m + 1).
+double LogOf(double mantissa, int exponent) {
+    const bool small = mantissa < 0.70710678118654752;
+    mantissa = small ? mantissa * 2.0 : mantissa;
+    const double twos = small ? exponent - 1 : exponent;
+    const double s = (mantissa - 1.0) / (mantissa + 1.0);
+    return twos * kLn2High + (2.0 * s + (AfterFirstTerm(s) + twos * kLn2Low));
+}
+
+// Of a normal figure above 0: its parts are read off its bits, which takes less than the library's call.
+double OrdinaryLog(double value) {
+    constexpr int kFractionBits = 52;
+    constexpr int kBiasOfHalf = 1022;
+    constexpr std::uint64_t kFraction = (std::uint64_t{1} << kFractionBits) - 1;
+    const auto bits = std::bit_cast<std::uint64_t>(value);
+    const int exponent = static_cast<int>(bits >> kFractionBits) - kBiasOfHalf;
+    const std::uint64_t half = std::uint64_t{kBiasOfHalf} << kFractionBits;
+    return LogOf(std::bit_cast<double>((bits & kFraction) | half), exponent);
+}
+
+// Of e ^ x less 1 and x, divided by x^2: thirteen terms of the series reach the last place within half of ln 2.
+constexpr std::array<double, 12> kExponentialSeries{
+    1.0 / 2,     1.0 / 6,      1.0 / 24,      1.0 / 120,      1.0 / 720,       1.0 / 5040,
+    1.0 / 40320, 1.0 / 362880, 1.0 / 3628800, 1.0 / 39916800, 1.0 / 479001600, 1.0 / 6227020800};
+
 // The exponential function of a power that is not out of range, as a figure near 1 x 2 ^ twos. The library's own way to
 // round down is a call that takes longer than that.
 double NearOne(double power, int& twos) {
     const double rounded = power * kPerLn2 + 0.5;
     twos = static_cast<int>(rounded);
     twos -= twos > rounded ? 1 : 0;
-    // Within half of ln 2 thirteen terms of the series reach the last place.
     const double rest = (power - twos * kLn2High) - twos * kLn2Low;
-    constexpr std::array<double, 12> kSeries{
-        1.0 / 2,     1.0 / 6,      1.0 / 24,      1.0 / 120,      1.0 / 720,       1.0 / 5040,
-        1.0 / 40320, 1.0 / 362880, 1.0 / 3628800, 1.0 / 39916800, 1.0 / 479001600, 1.0 / 6227020800};
-    return 1.0 + (rest + rest * rest * Polynomial(kSeries, rest));
+    return 1.0 + (rest + rest * rest * Polynomial(kExponentialSeries, rest));
 }
 
 constexpr double kOrdinaryPower = 690.0;  // far from where 2 ^ twos leaves the range of normal figures
@@ -142,19 +176,21 @@ double ComplementaryError(double x) {
 
 double PortableLog(double value) {
     int exponent = 0;
-    double mantissa = std::frexp(value, &exponent);  // 0.5 to 1
-    if (mantissa < 0.70710678118654752) {
-        mantissa *= 2.0;
-        --exponent;
-    }
-    // ln m = 2 artanh s with s = (m - 1) / (m + 1), below 0.172: eleven terms of the series reach the last
-    // place.
-    const double s = (mantissa - 1.0) / (mantissa + 1.0);
-    constexpr std::array<double, 11> kSeries{2.0 / 3,  2.0 / 5,  2.0 / 7,  2.0 / 9,  2.0 / 11, 2.0 / 13,
-                                             2.0 / 15, 2.0 / 17, 2.0 / 19, 2.0 / 21, 2.0 / 23};
-    const double square = s * s;
-    const double rest = s * square * Polynomial(kSeries, square);
-    return exponent * kLn2High + (2.0 * s + (rest + exponent * kLn2Low));
+    const double mantissa = std::frexp(value, &exponent);  // 0.5 to 1
+    return LogOf(mantissa, exponent);
+}
+
+double PortableLog1p(double value) {
+    constexpr double kNear = 0.17;
+    // ln (1 + v) = 2 artanh (v / (2 + v)), whose argument is below 0.1 here.
+    if (std::fabs(value) < kNear) return TwiceArtanh(value / (2.0 + value));
+    return PortableLog(1.0 + value);
+}
+
+double PortableExpm1(double power) {
+    constexpr double kNear = 0.34;  // within half of ln 2
+    if (std::fabs(power) < kNear) return power + power * power * Polynomial(kExponentialSeries, power);
+    return PortableExp(power) - 1.0;
 }
 
 double PortableExp(double power) {
@@ -189,6 +225,12 @@ double NormalShare(double z) {
 double NormalDensity(double z) {
     constexpr double kPerRootTwoPi = 0.39894228040143268;
     return kPerRootTwoPi * GaussianOf(std::fabs(z) * 0.70710678118654752);
+}
+
+void FillWithLogarithms(std::span<double> values) {
+    bool ordinary = true;
+    for (const double value : values) ordinary &= value >= std::numeric_limits<double>::min();
+    for (double& value : values) value = ordinary ? OrdinaryLog(value) : PortableLog(value);
 }
 
 void FillWithExponentials(std::span<double> powers) {

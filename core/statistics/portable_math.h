@@ -13,6 +13,15 @@ double PortableLog(double value);
 // e to a power, within two units in the last place; 0 and infinity beyond the range of a double.
 double PortableExp(double power);
 
+// Natural logarithm of 1 + value, value above -1, within four units in the last place however small the value is.
+double PortableLog1p(double value);
+
+// e to a power, less 1, within four units in the last place however small the power is.
+double PortableExpm1(double power);
+
+// The logarithms of finite numbers above 0 in place of them, each as PortableLog has it.
+void FillWithLogarithms(std::span<double> values);
+
 // The powers of e in place of their exponents, each as PortableExp has it.
 void FillWithExponentials(std::span<double> powers);
 

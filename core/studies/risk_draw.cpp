@@ -125,10 +125,11 @@ bool RiskDraw::IsMixed(std::size_t field) const {
     return !request_.latin && std::find(correlated_.begin(), correlated_.end(), field) != correlated_.end();
 }
 
-// True where another share gives another value: not of whole numbers and constants.
+// True where another share gives another value: not of whole numbers, single values and constants.
 bool RiskDraw::RisesWithItsShare(std::size_t field) const {
     const RandomField& random = request_.fields[field];
-    return !IsWholeField(random.field) && random.distribution->StandardDeviation() > 0.0;
+    return !IsWholeField(random.field) && random.distribution->IsContinuous() &&
+           random.distribution->StandardDeviation() > 0.0;
 }
 
 void RiskDraw::FillShares(std::size_t field, const DrawPiece& piece, std::span<double> shares) const {

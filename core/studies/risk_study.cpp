@@ -16,6 +16,7 @@
 #include "core/statistics/rank_order.h"
 #include "core/statistics/study_numbers.h"
 #include "core/statistics/study_refusal.h"
+#include "core/studies/measured_column.h"
 #include "core/studies/risk_draw.h"
 #include "core/studies/shortage.h"
 #include "core/studies/task_run.h"
@@ -308,7 +309,8 @@ class RiskRun {
 void RiskRequest::AddField(PanelField field, std::string_view distribution) {
     About(NameOfField(field), [&] {
         if (IndexOf(fields, field) < fields.size()) throw StudyRefusal("the field is given twice");
-        DistributionPtr parsed = ParseDistribution(distribution, ValueOfField(panel, field));
+        DistributionPtr parsed =
+            ParseDistribution(distribution, ValueOfField(panel, field), ReaderForField(field, panel.units));
         const DistributionPtr whole = IsWholeField(field) ? parsed->OverWholeNumbers() : nullptr;
         fields.push_back({field, whole ? whole : parsed});
     });
@@ -325,6 +327,9 @@ void RiskRequest::AddCorrelation(PanelField first, PanelField second, double val
             if (IsWholeField(field))
                 throw StudyRefusal(std::string(NameOfField(field)) +
                                    " is drawn over whole numbers, which have no correlation");
+            if (!fields[index].distribution->IsContinuous())
+                throw StudyRefusal(std::string(NameOfField(field)) +
+                                   " is drawn from single values, which have no correlation");
         }
         for (const FieldCorrelation& other : correlations)
             if ((other.first == first && other.second == second) ||

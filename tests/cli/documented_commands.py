@@ -73,6 +73,7 @@ def prepare(folder, source):
         shutil.copy(example, folder / "examples")
     shutil.copy(source / "examples/Contour_Bench_Shallow.TKL", folder / "panel.TKL")
     shutil.copy(source / "examples/Tamsin_Ridge_Boreholes.csv", folder / "boreholes.csv")
+    shutil.copy(source / "examples/Tamsin_Ridge_Strengths.csv", folder / "strengths.csv")
     (folder / "survey.csv").write_text("Hole,DepthCover,Height,Note\nA,60,4.5,x\n")
 
 

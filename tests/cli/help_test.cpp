@@ -178,25 +178,28 @@ TEST_F(Help, TellsOfRisks) {
         Lines{"How likely the factors lie below their targets when figures are uncertain "} + kProject +
             kCommon + Output("Write the summary (.txt, .json) or a picture (.png, .svg, .pdf)") +
             Format("txt,json,jsonl,png,svg,pdf") + kOverwriting + kThreads +
-            Lines{
-                "--random FIELD=DISTRIBUTION REQUIRED FIELD=normal:MEAN:SD, lognormal:MEAN:SD, uniform:LO:HI "
-                "or triangular:LO:MODE:HI; a figure that ends in % is a share of the project's own; once per "
-                "field ",
-                "--correlate A,B=R FIELD,FIELD=R: a pair of fields moves together; R, between -1 and 1, is "
-                "the "
-                "correlation of their normal scores: of normal fields their own, of lognormal ones that of "
-                "the "
-                "logarithms ",
-                "--samples N Number of samples (default 100000) ",
-                "--seed S Seed of the random numbers (default 1) ",
-                "--plain Independent draws instead of Latin hypercubes ",
-                "--samples-out FILE.csv Write all samples as CSV; `-`: standard output "});
+            Lines{"--random FIELD=DISTRIBUTION REQUIRED FIELD=normal:MEAN:SD, lognormal:MEAN:SD, "
+                  "truncnormal:MEAN:SD:LO:HI, uniform:LO:HI, triangular:LO:MODE:HI, pert:LO:MODE:HI, "
+                  "beta:A:B:LO:HI, weibull:SCALE:SHAPE, gumbel:MODE:SCALE, gamma:SCALE:SHAPE, "
+                  "list:V1@P1,V2@P2,... or data:FILE.csv:COLUMN; a figure that ends in % is a share of the "
+                  "project's own, but SD of the MEAN beside it: of a strength of 900 normal:80%:10% is "
+                  "normal:720:72; once per field ",
+                  "--correlate A,B=R FIELD,FIELD=R: a pair of fields moves together; R, between -1 and 1, is "
+                  "the "
+                  "correlation of their normal scores: of normal fields their own, of lognormal ones that of "
+                  "the "
+                  "logarithms ",
+                  "--samples N Number of samples (default 100000) ",
+                  "--seed S Seed of the random numbers (default 1) ",
+                  "--plain Independent draws instead of Latin hypercubes ",
+                  "--samples-out FILE.csv Write all samples as CSV; `-`: standard output "});
     EXPECT_THAT(
         Run({"risk", "--help"}).out,
         HasSubstr(kFields +
                   "  tarvokol-cli risk panel.TKL --random CoalStrength=lognormal:100%:15%\n"
                   "  tarvokol-cli risk panel.TKL --random CoalStrength=normal:900:135 --random "
                   "DepthCover=triangular:90%:100%:120% -o risk.png\n"
+                  "  tarvokol-cli risk panel.TKL --random CoalStrength=data:strengths.csv:Strength\n"
                   "  tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --samples 1000000 --json\n"));
 }
 

@@ -1,5 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <algorithm>
 #include <cmath>
+#include <cstdio>
+#include <numeric>
+#include <sstream>
+#include <string>
+#include <vector>
 
 #include "tests/cli/cli_runner.h"
 
@@ -8,6 +14,24 @@ namespace {
 
 using nlohmann::json;
 using ::testing::HasSubstr;
+
+// Of values without ties.
+double Spearman(const std::vector<double>& x, const std::vector<double>& y) {
+    const auto ranks = [](const std::vector<double>& values) {
+        std::vector<std::size_t> order(values.size());
+        std::iota(order.begin(), order.end(), std::size_t{0});
+        std::sort(order.begin(), order.end(), [&](auto a, auto b) { return values[a] < values[b]; });
+        std::vector<double> ranks(values.size());
+        for (std::size_t i = 0; i < order.size(); ++i) ranks[order[i]] = static_cast<double>(i);
+        return ranks;
+    };
+    const std::vector<double> a = ranks(x);
+    const std::vector<double> b = ranks(y);
+    double squares = 0;
+    for (std::size_t i = 0; i < a.size(); ++i) squares += (a[i] - b[i]) * (a[i] - b[i]);
+    const auto n = static_cast<double>(a.size());
+    return 1 - 6 * squares / (n * (n * n - 1));
+}
 
 class RiskCommand : public CliTest {
   protected:
@@ -136,6 +160,71 @@ TEST_F(RiskCommand, CorrelatedFieldsMoveTogether) {
     EXPECT_NEAR(covariance / spread, 0.8, 0.01);
 }
 
+// The factor is proportional to the strength: 4.7199928 at 900 psi, so below 1.6 where the strength is below 305.0852.
+TEST_F(RiskCommand, DrawsMeasuredValues) {
+    WriteBytes(PathTo("lab.csv"), "Sample,UCS (psi)\nA,300\nB,900\nC,\nD,1500\nE,250\n");
+    const json object = Risk({"--random", "CoalStrength=data:lab.csv:ucs", "--samples", "20000"});
+    EXPECT_EQ(object["random"]["CoalStrength"], "data:lab.csv:ucs");
+    const json& webs = object["factors"]["WebsOnly"];
+    EXPECT_NEAR(webs["below"][0]["probability"], 0.5, 1e-3);
+    EXPECT_NEAR(webs["mean"], 4.7199928 * 737.5 / 900, 0.01);
+    EXPECT_NEAR(webs["quantiles"]["0.99"], 4.7199928 * 1500 / 900, 1e-4);
+}
+
+TEST_F(RiskCommand, RefusesMeasuredValuesThatAreNone) {
+    const auto refused = [this](const char* csv, const char* column, const char* words) {
+        SCOPED_TRACE(csv);
+        WriteBytes(PathTo("lab.csv"), csv);
+        const CliAnswer answer =
+            Run({"risk", Project("p.TKL"), "--random", std::string("CoalStrength=data:lab.csv:") + column});
+        EXPECT_EQ(answer.status, 2);
+        EXPECT_EQ(answer.err.substr(0, answer.err.find('\n')), words);
+    };
+    refused("UCS\n900\n9,00\n", "UCS",
+            "--random CoalStrength: lab.csv, line 3: 2 cells under 1 columns; a figure needs a decimal "
+            "point, not a comma");
+    refused("UCS;N\n900;1\n9,5;2\n", "UCS",
+            "--random CoalStrength: lab.csv, line 3: column 1 (UCS): \"9,5\" is no number: write a decimal "
+            "point and no thousands separators");
+    refused("UCS,N\n,1\n", "UCS", "--random CoalStrength: lab.csv: the column UCS has no values");
+    refused("UCS,N\n5,1\n", "ucs2",
+            "--random CoalStrength: lab.csv: has no column ucs2; its columns are UCS, N");
+    refused("UCS,ucs (psi)\n5,1\n", "UCS",
+            "--random CoalStrength: lab.csv: the column UCS stands there twice");
+    refused(
+        "UCS (MPa)\n5\n", "UCS",
+        "--random CoalStrength: lab.csv: the column UCS is in MPa, CoalStrength is in psi in this project");
+    refused("", "UCS",
+            "--random CoalStrength: lab.csv: the table is empty; its first line names the columns");
+    const CliAnswer none = Run({"risk", Project("p.TKL"), "--random", "CoalStrength=data:nowhere.csv:UCS"});
+    EXPECT_EQ(none.status, 2);
+    EXPECT_EQ(none.err.substr(0, none.err.find('\n')), "--random CoalStrength: nowhere.csv: File not found");
+}
+
+TEST_F(RiskCommand, CorrelatesContinuousFieldsOnly) {
+    const CliAnswer answer =
+        Run({"risk", Project("p.TKL"), "--random", "CoalStrength=list:800@0.5,900@0.5", "--random",
+             "DepthCover=pert:90%:100%:120%", "--correlate", "CoalStrength,DepthCover=0.5"});
+    EXPECT_EQ(answer.status, 2);
+    EXPECT_THAT(answer.err,
+                HasSubstr("--correlate CoalStrength,DepthCover: CoalStrength is drawn from single "
+                          "values, which have no correlation"));
+    ASSERT_EQ(Run({"risk", Project("p.TKL"), "--random", "CoalStrength=gamma:20:45", "--random",
+                   "UnitWeight=pert:150:162:170", "--correlate", "CoalStrength,UnitWeight=0.6", "--samples",
+                   "20000", "--samples-out", "s.csv"})
+                  .status,
+              0);
+    std::istringstream samples(ReadBytes(PathTo("s.csv")));
+    std::string line;
+    std::getline(samples, line);
+    std::vector<double> x;
+    std::vector<double> y;
+    for (double one = 0, other = 0; std::getline(samples, line); x.push_back(one), y.push_back(other))
+        ASSERT_EQ(std::sscanf(line.c_str(), "%lf,%lf", &one, &other), 2);
+    // Spearman's correlation of normal scores that correlate by 0.6: 6 / pi x arcsin 0.3.
+    EXPECT_NEAR(Spearman(x, y), 0.58191, 0.003);
+}
+
 // The logarithms of two lognormal strengths have the correlation that is asked for.
 TEST_F(RiskCommand, LognormalFieldsAreCorrelated) {
     Project("p.TKL");
@@ -190,7 +279,7 @@ TEST_F(RiskCommand, WrongUsageIsToldInOneLine) {
             "--random Height: \"1,5\" is not a number with a decimal point\n");
     refused({"--random", "Foo=normal:1:1"}, "unknown field \"Foo\"; the fields are Height,");
     refused({"--random", "Height=normal:1:-1"}, "the standard deviation must not be negative");
-    refused({"--random", "Height=gamma:1:1"}, "is no distribution; write normal:MEAN:SD");
+    refused({"--random", "Height=cauchy:1:1"}, "is no distribution; write normal:MEAN:SD");
     refused({"--random", "Height=normal:1:1", "--random", "Height=normal:1:1"}, "the field is given twice");
     refused({"--random", "Height=normal:1:1", "--correlate", "Height,DepthCover=0.5"},
             "--correlate Height,DepthCover: both fields must be drawn\n");

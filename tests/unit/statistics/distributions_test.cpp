@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/statistics/distributions.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include <gmock/gmock.h>
@@ -82,6 +83,9 @@ TEST(Distribution, ReadsFiguresAndSharesOfTheProjectsOwn) {
     EXPECT_EQ(shares->Mean(), 900);
     EXPECT_EQ(shares->StandardDeviation(), 135);
     EXPECT_EQ(shares->Text(), "normal:900:135");
+    EXPECT_EQ(ParseDistribution("normal:80%:10%", 900)->Text(), "normal:720:72");
+    EXPECT_EQ(ParseDistribution("lognormal:600:10%", 900)->Text(), "lognormal:600:60");
+    EXPECT_EQ(ParseDistribution("truncnormal:100%:10%:80%:1200", 900)->Text(), "truncnormal:900:90:720:1200");
     EXPECT_EQ(ParseDistribution("triangular:50%:100%:200%", 10)->Text(), "triangular:5:10:20");
 }
 
@@ -110,7 +114,10 @@ TEST(Distribution, QuantilesAreThoseOfTheClosedForms) {
 // 200,000 draws: three standard errors of the mean, and as many of the deviation.
 TEST(Distribution, DrawsHaveTheMomentsOfTheClosedForms) {
     constexpr std::uint32_t kDraws = 200000;
-    for (const char* text : {"normal:100:15", "lognormal:100:15", "uniform:50:150", "triangular:50:80:170"}) {
+    for (const char* text :
+         {"normal:100:15", "lognormal:100:15", "uniform:50:150", "triangular:50:80:170",
+          "truncnormal:100:30:80:110", "pert:50:80:170", "beta:2:5:50:150", "weibull:100:1.5",
+          "gumbel:100:20", "gamma:20:5", "list:90@0.2,100@0.5,130@0.3"}) {
         const auto distribution = ParseDistribution(text, 1);
         std::vector<double> draws(kDraws);
         for (std::uint32_t i = 0; i < kDraws; ++i)
@@ -123,9 +130,12 @@ TEST(Distribution, DrawsHaveTheMomentsOfTheClosedForms) {
 }
 
 TEST(Distribution, RefusesWhatIsNone) {
-    EXPECT_EQ(RefusalOf("beta:1:2"),
-              "\"beta:1:2\" is no distribution; write normal:MEAN:SD, lognormal:MEAN:SD, "
-              "uniform:LO:HI or triangular:LO:MODE:HI");
+    EXPECT_EQ(RefusalOf("cauchy:1:2"),
+              "\"cauchy:1:2\" is no distribution; write normal:MEAN:SD, lognormal:MEAN:SD, "
+              "truncnormal:MEAN:SD:LO:HI, "
+              "uniform:LO:HI, triangular:LO:MODE:HI, pert:LO:MODE:HI, beta:A:B:LO:HI, weibull:SCALE:SHAPE, "
+              "gumbel:MODE:SCALE, gamma:SCALE:SHAPE, list:V1@P1,V2@P2,... or data:FILE.csv:COLUMN");
+    EXPECT_EQ(RefusalOf("beta:1:2"), "\"beta:1:2\" is no distribution; write beta:A:B:LO:HI");
     EXPECT_THAT(RefusalOf("normal:1"), HasSubstr("is no distribution"));
     EXPECT_THAT(RefusalOf("normal:1:2:3"), HasSubstr("is no distribution"));
     EXPECT_THAT(RefusalOf(""), HasSubstr("is no distribution"));
@@ -184,7 +194,8 @@ TEST(Distributions, ListsHoldTheFiguresOfTheirMembers) {
     FillWithNormalQuantiles(shares, normals);
     for (std::size_t i = 0; i < shares.size(); ++i)
         EXPECT_EQ(normals[i], NormalQuantile(shares[i])) << shares[i];
-    for (const char* text : {"normal:900:135", "lognormal:900:135", "lognormal:1:1e150"}) {
+    for (const char* text : {"normal:900:135", "lognormal:900:135", "lognormal:1:1e150", "pert:600:900:1300",
+                             "gamma:20:45", "weibull:960:8"}) {
         SCOPED_TRACE(text);
         const DistributionPtr distribution = ParseDistribution(text, 1);
         std::vector<double> figures(normals.size());
@@ -210,14 +221,18 @@ TEST(NormalShare, IsTheLibrarys) {
 
 // A share is that below its quantile, and a density the growth of the share.
 TEST(Distributions, SharesTurnQuantilesRound) {
-    for (const char* text : {"normal:900:135", "lognormal:900:135", "lognormal:3:9", "uniform:-2:5",
-                             "triangular:1:2:5", "triangular:1:1:5", "triangular:1:5:5"}) {
+    for (const char* text :
+         {"normal:900:135", "lognormal:900:135", "lognormal:3:9", "uniform:-2:5", "triangular:1:2:5",
+          "triangular:1:1:5", "triangular:1:5:5", "truncnormal:900:135:600:1000", "truncnormal:0:1:2:9",
+          "truncnormal:0:1:-9:-2", "pert:600:900:1300", "beta:2:5:1:4", "beta:0.5:0.7:0:1", "weibull:960:8",
+          "weibull:2:0.7", "gumbel:840:100", "gamma:20:45", "gamma:3:0.4"}) {
         SCOPED_TRACE(text);
         const DistributionPtr distribution = ParseDistribution(text, 1);
         for (const double share : {0.001, 0.1, 0.25, 0.4999, 0.75, 0.99}) {
             const double figure = distribution->Quantile(share);
             EXPECT_NEAR(distribution->ShareBelow(figure), share, 1e-13);
-            const double step = 1e-5 * distribution->StandardDeviation();
+            // Far from 0, where some have an infinite density.
+            const double step = 1e-5 * std::min(distribution->StandardDeviation(), std::fabs(figure) / 10);
             const double growth =
                 (distribution->ShareBelow(figure + step) - distribution->ShareBelow(figure - step)) /
                 (2 * step);
@@ -282,7 +297,6 @@ TEST(Distributions, EachIsToldInWords) {
               "whole numbers from 10 to 13, equally likely");
 }
 
-// Figures of other kinds keep their share: z of 84.134474606854 % is 1.
 // So little beside the mean that the logarithms do not show it.
 TEST(Distributions, ADeviationThatIsNothingBesideItsMeanIsNone) {
     const DistributionPtr narrow = ParseDistribution("lognormal:1e36:4.5", 1);
@@ -292,6 +306,7 @@ TEST(Distributions, ADeviationThatIsNothingBesideItsMeanIsNone) {
     EXPECT_TRUE(std::isnan(PortableExp(std::nan(""))));
 }
 
+// Figures of other kinds keep their share: z of 84.134474606854 % is 1.
 TEST(Distributions, EveryKindFollowsANormalFigure) {
     EXPECT_NEAR(FromNormal(*ParseDistribution("uniform:10:20", 1), 1), 18.4134474606854, 1e-12);
     EXPECT_EQ(FromNormal(*ParseDistribution("triangular:0:2:4", 1), 0), 2);
