@@ -8,6 +8,7 @@
 
 #include "cli/line/settings_file.h"
 #include "cli/line/standard_input.h"
+#include "cli/output/said_lines.h"
 #include "core/program/start_up.h"
 #include "core/project/lifecycle.h"
 #include "core/project/project_file.h"
@@ -27,6 +28,10 @@ std::vector<std::string> ListedFiles(bool null_ended) {
         if (!null_ended && path.find('\0') != std::string::npos)
             throw UsageError{"-: the list of files holds NUL characters; give -0 for a list that they end"};
         if (!null_ended && !path.empty() && path.back() == '\r') path.pop_back();
+        if (listed.empty() && IsProjectStamp(path))
+            throw UsageError{
+                "-: standard input holds a project, no list of files; give --stdin-project to read it as "
+                "one"};
         if (!path.empty()) listed.push_back(std::move(path));
     }
     if (std::cin.bad()) throw UsageError{"-: the list of files cannot be read"};
@@ -109,16 +114,15 @@ void BulkRun::Report(const std::string& file, const Outcome& reported) {
     }
     any_refused_ = any_refused_ || outcome.failed || !outcome.result.ok;
     any_not_written_ = any_not_written_ || outcome.not_written;
-    if (!outcome.result.comment.empty()) std::cerr << file << ": " << outcome.result.comment << '\n';
+    if (!outcome.result.comment.empty()) SayOf(file, outcome.result.comment);
     if (options_.json) {
         std::cout << ObjectLine(file, outcome);
         return;
     }
-    for (const BoxRequest& box : host_.Messages.Shown)
-        std::cerr << file << ": " << NativeLineEnds(box.message) << '\n';
-    if (outcome.error_number != 0) std::cerr << file << ": " << outcome.error_text << '\n';
-    if (!target_.ToFile()) std::cout << NativeLineEnds(outcome.result.text);
-    std::cout << NativeLineEnds(outcome.result.note);
+    for (const BoxRequest& box : host_.Messages.Shown) SayOf(file, NativeLineEnds(box.message));
+    if (outcome.error_number != 0) SayOf(file, outcome.error_text + HintAtStandardInput(file));
+    if (!target_.ToFile()) std::cout << ForStandardOutput(NativeLineEnds(outcome.result.text));
+    std::cout << ForStandardOutput(NativeLineEnds(outcome.result.note));
 }
 
 void BulkRun::ShowProgress(std::size_t done) const {

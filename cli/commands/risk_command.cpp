@@ -14,6 +14,7 @@
 #include "cli/output/output_target.h"
 #include "cli/output/progress_bar.h"
 #include "cli/output/row_sink.h"
+#include "cli/output/said_lines.h"
 #include "cli/output/study_rows.h"
 #include "core/files/csv_writer.h"
 #include "core/statistics/hypercube.h"
@@ -393,7 +394,8 @@ void Risk::Write(const OutputTarget& target, const RiskRequest& request, const R
     else if (target.ToFile())
         target.Write(path, [&](const std::string& name) { DrawRisk(request, result, Title(), name); });
     if (options_.json) std::cout << json;
-    if (!options_.json && !target.ToFile()) std::cout << RiskText(request, result, Title());
+    if (!options_.json && !target.ToFile())
+        std::cout << ForStandardOutput(RiskText(request, result, Title()));
 }
 
 int Risk::Study(HeadlessPlatform& host) {
@@ -411,9 +413,8 @@ int Risk::Study(HeadlessPlatform& host) {
     Write(target, request, result, project);
     if (result.refused == 0) return exit_status::Done;
     const bool all = result.refused == request.samples;
-    std::cerr << Project() << ": "
-              << (all ? std::string("every sample") : RefusedWords(result.refused, request.samples))
-              << (all ? " was" : " were") << " refused: " << result.refusals.front() << '\n';
+    SayOf(Project(), (all ? "every sample was" : RefusedWords(result.refused, request.samples) + " were") +
+                         " refused: " + result.refusals.front());
     return all ? exit_status::Refused : exit_status::Done;
 }
 

@@ -4,6 +4,7 @@
 #include "cli/commands/commands.h"
 #include "cli/line/settings_file.h"
 #include "cli/output/json.h"
+#include "cli/output/said_lines.h"
 #include "core/program/start_up.h"
 #include "core/runtime/text.h"
 #include "core/settings/key_tables.h"
@@ -61,7 +62,7 @@ class Settings : public Command {
     int Run(HeadlessPlatform& /*host*/) override {
         ResetProgram();
         ReadConfiguration(options_.settings);
-        std::cout << (options_.json ? SettingsJson() : ListText());
+        std::cout << (options_.json ? SettingsJson() : ForStandardOutput(ListText()));
         return exit_status::Done;
     }
 };

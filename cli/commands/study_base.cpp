@@ -9,9 +9,12 @@
 #include <fcntl.h>
 
 #include "cli/commands/bulk_run.h"
+#include "cli/line/help_text.h"
 #include "cli/line/settings_file.h"
+#include "cli/line/standard_input.h"
 #include "cli/output/json.h"
 #include "cli/output/output_target.h"
+#include "cli/output/said_lines.h"
 #include "core/files/csv_reader.h"
 #include "core/files/descriptor.h"
 #include "core/program/start_up.h"
@@ -26,10 +29,25 @@
 namespace tarvokol::cli {
 namespace {
 
-constexpr const char* kFields =
-    "Fields, in the project's units: Height, DepthCover, HoleWidth, WebThickness, BarrierPillarWidth, "
-    "NumberHoles,\n"
-    "CoalStrength, UnitWeight, AbutmentAngle, SFWeb, SFBarrier.\n\n";
+std::string FieldsText() {
+    std::string fields = "Fields, in the project's units: ";
+    for (const PanelFieldFacts& facts : kPanelFields)
+        fields += std::string(facts.name) + (facts.field == PanelField::SFBarrier ? "." : ", ");
+    return Folded(fields, kHelpWidth, "") + "\n\n";
+}
+
+// A command that is too long for a line goes on in the next, as a shell takes it.
+std::string ExampleText(std::string command) {
+    // An option stays beside its value.
+    constexpr char kUnbroken = '\1';
+    for (std::size_t at = command.find(" -"); at != std::string::npos; at = command.find(" -", at + 1))
+        if (const std::size_t value = command.find(' ', at + 1); value != std::string::npos)
+            command[value] = kUnbroken;
+    const std::string indent(6, ' ');
+    std::string text = "\n  " + Folded(command, kHelpWidth - indent.size(), indent, " \\");
+    std::replace(text.begin(), text.end(), kUnbroken, ' ');
+    return text;
+}
 
 // A number of threads in plain digits, without a zero in front.
 std::string WhyNoThreads(const std::string& text) {
@@ -41,15 +59,15 @@ std::string WhyNoThreads(const std::string& text) {
 }
 
 int Tell(const std::string& text, int status) {
-    std::cerr << text << '\n';
+    Say(text);
     return status;
 }
 
 }  // namespace
 
 std::string StudyCommand::Footer() const {
-    std::string footer = std::string(kFields) + "Examples:";
-    for (const std::string& example : Examples()) footer += "\n  " + example;
+    std::string footer = FieldsText() + "Examples:";
+    for (const std::string& example : Examples()) footer += ExampleText(example);
     return footer;
 }
 
@@ -84,7 +102,8 @@ Panel StudyCommand::ReadProject(HeadlessPlatform& host) const {
         ReadConfiguration(options_.settings);
         if (OpenProject(project_)) return {ProjectRecord, ProjectUnits()};
     } catch (const RunTimeError& error) {
-        throw DataError{project_ + ": " + error.text, {}, error.number, error.text};
+        throw DataError{
+            project_ + ": " + error.text + HintAtStandardInput(project_), {}, error.number, error.text};
     }
     DataError refusal{project_ + ": is no project"};
     for (const BoxRequest& box : host.Messages.Shown) refusal.messages.push_back(box.message);
@@ -93,7 +112,7 @@ Panel StudyCommand::ReadProject(HeadlessPlatform& host) const {
 }
 
 RowJob StudyCommand::JobFor(const Panel& project) const {
-    if (sizes_ && UnitSystem != 0) std::cerr << project_ << ": " << SuggestedUnitNote() << '\n';
+    if (sizes_ && UnitSystem != 0) SayOf(project_, SuggestedUnitNote());
     return {project, project_, Title(), sizes_, bare_header_, Threads(), options_.quiet};
 }
 

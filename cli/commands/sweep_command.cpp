@@ -8,6 +8,7 @@
 #include "cli/output/drawing.h"
 #include "cli/output/row_sink.h"
 #include "core/statistics/study_numbers.h"
+#include "core/studies/study_figures.h"
 #include "core/studies/sweep_study.h"
 
 namespace tarvokol::cli {
@@ -58,6 +59,13 @@ class SweepCells : public LeadingCells {
     std::vector<const LeadingCell*> cells_;
 };
 
+std::vector<std::string> FigureNames() {
+    std::vector<std::string> names;
+    names.reserve(kStudyFigures.size());
+    for (const StudyFigure& figure : kStudyFigures) names.emplace_back(figure.name);
+    return names;
+}
+
 SweepRequest RequestOf(const std::vector<std::string>& varied, bool force) {
     SweepRequest request;
     for (const std::string& text : varied) {
@@ -99,9 +107,9 @@ class Sweep : public StudyCommand {
                        .required = true},
                       varied_);
         options.Text({.spelling = "--of",
-                      .help = "The figure of a picture: Overall (default of a map), WebsOnly, BarrierPillar, "
-                              "ExtractionRatio, SuggestedWeb, SuggestedBarrier",
-                      .value = "FIGURE"},
+                      .help = "The figure of a picture (default of a map: Overall)",
+                      .value = "FIGURE",
+                      .offers = FigureNames()},
                      figure_);
     }
 

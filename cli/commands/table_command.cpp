@@ -9,6 +9,7 @@
 #include "cli/line/standard_input.h"
 #include "cli/output/drawing.h"
 #include "cli/output/row_sink.h"
+#include "cli/output/said_lines.h"
 #include "core/files/csv_reader.h"
 #include "core/statistics/study_numbers.h"
 #include "core/statistics/study_refusal.h"
@@ -87,7 +88,7 @@ int WriteTable(std::istream& input, const std::string& name, const RowJob& job, 
     const int status = WriteRows(study, job, target);
     const std::uint64_t blank = reader.BlankRows();
     if (blank > 0 && !job.quiet)
-        std::cerr << name << ": " << blank << (blank == 1 ? " blank row" : " blank rows") << " skipped\n";
+        SayOf(name, std::to_string(blank) + (blank == 1 ? " blank row" : " blank rows") + " skipped");
     return status;
 }
 

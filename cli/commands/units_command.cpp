@@ -5,6 +5,8 @@
 
 #include "cli/commands/commands.h"
 #include "cli/output/json.h"
+#include "cli/output/said_lines.h"
+#include "core/runtime/nearest_word.h"
 #include "core/runtime/numbers.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/unit_calculator.h"
@@ -30,7 +32,8 @@ int UnitIndex(Quantity quantity, const std::string& unit) {
     }
     std::string known;
     for (const std::string& caption : UnitCaptions(quantity)) known += (known.empty() ? "" : ", ") + caption;
-    throw UsageError{"UNIT: " + unit + " is none of " + known};
+    throw UsageError{"UNIT: \"" + unit + "\" is none of " + known +
+                     DidYouMean(NearestWord(unit, UnitCaptions(quantity)))};
 }
 
 // The boxes of the quantity, a line each or as an object.
@@ -50,6 +53,7 @@ class Units : public Command {
     std::string Name() const override { return "units"; }
     std::string Summary() const override { return "The unit calculator"; }
     bool TakesNumbers() const override { return true; }
+    std::string Footer() const override;
 
     void Describe(CommandOptions& options) override {
         AddSettings(options, options_);
@@ -58,9 +62,8 @@ class Units : public Command {
                       .required = true,
                       .choices = {"length", "load", "load-grad", "stress", "stress-grad"}},
                      quantity_);
-        options.Text(
-            {.spelling = "UNIT", .help = "An option caption such as psf or lbsF/ft", .required = true},
-            unit_);
+        options.Text({.spelling = "UNIT", .help = "The unit of VALUE: one of those below", .required = true},
+                     unit_);
         options.Text({.spelling = "VALUE", .help = "What would be typed", .required = true}, value_);
     }
 
@@ -76,7 +79,7 @@ class Units : public Command {
             if (options_.json)
                 std::cout << ErrorMember(error.number, error.text).Line();
             else
-                std::cerr << value_ << ": " << error.text << '\n';
+                SayOf(value_, error.text);
             return exit_status::Refused;
         }
     }
@@ -86,6 +89,19 @@ class Units : public Command {
     std::string unit_;
     std::string value_;
 };
+
+std::string Units::Footer() const {
+    std::string footer;
+    for (const auto& [name, quantity] : Quantities()) {
+        footer += (footer.empty() ? "Units of " : "\nUnits of ") + name + ":";
+        const char* divider = " ";
+        for (const std::string& caption : UnitBoxCaptions(quantity)) {
+            footer += divider + caption;
+            divider = ", ";
+        }
+    }
+    return footer;
+}
 
 }  // namespace
 

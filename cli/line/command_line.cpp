@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/line/command_line.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
 #include <iostream>
 #include <list>
+#include <memory>
 #include <optional>
 
 #include <CLI/CLI.hpp>
@@ -14,13 +14,15 @@
 
 #include "cli/line/arguments.h"
 #include "cli/line/build_name.h"
+#include "cli/line/help_text.h"
 #include "cli/line/settings_file.h"
 #include "cli/line/standard_input.h"
+#include "cli/line/usage_errors.h"
 #include "core/files/file_replacement.h"
 #include "core/files/os_errors.h"
 #include "core/files/unfinished_files.h"
-#include "core/runtime/nearest_word.h"
 #include "core/runtime/run_time_error.h"
+#include "core/runtime/shown_text.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -56,44 +58,8 @@ int RunChosen(Command& command, HeadlessPlatform& host) {
         ReadConfiguration(command.Common().settings);
         return command.Run(host);
     } catch (const UsageError& error) {
-        std::cerr << error.text << '\n';
-        return exit_status::WrongUsage;
+        return TellUsage(command.Name(), error.text);
     }
-}
-
-int TellWrongWord(const std::string& word, const std::string& kind, const std::string& nearest) {
-    std::cerr << word << " is no " << kind << DidYouMean(nearest)
-              << "\nRun with --help for more information.\n";
-    return exit_status::WrongUsage;
-}
-
-// The first option given that the command named does not have; empty if there is none.
-std::string UnknownOption(const CLI::App& app) {
-    for (const std::string& word : app.remaining(true))
-        if (word.size() > 1 && word.front() == '-' && word != "--") return word.substr(0, word.find('='));
-    return "";
-}
-
-int TellUnknownOption(CLI::App& app, const std::string& word) {
-    const auto named = app.get_subcommands();
-    const CLI::App& owner = named.empty() ? app : *named.front();
-    std::vector<std::string> known;
-    for (const CLI::Option* option : owner.get_options())
-        for (const std::string& name : option->get_lnames()) known.push_back("--" + name);
-    if (std::count(known.begin(), known.end(), word) > 0) {
-        std::cerr << word << ": the options of a command stand after its name\n";
-        return exit_status::WrongUsage;
-    }
-    const std::string kind = named.empty() ? "option" : "option of " + owner.get_name();
-    return TellWrongWord(word, kind, word.starts_with("--") ? NearestWord(word, known) : "");
-}
-
-// What the library tells of arguments that it cannot read, and of questions such as --help; but for words that are
-// meant to be others.
-int StatusOfParseError(CLI::App& app, const CLI::ParseError& error) {
-    const std::string option = error.get_exit_code() == 0 ? "" : UnknownOption(app);
-    if (!option.empty()) return TellUnknownOption(app, option);
-    return app.exit(error) == 0 ? exit_status::Done : exit_status::WrongUsage;
 }
 
 // Ends the process as the signal would have, without the files that it was building.
@@ -120,19 +86,24 @@ class Reader {
     explicit Reader(const CommandTable& commands) {
         app_.set_version_flag("--version", BuildName());
         app_.require_subcommand(1);
+        app_.formatter(std::make_shared<HelpText>());
         for (const auto& command : commands) {
             CLI::App& entry = *app_.add_subcommand(command->Name(), command->Summary());
             if (const std::string footer = command->Footer(); !footer.empty()) entry.footer(footer);
             command->Describe(options_.emplace_back(entry));
         }
+        // Last: a command that has no footer of its own takes over what stands there as it is added.
+        app_.footer("`tarvokol-cli help COMMAND` tells more of a command.");
     }
 
     // Gives the commands the values that the words name; the exit status where they cannot be read or ask for help.
-    std::optional<int> Read(std::vector<std::string> arguments) {
+    std::optional<int> Read(const std::vector<std::string>& words, bool takes_numbers) {
         try {
-            app_.parse(std::move(arguments));
+            app_.parse(Arguments(words, takes_numbers));
         } catch (const CLI::ParseError& error) {
-            return StatusOfParseError(app_, error);
+            // Questions such as --help are errors of the library that ask for no status.
+            if (error.get_exit_code() == 0) return app_.exit(error);
+            return TellUnreadable(app_, error, words);
         }
         for (CommandOptions& options : options_) options.UnprotectValues();
         return std::nullopt;
@@ -151,6 +122,14 @@ std::vector<std::string> NamesOf(const CommandTable& commands) {
     return names;
 }
 
+// "help sweep" asks for what "sweep --help" does, "help" alone for the help of the program.
+std::vector<std::string> WithHelpAsOption(const std::vector<std::string>& words) {
+    if (words.empty() || words.front() != "help") return words;
+    std::vector<std::string> asked(words.begin() + 1, words.end());
+    asked.insert(asked.begin() + (asked.empty() ? 0 : 1), "--help");
+    return asked;
+}
+
 // Nothing for a word that is no command.
 Command* CommandNamed(const CommandTable& commands, const std::string& name) {
     for (const auto& command : commands)
@@ -160,21 +139,22 @@ Command* CommandNamed(const CommandTable& commands, const std::string& name) {
 
 }  // namespace
 
-int RunWords(const CommandTable& commands, const std::vector<std::string>& words, HeadlessPlatform& host) {
+int RunWords(const CommandTable& commands, const std::vector<std::string>& given, HeadlessPlatform& host) {
     Reader reader(commands);
+    const std::vector<std::string> words = WithHelpAsOption(given);
     const std::string first = words.empty() ? "" : words.front();
     const Command* const named = CommandNamed(commands, first);
     if (named == nullptr && !words.empty() && !first.starts_with('-'))
-        return TellWrongWord('"' + first + '"', "command", NearestWord(first, NamesOf(commands)));
+        return TellUsageAndMore("", NoneOf(first, "command", NamesOf(commands)));
     const bool takes_numbers = named != nullptr && named->TakesNumbers();
-    if (const auto status = reader.Read(Arguments(words, takes_numbers))) return *status;
+    if (const auto status = reader.Read(words, takes_numbers)) return *status;
     return RunChosen(*CommandNamed(commands, reader.CommandRead()), host);
 }
 
 int RunCommandLine(const CommandTable& commands, int argc, char** argv) {
     TidyUpOnSignals();
     SetInPlaceListener([](const std::string& path, const std::string& why) {
-        std::cerr << path << ": rewritten in place: " << why << '\n';
+        std::cerr << WithControlsShown(path + ": rewritten in place: " + why) << '\n';
     });
     std::ios::sync_with_stdio(false);
     // Many objects a call of the system.

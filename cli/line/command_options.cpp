@@ -2,6 +2,8 @@
 #include "cli/line/command_options.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 #include <CLI/CLI.hpp>
 
@@ -11,15 +13,25 @@
 namespace tarvokol::cli {
 namespace {
 
+std::string Listed(const std::vector<std::string>& words, const char* divider) {
+    std::string listed;
+    for (const std::string& word : words) listed += (listed.empty() ? "" : divider) + word;
+    return listed;
+}
+
 CLI::Validator OneOf(const std::vector<std::string>& words) {
-    std::string listed = "{";
-    for (const std::string& word : words) listed += (listed.size() > 1 ? "," : "") + word;
-    listed += '}';
-    const auto refusal = [words, listed](const std::string& given) -> std::string {
+    const auto refusal = [words](const std::string& given) -> std::string {
         if (std::count(words.begin(), words.end(), given) > 0) return "";
-        return given + " not in " + listed + DidYouMean(NearestWord(given, words));
+        return '"' + given + "\" is none of " + Listed(words, ", ") + DidYouMean(NearestWord(given, words));
     };
-    return {refusal, listed};
+    return {refusal, '{' + Listed(words, ",") + '}'};
+}
+
+std::string WhyNoFile(const std::string& path) {
+    std::error_code failure;
+    const auto kind = std::filesystem::status(path, failure).type();
+    if (kind == std::filesystem::file_type::directory) return '"' + path + "\" is a folder";
+    return kind == std::filesystem::file_type::not_found ? '"' + path + "\" is not there" : "";
 }
 
 bool IsArgument(const OptionFacts& facts) {
@@ -32,12 +44,13 @@ void CommandOptions::Refine(CLI::Option& option, const OptionFacts& facts) {
     option.required(facts.required);
     if (IsArgument(facts) || !facts.value.empty()) option.type_name(facts.value);
     if (!facts.choices.empty()) option.check(OneOf(facts.choices));
-    if (facts.existing_file) option.check(CLI::ExistingFile);
+    if (!facts.offers.empty()) option.type_name(facts.value + ":{" + Listed(facts.offers, ",") + '}');
+    if (facts.existing_file) option.check(CLI::Validator(WhyNoFile, "FILE"));
     if (facts.refusal) option.check(facts.refusal);
 }
 
 void CommandOptions::Flag(const OptionFacts& facts, bool& value) {
-    command_.add_flag(facts.spelling, value, facts.help);
+    command_.add_flag(facts.spelling, value, facts.help)->disable_flag_override();
 }
 
 void CommandOptions::Text(const OptionFacts& facts, std::string& value) {

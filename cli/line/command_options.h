@@ -24,6 +24,7 @@ struct OptionFacts {
     bool shows_default = false;  // the help tells the value that it has now
     bool existing_file = false;  // refuses what is no file
     std::vector<std::string> choices = {};  // refuses any other word, with the nearest of them
+    std::vector<std::string> offers = {};   // listed by the help, and completed; the command refuses others
     std::function<std::string(const std::string&)> refusal =
         nullptr;  // what is wrong with a word; empty if nothing
 };

@@ -12,7 +12,9 @@
 #include "core/files/descriptor.h"
 #include "core/files/file_system.h"
 #include "core/files/os_errors.h"
+#include "core/project/project_document.h"
 #include "core/runtime/run_time_error.h"
+#include "core/runtime/text.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -56,6 +58,15 @@ std::string PathToOpen(const std::string& file) {
     if (!admitted || file != kStandardStream) return file;
     static const std::string kept = KeepStandardInput();
     return kept;
+}
+
+std::string HintAtStandardInput(const std::string& file) {
+    if (admitted || file != kStandardStream) return "";
+    return "; a project on standard input is read with --stdin-project";
+}
+
+bool IsProjectStamp(const std::string& line) {
+    return Trimmed(line) == ProjectMagic;
 }
 
 }  // namespace tarvokol::cli

@@ -21,4 +21,10 @@ void AdmitStandardProject(const Options& options);
 // MB.
 std::string PathToOpen(const std::string& file);
 
+// What follows an error of the FILE "-" that was taken for a file of this name: the option that is missing. Nothing for others.
+std::string HintAtStandardInput(const std::string& file);
+
+// True of the first line of a project.
+bool IsProjectStamp(const std::string& line);
+
 }  // namespace tarvokol::cli

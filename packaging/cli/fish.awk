@@ -17,15 +17,31 @@ BEGIN {
 $1 == "command" {
     print "complete -c tarvokol-cli -f -n __fish_use_subcommand -a " $2 " -d " quoted($3)
 }
+$1 == "command" { commands = commands " " $2 }
+$1 == "fields" { fields[$2] = $3 }
+$1 == "units" {
+    print "complete -c tarvokol-cli -f -n " quoted(condition($2) "; and __fish_seen_subcommand_from " $3) " -a " quoted($4)
+}
 $1 == "positional" && $5 != "" {
     print "complete -c tarvokol-cli -n " quoted(condition($2)) " -a " quoted($5)
 }
-$1 == "option" {
+$1 == "positional" { positionals[$2] = positionals[$2] " " $3 }
+$1 == "option" { items[++lines] = $0 }
+function print_option(    line, count, spellings, i) {
     line = "complete -c tarvokol-cli -n " quoted(condition($2))
     count = split($3, spellings, " ")
     for (i = 1; i <= count; ++i)
         line = line (spellings[i] ~ /^--/ ? " -l " substr(spellings[i], 3) : " -s " substr(spellings[i], 2))
     if ($5 != "") line = line " -x -a " quoted($5)
-    else if ($4 != "") line = line " -r"
+    else if (begins_with_field($4)) line = line " -x -a " quoted(field_words($4, fields[$2]))
+    else if ($4 != "") line = line (is_path($4) ? " -r" : " -x")
     print line " -d " quoted($6)
+}
+END {
+    for (number = 1; number <= lines; ++number) {
+        $0 = items[number]
+        print_option()
+    }
+    print "complete -c tarvokol-cli -f -n __fish_use_subcommand -a help -d " quoted("What a command does, takes and gives")
+    print "complete -c tarvokol-cli -f -n \"__fish_seen_subcommand_from help\" -a " quoted(substr(commands, 2))
 }

@@ -28,10 +28,28 @@ function item(left, text,    spelling, rest, choices, argument, number) {
     if (section == "Positionals:")
         print "positional|" command "|" spelling "|" number "|" choices "|" text
     else if (section == "Options:")
-        print "option|" command "|" spelling "|" argument "|" choices "|" text
+        print "option|" command "|" spelling "|" argument "|" choices "|" text "|" (number == "many" ? "again" : "")
+}
+
+# "A, B, C." as words divided by blanks.
+function words(list) {
+    gsub(/,/, "", list)
+    sub(/\.$/, "", list)
+    return list
 }
 
 /^[A-Z][A-Za-z]*:$/ { flush(); section = $0; next }
+/^Fields, in the project's units: / { flush(); section = "Fields"; fields = substr($0, 33); next }
+section == "Fields" && /^[A-Z]/ { fields = fields " " $0; next }
+section == "Fields" && fields != "" { print "fields|" command "|" words(fields); fields = "" }
+/^Units of [a-z-]+: / {
+    flush()
+    section = "Units"
+    quantity = substr($3, 1, length($3) - 1)
+    sub(/^[^:]*: /, "")
+    print "units|" command "|" quantity "|" words($0)
+    next
+}
 section == "" { next }
 /^  [^ ]/ {
     flush()

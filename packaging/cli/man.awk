@@ -47,7 +47,7 @@ $1 == "positional" {
     items[$2] = items[$2] ".TP\n\\fI" escaped($3) "\\fR\n" sentence($6) "\n"
 }
 $1 == "option" {
-    items[$2] = items[$2] ".TP\n" spelled($3) with_argument($4, $5) "\n" sentence($6) "\n"
+    items[$2] = items[$2] ".TP\n" spelled($3) with_argument($4, $5) ($7 != "" ? " ..." : "") "\n" sentence($6) "\n"
 }
 END {
     print ".SH OPTIONS"

@@ -10,9 +10,13 @@ function bare(text) {
     return text
 }
 
-# What stands after an option or at a place: one of the choices, or a file.
-function values(choices) {
-    return choices != "" ? "(" choices ")" : "_files"
+# What stands after an option or at a place: one of the choices, the beginning of a field's value, a unit of the quantity that
+# was given, or a file. Of a number there is nothing to offer.
+function values(command, argument, choices) {
+    if (choices != "") return "(" choices ")"
+    if (begins_with_field(argument)) return "{compadd -S \"\" -- " field_words(argument, fields[command]) "}"
+    if (argument == "UNIT") return "{case $line[1] in " units[command] " esac}"
+    return is_path(argument) ? "_files" : " "
 }
 
 BEGIN {
@@ -24,23 +28,32 @@ $1 == "command" {
     order[++count] = $2
     commands = commands "        " quoted($2 ":" bare($3)) "\n"
 }
-$1 == "positional" {
+$1 == "fields" { fields[$2] = $3 }
+$1 == "units" { units[$2] = units[$2] "(" $3 ") compadd -- " $4 " ;; " }
+$1 == "positional" || $1 == "option" { items[++lines] = $0 }
+function add_positional(    mark) {
     mark = $4 == "many" ? "*:" : $4 == "one" ? ":" : "::"
-    specifications[$2] = specifications[$2] " \\\n            " quoted(mark bare($3) ":" values($5))
+    specifications[$2] = specifications[$2] " \\\n            " quoted(mark bare($3) ":" values($2, $3, $5))
 }
-$1 == "option" {
+function add_option(    spelled, spellings, i, text) {
     spelled = split($3, spellings, " ")
     for (i = 1; i <= spelled; ++i) {
-        text = spellings[i] "[" bare($6) "]"
-        if ($4 != "") text = text ":" bare($4) ":" values($5)
+        text = ($7 != "" ? "*" : "") spellings[i] ($4 != "" && spellings[i] ~ /^--/ ? "=" : "") "[" bare($6) "]"
+        if ($4 != "") text = text ":" bare($4) ":" values($2, $4, $5)
         specifications[$2] = specifications[$2] " \\\n            " quoted(text)
     }
 }
 END {
+    for (number = 1; number <= lines; ++number) {
+        $0 = items[number]
+        if ($1 == "option") add_option()
+        else add_positional()
+    }
     print "_tarvokol-cli() {"
-    print "    local -a commands"
+    print "    local -a commands line"
     print "    commands=("
     printf "%s", commands
+    print "        \x27help:What a command does, takes and gives\x27"
     print "    )"
     print "    if (( CURRENT == 2 )); then"
     print "        _describe command commands"
@@ -52,6 +65,7 @@ END {
     print "    case $words[1] in"
     for (i = 1; i <= count; ++i)
         printf "        %s)\n            _arguments%s\n            ;;\n", order[i], specifications[order[i]]
+    print "        help)\n            _describe command commands\n            ;;"
     print "    esac"
     print "}"
     print "_tarvokol-cli \"$@\""

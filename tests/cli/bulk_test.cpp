@@ -222,7 +222,7 @@ TEST_F(Bulk, ADashBesideOtherFilesIsAFile) {
     Project("a.TKL");
     const CliAnswer answer = Run({"size", "-", "a.TKL"}, "a.TKL\n");
     EXPECT_EQ(answer.status, 1);
-    EXPECT_EQ(answer.err, "-: File not found\n");
+    EXPECT_EQ(answer.err, "-: File not found; a project on standard input is read with --stdin-project\n");
 }
 
 TEST_F(Bulk, EveryCommandTakesTheCommonOptions) {

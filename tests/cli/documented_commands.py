@@ -50,7 +50,8 @@ def in_program(cli):
     listing = subprocess.run([cli, "--help"], capture_output=True, text=True, check=True).stdout
     for name in re.findall(r"^  ([a-z]+) {2,}", listing.split("Subcommands:")[1], re.MULTILINE):
         told = subprocess.run([cli, name, "--help"], capture_output=True, text=True, check=True).stdout
-        yield from (line.strip() for line in told.partition("Examples:")[2].splitlines() if line.strip())
+        examples = re.sub(r" \\\n +", " ", told.partition("Examples:")[2])
+        yield from (line.strip() for line in examples.splitlines() if line.strip())
 
 
 def all_commands(cli, source):

@@ -37,9 +37,8 @@ const Lines kSizes{"--size The suggested sizes, too: SuggestedWeb and SuggestedB
                    "--bare-header Names of columns without their units "};
 
 const std::string kFields =
-    "\nFields, in the project's units: Height, DepthCover, HoleWidth, WebThickness, BarrierPillarWidth, "
-    "NumberHoles,\n"
-    "CoalStrength, UnitWeight, AbutmentAngle, SFWeb, SFBarrier.\n\nExamples:\n";
+    "\nFields, in the project's units: Height, DepthCover, HoleWidth, WebThickness, BarrierPillarWidth,\n"
+    "NumberHoles, CoalStrength, UnitWeight, AbutmentAngle, SFWeb, SFBarrier.\n\nExamples:\n";
 
 Lines Output(const std::string& what) {
     return {"-o,--output PATH " + what + "; `-`: standard output "};
@@ -129,9 +128,15 @@ TEST_F(Help, TellsOfUnitsAndSettings) {
                                           "QUANTITY :{length,load,load-grad,stress,stress-grad} REQUIRED "
                                           "length, load, load-grad, stress or "
                                           "stress-grad ",
-                                          "UNIT REQUIRED An option caption such as psf or lbsF/ft ",
+                                          "UNIT REQUIRED The unit of VALUE: one of those below ",
                                           "VALUE REQUIRED What would be typed "} +
                                         kCommon);
+    EXPECT_THAT(Run({"units", "--help"}).out,
+                HasSubstr("Units of length: in, ft, cm, m\n"
+                          "Units of load: lbsF, tonsF, kN, MN, kips\n"
+                          "Units of load-grad: lbsF/in, lbsF/ft, kN/m, MN/m\n"
+                          "Units of stress: psi, ksi, psf, Pa, MPa\n"
+                          "Units of stress-grad: psi/in, psi/ft, Pa/m, MPa/m\n"));
     ExpectTold({"settings", "--help"},
                Lines{"The effective settings after reading ",
                      "FILE.INI :FILE Configuration file to read (default: the built-in values) "} +
@@ -144,17 +149,19 @@ TEST_F(Help, TellsOfSweeps) {
         Lines{"Every combination of the values that fields of a project are given "} + kProject + kCommon +
             Output("Write rows (.csv, .json, .xlsx) or a picture (.png, .svg, .pdf)") +
             Format("csv,json,jsonl,xlsx,png,svg,pdf") + kOverwriting + kThreads + kSizes +
-            Lines{"--vary FIELD=VALUES REQUIRED FIELD=FIRST:LAST:STEP, FIELD=FIRST:LAST/COUNT or "
-                  "FIELD=V1,V2,V3; once per field, the last one given runs fastest ",
-                  "--of FIGURE The figure of a picture: Overall (default of a map), WebsOnly, BarrierPillar, "
-                  "ExtractionRatio, SuggestedWeb, SuggestedBarrier "});
+            Lines{
+                "--vary FIELD=VALUES ... REQUIRED FIELD=FIRST:LAST:STEP, FIELD=FIRST:LAST/COUNT or "
+                "FIELD=V1,V2,V3; once per field, the last one given runs fastest ",
+                "--of FIGURE:{Overall,WebsOnly,BarrierPillar,ExtractionRatio,SuggestedWeb,SuggestedBarrier} "
+                "The figure of a picture (default of a map: Overall) "});
     EXPECT_THAT(
         Run({"sweep", "--help"}).out,
-        HasSubstr(kFields +
-                  "  tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 > depth.csv\n"
-                  "  tarvokol-cli sweep panel.TKL --vary WebThickness=2:12:0.5 --vary DepthCover=50:400:10 "
-                  "--of WebsOnly -o map.svg\n"
-                  "  tarvokol-cli sweep panel.TKL --vary NumberHoles=5,10,15,20 --size -o sizes.xlsx\n"));
+        HasSubstr(
+            kFields +
+            "  tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 > depth.csv\n"
+            "  tarvokol-cli sweep panel.TKL --vary WebThickness=2:12:0.5 --vary DepthCover=50:400:10 \\\n"
+            "      --of WebsOnly -o map.svg\n"
+            "  tarvokol-cli sweep panel.TKL --vary NumberHoles=5,10,15,20 --size -o sizes.xlsx\n"));
 }
 
 TEST_F(Help, TellsOfTables) {
@@ -178,13 +185,14 @@ TEST_F(Help, TellsOfRisks) {
         Lines{"How likely the factors lie below their targets when figures are uncertain "} + kProject +
             kCommon + Output("Write the summary (.txt, .json) or a picture (.png, .svg, .pdf)") +
             Format("txt,json,jsonl,png,svg,pdf") + kOverwriting + kThreads +
-            Lines{"--random FIELD=DISTRIBUTION REQUIRED FIELD=normal:MEAN:SD, lognormal:MEAN:SD, "
+            Lines{"--random FIELD=DISTRIBUTION ... REQUIRED FIELD=normal:MEAN:SD, lognormal:MEAN:SD, "
                   "truncnormal:MEAN:SD:LO:HI, uniform:LO:HI, triangular:LO:MODE:HI, pert:LO:MODE:HI, "
                   "beta:A:B:LO:HI, weibull:SCALE:SHAPE, gumbel:MODE:SCALE, gamma:SCALE:SHAPE, "
                   "list:V1@P1,V2@P2,... or data:FILE.csv:COLUMN; a figure that ends in % is a share of the "
                   "project's own, but SD of the MEAN beside it: of a strength of 900 normal:80%:10% is "
                   "normal:720:72; once per field ",
-                  "--correlate A,B=R FIELD,FIELD=R: a pair of fields moves together; R, between -1 and 1, is "
+                  "--correlate A,B=R ... FIELD,FIELD=R: a pair of fields moves together; R, between -1 and "
+                  "1, is "
                   "the "
                   "correlation of their normal scores: of normal fields their own, of lognormal ones that of "
                   "the "
@@ -197,8 +205,8 @@ TEST_F(Help, TellsOfRisks) {
         Run({"risk", "--help"}).out,
         HasSubstr(kFields +
                   "  tarvokol-cli risk panel.TKL --random CoalStrength=lognormal:100%:15%\n"
-                  "  tarvokol-cli risk panel.TKL --random CoalStrength=normal:900:135 --random "
-                  "DepthCover=triangular:90%:100%:120% -o risk.png\n"
+                  "  tarvokol-cli risk panel.TKL --random CoalStrength=normal:900:135 \\\n"
+                  "      --random DepthCover=triangular:90%:100%:120% -o risk.png\n"
                   "  tarvokol-cli risk panel.TKL --random CoalStrength=data:strengths.csv:Strength\n"
                   "  tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --samples 1000000 --json\n"));
 }

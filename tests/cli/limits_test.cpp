@@ -116,7 +116,7 @@ TEST_F(Limits, ASignalThatIsPutOffStaysSo) {
 TEST_F(Limits, StandardInputThatCannotBeReadIsToldOf) {
     const CliAnswer list = Shell("$cli size - < .");
     EXPECT_EQ(list.status, 2);
-    EXPECT_EQ(list.err, "-: the list of files cannot be read\n");
+    EXPECT_EQ(list.err, "tarvokol-cli size: -: the list of files cannot be read\n");
     const CliAnswer project = Shell("$cli size --stdin-project - < .");
     EXPECT_EQ(project.status, 1);
     EXPECT_EQ(project.err, "-: Device I/O error\n");

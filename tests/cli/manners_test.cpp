@@ -3,6 +3,7 @@
 // and units.
 #include <cstdlib>
 #include <filesystem>
+#include <sstream>
 
 #include "tests/cli/cli_runner.h"
 
@@ -10,6 +11,7 @@ namespace tarvokol {
 namespace {
 
 using nlohmann::json;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -43,43 +45,119 @@ class Manners : public CliTest {
     }
 };
 
+// What a command says of wrong words, and how to read more.
+std::string More(const std::string& caller, const std::string& text) {
+    return caller + ": " + text + "\nRun " + caller + " --help for more information.\n";
+}
+
 TEST_F(Manners, AWrongCommandIsNamedWithTheNearestRightOne) {
-    const std::string more = "Run with --help for more information.\n";
-    EXPECT_EQ(Refusal({"resluts", "p.TKL"}), "\"resluts\" is no command; did you mean results?\n" + more);
-    EXPECT_EQ(Refusal({"Result"}), "\"Result\" is no command; did you mean results?\n" + more);
-    EXPECT_EQ(Refusal({"swep"}), "\"swep\" is no command; did you mean sweep?\n" + more);
-    EXPECT_EQ(Refusal({"conv", "p.TKL"}), "\"conv\" is no command; did you mean convert?\n" + more);
-    EXPECT_EQ(Refusal({"p.TKL"}), "\"p.TKL\" is no command\n" + more);
-    EXPECT_EQ(Refusal({""}), "\"\" is no command\n" + more);
-    EXPECT_EQ(Refusal({}), "A subcommand is required\n" + more);
+    const std::string cli = "tarvokol-cli";
+    EXPECT_EQ(Refusal({"resluts", "p.TKL"}), More(cli, "\"resluts\" is no command; did you mean results?"));
+    EXPECT_EQ(Refusal({"Result"}), More(cli, "\"Result\" is no command; did you mean results?"));
+    EXPECT_EQ(Refusal({"swep"}), More(cli, "\"swep\" is no command; did you mean sweep?"));
+    EXPECT_EQ(Refusal({"conv", "p.TKL"}), More(cli, "\"conv\" is no command; did you mean convert?"));
+    EXPECT_EQ(Refusal({"p.TKL"}), More(cli, "\"p.TKL\" is no command"));
+    EXPECT_EQ(Refusal({""}), More(cli, "\"\" is no command"));
+    EXPECT_EQ(Refusal({}), More(cli, "no command is given"));
 }
 
 TEST_F(Manners, AWrongOptionIsNamedWithTheNearestRightOne) {
     Project("p.TKL");
-    const std::string more = "Run with --help for more information.\n";
     EXPECT_EQ(Refusal({"results", "--jsno", "p.TKL"}),
-              "--jsno is no option of results; did you mean --json?\n" + more);
+              More("tarvokol-cli results", "--jsno is no option; did you mean --json?"));
     EXPECT_EQ(Refusal({"plan", "--made=strength", "p.TKL"}),
-              "--made is no option of plan; did you mean --mode?\n" + more);
+              More("tarvokol-cli plan", "--made is no option; did you mean --mode?"));
     EXPECT_EQ(Refusal({"results", "--jsno"}),
-              "--jsno is no option of results; did you mean --json?\n" + more);
-    EXPECT_EQ(Refusal({"size", "-z", "p.TKL"}), "-z is no option of size\n" + more);
-    EXPECT_EQ(Refusal({"size", "--colour", "p.TKL"}), "--colour is no option of size\n" + more);
-    EXPECT_EQ(Refusal({"--verison"}), "--verison is no option; did you mean --version?\n" + more);
+              More("tarvokol-cli results", "--jsno is no option; did you mean --json?"));
+    EXPECT_EQ(Refusal({"size", "-z", "p.TKL"}), More("tarvokol-cli size", "-z is no option"));
+    EXPECT_EQ(Refusal({"size", "--colour", "p.TKL"}), More("tarvokol-cli size", "--colour is no option"));
+    EXPECT_EQ(Refusal({"--verison"}),
+              More("tarvokol-cli", "--verison is no option; did you mean --version?"));
     EXPECT_EQ(Refusal({"--json", "size", "p.TKL"}),
-              "--json: the options of a command stand after its name\n");
+              More("tarvokol-cli size", "--json: the options of a command stand after its name"));
 }
 
 TEST_F(Manners, AWrongChoiceIsNamedWithTheNearestRightOne) {
     Project("p.TKL");
-    EXPECT_THAT(
-        Refusal({"curve", "sf-hight", "p.TKL"}),
-        StartsWith(
-            "KIND: sf-hight not in {sf-height,sf-depth,sf-hole,web,barrier}; did you mean sf-height?\n"));
+    EXPECT_EQ(Refusal({"curve", "sf-hight", "p.TKL"}),
+              More("tarvokol-cli curve",
+                   "KIND: \"sf-hight\" is none of sf-height, sf-depth, sf-hole, web, barrier; did you mean "
+                   "sf-height?"));
     EXPECT_THAT(Refusal({"plan", "--mode", "capasity", "p.TKL"}), HasSubstr("; did you mean capacity?\n"));
-    EXPECT_THAT(Refusal({"convert", "--to", "imperial", "p.TKL"}),
-                StartsWith("--to: imperial not in {english,metric}\n"));
+    EXPECT_EQ(Refusal({"convert", "--to", "imperial", "p.TKL"}),
+              More("tarvokol-cli convert", "--to: \"imperial\" is none of english, metric"));
     EXPECT_THAT(Refusal({"units", "lenght", "ft", "1"}), HasSubstr("; did you mean length?\n"));
+    EXPECT_EQ(Refusal({"units", "stress", "pfs", "1"}),
+              "tarvokol-cli units: UNIT: \"pfs\" is none of psi, ksi, psf, Pa, MPa; did you mean psf?\n");
+    EXPECT_EQ(Refusal({"units", "length", "furlong", "1"}),
+              "tarvokol-cli units: UNIT: \"furlong\" is none of in, ft, cm, m\n");
+}
+
+TEST_F(Manners, WhatIsMissingOrTooMuchIsNamed) {
+    Project("p.TKL");
+    const auto refused = [this](const Words& words, const std::string& text) {
+        EXPECT_EQ(Refusal(words), More("tarvokol-cli " + words.front(), text));
+    };
+    refused({"curve"}, "KIND is missing");
+    refused({"curve", "web"}, "FILE is missing");
+    refused({"sweep"}, "PROJECT is missing");
+    refused({"convert", "p.TKL"}, "--to is missing");
+    refused({"sweep", "p.TKL"}, "--vary is missing");
+    refused({"units", "length", "ft"}, "VALUE is missing");
+    refused({"units", "length", "ft", "1", "2"}, "\"2\" is one argument too many");
+    refused({"sweep", "p.TKL", "q.TKL", "--vary", "Height=5"}, "\"q.TKL\" is one argument too many");
+    refused({"results", "p.TKL", "--format"}, "--format: its value is missing");
+    refused({"results", "p.TKL", "-o"}, "-o: its value is missing");
+    refused({"sweep", "p.TKL", "--vary"}, "--vary: its value is missing");
+    refused({"results", "--json=no", "p.TKL"}, "--json takes no value");
+    refused({"results", "--format", "txt", "--format", "pdf", "p.TKL"},
+            "--format is given 2 times and takes one value");
+    refused({"results", "--settings", "none.ini", "p.TKL"}, "--settings: \"none.ini\" is not there");
+    refused({"results", "--settings", ".", "p.TKL"}, "--settings: \".\" is a folder");
+}
+
+TEST_F(Manners, HelpOfACommandIsAskedForInTwoWays) {
+    EXPECT_EQ(Run({"help", "sweep"}).out, Run({"sweep", "--help"}).out);
+    EXPECT_EQ(Run({"help"}).out, Run({"--help"}).out);
+    EXPECT_THAT(Run({"help"}).out, EndsWith("`tarvokol-cli help COMMAND` tells more of a command.\n"));
+    EXPECT_EQ(Run({"help", "units"}).status, 0);
+    EXPECT_EQ(Refusal({"help", "untis"}),
+              More("tarvokol-cli", "\"untis\" is no command; did you mean units?"));
+}
+
+TEST_F(Manners, HelpStaysWithinAHundredColumns) {
+    for (const char* const command : {"", "results", "size", "save", "curve", "plan", "convert", "units",
+                                      "settings", "sweep", "table", "risk"}) {
+        std::istringstream lines(Run(*command == '\0' ? Words{"help"} : Words{"help", command}).out);
+        int count = 0;
+        for (std::string line; std::getline(lines, line); ++count) EXPECT_LE(line.size(), 100U) << line;
+        EXPECT_GT(count, 8) << command;
+    }
+}
+
+TEST_F(Manners, AProjectOnStandardInputWithoutItsOptionIsNoListOfFiles) {
+    const std::string project = ProjectText().Bytes();
+    EXPECT_EQ(
+        Refusal({"results", "-"}, project),
+        "tarvokol-cli results: -: standard input holds a project, no list of files; give --stdin-project to "
+        "read it as one\n");
+    const CliAnswer answer = Run({"sweep", "-", "--vary", "Height=5,6"}, project);
+    EXPECT_EQ(answer.status, 1);
+    EXPECT_EQ(answer.err, "-: File not found; a project on standard input is read with --stdin-project\n");
+    EXPECT_EQ(Run({"sweep", "-", "--stdin-project", "-q", "--vary", "Height=5,6"}, project).status, 0);
+}
+
+TEST_F(Manners, ControlCharactersInNamesAreShown) {
+    const std::string name = "a\x1b[2Jb\nc\x7f\xc2\x9b.TKL";
+    const std::string shown = R"(a\x1B[2Jb\x0Ac\x7F\u009B.TKL)";
+    EXPECT_EQ(Run({"size", name}).err, shown + ": File not found\n");
+    EXPECT_EQ(Run({"sweep", name, "--vary", "Height=5"}).err, shown + ": File not found\n");
+    EXPECT_EQ(Run({"size", "--settings", name, "p.TKL"}).status, 2);
+    EXPECT_THAT(Run({"size", "--settings", name, "p.TKL"}).err,
+                HasSubstr("\"" + shown + "\" is not there\n"));
+    // What goes into a pipe is the name as it is.
+    Project(name);
+    EXPECT_EQ(Run({"convert", "--to", "metric", name, "-o", "out.TKL"}).out, name + ": out.TKL\n");
 }
 
 TEST_F(Manners, LongAndShortOptionsAreTheSame) {

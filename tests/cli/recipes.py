@@ -4,36 +4,41 @@
 
     tests/cli/recipes.py TARVOKOL_CLI SOURCE
 
-Each recipe runs by itself, in bash, in a folder with the example projects, `tarvokol-cli` being the program given. It must end
-with status 0, say nothing on standard error and print what stands below it.
+Each recipe runs by itself, in bash, in the folder that the page's first command makes of the example projects, `tarvokol-cli` being
+the program given. It must end with status 0, say nothing on standard error and print what stands below it.
 """
 import os
 import pathlib
 import re
-import shutil
+import shlex
 import subprocess
 import sys
 import tempfile
 
 RECIPE = re.compile(r"^## (\d+\. [^\n]+)\n.*?^```sh\n(.*?)^```\n\n```text\n(.*?)^```$", re.MULTILINE | re.DOTALL)
+FOLDER = re.compile(r"^```sh\n(cp [^\n]+)\n```$", re.MULTILINE)
+INSTALLED = "/usr/share/doc/tarvokol/examples"
 COUNT = 10
 
 
-def run(commands, cli, examples):
+def run(commands, cli):
     with tempfile.TemporaryDirectory() as folder:
-        for example in examples.iterdir():
-            shutil.copy(example, folder)
         path = f"{cli.parent}{os.pathsep}{os.environ['PATH']}"
         return subprocess.run(["bash", "-euo", "pipefail", "-c", commands], cwd=folder, capture_output=True, text=True,
                               stdin=subprocess.DEVNULL, env={**os.environ, "PATH": path, "LC_ALL": "C.UTF-8"})
 
 
 def main():
-    cli, source = pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2])
-    recipes = RECIPE.findall((source / "docs" / "recipes.md").read_text())
+    cli, source = pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2]).resolve()
+    page = (source / "docs" / "recipes.md").read_text()
+    recipes = RECIPE.findall(page)
+    folder = FOLDER.search(page)[1]
+    if INSTALLED not in folder:
+        sys.exit(f"the first command is to copy {INSTALLED}")
+    folder = folder.replace(INSTALLED, shlex.quote(str(source / "examples")))
     faults = 0
     for title, commands, expected in recipes:
-        done = run(commands, cli, source / "examples")
+        done = run(f"{folder}\n{commands}", cli)
         if done.returncode == 0 and done.stderr == "" and done.stdout == expected:
             continue
         faults += 1

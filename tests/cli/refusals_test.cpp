@@ -23,7 +23,7 @@ class Refusals : public CliTest {
         const CliAnswer answer = Run(arguments);
         EXPECT_EQ(answer.status, 2);
         EXPECT_EQ(answer.out, "");
-        EXPECT_EQ(answer.err, text + "\n");
+        EXPECT_EQ(answer.err, "tarvokol-cli " + arguments.front() + ": " + text + "\n");
     }
     void ExpectNotWritten(const Words& arguments, const std::string& text) const {
         SCOPED_TRACE(testing::PrintToString(arguments));
@@ -92,8 +92,8 @@ TEST_F(Refusals, AProjectOnStandardInputHasNoName) {
 }
 
 TEST_F(Refusals, AUnitIsOneOfItsQuantity) {
-    ExpectRefused({"units", "length", "furlong", "1"}, "UNIT: furlong is none of in, ft, cm, m");
-    ExpectRefused({"units", "stress", "ft", "1"}, "UNIT: ft is none of psi, ksi, psf, Pa, MPa");
+    ExpectRefused({"units", "length", "furlong", "1"}, "UNIT: \"furlong\" is none of in, ft, cm, m");
+    ExpectRefused({"units", "stress", "ft", "1"}, "UNIT: \"ft\" is none of psi, ksi, psf, Pa, MPa");
 }
 
 TEST_F(Refusals, ASweepHasItsLimits) {
@@ -141,7 +141,7 @@ TEST_F(Refusals, ThreadsAreOneToAThousandAndTwentyFour) {
     for (const std::string text : {"0", "01", "1025", "2x"}) {
         const CliAnswer answer = Run({"sweep", "p.TKL", "--vary", "Height=5", "--threads=" + text});
         EXPECT_EQ(answer.status, 2) << text;
-        EXPECT_THAT(answer.err, testing::StartsWith("--threads: \"" + text +
+        EXPECT_THAT(answer.err, testing::StartsWith("tarvokol-cli sweep: --threads: \"" + text +
                                                     "\" is not a whole number from 1 to 1024\n"));
     }
     for (const std::string text : {"1", "1024"})
@@ -157,15 +157,16 @@ TEST_F(Refusals, AConfigurationFileThatIsNoneIsNamed) {
 }
 
 TEST_F(Refusals, ATerminalShowsNoPictures) {
-    const auto refusal = [](const std::string& format) {
-        return std::pair(2, "-o -: a terminal shows no " + format + "; send it into a file or a pipe\n");
+    const auto refusal = [](const std::string& command, const std::string& format) {
+        return std::pair(2, "tarvokol-cli " + command + ": -o -: a terminal shows no " + format +
+                                "; send it into a file or a pipe\n");
     };
-    EXPECT_EQ(OnATerminal("plan --format png p.TKL"), refusal("png"));
-    EXPECT_EQ(OnATerminal("plan -o - --format svg p.TKL"), refusal("svg"));
-    EXPECT_EQ(OnATerminal("curve web --format xlsx p.TKL"), refusal("xlsx"));
-    EXPECT_EQ(OnATerminal("results --format pdf p.TKL"), refusal("pdf"));
-    EXPECT_EQ(OnATerminal("sweep --quiet p.TKL --vary Height=5,6 --format xlsx"), refusal("xlsx"));
-    EXPECT_EQ(OnATerminal("sweep --quiet p.TKL --vary Height=5,6 --format svg"), refusal("svg"));
+    EXPECT_EQ(OnATerminal("plan --format png p.TKL"), refusal("plan", "png"));
+    EXPECT_EQ(OnATerminal("plan -o - --format svg p.TKL"), refusal("plan", "svg"));
+    EXPECT_EQ(OnATerminal("curve web --format xlsx p.TKL"), refusal("curve", "xlsx"));
+    EXPECT_EQ(OnATerminal("results --format pdf p.TKL"), refusal("results", "pdf"));
+    EXPECT_EQ(OnATerminal("sweep --quiet p.TKL --vary Height=5,6 --format xlsx"), refusal("sweep", "xlsx"));
+    EXPECT_EQ(OnATerminal("sweep --quiet p.TKL --vary Height=5,6 --format svg"), refusal("sweep", "svg"));
     const std::pair<int, std::string> done(0, "");
     EXPECT_EQ(OnATerminal("plan --format csv p.TKL"), done);
     EXPECT_EQ(OnATerminal("save -o - p.TKL"), done);
@@ -241,7 +242,9 @@ TEST_F(Refusals, AListThatEndsItsPathsInNulIsNamedWithoutItsOption) {
     const CliAnswer answer = Run({"size", "-"}, list);
     EXPECT_EQ(answer.status, 2);
     EXPECT_EQ(answer.out, "");
-    EXPECT_EQ(answer.err, "-: the list of files holds NUL characters; give -0 for a list that they end\n");
+    EXPECT_EQ(answer.err,
+              "tarvokol-cli size: -: the list of files holds NUL characters; give -0 for a list that they "
+              "end\n");
     ExpectRefused({"size", "-0", "p.TKL"},
                   "-0: belongs to a list of files on standard input; name - as the FILE");
     ExpectRefused({"size", "-0", "--stdin-project", "-"},

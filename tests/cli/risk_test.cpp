@@ -14,6 +14,7 @@ namespace {
 
 using nlohmann::json;
 using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 // Of values without ties.
 double Spearman(const std::vector<double>& x, const std::vector<double>& y) {
@@ -178,7 +179,7 @@ TEST_F(RiskCommand, RefusesMeasuredValuesThatAreNone) {
         const CliAnswer answer =
             Run({"risk", Project("p.TKL"), "--random", std::string("CoalStrength=data:lab.csv:") + column});
         EXPECT_EQ(answer.status, 2);
-        EXPECT_EQ(answer.err.substr(0, answer.err.find('\n')), words);
+        EXPECT_EQ(answer.err.substr(0, answer.err.find('\n')), std::string("tarvokol-cli risk: ") + words);
     };
     refused("UCS\n900\n9,00\n", "UCS",
             "--random CoalStrength: lab.csv, line 3: 2 cells under 1 columns; a figure needs a decimal "
@@ -198,7 +199,8 @@ TEST_F(RiskCommand, RefusesMeasuredValuesThatAreNone) {
             "--random CoalStrength: lab.csv: the table is empty; its first line names the columns");
     const CliAnswer none = Run({"risk", Project("p.TKL"), "--random", "CoalStrength=data:nowhere.csv:UCS"});
     EXPECT_EQ(none.status, 2);
-    EXPECT_EQ(none.err.substr(0, none.err.find('\n')), "--random CoalStrength: nowhere.csv: File not found");
+    EXPECT_EQ(none.err.substr(0, none.err.find('\n')),
+              "tarvokol-cli risk: --random CoalStrength: nowhere.csv: File not found");
 }
 
 TEST_F(RiskCommand, CorrelatesContinuousFieldsOnly) {
@@ -272,7 +274,7 @@ TEST_F(RiskCommand, WrongUsageIsToldInOneLine) {
         const CliAnswer answer = Run(words);
         EXPECT_EQ(answer.status, 2) << text;
         EXPECT_EQ(answer.out, "");
-        EXPECT_THAT(answer.err, HasSubstr(text));
+        EXPECT_THAT(answer.err, AllOf(StartsWith("tarvokol-cli risk: "), HasSubstr(text)));
     };
     refused({"--random", "Height"}, "--random: \"Height\" has no \"=\"; write FIELD=normal:MEAN:SD\n");
     refused({"--random", "Height=normal:1,5:2"},

@@ -124,7 +124,7 @@ TEST_F(Start, TheSiblingTakesOverInputOutputsAndStatus) {
     EXPECT_TRUE(std::filesystem::exists(Folder / "folder/p.svg"));
     EXPECT_EQ(Run({"plan", "-o", "folder/", "p.TKL"}).status, 3);  // stands there already
     EXPECT_EQ(Run({"plan", "-o", "x.svg", "-"}, "p.TKL\nr.TKL\n").err,
-              "-o: one output file for several projects; name a folder instead\n");
+              "tarvokol-cli plan: -o: one output file for several projects; name a folder instead\n");
     EXPECT_EQ(Run({"plan", "-o", "[x].svg", "--", "p.TKL"}).status, 0);
     EXPECT_TRUE(std::filesystem::exists(Folder / "[x].svg"));
 }

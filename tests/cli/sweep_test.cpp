@@ -190,7 +190,7 @@ TEST_F(SweepCommand, WrongUsageIsToldInOneLine) {
         const CliAnswer answer = Run(words);
         EXPECT_EQ(answer.status, 2) << text;
         EXPECT_EQ(answer.out, "") << text;
-        EXPECT_THAT(answer.err, HasSubstr(text));
+        EXPECT_THAT(answer.err, AllOf(StartsWith("tarvokol-cli sweep: "), HasSubstr(text)));
         EXPECT_EQ(std::count(answer.err.begin(), answer.err.end(), '\n'), 1) << answer.err;
     };
     refused({"--vary", "Height"}, "--vary: \"Height\" has no \"=\"; write FIELD=FIRST:LAST:STEP\n");

@@ -33,7 +33,7 @@ TEST_F(UnitsCommand, RefusesAValueThatIsNoNumber) {
     const CliAnswer answer = Run({"units", "length", "ft", "2 5 feet"});
     EXPECT_EQ(answer.status, 2);
     EXPECT_EQ(answer.out, "");
-    EXPECT_EQ(answer.err, "VALUE: \"2 5 feet\" is no number\n");
+    EXPECT_EQ(answer.err, "tarvokol-cli units: VALUE: \"2 5 feet\" is no number\n");
     EXPECT_EQ(Run({"units", "length", "ft", "+2.5E1"}).out, "in: 300\nft: 25\ncm: 762\nm: 7.62\n");
 }
 

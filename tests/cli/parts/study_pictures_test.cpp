@@ -111,12 +111,14 @@ TEST_F(StudyPictures, AFigureThatIsAskedForIsTheOnlyCurve) {
 }
 
 TEST_F(StudyPictures, SizesHaveToBeAskedForWithTheirFigure) {
-    EXPECT_EQ(Refusal(Sweep({"DepthCover=100"}, "SuggestedWeb")), "--of SuggestedWeb: needs --size");
-    EXPECT_EQ(Refusal(Sweep({"DepthCover=100"}, "suggestedbarrier")), "--of suggestedbarrier: needs --size");
-    EXPECT_EQ(
-        Refusal(Sweep({"DepthCover=100"}, "Web")),
-        "--of: unknown figure \"Web\"; the figures are Overall, WebsOnly, BarrierPillar, ExtractionRatio, "
-        "SuggestedWeb, SuggestedBarrier");
+    EXPECT_EQ(Refusal(Sweep({"DepthCover=100"}, "SuggestedWeb")),
+              "tarvokol-cli sweep: --of SuggestedWeb: needs --size");
+    EXPECT_EQ(Refusal(Sweep({"DepthCover=100"}, "suggestedbarrier")),
+              "tarvokol-cli sweep: --of suggestedbarrier: needs --size");
+    EXPECT_EQ(Refusal(Sweep({"DepthCover=100"}, "Web")),
+              "tarvokol-cli sweep: --of: unknown figure \"Web\"; the figures are Overall, WebsOnly, "
+              "BarrierPillar, ExtractionRatio, "
+              "SuggestedWeb, SuggestedBarrier");
 }
 
 TEST_F(StudyPictures, TwoFieldsGiveAMapWithTheFirstFromLeftToRight) {
@@ -154,16 +156,16 @@ TEST_F(StudyPictures, APictureOfRefusedPanelsAloneIsRefused) {
 }
 
 TEST_F(StudyPictures, AMapHasTwoFieldsWithTwoValuesOrMoreAndNotTooMany) {
-    const std::string two = "-o: a map needs two different values or more of each field";
+    const std::string two = "tarvokol-cli sweep: -o: a map needs two different values or more of each field";
     EXPECT_EQ(Refusal(Sweep({"WebThickness=10", "DepthCover=100,200"})), two);
     EXPECT_EQ(Refusal(Sweep({"WebThickness=10,20", "DepthCover=100"})), two);
     EXPECT_EQ(Refusal(Sweep({"WebThickness=10,10", "DepthCover=100,200"})), two);
     EXPECT_EQ(Refusal(Sweep({"WebThickness=10:20/2001", "DepthCover=100:200/2000"})),
-              "-o: a map of more than 4000000 panels; give larger steps");
-    EXPECT_EQ(
-        Refusal(Sweep({"WebThickness=10,20", "DepthCover=100,200", "Height=8,9"})),
-        "-o: a picture shows one field (curves) or two (a map), not 3; write .csv, .json or .xlsx, or vary "
-        "fewer fields");
+              "tarvokol-cli sweep: -o: a map of more than 4000000 panels; give larger steps");
+    EXPECT_EQ(Refusal(Sweep({"WebThickness=10,20", "DepthCover=100,200", "Height=8,9"})),
+              "tarvokol-cli sweep: -o: a picture shows one field (curves) or two (a map), not 3; write .csv, "
+              ".json or .xlsx, or vary "
+              "fewer fields");
 }
 
 TEST_F(StudyPictures, AMetricProjectWithoutATitleGivesItsPathAndItsUnits) {

@@ -83,7 +83,8 @@ TEST_F(StudyWorkbooks, ATableKeepsItsTextsAsTextsAndFillsItsNumbers) {
 
 TEST_F(StudyWorkbooks, ASheetHoldsAHeaderAndAMillionRows) {
     EXPECT_EQ(RefusalOf(Sweep({"DepthCover=100:200/1048576"})),
-              "-o: 1048576 rows and a header are more than the 1048576 of a sheet; write .csv or .json");
+              "tarvokol-cli sweep: -o: 1048576 rows and a header are more than the 1048576 of a sheet; write "
+              ".csv or .json");
     EXPECT_THAT(TheRecording().Titles, IsEmpty());
     TheRecording().KeepRows = false;
     EXPECT_EQ(Run(Sweep({"DepthCover=100:200/1048575"})), 0);
@@ -98,7 +99,8 @@ TEST_F(StudyWorkbooks, ATableThatIsTooLongIsRefusedWhereTheSheetEnds) {
     std::streambuf* const before = std::cin.rdbuf(input.rdbuf());
     TheRecording().KeepRows = false;
     EXPECT_EQ(RefusalOf(Into("rows.xlsx", {"table"}, {"-"})),
-              "-o: 1048576 rows and a header are more than the 1048576 of a sheet; write .csv or .json");
+              "tarvokol-cli table: -o: 1048576 rows and a header are more than the 1048576 of a sheet; write "
+              ".csv or .json");
     std::cin.rdbuf(before);
     std::cin.clear();
     EXPECT_EQ(TheRecording().RowCount, 1048575u);
