@@ -2,7 +2,9 @@
 #include "cli/output/toolkit_drawing.h"
 
 #include <QApplication>
+#include <QHashFunctions>
 
+#include "core/files/source_date.h"
 #include "core/platform/platform.h"
 #include "core/report/print_engine.h"
 #include "qt/charts/chart_export.h"
@@ -22,6 +24,10 @@ void DropMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
 void StartToolkit() {
     if (QCoreApplication::instance() != nullptr) return;
     qInstallMessageHandler(DropMessage);
+    // Fonts and their signs stand in a PDF in the order of the toolkit's tables: the same work is to give the same bytes.
+    QHashSeed::setDeterministicGlobalSeed();
+    // How long the date of a PDF is depends on the zone.
+    if (SourceDate()) qputenv("TZ", "UTC");
     qputenv("QT_QPA_PLATFORM", "offscreen");
     static int argc = 1;
     static char name[] = "tarvokol-cli";

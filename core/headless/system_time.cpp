@@ -5,13 +5,20 @@
 #include <cstdio>
 #include <ctime>
 
+#include "core/files/source_date.h"
+
 namespace tarvokol {
 namespace {
 
+// The time that outputs carry; another one than the present is the same in all time zones.
 std::tm LocalNow() {
-    const std::time_t now = std::time(nullptr);
+    const auto named = SourceDate();
+    const std::time_t now = named ? static_cast<std::time_t>(*named) : std::time(nullptr);
     std::tm parts{};
-    localtime_r(&now, &parts);
+    if (named)
+        gmtime_r(&now, &parts);
+    else
+        localtime_r(&now, &parts);
     return parts;
 }
 

@@ -8,7 +8,7 @@
 
 namespace tarvokol {
 
-// The local date now.
+// The local date now; where SourceDate names another time, here and below, its date in UTC.
 CalendarDate SystemDate();
 
 // The local time now: "3:07:09 PM".

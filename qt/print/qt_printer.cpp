@@ -17,6 +17,7 @@
 #include "core/settings/folders.h"
 #include "qt/print/page_painter.h"
 #include "qt/print/pdf_check.h"
+#include "qt/session/pdf_date.h"
 #include "qt/session/qt_screen_fonts.h"
 #include "qt/session/qt_text.h"
 #include "qt/session/screen_units.h"
@@ -164,6 +165,7 @@ void QtPrinter::BeginFile() {
 // What is whole and cannot be put in place may be tried again; what is not whole is printed anew.
 void QtPrinter::EndFile() {
     if (!file_is_whole_) Raise(error_number::DiskFull);
+    SettleDateOfPdfFile(file_->BuildPath());
     file_->Commit();
     DropFile();
 }

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/session/desktop_clock.h"
 
+#include <QDateTime>
+#include <QTimeZone>
+
+#include "core/files/source_date.h"
 #include "qt/session/qt_text.h"
 
 namespace tarvokol {
@@ -18,6 +22,12 @@ QString WithoutZone(const QString& format) {
 }
 
 }  // namespace
+
+std::string DesktopClock::TimeText() const {
+    const auto named = SourceDate();
+    return TimeTextOf(named ? QDateTime::fromSecsSinceEpoch(*named, QTimeZone::utc()).time()
+                            : QTime::currentTime());
+}
 
 std::string DesktopClock::TimeTextOf(const QTime& time) const {
     return FromQt(locale_.toString(time, WithoutZone(locale_.timeFormat(QLocale::LongFormat))).simplified());

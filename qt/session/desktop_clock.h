@@ -13,7 +13,7 @@ class DesktopClock : public SystemClock {
   public:
     explicit DesktopClock(const QLocale& locale = QLocale::system()) : locale_(locale) {}
 
-    std::string TimeText() const override { return TimeTextOf(QTime::currentTime()); }
+    std::string TimeText() const override;
     std::string ShortMonthName(int month) const override;
 
     // The locale's long time without the time zone: "3:07:09 PM", "15:07:09".

@@ -10,6 +10,7 @@
 #include "core/files/file_replacement.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
+#include "qt/session/pdf_date.h"
 #include "qt/session/screen_units.h"
 
 namespace tarvokol {
@@ -40,13 +41,16 @@ void WriteSvg(const PictureDrawing& drawing, QBuffer& out) {
 }
 
 void WritePdf(const PictureDrawing& drawing, QBuffer& out) {
-    QPdfWriter writer(&out);
-    writer.setResolution(kPixelsPerInch);
-    writer.setTitle(drawing.title);
-    writer.setPageSize(QPageSize(QSizeF(drawing.size) / kPixelsPerPoint, QPageSize::Point, QString(),
-                                 QPageSize::ExactMatch));
-    writer.setPageMargins(QMarginsF(0, 0, 0, 0));
-    drawing.draw(writer);
+    {
+        QPdfWriter writer(&out);
+        writer.setResolution(kPixelsPerInch);
+        writer.setTitle(drawing.title);
+        writer.setPageSize(QPageSize(QSizeF(drawing.size) / kPixelsPerPoint, QPageSize::Point, QString(),
+                                     QPageSize::ExactMatch));
+        writer.setPageMargins(QMarginsF(0, 0, 0, 0));
+        drawing.draw(writer);
+    }
+    SettleDateOfPdf(out.buffer());
 }
 
 using Format = void (*)(const PictureDrawing&, QBuffer&);

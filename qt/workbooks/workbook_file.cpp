@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/workbooks/workbook_file.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <filesystem>
 
 #include <fcntl.h>
@@ -9,6 +11,7 @@
 #include <unistd.h>
 
 #include "core/files/os_errors.h"
+#include "core/files/source_date.h"
 #include "core/runtime/run_time_error.h"
 #include "qt/workbooks/workbook_check.h"
 #include "qt/workbooks/xlsx_library.h"
@@ -80,6 +83,12 @@ lxw_workbook* NewWorkbook(const std::string& path) {
     options.tmpdir = folder.empty() ? nullptr : folder.data();
     lxw_workbook* book = Xlsx().workbook_new_opt(path.c_str(), &options);
     if (book == nullptr) Raise(error_number::OutOfMemory);
+    if (const auto date = SourceDate()) {
+        lxw_doc_properties properties{};
+        // The library takes 0 for the present.
+        properties.created = static_cast<time_t>(std::max<std::int64_t>(*date, 1));
+        Xlsx().workbook_set_properties(book, &properties);
+    }
     return book;
 }
 

@@ -29,6 +29,7 @@ XlsxLibrary OpenXlsxLibrary(const char* name) {
     find("workbook_new_opt", made.workbook_new_opt);
     find("workbook_add_worksheet", made.workbook_add_worksheet);
     find("workbook_add_format", made.workbook_add_format);
+    find("workbook_set_properties", made.workbook_set_properties);
     find("workbook_close", made.workbook_close);
     find("lxw_workbook_free", made.lxw_workbook_free);
     find("format_set_bold", made.format_set_bold);

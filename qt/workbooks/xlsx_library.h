@@ -12,6 +12,7 @@ struct XlsxLibrary {
     decltype(&::workbook_new_opt) workbook_new_opt;
     decltype(&::workbook_add_worksheet) workbook_add_worksheet;
     decltype(&::workbook_add_format) workbook_add_format;
+    decltype(&::workbook_set_properties) workbook_set_properties;
     decltype(&::workbook_close) workbook_close;
     decltype(&::lxw_workbook_free) lxw_workbook_free;
     decltype(&::format_set_bold) format_set_bold;

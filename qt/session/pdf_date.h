@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The date of a PDF file, which its writer takes from the clock.
+#pragma once
+
+#include <QByteArray>
+#include <string>
+
+namespace tarvokol {
+
+// Puts the date that SourceDate names, if any, in place of the writer's; nothing moves, so that the file's table of objects
+// holds.
+void SettleDateOfPdf(QByteArray& pdf);
+
+// The same in a file. Raises the errors of the files.
+void SettleDateOfPdfFile(const std::string& path);
+
+}  // namespace tarvokol
