@@ -15,6 +15,7 @@
 #include "core/settings/options_record.h"
 #include "core/settings/program_settings.h"
 #include "core/settings/replaced_settings.h"
+#include "core/settings/system_settings.h"
 
 namespace tarvokol {
 namespace {
@@ -97,10 +98,12 @@ void LogSaving() {
 // The file is whole on the disk before the log line, which may create the main window and, with it, the
 // disclaimer: there the program may be ended.
 void CreateConfigurationFile() {
+    const bool given = TakeSystemSettings();
     const IniDocument file = NewConfiguration();
     file.Save(IniPath);
     state::Configuration.KnownText = file.Text();
     LogSaving();
+    if (given) LogMessage("Default settings of this system: " + SystemIniPath);
 }
 
 // A new file in place of one that cannot be used, which is kept; the old one where it cannot be kept.
@@ -130,6 +133,7 @@ bool NoteSections(int selector) {
 // line shows the main window.
 void GoOnInMemory(const char* reason) {
     state::Configuration.KeptInMemory = true;
+    TakeSystemSettings();
     state::Configuration.KnownText = NewConfiguration().Text();
     LogMessage(reason + IniPath);
     ReadSettings(NewConfiguration(), RangeRepair::KeepInMemory);

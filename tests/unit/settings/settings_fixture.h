@@ -10,6 +10,7 @@
 #include "core/settings/graph_settings.h"
 #include "core/settings/options_record.h"
 #include "core/settings/program_settings.h"
+#include "core/settings/system_settings.h"
 #include "tests/support/core_fixture.h"
 
 namespace tarvokol {
@@ -24,6 +25,7 @@ class SettingsTest : public CoreTest {
         PersonalDataFolder = PathTo("data/");
         TempDataFolder = PathTo("temp/");
         IniPath = PersonalDataFolder + "TARVOKOL.INI";
+        SystemIniPath = PathTo("etc/TARVOKOL.INI");
         IniStamp = "050924";
         IniFileVersion = "";
         state::Configuration.KnownText = "";
