@@ -48,4 +48,14 @@ for command in "run examples/Thick_Seam_Pit.TKL" test package; do
     holds "./$command, sudo without a password" "$(told $command)" "Debian packages that are missing: g++ cmake ninja-build"
     [ -e "$machine/apt-get-ran" ] || fail "./$command does not install"
 done
+
+# Package lists that cannot be read end the command with what the installer said, before anything is installed or built.
+printf '#!/bin/sh\n[ "$1" = update ] || touch %s/apt-get-ran\necho "no network"\n[ "$1" != update ]\n' "$machine" > "$machine/apt-get"
+for command in "run examples/Thick_Seam_Pit.TKL" test package; do
+    rm -f "$machine/apt-get-ran"
+    # shellcheck disable=SC2086
+    said=$(told $command)
+    holds "./$command, failing lists" "$said" "no network" "status 1"
+    [ ! -e "$machine/apt-get-ran" ] || fail "./$command installs after lists that cannot be read"
+done
 finish

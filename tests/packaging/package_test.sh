@@ -49,6 +49,9 @@ test_has_icons_of_all_sizes() {
 
 test_desktop_entry_is_valid() {
     clean "desktop entry" desktop-file-validate "$share/applications/tarvokol.desktop"
+    # A file manager offers the program for a project by this, and hands it over.
+    holds "desktop entry" "$(cat "$share/applications/tarvokol.desktop")" $'\nMimeType=application/x-tarvokol;' \
+        $'\nExec=tarvokol %f'
 }
 
 test_metainfo_is_valid_and_tells_the_releases() {
@@ -65,6 +68,9 @@ test_projects_are_known_by_name_and_content() {
     clean "type of projects" env XDG_DATA_DIRS="$scratch" update-mime-database "$scratch/mime"
     holds "globs" "$(cat "$scratch/mime/globs2")" "50:application/x-tarvokol:*.tkl"
     holds "icons of types" "$(cat "$scratch/mime/icons")" "application/x-tarvokol:application-x-tarvokol"
+    # The words that every example begins with, at the file's first byte: their length is two bytes, 12.
+    same "begin of a project" "TARVOKOL_101" "$(head -c 12 "$source/examples/Thick_Seam_Pit.TKL")"
+    holds "magic" "$(tr '\0' '@' < "$scratch/mime/magic")" $'[60:application/x-tarvokol]\n>0=@\fTARVOKOL_101'
 }
 
 test_man_pages_are_clean() {
@@ -152,16 +158,28 @@ test_command_line_starts_without_the_toolkit_and_finds_it() {
 }
 
 test_manual_has_title_bookmarks_and_links() {
-    local manual=$doc/TARVOKOL.PDF outline
+    local manual=$doc/TARVOKOL.PDF outline topic
     holds "manual" "$(pdfinfo "$manual")" "TARVO-KOL Manual" "The TARVO-KOL authors"
     outline=$(pdftohtml -xml -i -stdout "$manual")
     holds "bookmarks of the manual" "$outline" '>Design</item>' '>The project file</item>' '>2. Describe</item>'
+    # Every topic of the help's contents is a chapter; its root is the manual itself.
+    while read -r topic; do
+        holds "chapters of the manual" "$outline" ">$topic</item>"
+    done < <(sed -n 's/.*<section title="\([^"]*\)".*/\1/p' "$source/resources/help/TARVOKOL.qhp" |
+        grep -v '^TARVO-KOL Help$')
     [ "$(grep -c '<text [^>]*><a href="TARVOKOL.html#[0-9]*">' <<< "$outline")" -ge 60 ] || fail "links of the contents"
     holds "bookmarks of a note" "$(pdftohtml -xml -i -stdout "$doc/UnitsConversions.pdf")" '>2. Conversion factors</item>'
 }
 
+made_changelog() {
+    env TZ="$1" SOURCE_DATE_EPOCH=1376956800 "$source/packaging/debian/make_changelog.sh" "$source/CHANGELOG.md" 1.3.02
+}
+
 test_changelog_tells_the_release() {
     holds changelog "$(gzip -dc "$doc/changelog.gz")" "tarvokol (1.3.02) stable" "Tue, 20 Aug 2013"
+    # The same wherever and whenever it is made.
+    same "changelog made elsewhere" "$(made_changelog UTC | grep '^ -- ')" "$(made_changelog Pacific/Kiritimati | grep '^ -- ')"
+    same "zones of the changelog" "+0000" "$(made_changelog Pacific/Kiritimati | sed -n 's/^ -- .* //p' | sort -u)"
     same "version of the package" "$(gzip -dc "$doc/changelog.gz" | sed -n '1s/.*(\(.*\)).*/\1/p')" \
         "$(dpkg-deb -f "$package" Version)"
 }

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the help and the notes write down is what the program calculates: their formulas are evaluated as they stand, their
 // defaults held against a new project.
+#include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <fstream>
+#include <map>
 #include <numbers>
+#include <regex>
 #include <sstream>
 
 #include "core/engine/engine.h"
@@ -128,6 +132,60 @@ void ExpectSizesAsTold(const Panel& panel, const std::string& begin_of_barrier) 
 TEST(HelpFigures, TheEquationsOfTheSizesHoldAtTheSuggestedWidths) {
     ExpectSizesAsTold(WidePanel(), "Barrier, wide span");
     ExpectSizesAsTold(DeepPanel(), "Barrier, cut-off span");
+}
+
+// Words of the index that their topic says in other words: who looks for them means it.
+const std::map<std::string, std::string> kOtherWords{{"welcome", "index.htm"},
+                                                     {"overview", "index.htm"},
+                                                     {"tutorial", "gettingstarted.htm"},
+                                                     {"metres", "units.htm"},
+                                                     {"feet", "units.htm"},
+                                                     {"accuracy", "validation.htm"},
+                                                     {"shortcuts", "frmMain.htm"},
+                                                     {"inches", "frmUnits.htm"},
+                                                     {"crash", "trouble.htm"},
+                                                     {"copies", "trouble.htm"},
+                                                     {"liability", "frmDisclaimer.htm"},
+                                                     {"batch", "cli.htm"},
+                                                     {"oddities", "things_to_know.htm"},
+                                                     {"known behaviour", "things_to_know.htm"},
+                                                     {"pitfalls", "things_to_know.htm"}};
+
+std::string LowerCase(std::string text) {
+    for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return text;
+}
+
+// What a word and its plural have in common.
+std::string StemOf(const std::string& word) {
+    constexpr std::size_t kLongestStem = 5;
+    return word.substr(0, std::min(kLongestStem, word.size() - (word.ends_with('s') ? 1 : 0)));
+}
+
+// True if the text has a word that begins as one of the words does.
+bool SpeaksOf(const std::string& text, const std::string& words) {
+    std::istringstream each(words);
+    for (std::string word; each >> word;)
+        if (word.size() > 2 && text.find(StemOf(word)) != std::string::npos) return true;
+    return false;
+}
+
+TEST(HelpIndex, EveryWordLeadsToATopicThatSpeaksOfIt) {
+    std::ostringstream project;
+    project << std::ifstream(TARVOKOL_SOURCE_FOLDER "/resources/help/TARVOKOL.qhp").rdbuf();
+    const std::string text = project.str();
+    const std::regex keyword("<keyword name=\"([^\"]*)\" ref=\"([^\"#]*)");
+    int count = 0;
+    for (std::sregex_iterator it(text.begin(), text.end(), keyword), last; it != last; ++it, ++count) {
+        const std::string words = LowerCase((*it)[1]);
+        const std::string topic = (*it)[2];
+        const auto other = kOtherWords.find(words);
+        if (other != kOtherWords.end())
+            EXPECT_EQ(topic, other->second) << words;
+        else
+            EXPECT_TRUE(SpeaksOf(LowerCase(Topic("help/" + topic)), words)) << words << ": " << topic;
+    }
+    EXPECT_GT(count, 200);
 }
 
 class HelpDefaults : public CoreTest {
