@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/project/project_document.h"
 
-#include "core/project/description.h"
+#include "core/project/description_text.h"
 #include "core/runtime/charset.h"
 #include "core/runtime/checked.h"
 #include "core/runtime/numbers.h"
