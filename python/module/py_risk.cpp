@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "python/module/py_risk.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include <pybind11/numpy.h>
+#include <pybind11/stl.h>
+
+#include "core/statistics/study_numbers.h"
+#include "core/studies/risk_study.h"
+#include "core/studies/study_names.h"
+#include "python/module/py_panel.h"
+
+namespace py = pybind11;
+
+namespace tarvokol::python {
+namespace {
+
+// Ctrl+C ends the study; the interpreter is asked a few times per second.
+class SignalWatch : public StudyObserver {
+  public:
+    bool Progress(std::uint64_t, std::optional<std::uint64_t>) override {
+        const auto now = std::chrono::steady_clock::now();
+        if (now < next_) return true;
+        next_ = now + std::chrono::milliseconds(100);
+        const py::gil_scoped_acquire lock;
+        return ::PyErr_CheckSignals() == 0;
+    }
+
+  private:
+    std::chrono::steady_clock::time_point next_{};
+};
+
+py::object IntervalOf(const Share& share) {
+    if (share.kind == IntervalKind::None) return py::none();
+    return py::str(share.kind == IntervalKind::Exact ? "clopper-pearson" : "replicates");
+}
+
+py::dict DictOf(const Share& share) {
+    py::dict dict;
+    dict["probability"] = share.value;
+    dict["low"] = share.low;
+    dict["high"] = share.high;
+    dict["interval"] = IntervalOf(share);
+    return dict;
+}
+
+py::dict DictOf(const BelowTarget& below) {
+    py::dict dict = DictOf(below.share);
+    dict["target"] = below.target;
+    dict["own_target"] = below.own_target;
+    dict["coverage"] = kConfidence;
+    dict["with_refused"] = DictOf(below.with_refused);
+    return dict;
+}
+
+py::dict DictOf(const RiskRequest& request, const FactorRisk& risk) {
+    py::dict quantiles;
+    for (std::size_t i = 0; i < kRiskShares.size(); ++i)
+        quantiles[py::float_(kRiskShares[i])] = risk.quantiles[i];
+    py::list below;
+    for (const BelowTarget& one : risk.below) below.append(DictOf(one));
+    py::dict ranks;
+    for (std::size_t i = 0; i < request.fields.size(); ++i)
+        ranks[NameOfField(request.fields[i].field)] = risk.rank_correlation[i];
+    py::dict dict;
+    dict["mean"] = risk.moments.mean;
+    dict["standard_deviation"] = risk.moments.standard_deviation;
+    dict["quantiles"] = quantiles;
+    dict["below"] = below;
+    dict["rank_correlation"] = ranks;
+    return dict;
+}
+
+py::array_t<double> ArrayOf(const BigArray<double>& values) {
+    py::array_t<double> array(static_cast<py::ssize_t>(values.size()));
+    std::copy(values.begin(), values.end(), array.mutable_data());
+    return array;
+}
+
+py::dict SamplesOf(const RiskRequest& request, const RiskResult& result) {
+    py::dict samples;
+    for (std::size_t i = 0; i < request.fields.size(); ++i)
+        samples[NameOfField(request.fields[i].field)] = ArrayOf(result.drawn[i]);
+    for (std::size_t i = 0; i < kFactors; ++i) samples[kStudyFigures[i].name] = ArrayOf(result.factors[i]);
+    return samples;
+}
+
+using Correlations = std::vector<std::tuple<std::string, std::string, double>>;
+
+struct RiskOptions {
+    std::uint32_t samples;
+    std::uint64_t seed;
+    bool latin;
+    bool keep_samples;
+    unsigned threads;
+};
+
+RiskRequest RequestOf(const PyPanel& panel, const std::vector<std::pair<std::string, std::string>>& random,
+                      const Correlations& correlations, const RiskOptions& options) {
+    RiskRequest request;
+    request.panel = panel;
+    request.samples = options.samples;
+    request.seed = options.seed;
+    request.latin = options.latin;
+    request.keep_samples = options.keep_samples;
+    request.threads = options.threads;
+    for (const auto& [field, distribution] : random) request.AddField(RequiredField(field), distribution);
+    for (const auto& [first, second, value] : correlations)
+        request.AddCorrelation(RequiredField(first), RequiredField(second), value);
+    return request;
+}
+
+py::dict Risk(const PyPanel& panel, const std::vector<std::pair<std::string, std::string>>& random,
+              const Correlations& correlations, std::uint32_t samples, std::uint64_t seed, bool latin,
+              bool keep_samples, unsigned threads) {
+    const RiskRequest request =
+        RequestOf(panel, random, correlations, {samples, seed, latin, keep_samples, threads});
+    SignalWatch watch;
+    std::optional<RiskResult> result;
+    {
+        const py::gil_scoped_release release;
+        result = RunRisk(request, watch);
+    }
+    if (!result) throw py::error_already_set();
+    py::dict factors;
+    for (std::size_t i = 0; i < kFactors; ++i)
+        factors[kStudyFigures[i].name] = DictOf(request, result->risk[i]);
+    py::dict dict;
+    dict["samples"] = request.samples;
+    dict["seed"] = request.seed;
+    dict["method"] = request.latin ? "latin-hypercube" : "plain";
+    dict["refused"] = result->refused;
+    dict["messages"] = result->refusals;
+    dict["factors"] = factors;
+    if (keep_samples) dict["drawn"] = SamplesOf(request, *result);
+    return dict;
+}
+
+}  // namespace
+
+void BindRisk(py::module_& module) {
+    module.def("risk", &Risk);
+}
+
+}  // namespace tarvokol::python

@@ -1,0 +1,10 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""A user's program, for mypy: what it knows of the module."""
+import tarvokol
+
+panel: tarvokol.Panel = tarvokol.read("panel.TKL")
+panel.DepthCover = 200
+holes: int = panel.NumberHoles
+web: float = tarvokol.analyse(panel)["StabilityFactor"][1]
+texts: tuple[str, ...] = tarvokol.MESSAGES
+tarvokol.write("copy.TKL", panel, force=True)
