@@ -21,11 +21,12 @@ std::unique_ptr<Command> SettingsCommand();
 std::unique_ptr<Command> SweepCommand();
 std::unique_ptr<Command> TableCommand();
 std::unique_ptr<Command> RiskCommand();
+std::unique_ptr<Command> FitCommand();
 
 // In the order in which the help lists them.
 inline constexpr std::array kCommands{ResultsCommand, SizeCommand,    SaveCommand,  CurveCommand,
                                       PlanCommand,    ConvertCommand, UnitsCommand, SettingsCommand,
-                                      SweepCommand,   TableCommand,   RiskCommand};
+                                      SweepCommand,   TableCommand,   RiskCommand,  FitCommand};
 
 CommandTable AllCommands();
 

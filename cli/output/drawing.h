@@ -11,6 +11,7 @@
 #include "core/platform/row_sheet.h"
 #include "core/platform/spreadsheet_writer.h"
 #include "core/studies/curves_picture.h"
+#include "core/studies/fit_picture.h"
 #include "core/studies/map_picture.h"
 #include "core/studies/spread_picture.h"
 
@@ -34,6 +35,7 @@ class Drawing {
     virtual void DrawStudy(const std::string& path, const CurvesPicture& picture) = 0;
     virtual void DrawStudy(const std::string& path, const MapPicture& picture) = 0;
     virtual void DrawStudy(const std::string& path, const SpreadPicture& picture) = 0;
+    virtual void DrawStudy(const std::string& path, const FitPicture& picture) = 0;
     virtual std::unique_ptr<RowSheet> RowWorkbook(const std::string& path) = 0;
 };
 

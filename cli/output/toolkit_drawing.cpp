@@ -88,6 +88,10 @@ void ToolkitDrawing::DrawStudy(const std::string& path, const SpreadPicture& pic
     DrawWithToolkit(path, picture);
 }
 
+void ToolkitDrawing::DrawStudy(const std::string& path, const FitPicture& picture) {
+    DrawWithToolkit(path, picture);
+}
+
 std::unique_ptr<RowSheet> ToolkitDrawing::RowWorkbook(const std::string& path) {
     return std::make_unique<StudyWorkbook>(path);
 }

@@ -2,6 +2,7 @@
 #include "core/statistics/distributions.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <vector>
 
@@ -85,7 +86,9 @@ std::vector<std::string_view> Split(std::string_view text, char mark) {
 double NumberOrShare(std::string_view text, double whole) {
     constexpr double kPercent = 100.0;
     if (!text.ends_with('%')) return RequiredNumber(text);
-    return RequiredNumber(text.substr(0, text.size() - 1)) * whole / kPercent;
+    const double share = RequiredNumber(text.substr(0, text.size() - 1)) * whole / kPercent;
+    if (!std::isfinite(share)) throw StudyRefusal('"' + std::string(text) + "\" is too large");
+    return share;
 }
 
 std::vector<double> FiguresOf(std::string_view form, const DistributionText& text) {

@@ -126,7 +126,9 @@ class Gamma : public Distribution {
           log_scale_(PortableLog(scale_)),
           curve_({[shape = shape_](double h) { return GammaBelow(shape, h); },
                   [shape = shape_](double h) { return GammaAbove(shape, h); }},
-                 PortableLog(shape_)) {}
+                 PortableLog(shape_)) {
+        if (!std::isfinite(scale_ * shape_)) throw StudyRefusal("SCALE and SHAPE are too large");
+    }
 
     double Quantile(double share) const override {
         return PortableExp(log_scale_ + curve_.At(NormalQuantile(share)));

@@ -49,4 +49,8 @@ void WriteStudyPicture(const SpreadPicture& picture, const std::string& path) {
     Write(picture, path);
 }
 
+void WriteStudyPicture(const FitPicture& picture, const std::string& path) {
+    Write(picture, path);
+}
+
 }  // namespace tarvokol

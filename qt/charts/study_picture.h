@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/studies/curves_picture.h"
+#include "core/studies/fit_picture.h"
 #include "core/studies/map_picture.h"
 #include "core/studies/spread_picture.h"
 
@@ -16,5 +17,6 @@ namespace tarvokol {
 void WriteStudyPicture(const CurvesPicture& picture, const std::string& path);
 void WriteStudyPicture(const MapPicture& picture, const std::string& path);
 void WriteStudyPicture(const SpreadPicture& picture, const std::string& path);
+void WriteStudyPicture(const FitPicture& picture, const std::string& path);
 
 }  // namespace tarvokol

@@ -7,6 +7,7 @@
 #include <QSize>
 
 #include "core/studies/curves_picture.h"
+#include "core/studies/fit_picture.h"
 #include "core/studies/map_picture.h"
 #include "core/studies/spread_picture.h"
 
@@ -18,10 +19,12 @@ namespace tarvokol {
 void ComposeStudyPlot(QCustomPlot& plot, const CurvesPicture& picture);
 void ComposeStudyPlot(QCustomPlot& plot, const MapPicture& picture);
 void ComposeStudyPlot(QCustomPlot& plot, const SpreadPicture& picture);
+void ComposeStudyPlot(QCustomPlot& plot, const FitPicture& picture);
 
 // Pixels: how large the picture is drawn in a file.
 QSize StudyPictureSize(const CurvesPicture& picture);
 QSize StudyPictureSize(const MapPicture& picture);
 QSize StudyPictureSize(const SpreadPicture& picture);
+QSize StudyPictureSize(const FitPicture& picture);
 
 }  // namespace tarvokol

@@ -211,5 +211,21 @@ TEST_F(Help, TellsOfRisks) {
                   "  tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --samples 1000000 --json\n"));
 }
 
+TEST_F(Help, TellsOfFits) {
+    ExpectTold(
+        {"fit", "--help"},
+        Lines{"Which distribution the measured values of a column may come from ",
+              "FILE.csv REQUIRED The table of the values "} +
+            kCommon + Output("Write the result (.txt, .json) or a picture (.png, .svg, .pdf)") +
+            Format("txt,json,jsonl,png,svg,pdf") + kOverwriting +
+            Lines{"--column NAME REQUIRED The title of the column, with or without its unit in brackets ",
+                  "--field FIELD The field that the values are of; the option that is told names it "});
+    EXPECT_THAT(Run({"fit", "--help"}).out,
+                HasSubstr("\nExamples:\n"
+                          "  tarvokol-cli fit strengths.csv --column Strength --field CoalStrength\n"
+                          "  tarvokol-cli fit strengths.csv --column Strength -o strengths.png\n"
+                          "  tarvokol-cli fit strengths.csv --column Strength --json\n"));
+}
+
 }  // namespace
 }  // namespace tarvokol

@@ -137,6 +137,9 @@ def run_all(commands, folder, examples):
         commands.run("table", project, "rows.csv", "--json", objects=1)
         commands.run("risk", project, "--json", "--random", "Height=uniform:1:2", objects=1)
     commands.run("table", sound[0], "missing.csv", "--json", objects=1)
+    (folder / "strengths.csv").write_text("Strength (psi)\n900\n850\n\n1000\n700\n")
+    for column in ["Strength", "Other"]:
+        commands.run("fit", "strengths.csv", "--column", column, "--json", objects=1)
     commands.run("table", sound[0], sound[0], "--json", objects=1)
 
 

@@ -239,6 +239,8 @@ TEST(Distributions, RefuseParametersThatMakeNone) {
     EXPECT_EQ(RefusalOf("weibull:100%:8%"), "SHAPE is a plain number, not a percentage");
     EXPECT_EQ(RefusalOf("gumbel:900:0"), "SCALE must be above 0");
     EXPECT_EQ(RefusalOf("gamma:-1:8"), "SCALE must be above 0");
+    EXPECT_EQ(RefusalOf("gamma:1e306:9000"), "SCALE and SHAPE are too large");
+    EXPECT_EQ(RefusalOf("uniform:0:1e308%", 900), "\"1e308%\" is too large");
     EXPECT_EQ(RefusalOf("list:"), "\"list:\" is no distribution; write list:V1@P1,V2@P2,...");
     EXPECT_EQ(RefusalOf("list:1@0.5,2"), "\"list:1@0.5,2\" is no distribution; write list:V1@P1,V2@P2,...");
     EXPECT_EQ(RefusalOf("list:1@0.5,2@0.4"), "the probabilities of a list must add up to 1, not to 0.9");
