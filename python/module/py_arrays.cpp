@@ -2,12 +2,14 @@
 #include "python/module/py_arrays.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <map>
 #include <stdexcept>
 #include <string>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include <pybind11/numpy.h>
@@ -90,6 +92,7 @@ using Column = py::array_t<double, py::array::c_style>;
 struct FieldValues {
     PanelField field;
     const double* values;
+    bool takes_every_double;
 };
 
 // Calculates panels that differ in these fields, in one thread.
@@ -114,10 +117,10 @@ class RowMaker {
     // a grid's values change with every hundredth panel.
     std::int32_t Set(std::size_t column, double value) {
         if (value == last_[column]) return 0;
-        const PanelField field = fields_[column].field;
-        const std::string fault = FaultOfFigure(field, value);
-        if (!fault.empty()) return Messages::All().NumberOf(fault);
-        panel_.Set(field, value);
+        const FieldValues& one = fields_[column];
+        if (!std::isfinite(value) || (!one.takes_every_double && !FitsField(one.field, value)))
+            return Messages::All().NumberOf(FaultOfFigure(one.field, value));
+        panel_.Set(one.field, value);
         last_[column] = value;
         return 0;
     }
@@ -164,7 +167,8 @@ py::array FactorsOfArrays(const PyPanel& panel, const std::map<std::string, Colu
         if (!field || (size != count && size != 1))
             throw py::value_error(name + ": no column of these panels");
         if (size == count) {
-            fields.push_back({*field, column.data()});
+            fields.push_back({*field, column.data(),
+                              std::holds_alternative<double PanelInputs::*>(FactsOf(*field).place)});
             continue;
         }
         const std::string fault = FaultOfFigure(*field, *column.data());
