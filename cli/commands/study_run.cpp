@@ -69,7 +69,7 @@ class TextRows : public RowObserver {
           writer_(writer),
           sink_(sink),
           bar_(job.quiet, study.total),
-          header_(writer.Header()) {}
+          header_(study.goes_on ? "" : writer.Header()) {}
 
     std::unique_ptr<RowTaker> Begin(std::uint64_t) override {
         return std::make_unique<TextTaker>(writer_, study_.cells(), spare_.Take());

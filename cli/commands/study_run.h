@@ -29,6 +29,7 @@ class LeadingCells {
 struct RowStudy {
     std::vector<LeadingColumn> columns;
     bool is_table = false;  // brings columns of its own along
+    bool goes_on = false;   // what another part has begun: a text has no header
     std::optional<std::uint64_t> total;
     std::function<std::unique_ptr<LeadingCells>()> cells;
     std::function<bool(RowObserver&)> run;

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Every combination of the values that fields of a project are given.
+#include <algorithm>
+#include <cstdint>
 #include <memory>
+#include <string_view>
 
 #include "cli/commands/commands.h"
 #include "cli/commands/study_pictures.h"
@@ -66,16 +69,49 @@ std::vector<std::string> FigureNames() {
     return names;
 }
 
-SweepRequest RequestOf(const std::vector<std::string>& varied, bool force) {
+constexpr double kMostParts = 1000000;
+
+// A whole number in plain digits; 0 for anything else, and for 0 and more than the most parts.
+std::uint64_t Counted(std::string_view text) {
+    const bool digits = !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+    const double value = digits ? WholeNumber(text).value_or(0) : 0;
+    return value > kMostParts ? 0 : static_cast<std::uint64_t>(value);
+}
+
+// "3/16".
+struct Part {
+    std::uint64_t number = 1;
+    std::uint64_t of = 1;
+
+    static Part Parse(const std::string& text) {
+        const std::size_t slash = text.find('/');
+        Part part{Counted(std::string_view(text).substr(0, slash)),
+                  slash == std::string::npos ? 0 : Counted(std::string_view(text).substr(slash + 1))};
+        return part.number > part.of ? Part{0, 0} : part;
+    }
+};
+
+// For OptionFacts::refusal.
+std::string WhyNoPart(const std::string& text) {
+    if (Part::Parse(text).number > 0) return "";
+    return '"' + text + "\" is no part; write K/N, K from 1 to N, N at most 1000000";
+}
+
+SweepRequest RequestOf(const std::vector<std::string>& varied, const std::string& part, bool force) {
     SweepRequest request;
     for (const std::string& text : varied) {
         const FieldOption option = SplitFieldOption("--vary", text, "FIELD=FIRST:LAST:STEP");
         OfOption("--vary", [&] { request.AddAxis(ValueAxis::Parse(option.field, option.text)); });
     }
-    const std::uint64_t rows = OfOption("--vary", [&] { return request.Rows(); });
+    std::uint64_t rows = OfOption("--vary", [&] { return request.Rows(); });
+    if (!part.empty()) {
+        const Part wanted = Part::Parse(part);
+        request.TakePart(wanted.number, wanted.of);
+        rows = request.count;
+    }
     if (rows > kRowsWithoutForce && !force)
         throw UsageError{"--vary: " + std::to_string(rows) +
-                         " combinations are more than 1000000000; give larger steps, or --force"};
+                         " combinations are more than 1000000000; give larger steps, --part or --force"};
     return request;
 }
 
@@ -83,7 +119,8 @@ RowStudy StudyOf(const SweepRequest& request, const std::vector<TextAxis>& axes)
     RowStudy study;
     for (const ValueAxis& axis : request.axes)
         study.columns.push_back({NameOfField(axis.Field()), UnitOfField(axis.Field(), request.panel.units)});
-    study.total = request.Rows();
+    study.total = std::min(request.Rows(), request.count);
+    study.goes_on = request.first > 0;
     study.cells = [&axes] { return std::make_unique<SweepCells>(axes); };
     study.run = [&request](RowObserver& observer) { return RunSweep(request, observer); };
     return study;
@@ -111,6 +148,13 @@ class Sweep : public StudyCommand {
                       .value = "FIGURE",
                       .offers = FigureNames()},
                      figure_);
+        options.Text(
+            {.spelling = "--part",
+             .help = "Rows of part K of N alone; all parts one after another are the whole, whose header "
+                     "stands in the first",
+             .value = "K/N",
+             .refusal = WhyNoPart},
+            part_);
     }
 
   protected:
@@ -118,13 +162,16 @@ class Sweep : public StudyCommand {
         return {"tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 > depth.csv",
                 "tarvokol-cli sweep panel.TKL --vary WebThickness=2:12:0.5 --vary DepthCover=50:400:10 "
                 "--of WebsOnly -o map.svg",
-                "tarvokol-cli sweep panel.TKL --vary NumberHoles=5,10,15,20 --size -o sizes.xlsx"};
+                "tarvokol-cli sweep panel.TKL --vary NumberHoles=5,10,15,20 --size -o sizes.xlsx",
+                "tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 --part 1/4 -o part1.csv"};
     }
 
     int Study(HeadlessPlatform& host) override {
-        SweepRequest request = RequestOf(varied_, options_.force);
+        SweepRequest request = RequestOf(varied_, part_, options_.force);
         CheckFigure(figure_, WithSizes());
         const RowTarget target(options_);
+        if (!part_.empty() && target.Kind() == RowTarget::Picture)
+            throw UsageError{"--part: a picture shows all rows"};
         if (target.IsDrawn()) TheDrawing();
         const RowJob job = JobFor(ReadProject(host));
         request.panel = job.project;
@@ -142,6 +189,7 @@ class Sweep : public StudyCommand {
   private:
     std::vector<std::string> varied_;
     std::string figure_;
+    std::string part_;
 };
 
 }  // namespace

@@ -29,7 +29,7 @@ std::string Folded(const std::string& text, std::size_t width, const std::string
     std::string line;
     for (std::string word; words >> word;) {
         if (!line.empty() && line.size() + 1 + word.size() + mark.size() > width) {
-            folded += line + mark + '\n' + indent;
+            folded.append(line).append(mark).append("\n").append(indent);
             line.clear();
         }
         line += (line.empty() ? "" : " ") + word;

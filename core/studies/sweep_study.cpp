@@ -72,6 +72,13 @@ void SweepRequest::AddAxis(ValueAxis axis) {
     axes.push_back(std::move(axis));
 }
 
+void SweepRequest::TakePart(std::uint64_t part, std::uint64_t parts) {
+    const std::uint64_t each = Rows() / parts;
+    const std::uint64_t longer = Rows() % parts;
+    first = (part - 1) * each + std::min(part - 1, longer);
+    count = each + (part <= longer ? 1 : 0);
+}
+
 std::uint64_t SweepRequest::Rows() const {
     constexpr double kMostRows = 9e18;
     double rows = 1;

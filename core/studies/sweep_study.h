@@ -25,6 +25,10 @@ struct SweepRequest {
     // Adds an axis; the last one runs fastest. Raises StudyRefusal for a field that has one.
     void AddAxis(ValueAxis axis);
 
+    // Leaves part `part` of `parts`, from 1, each row in one of them and in its order; the first parts have a row more than the
+    // others where the rows do not divide. Raises the errors of Rows.
+    void TakePart(std::uint64_t part, std::uint64_t parts);
+
     // The number of all combinations. Raises StudyRefusal for more than can be counted.
     std::uint64_t Rows() const;
 };

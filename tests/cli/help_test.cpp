@@ -153,7 +153,10 @@ TEST_F(Help, TellsOfSweeps) {
                 "--vary FIELD=VALUES ... REQUIRED FIELD=FIRST:LAST:STEP, FIELD=FIRST:LAST/COUNT or "
                 "FIELD=V1,V2,V3; once per field, the last one given runs fastest ",
                 "--of FIGURE:{Overall,WebsOnly,BarrierPillar,ExtractionRatio,SuggestedWeb,SuggestedBarrier} "
-                "The figure of a picture (default of a map: Overall) "});
+                "The figure of a picture (default of a map: Overall) ",
+                "--part K/N Rows of part K of N alone; all parts one after another are the whole, whose "
+                "header "
+                "stands in the first "});
     EXPECT_THAT(
         Run({"sweep", "--help"}).out,
         HasSubstr(
@@ -161,7 +164,8 @@ TEST_F(Help, TellsOfSweeps) {
             "  tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 > depth.csv\n"
             "  tarvokol-cli sweep panel.TKL --vary WebThickness=2:12:0.5 --vary DepthCover=50:400:10 \\\n"
             "      --of WebsOnly -o map.svg\n"
-            "  tarvokol-cli sweep panel.TKL --vary NumberHoles=5,10,15,20 --size -o sizes.xlsx\n"));
+            "  tarvokol-cli sweep panel.TKL --vary NumberHoles=5,10,15,20 --size -o sizes.xlsx\n"
+            "  tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 --part 1/4 -o part1.csv\n"));
 }
 
 TEST_F(Help, TellsOfTables) {

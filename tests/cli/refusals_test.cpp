@@ -103,11 +103,12 @@ TEST_F(Refusals, ASweepHasItsLimits) {
         words.insert(words.end(), more.begin(), more.end());
         return words;
     };
-    ExpectRefused(with({"DepthCover=1:2/1001"}),
-                  "--vary: 1001000000 combinations are more than 1000000000; give larger steps, or --force");
+    ExpectRefused(
+        with({"DepthCover=1:2/1001"}),
+        "--vary: 1001000000 combinations are more than 1000000000; give larger steps, --part or --force");
     ExpectRefused(
         {"sweep", "p.TKL", "--vary", "Height=1:2/2000000000", "--vary", "DepthCover=1:2/4000000000"},
-        "--vary: 8000000000000000000 combinations are more than 1000000000; give larger steps, or "
+        "--vary: 8000000000000000000 combinations are more than 1000000000; give larger steps, --part or "
         "--force");
     const std::string uncountable = "--vary: too many combinations to count; give larger steps";
     ExpectRefused(

@@ -183,6 +183,60 @@ TEST_F(SweepCommand, AnExistingFileNeedsForce) {
     EXPECT_THAT(ReadBytes(PathTo("rows.csv")), StartsWith("DepthCover (ft),"));
 }
 
+// Every row stands in one part and in its order, whatever the number of parts and of threads.
+TEST_F(SweepCommand, ThePartsOneAfterAnotherAreTheWhole) {
+    Project("p.TKL");
+    const std::vector<std::string> grid{
+        "sweep", "-q", "p.TKL", "--vary", "Height=5,6,7", "--vary", "DepthCover=100:1200:1"};
+    for (const std::string format : {"csv", "json"}) {
+        std::vector<std::string> words = grid;
+        words.insert(words.end(), {"--format", format});
+        const std::string whole = Run(words).out;
+        EXPECT_EQ(std::count(whole.begin(), whole.end(), '\n'), 3303 + (format == "csv" ? 1 : 0));
+        for (const int parts : {1, 2, 7}) {
+            std::string joined;
+            for (int part = 1; part <= parts; ++part) {
+                std::vector<std::string> one = words;
+                one.insert(one.end(), {"--part", std::to_string(part) + "/" + std::to_string(parts),
+                                       "--threads", std::to_string(part)});
+                joined += Run(one).out;
+            }
+            EXPECT_TRUE(SameBytes(joined, whole)) << parts << ' ' << format;
+        }
+    }
+}
+
+TEST_F(SweepCommand, PartsDifferByARowAtMostTheFirstOnesBeingLonger) {
+    Project("p.TKL");
+    const auto rows = [this](const std::string& part) {
+        const CliAnswer answer = Run({"sweep", "p.TKL", "--json", "--vary", "Height=5,6,7", "--part", part});
+        EXPECT_EQ(answer.status, 0);
+        std::vector<double> heights;
+        for (const json& row : answer.Objects()) heights.push_back(row["Height"]);
+        return heights;
+    };
+    EXPECT_EQ(rows("1/2"), (std::vector<double>{5, 6}));
+    EXPECT_EQ(rows("2/2"), (std::vector<double>{7}));
+    EXPECT_EQ(rows("3/5"), (std::vector<double>{7}));
+    EXPECT_EQ(rows("4/5"), (std::vector<double>{}));
+}
+
+TEST_F(SweepCommand, APartIsOneOfItsNumber) {
+    Project("p.TKL");
+    for (const std::string part :
+         {"0/3", "4/3", "2", "/3", "2/", "a/3", "-1/3", "1/0", "1.5/3", "1/1000001", ""}) {
+        const CliAnswer answer = Run({"sweep", "p.TKL", "--vary", "Height=5,6", "--part=" + part});
+        EXPECT_EQ(answer.status, 2) << part;
+        EXPECT_EQ(answer.out, "") << part;
+    }
+    EXPECT_THAT(
+        Run({"sweep", "p.TKL", "--vary", "Height=5,6", "--part", "4/3"}).err,
+        StartsWith("tarvokol-cli sweep: --part: \"4/3\" is no part; write K/N, K from 1 to N, N at most "
+                   "1000000\n"));
+    EXPECT_EQ(Run({"sweep", "p.TKL", "--vary", "Height=5,6", "--part", "1/2", "-o", "a.svg"}).err,
+              "tarvokol-cli sweep: --part: a picture shows all rows\n");
+}
+
 TEST_F(SweepCommand, WrongUsageIsToldInOneLine) {
     Project("p.TKL");
     const auto refused = [this](std::vector<std::string> words, const std::string& text) {
