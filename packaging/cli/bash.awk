@@ -8,7 +8,8 @@ $1 == "command" {
     order[++count] = $2
     commands = commands " " $2
 }
-$1 == "fields" { fields[$2] = $3 }
+# The same for every command; one may ask for a field without a list in its help.
+$1 == "fields" { fields = $3 }
 $1 == "units" { units = units "            \"3 " $2 " " $3 "\") words=\"" $4 "\" ;;\n" }
 $1 == "option" {
     options[$2] = options[$2] " " $3
@@ -21,7 +22,7 @@ END {
         split(taking[i], option, "|")
         if (option[3] == "") continue
         spelled = split(option[2], spellings, " ")
-        words = begins_with_field(option[3]) ? field_words(option[3], fields[option[1]]) : option[4]
+        words = begins_with_field(option[3]) ? field_words(option[3], fields) : option[4]
         for (j = 1; j <= spelled; ++j) add_value(option[1], spellings[j], words, is_path(option[3]))
     }
     print "# Completion of tarvokol-cli for bash, made of its help."

@@ -18,7 +18,8 @@ $1 == "command" {
     print "complete -c tarvokol-cli -f -n __fish_use_subcommand -a " $2 " -d " quoted($3)
 }
 $1 == "command" { commands = commands " " $2 }
-$1 == "fields" { fields[$2] = $3 }
+# The same for every command; one may ask for a field without a list in its help.
+$1 == "fields" { fields = $3 }
 $1 == "units" {
     print "complete -c tarvokol-cli -f -n " quoted(condition($2) "; and __fish_seen_subcommand_from " $3) " -a " quoted($4)
 }
@@ -33,7 +34,7 @@ function print_option(    line, count, spellings, i) {
     for (i = 1; i <= count; ++i)
         line = line (spellings[i] ~ /^--/ ? " -l " substr(spellings[i], 3) : " -s " substr(spellings[i], 2))
     if ($5 != "") line = line " -x -a " quoted($5)
-    else if (begins_with_field($4)) line = line " -x -a " quoted(field_words($4, fields[$2]))
+    else if (begins_with_field($4)) line = line " -x -a " quoted(field_words($4, fields))
     else if ($4 != "") line = line (is_path($4) ? " -r" : " -x")
     print line " -d " quoted($6)
 }

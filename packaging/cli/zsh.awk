@@ -14,7 +14,7 @@ function bare(text) {
 # was given, or a file. Of a number there is nothing to offer.
 function values(command, argument, choices) {
     if (choices != "") return "(" choices ")"
-    if (begins_with_field(argument)) return "{compadd -S \"\" -- " field_words(argument, fields[command]) "}"
+    if (begins_with_field(argument)) return "{compadd -S \"\" -- " field_words(argument, fields) "}"
     if (argument == "UNIT") return "{case $line[1] in " units[command] " esac}"
     return is_path(argument) ? "_files" : " "
 }
@@ -28,7 +28,8 @@ $1 == "command" {
     order[++count] = $2
     commands = commands "        " quoted($2 ":" bare($3)) "\n"
 }
-$1 == "fields" { fields[$2] = $3 }
+# The same for every command; one may ask for a field without a list in its help.
+$1 == "fields" { fields = $3 }
 $1 == "units" { units[$2] = units[$2] "(" $3 ") compadd -- " $4 " ;; " }
 $1 == "positional" || $1 == "option" { items[++lines] = $0 }
 function add_positional(    mark) {

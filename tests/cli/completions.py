@@ -43,6 +43,8 @@ CASES = [
     (["sweep", "panel.TKL", "--threads", "p"], []),
     (["risk", "panel.TKL", "--correlate", "Hei"], ["Height,"]),
     (["risk", "panel.TKL", "--samples", ""], []),
+    (["fit", "values.csv", "--field", ""], FIELDS),
+    (["fit", "values.csv", "--column", ""], []),
     (["units", "str"], ["stress", "stress-grad"]),
     (["units", "stress", ""], ["psi", "ksi", "psf", "Pa", "MPa"]),
     (["units", "length", ""], ["in", "ft", "cm", "m"]),
@@ -54,6 +56,7 @@ FISH = [
     ("results --format=js", ["--format=json", "--format=jsonl"]),
     ("sweep panel.TKL --vary Height=5 --vary Dep", ["DepthCover="]),
     ("sweep panel.TKL --of Bar", ["BarrierPillar"]),
+    ("fit values.csv --field Coal", ["CoalStrength"]),
     ("units stress Pa", ["Pa"]),
     ("help un", ["units"]),
 ]

@@ -127,7 +127,7 @@ TEST_F(Manners, HelpOfACommandIsAskedForInTwoWays) {
 
 TEST_F(Manners, HelpStaysWithinAHundredColumns) {
     for (const char* const command : {"", "results", "size", "save", "curve", "plan", "convert", "units",
-                                      "settings", "sweep", "table", "risk"}) {
+                                      "settings", "sweep", "table", "risk", "fit"}) {
         std::istringstream lines(Run(*command == '\0' ? Words{"help"} : Words{"help", command}).out);
         int count = 0;
         for (std::string line; std::getline(lines, line); ++count) EXPECT_LE(line.size(), 100U) << line;
