@@ -54,6 +54,10 @@ studies() {
     local draw="env QT_QPA_PLATFORM=offscreen $build/bin/tarvokol-cli"
     $draw sweep $project --vary WebThickness=2:8:0.25 --vary DepthCover=50:250:5 --of WebsOnly -q --force -o "$1/study_map.png"
     $draw risk $project --random CoalStrength=lognormal:100%:15% -q --force -o "$1/study_risk.png"
+    # Its title is the file's name.
+    cp examples/Tamsin_Ridge_Strengths.csv .
+    $draw fit Tamsin_Ridge_Strengths.csv --column Strength -q --force -o "$1/study_fit.png"
+    rm Tamsin_Ridge_Strengths.csv
 }
 
 # A topic whose form has a picture shows it.
