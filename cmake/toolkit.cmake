@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # The toolkit and its companions, and the targets that use them:
 #   tarvokol_bindings  drawing, printing, charts and workbooks (no form)
-#   tarvokol_gui       the forms and the window bindings
+#   tarvokol_windows   the window bindings, of whatever windows
+#   tarvokol_gui       the forms
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets PrintSupport Help Svg SvgWidgets Test ToolsTools)
 find_package(QCustomPlotQt6 REQUIRED)
 find_package(ZLIB REQUIRED)
@@ -23,7 +24,11 @@ target_link_libraries(tarvokol_bindings PUBLIC tarvokol_core Qt6::Widgets Qt6::P
 target_include_directories(tarvokol_bindings SYSTEM PRIVATE ${XLSX_INCLUDE_DIR})
 target_compile_definitions(tarvokol_bindings PRIVATE TARVOKOL_XLSX_LIBRARY="${TARVOKOL_XLSX_LIBRARY}")
 
-add_library(tarvokol_gui STATIC)
-target_precompile_headers(tarvokol_gui PRIVATE <QtWidgets>)
-target_link_libraries(tarvokol_gui PUBLIC tarvokol_bindings Qt6::Widgets Qt6::PrintSupport Qt6::Svg Qt6::SvgWidgets
+add_library(tarvokol_windows STATIC)
+target_precompile_headers(tarvokol_windows PRIVATE <QtWidgets>)
+target_link_libraries(tarvokol_windows PUBLIC tarvokol_bindings Qt6::Widgets Qt6::PrintSupport Qt6::Svg Qt6::SvgWidgets
                       Qt6::Help)
+
+add_library(tarvokol_gui STATIC)
+target_precompile_headers(tarvokol_gui REUSE_FROM tarvokol_windows)
+target_link_libraries(tarvokol_gui PUBLIC tarvokol_windows)

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # What a desktop reads of the program: its entry, the type of its files, its manual, and icons.
 install(FILES tarvokol.doc-base DESTINATION ${share}/doc-base RENAME tarvokol.manual)
-install(FILES tarvokol.desktop DESTINATION ${share}/applications)
+install(FILES tarvokol.desktop tarvokol_studies.desktop DESTINATION ${share}/applications)
 install(FILES tarvokol-mime.xml DESTINATION ${share}/mime/packages RENAME tarvokol.xml)
 install(FILES example.oltek.tarvokol.metainfo.xml DESTINATION ${share}/metainfo)
 

@@ -33,7 +33,7 @@ struct PlatformBindings {
     Clock* TheClock = nullptr;
 };
 
-// Written by core/headless/headless_platform, cli/output/toolkit_drawing and desktop/main/desktop_program.
+// Written by core/headless/headless_platform, cli/output/toolkit_drawing, desktop/main/desktop_program and studies/window/studies_program.
 inline PlatformBindings Platform;
 
 }  // namespace tarvokol

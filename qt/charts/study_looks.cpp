@@ -66,7 +66,18 @@ int ColumnsOf(const std::vector<int>& widths, int room) {
     return 1;
 }
 
+constexpr const char* kWidth = "StudyWidth";
+
+int RoomOfTexts(const QCustomPlot& plot) {
+    const QVariant width = plot.property(kWidth);
+    return (width.isValid() ? width.toInt() : kPictureSize.width()) - 2 * kSideRoom;
+}
+
 }  // namespace
+
+void SetStudyWidth(QCustomPlot& plot, int pixels) {
+    plot.setProperty(kWidth, pixels);
+}
 
 StudyKeyItem::StudyKeyItem(QCPLegend* legend, StudyKey key)
     : QCPAbstractLegendItem(legend), key_(std::move(key)) {
@@ -104,8 +115,7 @@ void StudyKeyItem::draw(QCPPainter* painter) {
 void AddStudyHeader(QCustomPlot& plot, const std::string& title) {
     plot.setLocale(QLocale::c());
     plot.plotLayout()->setRowSpacing(0);
-    const FittedText header =
-        FitText(ToQt(title), ChartFont(kStudyHeaderPoints, true), kPictureSize.width() - 2 * kSideRoom);
+    const FittedText header = FitText(ToQt(title), ChartFont(kStudyHeaderPoints, true), RoomOfTexts(plot));
     auto* element = new QCPTextElement(&plot, header.text, header.font);
     element->setMargins(QMargins(0, kAboveHeader, 0, 2));
     plot.plotLayout()->insertRow(0);
@@ -114,8 +124,7 @@ void AddStudyHeader(QCustomPlot& plot, const std::string& title) {
 }
 
 int AddStudyText(QCustomPlot& plot, int row, const std::string& text) {
-    const FittedText fitted =
-        FitText(ToQt(text), ChartFont(kStudyTextPoints), kPictureSize.width() - 2 * kSideRoom);
+    const FittedText fitted = FitText(ToQt(text), ChartFont(kStudyTextPoints), RoomOfTexts(plot));
     auto* element = new QCPTextElement(&plot, fitted.text, fitted.font);
     element->setMargins(QMargins(0, 0, 0, 1));
     plot.plotLayout()->insertRow(row);
@@ -145,7 +154,7 @@ void PlaceStudyKeys(QCustomPlot& plot, const std::vector<StudyKey>& keys) {
     for (const StudyKey& key : keys)
         widths.push_back(kKeyWidth + kKeyGap +
                          QFontMetrics(ChartFont(kStudyTextPoints)).horizontalAdvance(key.text));
-    plot.legend->setWrap(ColumnsOf(widths, kPictureSize.width() - 2 * kSideRoom));
+    plot.legend->setWrap(ColumnsOf(widths, RoomOfTexts(plot)));
     for (const StudyKey& key : keys) plot.legend->addItem(new StudyKeyItem(plot.legend, key));
     auto* row = new QCPLayoutGrid;
     const int last = plot.plotLayout()->rowCount();

@@ -25,6 +25,9 @@ inline constexpr double kTargetLine = 2.0;
 inline const QColor kBelowGrey(226, 226, 226);
 inline const QColor kWithoutGrey(170, 170, 170);
 
+// The width in pixels into which texts and keys are fitted, before they are added; else that of a picture in a file.
+void SetStudyWidth(QCustomPlot& plot, int pixels);
+
 // The first row: the title of the picture.
 void AddStudyHeader(QCustomPlot& plot, const std::string& title);
 

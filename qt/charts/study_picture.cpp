@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/charts/study_picture.h"
 
+#include <type_traits>
+
 #include <qcustomplot.h>
 
 #include "core/runtime/run_time_error.h"
@@ -26,13 +28,18 @@ void Draw(const Picture& picture, QPaintDevice& device) {
     if (!painter.end()) Raise(error_number::DeviceIo);
 }
 
+// Of a picture that outlives it.
+template <typename Picture>
+PictureDrawing DrawingOf(const Picture& picture) {
+    return {.title = ToQt(picture.title),
+            .size = StudyPictureSize(picture),
+            .image_scale = kPictureScale,
+            .draw = [&picture](QPaintDevice& device) { Draw(picture, device); }};
+}
+
 template <typename Picture>
 void Write(const Picture& picture, const std::string& path) {
-    const PictureDrawing drawing{.title = ToQt(picture.title),
-                                 .size = StudyPictureSize(picture),
-                                 .image_scale = kPictureScale,
-                                 .draw = [&](QPaintDevice& device) { Draw(picture, device); }};
-    WritePictureFile(path, PictureBytes(drawing, path));
+    WritePictureFile(path, PictureBytes(DrawingOf(picture), path));
 }
 
 }  // namespace
@@ -51,6 +58,25 @@ void WriteStudyPicture(const SpreadPicture& picture, const std::string& path) {
 
 void WriteStudyPicture(const FitPicture& picture, const std::string& path) {
     Write(picture, path);
+}
+
+void WriteStudyPicture(const AnyStudyPicture& picture, const std::string& path) {
+    std::visit(
+        [&path](const auto& one) {
+            if constexpr (!std::is_same_v<std::decay_t<decltype(one)>, std::monostate>) Write(one, path);
+        },
+        picture);
+}
+
+QImage ImageOfStudyPicture(const AnyStudyPicture& picture) {
+    QImage image;
+    std::visit(
+        [&image](const auto& one) {
+            if constexpr (!std::is_same_v<std::decay_t<decltype(one)>, std::monostate>)
+                image = ImageOf(DrawingOf(one));
+        },
+        picture);
+    return image;
 }
 
 }  // namespace tarvokol

@@ -2,7 +2,9 @@
 // The pictures of studies as files.
 #pragma once
 
+#include <QImage>
 #include <string>
+#include <variant>
 
 #include "core/studies/curves_picture.h"
 #include "core/studies/fit_picture.h"
@@ -18,5 +20,12 @@ void WriteStudyPicture(const CurvesPicture& picture, const std::string& path);
 void WriteStudyPicture(const MapPicture& picture, const std::string& path);
 void WriteStudyPicture(const SpreadPicture& picture, const std::string& path);
 void WriteStudyPicture(const FitPicture& picture, const std::string& path);
+
+// Whichever a window shows, or none. Of none nothing is written, and the image is null.
+using AnyStudyPicture = std::variant<std::monostate, MapPicture, CurvesPicture, SpreadPicture>;
+void WriteStudyPicture(const AnyStudyPicture& picture, const std::string& path);
+
+// The image that the .png file holds, for the clipboard.
+QImage ImageOfStudyPicture(const AnyStudyPicture& picture);
 
 }  // namespace tarvokol

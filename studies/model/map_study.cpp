@@ -74,7 +74,7 @@ std::string CommandOfMap(const MapRequest& request, const std::string& project_p
 std::string QuotedForShell(const std::string& text) {
     const bool plain = !text.empty() && text.find_first_not_of(
                                             "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789"
-                                            "_./-+,@%") == std::string::npos;
+                                            "_./-+,@%:=") == std::string::npos;
     if (plain && text.front() != '-') return text;
     std::string quoted = "'";
     for (const char c : text) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);

@@ -7,6 +7,7 @@
 #include "core/engine/panel_texts.h"
 #include "core/runtime/numbers.h"
 #include "core/runtime/run_time_error.h"
+#include "core/statistics/study_numbers.h"
 #include "core/studies/picture_parts.h"
 
 namespace tarvokol {
@@ -65,6 +66,13 @@ PanelReading ReadPanel(const Panel& panel) {
     reading.figures = evaluator.Evaluate();
     reading.refusal = RefusalOf(panel);
     return reading;
+}
+
+std::string DigitsOfField(const PanelInputs& panel, PanelField field) {
+    if (std::holds_alternative<float PanelInputs::*>(FactsOf(field).place)) return TextOfField(panel, field);
+    std::string digits;
+    AppendShortest(digits, ValueOfField(panel, field));
+    return digits;
 }
 
 bool MissesTarget(const StudyFigure& figure, const PanelFigures& figures, const PanelInputs& panel) {

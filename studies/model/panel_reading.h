@@ -27,6 +27,9 @@ struct PanelReading {
 // becomes a project. Raises nothing.
 PanelReading ReadPanel(const Panel& panel);
 
+// The figure of a field with all digits that the project has; of a single those that are its own: "1.6".
+std::string DigitsOfField(const PanelInputs& panel, PanelField field);
+
 // True of a factor that lies below what it is held against.
 bool MissesTarget(const StudyFigure& figure, const PanelFigures& figures, const PanelInputs& panel);
 

@@ -7,15 +7,12 @@
 #include "core/studies/study_figures.h"
 
 namespace tarvokol {
-namespace {
 
 void AddNumber(CsvWriter& line, double value) {
     std::string digits;
     AppendShortest(digits, value);
     line.AddDigits(digits);
 }
-
-}  // namespace
 
 std::string CsvOfSweep(const SweepRequest& request) {
     std::string csv;

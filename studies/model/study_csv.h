@@ -8,6 +8,11 @@
 
 namespace tarvokol {
 
+class CsvWriter;
+
+// Adds a cell with the shortest digits that read back the same, an empty one for NaN.
+void AddNumber(CsvWriter& line, double value);
+
 // Header and rows. Raises StudyRefusal for a request that makes no sense.
 std::string CsvOfSweep(const SweepRequest& request);
 

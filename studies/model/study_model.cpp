@@ -9,17 +9,6 @@
 #include "core/statistics/study_numbers.h"
 
 namespace tarvokol {
-namespace {
-
-// All digits that the project has; of a single those that are its own.
-std::string BoxTextOf(const PanelInputs& inputs, PanelField field) {
-    if (std::holds_alternative<float PanelInputs::*>(FactsOf(field).place)) return TextOfField(inputs, field);
-    std::string text;
-    AppendShortest(text, ValueOfField(inputs, field));
-    return text;
-}
-
-}  // namespace
 
 StudyModel::StudyModel() {
     Take(NewStudyProject(0));
@@ -111,7 +100,7 @@ void StudyModel::SetTitle(const std::string& title) {
 
 std::string StudyModel::TextOf(PanelField field) const {
     if (const auto& typed = typed_[Index(field)]) return typed->text;
-    return BoxTextOf(project_.document.inputs, field);
+    return DigitsOfField(project_.document.inputs, field);
 }
 
 std::string StudyModel::FaultOf(PanelField field) const {
@@ -187,7 +176,7 @@ std::string StudyModel::FaultOfText(PanelField field, const std::string& text) c
     else if (IsWholeField(field))
         fault = HolesFault(number);
     if (fault.empty()) return "";
-    return fault + "; the project keeps " + BoxTextOf(project_.document.inputs, field);
+    return fault + "; the project keeps " + DigitsOfField(project_.document.inputs, field);
 }
 
 }  // namespace tarvokol

@@ -9,8 +9,10 @@ endif()
 foreach(file IN ITEMS
         bin/tarvokol
         bin/tarvokol-cli
+        bin/tarvokol-studies
         libexec/tarvokol/tarvokol-cli-drawing
         share/applications/tarvokol.desktop
+        share/applications/tarvokol_studies.desktop
         share/doc/tarvokol/LICENSE
         share/icons/hicolor/scalable/apps/tarvokol.svg
         share/metainfo/example.oltek.tarvokol.metainfo.xml

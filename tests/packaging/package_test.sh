@@ -22,9 +22,11 @@ test_is_accepted_by_lintian() {
 
 test_holds_every_file() {
     local file
-    for file in bin/tarvokol bin/tarvokol-cli libexec/tarvokol/tarvokol-cli-drawing share/applications/tarvokol.desktop \
+    for file in bin/tarvokol bin/tarvokol-cli bin/tarvokol-studies libexec/tarvokol/tarvokol-cli-drawing \
+        share/applications/tarvokol.desktop share/applications/tarvokol_studies.desktop \
         share/metainfo/example.oltek.tarvokol.metainfo.xml share/mime/packages/tarvokol.xml \
-        share/man/man1/tarvokol.1.gz share/man/man1/tarvokol-cli.1.gz share/man/man5/tarvokol-project.5.gz \
+        share/man/man1/tarvokol.1.gz share/man/man1/tarvokol-cli.1.gz share/man/man1/tarvokol-studies.1.gz \
+        share/man/man5/tarvokol-project.5.gz \
         share/bash-completion/completions/tarvokol-cli share/zsh/vendor-completions/_tarvokol-cli \
         share/fish/vendor_completions.d/tarvokol-cli.fish share/tarvokol/TARVOKOL.qch \
         share/doc/tarvokol/{copyright,changelog.gz,recipes.md,TARVOKOL.PDF,PillarStrength.pdf,AbutmentLoad.pdf} \
@@ -48,10 +50,23 @@ test_has_icons_of_all_sizes() {
 }
 
 test_desktop_entry_is_valid() {
-    clean "desktop entry" desktop-file-validate "$share/applications/tarvokol.desktop"
+    local entry
+    for entry in "$share"/applications/*.desktop; do
+        clean "desktop entry $entry" desktop-file-validate "$entry"
+    done
+    holds "studies from the main entry" "$(cat "$share/applications/tarvokol.desktop")" "[Desktop Action Studies]" \
+        "Exec=tarvokol-studies"
     # A file manager offers the program for a project by this, and hands it over.
     holds "desktop entry" "$(cat "$share/applications/tarvokol.desktop")" $'\nMimeType=application/x-tarvokol;' \
         $'\nExec=tarvokol %f'
+}
+
+# Both programs open projects; the main one is who is asked first.
+test_projects_open_in_the_main_program() {
+    cp -r "$share/applications" "$scratch/applications"
+    update-desktop-database "$scratch/applications"
+    holds "programs for projects" "$(cat "$scratch/applications/mimeinfo.cache")" \
+        "application/x-tarvokol=tarvokol.desktop;tarvokol_studies.desktop;"
 }
 
 test_metainfo_is_valid_and_tells_the_releases() {

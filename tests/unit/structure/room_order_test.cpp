@@ -47,6 +47,9 @@ const std::vector<Floor> kRooms{
     {"desktop/input", "desktop/output", "desktop/graphs", "desktop/plan", "desktop/settings", "desktop/help"},
     {"desktop/main"},
     {"studies/model"},
+    {"studies/pages"},
+    {"studies/window"},
+    {"studies"},
 };
 
 int FloorOf(const std::vector<Floor>& floors, const std::string& name) {
@@ -192,7 +195,9 @@ TEST(RoomOrder, RefusesAStepUpOrSideways) {
                  {"desktop/main/a.cpp", "cli/b.h"},
                  {"cli/line/a.cpp", "cli/output/b.h"},
                  {"cli/output/a.cpp", "cli/commands/b.h"},
-                 {"cli/commands/a.cpp", "desktop/base/b.h"}}),
+                 {"cli/commands/a.cpp", "desktop/base/b.h"},
+                 {"studies/window/a.cpp", "desktop/base/b.h"},
+                 {"studies/model/a.cpp", "studies/pages/b.h"}}),
         ElementsAre(
             "core/engine/a.cpp includes core/settings/b.h", "core/engine/a.cpp includes core/messages/b.h",
             "core/report/a.cpp includes core/graphics/b.h", "core/graphics/a.cpp includes desktop/graphs/b.h",
@@ -204,7 +209,8 @@ TEST(RoomOrder, RefusesAStepUpOrSideways) {
             "qt/print/a.cpp includes qt/charts/b.h", "desktop/input/a.cpp includes desktop/output/b.h",
             "desktop/settings/a.cpp includes desktop/main/b.h", "desktop/main/a.cpp includes cli/b.h",
             "cli/line/a.cpp includes cli/output/b.h", "cli/output/a.cpp includes cli/commands/b.h",
-            "cli/commands/a.cpp includes desktop/base/b.h"));
+            "cli/commands/a.cpp includes desktop/base/b.h", "studies/window/a.cpp includes desktop/base/b.h",
+            "studies/model/a.cpp includes studies/pages/b.h"));
 }
 
 TEST(RoomOrder, RefusesAToolkitHeaderInTheCore) {
@@ -256,6 +262,16 @@ TEST(RoomOrder, ChartAndWorkbookLibrariesStayBehindTheirBindings) {
     EXPECT_THAT(chart, ::testing::Each(::testing::AnyOf(::testing::StartsWith("qt/charts/chart_"),
                                                         ::testing::StartsWith("qt/charts/study_"))));
     EXPECT_THAT(workbook, ElementsAre("qt/workbooks/xlsx_library.h"));
+}
+
+// The model of the studies is true without a window, as the core is.
+TEST(RoomOrder, TheModelOfTheStudiesKnowsNoToolkit) {
+    std::vector<std::string> refused;
+    for (const Include& include : AllIncludes())
+        if (RoomOf(include.file) == "studies/model" &&
+            (IsToolkitHeader(include.header) || HouseOf(include.header) == "qt"))
+            refused.push_back(include.file + " includes " + include.header);
+    EXPECT_THAT(refused, IsEmpty());
 }
 
 // The command line starts without the toolkit: what draws with it is not linked to the commands.

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "studies/model/design_board.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "core/files/csv_writer.h"
+#include "core/runtime/text.h"
+#include "core/studies/picture_parts.h"
+
+namespace tarvokol {
+namespace {
+
+bool AreSame(double a, double b) {
+    return a == b || (std::isnan(a) && std::isnan(b));
+}
+
+}  // namespace
+
+bool DesignBoard::Keep(const std::string& name, const Panel& panel) {
+    if (IsFull()) return false;
+    designs_.push_back({name, panel, ReadPanel(panel)});
+    return true;
+}
+
+void DesignBoard::Remove(std::size_t i) {
+    designs_.erase(designs_.begin() + static_cast<std::ptrdiff_t>(i));
+}
+
+void DesignBoard::Rename(std::size_t i, const std::string& name) {
+    designs_[i].name = name;
+}
+
+ComparedLine DesignBoard::FieldLine(PanelField field) const {
+    const Panel& first = designs_.front().panel;
+    ComparedLine line{TitleWithUnit(field, first.units), {}, {}, {}};
+    for (const KeptDesign& design : designs_) {
+        const bool other_units = design.panel.units != first.units;
+        const std::string unit = UnitOfField(field, design.panel.units);
+        line.texts.push_back(DigitsOfField(design.panel, field) +
+                             (other_units && !unit.empty() ? " " + unit : std::string()));
+        line.differs.push_back(other_units ||
+                               !AreSame(ValueOfField(design.panel, field), ValueOfField(first, field)));
+        line.misses.push_back(false);
+    }
+    return line;
+}
+
+ComparedLine DesignBoard::FigureLine(const StudyFigure& figure) const {
+    const PanelFigures& first = designs_.front().reading.figures;
+    ComparedLine line{TitleWithUnit(figure), {}, {}, {}};
+    for (const KeptDesign& design : designs_) {
+        const PanelFigures& figures = design.reading.figures;
+        const double value = ShownFigure(figure, figures);
+        line.texts.push_back(RoundedText(value, kFigureDigits));
+        line.differs.push_back(!AreSame(value, ShownFigure(figure, first)));
+        line.misses.push_back(MissesTarget(figure, figures, design.panel));
+    }
+    return line;
+}
+
+std::vector<ComparedLine> DesignBoard::Lines() const {
+    std::vector<ComparedLine> lines;
+    if (designs_.empty()) return lines;
+    for (const PanelFieldFacts& facts : kPanelFields) lines.push_back(FieldLine(facts.field));
+    for (const StudyFigure& figure : kStudyFigures) lines.push_back(FigureLine(figure));
+    ComparedLine message{"Message", {}, {}, {}};
+    for (const KeptDesign& design : designs_) {
+        const std::string text = ReplaceAll(design.reading.figures.message, CrLf, " ");
+        message.texts.push_back(text);
+        message.differs.push_back(text != message.texts.front());
+        message.misses.push_back(false);
+    }
+    const auto is_empty = [](const std::string& text) { return text.empty(); };
+    if (!std::all_of(message.texts.begin(), message.texts.end(), is_empty))
+        lines.push_back(std::move(message));
+    return lines;
+}
+
+std::string DesignBoard::Csv() const {
+    std::string csv;
+    if (designs_.empty()) return csv;
+    CsvWriter line(csv);
+    line.AddTitle("Figure");
+    for (const KeptDesign& design : designs_) line.AddTitle(design.name);
+    line.EndLine();
+    for (const ComparedLine& compared : Lines()) {
+        line.AddText(compared.title);
+        for (const std::string& text : compared.texts) line.AddText(text);
+        line.EndLine();
+    }
+    return csv;
+}
+
+std::string FreeDesignName(const DesignBoard& board) {
+    for (int number = 1;; ++number) {
+        std::string name = "Design " + std::to_string(number);
+        const auto& designs = board.Designs();
+        if (std::none_of(designs.begin(), designs.end(),
+                         [&name](const KeptDesign& design) { return design.name == name; }))
+            return name;
+    }
+}
+
+}  // namespace tarvokol

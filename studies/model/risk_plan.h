@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the page of the risk asks for and what comes of it: the spread of the factors where figures are known within bounds
+// only.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "core/engine/panel.h"
+#include "core/studies/risk_study.h"
+#include "core/studies/spread_picture.h"
+#include "core/studies/study_observer.h"
+
+namespace tarvokol {
+
+// A field and how it is distributed, as it is written: "lognormal:100%:15%".
+struct UncertainField {
+    PanelField field = PanelField::CoalStrength;
+    std::string distribution;
+
+    bool operator==(const UncertainField&) const = default;
+};
+
+struct RiskPlan {
+    std::vector<UncertainField> fields;
+    std::uint32_t samples = 100000;
+    std::uint64_t seed = 1;
+
+    bool operator==(const RiskPlan&) const = default;
+};
+
+// The most samples of a window: they stand in memory, some 60 bytes each.
+constexpr std::uint32_t kMostPlannedSamples = 4000000;
+constexpr double kLargestPlannedSeed = 9007199254740992.0;
+
+// A distribution as it can be chosen: its name, and the names of its figures: "lognormal", {"MEAN", "SD"}. All of them are
+// made of KnownDistributions, but for measured values, which stand in a file.
+struct DistributionForm {
+    std::string name;
+    std::vector<std::string> figures;
+};
+std::vector<DistributionForm> DistributionForms();
+
+// What is wrong with row number i of the plan, empty where nothing is.
+std::string FaultOfRow(const RiskPlan& plan, std::size_t i, const Panel& panel);
+
+// Of the plan for a panel. Raises StudyRefusal for a row that is none.
+RiskRequest RequestOf(const RiskPlan& plan, const Panel& panel);
+
+struct RiskReading {
+    SpreadPicture picture;
+    std::array<FactorRisk, kFactors> risk;
+};
+
+// The reading, or in words why there is none; nothing of both where the observer ended it.
+using RiskOutcome = std::variant<std::monostate, RiskReading, std::string>;
+
+// Draws and calculates, on so many threads. Raises nothing.
+RiskOutcome CalculateRisk(const RiskPlan& plan, const Panel& panel, const std::string& title,
+                          unsigned threads, StudyObserver& observer);
+
+// A row for each factor: mean, standard deviation, quantiles, and the probabilities below its targets with their intervals.
+std::string CsvOfRisk(const RiskReading& reading);
+
+// The line of the command line that draws the same picture of the project's file.
+std::string CommandOfRisk(const RiskPlan& plan, const std::string& project_path);
+
+}  // namespace tarvokol

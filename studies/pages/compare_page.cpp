@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "studies/pages/compare_page.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "qt/session/qt_text.h"
+#include "studies/model/study_model.h"
+
+namespace tarvokol {
+namespace {
+
+constexpr int kNameRow = 0;  // the designs' names stand above their figures, where they can be edited
+
+}  // namespace
+
+ComparePage::ComparePage(StudyModel& model, QWidget* parent) : StudyPage(parent), model_(model) {
+    auto* page = new QVBoxLayout(this);
+    auto* line = new QHBoxLayout;
+    keep_ = MakeButton("Compare_Keep", "&Keep This Design", "Puts the project as it stands beside the others",
+                       &ComparePage::Keep_Clicked);
+    take_ = MakeButton("Compare_Take", "&Take into Project",
+                       "Gives the project all figures of the chosen design; Undo takes them back",
+                       &ComparePage::Take_Clicked);
+    remove_ =
+        MakeButton("Compare_Remove", "Re&move", "Takes the chosen design away", &ComparePage::Remove_Clicked);
+    for (QPushButton* button : {keep_, take_, remove_}) line->addWidget(button);
+    line->addStretch(1);
+    page->addLayout(line);
+    hint_ = new QLabel(
+        "Up to six designs stand here side by side. Bold with \u2260 differs from the first one, \u25bc "
+        "lies below its target.",
+        this);
+    hint_->setObjectName("Compare_Hint");
+    hint_->setWordWrap(true);
+    page->addWidget(hint_);
+    table_ = new QTableWidget(this);
+    table_->setObjectName("Compare_Table");
+    table_->setAccessibleName("Designs side by side");
+    table_->setSelectionBehavior(QAbstractItemView::SelectItems);
+    table_->setTabKeyNavigation(false);
+    table_->horizontalHeader()->setVisible(false);
+    table_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+    page->addWidget(table_, 1);
+    connect(table_, &QTableWidget::itemChanged, this, &ComparePage::Name_Edited);
+    connect(table_, &QTableWidget::currentCellChanged, this, &ComparePage::Cell_Chosen);
+    Show();
+}
+
+QPushButton* ComparePage::MakeButton(const QString& name, const QString& caption, const QString& tip,
+                                     void (ComparePage::*handler)()) {
+    auto* button = new QPushButton(caption, this);
+    button->setObjectName(name);
+    button->setToolTip(tip);
+    connect(button, &QPushButton::clicked, this, handler);
+    return button;
+}
+
+// The design whose column has the cursor, -1 for none.
+int ComparePage::Chosen() const {
+    const int column = table_->currentColumn();
+    return column < static_cast<int>(board_.Designs().size()) ? column : -1;
+}
+
+void ComparePage::Keep_Clicked() {
+    board_.Keep(FreeDesignName(board_), model_.ProjectPanel());
+    Show();
+    table_->setCurrentCell(kNameRow, table_->columnCount() - 1);
+}
+
+// Its figures stand in its own units; those of a project in the other system are not meant by them.
+void ComparePage::Take_Clicked() {
+    if (Chosen() < 0) return;
+    const KeptDesign& design = board_.Designs()[static_cast<std::size_t>(Chosen())];
+    if (design.panel.units != model_.ProjectUnits()) return;
+    std::vector<std::pair<PanelField, double>> values;
+    for (const PanelFieldFacts& facts : kPanelFields)
+        values.emplace_back(facts.field, ValueOfField(design.panel, facts.field));
+    model_.SetAll(values, design.name);
+}
+
+void ComparePage::Remove_Clicked() {
+    if (Chosen() < 0) return;
+    board_.Remove(static_cast<std::size_t>(Chosen()));
+    Show();
+}
+
+void ComparePage::Name_Edited(QTableWidgetItem* item) {
+    if (shows_ || item->row() != kNameRow) return;
+    board_.Rename(static_cast<std::size_t>(item->column()), FromQt(item->text()));
+}
+
+void ComparePage::Cell_Chosen() {
+    const bool chosen = Chosen() >= 0;
+    remove_->setEnabled(chosen);
+    take_->setEnabled(chosen && board_.Designs()[static_cast<std::size_t>(Chosen())].panel.units ==
+                                    model_.ProjectUnits());
+}
+
+void ComparePage::Show() {
+    const int column = table_->currentColumn();
+    shows_ = true;
+    ShowCells();
+    shows_ = false;
+    if (table_->columnCount() > 0)
+        table_->setCurrentCell(kNameRow, std::min(std::max(column, 0), table_->columnCount() - 1));
+    keep_->setEnabled(!board_.IsFull());
+    Cell_Chosen();
+}
+
+void ComparePage::ShowCells() {
+    const std::vector<ComparedLine> lines = board_.Lines();
+    table_->clear();
+    table_->setColumnCount(static_cast<int>(board_.Designs().size()));
+    table_->setRowCount(lines.empty() ? 0 : static_cast<int>(lines.size()) + 1);
+    QStringList titles{"Design"};
+    for (const ComparedLine& line : lines) titles.append(ToQt(line.title));
+    table_->setVerticalHeaderLabels(titles);
+    for (std::size_t design = 0; design < board_.Designs().size(); ++design) {
+        const int column = static_cast<int>(design);
+        auto* name = new QTableWidgetItem(ToQt(board_.Designs()[design].name));
+        name->setToolTip("F2 or a double click edits the name");
+        table_->setItem(kNameRow, column, name);
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            const ComparedLine& line = lines[i];
+            QString text = ToQt(line.texts[design]);
+            if (line.misses[design]) text = "\u25bc " + text;
+            if (line.differs[design]) text = "\u2260 " + text;
+            auto* cell = new QTableWidgetItem(text);
+            cell->setFlags(cell->flags() & ~Qt::ItemIsEditable);
+            QFont font = table_->font();
+            font.setBold(line.differs[design] || line.misses[design]);
+            cell->setFont(font);
+            table_->setItem(static_cast<int>(i) + 1, column, cell);
+        }
+    }
+    table_->resizeColumnsToContents();
+}
+
+}  // namespace tarvokol

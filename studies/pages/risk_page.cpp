@@ -1,0 +1,287 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "studies/pages/risk_page.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMetaObject>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
+#include <initializer_list>
+#include <memory>
+#include <thread>
+#include <utility>
+
+#include "core/runtime/text.h"
+#include "core/statistics/study_numbers.h"
+#include "qt/charts/study_plot.h"
+#include "qt/charts/study_view.h"
+#include "qt/session/qt_text.h"
+#include "studies/model/study_model.h"
+#include "studies/pages/uncertain_row.h"
+
+namespace tarvokol {
+namespace {
+
+// Of so many samples each step of a slider is calculated; more of them begin anew with each.
+constexpr std::uint32_t kFollowedSamples = 200000;
+
+constexpr int kBarEvery = 50;  // milliseconds
+
+// A whole number within bounds; 0 and a fault for another text.
+double WholeIn(const QLineEdit& box, double low, double high, const char* what, QString& fault) {
+    const auto value = WholeNumber(Trim(FromQt(box.text())));
+    if (value && *value == std::floor(*value) && *value >= low && *value <= high) return *value;
+    fault = QString("%1: \"%2\" is not a whole number from %3 to %4")
+                .arg(what, box.text(), QString::number(low, 'f', 0), QString::number(high, 'f', 0));
+    return low;
+}
+
+}  // namespace
+
+RiskPage::RiskPage(StudyModel& model, QWidget* parent)
+    : StudyPage(parent), model_(model), work_([this](std::function<void()> call) {
+          QMetaObject::invokeMethod(this, std::move(call), Qt::QueuedConnection);
+      }) {
+    Build();
+    watch_.setInterval(kBarEvery);
+    connect(&watch_, &QTimer::timeout, this, &RiskPage::Progress_Due);
+    connect(add_, &QPushButton::clicked, this, &RiskPage::Add_Clicked);
+    connect(cancel_, &QPushButton::clicked, this, &RiskPage::Cancel_Clicked);
+    for (QLineEdit* box : {samples_, seed_})
+        connect(box, &QLineEdit::textEdited, this, &RiskPage::Row_Changed);
+    Choose({{{PanelField::CoalStrength, "lognormal:100%:15%"}}});
+    model_.Tell([this] { Model_Changed(); });
+}
+
+QLineEdit* RiskPage::MakeNumber(const QString& name, const QString& accessible, const QString& text) {
+    auto* box = new QLineEdit(text, this);
+    box->setObjectName(name);
+    box->setAccessibleName(accessible);
+    constexpr int kDigits = 9;
+    box->setMaximumWidth(box->fontMetrics().horizontalAdvance("0") * kDigits + 12);
+    return box;
+}
+
+void RiskPage::Build() {
+    auto* page = new QVBoxLayout(this);
+    rows_layout_ = new QVBoxLayout;
+    rows_layout_->setSpacing(2);
+    page->addLayout(rows_layout_);
+    auto* line = new QHBoxLayout;
+    add_ = new QPushButton("Add Fie&ld", this);
+    add_->setObjectName("Risk_Add");
+    add_->setToolTip("Another field whose figure is uncertain");
+    samples_ = MakeNumber("Risk_Samples", "Samples", "100000");
+    samples_->setToolTip("Panels that are drawn and calculated, up to 4 million");
+    seed_ = MakeNumber("Risk_Seed", "Seed", "1");
+    seed_->setToolTip("The same seed draws the same panels");
+    progress_ = new QProgressBar(this);
+    progress_->setObjectName("Risk_Progress");
+    progress_->setAccessibleName("Progress");
+    progress_->setTextVisible(false);
+    cancel_ = new QPushButton("Ca&ncel", this);
+    cancel_->setObjectName("Risk_Cancel");
+    for (QWidget* shown_at_work : std::initializer_list<QWidget*>{progress_, cancel_}) {
+        QSizePolicy keeps_its_room = shown_at_work->sizePolicy();
+        keeps_its_room.setRetainSizeWhenHidden(true);
+        shown_at_work->setSizePolicy(keeps_its_room);
+        shown_at_work->hide();
+    }
+    line->addWidget(add_);
+    for (const auto& [text, box] : {std::pair("Sam&ples", samples_), std::pair("See&d", seed_)}) {
+        auto* label = new QLabel(text, this);
+        label->setBuddy(box);
+        line->addWidget(label);
+        line->addWidget(box);
+    }
+    line->addWidget(progress_, 1);
+    line->addWidget(cancel_);
+    page->addLayout(line);
+    fault_ = new QLabel(this);
+    fault_->setObjectName("Risk_Fault");
+    fault_->setWordWrap(true);
+    fault_->hide();
+    page->addWidget(fault_);
+    view_ = new StudyView;
+    view_->setObjectName("Risk_View");
+    view_->setAccessibleName("Spread of the factors");
+    view_->setCursor(Qt::ArrowCursor);
+    auto* scroll = new QScrollArea(this);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidget(view_);
+    page->addWidget(scroll, 1);
+}
+
+void RiskPage::Choose(const RiskPlan& plan) {
+    for (UncertainRow* row : rows_) row->deleteLater();
+    rows_.clear();
+    samples_->setText(QString::number(plan.samples));
+    seed_->setText(QString::number(plan.seed));
+    for (const UncertainField& field : plan.fields) AddRow(field);
+    NumberRows();
+    Ask();
+}
+
+void RiskPage::AddRow(const UncertainField& field) {
+    auto* row = new UncertainRow(field, this);
+    rows_.push_back(row);
+    rows_layout_->addWidget(row);
+    row->show();
+    connect(row, &UncertainRow::Changed, this, &RiskPage::Row_Changed);
+    connect(row, &UncertainRow::Removed, this, &RiskPage::Row_Removed);
+}
+
+void RiskPage::NumberRows() {
+    int number = 0;
+    QWidget* before = nullptr;
+    for (UncertainRow* row : rows_) {
+        row->SetNumber(number++);
+        if (before != nullptr) setTabOrder(before, row);
+        before = row;
+    }
+    if (before != nullptr) setTabOrder(before, add_);
+    add_->setEnabled(rows_.size() < kPanelFields.size());
+}
+
+// The first field that is certain so far.
+void RiskPage::Add_Clicked() {
+    const RiskPlan plan = Plan();
+    for (const PanelField wanted :
+         {PanelField::CoalStrength, PanelField::DepthCover, PanelField::Height, PanelField::WebThickness,
+          PanelField::HoleWidth, PanelField::BarrierPillarWidth, PanelField::UnitWeight,
+          PanelField::AbutmentAngle, PanelField::NumberHoles, PanelField::SFWeb, PanelField::SFBarrier}) {
+        if (std::any_of(plan.fields.begin(), plan.fields.end(),
+                        [wanted](const UncertainField& field) { return field.field == wanted; }))
+            continue;
+        AddRow({wanted, "normal:100%:5%"});
+        break;
+    }
+    NumberRows();
+    Ask();
+}
+
+void RiskPage::Row_Changed() {
+    Ask();
+}
+
+void RiskPage::Row_Removed() {
+    const auto gone = std::find(rows_.begin(), rows_.end(), sender());
+    if (gone == rows_.end()) return;
+    (*gone)->setObjectName(QString());
+    (*gone)->hide();
+    (*gone)->deleteLater();
+    rows_.erase(gone);
+    NumberRows();
+    add_->setFocus();
+    Ask();
+}
+
+RiskPlan RiskPage::Plan() const {
+    RiskPlan plan;
+    for (const UncertainRow* row : rows_) plan.fields.push_back(row->Field());
+    QString ignored;
+    plan.samples = static_cast<std::uint32_t>(WholeIn(*samples_, 1, kMostPlannedSamples, "Samples", ignored));
+    plan.seed = static_cast<std::uint64_t>(WholeIn(*seed_, 0, kLargestPlannedSeed, "Seed", ignored));
+    return plan;
+}
+
+// True if there is nothing wrong with what is asked for.
+bool RiskPage::ShowFaults(const RiskPlan& plan) {
+    QString fault;
+    WholeIn(*seed_, 0, kLargestPlannedSeed, "Seed", fault);
+    WholeIn(*samples_, 1, kMostPlannedSamples, "Samples", fault);
+    fault_->setText("\u26a0 " + fault);
+    fault_->setVisible(!fault.isEmpty());
+    bool sound = fault.isEmpty();
+    const Panel panel = model_.ProjectPanel();
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        const std::string row_fault = FaultOfRow(plan, i, panel);
+        const PanelField field = plan.fields[i].field;
+        rows_[i]->ShowState(ToQt(row_fault), ValueOfField(panel, field), UnitOfField(field, panel.units));
+        sound = sound && row_fault.empty();
+    }
+    return sound;
+}
+
+void RiskPage::Model_Changed() {
+    Ask();
+}
+
+// What nobody sees waits until it is seen.
+void RiskPage::showEvent(QShowEvent* event) {
+    StudyPage::showEvent(event);
+    Ask();
+}
+
+void RiskPage::Ask() {
+    if (!isVisible()) return;
+    const RiskPlan plan = Plan();
+    if (!ShowFaults(plan)) return;
+    const std::string text = DocumentText(model_.Document()) + model_.FileName();
+    if (asked_ == plan && asked_text_ == text) return;
+    if (asked_ != plan || plan.samples > kFollowedSamples) work_.Drop();
+    asked_ = plan;
+    asked_text_ = text;
+    work_.Ask([this, plan, panel = model_.ProjectPanel(), title = model_.Title()](StudyObserver& observer) {
+        const unsigned threads = std::max(1U, std::thread::hardware_concurrency());
+        auto outcome = std::make_shared<RiskOutcome>(CalculateRisk(plan, panel, title, threads, observer));
+        return [this, outcome] { Show(std::move(*outcome)); };
+    });
+    watch_.start();
+}
+
+void RiskPage::Show(RiskOutcome outcome) {
+    if (auto* reading = std::get_if<RiskReading>(&outcome)) {
+        reading_ = std::move(*reading);
+        view_->setMinimumHeight(StudyPictureSize(reading_->picture).height());
+        view_->Show(reading_->picture);
+        std::string words;
+        for (std::size_t factor = 0; factor < reading_->picture.panels.size(); ++factor)
+            for (const std::string& line : reading_->picture.panels[factor].words)
+                words += std::string(kStudyFigures[factor].legend) + ": " + line + ". ";
+        view_->setAccessibleDescription(ToQt(words));
+    }
+    if (const auto* words = std::get_if<std::string>(&outcome)) {
+        reading_.reset();
+        view_->setMinimumHeight(0);
+        view_->ShowWords(ToQt(*words));
+    }
+}
+
+void RiskPage::Cancel_Clicked() {
+    work_.Drop();
+    fault_->setText("Cancelled: the picture is of the figures before");
+    fault_->show();
+    add_->setFocus();
+}
+
+// Work that is over within a moment shows no bar.
+void RiskPage::Progress_Due() {
+    const bool busy = work_.IsBusy();
+    const double done = work_.Progress();
+    progress_->setRange(0, done < 0 ? 0 : 1000);
+    if (done >= 0) progress_->setValue(static_cast<int>(done * 1000));
+    progress_->setVisible(busy);
+    cancel_->setVisible(busy);
+    if (!busy) watch_.stop();
+}
+
+AnyStudyPicture RiskPage::PictureNow() const {
+    return view_->Shown();
+}
+
+std::string RiskPage::CsvNow() const {
+    return reading_ ? CsvOfRisk(*reading_) : "";
+}
+
+std::string RiskPage::CommandNow() const {
+    return model_.Path().empty() ? "" : CommandOfRisk(Plan(), model_.Path());
+}
+
+}  // namespace tarvokol

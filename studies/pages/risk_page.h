@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The page "Risk": how likely the factors lie below their targets where figures are known within bounds only.
+#pragma once
+
+#include <QTimer>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "studies/model/latest_work.h"
+#include "studies/model/risk_plan.h"
+#include "studies/pages/study_page.h"
+
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QPushButton;
+class QVBoxLayout;
+
+namespace tarvokol {
+
+class StudyModel;
+class StudyView;
+class UncertainRow;
+
+class RiskPage : public StudyPage {
+    Q_OBJECT
+
+  public:
+    explicit RiskPage(StudyModel& model, QWidget* parent = nullptr);
+
+    std::string HelpTopic() const override { return "studies_window.htm"; }
+    AnyStudyPicture PictureNow() const override;
+    std::string CsvNow() const override;
+    std::string CommandNow() const override;
+    std::string PictureName() const override { return "risk"; }
+
+    // What the controls ask for, and the other way round.
+    RiskPlan Plan() const;
+    void Choose(const RiskPlan& plan);
+
+    bool IsBusy() const { return work_.IsBusy(); }
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    void Build();
+    void AddRow(const UncertainField& field);
+    void NumberRows();
+    void Model_Changed();
+    void Add_Clicked();
+    void Row_Changed();
+    void Row_Removed();
+    void Cancel_Clicked();
+    void Progress_Due();
+
+    void Ask();
+    bool ShowFaults(const RiskPlan& plan);
+    void Show(RiskOutcome outcome);
+    QLineEdit* MakeNumber(const QString& name, const QString& accessible, const QString& text);
+
+    StudyModel& model_;
+    QVBoxLayout* rows_layout_ = nullptr;
+    std::vector<UncertainRow*> rows_;
+    QPushButton* add_ = nullptr;
+    QLineEdit* samples_ = nullptr;
+    QLineEdit* seed_ = nullptr;
+    QLabel* fault_ = nullptr;
+    QProgressBar* progress_ = nullptr;
+    QPushButton* cancel_ = nullptr;
+    StudyView* view_ = nullptr;
+    QTimer watch_;
+    std::optional<RiskReading> reading_;
+    std::optional<RiskPlan> asked_;
+    std::string asked_text_;
+    LatestWork work_;  // ends before what it shows goes
+};
+
+}  // namespace tarvokol

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The page "Table": a sheet of panels whose figures appear as one types.
+#pragma once
+
+#include <string>
+
+#include "studies/pages/study_page.h"
+
+class QLabel;
+class QPushButton;
+class QTableView;
+
+namespace tarvokol {
+
+class SheetModel;
+class StudyModel;
+
+class TablePage : public StudyPage {
+    Q_OBJECT
+
+  public:
+    explicit TablePage(StudyModel& model, QWidget* parent = nullptr);
+
+    std::string HelpTopic() const override { return "studies_window.htm"; }
+    std::string CsvNow() const override;
+    std::string PictureName() const override { return "table"; }
+
+    // Reads a table from a file; what is wrong with it is told on the page.
+    void OpenTable(const std::string& path);
+
+    SheetModel& Sheet() { return *sheet_; }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void Build();
+    void Model_Changed();
+    void Open_Clicked();
+    void Paste_Clicked();
+    void Add_Clicked();
+    void Remove_Clicked();
+    void Take_Clicked();
+    void Header_Clicked(int column);
+    void Current_Changed();
+    void Read(const std::string& bytes, const std::string& name);
+    void Tell(const std::string& fault);
+    QPushButton* MakeButton(const QString& name, const QString& caption, const QString& tip,
+                            void (TablePage::*handler)());
+
+    StudyModel& model_;
+    SheetModel* sheet_;
+    QTableView* view_ = nullptr;
+    QPushButton* remove_ = nullptr;
+    QPushButton* take_ = nullptr;
+    QLabel* fault_ = nullptr;
+    std::string shown_project_;
+    int sorted_by_ = -1;
+    bool rises_ = false;
+};
+
+}  // namespace tarvokol

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The page of the risk: rows of uncertain fields, a picture that follows, work that can be cancelled.
+#include "studies/pages/risk_page.h"
+
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include "tests/studies/window/studies_window_fixture.h"
+
+namespace tarvokol {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+class RiskPageTest : public StudiesWindowTest {
+  protected:
+    RiskPageTest() {
+        Find<QTabWidget>("Pages").setCurrentWidget(&Page());
+        EXPECT_TRUE(WaitUntil([this] { return HasPicture(); }));
+    }
+    ~RiskPageTest() override { Find<QTabWidget>("Pages").setCurrentIndex(0); }
+
+    RiskPage& Page() { return *window->findChild<RiskPage*>(); }
+    bool HasPicture() { return std::holds_alternative<SpreadPicture>(Page().PictureNow()); }
+    SpreadPicture Picture() { return std::get<SpreadPicture>(Page().PictureNow()); }
+    void WaitForPicture() {
+        EXPECT_TRUE(WaitUntil([this] { return !Page().IsBusy(); }));
+        QApplication::processEvents();
+    }
+    StudyView& Spread() { return Find<StudyView>("Risk_View"); }
+};
+
+TEST_F(RiskPageTest, BeginsWithAStrengthKnownTo15Percent) {
+    EXPECT_EQ(FromQt(Find<QComboBox>("Risk_Field_0").currentText()), "In situ coal strength");
+    EXPECT_EQ(FromQt(Find<QComboBox>("Risk_Form_0").currentText()), "lognormal");
+    EXPECT_EQ(TextOf("Risk_Figure_0_0"), "100%");
+    EXPECT_EQ(TextOf("Risk_Figure_0_1"), "15%");
+    EXPECT_EQ(Picture().words.front(),
+              "In situ coal strength lognormal, mean 900 psi, standard deviation 135 psi");
+    EXPECT_EQ(Picture().panels.size(), 3U);
+    EXPECT_THAT(FromQt(Spread().accessibleDescription()), HasSubstr("Webs ONLY: Probability below "));
+}
+
+TEST_F(RiskPageTest, FollowsTheProject) {
+    QSlider& slider = Find<QSlider>("CoalStrength_Slider");
+    slider.setValue(slider.maximum());
+    EXPECT_TRUE(WaitUntil([this] {
+        return Picture().words.front() ==
+               "In situ coal strength lognormal, mean 1350 psi, standard deviation 202.5 psi";
+    }));
+}
+
+TEST_F(RiskPageTest, RowsComeAndGo) {
+    QTest::mouseClick(&Find("Risk_Add"), Qt::LeftButton);
+    EXPECT_EQ(FromQt(Find<QComboBox>("Risk_Field_1").currentText()), "Depth of cover");
+    QComboBox& form = Find<QComboBox>("Risk_Form_1");
+    form.setCurrentIndex(form.findText("triangular"));
+    EXPECT_TRUE(Find("Risk_Figure_1_2").isVisible());
+    EXPECT_EQ(Page().Plan().fields[1], (UncertainField{PanelField::DepthCover, "triangular:80%:100%:120%"}));
+    WaitForPicture();
+    EXPECT_EQ(Picture().words.size(), 3U);
+    QTest::mouseClick(&Find("Risk_Remove_0"), Qt::LeftButton);
+    WaitForPicture();
+    EXPECT_THAT(Picture().words.front(), StartsWith("Depth of cover triangular"));
+    EXPECT_EQ(Page().Plan().fields.size(), 1U);
+}
+
+TEST_F(RiskPageTest, WhatIsProposedOfEachFormMakesSense) {
+    QComboBox& form = Find<QComboBox>("Risk_Form_0");
+    for (int i = 0; i < form.count(); ++i) {
+        form.setCurrentIndex(i);
+        EXPECT_FALSE(Find("Risk_Fault_0").isVisible())
+            << FromQt(form.currentText()) << TextOf("Risk_Fault_0");
+    }
+}
+
+TEST_F(RiskPageTest, WhatMakesNoSenseIsToldBelowItsRowAndTheLastPictureStands) {
+    Type("Risk_Figure_0_1", "-5%");
+    EXPECT_TRUE(Find("Risk_Fault_0").isVisible());
+    EXPECT_TRUE(HasPicture());
+    Type("Risk_Figure_0_1", "10%");
+    EXPECT_FALSE(Find("Risk_Fault_0").isVisible());
+    Type("Risk_Samples", "0");
+    EXPECT_EQ(TextOf("Risk_Fault"), "\u26a0 Samples: \"0\" is not a whole number from 1 to 4000000");
+    Type("Risk_Samples", "1000");
+    WaitForPicture();
+    EXPECT_THAT(Picture().words.back(), StartsWith("1000 samples (Latin hypercube), seed 1, 0 refused"));
+}
+
+TEST_F(RiskPageTest, LongWorkIsCancelled) {
+    Type("Risk_Samples", "4000000");
+    ASSERT_TRUE(WaitUntil([this] { return Find("Risk_Cancel").isVisible(); }));
+    QTest::mouseClick(&Find("Risk_Cancel"), Qt::LeftButton);
+    EXPECT_EQ(TextOf("Risk_Fault"), "Cancelled: the picture is of the figures before");
+    ASSERT_TRUE(WaitUntil([this] { return !Find("Risk_Cancel").isVisible(); }));
+    EXPECT_THAT(Picture().words.back(), StartsWith("100000 samples"));
+}
+
+TEST_F(RiskPageTest, ClosingEndsWork) {
+    Type("Risk_Samples", "4000000");
+    ASSERT_TRUE(Page().IsBusy());
+    window->close();
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(RiskPageTest, FiguresAreTakenAlong) {
+    Host.Dialogs.FileAnswers = {PathTo("risk.csv")};
+    EXPECT_TRUE(Choose("actSaveFigures"));
+    EXPECT_THAT(ReadBytes(PathTo("risk.csv")), HasSubstr("\nWebsOnly,"));
+}
+
+}  // namespace
+}  // namespace tarvokol

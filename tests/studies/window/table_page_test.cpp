@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The pages of the table and of the comparison: cells as one types, rows and designs into the project.
+#include "studies/pages/table_page.h"
+
+#include <QClipboard>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTableView>
+#include <QTableWidget>
+
+#include "studies/pages/compare_page.h"
+#include "studies/pages/sheet_model.h"
+#include "tests/studies/window/studies_window_fixture.h"
+
+namespace tarvokol {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+class TablePageTest : public StudiesWindowTest {
+  protected:
+    TablePageTest() {
+        WriteBytes(PathTo("holes.csv"), "Hole,DepthCover (ft)\nA,300\nB,200\n");
+        Find<QTabWidget>("Pages").setCurrentWidget(window->findChild<TablePage*>());
+    }
+    ~TablePageTest() override { Find<QTabWidget>("Pages").setCurrentIndex(0); }
+
+    QTableView& Table() { return Find<QTableView>("Table_View"); }
+    std::string CellText(int row, int column) {
+        return FromQt(Table().model()->index(row, column).data().toString());
+    }
+    void OpenHoles() {
+        Host.Dialogs.FileAnswers = {PathTo("holes.csv")};
+        QTest::mouseClick(&Find("Table_Open"), Qt::LeftButton);
+    }
+};
+
+TEST_F(TablePageTest, AnOpenedTableHasItsFigures) {
+    OpenHoles();
+    EXPECT_FALSE(Find("Table_Fault").isVisible());
+    EXPECT_EQ(CellText(0, 0), "A");
+    EXPECT_EQ(CellText(0, 3), "\u25bc 1.57333");
+    EXPECT_EQ(CellText(1, 3), "2.36");
+}
+
+TEST_F(TablePageTest, FiguresFollowWhatIsTypedIntoACell) {
+    OpenHoles();
+    Table().setCurrentIndex(Table().model()->index(0, 1));
+    Table().edit(Table().currentIndex());
+    auto* editor = Table().findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    editor->selectAll();
+    QTest::keyClicks(editor, "100");
+    QTest::keyClick(editor, Qt::Key_Return);
+    EXPECT_TRUE(WaitUntil([this] { return CellText(0, 3) == "4.71999"; }));
+}
+
+TEST_F(TablePageTest, FiguresFollowTheProject) {
+    OpenHoles();
+    Type("CoalStrength_Box", "450");
+    EXPECT_EQ(CellText(1, 3), "\u25bc 1.18");
+}
+
+TEST_F(TablePageTest, ATableIsPasted) {
+    QApplication::clipboard()->setText("DepthCover\tNote\n150\tx\n");
+    Table().setFocus();
+    QTest::keyClick(&Table(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Table().model()->rowCount(), 1);
+    EXPECT_EQ(CellText(0, 1), "x");
+}
+
+TEST_F(TablePageTest, ADroppedTableGoesToItsPage) {
+    Find<QTabWidget>("Pages").setCurrentIndex(0);
+    Drop(PathTo("holes.csv"));
+    EXPECT_TRUE(Table().isVisible());
+    EXPECT_EQ(Table().model()->rowCount(), 2);
+}
+
+TEST_F(TablePageTest, WhatIsNoTableIsToldAndTheSheetStands) {
+    OpenHoles();
+    WriteBytes(PathTo("bad.csv"), "Depth\n1\n");
+    Host.Dialogs.FileAnswers = {PathTo("bad.csv")};
+    QTest::mouseClick(&Find("Table_Open"), Qt::LeftButton);
+    EXPECT_THAT(TextOf("Table_Fault"), StartsWith("\u26a0 bad.csv: "));
+    EXPECT_EQ(Table().model()->rowCount(), 2);
+}
+
+TEST_F(TablePageTest, RowsComeGoAndAreTaken) {
+    OpenHoles();
+    Table().setCurrentIndex(Table().model()->index(0, 0));
+    QTest::mouseClick(&Find("Table_Take"), Qt::LeftButton);
+    EXPECT_EQ(TextOf("DepthCover_Box"), "300");
+    EXPECT_EQ(FromQt(Find<QAction>("actUndo").text()), "&Undo: Row 1 of the table");
+    QTest::mouseClick(&Find("Table_Add"), Qt::LeftButton);
+    EXPECT_EQ(Table().model()->rowCount(), 3);
+    EXPECT_EQ(CellText(1, 3), "\u25bc 1.57333");  // the project's own
+    QTest::mouseClick(&Find("Table_Remove"), Qt::LeftButton);
+    QTest::mouseClick(&Find("Table_Remove"), Qt::LeftButton);
+    QTest::mouseClick(&Find("Table_Remove"), Qt::LeftButton);
+    EXPECT_EQ(Table().model()->rowCount(), 0);
+    EXPECT_FALSE(Find<QPushButton>("Table_Take").isEnabled());
+}
+
+TEST_F(TablePageTest, ATitleSorts) {
+    OpenHoles();
+    QHeaderView& header = *Table().horizontalHeader();
+    const QPoint title(header.sectionViewportPosition(3) + 5, header.height() / 2);
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, title);
+    EXPECT_EQ(CellText(0, 0), "A");
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, title);
+    EXPECT_EQ(CellText(0, 0), "B");
+}
+
+class ComparePageTest : public StudiesWindowTest {
+  protected:
+    ComparePageTest() { Find<QTabWidget>("Pages").setCurrentWidget(window->findChild<ComparePage*>()); }
+    ~ComparePageTest() override { Find<QTabWidget>("Pages").setCurrentIndex(0); }
+
+    QTableWidget& Table() { return Find<QTableWidget>("Compare_Table"); }
+};
+
+TEST_F(ComparePageTest, DesignsAreKeptMarkedAndTaken) {
+    QTest::mouseClick(&Find("Compare_Keep"), Qt::LeftButton);
+    Type("DepthCover_Box", "300");
+    QTest::mouseClick(&Find("Compare_Keep"), Qt::LeftButton);
+    EXPECT_EQ(Table().columnCount(), 2);
+    EXPECT_EQ(FromQt(Table().verticalHeaderItem(2)->text()), "Depth of cover (ft)");
+    EXPECT_EQ(FromQt(Table().item(2, 0)->text()), "100");
+    EXPECT_EQ(FromQt(Table().item(2, 1)->text()), "\u2260 300");
+    EXPECT_EQ(FromQt(Table().item(13, 1)->text()), "\u2260 \u25bc 1.57333");
+    Table().setCurrentCell(0, 0);
+    QTest::mouseClick(&Find("Compare_Take"), Qt::LeftButton);
+    EXPECT_EQ(TextOf("DepthCover_Box"), "100");
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(TextOf("DepthCover_Box"), "300");
+    Table().item(0, 0)->setText("Shallow");
+    Host.Dialogs.FileAnswers = {PathTo("designs.csv")};
+    EXPECT_TRUE(Choose("actSaveFigures"));
+    EXPECT_THAT(ReadBytes(PathTo("designs.csv")), StartsWith("Figure,Shallow,Design 2\n"));
+    QTest::mouseClick(&Find("Compare_Remove"), Qt::LeftButton);
+    EXPECT_EQ(Table().columnCount(), 1);
+}
+
+TEST_F(ComparePageTest, SixAreTheMost) {
+    for (int i = 0; i < 6; ++i) QTest::mouseClick(&Find("Compare_Keep"), Qt::LeftButton);
+    EXPECT_EQ(Table().columnCount(), 6);
+    EXPECT_FALSE(Find<QPushButton>("Compare_Keep").isEnabled());
+}
+
+TEST_F(ComparePageTest, ADesignInOtherUnitsIsNotTaken) {
+    QTest::mouseClick(&Find("Compare_Keep"), Qt::LeftButton);
+    EXPECT_TRUE(Choose("actNewMetric"));
+    Table().setCurrentCell(1, 0);
+    EXPECT_FALSE(Find<QPushButton>("Compare_Take").isEnabled());
+}
+
+}  // namespace
+}  // namespace tarvokol
