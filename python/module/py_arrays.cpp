@@ -99,35 +99,41 @@ struct FieldValues {
 class RowMaker {
   public:
     RowMaker(const Panel& panel, const std::vector<FieldValues>& fields)
-        : panel_(panel, false),
-          fields_(fields),
-          last_(fields.size(), std::numeric_limits<double>::quiet_NaN()) {}
+        : panel_(panel, false), fields_(fields) {}
 
-    FactorRow Row(std::size_t i) {
-        for (std::size_t column = 0; column < fields_.size(); ++column)
-            if (const std::int32_t message = Set(column, fields_[column].values[i]); message != 0)
-                return RefusedRow(message);
+    // Rows `first` to `end`.
+    void Fill(FactorRow* rows, std::size_t first, std::size_t end) {
+        set_ = false;
+        for (std::size_t i = first; i < end; ++i) {
+            const std::int32_t message = SetAll(i);
+            set_ = message == 0;
+            rows[i] = set_ ? Row() : RefusedRow(message);
+        }
+    }
+
+  private:
+    FactorRow Row() {
         const PanelFigures& figures = panel_.Evaluate();
         if (figures.refused) return RefusedRow(Messages::All().NumberOf(figures.message));
         return {figures.Overall, figures.WebsOnly, figures.BarrierPillar, figures.ExtractionRatio, 0};
     }
 
-  private:
-    // The number of the message about a value that does not fit. A value that stands there already is not set again: most of
-    // a grid's values change with every hundredth panel.
-    std::int32_t Set(std::size_t column, double value) {
-        if (value == last_[column]) return 0;
-        const FieldValues& one = fields_[column];
-        if (!std::isfinite(value) || (!one.takes_every_double && !FitsField(one.field, value)))
-            return Messages::All().NumberOf(FaultOfFigure(one.field, value));
-        panel_.Set(one.field, value);
-        last_[column] = value;
+    // The number of the message about a value that does not fit. What the row before has set is not set again: most of a
+    // grid's values change with every hundredth panel.
+    std::int32_t SetAll(std::size_t i) {
+        for (const FieldValues& one : fields_) {
+            const double value = one.values[i];
+            if (set_ && value == one.values[i - 1]) continue;
+            if (!std::isfinite(value) || (!one.takes_every_double && !FitsField(one.field, value)))
+                return Messages::All().NumberOf(FaultOfFigure(one.field, value));
+            panel_.Set(one.field, value);
+        }
         return 0;
     }
 
     PanelEvaluator panel_;
     const std::vector<FieldValues>& fields_;
-    std::vector<double> last_;
+    bool set_ = false;  // all values of the row before
 };
 
 // Asked in the calling thread, which holds no lock of the interpreter: Ctrl+C ends the work.
@@ -145,7 +151,7 @@ void Calculate(const Panel& panel, const std::vector<FieldValues>& fields, Facto
         const TaskRun::Worker worker = [&]() -> TaskRun::Task {
             return [&, maker = RowMaker(panel, fields)](std::size_t piece) mutable {
                 const std::size_t end = std::min(count, (piece + 1) * kPiece);
-                for (std::size_t i = piece * kPiece; i < end; ++i) rows[i] = maker.Row(i);
+                maker.Fill(rows, piece * kPiece, end);
             };
         };
         done = TaskRun::Do((count + kPiece - 1) / kPiece, threads, worker, GoesOn);
