@@ -22,11 +22,12 @@ std::unique_ptr<Command> SweepCommand();
 std::unique_ptr<Command> TableCommand();
 std::unique_ptr<Command> RiskCommand();
 std::unique_ptr<Command> FitCommand();
+std::unique_ptr<Command> DesignCommand();
 
 // In the order in which the help lists them.
-inline constexpr std::array kCommands{ResultsCommand, SizeCommand,    SaveCommand,  CurveCommand,
-                                      PlanCommand,    ConvertCommand, UnitsCommand, SettingsCommand,
-                                      SweepCommand,   TableCommand,   RiskCommand,  FitCommand};
+inline constexpr std::array kCommands{
+    ResultsCommand,  SizeCommand,  SaveCommand,  CurveCommand, PlanCommand, ConvertCommand, UnitsCommand,
+    SettingsCommand, SweepCommand, TableCommand, RiskCommand,  FitCommand,  DesignCommand};
 
 CommandTable AllCommands();
 

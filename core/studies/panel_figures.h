@@ -39,6 +39,9 @@ class PanelEvaluator {
 
     const Panel& Inputs() const { return panel_; }
 
+    // As Evaluate left them.
+    const PanelFigures& Figures() const { return figures_; }
+
     // The figures of the panel as it stands: the factors of an analysis, the sizes of the button "Size
     // pillars".
     const PanelFigures& Evaluate() {

@@ -2,14 +2,11 @@
 #include "core/studies/risk_study.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cmath>
-#include <exception>
 #include <functional>
 #include <limits>
 #include <mutex>
 #include <numeric>
-#include <thread>
 #include <utility>
 
 #include "core/runtime/run_time_error.h"
@@ -19,6 +16,7 @@
 #include "core/studies/measured_column.h"
 #include "core/studies/risk_draw.h"
 #include "core/studies/shortage.h"
+#include "core/studies/study_watch.h"
 #include "core/studies/task_run.h"
 
 namespace tarvokol {
@@ -33,48 +31,15 @@ std::size_t IndexOf(const std::vector<RandomField>& fields, PanelField field) {
     return static_cast<std::size_t>(found - fields.begin());
 }
 
-// Raised where the observer has had enough, out of whatever is at work.
-class EndedEarly : public std::exception {};
-
-// Asks the observer in the thread that runs the study, and lets the others know.
-class Watch {
-  public:
-    // `work` is what is to be done in all, in units of its own.
-    Watch(StudyObserver& observer, std::uint64_t samples, std::uint64_t work)
-        : observer_(observer), samples_(samples), work_(work) {}
-
-    // So much more work is done. Raises EndedEarly.
-    void Reach(std::uint64_t more) {
-        const std::uint64_t done = done_ += more;
-        if (std::this_thread::get_id() == thread_ && !ended_) {
-            const double share = static_cast<double>(done) / static_cast<double>(work_);
-            // All samples are done when the result stands.
-            const auto samples = static_cast<std::uint64_t>(share * static_cast<double>(samples_));
-            if (!observer_.Progress(std::min(samples, samples_ - 1), samples_)) ended_ = true;
-        }
-        if (ended_) throw EndedEarly();
-    }
-
-    // The same at the end of all work.
-    void Finish() {
-        if (!observer_.Progress(samples_, samples_)) throw EndedEarly();
-    }
-
-  private:
-    StudyObserver& observer_;
-    std::uint64_t samples_;
-    std::uint64_t work_;
-    std::thread::id thread_ = std::this_thread::get_id();
-    std::atomic<std::uint64_t> done_ = 0;
-    std::atomic<bool> ended_ = false;
-};
-
-// What is counted below: Overall below 1; webs below their target and 1; barrier below its target and 1.
-constexpr std::size_t kCounts = 5;
-using Counts = std::array<std::uint64_t, kCounts>;
+// What is counted below: Overall below 1; webs below their target and 1; barrier below its target and 1; webs or barrier
+// below theirs. The targets asked for follow.
+constexpr std::size_t kCounts = 6;
+constexpr std::size_t kJoint = 5;
 
 struct Tally {
-    Counts below{};
+    explicit Tally(const RiskRequest& request) : below(kCounts + request.targets.size()) {}
+
+    std::vector<std::uint64_t> below;
     std::uint64_t refused = 0;
     std::vector<std::string> refusals;  // each text once
 
@@ -88,7 +53,7 @@ struct Tally {
             refusals.push_back(text);
     }
     void Add(const Tally& other) {
-        for (std::size_t i = 0; i < kCounts; ++i) below[i] += other.below[i];
+        for (std::size_t i = 0; i < below.size(); ++i) below[i] += other.below[i];
         refused += other.refused;
         for (const std::string& text : other.refusals) AddText(text);
     }
@@ -101,7 +66,7 @@ class RiskRun {
           draw_(request),
           watch_(observer, request.samples, WorkOf(request)),
           check_([this] { watch_.Reach(0); }),
-          tallies_(draw_.Plan().count) {}
+          tallies_(draw_.Plan().count, Tally(request)) {}
 
     RiskResult Run() {
         watch_.Reach(0);
@@ -135,7 +100,7 @@ class RiskRun {
     void DrawAll(const DrawBatch& batch) {
         draw_.Prepare(batch, draw_.Order(), check_);
         const std::vector<DrawPiece> pieces = draw_.PiecesOf(batch);
-        std::vector<Tally> tallies(pieces.size());
+        std::vector<Tally> tallies(pieces.size(), Tally(request_));
         TaskRun::Do(pieces.size(), request_.threads, [&] {
             return [&, panel = PanelEvaluator(request_.panel, false),
                     lists = RiskDraw::Lists(Fields())](std::size_t piece) mutable {
@@ -185,16 +150,23 @@ class RiskRun {
         result_.factors[0][sample] = figures.Overall;
         result_.factors[1][sample] = figures.WebsOnly;
         result_.factors[2][sample] = figures.BarrierPillar;
+        const bool webs = figures.WebsOnly < panel.Inputs().SFWeb;
+        const bool barrier = figures.BarrierPillar < panel.Inputs().SFBarrier;
         tally.below[0] += figures.Overall < 1.0 ? 1 : 0;
-        tally.below[1] += figures.WebsOnly < panel.Inputs().SFWeb ? 1 : 0;
+        tally.below[1] += webs ? 1 : 0;
         tally.below[2] += figures.WebsOnly < 1.0 ? 1 : 0;
-        tally.below[3] += figures.BarrierPillar < panel.Inputs().SFBarrier ? 1 : 0;
+        tally.below[3] += barrier ? 1 : 0;
         tally.below[4] += figures.BarrierPillar < 1.0 ? 1 : 0;
+        tally.below[kJoint] += webs || barrier ? 1 : 0;
+        for (std::size_t i = 0; i < request_.targets.size(); ++i) {
+            const AskedTarget& asked = request_.targets[i];
+            tally.below[kCounts + i] += result_.factors[asked.factor][sample] < asked.target ? 1 : 0;
+        }
         if (figures.refused) tally.Refuse(figures.message);
     }
 
     void CountAll() {
-        Tally all;
+        Tally all(request_);
         for (const Tally& tally : tallies_) all.Add(tally);
         result_.refused = all.refused;
         result_.refusals = all.refusals;
@@ -203,10 +175,21 @@ class RiskRun {
         result_.risk[1].below = {Below(1, project.SFWeb, PanelField::SFWeb), Below(2, 1.0, std::nullopt)};
         result_.risk[2].below = {Below(3, project.SFBarrier, PanelField::SFBarrier),
                                  Below(4, 1.0, std::nullopt)};
+        for (std::size_t i = 0; i < request_.targets.size(); ++i) {
+            const AskedTarget& asked = request_.targets[i];
+            result_.risk[asked.factor].below.push_back(Below(kCounts + i, asked.target, std::nullopt));
+        }
+        result_.joint = Counted(kJoint);
     }
 
     // One of the counts; each sample is held against its own target where `field` is drawn.
     BelowTarget Below(std::size_t count, double target, std::optional<PanelField> field) const {
+        const JointRisk counted = Counted(count);
+        return {target, counted.share, counted.with_refused,
+                field && IndexOf(request_.fields, *field) < Fields()};
+    }
+
+    JointRisk Counted(std::size_t count) const {
         std::vector<HitCount> sound;
         std::vector<HitCount> all;
         for (std::uint32_t cube = 0; cube < draw_.Plan().count; ++cube) {
@@ -218,7 +201,7 @@ class RiskRun {
         const auto share = [this](const std::vector<HitCount>& cubes) {
             return request_.latin ? ShareOfReplicates(cubes) : ShareOf(cubes[0].hits, cubes[0].count);
         };
-        return {target, share(sound), share(all), field && IndexOf(request_.fields, *field) < Fields()};
+        return {share(sound), share(all)};
     }
 
     // The values themselves, unless they are to be kept.
@@ -297,7 +280,7 @@ class RiskRun {
 
     const RiskRequest& request_;
     RiskDraw draw_;
-    Watch watch_;
+    StudyWatch watch_;
     CheckPoint check_;
     RiskResult result_;
     std::vector<Tally> tallies_;  // by hypercubes
@@ -336,6 +319,18 @@ void RiskRequest::AddCorrelation(PanelField first, PanelField second, double val
                 (other.first == second && other.second == first))
                 throw StudyRefusal("the pair is given twice");
         correlations.push_back({first, second, value});
+    });
+}
+
+void RiskRequest::AddTarget(const StudyFigure& factor, double target) {
+    About(factor.name, [&] {
+        if (!factor.IsFactor()) throw StudyRefusal("is no stability factor; " + KnownFactors());
+        if (!(target > 0.0)) throw StudyRefusal("the target must be above 0");
+        const auto number = static_cast<std::size_t>(&factor - kStudyFigures.data());
+        for (const AskedTarget& other : targets)
+            if (other.factor == number && other.target == target)
+                throw StudyRefusal("the target is given twice");
+        if (target != 1.0) targets.push_back({number, target});
     });
 }
 

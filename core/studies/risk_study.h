@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -33,10 +34,17 @@ struct FieldCorrelation {
     double value = 0;
 };
 
+// A factor is to be held against a target of the study's own, beside those of the project.
+struct AskedTarget {
+    std::size_t factor = 0;  // of FactorFigures()
+    double target = 0;
+};
+
 struct RiskRequest {
     Panel panel;  // the project; each sample sets the random fields
     std::vector<RandomField> fields;
     std::vector<FieldCorrelation> correlations;
+    std::vector<AskedTarget> targets;
     std::uint32_t samples = 100000;
     std::uint64_t seed = 1;
     bool latin = true;          // independent Latin hypercubes; else independent draws
@@ -50,6 +58,10 @@ struct RiskRequest {
     // Raises StudyRefusal for a correlation outside -1 to 1, of fields that are not drawn or that count, and of a
     // pair that is given twice.
     void AddCorrelation(PanelField first, PanelField second, double value);
+
+    // Raises StudyRefusal for a figure that is no factor, a target that is not above 0, and one that is given twice. A
+    // target of 1, which every factor is held against, stands once all the same.
+    void AddTarget(const StudyFigure& factor, double target);
 };
 
 constexpr std::array<double, 9> kRiskShares{0.01, 0.05, 0.10, 0.25, 0.50, 0.75, 0.90, 0.95, 0.99};
@@ -62,10 +74,16 @@ struct BelowTarget {
     bool own_target = false;  // the target is a random field: each sample is held against its own
 };
 
+// The share of samples in which webs or barrier, or both, lie below their targets, each sample's own.
+struct JointRisk {
+    Share share;           // of the samples that were not refused
+    Share with_refused{};  // of all samples, the refused ones counted as below
+};
+
 struct FactorRisk {
     Moments moments;
     std::array<double, kRiskShares.size()> quantiles{};
-    std::vector<BelowTarget> below;
+    std::vector<BelowTarget> below;        // the project's own target, if there is one, 1, those asked for
     std::vector<double> rank_correlation;  // one a random field; NaN where nothing varies
 };
 
@@ -77,6 +95,7 @@ struct RiskResult {
     std::vector<std::string> refusals;               // messages of refused samples, each once, at most ten
     std::uint64_t refused = 0;
     std::array<FactorRisk, kFactors> risk;
+    JointRisk joint;
 };
 
 // Draws, calculates and sums up; nothing if the observer ended it early, whom it asks all the time. Same request, same bits,

@@ -105,6 +105,13 @@ void AddWords(SpreadPanel& panel, const StudyFigure& figure, const FactorRisk& r
     }
 }
 
+std::string JointInWords(const RiskResult& result) {
+    std::string words =
+        "Probability of webs or barrier (or both) below their targets: " + InWords(result.joint.share);
+    if (result.refused > 0) words += "; with the refused " + InWords(result.joint.with_refused);
+    return words;
+}
+
 }  // namespace
 
 std::string InWords(const RandomField& field, Units units) {
@@ -129,6 +136,7 @@ SpreadPicture SpreadOf(const RiskRequest& request, const RiskResult& result, con
         picture.words.push_back(std::string(TitleOfField(pair.first)) + " and " + TitleOfField(pair.second) +
                                 " correlated by " + RoundedText(pair.value, kFigureDigits));
     picture.words.push_back(SamplingInWords(request, result) + "; probabilities with their 95 % interval");
+    picture.words.push_back(JointInWords(result));
     for (std::size_t factor = 0; factor < kFactors; ++factor) {
         const StudyFigure& figure = kStudyFigures[factor];
         const std::span<const double> samples(result.factors[factor].begin(), result.factors[factor].end());

@@ -6,6 +6,15 @@
 #include "core/runtime/text.h"
 
 namespace tarvokol {
+namespace {
+
+std::string NamesOf(std::span<const StudyFigure> figures) {
+    std::string names;
+    for (const StudyFigure& figure : figures) names += (names.empty() ? "" : ", ") + std::string(figure.name);
+    return names;
+}
+
+}  // namespace
 
 const StudyFigure* FigureNamed(std::string_view name) {
     for (const StudyFigure& figure : kStudyFigures)
@@ -14,10 +23,11 @@ const StudyFigure* FigureNamed(std::string_view name) {
 }
 
 std::string KnownFigures() {
-    std::string known;
-    for (const StudyFigure& figure : kStudyFigures)
-        known += (known.empty() ? "" : ", ") + std::string(figure.name);
-    return "the figures are " + known;
+    return "the figures are " + NamesOf(kStudyFigures);
+}
+
+std::string KnownFactors() {
+    return "the factors are " + NamesOf(FactorFigures());
 }
 
 double TargetOfFigure(const StudyFigure& figure, const PanelInputs& panel) {

@@ -69,6 +69,9 @@ constexpr std::span<const StudyFigure> FactorFigures() {
     return std::span(kStudyFigures).first(kFactors);
 }
 
+// "the factors are Overall, ...".
+std::string KnownFactors();
+
 // The figure of a name in any letter case; nullptr if there is none.
 const StudyFigure* FigureNamed(std::string_view name);
 

@@ -212,6 +212,8 @@ TEST_F(Help, TellsOfRisks) {
                   "  tarvokol-cli risk panel.TKL --random CoalStrength=normal:900:135 \\\n"
                   "      --random DepthCover=triangular:90%:100%:120% -o risk.png\n"
                   "  tarvokol-cli risk panel.TKL --random CoalStrength=data:strengths.csv:Strength\n"
+                  "  tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --below Overall=1.3 \\\n"
+                  "      --below WebsOnly=1.3\n"
                   "  tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --samples 1000000 --json\n"));
 }
 

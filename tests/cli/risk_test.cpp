@@ -250,6 +250,22 @@ TEST_F(RiskCommand, LognormalFieldsAreCorrelated) {
     EXPECT_NEAR(covariance / spread, 0.6, 0.003);
 }
 
+// The webs' factor lies below 1.3 from 363.07637 ft on and below 2 from 235.99964 ft on.
+TEST_F(RiskCommand, HoldsFactorsAgainstTargetsAskedFor) {
+    const json object = Risk({"--random", "DepthCover=uniform:200:400", "--below", "webSONLY=1.3", "--below",
+                              "Overall=1.3", "--below", "WebsOnly=2"});
+    const json& webs = object["factors"]["WebsOnly"]["below"];
+    ASSERT_EQ(webs.size(), 4u);
+    EXPECT_EQ(webs[2]["target"], 1.3);
+    EXPECT_NEAR(webs[2]["probability"], 0.1846182, 7e-5);
+    EXPECT_EQ(webs[2]["own_target"], false);
+    EXPECT_EQ(webs[3]["target"], 2);
+    EXPECT_NEAR(webs[3]["probability"], 0.8200018, 7e-5);
+    ASSERT_EQ(object["factors"]["Overall"]["below"].size(), 2u);
+    EXPECT_EQ(object["factors"]["Overall"]["below"][1]["target"], 1.3);
+    EXPECT_EQ(object["factors"]["BarrierPillar"]["below"].size(), 2u);
+}
+
 TEST_F(RiskCommand, TextAndPictures) {
     Project("p.TKL");
     const CliAnswer text =
@@ -309,6 +325,15 @@ TEST_F(RiskCommand, WrongUsageIsToldInOneLine) {
     refused(with({"--correlate", "Height,DepthCover=0.9", "--correlate", "DepthCover,HoleWidth=0.9",
                   "--correlate", "Height,HoleWidth=-0.9"}),
             "not positive definite");
+    refused(with({"--below", "WebsOnly"}), "--below: \"WebsOnly\" has no \"=\"; write FACTOR=TARGET\n");
+    refused(with({"--below", "Webs=1.3"}), "--below: unknown figure \"Webs\"; the figures are Overall,");
+    refused(
+        with({"--below", "SuggestedWeb=30"}),
+        "--below SuggestedWeb: is no stability factor; the factors are Overall, WebsOnly, BarrierPillar\n");
+    refused(with({"--below", "WebsOnly=x"}), "--below: \"x\" is not a number with a decimal point\n");
+    refused(with({"--below", "WebsOnly=-1"}), "--below WebsOnly: the target must be above 0\n");
+    refused(with({"--below", "WebsOnly=1.3", "--below", "WebsOnly=1.3"}),
+            "--below WebsOnly: the target is given twice\n");
     refused({"--random", "Height=normal:1:1", "--samples", "0"},
             "--samples: \"0\" is not a whole number from 1");
     refused({"--random", "Height=normal:1:1", "--samples", "1,000"}, "--samples: \"1,000\" is not a number");

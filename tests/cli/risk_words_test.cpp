@@ -66,6 +66,7 @@ TEST_F(RiskWords, OfAFigureThatDoesNotVary) {
         "  to                                     0.84189       0.84189       0.84189\n"
         "  interval                                 exact         exact         exact\n"
         "Rank correlation CoalStrength                  -             -             -\n"
+        "Webs or barrier (or both) below the target: below 0.84 (0 to 0.84189, exact)\n"
         "exact: Clopper and Pearson's interval of the counts, where there are too few hits or misses\n");
 }
 
@@ -91,6 +92,36 @@ TEST_F(RiskWords, OfADepthThatVaries) {
                           "or misses\n"));
     EXPECT_THAT(
         text, HasSubstr("\nRank correlation DepthCover                   -1            -1            -1\n"));
+}
+
+// A strength that does not vary: webs of 4.72, a barrier of 4.7134. Of two samples all or none lie below a target.
+TEST_F(RiskWords, OfTargetsAskedFor) {
+    const std::string text = Risk({"--random", "CoalStrength=normal:900:0", "--samples", "2", "--below",
+                                   "WebsOnly=1.3", "--below", "BarrierPillar=5", "--below", "WebsOnly=5"})
+                                 .out;
+    EXPECT_THAT(text,
+                HasSubstr("\n"
+                          "Probability below 1.3                          -    below 0.84             -\n"
+                          "  95 % interval, from                          -             0             -\n"
+                          "  to                                           -       0.84189             -\n"
+                          "  interval                                     -         exact             -\n"
+                          "Probability below 5                            - above 0.15811 above 0.15811\n"
+                          "  95 % interval, from                          -       0.15811       0.15811\n"
+                          "  to                                           -             1             1\n"
+                          "  interval                                     -         exact         exact\n"
+                          "Rank correlation"));
+}
+
+// Of the heights from -1 to 3 the refused ones count as below with every target.
+TEST_F(RiskWords, TheRefusedAreToldOfTargetsAskedForAndOfBoth) {
+    const std::string text =
+        Risk({"--random", "Height=uniform:-2:-1", "--samples", "50", "--below", "Overall=1.3"}).out;
+    EXPECT_THAT(
+        text, HasSubstr("\nBelow 1.3 or refused               above 0.92888             -             -\n"));
+    EXPECT_THAT(
+        text,
+        HasSubstr("\nWebs or barrier (or both) below the target: -\n"
+                  "Webs or barrier below the target or refused: above 0.92888 (0.92888 to 1, exact)\n"));
 }
 
 TEST_F(RiskWords, OfIndependentDrawsAndSeveralFields) {
@@ -145,7 +176,7 @@ TEST_F(RiskWords, TheObjectHasItsKeysInOrder) {
         return names;
     };
     EXPECT_THAT(keys(object), ElementsAre("file", "ok", "messages", "samples", "seed", "method", "refused",
-                                          "refused_share", "random", "factors", "units", "schema"));
+                                          "refused_share", "random", "factors", "joint", "units", "schema"));
     EXPECT_EQ(object["file"], "p.TKL");
     EXPECT_EQ(object["ok"], true);
     EXPECT_EQ(object["samples"], 400);
@@ -167,6 +198,9 @@ TEST_F(RiskWords, TheObjectHasItsKeysInOrder) {
     EXPECT_EQ(webs["below"][0]["own_target"], true);
     EXPECT_EQ(webs["below"][1]["own_target"], false);
     EXPECT_EQ(object["factors"]["BarrierPillar"]["below"][0]["own_target"], false);
+    EXPECT_THAT(keys(object["joint"]),
+                ElementsAre("probability", "low", "high", "interval", "coverage", "with_refused"));
+    EXPECT_THAT(keys(object["joint"]["with_refused"]), ElementsAre("probability", "low", "high", "interval"));
     EXPECT_THAT(keys(webs["rank_correlation"]), ElementsAre("Height", "SFWeb"));
     EXPECT_TRUE(webs["rank_correlation"]["SFWeb"].is_null());
 }

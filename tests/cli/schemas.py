@@ -129,13 +129,21 @@ def run_all(commands, folder, examples):
         commands.run("sweep", project, "--json", "--size", *varied[8:], objects=2 ** 7)
         commands.run("table", project, "rows.csv", "--json", "--size", objects=3)
         commands.run("risk", project, "--json", "--samples", "100", "--random", "Height=uniform:1:12", "--random",
-                     "DepthCover=normal:100%:10%", objects=1)
+                     "DepthCover=normal:100%:10%", "--below", "WebsOnly=1.3", objects=1)
     commands.run("table", sound[0], every_field(folder), "--json", objects=1)
     commands.run("risk", sound[0], "--json", "--samples", "50", "--random", "Height=uniform:-2:-1", objects=1)
     for project in ["torn.TKL", "other.TKL", "empty.TKL", "missing.TKL"]:
         commands.run("sweep", project, "--json", "--vary", "Height=5", objects=1)
         commands.run("table", project, "rows.csv", "--json", objects=1)
         commands.run("risk", project, "--json", "--random", "Height=uniform:1:2", objects=1)
+        commands.run("design", project, "--json", "--random", "CoalStrength=normal:100%:15%", "--find", "WebThickness",
+                     "--until", "WebsOnly<1.6", "--probability", "5%", objects=1)
+    commands.run("design", sound[0], "--json", "--samples", "1000", "--random", "CoalStrength=normal:100%:15%", "--find",
+                 "WebThickness", "--until", "WebsOnly<1.6", "--find", "BarrierPillarWidth", "--until", "BarrierPillar<2",
+                 "--probability", "5%", "--step", "0.25", objects=1)
+    commands.run("design", sound[0], "--json", "--samples", "1000", "--random", "Height=uniform:1:12", "--find",
+                 "WebThickness", "--until", "WebsOnly<1.6", "--probability", "5%", "--between", "WebThickness=1:2",
+                 objects=1)
     commands.run("table", sound[0], "missing.csv", "--json", objects=1)
     (folder / "strengths.csv").write_text("Strength (psi)\n900\n850\n\n1000\n700\n")
     for column in ["Strength", "Other"]:

@@ -11,6 +11,7 @@
 
 #include <gmock/gmock.h>
 
+#include "core/statistics/study_refusal.h"
 #include "tests/support/study_requests.h"
 
 namespace tarvokol {
@@ -95,6 +96,68 @@ TEST(RiskStudy, TenTextsOfRefusalsAreToldAtTheMost) {
     EXPECT_EQ(std::set<std::string>(refusals.begin(), refusals.end()).size(), 10u);
     request.threads = 1;
     EXPECT_EQ(RunRisk(request).refusals, refusals);
+}
+
+// The targets are drawn on their own: webs of 4.7199928 lie below 4 to 5 with a probability of 0.2800072, a barrier of
+// 4.7134 with 0.2866, and one of them or both with 1 - 0.7199928 x 0.7134 = 0.48636.
+TEST(RiskStudy, WebsOrBarrierBelowTheirTargetsAreCountedTogether) {
+    const RiskResult result = RunRisk(WorkedRisk({"SFWeb=uniform:4:5", "SFBarrier=uniform:4:5"}));
+    EXPECT_NEAR(result.risk[kWebs].below[0].share.value, 0.2800072, 3e-5);
+    EXPECT_NEAR(result.risk[2].below[0].share.value, 0.2866, 1e-4);
+    EXPECT_NEAR(result.joint.share.value, 0.48636, 2.5e-3);
+    EXPECT_LT(result.joint.share.low, result.joint.share.value);
+    EXPECT_GT(result.joint.share.high, result.joint.share.value);
+    EXPECT_EQ(result.joint.with_refused.value, result.joint.share.value);
+}
+
+// Both factors go with the strength: where webs of 1.6 / 4.7199928 of their strength fail, the barrier, which fails from
+// 2 / 4.7134 on, has failed.
+TEST(RiskStudy, OfFactorsThatMoveTogetherTheJointProbabilityIsTheGreater) {
+    const RiskResult result = RunWith("CoalStrength=normal:400:60");
+    EXPECT_GT(result.risk[2].below[0].share.value, result.risk[kWebs].below[0].share.value);
+    EXPECT_EQ(result.joint.share.value, result.risk[2].below[0].share.value);
+    EXPECT_EQ(result.joint.share.low, result.risk[2].below[0].share.low);
+}
+
+TEST(RiskStudy, TheRefusedCountAsBelowInTheJointProbabilityOfAll) {
+    const RiskResult result = RunWith("Height=uniform:-10:10");
+    EXPECT_EQ(result.joint.share.value, 0);
+    EXPECT_EQ(result.joint.with_refused.value, static_cast<double>(result.refused) / 10000);
+}
+
+// 471.99928 / depth lies below 1.3 from 363.07637 ft on: of 200 to 400 ft in 0.1846182 of all.
+TEST(RiskStudy, FactorsAreHeldAgainstTheTargetsAskedFor) {
+    RiskRequest request = WorkedRisk({"DepthCover=uniform:200:400"}, 10000);
+    request.AddTarget(kStudyFigures[kWebs], 1.3);
+    request.AddTarget(kStudyFigures[0], 1.0);  // which stands anyway
+    request.AddTarget(kStudyFigures[0], 1e6);
+    const RiskResult result = RunRisk(request);
+    ASSERT_EQ(result.risk[kWebs].below.size(), 3u);
+    EXPECT_EQ(result.risk[kWebs].below[2].target, 1.3);
+    EXPECT_NEAR(result.risk[kWebs].below[2].share.value, 0.1846182, 7e-4);
+    EXPECT_FALSE(result.risk[kWebs].below[2].own_target);
+    ASSERT_EQ(result.risk[0].below.size(), 2u);
+    EXPECT_EQ(result.risk[0].below[0].target, 1);
+    EXPECT_EQ(result.risk[0].below[1].share.value, 1);
+    EXPECT_EQ(result.risk[2].below.size(), 2u);
+}
+
+TEST(RiskStudy, TargetsThatMakeNoSenseAreRefused) {
+    RiskRequest request = WorkedRisk({"DepthCover=uniform:200:400"});
+    request.AddTarget(kStudyFigures[kWebs], 1.3);
+    const auto refusal = [&](const StudyFigure& figure, double target) -> std::string {
+        try {
+            request.AddTarget(figure, target);
+        } catch (const StudyRefusal& refused) {
+            return refused.what();
+        }
+        return "";
+    };
+    EXPECT_EQ(refusal(kStudyFigures[3], 50),
+              "ExtractionRatio: is no stability factor; the factors are Overall, WebsOnly, BarrierPillar");
+    EXPECT_EQ(refusal(kStudyFigures[kWebs], 0), "WebsOnly: the target must be above 0");
+    EXPECT_EQ(refusal(kStudyFigures[kWebs], 1.3), "WebsOnly: the target is given twice");
+    EXPECT_EQ(refusal(kStudyFigures[0], 1.3), "");
 }
 
 // Who does not ask for the drawn values gets the same figures.

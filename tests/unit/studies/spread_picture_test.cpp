@@ -179,10 +179,34 @@ TEST(SpreadPicture, SaysHowItsSamplesWereDrawn) {
                             "Overburden unit weight normal, mean 162 pcf, standard deviation 5 pcf",
                             "In situ coal strength and Overburden unit weight correlated by 0.5",
                             "400 samples (Latin hypercube), seed 7, " + std::to_string(result.refused) +
-                                " refused; probabilities with their 95 % interval"));
+                                " refused; probabilities with their 95 % interval",
+                            SpreadOf(request, result, "").words.back()));
     request.latin = false;
-    EXPECT_THAT(SpreadOf(request, RunRisk(request), "").words.back(),
-                StartsWith("400 samples (independent), seed 7, "));
+    EXPECT_THAT(SpreadOf(request, RunRisk(request), "").words,
+                Contains(StartsWith("400 samples (independent), seed 7, ")));
+}
+
+TEST(SpreadPicture, SaysHowLikelyWebsOrBarrierLieBelowTheirTargets) {
+    RiskRequest request = WorkedRisk({"DepthCover=uniform:100:300"}, 11);
+    RiskResult result = ResultOf(Rising(11));
+    result.joint = {{0.3, 0.25, 0.35}, {0.5, 0.45, 0.55}};
+    EXPECT_EQ(SpreadOf(request, result, "").words.back(),
+              "Probability of webs or barrier (or both) below their targets: 0.3 (0.25 to 0.35)");
+    result.refused = 2;
+    EXPECT_EQ(SpreadOf(request, result, "").words.back(),
+              "Probability of webs or barrier (or both) below their targets: 0.3 (0.25 to 0.35); with the "
+              "refused 0.5 (0.45 to 0.55)");
+}
+
+TEST(SpreadPicture, TargetsAskedForAreMarkedAndTold) {
+    RiskRequest request = WorkedRisk({"DepthCover=uniform:200:400"}, 400);
+    request.keep_samples = true;
+    request.AddTarget(kStudyFigures[1], 1.25);
+    const SpreadPanel panel = SpreadOf(request, RunRisk(request), "").panels[1];
+    ASSERT_EQ(panel.targets.size(), 3u);
+    EXPECT_EQ(panel.targets[2].name, "1.25");
+    EXPECT_EQ(panel.targets[2].value, 1.25);
+    EXPECT_THAT(panel.words, Contains(StartsWith("Probability below 1.25: 0.")));
 }
 
 // Depths from -100 to 300 ft: about a quarter is not above 0.

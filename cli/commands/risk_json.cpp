@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands/risk_json.h"
+
+#include <limits>
+
+#include "core/statistics/study_numbers.h"
+#include "core/studies/study_figures.h"
+
+namespace tarvokol::cli {
+namespace {
+
+const char* NameOfKind(IntervalKind kind) {
+    return kind == IntervalKind::Exact ? "clopper-pearson" : "replicates";
+}
+
+JsonMembers BelowJson(const BelowTarget& below) {
+    JsonMembers with_refused;
+    AddShare(with_refused, below.with_refused);
+    JsonMembers object;
+    object.Add("target", below.target);
+    AddShare(object, below.share);
+    object.Add("coverage", kConfidence);
+    object.Add("own_target", below.own_target);
+    object.Add("with_refused", with_refused);
+    return object;
+}
+
+JsonMembers FactorJson(const RiskRequest& request, const FactorRisk& risk) {
+    JsonMembers quantiles;
+    for (std::size_t i = 0; i < kRiskShares.size(); ++i) {
+        std::string key;
+        AppendShortest(key, kRiskShares[i]);
+        quantiles.Add(key, risk.quantiles[i]);
+    }
+    JsonValues targets;
+    for (const BelowTarget& below : risk.below) targets.Add(BelowJson(below));
+    JsonMembers ranks;
+    for (std::size_t field = 0; field < request.fields.size(); ++field)
+        ranks.Add(NameOfField(request.fields[field].field), risk.rank_correlation[field]);
+    JsonMembers object;
+    object.Add("mean", risk.moments.mean);
+    object.Add("standard_deviation", risk.moments.standard_deviation);
+    object.Add("quantiles", quantiles);
+    object.Add("below", targets);
+    object.Add("rank_correlation", ranks);
+    return object;
+}
+
+JsonMembers JointJson(const JointRisk& joint) {
+    JsonMembers with_refused;
+    AddShare(with_refused, joint.with_refused);
+    JsonMembers object;
+    AddShare(object, joint.share);
+    object.Add("coverage", kConfidence);
+    object.Add("with_refused", with_refused);
+    return object;
+}
+
+}  // namespace
+
+void AddShare(JsonMembers& object, const Share& share) {
+    object.Add("probability", share.value);
+    object.Add("low", share.low);
+    object.Add("high", share.high);
+    if (share.kind == IntervalKind::None)
+        object.Add("interval", std::numeric_limits<double>::quiet_NaN());
+    else
+        object.Add("interval", NameOfKind(share.kind));
+}
+
+JsonMembers RiskJson(const RiskRequest& request, const RiskResult& result, const std::string& file) {
+    JsonMembers random;
+    JsonMembers units;
+    for (const RandomField& one : request.fields) {
+        random.Add(NameOfField(one.field), one.distribution->Text());
+        if (const std::string unit = UnitOfField(one.field, request.panel.units); !unit.empty())
+            units.Add(NameOfField(one.field), unit);
+    }
+    JsonMembers factors;
+    for (std::size_t factor = 0; factor < kFactors; ++factor)
+        factors.Add(kStudyFigures[factor].name, FactorJson(request, result.risk[factor]));
+    JsonMembers object;
+    object.Add("file", file);
+    object.Add("ok", result.refused < request.samples);
+    object.Add("messages", result.refusals);
+    object.Add("samples", request.samples);
+    object.Add("seed", request.seed);
+    object.Add("method", request.latin ? "latin-hypercube" : "plain");
+    object.Add("refused", result.refused);
+    object.Add("refused_share", static_cast<double>(result.refused) / request.samples);
+    object.Add("random", random);
+    object.Add("factors", factors);
+    object.Add("joint", JointJson(result.joint));
+    object.Add("units", units);
+    object.Add("schema", kSchemaVersion);
+    return object;
+}
+
+}  // namespace tarvokol::cli
