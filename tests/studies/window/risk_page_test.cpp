@@ -11,6 +11,7 @@
 namespace tarvokol {
 namespace {
 
+using ::testing::Contains;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
@@ -60,7 +61,7 @@ TEST_F(RiskPageTest, RowsComeAndGo) {
     EXPECT_TRUE(Find("Risk_Figure_1_2").isVisible());
     EXPECT_EQ(Page().Plan().fields[1], (UncertainField{PanelField::DepthCover, "triangular:80%:100%:120%"}));
     WaitForPicture();
-    EXPECT_EQ(Picture().words.size(), 3U);
+    EXPECT_THAT(Picture().words, Contains(StartsWith("Depth of cover triangular")));
     QTest::mouseClick(&Find("Risk_Remove_0"), Qt::LeftButton);
     WaitForPicture();
     EXPECT_THAT(Picture().words.front(), StartsWith("Depth of cover triangular"));
@@ -86,7 +87,7 @@ TEST_F(RiskPageTest, WhatMakesNoSenseIsToldBelowItsRowAndTheLastPictureStands) {
     EXPECT_EQ(TextOf("Risk_Fault"), "\u26a0 Samples: \"0\" is not a whole number from 1 to 4000000");
     Type("Risk_Samples", "1000");
     WaitForPicture();
-    EXPECT_THAT(Picture().words.back(), StartsWith("1000 samples (Latin hypercube), seed 1, 0 refused"));
+    EXPECT_THAT(Picture().words, Contains(StartsWith("1000 samples (Latin hypercube), seed 1, 0 refused")));
 }
 
 TEST_F(RiskPageTest, LongWorkIsCancelled) {
@@ -95,7 +96,7 @@ TEST_F(RiskPageTest, LongWorkIsCancelled) {
     QTest::mouseClick(&Find("Risk_Cancel"), Qt::LeftButton);
     EXPECT_EQ(TextOf("Risk_Fault"), "Cancelled: the picture is of the figures before");
     ASSERT_TRUE(WaitUntil([this] { return !Find("Risk_Cancel").isVisible(); }));
-    EXPECT_THAT(Picture().words.back(), StartsWith("100000 samples"));
+    EXPECT_THAT(Picture().words, Contains(StartsWith("100000 samples")));
 }
 
 TEST_F(RiskPageTest, ClosingEndsWork) {
