@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/graphics/curve_export.h"
 
-#include <algorithm>
-
 #include "core/files/csv_writer.h"
 #include "core/project/curves.h"
 #include "core/runtime/numbers.h"
@@ -30,19 +28,6 @@ char SecondColumnOf(int series) {
     return ColumnLetter(64 + 2 * series);
 }
 
-namespace {
-
-// Below the last row of the longest curve, with an empty row between.
-void WriteNoteCell(const ChartModel& chart, SpreadsheetWriter& writer) {
-    if (chart.Note().empty()) return;
-    long rows = 1;
-    for (int series = 1; series <= chart.NumSeries(); ++series)
-        rows = std::max(rows, chart.NumPoints(series) + 1);
-    writer.SetCell(CellAddress('A', rows + 2), chart.Note());
-}
-
-}  // namespace
-
 void WriteCurveCells(const ChartModel& chart, GraphFamily family, SpreadsheetWriter& writer) {
     for (int series = 1; series <= chart.NumSeries(); ++series) {
         const char first = FirstColumnOf(series);
@@ -56,7 +41,7 @@ void WriteCurveCells(const ChartModel& chart, GraphFamily family, SpreadsheetWri
         writer.SetCell(CellAddress(first, 1), std::string("X-coord"));
         writer.SetCell(CellAddress(second, 1), ReadOutName(family, series));
     }
-    WriteNoteCell(chart, writer);
+    if (!chart.Note().empty()) writer.SetNote(chart.Note());
 }
 
 void ExportCurves(const ChartModel& chart, GraphFamily family, SpreadsheetWriter& writer) {

@@ -17,7 +17,7 @@ char FirstColumnOf(int series);
 char SecondColumnOf(int series);
 
 // Every series of the chart into the cells of a begun workbook: its points from row 2 on, then "X-coord" and
-// its name in row 1. Raises what the writer raises.
+// its name in row 1. What the chart remarks on its figures becomes the workbook's note. Raises what the writer raises.
 void WriteCurveCells(const ChartModel& chart, GraphFamily family, SpreadsheetWriter& writer);
 
 // Begins a workbook, writes the cells and hands it to the user.

@@ -17,6 +17,9 @@ class SpreadsheetWriter {
     virtual void SetCell(const std::string& address, double value) = 0;
     virtual void SetCell(const std::string& address, const std::string& text) = 0;
 
+    // A remark on the figures. It stands on a second sheet, "Notes": the places of the cells are fixed.
+    virtual void SetNote(const std::string& text) = 0;
+
     // Finishes the workbook and opens it for the user.
     virtual void ShowWorkbook() = 0;
 

@@ -92,12 +92,17 @@ lxw_workbook* NewWorkbook(const std::string& path) {
     return book;
 }
 
-lxw_worksheet* NewSheet(lxw_workbook* book, const std::string& path) {
+lxw_worksheet* NewSheet(lxw_workbook* book, const std::string& path, const char* name) {
     const SignalsPutOff put_off;
-    lxw_worksheet* sheet = Xlsx().workbook_add_worksheet(book, nullptr);
+    const bool first = book->num_sheets == 0;
+    lxw_worksheet* sheet = Xlsx().workbook_add_worksheet(book, name);
     if (sheet != nullptr) return sheet;
     const int system_error = errno;
-    Xlsx().lxw_workbook_free(book);
+    // A workbook without a sheet has no scratch, and writing it would ask for one.
+    if (first)
+        Xlsx().lxw_workbook_free(book);
+    else
+        DiscardWorkbook(book);
     Raise(system_error != 0 ? ErrorNumberOfErrno(system_error, path) : error_number::DeviceIo);
 }
 

@@ -41,8 +41,8 @@ class SignalsPutOff {
 // has room, the scratch has it, too. Raises "Out of memory".
 lxw_workbook* NewWorkbook(const std::string& path);
 
-// A sheet of the workbook. Raises the error of the file system where its scratch cannot be made, after the workbook is freed.
-lxw_worksheet* NewSheet(lxw_workbook* book, const std::string& path);
+// A sheet of the workbook, under that name if there is one. Raises the error of the file system where its scratch cannot be made, after the workbook is freed.
+lxw_worksheet* NewSheet(lxw_workbook* book, const std::string& path, const char* name = nullptr);
 
 // Writes the workbook and frees it. Raises the error of the file system for one that could not be written,
 // and "Disk full" for one that does not read back whole with `cells` cells.

@@ -45,6 +45,7 @@ void XlsxFileWriter::Begin(const std::string& path) {
     Abandon();
     path_ = path;
     cells_.clear();
+    note_.clear();
     replacement_ = std::make_unique<FileReplacement>(path_);
     book_ = NewWorkbook(replacement_->BuildPath());
 }
@@ -65,29 +66,50 @@ void XlsxFileWriter::SetCell(const std::string& address, const std::string& text
     cells_[PlaceOf(address)] = text;
 }
 
+void XlsxFileWriter::SetNote(const std::string& text) {
+    if (book_ == nullptr) Raise(error_number::CannotCreateObject);
+    const std::string fault = CellFault(text);
+    if (!fault.empty()) throw RunTimeError(error_number::InvalidCall, "note: " + fault);
+    note_ = text;
+}
+
 void XlsxFileWriter::ShowWorkbook() {
     if (book_ == nullptr) Raise(error_number::CannotCreateObject);
     lxw_workbook* book = std::exchange(book_, nullptr);
     const std::unique_ptr<FileReplacement> replacement = std::move(replacement_);
-    WriteCells(book, replacement->BuildPath());
+    WriteSheets(book, replacement->BuildPath());
     replacement->Commit();
 }
 
-void XlsxFileWriter::WriteCells(lxw_workbook* book, const std::string& path) const {
-    SheetRows rows(NewSheet(book, path));
+void XlsxFileWriter::WriteSheets(lxw_workbook* book, const std::string& path) const {
+    lxw_worksheet* sheet = NewSheet(book, path);
+    lxw_worksheet* notes = note_.empty() ? nullptr : NewSheet(book, path, "Notes");
+    std::size_t cells = 0;
     try {
-        for (const auto& [place, value] : cells_) {
-            if (const double* number = std::get_if<double>(&value))
-                rows.AddNumber(place.first, place.second, *number);
-            else
-                rows.AddText(place.first, place.second, std::get<std::string>(value));
-        }
+        SheetRows rows(sheet);
+        FillCells(rows);
         rows.Finish();
+        cells = rows.Cells();
+        if (notes != nullptr) {
+            SheetRows remarks(notes);
+            remarks.AddText(0, 0, note_);
+            remarks.Finish();
+            cells += remarks.Cells();
+        }
     } catch (const RunTimeError&) {
         DiscardWorkbook(book);
         throw;
     }
-    FinishWorkbook(book, path, rows.Cells());
+    FinishWorkbook(book, path, cells);
+}
+
+void XlsxFileWriter::FillCells(SheetRows& rows) const {
+    for (const auto& [place, value] : cells_) {
+        if (const double* number = std::get_if<double>(&value))
+            rows.AddNumber(place.first, place.second, *number);
+        else
+            rows.AddText(place.first, place.second, std::get<std::string>(value));
+    }
 }
 
 // The library frees a workbook only by writing it: one that is given up is written and not put in place.

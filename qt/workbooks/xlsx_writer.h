@@ -16,7 +16,9 @@ struct lxw_workbook;
 
 namespace tarvokol {
 
-// Writes a workbook of one sheet to a given path; an existing file stands until the new one is whole. A file that
+class SheetRows;
+
+// Writes a workbook of one sheet, and one for its note, to a given path; an existing file stands until the new one is whole. A file that
 // cannot be written raises the error of the file system ("Path not found", "Permission denied", "Disk full" ...), as
 // early as it shows, and leaves nothing behind that it has created.
 class XlsxFileWriter : public SpreadsheetWriter {
@@ -29,6 +31,7 @@ class XlsxFileWriter : public SpreadsheetWriter {
     void BeginWorkbook() override;
     void SetCell(const std::string& address, double value) override;
     void SetCell(const std::string& address, const std::string& text) override;
+    void SetNote(const std::string& text) override;
     void ShowWorkbook() override;
 
     const std::string& Path() const { return path_; }
@@ -45,11 +48,15 @@ class XlsxFileWriter : public SpreadsheetWriter {
     // Of "B7". Raises "Invalid procedure call or argument" for one beyond the sheet.
     static Place PlaceOf(const std::string& address);
 
-    void WriteCells(lxw_workbook* book, const std::string& path) const;
+    // Frees the workbook.
+    void WriteSheets(lxw_workbook* book, const std::string& path) const;
+
+    void FillCells(SheetRows& rows) const;
 
     std::string path_;
     lxw_workbook* book_ = nullptr;
     std::unique_ptr<FileReplacement> replacement_;
+    std::string note_;
     std::map<Place, std::variant<double, std::string>> cells_;  // written in this order, when all are there
 };
 

@@ -29,6 +29,7 @@ class RecordedWorkbook : public SpreadsheetWriter {
     }
     void SetCell(const std::string& address, double value) override { Numbers[address] = value; }
     void SetCell(const std::string& address, const std::string& text) override { Texts[address] = text; }
+    void SetNote(const std::string& text) override { Note = text; }
     void ShowWorkbook() override { Shown = true; }
     std::string WorkbookLeftAt() const override { return LeftAt; }
 
@@ -39,6 +40,7 @@ class RecordedWorkbook : public SpreadsheetWriter {
     Qt::CursorShape PointerAtBegin = Qt::ArrowCursor;
     std::map<std::string, double> Numbers;
     std::map<std::string, std::string> Texts;
+    std::string Note;
 };
 
 class GraphTest : public CurvesOn<GuiTest> {

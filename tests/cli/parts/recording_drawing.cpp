@@ -45,6 +45,7 @@ class RecordingWorkbook : public SpreadsheetWriter {
     void SetCell(const std::string& address, const std::string& text) override {
         recording_.Calls.push_back(address + " " + text);
     }
+    void SetNote(const std::string& text) override { recording_.Calls.push_back("note " + text); }
     void ShowWorkbook() override { recording_.Calls.emplace_back("show"); }
 
   private:

@@ -64,10 +64,10 @@ std::map<std::string, std::string> Unzip(const std::string& bytes) {
     return entries;
 }
 
-// The cells of the first sheet, as they are written.
-std::map<std::string, std::string> Cells(const std::string& xlsx) {
+// The cells of a sheet, as they are written.
+std::map<std::string, std::string> Cells(const std::string& xlsx, int number = 1) {
     std::map<std::string, std::string> cells;
-    const std::string sheet = Unzip(xlsx)["xl/worksheets/sheet1.xml"];
+    const std::string sheet = Unzip(xlsx)["xl/worksheets/sheet" + std::to_string(number) + ".xml"];
     const std::regex cell("<c r=\"([A-Z]+[0-9]+)\"[^>]*>(?:<is><t[^>]*>|<v>)([^<]*)<");
     for (std::sregex_iterator it(sheet.begin(), sheet.end(), cell), last; it != last; ++it)
         cells[(*it)[1]] = (*it)[2];
@@ -112,6 +112,49 @@ TEST_F(XlsxWriterTest, CurvesStandInTheFixedCells) {
     EXPECT_EQ(cells.at("A52"), "200");
     EXPECT_EQ(cells.at("C2"), "50");
     EXPECT_EQ(cells.count("A53"), 0u);
+}
+
+// The names of a workbook's sheets, in their order.
+std::vector<std::string> SheetNames(const std::string& xlsx) {
+    std::vector<std::string> names;
+    const std::string book = Unzip(xlsx)["xl/workbook.xml"];
+    const std::regex sheet("<sheet name=\"([^\"]*)\"");
+    for (std::sregex_iterator it(book.begin(), book.end(), sheet), last; it != last; ++it)
+        names.push_back((*it)[1]);
+    return names;
+}
+
+TEST_F(XlsxWriterTest, TheRemarkOnMetricSizesStandsOnASheetOfItsOwn) {
+    UnitSystem = 1;
+    FillCurves(1, 31);
+    ChartControl chart;
+    InitGraph(chart, GraphFamily::Sizing, 0);
+    DrawCurves(chart, GraphFamily::Sizing);
+    XlsxFileWriter writer(PathTo("sizes.xlsx"));
+    ExportCurves(chart, GraphFamily::Sizing, writer);
+    const std::string book = ReadBytes(PathTo("sizes.xlsx"));
+    EXPECT_EQ(SheetNames(book), (std::vector<std::string>{"Sheet1", "Notes"}));
+    const auto cells = Cells(book);
+    EXPECT_EQ(cells.size(), 2u * 32);
+    EXPECT_EQ(cells.at("A1"), "X-coord");
+    EXPECT_EQ(cells.at("B1"), "Web Thickness");
+    EXPECT_EQ(cells.count("A34"), 0u);
+    const auto notes = Cells(book, 2);
+    EXPECT_EQ(notes.size(), 1u);
+    EXPECT_EQ(notes.at("A1"), "The widths of this curve are inches, not metres (1 in = 0.0254 m).");
+}
+
+TEST_F(XlsxWriterTest, ANoteHoldsForItsWorkbookAlone) {
+    XlsxFileWriter writer(PathTo("book.xlsx"));
+    EXPECT_EQ(RaisedError([&] { writer.SetNote("early"); }), 429);
+    writer.BeginWorkbook();
+    EXPECT_EQ(RaisedError([&] { writer.SetNote("a\x01b"); }), 5);
+    writer.SetNote("inches");
+    writer.ShowWorkbook();
+    EXPECT_EQ(SheetNames(ReadBytes(PathTo("book.xlsx"))), (std::vector<std::string>{"Sheet1", "Notes"}));
+    writer.BeginWorkbook();
+    writer.ShowWorkbook();
+    EXPECT_EQ(SheetNames(ReadBytes(PathTo("book.xlsx"))), (std::vector<std::string>{"Sheet1"}));
 }
 
 // Rows of the CSV, cells of the workbook and points of the chart to the last digit of a single.
@@ -208,7 +251,8 @@ TEST_F(XlsxWriterTest, AFullDiskIsReportedAndLeavesTheOldFile) {
             raised = RaisedError([&path] {
                 XlsxFileWriter writer(path);
                 writer.BeginWorkbook();
-                for (int row = 1; row < 200; ++row) writer.SetCell("A" + std::to_string(row), 1.0 / row);
+                for (int row = 1; row < 199; ++row) writer.SetCell("A" + std::to_string(row), 1.0 / row);
+                writer.SetNote("a cell of its own");
                 writer.ShowWorkbook();
             });
             failed = fault.Failed();
@@ -239,7 +283,8 @@ TEST_F(XlsxWriterTest, AFailureAtAnyPointLeavesAWholeFile) {
                 raised = RaisedError([&path] {
                     XlsxFileWriter writer(path);
                     writer.BeginWorkbook();
-                    for (int row = 1; row < 20; ++row) writer.SetCell("A" + std::to_string(row), 1.0 / row);
+                    for (int row = 1; row < 19; ++row) writer.SetCell("A" + std::to_string(row), 1.0 / row);
+                    writer.SetNote("a cell of its own");
                     writer.ShowWorkbook();
                 });
                 failed = fault.Failed();

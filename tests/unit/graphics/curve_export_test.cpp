@@ -2,6 +2,7 @@
 // Curves as workbook cells and as CSV text.
 #include "core/graphics/curve_export.h"
 
+#include <algorithm>
 #include <map>
 
 #include "tests/support/curve_fixture.h"
@@ -21,10 +22,15 @@ class RecordingSpreadsheet : public SpreadsheetWriter {
         Texts[address] = text;
         Steps.push_back(address);
     }
+    void SetNote(const std::string& text) override {
+        Note = text;
+        Steps.push_back("note");
+    }
     void ShowWorkbook() override { Steps.push_back("show"); }
 
     std::map<std::string, double> Numbers;
     std::map<std::string, std::string> Texts;
+    std::string Note;
     std::vector<std::string> Steps;
 };
 
@@ -130,15 +136,15 @@ TEST_F(CurveExport, CsvKeepsSevenDigitsOfASingle) {
     EXPECT_EQ(CurveTableCsv("X", {"Y"}), "X,Y\n50,-0.08333334\n");
 }
 
-TEST_F(CurveExport, SizesOfAMetricProjectCarryTheirUnitBelowTheData) {
+TEST_F(CurveExport, SizesOfAMetricProjectCarryTheirUnitBesideTheFixedCells) {
     UnitSystem = 1;
     FillCurves(1, 4);
     Draw(GraphFamily::Sizing);
     EXPECT_EQ(Chart.Note(), "The widths of this curve are inches, not metres (1 in = 0.0254 m).");
     WriteCurveCells(Chart, GraphFamily::Sizing, Sheet);
-    EXPECT_EQ(Sheet.Texts["A7"], "The widths of this curve are inches, not metres (1 in = 0.0254 m).");
+    EXPECT_EQ(Sheet.Note, "The widths of this curve are inches, not metres (1 in = 0.0254 m).");
     EXPECT_EQ(Sheet.Numbers.size(), 8u);
-    EXPECT_EQ(Sheet.Texts.size(), 3u);
+    EXPECT_EQ(Sheet.Texts.size(), 2u);  // the two headings
 }
 
 TEST_F(CurveExport, OtherCurvesNeedNoNote) {
@@ -148,6 +154,8 @@ TEST_F(CurveExport, OtherCurvesNeedNoNote) {
     UnitSystem = 1;
     Draw(GraphFamily::Stability);
     EXPECT_EQ(Chart.Note(), "");
+    ExportCurves(Chart, GraphFamily::Stability, Sheet);
+    EXPECT_EQ(std::count(Sheet.Steps.begin(), Sheet.Steps.end(), "note"), 0);
 }
 
 }  // namespace
