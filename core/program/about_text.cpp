@@ -11,7 +11,6 @@
 namespace tarvokol {
 namespace {
 
-constexpr long kAboutContext = 1000;
 constexpr const char* kLineEnd = "\r\n";
 constexpr const char* kParagraphEnd = "\r\n\n";
 

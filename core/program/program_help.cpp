@@ -9,6 +9,7 @@
 #include "core/platform/message_box.h"
 #include "core/platform/platform.h"
 #include "core/platform/shell.h"
+#include "core/program/about_text.h"
 #include "core/program/start_up.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/folders.h"
@@ -65,6 +66,7 @@ void ShowHelpTopic(int index, const std::string& topic) {
 
 // The contexts of a menu's commands begin with one digit, by the menu's place.
 std::string HelpTopicOfContext(long context) {
+    if (context == kAboutContext) return "about.htm";
     switch (context / 1000) {
         case 1:
             return "menu_file.htm";

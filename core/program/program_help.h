@@ -22,7 +22,8 @@ void ShowHelpContents(int index = 0);
 void ShowHelpIndex(int index = 0);
 void ShowHelpTopic(int index, const std::string& topic);
 
-// The topic of a help context: that of the menu whose commands carry it, the first page for any other.
+// The topic of a help context: the about box has its own; otherwise that of the menu whose commands carry it, the first
+// page for any other.
 std::string HelpTopicOfContext(long context);
 
 // Opens the manual; a missing one and a failure are reported.

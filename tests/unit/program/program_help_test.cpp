@@ -64,12 +64,18 @@ TEST_F(ProgramHelp, TheManualIsOpened) {
 }
 
 TEST_F(ProgramHelp, AHelpContextBelongsToItsMenu) {
-    EXPECT_EQ(HelpTopicOfContext(1000), "menu_file.htm");
+    for (const long command : {1100L, 1550L, 1800L}) EXPECT_EQ(HelpTopicOfContext(command), "menu_file.htm");
     EXPECT_EQ(HelpTopicOfContext(2999), "menu_input.htm");
     EXPECT_EQ(HelpTopicOfContext(3000), "menu_output.htm");
     EXPECT_EQ(HelpTopicOfContext(4000), "menu_utilities.htm");
     EXPECT_EQ(HelpTopicOfContext(5000), "menu_help.htm");
     for (const long other : {0L, 999L, 6000L}) EXPECT_EQ(HelpTopicOfContext(other), "index.htm") << other;
+}
+
+TEST_F(ProgramHelp, TheAboutBoxHasATopicOfItsOwn) {
+    ShowAboutBox();
+    ASSERT_EQ(Host.Messages.Shown.size(), 1u);
+    EXPECT_EQ(HelpTopicOfContext(Host.Messages.Shown[0].context), "about.htm");
 }
 
 TEST_F(ProgramHelp, TheManualOfAnInstallationIsOpened) {
