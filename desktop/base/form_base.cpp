@@ -7,9 +7,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScopedValueRollback>
-#include <QScreen>
 #include <QScrollArea>
-#include <QStyle>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTimer>
@@ -43,12 +41,6 @@ bool StandsAbove(const QWidget& form, const QWidget& below) {
     const QWindow* window = form.windowHandle();
     while (window != nullptr && window != below.windowHandle()) window = window->transientParent();
     return window != nullptr && &form != &below;
-}
-
-// What a form may take of its screen: the window manager adds a title bar.
-QSize RoomFor(const QWidget& form) {
-    const int title_bar = form.style()->pixelMetric(QStyle::PM_TitleBarHeight);
-    return form.screen()->availableGeometry().size() - QSize(0, title_bar);
 }
 
 // A tab widget counts with a part of its tab bar only, because the bar can be scrolled.
@@ -88,6 +80,7 @@ void FormBase::Load() {
     FitToContents();
     TakeChosenSize();
     CenterForm(*this);
+    fitted_font_ = font();
 }
 
 // A large font needs more room than the form was drawn with, and a form that is larger than the screen hides
@@ -110,6 +103,7 @@ int FormBase::HeightNeededFor(int width) const {
 }
 
 void FormBase::LetContentsScroll() {
+    if (qobject_cast<QScrollArea*>(centralWidget()) != nullptr) return;
     QWidget* focus = focusWidget();
     QWidget* body = takeCentralWidget();
     if (body == nullptr) return;
@@ -233,11 +227,27 @@ void FormBase::LeaveForemost() {
 }
 
 void FormBase::RememberFocus(QWidget* now) {
-    if (now != nullptr && now->window() == this) last_focus_ = now;
+    if (now == nullptr || now->window() != this) return;
+    last_focus_ = now;
+    // Where another button has the focus it takes Enter from the default one, and its look with it.
+    if (QPushButton* button = ButtonWith("default")) button->update();
+}
+
+// The controls have the new font once control is back in the event loop.
+void FormBase::FollowFont() {
+    if (unloaded_ || font() == fitted_font_) return;
+    fitted_font_ = font();
+    WidenBoxes(*this);
+    Form_FontChange();
+    FitToContents();
+    if (!sized_by_user_ && !isMaximized() && !isFullScreen()) CenterForm(*this);
 }
 
 void FormBase::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
+    // A desktop may tell its font only when windows stand.
+    if (event->type() == QEvent::FontChange && !unloaded_)
+        QTimer::singleShot(0, this, [this] { FollowFont(); });
     if (event->type() != QEvent::EnabledChange) return;
     if (!isEnabled() && Foremost == this) LeaveForemost();
     if (!isEnabled()) return;

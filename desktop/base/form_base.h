@@ -3,6 +3,7 @@
 // F1.
 #pragma once
 
+#include <QFont>
 #include <QMainWindow>
 #include <QPointer>
 #include <string>
@@ -46,11 +47,12 @@ class FormBase : public QMainWindow {
     // Events of a form. Load runs once, before the form shows; Activate whenever the user comes to it from another
     // form, or first of all, and it is enabled; Deactivate when he goes on to another form. Message boxes, common
     // dialogs, the help window and other programs come and go in front of a form without either. Resize runs with
-    // every new size, the first one included. An unload can be refused by QueryUnload only.
+    // every new size, the first one included, FontChange when the desktop has given the form another font. An unload can be refused by QueryUnload only.
     virtual void Form_Load() {}
     virtual void Form_Activate() {}
     virtual void Form_Deactivate() {}
     virtual void Form_Resize() {}
+    virtual void Form_FontChange() {}
     virtual bool Form_QueryUnload() { return true; }
     virtual void Form_Unload() {}
 
@@ -77,6 +79,7 @@ class FormBase : public QMainWindow {
 
   private:
     void Discard();
+    void FollowFont();
     void FitToContents();
     int HeightNeededFor(int width) const;
     void LetContentsScroll();
@@ -96,6 +99,7 @@ class FormBase : public QMainWindow {
     bool unloaded_ = false;
     bool activate_missed_ = false;
     bool settled_ = false;
+    QFont fitted_font_;
     bool sized_by_user_ = false;
     QPointer<QWidget> last_focus_;
     QEventLoop* modal_loop_ = nullptr;

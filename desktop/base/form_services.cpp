@@ -10,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QStyle>
 #include <QTabWidget>
 #include <QTextEdit>
 #include <QWindow>
@@ -29,6 +30,11 @@ constexpr int kMissingElement = 340;
 
 // What the desktop puts around a window, as the last one had it.
 QMargins KnownFrame;
+
+// What the desktop has put around the form; nothing before it shows.
+QMargins FrameOf(const QWidget& form) {
+    return form.windowHandle() != nullptr ? form.windowHandle()->frameMargins() : QMargins();
+}
 
 // Letters for which the toolkit makes a text box wide enough.
 constexpr int kHintedLetters = 17;
@@ -124,6 +130,8 @@ class PageTurner : public QObject {
         QWidget* control = form_.focusWidget();
         if (control == nullptr || !page->isAncestorOf(control)) control = FirstStopOf(*page);
         if (control == nullptr) return;
+        // Styles mark the focus of buttons and boxes for those who came by the Tab key alone.
+        form_.window()->setAttribute(Qt::WA_KeyboardFocusChange);
         control->clearFocus();
         control->setFocus(Qt::TabFocusReason);
     }
@@ -165,13 +173,21 @@ int CenteredOffset(int screen_extent, int form_extent) {
 
 void CenterForm(QWidget& form) {
     const QRect screen = form.screen()->geometry();
-    const QSize size = form.isVisible() ? form.frameGeometry().size() : form.size().grownBy(KnownFrame);
+    const QMargins frame = FrameOf(form);
+    const QSize size = form.size().grownBy(frame.isNull() ? KnownFrame : frame);
     form.move(screen.left() + CenteredOffset(screen.width(), size.width()),
               screen.top() + CenteredOffset(screen.height(), size.height()));
 }
 
+// The window manager adds a title bar, of which the style has an idea before the first window shows.
+QSize RoomFor(const QWidget& form) {
+    const int title_bar = form.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QSize frame(KnownFrame.left() + KnownFrame.right(), KnownFrame.top() + KnownFrame.bottom());
+    return form.screen()->availableGeometry().size() - frame.expandedTo(QSize(0, title_bar));
+}
+
 bool NoteFrame(const QWidget& form) {
-    const QMargins frame = form.windowHandle() != nullptr ? form.windowHandle()->frameMargins() : QMargins();
+    const QMargins frame = FrameOf(form);
     return std::exchange(KnownFrame, frame) != frame;
 }
 

@@ -30,6 +30,9 @@ inline constexpr int PixelsOf(int twips) {
 // Puts the form in the middle of its screen; one that is larger than the screen at its top or left edge.
 void CenterForm(QWidget& form);
 
+// What a form may take of its screen beside what the desktop puts around it.
+QSize RoomFor(const QWidget& form);
+
 // Remembers what the desktop puts around the form, which counts for forms that do not show yet; true if that has changed.
 bool NoteFrame(const QWidget& form);
 

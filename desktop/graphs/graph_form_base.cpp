@@ -43,6 +43,7 @@ constexpr double kReach = 4;
 
 // Of the frame with the point's values: pixels, and columns of its grid in a wide window.
 constexpr int kReadOutWidth = 449;
+constexpr int kReadOutHeight = 50;
 constexpr int kReadOutColumns = 6;
 
 constexpr int kPointId = 0;
@@ -74,7 +75,6 @@ void GraphFormBase::BindControls() {
     ConnectMenu("GraphOptionsItem", &GraphFormBase::GraphOptionsItem_Click);
     connect(graph_, &ChartControl::MouseMove, this, &GraphFormBase::Graph1_MouseMove);
     connect(graph_, &ChartControl::PointReached, this, &GraphFormBase::Graph1_PointReached);
-    read_out_width_ = frame_->sizeHint().width();
     read_out_title_ = frame_->title();
 }
 
@@ -98,7 +98,17 @@ void GraphFormBase::ClearGraph() {
     ClearGraphCurves(*graph_);
 }
 
+// The frame above the chart is as high as its font needs, and the chart begins below it.
+void GraphFormBase::Form_FontChange() {
+    FitReadOut();
+    const int height = std::max(kReadOutHeight, frame_->sizeHint().height());
+    graph_->move(graph_->x(), graph_->y() + height - frame_->height());
+    frame_->resize(frame_->width(), height);
+    Form_Resize();
+}
+
 void GraphFormBase::Form_Load() {
+    Form_FontChange();
     options_items_[kPointId].setChecked(true);
     graph_->setFocus();
 }
@@ -120,10 +130,16 @@ void GraphFormBase::Form_Resize() {
     FitReadOut();
 }
 
-// In a narrow window the captions stand above their values, and take the room of the frame's title.
 void GraphFormBase::FitReadOut() {
     const int room = std::max(width(), LeastPixels()) - 2 * frame_->x();
-    const bool narrow = room < read_out_width_;
+    LayOutReadOut(false);
+    const int wanted = frame_->sizeHint().width();
+    if (room < wanted) LayOutReadOut(true);
+    frame_->resize(std::min(room, std::max(wanted, kReadOutWidth)), frame_->height());
+}
+
+// In a narrow window the captions stand above their values, and take the room of the frame's title.
+void GraphFormBase::LayOutReadOut(bool narrow) {
     auto* grid = static_cast<QGridLayout*>(frame_->layout());
     const std::pair<const char*, QLabel*> read_outs[] = {
         {"Label1", x_label_}, {"Label3", value_label_}, {"Label5", curve_label_}};
@@ -137,7 +153,6 @@ void GraphFormBase::FitReadOut() {
     frame_->setTitle(narrow ? QString() : read_out_title_);
     grid->setVerticalSpacing(narrow ? 0 : -1);
     for (int i = 0; i < kReadOutColumns; ++i) grid->setColumnStretch(i, narrow ? 0 : i == 5 ? 2 : i % 2);
-    frame_->resize(std::min(room, kReadOutWidth), frame_->height());
 }
 
 void GraphFormBase::keyPressEvent(QKeyEvent* event) {

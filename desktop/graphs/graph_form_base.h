@@ -38,6 +38,7 @@ class GraphFormBase : public FormBase {
     virtual void ShowOptions() = 0;
 
     void Form_Load() override;
+    void Form_FontChange() override;
     void Form_Deactivate() override;
     void Form_Resize() override;
     void Form_Unload() override;
@@ -61,6 +62,7 @@ class GraphFormBase : public FormBase {
     void ShowReadOut(int series, long point);
     void ShowValues(int series, long point);
     void FitReadOut();
+    void LayOutReadOut(bool narrow);
 
     ChartControl* graph_ = nullptr;
     QGroupBox* frame_ = nullptr;
@@ -70,7 +72,6 @@ class GraphFormBase : public FormBase {
     ControlArray<QAction> options_items_;
     bool DialogCancelled_ = false;
     bool options_open_ = false;
-    int read_out_width_ = 0;  // that its labels need beside one another
     QString read_out_title_;
 };
 

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QFontDatabase>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -34,9 +35,12 @@ constexpr const char* kUsage =
     "  --version  the program's version\n\n"
     "For scripts and many projects: tarvokol-cli --help\n";
 
-// Which family the system falls back on varies with what else is installed.
+// The desktop's font and size are the program's. Where no desktop names one, the toolkit has a generic name, and the family
+// that the system falls back on for it varies with what else is installed.
 void SetProgramFont() {
     constexpr int kPoints = 10;
+    const QString family = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
+    if (!family.isEmpty() && !family.startsWith("sans", Qt::CaseInsensitive)) return;
     QApplication::setFont(QFont("Liberation Sans", kPoints));
 }
 

@@ -124,6 +124,18 @@ void frmPicture::MakeSquare() {
     DrawPanelPlot();
 }
 
+// A window that opens stays on its screen. It has its size before the window manager sees it: what comes later, the two may
+// each answer with a size of their own.
+void frmPicture::showEvent(QShowEvent* event) {
+    const QSize room = RoomFor(*this);
+    const int side = std::min(room.width(), room.height() - PixelsOf(kFrameHeight));
+    if (LastHeight_ == 0 && std::max(width(), height() - PixelsOf(kFrameHeight)) > side) {
+        resize(side, side + PixelsOf(kFrameHeight));
+        CenterForm(*this);
+    }
+    FormBase::showEvent(event);
+}
+
 void frmPicture::TakeMaximizedSize() {
     restoring_ = true;
     showNormal();

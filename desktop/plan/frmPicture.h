@@ -41,6 +41,7 @@ class frmPicture : public SingleForm<frmPicture> {
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
   private:
     void Form_Load() override;

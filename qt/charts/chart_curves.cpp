@@ -86,30 +86,32 @@ void ChartPlot::ComposeSeries(int series, int width) {
         drawn.symbols->data()->clear();
 }
 
-// Evenly spread over the points from the first to the last one, both included.
+// Every n-th point has one, so that they stand evenly on the curve.
 void ChartPlot::PlaceSymbols(int series, int width) {
-    const long points = model_.NumPoints(series);
-    const long symbols = SymbolsOn(series, width);
+    const long step = SymbolStep(series, width);
     QVector<double> order, x, y;
-    for (long symbol = 1; symbol < symbols; ++symbol) {
-        const long point = 1 + std::lround(static_cast<double>(symbol * (points - 1)) / (symbols - 1));
+    for (long point = 1 + step; point <= model_.NumPoints(series); point += step) {
         if (!IsChartData(model_.X(series, point), model_.Y(series, point))) continue;
-        order.append(static_cast<double>(symbol));
+        order.append(static_cast<double>(point));
         x.append(model_.X(series, point));
         y.append(model_.Y(series, point));
     }
     curves_[static_cast<std::size_t>(series - 1)].symbols->setData(order, x, y, true);
 }
 
-// Symbols for which a curve has room: those of its two ends at the least.
-long ChartPlot::SymbolsOn(int series, int width) const {
-    const long points = model_.NumPoints(series);
-    if (points < 3) return points;
+// From symbol to symbol in points, so that a curve has room for them. Where it costs no more than half of the symbols, the
+// step leads to the last point.
+long ChartPlot::SymbolStep(int series, int width) const {
+    const long intervals = std::max(model_.NumPoints(series) - 1, 1L);
     const double shown = std::max(view.xAxis->range().size() / whole_x_.size(), 1e-12);
     const double length = (width - kBesidePlot) / shown;
     const double wanted = kSymbolPitch * model_.Style(series).symbol_size * kPixelsPerPoint;
-    const double intervals = std::floor(length / std::max(wanted, 1e-3));
-    return 1 + static_cast<long>(std::clamp(intervals, 1.0, static_cast<double>(points - 1)));
+    const double room = std::floor(length / std::max(wanted, 1e-3));
+    const auto fit = static_cast<long>(std::clamp(room, 1.0, static_cast<double>(intervals)));
+    const long least = (intervals + fit - 1) / fit;
+    for (long step = least; step <= std::min(2 * least, intervals); ++step)
+        if (intervals % step == 0) return step;
+    return least;
 }
 
 ChartPlot::Drawn ChartPlot::AddCurve() {

@@ -84,7 +84,7 @@ class ChartPlot {
     void LoadPoints();
     Drawn AddCurve();
     void PlaceSymbols(int series, int width);
-    long SymbolsOn(int series, int width) const;
+    long SymbolStep(int series, int width) const;
 
     const ChartModel& model_;
     QCPTextElement* header_;

@@ -9,6 +9,7 @@
 #include <QHelpLink>
 #include <QHelpSearchEngine>
 #include <QHelpSearchResult>
+#include <QHideEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -16,8 +17,10 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QStyle>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -31,7 +34,11 @@ namespace {
 const char* const home_topic = "index.htm";
 constexpr int contents_tab = 0;
 constexpr int index_tab = 1;
+constexpr int search_tab = 2;
 constexpr int most_results = 50;
+
+// Pixels that a desktop's frame and title bar may take of a screen.
+constexpr QSize kFrame{16, 40};
 
 QAction* AddTool(QToolBar& bar, const QString& name, const QString& text, QStyle::StandardPixmap icon,
                  const QKeySequence& key) {
@@ -58,7 +65,7 @@ HelpWindow::HelpWindow(const QString& compiled_file)
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({280, 720});
     setCentralWidget(splitter);
-    resize(1120, 760);
+    resize(QSize(1120, 760).boundedTo(screen()->availableSize() - kFrame));
     BuildToolbar();
     Connect();
 }
@@ -138,6 +145,9 @@ void HelpWindow::BuildToolbar() {
 
 void HelpWindow::Connect() {
     QHelpEngine& engine = collection_.Engine();
+    connect(tabs_, &QTabWidget::currentChanged, this, &HelpWindow::Page_Changed);
+    // A click is told before the page shows.
+    connect(tabs_, &QTabWidget::tabBarClicked, this, &HelpWindow::FocusOnPage, Qt::QueuedConnection);
     connect(engine.contentModel(), &QHelpContentModel::contentsCreated, this, &HelpWindow::Contents_Created);
     connect(engine.contentWidget(), &QTreeView::clicked, this, &HelpWindow::Contents_Clicked);
     connect(engine.contentWidget(), &QTreeView::activated, this, &HelpWindow::Contents_Clicked);
@@ -161,8 +171,20 @@ void HelpWindow::ShowIndex() {
     tabs_->setCurrentIndex(index_tab);
     ShowHomeUnlessOnPage();
     PutInFront();
-    index_filter_->setFocus();
-    index_filter_->selectAll();
+    FocusOnPage(index_tab);
+}
+
+// Whoever steps along the tabs by the arrow keys stays there.
+void HelpWindow::Page_Changed(int page) {
+    if (!tabs_->tabBar()->hasFocus()) FocusOnPage(page);
+}
+
+// Whoever turns to a page with a box wants to type into it.
+void HelpWindow::FocusOnPage(int page) {
+    QLineEdit* box = page == index_tab ? index_filter_ : page == search_tab ? search_text_ : nullptr;
+    if (box == nullptr) return;
+    box->setFocus();
+    box->selectAll();
 }
 
 void HelpWindow::ShowTopic(const QString& topic) {
@@ -205,6 +227,12 @@ void HelpWindow::BelongTo(QWidget* dialog) {
 void HelpWindow::PutInFront() {
     BelongTo(QApplication::activeModalWidget());
     if (isMinimized()) showNormal();
+    // The window manager would choose a place for a window that comes back.
+    if (!isVisible() && last_place_) {
+        move(*last_place_);
+        windowHandle()->setFramePosition(*last_place_);  // told again, as nothing has moved
+    }
+    if (!isVisible()) browser_->setFocus();
     show();
     raise();
     activateWindow();
@@ -215,6 +243,11 @@ bool HelpWindow::event(QEvent* event) {
         QMetaObject::invokeMethod(this, &HelpWindow::FollowDialog, Qt::QueuedConnection);
     }
     return QMainWindow::event(event);
+}
+
+void HelpWindow::hideEvent(QHideEvent* event) {
+    if (!isMinimized() && !event->spontaneous()) last_place_ = pos();
+    QMainWindow::hideEvent(event);
 }
 
 // A message box is answered at once; only a dialog that stays is followed. The dialog keeps the focus.

@@ -4,6 +4,7 @@
 #include <QMainWindow>
 #include <QModelIndex>
 #include <QUrl>
+#include <optional>
 
 #include "qt/help/help_collection.h"
 
@@ -36,6 +37,7 @@ class HelpWindow : public QMainWindow {
 
   protected:
     bool event(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
   private:
     void BuildNavigation();
@@ -49,7 +51,9 @@ class HelpWindow : public QMainWindow {
     void PutInFront();
     void BelongTo(QWidget* dialog);
     void FollowDialog();
+    void FocusOnPage(int page);
 
+    void Page_Changed(int page);
     void Contents_Created();
     void Contents_Clicked(const QModelIndex& index);
     void Index_Activated(const QHelpLink& link);
@@ -63,6 +67,7 @@ class HelpWindow : public QMainWindow {
     void Source_Changed(const QUrl& address);
 
     QString compiled_file_;
+    std::optional<QPoint> last_place_;  // where the user saw it last
     HelpCollection collection_;
     HelpBrowser* browser_;
     QTabWidget* tabs_;

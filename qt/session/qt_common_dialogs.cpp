@@ -6,10 +6,14 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QScreen>
+#include <QTimer>
+#include <QTreeView>
 #include <algorithm>
 
 #include "core/runtime/run_time_error.h"
@@ -34,6 +38,52 @@ void SetFilters(QFileDialog& dialog, const FileDialogRequest& request) {
     dialog.selectNameFilter(filters[std::clamp(request.filter_index, 1, last) - 1]);
 }
 
+// Keeps the columns of the toolkit's file list as wide as what stands in them; the names have the rest of the view.
+class WholeColumns : public QObject {
+  public:
+    explicit WholeColumns(QTreeView& view) : QObject(&view), view_(view) {
+        view.header()->setStretchLastSection(false);
+        view.viewport()->installEventFilter(this);
+        for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+            connect(view.model(), signal, this, &WholeColumns::FitSoon);
+        connect(view.model(), &QAbstractItemModel::layoutChanged, this, &WholeColumns::FitSoon);
+        fit_.setSingleShot(true);
+        connect(&fit_, &QTimer::timeout, this, &WholeColumns::Fit);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Resize || event->type() == QEvent::Show) FitSoon();
+        return false;
+    }
+
+  private:
+    void FitSoon() { fit_.start(0); }
+
+    void Fit() {
+        const QHeaderView& header = *view_.header();
+        int others = 0;
+        for (int column = 1; column < header.count(); ++column) {
+            if (header.isSectionHidden(column)) continue;
+            view_.resizeColumnToContents(column);
+            others += header.sectionSize(column);
+        }
+        view_.resizeColumnToContents(0);
+        view_.setColumnWidth(0, std::max(header.sectionSize(0), view_.viewport()->width() - others));
+    }
+
+    QTreeView& view_;
+    QTimer fit_;
+};
+
+// Wide enough for names, sizes, kinds and times of files beside the list of places.
+void MakeRoomForColumns(QFileDialog& dialog) {
+    constexpr QSize kRoom{860, 480};
+    auto* view = dialog.findChild<QTreeView*>("treeView");
+    if (view == nullptr) return;  // a dialog of the desktop's own
+    new WholeColumns(*view);
+    dialog.resize(dialog.size().expandedTo(kRoom).boundedTo(dialog.screen()->availableSize()));
+}
+
 std::string RunFileDialog(QFileDialog::AcceptMode mode, const FileDialogRequest& request) {
     QFileDialog dialog(OwnerWindow());
     if (!request.title.empty()) dialog.setWindowTitle(ToQt(request.title));
@@ -44,6 +94,7 @@ std::string RunFileDialog(QFileDialog::AcceptMode mode, const FileDialogRequest&
     SetFilters(dialog, request);
     if (!request.default_extension.empty()) dialog.setDefaultSuffix(ToQt(request.default_extension));
     SetStart(dialog, request);
+    MakeRoomForColumns(dialog);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         Raise(error_number::Cancelled);
     return FromQt(QDir::toNativeSeparators(dialog.selectedFiles().constFirst()));

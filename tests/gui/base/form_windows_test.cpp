@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The windows of forms: their size, place and kind, who is in front, and what Enter and Escape press. The screen is one
 // of 800 x 800.
+#include <QApplication>
+#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTabWidget>
 #include <QVBoxLayout>
 
 #include "desktop/base/form_base.h"
+#include "desktop/base/form_services.h"
 #include "tests/support/gui_fixture.h"
 
 namespace tarvokol {
@@ -65,6 +69,7 @@ class FormWindows : public GuiTest {
     FormWindows() {
         Told.clear();
         frmCanvas::LayOut = {};
+        NoteFrame(QWidget());  // no window has told its frame yet
     }
     ~FormWindows() override {
         UnloadAllForms();
@@ -149,6 +154,45 @@ TEST_F(FormWindows, WrappedTextIsShownToItsLastLine) {
     const auto& text = Find<QLabel>(form, "text");
     EXPECT_EQ(form.width(), 400);
     EXPECT_GE(text.height(), text.heightForWidth(text.width()));
+}
+
+// The desktop's font, as long as it lives.
+class FontOfDesktop {
+  public:
+    explicit FontOfDesktop(const QFont& font) { QApplication::setFont(font); }
+    ~FontOfDesktop() { QApplication::setFont(before_); }
+    FontOfDesktop(const FontOfDesktop&) = delete;
+    FontOfDesktop& operator=(const FontOfDesktop&) = delete;
+
+  private:
+    const QFont before_ = QApplication::font();
+};
+
+// Some desktops tell their font only when the first windows stand.
+TEST_F(FormWindows, AFontThatComesLateGetsItsRoom) {
+    frmCanvas::LayOut = [](frmCanvas& form) {
+        auto* body = new QWidget;
+        auto* layout = new QVBoxLayout(body);
+        auto* text = new QLabel(QString("A sentence of several words. ").repeated(20));
+        text->setObjectName("text");
+        text->setWordWrap(true);
+        auto* box = new QLineEdit;
+        box->setObjectName("box");
+        box->setFixedWidth(20);
+        layout->addWidget(text);
+        layout->addWidget(box);
+        form.setCentralWidget(body);
+        form.resize(400, 100);
+    };
+    frmCanvas& form = Open();
+    const auto& text = Find<QLabel>(form, "text");
+    const auto& box = Find<QLineEdit>(form, "box");
+    const int before = form.height();
+    const FontOfDesktop large(QFont("DejaVu Sans", 18));
+    EXPECT_TRUE(WaitUntil(
+        [&] { return form.height() > before && text.height() >= text.heightForWidth(text.width()); }));
+    EXPECT_GE(box.width(), box.fontMetrics().horizontalAdvance("0000000000"));
+    EXPECT_EQ(form.geometry().center().y(), form.screen()->geometry().center().y());
 }
 
 TEST_F(FormWindows, ABoxOfAFixedWidthShowsTenDigitsInEveryForm) {
@@ -357,6 +401,79 @@ TEST_F(FormWindows, EnterAndEscapePressNothingThatCannotBePressed) {
     }
     EXPECT_THAT(pressed(Qt::Key_Return), IsEmpty());
     EXPECT_THAT(pressed(Qt::Key_Escape), IsEmpty());
+}
+
+// What a control shows of itself.
+QImage LookOf(QWidget& control) {
+    return control.grab().toImage();
+}
+
+// The look of the default goes to the button that has the focus, as Enter does.
+TEST_F(FormWindows, OneButtonAtATimeLooksLikeTheDefault) {
+    frmCanvas::LayOut = LayOutButtons;
+    frmCanvas& form = Open();
+    auto& ok = Find<QPushButton>(form, "cmdOK");
+    auto& cancel = Find<QPushButton>(form, "cmdCancel");
+    Find(form, "box").setFocus();
+    const QImage as_default = LookOf(ok);
+    cancel.setFocus();
+    const QImage besides = LookOf(ok);
+    EXPECT_NE(besides, as_default);
+    Told.clear();
+    Press(form, Qt::Key_Return);
+    EXPECT_THAT(Told, ElementsAre("cmdCancel"));
+    Find(form, "box").setFocus();
+    EXPECT_EQ(LookOf(ok), as_default);
+    EXPECT_TRUE(ok.isDefault());
+    ok.setDefault(false);
+    EXPECT_EQ(LookOf(ok), besides);
+}
+
+// On the screen, too, as the focus goes on.
+TEST_F(FormWindows, TheDefaultButtonIsDrawnAnewWhenAnotherOneTakesEnter) {
+    class Watch : public QObject {
+      public:
+        int paints = 0;
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == QEvent::Paint) ++paints;
+            return false;
+        }
+    } watch;
+    frmCanvas::LayOut = LayOutButtons;
+    frmCanvas& form = Open();
+    Find(form, "box").setFocus();
+    RunEvents();
+    Find(form, "cmdOK").installEventFilter(&watch);
+    Find(form, "cmdCancel").setFocus();
+    EXPECT_TRUE(WaitUntil([&] { return watch.paints == 1; }));
+    Find(form, "box").setFocus();
+    EXPECT_TRUE(WaitUntil([&] { return watch.paints == 2; }));
+}
+
+TEST_F(FormWindows, TheFocusShowsAfterCtrlTabFromTheButtons) {
+    frmCanvas::LayOut = [](frmCanvas& form) {
+        LayOutButtons(form);
+        auto* tabs = new QTabWidget;
+        for (const char* name : {"first", "second"}) {
+            auto* page = new QWidget;
+            auto* layout = new QVBoxLayout(page);
+            auto* choice = new QCheckBox(name);
+            choice->setObjectName(name);
+            layout->addWidget(choice);
+            tabs->addTab(page, name);
+        }
+        form.centralWidget()->layout()->addWidget(tabs);
+    };
+    frmCanvas& form = Open();
+    auto& choice = Find<QCheckBox>(form, "second");
+    QTest::mouseClick(&Find(form, "cmdCancel"), Qt::LeftButton);
+    Find(form, "cmdCancel").setFocus();
+    choice.window()->findChild<QTabWidget*>()->setCurrentIndex(1);
+    const QImage plain = LookOf(choice);
+    choice.window()->findChild<QTabWidget*>()->setCurrentIndex(0);
+    Press(form, Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_TRUE(choice.hasFocus());
+    EXPECT_NE(LookOf(choice), plain);
 }
 
 }  // namespace

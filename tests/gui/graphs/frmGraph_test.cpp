@@ -233,6 +233,29 @@ TEST_F(GraphForm, ArrowKeysStepTheReadOut) {
     EXPECT_EQ(TextOf(form, "lblX"), "50.00");
 }
 
+// Whether a symbol stands there or not; the curves have 51 points, three apart.
+TEST_F(GraphForm, TheReadOutStopsAtEveryPointOfEveryCurve) {
+    frmGraph& form = ShowStability(1);
+    const char* const names[] = {"Overall", "Webs ONLY", "Barrier Pillar"};
+    form.Graph1().setFocus();
+    for (int series = 1; series <= 3; ++series) {
+        if (series > 1) Press(form, Qt::Key_Down);
+        Press(form, Qt::Key_Home);
+        for (long point = 1; point <= 51; ++point) {
+            if (point > 1) Press(form, Qt::Key_Right);
+            const std::string x = std::to_string(50 + 3 * (point - 1)) + ".00";
+            EXPECT_EQ(TextOf(form, "lblX"), x);
+            EXPECT_EQ(TextOf(form, "lblCurve"), names[series - 1]);
+        }
+    }
+    for (int series = 1; series <= 3; ++series)
+        for (long point = 1; point <= 51; ++point) {
+            MoveMouse(form, form.Graph1().PixelOf(series, point));
+            EXPECT_EQ(TextOf(form, "lblX"), std::to_string(50 + 3 * (point - 1)) + ".00") << series;
+            EXPECT_EQ(TextOf(form, "lblCurve"), names[series - 1]) << point;
+        }
+}
+
 TEST_F(GraphForm, TheReadOutStaysInsideANarrowWindow) {
     frmGraph& form = ShowStability(0);
     form.resize(267, 300);
@@ -249,6 +272,27 @@ TEST_F(GraphForm, TheReadOutStaysInsideANarrowWindow) {
     RunEvents();
     EXPECT_EQ(Find<QLabel>(form, "Label5").geometry().center().y(),
               Find<QLabel>(form, "lblCurve").geometry().center().y());
+}
+
+// A font that the desktop tells late: nothing of the read-out is cut, and the chart begins below it.
+TEST_F(GraphForm, TheReadOutHasRoomForALargeFont) {
+    frmGraph& form = ShowStability(0);
+    const QFont before = QApplication::font();
+    auto& frame = Find<QGroupBox>(form, "Frame1");
+    const int plain = frame.height();
+    QApplication::setFont(QFont("DejaVu Sans", 16));
+    EXPECT_TRUE(WaitUntil([&] { return frame.height() > plain; }));
+    RunEvents();
+    EXPECT_GE(frame.height(), frame.sizeHint().height());
+    EXPECT_LT(frame.geometry().bottom(), form.Graph1().y());
+    for (const char* name : {"Label1", "lblX", "Label3", "lblSF", "Label5", "lblCurve"}) {
+        const QLabel& label = Find<QLabel>(form, name);
+        EXPECT_GE(label.height(), label.sizeHint().height()) << name;
+        EXPECT_GE(label.width(), label.minimumSizeHint().width()) << name;
+    }
+    EXPECT_LE(form.Graph1().geometry().bottom(), form.centralWidget()->height());
+    QApplication::setFont(before);
+    EXPECT_TRUE(WaitUntil([&] { return frame.height() == plain && form.Graph1().y() == 56; }));
 }
 
 TEST_F(GraphForm, AWorkbookWithoutAProgramForItIsToldWithItsPlace) {

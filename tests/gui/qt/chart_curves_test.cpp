@@ -117,22 +117,23 @@ TEST_F(ChartLooks, EverySeriesHasASignOfItsOwn) {
     EXPECT_EQ(Line(1).scatterStyle().brush().color(), QColor(Qt::red));
 }
 
-// Symbols of 12 pixels stand 31.2 apart at the least: eleven intervals of the 359 pixels that count as the plot.
-TEST_F(ChartLooks, SymbolsAreSpreadOverThePoints) {
+// Symbols of 12 pixels stand 31.2 apart at the least: eleven intervals of the 359 pixels that count as the plot, so every
+// fifth of 51 points has one.
+TEST_F(ChartLooks, SymbolsStandEvenlyOnThePoints) {
     AddLine(51);
     Chart.SetSymbolShape(1, chart_style::DotSymbol);
     Chart.SetSymbolSize(1, 9);
     Now();
     std::vector<double> places;
     for (const auto& symbol : *Symbols(1).data()) places.push_back((symbol.key - 50) / 3 + 1);
-    EXPECT_THAT(places, ElementsAre(6, 10, 15, 19, 24, 28, 33, 37, 42, 46, 51));
+    EXPECT_THAT(places, ElementsAre(6, 11, 16, 21, 26, 31, 36, 41, 46, 51));
     EXPECT_EQ(Line(1).scatterSkip(), 1'000'000'000);
-    // Half the width, less the room of the axes; every second point of the wide chart without data.
+    // Half the width, less the room of the axes: four intervals, and the next step that leads to the end is of 25 points.
     At(225, 313);
-    EXPECT_EQ(Symbols(1).data()->size(), 4);  // 145 pixels
+    EXPECT_EQ(Symbols(1).data()->size(), 2);
     Chart.SetY(1, 51, HoleValue);
     Now();
-    EXPECT_EQ(Symbols(1).data()->size(), 10);
+    EXPECT_EQ(Symbols(1).data()->size(), 9);
     Chart.SetLinePattern(1, chart_style::NoLine);
     Now();
     EXPECT_EQ(Symbols(1).data()->size(), 0);
@@ -140,13 +141,26 @@ TEST_F(ChartLooks, SymbolsAreSpreadOverThePoints) {
     EXPECT_EQ(Line(1).lineStyle(), QCPCurve::lsNone);
 }
 
+// 47 intervals have no step but 1 and 47 that leads to the last point: every fifth one, then, and none at the end.
+TEST_F(ChartLooks, SymbolsStandEvenlyWhereNoStepLeadsToTheEnd) {
+    AddLine(48);
+    Chart.SetSymbolShape(1, chart_style::DotSymbol);
+    Chart.SetSymbolSize(1, 9);
+    Now();
+    std::vector<double> places;
+    for (const auto& symbol : *Symbols(1).data()) places.push_back((symbol.key - 50) / 3 + 1);
+    EXPECT_THAT(places, ElementsAre(6, 11, 16, 21, 26, 31, 36, 41, 46));
+}
+
 TEST_F(ChartLooks, AZoomShowsMoreSymbolsAndACurveOfTwoPointsBoth) {
     AddLine(51);
     Chart.SetSymbolShape(1, chart_style::DotSymbol);
     Chart.SetSymbolSize(1, 9);
     Show();
-    Wheel(Chart, Chart.PixelOf(1, 25), 3);  // 0.614 of the range: 602 pixels, 19 intervals
-    EXPECT_EQ(Symbols(1).data()->size(), 19);
+    Wheel(Chart, Chart.PixelOf(1, 25), 3);     // 0.614 of the range: 602 pixels, room for 19 intervals
+    EXPECT_EQ(Symbols(1).data()->size(), 10);  // still every fifth one
+    Wheel(Chart, Chart.PixelOf(1, 25), 3);     // 981 pixels, room for 31
+    EXPECT_EQ(Symbols(1).data()->size(), 25);
     Chart.ShowWholeRange();
     AddLine(2);
     Now();

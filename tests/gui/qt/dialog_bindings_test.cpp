@@ -3,11 +3,14 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFontDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QTreeView>
+#include <algorithm>
 
 #include "qt/session/message_box_style.h"
 #include "qt/session/owner_window.h"
@@ -111,6 +114,31 @@ TEST_F(DialogBindings, F1NeedsBothAHelpFileAndAContext) {
         QtMessageBox().Show(request);
         EXPECT_TRUE(Host.Help.Calls.empty());
     }
+}
+
+// Names, sizes, kinds and times are shown whole, in a dialog of its first size and in a larger one.
+TEST_F(DialogBindings, TheColumnsOfAFileDialogShowAllThatStandsInThem) {
+    WriteBytes(PathTo("Ridge_panel_of_two_seams.TKL"), std::string(123456, 'x'));
+    WriteBytes(PathTo("b.TKL"), "x");
+    FileDialogRequest request;
+    request.start_folder = Folder.string();
+    AtOpen(request, [](QFileDialog& dialog) {
+        auto& view = *dialog.findChild<QTreeView*>("treeView");
+        ASSERT_TRUE(view.isVisible());
+        EXPECT_TRUE(WaitUntil([&] { return view.model()->rowCount(view.rootIndex()) == 2; }));
+        const auto whole = [&] {
+            for (int column = 0; column < view.header()->count(); ++column) {
+                const int needed = std::max(static_cast<QAbstractItemView&>(view).sizeHintForColumn(column),
+                                            view.header()->sectionSizeHint(column));
+                if (view.columnWidth(column) < needed) return false;
+            }
+            return view.header()->length() <= view.viewport()->width();
+        };
+        EXPECT_TRUE(WaitUntil(whole));
+        dialog.resize(780, 600);
+        EXPECT_TRUE(
+            WaitUntil([&] { return whole() && view.header()->length() == view.viewport()->width(); }));
+    });
 }
 
 TEST_F(DialogBindings, OpenAndSaveDifferInWhatTheyTake) {

@@ -76,7 +76,7 @@ TEST_F(HelpWindowTest, HasThreeTabsBesideTheTopic) {
     Viewer.ShowContents(kHelpFile);
     EXPECT_EQ(Window().objectName(), "helpWindow");
     EXPECT_EQ(Window().windowTitle(), "TARVO-KOL Help");
-    EXPECT_EQ(Window().size(), QSize(1120, 760));
+    EXPECT_EQ(Window().size(), QSize(784, 760));  // of 1120 x 760 what a screen of 800 x 800 has for a window
     auto& tabs = Find<QTabWidget>("navigation");
     ASSERT_EQ(tabs.count(), 3);
     EXPECT_EQ(tabs.tabText(0), "&Contents");
@@ -95,7 +95,7 @@ TEST_F(HelpWindowTest, TheTopicHasMostOfTheRoom) {
     EXPECT_EQ(splitter.indexOf(&Page()), 1);
     const QList<int> before = splitter.sizes();
     EXPECT_EQ(before[0], 280);
-    Window().resize(1320, 760);
+    Window().resize(984, 760);
     EXPECT_TRUE(WaitUntil([&] { return splitter.sizes()[1] == before[1] + 200; }));
     EXPECT_EQ(splitter.sizes()[0], before[0]);
 }
@@ -241,6 +241,35 @@ TEST_F(HelpWindowTest, TheIndexTakesTheKeysAtOnce) {
 TEST_F(HelpWindowTest, TheIndexOnANewWindowStandsBesideTheHomePage) {
     Viewer.ShowIndex(kHelpFile);
     EXPECT_EQ(Topic(), "index.htm");
+}
+
+TEST_F(HelpWindowTest, TheBoxOfAPageHasTheKeyboard) {
+    Viewer.ShowContents(kHelpFile);
+    ASSERT_TRUE(WaitUntilActive(Window()));
+    auto& tabs = Find<QTabWidget>("navigation");
+    QTest::mouseClick(tabs.tabBar(), Qt::LeftButton, {}, tabs.tabBar()->tabRect(2).center());
+    EXPECT_TRUE(WaitUntil([&] { return Find<QLineEdit>("searchText").hasFocus(); }));
+    QTest::mouseClick(tabs.tabBar(), Qt::LeftButton, {}, tabs.tabBar()->tabRect(1).center());
+    EXPECT_TRUE(WaitUntil([&] { return Find<QLineEdit>("indexFilter").hasFocus(); }));
+    // Along the tabs by the arrow keys nothing is taken away.
+    tabs.tabBar()->setFocus();
+    QTest::keyClick(tabs.tabBar(), Qt::Key_Right);
+    EXPECT_EQ(tabs.currentIndex(), 2);
+    EXPECT_TRUE(tabs.tabBar()->hasFocus());
+}
+
+TEST_F(HelpWindowTest, ComesBackWhereItWas) {
+    Viewer.ShowTopic(kHelpFile, "units.htm");
+    ASSERT_TRUE(WaitUntilActive(Window()));
+    Window().resize(500, 400);
+    Window().move(90, 120);
+    ASSERT_TRUE(WaitUntil([&] { return Window().pos() == QPoint(90, 120); }));
+    QTest::keyClick(&Window(), Qt::Key_Escape);
+    ASSERT_FALSE(Window().isVisible());
+    Window().move(10, 10);  // as a window manager places a window that it sees for the first time
+    Viewer.ShowContents(kHelpFile);
+    EXPECT_EQ(Window().pos(), QPoint(90, 120));
+    EXPECT_EQ(Window().size(), QSize(500, 400));
 }
 
 TEST_F(HelpWindowTest, ResultsOfASearchOpenByClickAndEnter) {
