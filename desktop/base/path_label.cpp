@@ -8,7 +8,7 @@ namespace tarvokol {
 void PathLabel::SetFullText(const QString& text) {
     full_text_ = text;
     setToolTip(text.toHtmlEscaped());
-    setAccessibleDescription(text);
+    setAccessibleName(text);
     ShowWhatFits();
 }
 

@@ -62,6 +62,7 @@ void frmUpdate::Form_Load() {
     ui_->lblUpdate->setText(ToQt(LoadUpdateText()));
     setWindowTitle(windowTitle() + " for " + ToQt(ExeNameUpper));
     ui_->lblURL->setText(ToQt(UpdatePageAddress));
+    ui_->lblURL->setAccessibleName(ToQt(UpdatePageAddress));
     ui_->lblInfo->setText(ToQt(UpdateInfoText(VersionString())));
 }
 

@@ -36,8 +36,12 @@ constexpr int kTitles = 2;
 constexpr int kFewestHoles = 2;
 constexpr int kNoUnit = -1;
 
-void AppendUnit(QLabel& label, int row) {
-    if (row != kNoUnit) label.setText(label.text() + ToQt(UnitLabels(row)));
+// To the words beside a box, and to what a screen reader says of it.
+void AppendUnit(QLabel& label, QLineEdit& box, int row) {
+    if (row == kNoUnit) return;
+    const QString unit = ToQt(UnitLabels(row));
+    label.setText(label.text() + unit);
+    box.setAccessibleName(box.accessibleName() + unit);
 }
 
 // What the history says when the box cannot show the project's number of holes: OK would store a figure that
@@ -124,23 +128,26 @@ void frmTARVOParm::Form_Load() {
 void frmTARVOParm::FillControls() {
     const ParameterTexts texts = TextsOfRecord(ProjectRecord);
     for (const InputBox& input : inputs_) {
-        AppendUnit(*input.label, input.unit_row);
+        AppendUnit(*input.label, *input.box, input.unit_row);
         if (input.field == PanelField::NumberHoles)
             FillHoles(texts.txtNumberHoles);
         else
             SetText(*input.box, texts.*input.text);
     }
-    AppendUnit(*ui_->lblPanelWidth, unit_row::Length);
+    AppendUnit(*ui_->lblPanelWidth, *ui_->txtPanelWidth, unit_row::Length);
     ShowSuggestedUnit();
 }
 
+// The labels have no room for a unit: a note tells one that is not the project's, and a screen reader says either.
 void frmTARVOParm::ShowSuggestedUnit() {
     const QString note = ToQt(SuggestedUnitNote());
+    const QString unit = note.isEmpty() ? ToQt(UnitLabels(unit_row::Length)) : QString(" (in)");
     ui_->lblSugUnit->setText(note);
     ui_->lblSugUnit->setVisible(!note.isEmpty());
     for (QLineEdit* box : {ui_->txtSugWeb, ui_->txtSugBarrier}) {
         box->setToolTip(note);
         box->setAccessibleDescription(note);
+        box->setAccessibleName(box->accessibleName() + unit);
     }
 }
 

@@ -143,6 +143,20 @@ void ChartControl::Reach() {
     plot_->ShowMark(X(at_series_, at_point_), Y(at_series_, at_point_));
     Replot();
     emit PointReached(at_series_, at_point_);
+    QAccessibleValueChangeEvent said(this, Y(at_series_, at_point_));
+    QAccessible::updateAccessibility(&said);
+}
+
+SpokenValue ChartControl::ValueToSpeak() const {
+    if (at_series_ > NumSeries() || at_point_ < 1 || at_point_ > NumPoints(at_series_)) return {};
+    const double now = Y(at_series_, at_point_);
+    SpokenValue value{now, now, now};
+    for (long point = 1; point <= NumPoints(at_series_); ++point) {
+        if (!IsChartData(X(at_series_, point), Y(at_series_, point))) continue;
+        value.least = std::min(value.least, Y(at_series_, point));
+        value.most = std::max(value.most, Y(at_series_, point));
+    }
+    return value;
 }
 
 void ChartControl::focusOutEvent(QFocusEvent*) {

@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "core/graphics/chart_model.h"
+#include "qt/session/spoken_picture.h"
 
 namespace tarvokol {
 
@@ -19,7 +20,7 @@ class ChartPlot;
 // The box moved and cut so that it lies inside what the margins leave of the paper, all in one unit.
 QRect PrintableBox(const QRect& box, const QSizeF& paper, const QMarginsF& margins);
 
-class ChartControl : public QWidget, public ChartModel {
+class ChartControl : public QWidget, public ChartModel, public SpokenPicture {
     Q_OBJECT
 
   public:
@@ -58,6 +59,10 @@ class ChartControl : public QWidget, public ChartModel {
     // error".
     QImage ToImage(const QSize& size, double scale);
     void DrawOn(QPaintDevice& device, const QRect& box);
+
+    QAccessible::Role SpokenRole() const override { return QAccessible::Chart; }
+    // Y of the point to which the keys have led, between the least and the largest Y of its curve.
+    SpokenValue ValueToSpeak() const override;
 
   signals:
     // The mouse moved over the chart; twips from its upper left corner.

@@ -89,6 +89,12 @@ void PlanSheet::GoToPillar(int pillar) {
                                  .arg(surface_.Labels()[static_cast<std::size_t>(pillar)].text));
     QAccessibleEvent said(this, QAccessible::DescriptionChanged);
     QAccessible::updateAccessibility(&said);
+    QAccessibleValueChangeEvent reached(this, pillar + 1);
+    QAccessible::updateAccessibility(&reached);
+}
+
+SpokenValue PlanSheet::ValueToSpeak() const {
+    return {at_pillar_ == kNoPillar ? 0.0 : at_pillar_ + 1.0, 0.0, static_cast<double>(Pillars())};
 }
 
 void PlanSheet::LeavePillars() {

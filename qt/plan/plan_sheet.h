@@ -7,13 +7,14 @@
 #include <functional>
 
 #include "qt/plan/painter_surface.h"
+#include "qt/session/spoken_picture.h"
 
 namespace tarvokol {
 
 // A sheet of white paper on a form that keeps the plan drawn on it. The drawing is held as a picture in the
 // screen's own pixels, so a repaint costs no drawing. Where the sheet takes the keyboard, the arrow keys lead from
 // pillar to pillar, and the screen reader says each one's label.
-class PlanSheet : public QWidget {
+class PlanSheet : public QWidget, public SpokenPicture {
     Q_OBJECT
 
   public:
@@ -39,6 +40,10 @@ class PlanSheet : public QWidget {
 
     // Takes the mark of the keys off the sheet.
     void LeavePillars();
+
+    QAccessible::Role SpokenRole() const override { return QAccessible::Graphic; }
+    // The number of the pillar to which the keys have led, of all; 0 before that.
+    SpokenValue ValueToSpeak() const override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;

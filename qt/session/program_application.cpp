@@ -15,6 +15,7 @@
 #include "core/runtime/text.h"
 #include "qt/session/owner_window.h"
 #include "qt/session/program_style.h"
+#include "qt/session/screen_reader.h"
 
 namespace tarvokol {
 namespace {
@@ -59,6 +60,7 @@ std::string KeptWorkMessage() {
 // oldest one for it.
 ProgramApplication::ProgramApplication(int& argc, char** argv) : QApplication(argc, argv) {
     setStyle(new ProgramStyle);
+    TellScreenReaders();
 }
 
 bool ProgramApplication::notify(QObject* receiver, QEvent* event) {

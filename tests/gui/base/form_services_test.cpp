@@ -338,7 +338,7 @@ TEST_F(FormServices, ALabelOfAPathShowsBothEndsAndTellsTheWholePath) {
     EXPECT_TRUE(label.text().endsWith(".TKL"));
     EXPECT_LE(label.fontMetrics().horizontalAdvance(label.text()), 200);
     EXPECT_TRUE(label.toolTip().startsWith("/home/engineer/a &amp; b/&lt;south&gt;/ppp"));
-    EXPECT_EQ(label.accessibleDescription(), path);
+    EXPECT_EQ(label.accessibleName(), path);
     const QString narrow = label.text();
     label.resize(300, 20);
     label.show();

@@ -25,9 +25,9 @@ class GraphTexts : public GraphTest {
         Form& form = Open<Form>();
         EXPECT_THAT(FactsOf(form),
                     UnorderedElementsAreArray(std::vector<std::string>{
-                        name + " 'Graph'", "Frame1 'Point ID'", "Label1 'X-coord:'", "lblX read 'X-coord'",
-                        "Label3 'Stability fact:'", "lblSF read 'Stability fact'", "Label5 'Curve:'",
-                        "lblCurve read 'Curve'", "Graph1 read 'Graph'"}));
+                        name + " 'Graph'", "Frame1 'Point ID'", "Label1 'X-coord:'", "lblX told 'X-coord'",
+                        "Label3 'Stability fact:'", "lblSF told 'Stability fact'", "Label5 'Curve:'",
+                        "lblCurve told 'Curve'", "Graph1 read 'Graph'"}));
         EXPECT_THAT(MenusOf(form), ElementsAre("&File: '&Print' - 'Export' - 'E&xit'", "&Edit: 'Copy '",
                                                "&Options: 'Point ID' 'Basic &options'"));
         EXPECT_THAT(TabOrderOf(form), ElementsAre("Graph1"));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The keyboard in the forms that menu commands open: which command opens them, F1, Escape from every control,
 // Enter, and the way of the tab key through all controls.
+#include <QAccessible>
 #include <QCheckBox>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -196,6 +197,17 @@ TEST_P(FormKeyboard, EveryControlHasANameThatCanBeReadOut) {
             EXPECT_FALSE((button ? caption : control->accessibleName()).isEmpty())
                 << FromQt(control->objectName());
         }
+    }
+}
+
+// A name of its own would be read in place of the words on the screen.
+TEST_P(FormKeyboard, TheTextOfALabelIsWhatIsReadOut) {
+    FormBase& form = Open();
+    for (QLabel* label : form.findChildren<QLabel*>()) {
+        if (label->text().isEmpty()) continue;
+        const QString shown = QString(label->text()).remove('&');
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name).remove('&'), shown)
+            << FromQt(label->objectName());
     }
 }
 

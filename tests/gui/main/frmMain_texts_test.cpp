@@ -31,7 +31,7 @@ TEST_F(MainWindowTexts, OfItsControls) {
         UnorderedElementsAre(
             "frmMain 'TARVO-KOL'",
             "Picture1 read 'Highwall panel' told 'Section and plan of a highwall mining panel'",
-            "lblVer '1.3.02 ' read 'Program version'", "Toolbar1_1 'Open Data File' tip 'Open Data File'",
+            "lblVer '1.3.02 ' told 'Program version'", "Toolbar1_1 'Open Data File' tip 'Open Data File'",
             "Toolbar1_2 'Save Data File' tip 'Save Data File'",
             "Toolbar1_3 'Print Data File' tip 'Print Data File'",
             "Toolbar1_4 'Edit Description' tip 'Edit Description'",

@@ -69,7 +69,7 @@ TEST_F(OutputTexts, OfTheTextBrowser) {
             "Text2 read 'Pattern' tip 'Which files are listed, as *.TKL; several patterns are set apart by "
             "semicolons'",
             "Label5 'Select F&ile:' for File1", "File1 read 'File' tip 'Double click or Enter opens a file'",
-            "Label6 'Current file:'", "Label1 read 'Current file'",
+            "Label6 'Current file:'", "Label1 told 'Current file'",
             "Label7 '&View of Selected File' for RichTextBox1",
             "RichTextBox1 read 'View of selected file' locked",
             "Check1 'Use external viewer' tip 'Open files in the viewer of the settings'",

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/plan/frmPicture.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QLabel>
 #include <QMenu>
@@ -526,6 +527,10 @@ TEST_F(PlotWindow, ArrowKeysLeadFromPillarToPillarAndSayTheirLabels) {
     EXPECT_EQ(FromQt(sheet.accessibleDescription()), "Pillar 3 of 3: 8x oo");
     Press(form, Qt::Key_Home);
     EXPECT_EQ(FromQt(sheet.accessibleDescription()), "Pillar 1 of 3: 20x oo");
+    QAccessibleInterface& told = *QAccessible::queryAccessibleInterface(&sheet);
+    EXPECT_EQ(told.role(), QAccessible::Graphic);
+    EXPECT_EQ(told.valueInterface()->currentValue(), 1.0);
+    EXPECT_EQ(told.valueInterface()->maximumValue(), 3.0);
     EXPECT_NE(Shown(form), plain);
     EXPECT_TRUE(Choose(form, "mnuEditItem_0"));
     EXPECT_EQ(Shown(form), plain);  // no mark on the copied picture
