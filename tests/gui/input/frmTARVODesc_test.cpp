@@ -5,10 +5,12 @@
 #include <QGroupBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <filesystem>
 
 #include "core/messages/history_log.h"
 #include "core/messages/titles.h"
 #include "core/program/start_up.h"
+#include "core/project/copy_note.h"
 #include "core/project/lifecycle.h"
 #include "core/project/project_file.h"
 #include "core/project/project_record.h"
@@ -24,8 +26,10 @@
 namespace tarvokol {
 namespace {
 
+using ::testing::Contains;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
+using ::testing::Pair;
 
 class DescriptionForm : public GuiTest {
   protected:
@@ -332,6 +336,67 @@ TEST_F(DescriptionForm, OnlyNextFormLeadsOn) {
 }
 
 // The real main window, and what its commands open.
+// What stands typed in the dialog while it is open: the copy of the unsaved project holds it a second after the last key.
+class DescriptionUnderWay : public DescriptionForm {
+  protected:
+    DescriptionUnderWay() { TempDataFolder = PathTo(""); }
+    ~DescriptionUnderWay() override {
+        UnloadAllForms();
+        DropRecoveryCopy();
+        TempDataFolder = "";
+    }
+
+    static TypedTexts Kept() {
+        const std::string path = RecoveryCopyPath();
+        return path.empty() ? TypedTexts{} : NoteOf(ReadBytes(path)).typed;
+    }
+};
+
+TEST_F(DescriptionUnderWay, WhatIsTypedIsKeptASecondAfterTheLastKeyAndDroppedByCancel) {
+    frmTARVODesc& form = Open();
+    Type(form, "Text1", "Ridge, \"upper\"");
+    EXPECT_EQ(RecoveryCopyPath(), "");  // the next key may follow
+    EXPECT_TRUE(WaitUntil([] { return !RecoveryCopyPath().empty(); }));
+    EXPECT_EQ(Kept().dialog, "frmTARVODesc");
+    EXPECT_THAT(Kept().boxes, Contains(Pair("Text1", "Ridge, \"upper\"")));
+    EXPECT_THAT(Kept().boxes, Contains(Pair("Option1_0", "on")));
+    auto& lines = Find<QPlainTextEdit>(form, "Text2");
+    lines.setFocus();
+    QTest::keyClicks(&lines, "one");
+    QTest::keyClick(&lines, Qt::Key_Return);
+    QTest::keyClicks(&lines, "two");
+    EXPECT_TRUE(
+        WaitUntil([] { return testing::Matches(Contains(Pair("Text2", "one\r\ntwo")))(Kept().boxes); }));
+    const std::string path = RecoveryCopyPath();
+    Click(form, "Command1");
+    EXPECT_FALSE(std::filesystem::exists(path));
+    EXPECT_EQ(RecoveryCopyPath(), "");
+}
+
+TEST_F(DescriptionUnderWay, AChoiceOfUnitsCountsAsTyped) {
+    frmTARVODesc& form = Open();
+    Click(form, "Option1_1");
+    EXPECT_TRUE(WaitUntil([] { return testing::Matches(Contains(Pair("Option1_1", "on")))(Kept().boxes); }));
+}
+
+TEST_F(DescriptionUnderWay, WhatIsTypedAndTakenBackIsNotKept) {
+    frmTARVODesc& form = Open();
+    Type(form, "Text1", "x");
+    EXPECT_TRUE(WaitUntil([] { return Kept().dialog == "frmTARVODesc"; }));
+    Type(form, "Text1", "");
+    Press(form, Qt::Key_Backspace);
+    EXPECT_TRUE(WaitUntil([] { return Kept().dialog.empty(); }));
+}
+
+TEST_F(DescriptionUnderWay, OkKeepsTheProjectInPlaceOfTheTexts) {
+    frmTARVODesc& form = Open();
+    Type(form, "Text1", "North pit");
+    EXPECT_TRUE(WaitUntil([] { return Kept().dialog == "frmTARVODesc"; }));
+    Click(form, "Command2");
+    EXPECT_EQ(Kept().dialog, "");
+    EXPECT_THAT(ReadBytes(RecoveryCopyPath()), HasSubstr("\r\nNorth pit\r\n##StartDesc##\r\n"));
+}
+
 class DescriptionInTheProgram : public DescriptionForm {
   protected:
     DescriptionInTheProgram() {
