@@ -11,6 +11,7 @@ BUILD_PACKAGES="g++ cmake ninja-build ccache qt6-base-dev qt6-tools-dev qt6-tool
 RUN_PACKAGES="libqt6sql6-sqlite fonts-liberation hicolor-icon-theme"
 PACKAGE_PACKAGES="dpkg-dev file git"
 TEST_PACKAGES="libgtest-dev libgmock-dev libx11-dev libxcb1-dev xvfb xauth openbox xdotool x11-utils xclip qt6-wayland weston
+    dbus-daemon at-spi2-core python3-pyatspi python3-gi
     poppler-utils imagemagick python3 python3-dev python3-jsonschema python3-mpmath python3-numpy python3-pytest mypy
     pkg-config pybind11-dev jq make clang lld fonts-dejavu-core locales
     $PACKAGE_PACKAGES shared-mime-info desktop-file-utils appstream lintian mandoc zsh fish"

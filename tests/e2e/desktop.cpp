@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/e2e/desktop.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <map>
 #include <sstream>
 #include <thread>
 
@@ -36,15 +38,16 @@ class Desktop {
   public:
     // Of two servers that look for a free display at the same moment one may lose its own: its window manager finds none
     // and ends. Both are started once more then.
-    Desktop() {
+    explicit Desktop(const std::string& screen) {
         for (int starts = 0; starts < kMostStarts && !up_; ++starts)
-            up_ = StartServer() && StartWindowManager();
+            up_ = StartServer(screen) && StartWindowManager();
     }
     bool IsUp() const { return up_; }
+    void BeChosen() const { setenv("DISPLAY", display_.c_str(), 1); }
 
   private:
     // The server picks a free display and writes its number to a pipe.
-    bool StartServer() {
+    bool StartServer(const std::string& screen) {
         int ends[2];
         if (pipe(ends) != 0) return false;
         posix_spawn_file_actions_t actions;
@@ -52,14 +55,16 @@ class Desktop {
         posix_spawn_file_actions_adddup2(&actions, ends[1], 3);
         posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
         const bool started = server_.Start(
-            {"Xvfb", "-displayfd", "3", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"}, &actions);
+            {"Xvfb", "-displayfd", "3", "-screen", "0", screen + "x24", "-nolisten", "tcp"}, &actions);
         posix_spawn_file_actions_destroy(&actions);
         close(ends[1]);
         std::string number;
         for (char digit = 0; read(ends[0], &digit, 1) == 1 && digit != '\n';) number += digit;
         close(ends[0]);
         if (!started || number.empty()) return false;
-        return setenv("DISPLAY", (":" + number).c_str(), 1) == 0;
+        display_ = ":" + number;
+        BeChosen();
+        return true;
     }
 
     bool StartWindowManager() {
@@ -71,6 +76,7 @@ class Desktop {
                Eventually([&] { return !manager_.IsRunning() || (up = manages()); }) && up;
     }
 
+    std::string display_;
     Servant server_;
     Servant manager_;
     bool up_ = false;
@@ -134,8 +140,10 @@ std::string OutputOf(const std::string& command) {
     return output;
 }
 
-bool DesktopIsUp() {
-    static const Desktop desktop;
+bool DesktopIsUp(const std::string& screen) {
+    static std::map<std::string, Desktop> desktops;
+    const Desktop& desktop = desktops.try_emplace(screen, screen).first->second;
+    desktop.BeChosen();
     return desktop.IsUp();
 }
 
@@ -195,16 +203,17 @@ void DesktopTest::SetUp() {
     if (const std::string missing = MissingTools(); !missing.empty())
         GTEST_SKIP() << "not installed: " << missing;
     setenv("QT_QPA_PLATFORM", "xcb", 1);
-    setenv("QT_SCALE_FACTOR", "1", 1);
-    ASSERT_TRUE(DesktopIsUp());
+    setenv("QT_SCALE_FACTOR", Scale.c_str(), 1);
+    ASSERT_TRUE(DesktopIsUp(Screen));
     std::filesystem::create_directories(Folder / "Documents");
 }
 
 // What the screen showed tells most about a failure.
 void DesktopTest::TearDown() {
     if (!HasFailure()) return;
-    const std::string picture = std::string(TARVOKOL_PICTURES) +
-                                ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".png";
+    std::string name = ::testing::UnitTest::GetInstance()->current_test_info()->name();
+    std::replace(name.begin(), name.end(), '/', '_');
+    const std::string picture = TARVOKOL_PICTURES + name + ".png";
     OutputOf("import -window root " + Quoted(picture) + " 2>&1");
     std::fprintf(stderr, "The screen stands in %s\n", picture.c_str());
 }
@@ -299,6 +308,36 @@ DesktopTest::Place DesktopTest::ActivePlace() {
     };
     place = {number("X"), number("Y"), number("WIDTH"), number("HEIGHT")};
     return place;
+}
+
+// What xdotool says of the place adds the frame once more.
+DesktopTest::Place DesktopTest::FramePlace() {
+    const std::string lines = OutputOf(
+        "id=$(xdotool getactivewindow) && xprop -id $id _NET_FRAME_EXTENTS | sed 's/.*= *//; s/,//g' && "
+        "xwininfo -id $id "
+        "2>/dev/null | sed -n 's/.*Absolute upper-left [XY]: *//p; s/^ *\\(Width\\|Height\\): *//p'");
+    std::istringstream numbers(lines);
+    int left = 0, right = 0, top = 0, bottom = 0;
+    Place place;
+    if (!(numbers >> left >> right >> top >> bottom >> place.x >> place.y >> place.width >> place.height))
+        return {};
+    return {place.x - left, place.y - top, place.width + left + right, place.height + top + bottom};
+}
+
+DesktopTest::Place DesktopTest::ScreenPlace() {
+    Place place;
+    std::istringstream numbers(OutputOf("xdotool getdisplaygeometry"));
+    numbers >> place.width >> place.height;
+    return place;
+}
+
+bool DesktopTest::StandsInTheMiddle() {
+    const Place frame = FramePlace(), screen = ScreenPlace();
+    const auto is_middle = [](int at, int extent, int whole) {
+        return std::abs(2 * at + extent - whole) <= 4;
+    };
+    return frame.width > 0 && is_middle(frame.x, frame.width, screen.width) &&
+           is_middle(frame.y, frame.height, screen.height);
 }
 
 // The window manager takes a drag of the right button with Alt anywhere in the window for one of the nearest edge.

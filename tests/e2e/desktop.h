@@ -26,8 +26,12 @@ bool Eventually(const std::function<bool()>& condition, std::chrono::seconds pat
 // Standard output of a shell command.
 std::string OutputOf(const std::string& command);
 
-// True if the desktop runs; it is started by the first call and ends with the tests.
-bool DesktopIsUp();
+// Width and height of a screen.
+inline constexpr const char* kUsualScreen = "1280x1024";
+
+// True if a desktop with a screen of that size runs, which the next windows come to; it is started by the first call and
+// ends with the tests.
+bool DesktopIsUp(const std::string& screen = kUsualScreen);
 
 // What the machine lacks for these tests, empty if nothing.
 std::string MissingTools();
@@ -126,10 +130,18 @@ class DesktopTest : public CoreTest {
         int height = 0;
     };
     static Place ActivePlace();
+    // The same with the frame, from the screen's corner; empty where the window has none yet.
+    static Place FramePlace();
+    // Of the screen.
+    static Place ScreenPlace();
+    // True once the window stands in the middle of its screen with its frame.
+    static bool StandsInTheMiddle();
 
     // Takes the active window's right edge along by `by` pixels, in steps as a hand does, and lets it go.
     static void DragRightEdge(int by);
 
+    std::string Screen = kUsualScreen;
+    std::string Scale = "1";
     ProgramUnderTest Program;
 };
 

@@ -166,21 +166,62 @@ TEST_F(Windows, AFigureThatIsRefusedOnAnotherTabIsTypedAnew) {
 TEST_F(Windows, AFormStandsInTheMiddleWithItsFrame) {
     StartWithProject();
     PressTo("alt+u o", "Options");
-    // Where the window itself begins: xdotool adds the frame once more.
-    const auto off_centre = [] {
-        const std::string frame = OutputOf("xprop -id $(xdotool getactivewindow) _NET_FRAME_EXTENTS");
-        int left = 0, right = 0, top = 0, bottom = 0;
-        const std::size_t at = frame.find('=');
-        if (at == std::string::npos ||
-            std::sscanf(frame.c_str() + at + 1, "%d, %d, %d, %d", &left, &right, &top, &bottom) != 4)
-            return 1000;
-        const int screen = std::atoi(OutputOf("xdotool getdisplaygeometry | cut -d' ' -f2").c_str());
-        const int y = std::atoi(
-            OutputOf("xwininfo -id $(xdotool getactivewindow) | sed -n 's/.*upper-left Y: *//p' | head -1")
-                .c_str());
-        return std::abs(2 * y - top + ActivePlace().height + bottom - screen) / 2;
-    };
-    EXPECT_TRUE(Eventually([&] { return off_centre() <= 2; })) << off_centre();
+    EXPECT_TRUE(Eventually(StandsInTheMiddle)) << FramePlace().x << ", " << FramePlace().y;
+}
+
+// Whatever size the user gave it before.
+TEST_F(Windows, AGraphOpensInItsOwnSizeInTheMiddle) {
+    StartWithProject();
+    PressTo("alt+o Down Right Return", "Graph");
+    EXPECT_TRUE(Eventually(StandsInTheMiddle));
+    const Place first = ActivePlace();
+    OutputOf("xdotool getactivewindow windowsize 700 640 windowmove 10 10");
+    EXPECT_TRUE(Eventually([] { return ActivePlace().width == 700 && FramePlace().x < 20; }));
+    PressTo("Escape", Caption());
+    PressTo("alt+o Down Right Return", "Graph");
+    EXPECT_TRUE(Eventually(StandsInTheMiddle));
+    EXPECT_EQ(ActivePlace().width, first.width);
+    EXPECT_EQ(ActivePlace().height, first.height);
+    EXPECT_EQ(first.width, 477);
+    PressTo("Escape", Caption());
+}
+
+TEST_F(Windows, TheHelpComesBackWhereItWas) {
+    StartWithProject();
+    PressTo("F1", "TARVO-KOL Help");
+    OutputOf("xdotool getactivewindow windowsize 600 500 windowmove 300 120");
+    EXPECT_TRUE(Eventually([] { return ActivePlace().width == 600 && FramePlace().x > 250; }));
+    const Place before = FramePlace();
+    PressTo("Escape", Caption());
+    PressTo("F1", "TARVO-KOL Help");
+    const auto is_there = [&] { return FramePlace().x == before.x && FramePlace().y == before.y; };
+    EXPECT_TRUE(Eventually(is_there)) << FramePlace().x << ", " << FramePlace().y;
+    EXPECT_EQ(ActivePlace().width, 600);
+    // Once more, from where it came back to: it does not wander.
+    PressTo("Escape", Caption());
+    PressTo("F1", "TARVO-KOL Help");
+    EXPECT_TRUE(Eventually(is_there)) << FramePlace().x << ", " << FramePlace().y;
+}
+
+// Of the desktops that name one, this is the one whose file tells.
+TEST_F(Windows, TheFontThatTheDesktopNamesIsTheProgramsFont) {
+    StartWithProject();
+    PressTo("ctrl+e", "Parameters");
+    const int plain = ActivePlace().width;
+    PressTo("Escape", Caption());
+    EXPECT_EQ(PressToEnd("alt+f x"), 0);
+    std::filesystem::create_directory(Folder / ".config");
+    WriteBytes(PathTo(".config/kdeglobals"), "[General]\nfont=DejaVu Sans,16,-1,5,50,0,0,0,0,0\n");
+    setenv("XDG_CURRENT_DESKTOP", "KDE", 1);
+    setenv("KDE_SESSION_VERSION", "5", 1);
+    Start({ProjectPath()});
+    unsetenv("XDG_CURRENT_DESKTOP");
+    unsetenv("KDE_SESSION_VERSION");
+    ExpectWindow(Caption());
+    PressTo("ctrl+e", "Parameters");
+    EXPECT_TRUE(Eventually([&] { return ActivePlace().width > plain + 200; }))
+        << ActivePlace().width << ", " << plain;
+    PressTo("Escape", Caption());
 }
 
 TEST_F(Windows, AFormThatWaitsForAnotherOneHandsItTheKeyboard) {
