@@ -69,11 +69,11 @@ class Risk : public StudyCommand {
   protected:
     std::vector<std::string> Examples() const override {
         return {"tarvokol-cli risk panel.TKL --random CoalStrength=lognormal:100%:15%",
-                "tarvokol-cli risk panel.TKL --random CoalStrength=normal:900:135 --random "
-                "DepthCover=triangular:90%:100%:120% -o risk.png",
+                ("tarvokol-cli risk panel.TKL --random CoalStrength=normal:900:135 --random "
+                 "DepthCover=triangular:90%:100%:120% -o risk.png"),
                 "tarvokol-cli risk panel.TKL --random CoalStrength=data:strengths.csv:Strength",
-                "tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --below Overall=1.3 --below "
-                "WebsOnly=1.3",
+                ("tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --below Overall=1.3 --below "
+                 "WebsOnly=1.3"),
                 "tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --samples 1000000 --json"};
     }
     int Study(HeadlessPlatform& host) override;
