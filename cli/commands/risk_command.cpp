@@ -4,6 +4,7 @@
 
 #include "cli/commands/commands.h"
 #include "cli/commands/random_options.h"
+#include "cli/commands/risk_extras.h"
 #include "cli/commands/risk_json.h"
 #include "cli/commands/risk_text.h"
 #include "cli/commands/samples_file.h"
@@ -17,7 +18,9 @@
 #include "cli/output/study_rows.h"
 #include "core/files/csv_writer.h"
 #include "core/statistics/study_numbers.h"
+#include "core/studies/rare_events.h"
 #include "core/studies/risk_study.h"
+#include "core/studies/sobol_study.h"
 #include "core/studies/study_names.h"
 
 namespace tarvokol::cli {
@@ -74,6 +77,8 @@ class Risk : public StudyCommand {
                 "tarvokol-cli risk panel.TKL --random CoalStrength=data:strengths.csv:Strength",
                 ("tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --below Overall=1.3 --below "
                  "WebsOnly=1.3"),
+                ("tarvokol-cli risk panel.TKL --random CoalStrength=lognormal:100%:15% --random "
+                 "DepthCover=normal:100%:5% --sobol"),
                 "tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --samples 1000000 --json"};
     }
     int Study(HeadlessPlatform& host) override;
@@ -81,10 +86,13 @@ class Risk : public StudyCommand {
   private:
     RiskRequest RequestFor(const Panel& project, bool keep_samples) const;
     std::vector<std::string> SampleTitles(const RiskRequest& request) const;
-    void Write(const OutputTarget& target, const RiskRequest& request, const RiskResult& result) const;
+    RiskExtras ExtrasOf(const RiskRequest& request, const RiskResult& result) const;
+    void Write(const OutputTarget& target, const RiskRequest& request, const RiskResult& result,
+               const RiskExtras& extras) const;
 
     RandomOptions random_;
     std::vector<std::string> below_;
+    bool sobol_ = false;
     std::string samples_out_;
     bool bare_header_ = false;
 };
@@ -98,6 +106,11 @@ void Risk::Describe(CommandOptions& options) {
                            "BarrierPillar, any number of times",
                    .value = "FACTOR=TARGET"},
                   below_);
+    options.Flag(
+        {.spelling = "--sobol",
+         .help = "Sobol' indices with 95 % intervals: what share of a factor's variance goes with each "
+                 "field; of independent fields"},
+        sobol_);
     options.Text({.spelling = "--samples-out",
                   .help = "Write all samples as CSV; `-`: standard output",
                   .value = "FILE.csv",
@@ -123,18 +136,30 @@ std::vector<std::string> Risk::SampleTitles(const RiskRequest& request) const {
     return titles;
 }
 
-void Risk::Write(const OutputTarget& target, const RiskRequest& request, const RiskResult& result) const {
-    const std::string json = RiskJson(request, result, Project()).Line();
+void Risk::Write(const OutputTarget& target, const RiskRequest& request, const RiskResult& result,
+                 const RiskExtras& extras) const {
+    const std::string json = RiskJson(request, result, Project(), extras).Line();
     const std::string path = target.PathFor(Project());
     if (target.Format() == ".json")
         target.WriteBytes(path, json);
     else if (target.Format() == ".txt")
-        target.WriteBytes(path, RiskText(request, result, Title()));
+        target.WriteBytes(path, RiskText(request, result, Title(), extras));
     else if (target.ToFile())
         target.Write(path, [&](const std::string& name) { DrawRisk(request, result, Title(), name); });
     if (options_.json) std::cout << json;
     if (!options_.json && !target.ToFile())
-        std::cout << ForStandardOutput(RiskText(request, result, Title()));
+        std::cout << ForStandardOutput(RiskText(request, result, Title(), extras));
+}
+
+RiskExtras Risk::ExtrasOf(const RiskRequest& request, const RiskResult& result) const {
+    RiskExtras extras;
+    if (sobol_) {
+        StudyProgress progress(options_.quiet, "samples");
+        extras.sobol = RunSobol(request, progress);
+    }
+    StudyProgress progress(options_.quiet, "samples");
+    extras.rare = *RunRareEvents(request, result, progress);
+    return extras;
 }
 
 int Risk::Study(HeadlessPlatform& host) {
@@ -143,13 +168,16 @@ int Risk::Study(HeadlessPlatform& host) {
     if (target.IsDrawn()) TheDrawing();
     const Panel project = ReadProject(host);
     const RiskRequest request = RequestFor(project, samples.IsAsked() || target.IsDrawn());
+    if (sobol_ && !request.correlations.empty())
+        throw UsageError{"--sobol: the indices are told of independent fields; leave out --correlate"};
     if (target.ToFile()) target.Prepare(target.PathFor(Project()));
     const RiskResult result = *OfOption("--correlate", [&] {
         StudyProgress progress(options_.quiet, "samples");
         return RunRisk(request, progress);
     });
+    const RiskExtras extras = ExtrasOf(request, result);
     if (samples.IsAsked()) WriteSamples(request, result, SampleTitles(request), *samples.Open());
-    Write(target, request, result);
+    Write(target, request, result, extras);
     if (result.refused == 0) return exit_status::Done;
     const bool all = result.refused == request.samples;
     SayOf(Project(), (all ? "every sample was" : RefusedWords(result.refused, request.samples) + " were") +

@@ -2,6 +2,7 @@
 #include "cli/commands/risk_json.h"
 
 #include <limits>
+#include <vector>
 
 #include "core/statistics/study_numbers.h"
 #include "core/studies/study_figures.h"
@@ -25,7 +26,27 @@ JsonMembers BelowJson(const BelowTarget& below) {
     return object;
 }
 
-JsonMembers FactorJson(const RiskRequest& request, const FactorRisk& risk) {
+JsonMembers IndexJson(const SobolIndex& index) {
+    JsonMembers object;
+    object.Add("index", index.value);
+    object.Add("low", index.low);
+    object.Add("high", index.high);
+    return object;
+}
+
+JsonMembers SobolJson(const RiskRequest& request, const std::vector<FieldIndices>& indices) {
+    JsonMembers object;
+    for (std::size_t field = 0; field < request.fields.size(); ++field) {
+        JsonMembers of_field;
+        of_field.Add("first", IndexJson(indices[field].first));
+        of_field.Add("total", IndexJson(indices[field].total));
+        object.Add(NameOfField(request.fields[field].field), of_field);
+    }
+    return object;
+}
+
+JsonMembers FactorJson(const RiskRequest& request, const FactorRisk& risk,
+                       const std::vector<FieldIndices>* indices) {
     JsonMembers quantiles;
     for (std::size_t i = 0; i < kRiskShares.size(); ++i) {
         std::string key;
@@ -43,6 +64,55 @@ JsonMembers FactorJson(const RiskRequest& request, const FactorRisk& risk) {
     object.Add("quantiles", quantiles);
     object.Add("below", targets);
     object.Add("rank_correlation", ranks);
+    if (indices != nullptr) object.Add("sobol", SobolJson(request, *indices));
+    return object;
+}
+
+const char* NameOfOutcome(RareOutcome outcome) {
+    switch (outcome) {
+        case RareOutcome::Estimated:
+            return "estimated";
+        case RareOutcome::RefusedSamples:
+            return "refused-samples";
+        case RareOutcome::NoDesignPoint:
+            return "no-design-point";
+        case RareOutcome::Several:
+            return "several-design-points";
+        case RareOutcome::FewHits:
+            return "few-hits";
+        case RareOutcome::Contradiction:
+            return "contradiction";
+    }
+    return "";
+}
+
+JsonMembers RareJson(const RiskRequest& request, const RiskResult& result, const RareEvent& event) {
+    const BelowTarget& below = result.risk[event.factor].below[event.target];
+    JsonMembers object;
+    object.Add("factor", kStudyFigures[event.factor].name);
+    object.Add("target", below.target);
+    object.Add("own_target", below.own_target);
+    object.Add("outcome", NameOfOutcome(event.outcome));
+    if (!event.figures.empty()) {
+        JsonMembers importance;
+        JsonMembers figures;
+        for (std::size_t field = 0; field < request.fields.size(); ++field) {
+            const char* const name = NameOfField(request.fields[field].field);
+            importance.Add(name, event.importance[field]);
+            figures.Add(name, event.figures[field]);
+        }
+        object.Add("reliability_index", event.index);
+        object.Add("importance", importance);
+        object.Add("design_point", figures);
+    }
+    if (event.outcome == RareOutcome::Estimated) {
+        object.Add("probability", event.probability);
+        object.Add("low", event.low);
+        object.Add("high", event.high);
+        object.Add("coverage", kConfidence);
+        object.Add("variation", event.variation);
+        object.Add("samples", event.samples);
+    }
     return object;
 }
 
@@ -68,7 +138,8 @@ void AddShare(JsonMembers& object, const Share& share) {
         object.Add("interval", NameOfKind(share.kind));
 }
 
-JsonMembers RiskJson(const RiskRequest& request, const RiskResult& result, const std::string& file) {
+JsonMembers RiskJson(const RiskRequest& request, const RiskResult& result, const std::string& file,
+                     const RiskExtras& extras) {
     JsonMembers random;
     JsonMembers units;
     for (const RandomField& one : request.fields) {
@@ -78,7 +149,9 @@ JsonMembers RiskJson(const RiskRequest& request, const RiskResult& result, const
     }
     JsonMembers factors;
     for (std::size_t factor = 0; factor < kFactors; ++factor)
-        factors.Add(kStudyFigures[factor].name, FactorJson(request, result.risk[factor]));
+        factors.Add(kStudyFigures[factor].name,
+                    FactorJson(request, result.risk[factor],
+                               extras.sobol ? &extras.sobol->indices[factor] : nullptr));
     JsonMembers object;
     object.Add("file", file);
     object.Add("ok", result.refused < request.samples);
@@ -91,6 +164,10 @@ JsonMembers RiskJson(const RiskRequest& request, const RiskResult& result, const
     object.Add("random", random);
     object.Add("factors", factors);
     object.Add("joint", JointJson(result.joint));
+    JsonValues rare;
+    for (const RareEvent& event : extras.rare) rare.Add(RareJson(request, result, event));
+    object.Add("rare", rare);
+    if (extras.sobol) object.Add("sobol_refused", extras.sobol->refused);
     object.Add("units", units);
     object.Add("schema", kSchemaVersion);
     return object;

@@ -105,6 +105,65 @@ std::vector<Share> SharesOf(const RiskResult& result) {
     return shares;
 }
 
+// One line each for an index of a field and the ends of its interval.
+void AddIndex(std::string& text, const std::string& title, const SobolResult& sobol, std::size_t field,
+              SobolIndex FieldIndices::*index) {
+    const auto line = [&](const std::string& name, double SobolIndex::*figure) {
+        AddLine(text, name, [&](std::size_t f) { return Short(sobol.indices[f][field].*index.*figure); });
+    };
+    line(title, &SobolIndex::value);
+    line("  95 % interval, from", &SobolIndex::low);
+    line("  to", &SobolIndex::high);
+}
+
+void AddSobol(std::string& text, const RiskRequest& request, const SobolResult& sobol) {
+    for (std::size_t field = 0; field < request.fields.size(); ++field) {
+        const std::string name = NameOfField(request.fields[field].field);
+        AddIndex(text, "Sobol' first " + name, sobol, field, &FieldIndices::first);
+        AddIndex(text, "Sobol' total " + name, sobol, field, &FieldIndices::total);
+    }
+    if (sobol.refused > 0)
+        text += "Sobol' indices without " + RefusedWords(sobol.refused, request.samples) +
+                " of which a panel was refused\n";
+}
+
+// Why the study's own samples have to do.
+const char* WhyPlain(RareOutcome outcome) {
+    switch (outcome) {
+        case RareOutcome::RefusedSamples:
+            return "samples were refused; plain sampling stands";
+        case RareOutcome::NoDesignPoint:
+            return "no design point was found; plain sampling stands";
+        case RareOutcome::Several:
+            return "there are several design points; plain sampling stands";
+        case RareOutcome::FewHits:
+            return "samples around the design point lie below too rarely; plain sampling stands";
+        case RareOutcome::Contradiction:
+            return "samples around the design point contradict the plain ones, which stand";
+        case RareOutcome::Estimated:
+            break;
+    }
+    return "";
+}
+
+void AddRare(std::string& text, const RiskRequest& request, const RiskResult& result,
+             const RareEvent& event) {
+    const BelowTarget& below = result.risk[event.factor].below[event.target];
+    text += std::string("Rare: ") + kStudyFigures[event.factor].name + " below " +
+            (below.own_target ? std::string("its target") : Short(below.target)) + ": ";
+    if (event.outcome == RareOutcome::Estimated)
+        text += Short(event.probability) + " (" + Short(event.low) + " to " + Short(event.high) +
+                ", importance sampling, coefficient of variation " + Short(100.0 * event.variation) + " %)\n";
+    else
+        text += std::string(WhyPlain(event.outcome)) + '\n';
+    if (event.figures.empty()) return;
+    text += "  reliability index " + Short(event.index) + "; design point:";
+    for (std::size_t field = 0; field < request.fields.size(); ++field)
+        text += std::string(field == 0 ? " " : ", ") + NameOfField(request.fields[field].field) + ' ' +
+                Short(event.figures[field]) + " (importance " + Short(event.importance[field]) + ')';
+    text += '\n';
+}
+
 // The targets that are random fields themselves.
 void AddOwnTargets(std::string& text, const RiskRequest& request) {
     for (const RandomField& one : request.fields)
@@ -114,7 +173,8 @@ void AddOwnTargets(std::string& text, const RiskRequest& request) {
 
 }  // namespace
 
-std::string RiskText(const RiskRequest& request, const RiskResult& result, const std::string& title) {
+std::string RiskText(const RiskRequest& request, const RiskResult& result, const std::string& title,
+                     const RiskExtras& extras) {
     std::string text = title + "\n\n";
     for (const RandomField& one : request.fields)
         text += Padded(NameOfField(one.field), 20) + one.distribution->Text() + "\n";
@@ -133,7 +193,9 @@ std::string RiskText(const RiskRequest& request, const RiskResult& result, const
     for (std::size_t field = 0; field < request.fields.size(); ++field)
         AddLine(text, std::string("Rank correlation ") + NameOfField(request.fields[field].field),
                 [&](std::size_t f) { return Short(result.risk[f].rank_correlation[field]); });
+    if (extras.sobol) AddSobol(text, request, *extras.sobol);
     AddJoint(text, result);
+    for (const RareEvent& event : extras.rare) AddRare(text, request, result, event);
     return text + KindsText(SharesOf(result), request.latin);
 }
 

@@ -174,6 +174,19 @@ std::span<double> RiskDraw::Figures(Lists& lists, std::size_t field, const DrawP
     return figures;
 }
 
+void RiskDraw::FiguresAt(std::span<const double> normals, std::span<double> figures) const {
+    for (const std::size_t field : order_) {
+        double z = normals[field];
+        const auto found = std::find(correlated_.begin(), correlated_.end(), field);
+        if (found != correlated_.end()) {
+            const auto& weights = triangle_[static_cast<std::size_t>(found - correlated_.begin())];
+            z = 0.0;
+            for (std::size_t k = 0; k < correlated_.size(); ++k) z += weights[k] * normals[correlated_[k]];
+        }
+        request_.fields[field].distribution->FillFromNormal({&z, 1}, figures.subspan(field, 1));
+    }
+}
+
 std::span<double> RiskDraw::RankKeys(Lists& lists, std::size_t field, const DrawPiece& piece) const {
     if (RisesWithItsShare(field)) {
         const auto keys = std::span(lists.shares[field]).first(piece.count);

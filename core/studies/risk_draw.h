@@ -66,6 +66,10 @@ class RiskDraw {
     // Numbers in the order of the values that the field has stored.
     std::span<double> RankKeys(Lists& lists, std::size_t field, const DrawPiece& piece) const;
 
+    // The figures of all fields at a place in the space of independent standard normal figures; both lists have one number per
+    // field, by its position in the request. Correlated fields share the normal figures of those before them.
+    void FiguresAt(std::span<const double> normals, std::span<double> figures) const;
+
   private:
     bool IsMixed(std::size_t field) const;
     bool RisesWithItsShare(std::size_t field) const;

@@ -214,6 +214,8 @@ TEST_F(Help, TellsOfRisks) {
                   "  tarvokol-cli risk panel.TKL --random CoalStrength=data:strengths.csv:Strength\n"
                   "  tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --below Overall=1.3 \\\n"
                   "      --below WebsOnly=1.3\n"
+                  "  tarvokol-cli risk panel.TKL --random CoalStrength=lognormal:100%:15% \\\n"
+                  "      --random DepthCover=normal:100%:5% --sobol\n"
                   "  tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --samples 1000000 --json\n"));
 }
 

@@ -266,6 +266,31 @@ TEST_F(RiskCommand, HoldsFactorsAgainstTargetsAskedFor) {
     EXPECT_EQ(object["factors"]["BarrierPillar"]["below"].size(), 2u);
 }
 
+// Of a product of two lognormal figures with variations of 0.15 and 0.1 the variance is 0.032725 of the squared mean: 0.0225 and
+// 0.01 of it go with one of them alone, 0.022725 and 0.010225 with all that it does.
+TEST_F(RiskCommand, SobolIndicesAreThoseOfTheClosedForm) {
+    const std::vector<std::string> fields{"--random", "CoalStrength=lognormal:100%:15%", "--random",
+                                          "UnitWeight=lognormal:100%:10%"};
+    std::vector<std::string> words = fields;
+    words.insert(words.end(), {"--sobol", "--samples", "40000"});
+    const json object = Risk(words);
+    EXPECT_EQ(object["sobol_refused"], 0);
+    const json& webs = object["factors"]["WebsOnly"]["sobol"];
+    EXPECT_NEAR(webs["CoalStrength"]["first"]["index"], 0.687548, 0.02);
+    EXPECT_NEAR(webs["CoalStrength"]["total"]["index"], 0.694423, 0.02);
+    EXPECT_NEAR(webs["UnitWeight"]["first"]["index"], 0.305577, 0.02);
+    EXPECT_NEAR(webs["UnitWeight"]["total"]["index"], 0.312452, 0.02);
+    EXPECT_LT(webs["UnitWeight"]["total"]["low"], 0.312452);
+    EXPECT_GT(webs["UnitWeight"]["total"]["high"], 0.312452);
+    // Nothing else changes.
+    json without = object;
+    without.erase("sobol_refused");
+    for (auto& factor : without["factors"]) factor.erase("sobol");
+    words = fields;
+    words.insert(words.end(), {"--samples", "40000"});
+    EXPECT_EQ(Risk(words), without);
+}
+
 TEST_F(RiskCommand, TextAndPictures) {
     Project("p.TKL");
     const CliAnswer text =
@@ -325,6 +350,8 @@ TEST_F(RiskCommand, WrongUsageIsToldInOneLine) {
     refused(with({"--correlate", "Height,DepthCover=0.9", "--correlate", "DepthCover,HoleWidth=0.9",
                   "--correlate", "Height,HoleWidth=-0.9"}),
             "not positive definite");
+    refused(with({"--sobol", "--correlate", "Height,DepthCover=0.5"}),
+            "--sobol: the indices are told of independent fields; leave out --correlate\n");
     refused(with({"--below", "WebsOnly"}), "--below: \"WebsOnly\" has no \"=\"; write FACTOR=TARGET\n");
     refused(with({"--below", "Webs=1.3"}), "--below: unknown figure \"Webs\"; the figures are Overall,");
     refused(

@@ -67,6 +67,11 @@ TEST_F(RiskWords, OfAFigureThatDoesNotVary) {
         "  interval                                 exact         exact         exact\n"
         "Rank correlation CoalStrength                  -             -             -\n"
         "Webs or barrier (or both) below the target: below 0.84 (0 to 0.84189, exact)\n"
+        "Rare: Overall below 1: no design point was found; plain sampling stands\n"
+        "Rare: WebsOnly below 1.6: no design point was found; plain sampling stands\n"
+        "Rare: WebsOnly below 1: no design point was found; plain sampling stands\n"
+        "Rare: BarrierPillar below 2: no design point was found; plain sampling stands\n"
+        "Rare: BarrierPillar below 1: no design point was found; plain sampling stands\n"
         "exact: Clopper and Pearson's interval of the counts, where there are too few hits or misses\n");
 }
 
@@ -110,6 +115,56 @@ TEST_F(RiskWords, OfTargetsAskedFor) {
                           "  to                                           -             1             1\n"
                           "  interval                                     -         exact         exact\n"
                           "Rank correlation"));
+}
+
+// Webs of 4.7199928 fall to 1.6 with a strength of 305.08522 psi, 4.4067762 deviations below the mean: 5.246 in a million.
+TEST_F(RiskWords, OfRareEvents) {
+    const std::string text = Risk({"--random", "CoalStrength=normal:900:135"}).out;
+    EXPECT_THAT(text,
+                ContainsRegex(
+                    "\nRare: WebsOnly below 1\\.6: 5\\.[123][0-9]*e-06 \\(5\\.[0-9]+e-06 to 5\\.[0-9]+e-06, "
+                    "importance sampling, coefficient of variation 0\\.[0-9]+ %\\)\n"
+                    "  reliability index 4\\.4068; design point: CoalStrength 305\\.0[89][0-9]* "
+                    "\\(importance 1\\)\n"));
+    const nlohmann::json rare = Risk({"--random", "CoalStrength=normal:900:135", "--json"}).Object()["rare"];
+    ASSERT_EQ(rare.size(), 5u);
+    const nlohmann::json& webs = rare[1];
+    EXPECT_EQ(webs["factor"], "WebsOnly");
+    EXPECT_EQ(webs["outcome"], "estimated");
+    EXPECT_NEAR(webs["reliability_index"], 4.4067762, 1e-4);
+    EXPECT_NEAR(webs["importance"]["CoalStrength"], 1, 1e-9);
+    EXPECT_NEAR(webs["design_point"]["CoalStrength"], 305.08522, 0.02);
+    EXPECT_LT(webs["low"], 5.2460e-6);
+    EXPECT_GT(webs["high"], 5.2460e-6);
+    EXPECT_LT(webs["variation"], 0.05);
+    EXPECT_EQ(webs["samples"], 100000);
+}
+
+TEST_F(RiskWords, RefusedSamplesLeaveRareEventsToPlainSampling) {
+    EXPECT_THAT(Risk({"--random", "Height=uniform:-1:3", "--samples", "400"}).out,
+                HasSubstr("\nRare: WebsOnly below 1.6: samples were refused; plain sampling stands\n"));
+}
+
+// A strength alone has the whole variance of the factors, and a barrier none of that of the webs.
+TEST_F(RiskWords, OfSobolIndices) {
+    const std::string text = Risk({"--random", "CoalStrength=normal:900:90", "--random",
+                                   "BarrierPillarWidth=normal:20:0", "--samples", "5000", "--sobol"})
+                                 .out;
+    for (const char* kind : {"first", "total"}) {
+        const std::string title = std::string("Sobol' ") + kind;
+        for (const double index : Line(text, title + " CoalStrength")) EXPECT_NEAR(index, 1, 0.06);
+        EXPECT_THAT(
+            text,
+            HasSubstr('\n' + title +
+                      " BarrierPillarWidth                0             0             0\n"
+                      "  95 % interval, from                          0             0             0\n"
+                      "  to                                           0             0             0\n"));
+    }
+    EXPECT_THAT(text, testing::Not(HasSubstr("Sobol' indices without")));
+    EXPECT_THAT(
+        Risk({"--random", "Height=uniform:-1:3", "--samples", "400", "--sobol"}).out,
+        ContainsRegex("\nSobol' indices without [0-9]+ of 400 samples \\([0-9.]+ %\\) of which a panel was "
+                      "refused\n"));
 }
 
 // Of the heights from -1 to 3 the refused ones count as below with every target.
@@ -175,8 +230,9 @@ TEST_F(RiskWords, TheObjectHasItsKeysInOrder) {
         for (const auto& [key, value] : of.items()) names.push_back(key);
         return names;
     };
-    EXPECT_THAT(keys(object), ElementsAre("file", "ok", "messages", "samples", "seed", "method", "refused",
-                                          "refused_share", "random", "factors", "joint", "units", "schema"));
+    EXPECT_THAT(keys(object),
+                ElementsAre("file", "ok", "messages", "samples", "seed", "method", "refused", "refused_share",
+                            "random", "factors", "joint", "rare", "units", "schema"));
     EXPECT_EQ(object["file"], "p.TKL");
     EXPECT_EQ(object["ok"], true);
     EXPECT_EQ(object["samples"], 400);

@@ -129,7 +129,7 @@ def run_all(commands, folder, examples):
         commands.run("sweep", project, "--json", "--size", *varied[8:], objects=2 ** 7)
         commands.run("table", project, "rows.csv", "--json", "--size", objects=3)
         commands.run("risk", project, "--json", "--samples", "100", "--random", "Height=uniform:1:12", "--random",
-                     "DepthCover=normal:100%:10%", "--below", "WebsOnly=1.3", objects=1)
+                     "DepthCover=normal:100%:10%", "--below", "WebsOnly=1.3", "--sobol", objects=1)
     commands.run("table", sound[0], every_field(folder), "--json", objects=1)
     commands.run("risk", sound[0], "--json", "--samples", "50", "--random", "Height=uniform:-2:-1", objects=1)
     for project in ["torn.TKL", "other.TKL", "empty.TKL", "missing.TKL"]:
