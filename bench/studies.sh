@@ -29,6 +29,13 @@ risk_ours() {
     "$cli" risk --quiet --json "$project" --random CoalStrength=lognormal:100%:15% --random DepthCover=triangular:90%:100%:120% \
         --random Height=normal:100%:5% --samples "$samples" >"$folder/risk.json"
 }
+# 2500 cells with 10,000 samples each, and as many panels of a grid without output, on one thread both.
+cells_ours() {
+    "$cli" sweep --quiet --threads 1 "$project" --vary WebThickness=2:12/50 --vary DepthCover=50:900/50 \
+        --random CoalStrength=lognormal:100%:15% --samples 10000 --force -o "$folder/cells.csv"
+}
+cells_grid() { "$build/bench/study_loop" strengths 5000; }
+cells_depths() { "$build/bench/study_loop" ours 5000; }
 risk_numpy() { python3 "$peers/risk_numpy.py" "$samples" >"$folder/risk_numpy.json"; }
 
 have() { python3 -c "import $1" 2>/dev/null; }
@@ -64,9 +71,11 @@ seconds() {
 }
 median() { sort -n "$1" | awk '{ v[NR] = $1 } END { print v[int((NR + 1) / 2)] }'; }
 
-[ ! -x "$build/bench/study_loop" ] || sweeps+=" calculation loop"
+cells=ours
+[ ! -x "$build/bench/study_loop" ] || { sweeps+=" calculation loop"; cells+=" grid depths"; }
 for ((turn = 0; turn < runs; ++turn)); do
     for what in $sweeps; do seconds "sweep_$what" >>"$folder/sweep_$what.times"; done
+    for what in $cells; do seconds "cells_$what" >>"$folder/cells_$what.times"; done
     for what in $risks; do seconds "risk_$what" >>"$folder/risk_$what.times"; done
 done
 
@@ -84,5 +93,8 @@ report sweep_numpy "  NumPy and pandas" sweep_ours
 report sweep_octave "  Octave" sweep_ours
 report sweep_calculation "calculation alone, one thread" sweep_loop
 report sweep_loop "  hand-written loop over the formulas" sweep_loop
+report cells_ours "probabilities of 50 x 50 cells, one thread" cells_grid
+report cells_grid "  25 million panels of a grid of strengths" cells_grid
+report cells_depths "  25 million panels of a grid of depths" cells_grid
 report risk_ours "risk with $samples samples" risk_ours
 report risk_numpy "  NumPy" risk_ours

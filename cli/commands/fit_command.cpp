@@ -198,9 +198,8 @@ class Fit : public Command {
     }
 
     std::string Footer() const override {
-        return "normal, lognormal, weibull, gumbel and gamma are fitted by maximum likelihood; the best, of "
-               "the "
-               "lowest\nBIC, stands first.\n\nExamples:\n"
+        return "normal, lognormal, weibull, gumbel and gamma are fitted by maximum likelihood; the best, of\n"
+               "the lowest BIC, stands first.\n\nExamples:\n"
                "  tarvokol-cli fit strengths.csv --column Strength --field CoalStrength\n"
                "  tarvokol-cli fit strengths.csv --column Strength -o strengths.png\n"
                "  tarvokol-cli fit strengths.csv --column Strength --json";

@@ -8,6 +8,7 @@
 #include "cli/line/command.h"
 #include "core/engine/panel_fields.h"
 #include "core/statistics/study_refusal.h"
+#include "core/studies/row_risk.h"
 
 namespace tarvokol::cli {
 
@@ -27,7 +28,8 @@ struct RowJob {
     bool sizes = false;  // suggested sizes, too
     bool bare_header = false;
     unsigned threads = 1;
-    bool quiet = false;  // no progress
+    bool quiet = false;     // no progress
+    RowRiskRequest risk{};  // the probabilities of each row, where they are asked for
 };
 
 class StudyCommand : public Command {
@@ -46,7 +48,7 @@ class StudyCommand : public Command {
     // The options that every study has, and the argument PROJECT.
     void AddStudy(CommandOptions& options, const std::string& output_help,
                   const std::vector<std::string>& formats);
-    // --size and --bare-header, for the studies that write rows.
+    // --size, --random, --samples and --bare-header, for the studies that write rows.
     void AddRowOptions(CommandOptions& options);
 
     // The project, read as every FILE is: into a fresh program, with the settings named. Raises DataError with what the
@@ -62,9 +64,11 @@ class StudyCommand : public Command {
 
     unsigned Threads() const;
     bool WithSizes() const { return sizes_; }
+    bool WithProbabilities() const { return !random_.empty(); }
     const std::string& Project() const { return project_; }
 
   private:
+    RowRiskRequest RiskOfRows() const;
     int Attempt(HeadlessPlatform& host);
     int TellFailure(const DataError& error) const;
 
@@ -72,6 +76,8 @@ class StudyCommand : public Command {
     std::string threads_;  // empty: one per core
     bool sizes_ = false;
     bool bare_header_ = false;
+    std::vector<std::string> random_;
+    std::string samples_;
 };
 
 // A field and what an option gives it: "Height=1:3:1".

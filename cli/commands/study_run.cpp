@@ -36,7 +36,7 @@ class SpareTexts {
 };
 
 RowLayout LayoutOf(const RowStudy& study, const RowJob& job) {
-    return {study.columns, job.sizes, job.bare_header, study.is_table};
+    return {study.columns, job.sizes, job.risk.IsAsked(), job.bare_header, study.is_table};
 }
 
 // The text of one piece, written in the thread that calculates it.
@@ -125,6 +125,8 @@ void AddSheetRow(RowSheet& book, const RowLayout& layout, std::span<const Leadin
         if (!layout.leading[i].carried)
             book.AddNumber(WholeNumber(leading[i]->text).value_or(std::numeric_limits<double>::quiet_NaN()));
     for (const StudyFigure& figure : StudyFigures(layout.sizes)) book.AddNumber(figures.*figure.value);
+    if (layout.probabilities)
+        for (const RowProbability& one : kRowProbabilities) book.AddNumber(figures.*one.value);
     book.AddText(figures.message);
     for (std::size_t i = 0; i < leading.size(); ++i)
         if (layout.leading[i].carried) book.AddText(leading[i]->text);

@@ -159,11 +159,13 @@ class Sweep : public StudyCommand {
 
   protected:
     std::vector<std::string> Examples() const override {
-        return {"tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 > depth.csv",
-                "tarvokol-cli sweep panel.TKL --vary WebThickness=2:12:0.5 --vary DepthCover=50:400:10 "
-                "--of WebsOnly -o map.svg",
-                "tarvokol-cli sweep panel.TKL --vary NumberHoles=5,10,15,20 --size -o sizes.xlsx",
-                "tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 --part 1/4 -o part1.csv"};
+        return {
+            "tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 > depth.csv",
+            "tarvokol-cli sweep panel.TKL --vary WebThickness=2:12:0.5 --vary DepthCover=50:400:10 "
+            "--of WebsOnly -o map.svg",
+            "tarvokol-cli sweep panel.TKL --vary NumberHoles=5,10,15,20 --size -o sizes.xlsx",
+            "tarvokol-cli sweep panel.TKL --vary WebThickness=3:6:0.5 --random CoalStrength=normal:100%:15%",
+            "tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 --part 1/4 -o part1.csv"};
     }
 
     int Study(HeadlessPlatform& host) override {
@@ -172,11 +174,14 @@ class Sweep : public StudyCommand {
         const RowTarget target(options_);
         if (!part_.empty() && target.Kind() == RowTarget::Picture)
             throw UsageError{"--part: a picture shows all rows"};
+        if (WithProbabilities() && target.Kind() == RowTarget::Picture)
+            throw UsageError{"-o: probabilities are written as .csv, .json or .xlsx, not drawn"};
         if (target.IsDrawn()) TheDrawing();
         const RowJob job = JobFor(ReadProject(host));
         request.panel = job.project;
         request.sizes = job.sizes;
         request.threads = job.threads;
+        request.risk = job.risk;
         if (target.Kind() != RowTarget::Picture) {
             const std::vector<TextAxis> axes(request.axes.begin(), request.axes.end());
             return WriteRows(StudyOf(request, axes), job, target);

@@ -69,7 +69,8 @@ void CheckWholeFile(const std::string& path, const Panel& project) {
 
 int WriteTable(std::istream& input, const std::string& name, const RowJob& job, const RowTarget& target) {
     CsvReader reader(input, name);
-    TableRequest request{job.project, ColumnsOf(reader, job.project), {}, {}, job.sizes, job.threads};
+    TableRequest request{job.project, ColumnsOf(reader, job.project), {}, {}, job.sizes, job.threads,
+                         job.risk};
     request.rows = [&](TableRow& row) {
         if (!reader.Next(row)) return false;
         RequireSound(reader, request.columns, row);
@@ -114,6 +115,7 @@ class Table : public StudyCommand {
     std::vector<std::string> Examples() const override {
         return {"tarvokol-cli table panel.TKL boreholes.csv > factors.csv",
                 "tarvokol-cli table panel.TKL boreholes.csv --size -o factors.xlsx",
+                "tarvokol-cli table panel.TKL boreholes.csv --random CoalStrength=normal:100%:15%",
                 "cut -d, -f1-3 survey.csv | tarvokol-cli table panel.TKL - --json"};
     }
 

@@ -65,6 +65,8 @@ std::vector<std::string> TitlesOf(const RowLayout& layout) {
     for (const LeadingColumn& column : layout.leading)
         if (!column.carried) add(column.title, column.unit);
     for (const StudyFigure& figure : StudyFigures(layout.sizes)) add(figure.name, figure.unit);
+    if (layout.probabilities)
+        for (const RowProbability& one : kRowProbabilities) add(one.name, "");
     add(kMessageColumn, "");
     for (const LeadingColumn& column : layout.leading)
         if (column.carried) titles.push_back(names.Name(column.title));
@@ -86,6 +88,8 @@ RowWriter::RowWriter(RowFormat format, const std::string& project, RowLayout lay
         carried_keys_.push_back(column.carried ? keys.Name(column.title) : "");
     }
     for (const StudyFigure& figure : StudyFigures(layout_.sizes)) figure_keys_.emplace_back(figure.name);
+    if (layout_.probabilities)
+        for (const RowProbability& one : kRowProbabilities) figure_keys_.emplace_back(one.name);
     start_.Add("file", project);
     JsonMembers units;
     for (const LeadingColumn& column : ColumnsWithUnits(layout_)) units.Add(column.title, column.unit);
@@ -127,13 +131,18 @@ void RowWriter::AppendCsv(std::string& text, std::span<const LeadingCell* const>
     for (std::size_t i = 0; i < leading.size(); ++i)
         if (!layout_.leading[i].carried) line.AddDigits(leading[i]->text);
     // A million rows are written here: the figures go into the text as one piece.
-    std::array<char, kStudyFigures.size() * (kLongestNumber + 1)> cells;
+    std::array<char, (kStudyFigures.size() + kRowProbabilities.size()) * (kLongestNumber + 1)> cells;
     char* end = cells.data();
     std::size_t column = 0;
     for (const StudyFigure& figure : StudyFigures(layout_.sizes)) {
         if (column > 0) *end++ = CsvSeparator;
         end = texts.Write(end, column++, figures.*figure.value);
     }
+    if (layout_.probabilities)
+        for (const RowProbability& one : kRowProbabilities) {
+            *end++ = CsvSeparator;
+            end = texts.Write(end, column++, figures.*one.value);
+        }
     line.AddDigits({cells.data(), end});
     if (figures.message.empty())
         line.AddDigits("");
@@ -159,6 +168,11 @@ void RowWriter::AppendJson(std::string& text, std::span<const LeadingCell* const
         const char* end = texts.Write(digits.data(), column, figures.*figure.value);
         object.AddDigits(figure_keys_[column++], {digits.data(), end});
     }
+    if (layout_.probabilities)
+        for (const RowProbability& one : kRowProbabilities) {
+            const char* end = texts.Write(digits.data(), column, figures.*one.value);
+            object.AddDigits(figure_keys_[column++], {digits.data(), end});
+        }
     if (layout_.from_a_table) {
         JsonMembers row;
         for (std::size_t i = 0; i < leading.size(); ++i)

@@ -29,10 +29,11 @@ struct LeadingColumn {
 };
 
 // The columns of a study's rows. They are written in this order: the fields, the factors, the extraction ratio, the suggested
-// sizes where asked for, the message, the columns that were brought along.
+// sizes and the probabilities where asked for, the message, the columns that were brought along.
 struct RowLayout {
     std::vector<LeadingColumn> leading;
     bool sizes = false;
+    bool probabilities = false;
     bool bare_header = false;  // titles without units
     bool from_a_table =
         false;  // an object of JSON has a member `row` for what was brought along, also where that is nothing
@@ -60,7 +61,7 @@ class FigureTexts {
         std::size_t size = 0;
         std::array<char, kLongestNumber> digits{};
     };
-    std::array<Kept, kStudyFigures.size()> kept_;
+    std::array<Kept, kStudyFigures.size() + kRowProbabilities.size()> kept_;
     JsonMembers object_;
 };
 

@@ -2,6 +2,7 @@
 // The figures of one panel of a study: factors, extraction ratio and, where asked for, suggested sizes.
 #pragma once
 
+#include <limits>
 #include <optional>
 #include <string>
 
@@ -20,7 +21,11 @@ struct PanelFigures {
     double SuggestedWeb = 0;      // in, -1 where the solver fails
     double SuggestedBarrier = 0;  // in
     bool refused = false;         // by the input check or a run-time error: no factors
-    std::string message;          // why a figure is missing, or what the solver says; empty if all is well
+    // Shares of samples below the targets, of studies that draw them (core/studies/row_risk.h).
+    double ProbabilityOfWebs = std::numeric_limits<double>::quiet_NaN();
+    double ProbabilityOfBarrier = std::numeric_limits<double>::quiet_NaN();
+    double ProbabilityOfAny = std::numeric_limits<double>::quiet_NaN();
+    std::string message;  // why a figure is missing, or what the solver says; empty if all is well
 };
 
 // Calculates panels that differ from a project in a few fields. One for each thread.

@@ -15,6 +15,15 @@ struct WorkedPiece {
 
 }  // namespace
 
+const PanelFigures& FiguresOf(PanelEvaluator& panel, const std::optional<RowRisk>& risk,
+                              PanelFigures& with_risk) {
+    const PanelFigures& figures = panel.Evaluate();
+    if (!risk) return figures;
+    with_risk = figures;
+    risk->AddTo(with_risk, panel.Inputs());
+    return with_risk;
+}
+
 bool RunRows(RowSource& source, const Panel& project, bool sizes, unsigned threads, RowObserver& observer) {
     // One evaluator a piece: making it costs less than a row.
     const auto work = [&](RowPiece& piece) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/files/csv_reader.h"
+#include "core/studies/row_risk.h"
 #include "core/studies/study_rows.h"
 
 namespace tarvokol {
@@ -17,6 +18,10 @@ struct RowPiece {
     std::uint64_t count = 0;
     std::vector<TableRow> records;
 };
+
+// The figures of a row; `with_risk` holds them where probabilities belong to them.
+const PanelFigures& FiguresOf(PanelEvaluator& panel, const std::optional<RowRisk>& risk,
+                              PanelFigures& with_risk);
 
 class RowSource {
   public:

@@ -64,6 +64,18 @@ constexpr std::span<const StudyFigure> StudyFigures(bool sizes) {
         .first(sizes ? kStudyFigures.size() : detail::FiguresUpTo(FigureKind::Share));
 }
 
+struct RowProbability {
+    const char* name;  // of the column and the JSON key
+    double PanelFigures::*value;
+};
+
+// What samples of a row tell, in the order of the columns: how likely webs, barrier, and either of them lie below their targets.
+inline constexpr std::array kRowProbabilities{
+    RowProbability{"P(WebsOnly)", &PanelFigures::ProbabilityOfWebs},
+    RowProbability{"P(BarrierPillar)", &PanelFigures::ProbabilityOfBarrier},
+    RowProbability{"P(any)", &PanelFigures::ProbabilityOfAny},
+};
+
 // The stability factors.
 constexpr std::span<const StudyFigure> FactorFigures() {
     return std::span(kStudyFigures).first(kFactors);

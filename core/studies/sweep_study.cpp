@@ -14,8 +14,14 @@ namespace {
 
 class SweepSource : public RowSource {
   public:
-    SweepSource(const std::vector<ValueAxis>& axes, std::uint64_t first, std::uint64_t end)
-        : axes_(axes), first_(first), end_(end), next_(first) {}
+    SweepSource(const SweepRequest& request, std::uint64_t first, std::uint64_t end)
+        : axes_(request.axes), first_(first), end_(end), next_(first) {
+        if (!request.risk.IsAsked()) return;
+        std::vector<PanelField> set;
+        set.reserve(axes_.size());
+        for (const ValueAxis& axis : axes_) set.push_back(axis.Field());
+        risk_.emplace(request.risk, request.panel, set);
+    }
 
     std::optional<std::uint64_t> Total() const override { return end_ - first_; }
 
@@ -23,7 +29,7 @@ class SweepSource : public RowSource {
         if (next_ >= end_) return std::nullopt;
         RowPiece piece;
         piece.first = next_;
-        piece.count = std::min(kRowsAPiece, end_ - next_);
+        piece.count = std::min(risk_ ? kRiskRowsAPiece : kRowsAPiece, end_ - next_);
         next_ += piece.count;
         return piece;
     }
@@ -31,13 +37,14 @@ class SweepSource : public RowSource {
     void Work(const RowPiece& piece, PanelEvaluator& panel, RowTaker& taker) const override {
         std::vector<std::uint64_t> places = PlacesOf(piece.first);
         std::vector<double> values(axes_.size());
+        PanelFigures with_risk;
         const auto set = [&](std::size_t i) {
             values[i] = axes_[i][places[i]];
             panel.Set(axes_[i].Field(), values[i]);
         };
         for (std::size_t i = 0; i < axes_.size(); ++i) set(i);
         for (std::uint64_t row = 0; row < piece.count; ++row) {
-            taker.Take({piece.first + row, values, places, nullptr, panel.Evaluate()});
+            taker.Take({piece.first + row, values, places, nullptr, FiguresOf(panel, risk_, with_risk)});
             for (std::size_t i = axes_.size(); i-- > 0;) {
                 places[i] = places[i] + 1 < axes_[i].Count() ? places[i] + 1 : 0;
                 set(i);
@@ -58,6 +65,7 @@ class SweepSource : public RowSource {
     }
 
     const std::vector<ValueAxis>& axes_;
+    std::optional<RowRisk> risk_;
     std::uint64_t first_;
     std::uint64_t end_;
     std::uint64_t next_;
@@ -95,7 +103,7 @@ bool RunSweep(const SweepRequest& request, RowObserver& observer) {
     const std::uint64_t rows = request.Rows();
     const std::uint64_t first = std::min(request.first, rows);
     return WithinMemory("take fewer threads", [&] {
-        SweepSource source(request.axes, first, first + std::min(request.count, rows - first));
+        SweepSource source(request, first, first + std::min(request.count, rows - first));
         return RunRows(source, request.panel, request.sizes, request.threads, observer);
     });
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/engine/panel.h"
+#include "core/studies/row_risk.h"
 #include "core/studies/study_rows.h"
 #include "core/studies/value_axis.h"
 
@@ -17,6 +18,7 @@ struct SweepRequest {
     std::vector<ValueAxis> axes;
     bool sizes = false;  // the suggested sizes, too
     unsigned threads = 1;
+    RowRiskRequest risk{};  // the probabilities of each row, where they are asked for
 
     // A part of the rows: `count` of them from number `first` on, those that there are.
     std::uint64_t first = 0;

@@ -16,14 +16,22 @@ namespace {
 
 class TableSource : public RowSource {
   public:
-    explicit TableSource(const TableRequest& request) : request_(request), columns_(request.columns) {}
+    explicit TableSource(const TableRequest& request) : request_(request), columns_(request.columns) {
+        if (!request.risk.IsAsked()) return;
+        std::vector<PanelField> set;
+        set.reserve(columns_.Count());
+        for (std::size_t column = 0; column < columns_.Count(); ++column)
+            if (const auto field = columns_.Field(column)) set.push_back(*field);
+        risk_.emplace(request.risk, request.panel, set);
+    }
 
     std::optional<std::uint64_t> Total() const override { return request_.total; }
 
     std::optional<RowPiece> Next() override {
         RowPiece piece;
         piece.first = next_;
-        for (TableRow row; piece.records.size() < kRowsAPiece && request_.rows(row);) {
+        const std::uint64_t most = risk_ ? kRiskRowsAPiece : kRowsAPiece;
+        for (TableRow row; piece.records.size() < most && request_.rows(row);) {
             Require(row);
             piece.records.push_back(std::move(row));
         }
@@ -36,6 +44,7 @@ class TableSource : public RowSource {
     void Work(const RowPiece& piece, PanelEvaluator& panel, RowTaker& taker) const override {
         const PanelInputs project = panel.Inputs();
         std::vector<double> values;
+        PanelFigures with_risk;
         for (std::uint64_t i = 0; i < piece.count; ++i) {
             const TableRow& record = piece.records[i];
             values.clear();
@@ -46,7 +55,7 @@ class TableSource : public RowSource {
                 values.push_back(text.empty() ? ValueOfField(project, *field) : *WholeNumber(text));
                 panel.Set(*field, values.back());
             }
-            taker.Take({piece.first + i, values, {}, &record, panel.Evaluate()});
+            taker.Take({piece.first + i, values, {}, &record, FiguresOf(panel, risk_, with_risk)});
         }
     }
 
@@ -60,6 +69,7 @@ class TableSource : public RowSource {
 
     const TableRequest& request_;
     const TableColumns& columns_;
+    std::optional<RowRisk> risk_;
     std::uint64_t next_ = 0;
 };
 

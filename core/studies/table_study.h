@@ -10,6 +10,7 @@
 
 #include "core/engine/panel_fields.h"
 #include "core/files/csv_reader.h"
+#include "core/studies/row_risk.h"
 #include "core/studies/study_rows.h"
 
 namespace tarvokol {
@@ -52,6 +53,7 @@ struct TableRequest {
     std::optional<std::uint64_t> total;  // the number of rows, where it is known
     bool sizes = false;                  // the suggested sizes, too
     unsigned threads = 1;
+    RowRiskRequest risk{};  // the probabilities of each row, where they are asked for
 };
 
 // Calculates the rows of the request; the values of a row are those of the columns that are fields, in their order. False

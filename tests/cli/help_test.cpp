@@ -33,8 +33,13 @@ const Lines kOverwriting{"--force Replace existing files ",
                          "--stdin-project The project `-` is read from standard input "};
 const Lines kList{"-0,--null Paths on standard input end in NUL, as after find -print0 "};
 const Lines kThreads{"--threads N Threads to calculate on (default: one per core) "};
-const Lines kSizes{"--size The suggested sizes, too: SuggestedWeb and SuggestedBarrier, inches ",
-                   "--bare-header Names of columns without their units "};
+const Lines kSizes{
+    "--size The suggested sizes, too: SuggestedWeb and SuggestedBarrier, inches ",
+    "--random FIELD=DISTRIBUTION ... The probabilities that webs, barrier, or either lie below their targets, "
+    "too: P(WebsOnly), P(BarrierPillar), P(any); FIELD=DISTRIBUTION as risk takes it, in % of the row's "
+    "own figure; once per field ",
+    "--samples N Number of samples of each row (default 10000) ",
+    "--bare-header Names of columns without their units "};
 
 const std::string kFields =
     "\nFields, in the project's units: Height, DepthCover, HoleWidth, WebThickness, BarrierPillarWidth,\n"
@@ -165,6 +170,8 @@ TEST_F(Help, TellsOfSweeps) {
             "  tarvokol-cli sweep panel.TKL --vary WebThickness=2:12:0.5 --vary DepthCover=50:400:10 \\\n"
             "      --of WebsOnly -o map.svg\n"
             "  tarvokol-cli sweep panel.TKL --vary NumberHoles=5,10,15,20 --size -o sizes.xlsx\n"
+            "  tarvokol-cli sweep panel.TKL --vary WebThickness=3:6:0.5 \\\n"
+            "      --random CoalStrength=normal:100%:15%\n"
             "  tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 --part 1/4 -o part1.csv\n"));
 }
 
@@ -180,6 +187,8 @@ TEST_F(Help, TellsOfTables) {
     EXPECT_THAT(Run({"table", "--help"}).out,
                 HasSubstr(kFields + "  tarvokol-cli table panel.TKL boreholes.csv > factors.csv\n"
                                     "  tarvokol-cli table panel.TKL boreholes.csv --size -o factors.xlsx\n"
+                                    "  tarvokol-cli table panel.TKL boreholes.csv --random "
+                                    "CoalStrength=normal:100%:15%\n"
                                     "  cut -d, -f1-3 survey.csv | tarvokol-cli table panel.TKL - --json\n"));
 }
 

@@ -128,6 +128,9 @@ def run_all(commands, folder, examples):
         commands.run("sweep", project, "--json", *varied[:8], objects=16)
         commands.run("sweep", project, "--json", "--size", *varied[8:], objects=2 ** 7)
         commands.run("table", project, "rows.csv", "--json", "--size", objects=3)
+        drawn = ["--random", "UnitWeight=normal:100%:5%", "--samples", "50"]
+        commands.run("table", project, "rows.csv", "--json", *drawn, objects=3)
+        commands.run("sweep", project, "--json", "--vary", "NumberHoles=5,6", *drawn, objects=2)
         commands.run("risk", project, "--json", "--samples", "100", "--random", "Height=uniform:1:12", "--random",
                      "DepthCover=normal:100%:10%", "--below", "WebsOnly=1.3", "--sobol", objects=1)
     commands.run("table", sound[0], every_field(folder), "--json", objects=1)
