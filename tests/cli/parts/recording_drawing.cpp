@@ -92,6 +92,11 @@ void RecordingDrawing::DrawStudy(const std::string& path, const SpreadPicture& p
     Spreads.push_back(picture);
 }
 
+void RecordingDrawing::DrawStudy(const std::string& path, const FitPicture& picture) {
+    Kinds.push_back(KindOf(path));
+    Fits.push_back(picture);
+}
+
 std::unique_ptr<RowSheet> RecordingDrawing::RowWorkbook(const std::string& path) {
     Kinds.push_back(KindOf(path));
     return std::make_unique<RecordingSheet>(*this, path);

@@ -25,12 +25,14 @@ class RecordingDrawing : public Drawing {
     void DrawStudy(const std::string& path, const CurvesPicture& picture) override;
     void DrawStudy(const std::string& path, const MapPicture& picture) override;
     void DrawStudy(const std::string& path, const SpreadPicture& picture) override;
+    void DrawStudy(const std::string& path, const FitPicture& picture) override;
     std::unique_ptr<RowSheet> RowWorkbook(const std::string& path) override;
 
     std::vector<std::string> Calls;  // of the project commands, in words
     std::vector<CurvesPicture> Curves;
     std::vector<MapPicture> Maps;
     std::vector<SpreadPicture> Spreads;
+    std::vector<FitPicture> Fits;
     std::vector<std::string> Kinds;  // extensions of the pictures and workbooks
     std::vector<std::string> Titles;
     std::vector<SheetRow> Rows;  // of the workbook; none where KeepRows is false

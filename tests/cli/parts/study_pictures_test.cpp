@@ -237,5 +237,23 @@ TEST_F(StudyPictures, RefusedSamplesOfARiskAreNotDrawn) {
         for (const double share : panel.bars) EXPECT_NEAR(share * sound, std::round(share * sound), 1e-9);
 }
 
+// The bars are a density: together they are 1 between the least and the greatest value.
+TEST_F(StudyPictures, AFitGivesItsValuesAndTheDensitiesOfFiveDistributions) {
+    WriteBytes(PathTo("m.csv"), "Strength (psi)\n900\n800\n1000\n850\n950\n700\n1100\n900\n");
+    EXPECT_EQ(Run({"fit", PathTo("m.csv"), "--column", "Strength", "-o", PathTo("fit.svg")}), 0);
+    EXPECT_THAT(TheRecording().Kinds, ElementsAre(".svg"));
+    ASSERT_EQ(TheRecording().Fits.size(), 1u);
+    const FitPicture& picture = TheRecording().Fits[0];
+    EXPECT_EQ(picture.first_bar, 700);
+    EXPECT_EQ(picture.last_bar, 1100);
+    double sum = 0;
+    for (const double bar : picture.bars) sum += bar;
+    EXPECT_NEAR(sum * 400 / static_cast<double>(picture.bars.size()), 1, 1e-12);
+    EXPECT_EQ(picture.curves.size(), 5u);
+    ASSERT_EQ(picture.pairs.size(), 8u);
+    EXPECT_EQ(picture.pairs.front().y, 700);
+    EXPECT_EQ(picture.pairs.back().y, 1100);
+}
+
 }  // namespace
 }  // namespace tarvokol::cli
