@@ -20,7 +20,7 @@ function with_argument(argument, choices) {
     return argument == "" ? "" : " \\fI" escaped(argument) "\\fR"
 }
 
-# In lines of 78 characters at most, as a man page's source has them.
+# In lines of 78 characters at most, as a man page's source has them; none begins as a macro does.
 function folded(text,    words, count, i, line, lines) {
     count = split(text, words, " ")
     for (i = 1; i <= count; ++i) {
@@ -28,6 +28,7 @@ function folded(text,    words, count, i, line, lines) {
             lines = lines line "\n"
             line = ""
         }
+        if (line == "" && words[i] ~ /^[.\047]/) words[i] = "\\&" words[i]
         line = line (line == "" ? "" : " ") words[i]
     }
     return lines line

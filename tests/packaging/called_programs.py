@@ -178,7 +178,8 @@ def calls_of(tree, everything):
         elif name == "docs/recipes.md":
             for block in re.findall(r"^```sh\n(.*?)^```$", files[name].read_text(), re.MULTILINE | re.DOTALL):
                 calls.shell(block, name)
-    own = {path.stem for name, path in files.items() if kinds[name] == "py"}
+    own = {path.parent.name if path.stem == "__init__" else path.stem
+           for name, path in files.items() if kinds[name] == "py"}
     calls.modules = {module: name for module, name in calls.modules.items()
                      if module not in own and module not in sys.stdlib_module_names}
     calls.programs = {program: name for program, name in calls.programs.items() if not program.startswith("tarvokol")}
