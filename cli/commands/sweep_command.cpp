@@ -161,8 +161,9 @@ class Sweep : public StudyCommand {
     std::vector<std::string> Examples() const override {
         return {
             "tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 > depth.csv",
-            "tarvokol-cli sweep panel.TKL --vary WebThickness=2:12:0.5 --vary DepthCover=50:400:10 "
-            "--of WebsOnly -o map.svg",
+            // In brackets, as it is one text of two pieces.
+            ("tarvokol-cli sweep panel.TKL --vary WebThickness=2:12:0.5 --vary DepthCover=50:400:10 "
+             "--of WebsOnly -o map.svg"),
             "tarvokol-cli sweep panel.TKL --vary NumberHoles=5,10,15,20 --size -o sizes.xlsx",
             "tarvokol-cli sweep panel.TKL --vary WebThickness=3:6:0.5 --random CoalStrength=normal:100%:15%",
             "tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 --part 1/4 -o part1.csv"};

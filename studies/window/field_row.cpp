@@ -41,7 +41,7 @@ double NumberOf(const QLineEdit& box) {
 }  // namespace
 
 FieldRow::FieldRow(StudyModel& model, PanelField field, QGridLayout& grid, int row)
-    : model_(model), field_(field), page_(grid.parentWidget()) {
+    : QObject(grid.parentWidget()), model_(model), field_(field), page_(grid.parentWidget()) {
     const QString title = TitleOfField(field);
     title_ = new QLabel(page_);
     box_ = MakeBox("Box", "Figure of the project; figures follow while you type", kBoxDigits);

@@ -17,7 +17,7 @@ namespace tarvokol {
 
 class StudyModel;
 
-// Puts its controls into two rows of a grid. Their names are the field's with an ending: "DepthCover_Box",
+// Puts its controls into two rows of a grid, whose widget owns it. Their names are the field's with an ending: "DepthCover_Box",
 // "DepthCover_Slider", "DepthCover_Low", "DepthCover_High", "DepthCover_Fault".
 class FieldRow : public QObject {
     Q_OBJECT

@@ -37,9 +37,9 @@ struct FileStep {
     enum class Kind { Create, Write, Truncate, Sync, SyncFolder, Rename, Link, Remove };
     Kind kind = Kind::Create;
     std::uint64_t file = 0;
-    std::string path;        // of Create, SyncFolder, Remove; the old one of Rename and Link
-    std::string to;          // of Rename and Link
-    std::string bytes;       // of Write, which goes on where the one before ended
+    std::string path{};      // of Create, SyncFolder, Remove; the old one of Rename and Link
+    std::string to{};        // of Rename and Link
+    std::string bytes{};     // of Write, which goes on where the one before ended
     std::uint64_t size = 0;  // of Truncate
 };
 
