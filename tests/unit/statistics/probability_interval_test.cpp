@@ -31,12 +31,12 @@ TEST(ProbabilityInterval, LeavesTwoAndAHalfPercentOnEitherSide) {
     for (const auto& [hits, count] :
          {std::pair{1, 4}, {8, 10}, {7, 100}, {20, 2000}, {1000, 2000}, {1999, 2000}}) {
         const Share share = ShareOf(static_cast<std::uint64_t>(hits), static_cast<std::uint64_t>(count));
-        const auto chance = [count = count](double p, int from, int to) {
+        const auto chance = [trials = count](double p, int from, int to) {
             double sum = 0;
             for (int k = from; k <= to; ++k)
                 sum +=
-                    std::exp(std::lgamma(count + 1.0) - std::lgamma(k + 1.0) - std::lgamma(count - k + 1.0) +
-                             k * std::log(p) + (count - k) * std::log1p(-p));
+                    std::exp(std::lgamma(trials + 1.0) - std::lgamma(k + 1.0) -
+                             std::lgamma(trials - k + 1.0) + k * std::log(p) + (trials - k) * std::log1p(-p));
             return sum;
         };
         EXPECT_NEAR(chance(share.low, hits, count), 0.025, 1e-9) << hits;
