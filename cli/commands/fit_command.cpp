@@ -9,11 +9,13 @@
 #include <vector>
 
 #include "cli/commands/commands.h"
+#include "cli/commands/share_words.h"
 #include "cli/commands/study_base.h"
 #include "cli/output/drawing.h"
 #include "cli/output/json.h"
 #include "cli/output/output_target.h"
 #include "cli/output/progress_bar.h"
+#include "cli/output/said_lines.h"
 #include "core/files/csv_writer.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
@@ -26,18 +28,6 @@
 
 namespace tarvokol::cli {
 namespace {
-
-std::string Short(double value) {
-    return RoundedText(value, kShareDigits);
-}
-
-std::string Left(const std::string& text, std::size_t width) {
-    return text.size() < width ? text + std::string(width - text.size(), ' ') : text;
-}
-
-std::string Right(const std::string& text, std::size_t width) {
-    return text.size() < width ? std::string(width - text.size(), ' ') + text : text;
-}
 
 // What was measured, and what was found of it.
 struct FitStudy {
@@ -79,18 +69,18 @@ std::string HeadOf(const FitStudy& study) {
 }
 
 std::string LineOf(const DistributionFit& fit) {
-    constexpr std::size_t kName = 12;
-    constexpr std::size_t kParameter = 30;
-    constexpr std::size_t kNumber = 10;
-    std::string line = Left(fit.name, kName);
+    constexpr int kName = 12;
+    constexpr int kParameter = 30;
+    constexpr int kNumber = 10;
+    std::string line = Padded(fit.name, kName);
     for (const FittedParameter& one : fit.parameters)
-        line += Left(one.name + ' ' + RoundedText(one.value, kFigureDigits) + " (" +
-                         RoundedText(one.standard_error, 2) + ')',
-                     kParameter);
+        line += Padded(one.name + ' ' + RoundedText(one.value, kFigureDigits) + " (" +
+                           RoundedText(one.standard_error, 2) + ')',
+                       kParameter);
     for (const double number :
          {fit.log_likelihood, fit.bic, fit.kolmogorov_smirnov.statistic, fit.kolmogorov_smirnov.p,
           fit.anderson_darling.statistic, fit.anderson_darling.p})
-        line += Right(Short(number), kNumber);
+        line += AtRight(Short(number), kNumber);
     return line + '\n';
 }
 
@@ -108,7 +98,7 @@ std::string FitText(const FitStudy& study) {
     const FitResult& result = study.result;
     constexpr double kDoubtful = 0.05;
     std::string text = HeadOf(study);
-    text += Left("Distribution", 12) + Left(" Parameters (standard error)", 60) +
+    text += Padded("Distribution", 12) + Padded(" Parameters (standard error)", 60) +
             "Log-likel.       BIC       K-S         p       A-D         p\n";
     for (const DistributionFit& fit : result.fits) text += LineOf(fit);
     text += "\np: the share of samples drawn from the fitted distribution and fitted anew (" +
@@ -225,7 +215,7 @@ class Fit : public Command {
 
   private:
     static int Tell(const std::string& text, int status) {
-        std::cerr << text << '\n';
+        Say(text);
         return status;
     }
 
@@ -291,9 +281,9 @@ class Fit : public Command {
         else if (target.ToFile())
             target.Write(path, [&](const std::string& name) { Draw(study, name); });
         if (options_.json) std::cout << StudyJson(study);
-        if (!options_.json && !target.ToFile()) std::cout << FitText(study);
+        if (!options_.json && !target.ToFile()) std::cout << ForStandardOutput(FitText(study));
         if (target.ToFile())
-            for (const std::string& remark : RemarksOn(study)) std::cerr << file_ << ": " << remark << '\n';
+            for (const std::string& remark : RemarksOn(study)) SayOf(file_, remark);
         return exit_status::Done;
     }
 

@@ -16,18 +16,12 @@ namespace {
 
 constexpr std::array<const char*, kRiskShares.size()> kShareNames{"1 %",  "5 %",  "10 %", "25 %", "50 %",
                                                                   "75 %", "90 %", "95 %", "99 %"};
-constexpr int kTextColumn = 14;
-
-std::string Right(const std::string& text) {
-    const std::string room(text.size() < kTextColumn ? kTextColumn - text.size() : 0, ' ');
-    return room + text;
-}
-
 template <typename Value>
 void AddLine(std::string& text, const std::string& title, Value value) {
     constexpr int kTitleColumn = 34;
+    constexpr int kTextColumn = 14;
     text += Padded(title, kTitleColumn);
-    for (std::size_t factor = 0; factor < kFactors; ++factor) text += Right(value(factor));
+    for (std::size_t factor = 0; factor < kFactors; ++factor) text += AtRight(value(factor), kTextColumn);
     text += '\n';
 }
 

@@ -8,9 +8,20 @@
 
 namespace tarvokol::cli {
 
+namespace {
+
+std::string RoomBeside(const std::string& text, int width) {
+    return std::string(text.size() < static_cast<std::size_t>(width) ? width - text.size() : 0, ' ');
+}
+
+}  // namespace
+
 std::string Padded(const std::string& text, int width) {
-    const std::string room(text.size() < static_cast<std::size_t>(width) ? width - text.size() : 0, ' ');
-    return text + room;
+    return text + RoomBeside(text, width);
+}
+
+std::string AtRight(const std::string& text, int width) {
+    return RoomBeside(text, width) + text;
 }
 
 std::string Short(double value) {

@@ -11,6 +11,8 @@ namespace tarvokol::cli {
 
 // With blanks up to a column.
 std::string Padded(const std::string& text, int width);
+// The same with the blanks in front.
+std::string AtRight(const std::string& text, int width);
 
 // Five significant digits, "-" for NaN: more would tell of the samples, not of the panel.
 std::string Short(double value);
