@@ -175,7 +175,9 @@ int Risk::Study(HeadlessPlatform& host) {
         StudyProgress progress(options_.quiet, "samples");
         return RunRisk(request, progress);
     });
-    const RiskExtras extras = ExtrasOf(request, result);
+    // A picture shows none of them.
+    const bool shown = options_.json || !target.IsDrawn();
+    const RiskExtras extras = shown ? ExtrasOf(request, result) : RiskExtras{};
     if (samples.IsAsked()) WriteSamples(request, result, SampleTitles(request), *samples.Open());
     Write(target, request, result, extras);
     if (result.refused == 0) return exit_status::Done;
