@@ -291,13 +291,8 @@ void DesignRequest::SetStep(double width) {
 }
 
 std::optional<DesignResult> RunDesign(const DesignRequest& request, StudyObserver& observer) {
-    return WithinMemory("take fewer samples", [&]() -> std::optional<DesignResult> {
-        try {
-            return DesignRun(request, observer).Run();
-        } catch (const EndedEarly&) {
-            return std::nullopt;
-        }
-    });
+    return WithinMemory("take fewer samples",
+                        [&] { return UnlessEnded([&] { return DesignRun(request, observer).Run(); }); });
 }
 
 DesignResult RunDesign(const DesignRequest& request) {

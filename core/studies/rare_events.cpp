@@ -6,10 +6,10 @@
 #include <limits>
 #include <span>
 
-#include "core/runtime/run_time_error.h"
 #include "core/statistics/portable_math.h"
 #include "core/statistics/random_numbers.h"
 #include "core/statistics/reliability.h"
+#include "core/studies/drawn_fields.h"
 #include "core/studies/panel_figures.h"
 #include "core/studies/risk_draw.h"
 #include "core/studies/study_watch.h"
@@ -41,12 +41,8 @@ class PlaceEvaluator {
         constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
         for (std::size_t axis = 0; axis < place.size(); ++axis) normals_[draw_.Order()[axis]] = place[axis];
         draw_.FiguresAt(normals_, figures_);
-        try {
-            for (const std::size_t field : draw_.Order())
-                panel_.Set(request_.fields[field].field, figures_[field]);
-        } catch (const RunTimeError&) {
+        if (!SetDrawnFields(panel_, request_.fields, [&](std::size_t field) { return figures_[field]; }))
             return kNone;
-        }
         const PanelFigures& figures = panel_.Evaluate();
         if (figures.refused) return kNone;
         const double target = own_target_ ? TargetOfFigure(factor_, panel_.Inputs()) : target_;
@@ -235,11 +231,7 @@ class RareRun {
 
 std::optional<std::vector<RareEvent>> RunRareEvents(const RiskRequest& request, const RiskResult& result,
                                                     StudyObserver& observer) {
-    try {
-        return RareRun(request, result, observer).Run();
-    } catch (const EndedEarly&) {
-        return std::nullopt;
-    }
+    return UnlessEnded([&] { return RareRun(request, result, observer).Run(); });
 }
 
 std::vector<RareEvent> RunRareEvents(const RiskRequest& request, const RiskResult& result) {

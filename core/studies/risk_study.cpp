@@ -335,13 +335,8 @@ void RiskRequest::AddTarget(const StudyFigure& factor, double target) {
 }
 
 std::optional<RiskResult> RunRisk(const RiskRequest& request, StudyObserver& observer) {
-    return WithinMemory("take fewer samples", [&]() -> std::optional<RiskResult> {
-        try {
-            return RiskRun(request, observer).Run();
-        } catch (const EndedEarly&) {
-            return std::nullopt;
-        }
-    });
+    return WithinMemory("take fewer samples",
+                        [&] { return UnlessEnded([&] { return RiskRun(request, observer).Run(); }); });
 }
 
 RiskResult RunRisk(const RiskRequest& request) {

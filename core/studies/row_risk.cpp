@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "core/runtime/run_time_error.h"
 #include "core/statistics/study_refusal.h"
+#include "core/studies/drawn_fields.h"
 #include "core/studies/risk_draw.h"
 
 namespace tarvokol {
@@ -80,14 +80,8 @@ void RowRisk::Count(PanelFigures& figures, const Panel& row, const Lists& drawn)
     std::uint64_t any = 0;
     std::uint64_t refused = 0;
     for (std::uint32_t sample = 0; sample < request_.samples; ++sample) {
-        bool fits = true;
-        for (std::size_t field = 0; field < drawn.size(); ++field) {
-            try {
-                panel.Set(request_.random[field].field, drawn[field][sample]);
-            } catch (const RunTimeError&) {
-                fits = false;
-            }
-        }
+        const bool fits =
+            SetDrawnFields(panel, request_.random, [&](std::size_t field) { return drawn[field][sample]; });
         const PanelFigures* const one = fits ? &panel.Evaluate() : nullptr;
         if (one == nullptr || one->refused) {
             ++refused;

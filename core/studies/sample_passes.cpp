@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "core/runtime/run_time_error.h"
+#include "core/studies/drawn_fields.h"
 #include "core/studies/task_run.h"
 
 namespace tarvokol {
@@ -86,13 +86,8 @@ void SamplePasses::CountPiece(PanelEvaluator& panel, const std::vector<std::span
                               std::span<const AskedTarget> targets, const DrawPiece& piece,
                               Tally& tally) const {
     const auto is_sound = [&](std::uint32_t i) {
-        try {
-            for (const std::size_t field : draw_.Order())
-                panel.Set(request_.fields[field].field, figures[field][i]);
-        } catch (const RunTimeError&) {
-            return false;  // a figure that its field cannot hold
-        }
-        return !panel.Evaluate().refused;
+        return SetDrawnFields(panel, request_.fields, [&](std::size_t field) { return figures[field][i]; }) &&
+               !panel.Evaluate().refused;
     };
     for (std::uint32_t i = 0; i < piece.count; ++i) {
         const bool sound = is_sound(i);

@@ -10,6 +10,7 @@
 #include "core/runtime/run_time_error.h"
 #include "core/statistics/random_numbers.h"
 #include "core/statistics/study_refusal.h"
+#include "core/studies/drawn_fields.h"
 #include "core/studies/panel_figures.h"
 #include "core/studies/shortage.h"
 #include "core/studies/study_watch.h"
@@ -167,12 +168,8 @@ class SobolRun {
     }
 
     std::optional<Factors> SetAll(PanelEvaluator& panel, const Figures& figures, std::uint32_t i) const {
-        try {
-            for (std::size_t field = 0; field < Fields(); ++field)
-                panel.Set(request_.fields[field].field, figures[field][i]);
-        } catch (const RunTimeError&) {
+        if (!SetDrawnFields(panel, request_.fields, [&](std::size_t field) { return figures[field][i]; }))
             return std::nullopt;
-        }
         return FactorsOf(panel);
     }
 
@@ -220,13 +217,8 @@ class SobolRun {
 }  // namespace
 
 std::optional<SobolResult> RunSobol(const RiskRequest& request, StudyObserver& observer) {
-    return WithinMemory("take fewer samples", [&]() -> std::optional<SobolResult> {
-        try {
-            return SobolRun(request, observer).Run();
-        } catch (const EndedEarly&) {
-            return std::nullopt;
-        }
-    });
+    return WithinMemory("take fewer samples",
+                        [&] { return UnlessEnded([&] { return SobolRun(request, observer).Run(); }); });
 }
 
 SobolResult RunSobol(const RiskRequest& request) {

@@ -6,6 +6,7 @@
 #include <atomic>
 #include <cstdint>
 #include <exception>
+#include <optional>
 #include <thread>
 
 #include "core/studies/study_observer.h"
@@ -14,6 +15,16 @@ namespace tarvokol {
 
 // Raised where the observer has had enough, out of whatever is at work.
 class EndedEarly : public std::exception {};
+
+// What `run` gives; nothing where the observer ended it.
+template <typename Run>
+auto UnlessEnded(const Run& run) -> std::optional<decltype(run())> {
+    try {
+        return run();
+    } catch (const EndedEarly&) {
+        return std::nullopt;
+    }
+}
 
 // Asks the observer in the thread that runs the study, and lets the others know.
 class StudyWatch {
