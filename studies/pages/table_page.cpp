@@ -16,12 +16,12 @@
 #include "core/files/csv_reader.h"
 #include "core/files/whole_file.h"
 #include "core/platform/common_dialogs.h"
-#include "core/platform/platform.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/main_settings.h"
 #include "core/statistics/study_refusal.h"
 #include "qt/session/qt_text.h"
 #include "studies/model/study_model.h"
+#include "studies/pages/file_choice.h"
 #include "studies/pages/sheet_model.h"
 
 namespace tarvokol {
@@ -131,13 +131,8 @@ void TablePage::Open_Clicked() {
     request.start_folder = model_.Path().empty() ? DataPath : model_.Path();
     request.filter = "Tables (*.csv)|*.csv|All Files (*.*)|*.*";
     request.flags = dialog_flag::PathAndFileMustExist;
-    std::string path;
-    try {
-        path = Platform.Dialogs->ShowOpen(request);
-    } catch (const RunTimeError&) {
-        return;  // cancelled
-    }
-    OpenTable(path);
+    const std::string path = ChosenFile(&CommonDialogs::ShowOpen, request);
+    if (!path.empty()) OpenTable(path);
 }
 
 void TablePage::Paste_Clicked() {

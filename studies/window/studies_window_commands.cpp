@@ -22,6 +22,7 @@
 #include "core/statistics/study_refusal.h"
 #include "qt/charts/study_picture.h"
 #include "qt/session/qt_text.h"
+#include "studies/pages/file_choice.h"
 #include "studies/pages/study_page.h"
 #include "studies/window/notice_bar.h"
 #include "studies/window/studies_window.h"
@@ -136,13 +137,8 @@ void StudiesWindow::actOpen_Triggered() {
     request.filter_index = 2;
     request.default_extension = "TKL";
     request.flags = dialog_flag::PathAndFileMustExist;
-    std::string path;
-    try {
-        path = Platform.Dialogs->ShowOpen(request);
-    } catch (const RunTimeError&) {
-        return;  // cancelled
-    }
-    OpenPath(path);
+    const std::string path = ChosenFile(&CommonDialogs::ShowOpen, request);
+    if (!path.empty()) OpenPath(path);
 }
 
 void StudiesWindow::actSave_Triggered() {
@@ -162,11 +158,7 @@ std::string StudiesWindow::AskForPath(const std::string& title, const std::strin
     request.filter = filter;
     request.default_extension = extension;
     request.flags = dialog_flag::OverwritePrompt;
-    try {
-        return Platform.Dialogs->ShowSave(request);
-    } catch (const RunTimeError&) {
-        return "";  // cancelled
-    }
+    return ChosenFile(&CommonDialogs::ShowSave, request);
 }
 
 bool StudiesWindow::AskPathAndSave() {
