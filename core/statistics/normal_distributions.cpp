@@ -16,14 +16,37 @@ void RequireDeviation(double deviation) {
     if (deviation < 0.0) throw StudyRefusal("the standard deviation must not be negative");
 }
 
-class Normal : public Distribution {
+// Told by its mean and its standard deviation, and drawn by way of a standard normal figure.
+class OfMeanAndDeviation : public Distribution {
+  public:
+    OfMeanAndDeviation(const char* name, Figures figures)
+        : mean_(figures[0]), deviation_(figures[1]), name_(name) {}
+
+    double Mean() const override { return mean_; }
+    double StandardDeviation() const override { return deviation_; }
+    std::string Text() const override { return Written(name_, std::array{mean_, deviation_}); }
+    std::string InWords(const std::string& unit) const override {
+        return MeanAndDeviation(name_, mean_, deviation_, unit);
+    }
+    void FillQuantiles(std::span<const double> shares, std::span<double> figures) const override {
+        FillWithNormalQuantiles(shares, figures);
+        FillFromNormal(figures, figures);
+    }
+
+  protected:
+    double mean_;
+    double deviation_;
+
+  private:
+    const char* name_;
+};
+
+class Normal : public OfMeanAndDeviation {
   public:
     static constexpr const char* kName = "normal";
     static constexpr const char* kForm = "MEAN:SD";
 
-    explicit Normal(Figures figures) : mean_(figures[0]), deviation_(figures[1]) {
-        RequireDeviation(deviation_);
-    }
+    explicit Normal(Figures figures) : OfMeanAndDeviation(kName, figures) { RequireDeviation(deviation_); }
 
     double Quantile(double share) const override { return mean_ + deviation_ * NormalQuantile(share); }
     double ShareBelow(double figure) const override {
@@ -34,23 +57,9 @@ class Normal : public Distribution {
         if (deviation_ == 0.0) return DensityOfConstant(mean_, figure);
         return NormalDensity((figure - mean_) / deviation_) / deviation_;
     }
-    double Mean() const override { return mean_; }
-    double StandardDeviation() const override { return deviation_; }
-    std::string Text() const override { return Written(kName, std::array{mean_, deviation_}); }
-    std::string InWords(const std::string& unit) const override {
-        return MeanAndDeviation(kName, mean_, deviation_, unit);
-    }
-    void FillQuantiles(std::span<const double> shares, std::span<double> figures) const override {
-        FillWithNormalQuantiles(shares, figures);
-        FillFromNormal(figures, figures);
-    }
     void FillFromNormal(std::span<const double> z, std::span<double> figures) const override {
         for (std::size_t i = 0; i < z.size(); ++i) figures[i] = mean_ + deviation_ * z[i];
     }
-
-  private:
-    double mean_;
-    double deviation_;
 };
 
 // Variance of the logarithm: ln(1 + (deviation / mean)^2). Where the 1 is lost in the sum anyway it is left out, so that
@@ -62,12 +71,12 @@ double LogVariance(double mean, double deviation) {
                              : 2.0 * (PortableLog(deviation) - PortableLog(mean));
 }
 
-class Lognormal : public Distribution {
+class Lognormal : public OfMeanAndDeviation {
   public:
     static constexpr const char* kName = "lognormal";
     static constexpr const char* kForm = "MEAN:SD";
 
-    explicit Lognormal(Figures figures) : mean_(figures[0]), deviation_(figures[1]) {
+    explicit Lognormal(Figures figures) : OfMeanAndDeviation(kName, figures) {
         if (mean_ <= 0.0) throw StudyRefusal("the mean of a lognormal figure must be above 0");
         RequireDeviation(deviation_);
         const double log_variance = LogVariance(mean_, deviation_);
@@ -86,16 +95,6 @@ class Lognormal : public Distribution {
         if (log_deviation_ == 0.0) return DensityOfConstant(mean_, figure);
         return figure > 0.0 ? NormalDensity(NormalOf(figure)) / (log_deviation_ * figure) : 0.0;
     }
-    double Mean() const override { return mean_; }
-    double StandardDeviation() const override { return deviation_; }
-    std::string Text() const override { return Written(kName, std::array{mean_, deviation_}); }
-    std::string InWords(const std::string& unit) const override {
-        return MeanAndDeviation(kName, mean_, deviation_, unit);
-    }
-    void FillQuantiles(std::span<const double> shares, std::span<double> figures) const override {
-        FillWithNormalQuantiles(shares, figures);
-        FillFromNormal(figures, figures);
-    }
     void FillFromNormal(std::span<const double> z, std::span<double> figures) const override {
         for (std::size_t i = 0; i < z.size(); ++i) figures[i] = log_mean_ + log_deviation_ * z[i];
         FillWithExponentials(figures);
@@ -104,8 +103,6 @@ class Lognormal : public Distribution {
   private:
     double NormalOf(double figure) const { return (PortableLog(figure) - log_mean_) / log_deviation_; }
 
-    double mean_;
-    double deviation_;
     double log_mean_;
     double log_deviation_;  // 0 also for a deviation that is nothing beside its mean
 };
