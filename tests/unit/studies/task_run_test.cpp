@@ -27,17 +27,21 @@ TEST(TaskRun, DoesEachTaskOnce) {
 
 TEST(TaskRun, AThreadHasMemoryOfItsOwn) {
     std::atomic<int> workers = 0;
+    std::atomic<int> first = 0;
     std::atomic<int> done = 0;
     TaskRun::Do(100, 3, [&] {
         ++workers;
-        return [&done, mine = 0](std::size_t) mutable {
-            ++mine;
+        return [&first, &done, mine = 0](std::size_t) mutable {
+            if (++mine == 1) ++first;
             std::this_thread::yield();
             ++done;
         };
     });
     EXPECT_EQ(done, 100);
     EXPECT_LE(workers, 3);
+    // Each thread that did a task began to count at nought.
+    EXPECT_GE(first, 1);
+    EXPECT_LE(first, workers);
 }
 
 // The failing task with the lowest number is told, whichever thread came upon its own first.
