@@ -1,6 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Changes of source text that a test should notice: found in the text, without a compiler."""
-import random
+"""Turned operators of source text that a test should notice: found in the text, without a compiler."""
 import re
 from dataclasses import dataclass
 
@@ -252,10 +251,6 @@ def form_mutations(text):
     return changes
 
 
-def mutations_of(path, text):
-    return form_mutations(text) if path.endswith(".ui") else source_mutations(text)
-
-
 def line_of(text, mutation):
     return text.count("\n", 0, mutation.begin) + 1
 
@@ -268,22 +263,3 @@ def lines_around(text, mutation):
     before = text[begin:end]
     after = text[begin : mutation.begin] + mutation.replacement + text[mutation.end : end]
     return " ".join(before.split()), " ".join(after.split())
-
-
-class Draw:
-    """Draws changes from texts by path: a kind first, so that none crowds out the others, then one of it."""
-
-    def __init__(self, texts, seed):
-        self._random = random.Random(seed)
-        self._left = {kind: [] for kind in KINDS}
-        for path in sorted(texts):
-            for mutation in mutations_of(path, texts[path]):
-                self._left[mutation.kind].append((path, mutation))
-
-    def next(self):
-        """The next pair of path and change; None when all are drawn."""
-        kinds = [kind for kind in KINDS if self._left[kind]]
-        if not kinds:
-            return None
-        left = self._left[self._random.choice(kinds)]
-        return left.pop(self._random.randrange(len(left)))

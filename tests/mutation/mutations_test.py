@@ -1,12 +1,13 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The changes that are found in a text, and the draw."""
+"""The operators that are turned round in a text, the draw and the rooms."""
 import sys
 import unittest
 from pathlib import Path
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parent))
-from mutations import Draw, Mutation, closing, code_only, line_of, lines_around, mutations_of, regions  # noqa: E402
+from draw import KINDS, Draw, mutations_of  # noqa: E402
+from mutations import Mutation, closing, code_only, line_of, lines_around, regions  # noqa: E402
 from rooms import rooms_of  # noqa: E402
 
 TREE = Path(__file__).resolve().parents[2]
@@ -105,10 +106,10 @@ class Changes(unittest.TestCase):
 
 
 class Drawing(unittest.TestCase):
-    TEXTS = {"b.cpp": "a = 1 + 2;\n", "a.cpp": 'if (a < 3) b("c");\n'}
+    TEXTS = {"b.cpp": "a = 1 + 2;\n", "a.cpp": '    if (a < 3) return;\n    b("c");\n    c(d, e);\n'}
 
-    def everything(self, seed):
-        draw = Draw(self.TEXTS, seed)
+    def everything(self, seed, faults=tuple(KINDS)):
+        draw = Draw(self.TEXTS, seed, [kind for name in faults for kind in KINDS[name]])
         pairs = []
         while (pair := draw.next()) is not None:
             pairs.append(pair)
@@ -123,6 +124,11 @@ class Drawing(unittest.TestCase):
         self.assertEqual(len(pairs), len(set(pairs)))
         self.assertEqual(len(pairs), sum(len(mutations_of(path, text)) for path, text in self.TEXTS.items()))
 
+    def test_operators_and_slips_are_drawn_apart(self):
+        operators, slips = ({mutation.kind for _, mutation in self.everything(1, [name])} for name in ("operators", "slips"))
+        self.assertEqual(operators, {"constant", "comparison", "condition", "arithmetic", "dropped", "order", "text"})
+        self.assertEqual(slips, {"early return", "arguments"})
+
 
 class Rooms(unittest.TestCase):
     def test_every_room_has_code_and_tests_of_its_own(self):
@@ -130,8 +136,18 @@ class Rooms(unittest.TestCase):
         self.assertEqual(rooms["core/settings"].tests, "^(unit_settings)$")
         self.assertIn("gui_frmPicture_test", rooms["desktop/plan"].tests)
         self.assertIn("desktop/main/frmMain.ui", rooms["desktop/main"].sources(TREE))
+        self.assertEqual(rooms["studies/pages"].tests, "^studies_window$")
+        self.assertIn("resources/help/limits.htm", rooms["resources/help"].sources(TREE))
+        self.assertIn("packaging/tarvokol.desktop", rooms["packaging"].sources(TREE))
+        self.assertTrue({"run", "test", "package", "tests/steps.sh"} <= set(rooms["."].sources(TREE)))
         for room in rooms.values():
             self.assertTrue(room.sources(TREE), room.name)
+
+    def test_every_kind_of_slip_is_found_somewhere(self):
+        chosen = ("core/files", "core/project", "desktop/help", "packaging", "resources/help")
+        found = {mutation.kind for room in rooms_of(TREE) if room.name in chosen for path in room.sources(TREE)
+                 for mutation in mutations_of(path, (TREE / path).read_text(encoding="utf-8"))}
+        self.assertEqual(found, set(KINDS["operators"]) | set(KINDS["slips"]))
 
 
 if __name__ == "__main__":

@@ -1,8 +1,12 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The rooms whose code is changed, and the tests that should notice it."""
+"""The rooms whose code, forms, topics and scripts are changed, and the tests that should notice it."""
 import re
 from dataclasses import dataclass
 from pathlib import Path
+
+
+# What a program writes and a test compares with it, to the letter.
+_MADE = ("validation.htm",)
 
 
 @dataclass(frozen=True)
@@ -10,11 +14,13 @@ class Room:
     name: str  # its folder
     tests: str  # a pattern of names of CTest
     house: str = "core"
+    patterns: tuple = ("*.cpp", "*.h", "*.ui")  # of its files, below the folder
+    targets: tuple = ()  # what the tests read beside their own programs
 
     def sources(self, tree):
         folder = tree / self.name
-        files = [file for ending in ("*.cpp", "*.h", "*.ui") for file in folder.glob(ending)]
-        return sorted(str(file.relative_to(tree)) for file in files)
+        files = [file for pattern in self.patterns for file in folder.glob(pattern)]
+        return sorted(str(file.relative_to(tree)) for file in files if file.name not in _MADE)
 
 
 _CORE = {
@@ -30,6 +36,19 @@ _CORE = {
     "graphics": "unit_graphics",
     "program": "unit_program",
 }
+
+
+_SCRIPT_TESTS = "package_lists|arguments|administrator|progress|fuzz_run|steps"
+
+# What is no code: read by people, desktops and shells.
+_OTHERS = (
+    Room("resources/help", "^(unit_program|gui_help_window_test|gui_qt_help_viewer_test|cli_documented_commands)$", "resources",
+         ("*.htm", "*.qhp"), ("tarvokol_resources",)),
+    Room("packaging", "^(packaging_.*|installation|cli_completions)$", "packaging",
+         ("*.desktop", "*.xml", "*.sh", "debian/*.sh", "cli/*.sh"), ("all",)),
+    Room(".", f"^packaging_({_SCRIPT_TESTS})$", "scripts",
+         ("run", "test", "package", "packaging/*.sh", "tests/steps.sh", "tests/fuzz/run")),
+)
 
 
 def _gui_tests(tree, folder):
@@ -49,4 +68,7 @@ def rooms_of(tree):
         tests = _gui_tests(tree, folder)
         if tests:
             rooms.append(Room("desktop/" + folder, f"^({tests})$", "desktop"))
-    return rooms
+    rooms.append(Room("studies/model", "^(studies_model|studies_figures)$", "studies"))
+    for folder in ("pages", "window"):
+        rooms.append(Room("studies/" + folder, "^studies_window$", "studies"))
+    return rooms + list(_OTHERS)
