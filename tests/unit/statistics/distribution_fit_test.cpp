@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstddef>
 #include <stdexcept>
-#include <string>
+#include <string_view>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -16,9 +16,9 @@ namespace {
 const std::vector<double> kStrengths{870, 710,  1050, 805, 925,  655, 1005, 890, 820,  1165, 695, 990,
                                      790, 1065, 860,  900, 1135, 685, 1015, 870, 1040, 790,  925, 1060};
 
-const FitKind& KindNamed(const std::string& name) {
+const FitKind& KindNamed(const char* name) {
     for (const FitKind* const kind : FitKinds())
-        if (kind->Name() == name) return *kind;
+        if (std::string_view(kind->Name()) == name) return *kind;
     throw std::out_of_range(name);
 }
 
