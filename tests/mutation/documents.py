@@ -75,7 +75,7 @@ _SCRIPT_CHANGES = (
     (re.compile(r" >&2"), ""),
     (re.compile(r"(?<= )-(?:eq|ne|lt|gt)(?= )"), {"-eq": "-ne", "-ne": "-eq", "-lt": "-gt", "-gt": "-lt"}),
 )
-_SCRIPT_STATEMENT = re.compile(r"^[ ]*((?:trap|export|rm|wait|kill|umask|shift|usage|cat|cd|mkdir)\b[^\\\n]*|set -euo pipefail)$",
+_SCRIPT_STATEMENT = re.compile(r"^[ ]*((?:trap|export|rm|wait|kill|umask|shift|usage|cat|cd|mkdir)\b(?!\()[^\\\n]*|set -euo pipefail)$",
                                re.MULTILINE)
 
 

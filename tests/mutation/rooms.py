@@ -38,14 +38,14 @@ _CORE = {
 }
 
 
-_SCRIPT_TESTS = "package_lists|arguments|administrator|progress|fuzz_run|steps"
+_SCRIPT_TESTS = "package_lists|arguments|administrator|progress|fuzz_run|steps|runs"
 
 # What is no code: read by people, desktops and shells.
 _OTHERS = (
     Room("resources/help", "^(unit_program|gui_help_window_test|gui_qt_help_viewer_test|cli_documented_commands)$", "resources",
          ("*.htm", "*.qhp"), ("tarvokol_resources",)),
     Room("packaging", "^(packaging_.*|installation|cli_completions)$", "packaging",
-         ("*.desktop", "*.xml", "*.sh", "debian/*.sh", "cli/*.sh"), ("all",)),
+         ("*.desktop", "*.xml", "debian/*.sh", "cli/*.sh"), ("all",)),
     Room(".", f"^packaging_({_SCRIPT_TESTS})$", "scripts",
          ("run", "test", "package", "packaging/*.sh", "tests/steps.sh", "tests/fuzz/run")),
 )
