@@ -23,7 +23,50 @@ class OpenDescriptor : public CoreTest {
         EXPECT_EQ(fault.Failed(), "fsync");
         return number;
     }
+    // The run-time error of closing a written file when the system answers with an error.
+    int ErrorOfClose(int error) {
+        const FailingFiles fault(
+            {.folder = Folder.string(), .at = 3, .error = error});  // after open and write
+        Descriptor file(PathTo("file"), O_WRONLY | O_CREAT | O_TRUNC);
+        file.Write("x");
+        const int number = RaisedError([&file] { file.Close(); });
+        EXPECT_EQ(fault.Failed(), "close");
+        return number;
+    }
 };
+
+// Some systems tell only there that bytes were lost.
+TEST_F(OpenDescriptor, ALossThatIsToldAtCloseIsRaised) {
+    EXPECT_EQ(ErrorOfClose(EIO), 57);
+    EXPECT_EQ(ErrorOfClose(ENOSPC), 61);
+    EXPECT_EQ(ErrorOfClose(EINTR), 0);
+}
+
+// The call after open is broken off, and made again.
+TEST_F(OpenDescriptor, ASignalBreaksNothingOff) {
+    WriteBytes(PathTo("file"), "abc");
+    const FileFault signal{.folder = Folder.string(), .at = 2, .error = EINTR};
+    char bytes[3] = {};
+    {
+        const FailingFiles fault(signal);
+        Descriptor file(PathTo("file"), O_RDONLY);
+        EXPECT_EQ(file.Read(bytes, 3), 3u);
+        EXPECT_EQ(fault.Failed(), "read");
+    }
+    {
+        const FailingFiles fault(signal);
+        const Descriptor file(PathTo("file"), O_RDONLY);
+        EXPECT_EQ(file.ReadAt(bytes, 2, 1), 2u);
+        EXPECT_EQ(fault.Failed(), "read");
+    }
+    {
+        const FailingFiles fault(signal);
+        Descriptor file(PathTo("file"), O_WRONLY);
+        file.Write("def");
+        EXPECT_EQ(fault.Failed(), "write");
+    }
+    EXPECT_EQ(ReadBytes(PathTo("file")), "def");
+}
 
 TEST_F(OpenDescriptor, OnlyAFileSystemWithoutADiskMayRefuseToSync) {
     EXPECT_EQ(ErrorOfSync(EIO), 57);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -54,6 +55,19 @@ TEST(PortableExponential, IsWithinTwoUnitsInTheLastPlaceOfTheLibrarys) {
     EXPECT_EQ(PortableExp(0.0), 1.0);
     EXPECT_EQ(PortableExp(1000.0), HUGE_VAL);
     EXPECT_EQ(PortableExp(-1000.0), 0.0);
+    EXPECT_NEAR(PortableExp(709.5) / 1.3549863193146328e308, 1, 4e-16);
+    EXPECT_NEAR(PortableExp(-709.5), 7.38014831401258e-309, 1e-322);  // a figure of fewer bits
+}
+
+// Many at once take a shorter way, which ends before 2 ^ 1023: one of them that lies beyond it must not go that way.
+TEST(PortableExponential, OfManyIsThatOfEach) {
+    for (const double last : {689.0, -689.0, 690.0, 709.5, -709.5, -745.0, 1000.0, -1000.0}) {
+        std::vector<double> powers{0.0, 1.0, -1.5, 300.0, last};
+        FillWithExponentials(powers);
+        EXPECT_EQ(powers, (std::vector<double>{PortableExp(0.0), PortableExp(1.0), PortableExp(-1.5),
+                                               PortableExp(300.0), PortableExp(last)}))
+            << last;
+    }
 }
 
 // Quantiles of the standard normal distribution from tables of 15 digits.

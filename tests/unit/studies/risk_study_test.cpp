@@ -142,6 +142,19 @@ TEST(RiskStudy, FactorsAreHeldAgainstTheTargetsAskedFor) {
     EXPECT_EQ(result.risk[2].below.size(), 2u);
 }
 
+// The webs' factor knows nothing of the barrier: it is the same in all samples.
+TEST(RiskStudy, AFactorThatMeetsItsTargetIsNotBelowIt) {
+    RiskRequest request = WorkedRisk({"BarrierPillarWidth=uniform:15:25"}, 200);
+    request.keep_samples = true;
+    const double factor = RunRisk(request).factors[kWebs][0];
+    request.AddTarget(kStudyFigures[kWebs], factor);
+    request.AddTarget(kStudyFigures[kWebs], std::nextafter(factor, 10.0));
+    const RiskResult result = RunRisk(request);
+    ASSERT_EQ(result.risk[kWebs].below.size(), 4u);
+    EXPECT_EQ(result.risk[kWebs].below[2].share.value, 0);
+    EXPECT_EQ(result.risk[kWebs].below[3].share.value, 1);
+}
+
 TEST(RiskStudy, TargetsThatMakeNoSenseAreRefused) {
     RiskRequest request = WorkedRisk({"DepthCover=uniform:200:400"});
     request.AddTarget(kStudyFigures[kWebs], 1.3);
