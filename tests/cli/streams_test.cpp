@@ -58,6 +58,26 @@ TEST_F(Streams, AnOutputFolderInBracketsIsTakenAsItStands) {
     EXPECT_EQ(Run({"save", "--json", "-o", "[o]", "a.TKL"}).Object()["output"], "[o]/a.TKL");
 }
 
+TEST_F(Streams, EveryFileInBracketsIsTakenAsItStands) {
+    Project("[p].TKL");
+    WriteBytes(PathTo("[rows].csv"), "DepthCover\n100\n");
+    WriteBytes(PathTo("[s].ini"), "[TARVOKOLOptions]\r\nDefaultAbutment=40\r\n");
+    const std::string header =
+        "DepthCover (ft),Overall,WebsOnly,BarrierPillar,ExtractionRatio (percent),Message\n100,";
+    EXPECT_EQ(
+        Run({"table", "--quiet", "--settings", "[s].ini", "-o", "[o].csv", "[p].TKL", "[rows].csv"}).err, "");
+    EXPECT_THAT(ReadBytes(PathTo("[o].csv")), testing::StartsWith(header));
+    EXPECT_EQ(Run({"sweep", "--quiet", "-o", "[v].csv", "[p].TKL", "--vary", "DepthCover=100,200"}).err, "");
+    EXPECT_THAT(ReadBytes(PathTo("[v].csv")), testing::StartsWith(header));
+    EXPECT_EQ(Run({"risk", "--quiet", "--samples", "50", "--samples-out", "[m].csv", "-o", "[r].json",
+                   "[p].TKL", "--random", "DepthCover=uniform:90:110"})
+                  .err,
+              "");
+    EXPECT_TRUE(std::filesystem::exists(Folder / "[m].csv"));
+    EXPECT_TRUE(std::filesystem::exists(Folder / "[r].json"));
+    EXPECT_NE(Run({"settings", "[s].ini"}).out, Run({"settings"}).out);
+}
+
 TEST_F(Streams, AByteOfANameThatIsNoUtf8IsReplacedInTheOutputOnly) {
     Project("\xff.TKL");
     const json object = Run({"size", "--json", "\xff.TKL"}).Object();

@@ -130,6 +130,8 @@ TEST_F(PathListTest, PatternsChooseTheFiles) {
     const std::pair<const char*, std::vector<std::string>> cases[] = {{"*.tkl", {"a.TKL", "c[1].TKL"}},
                                                                       {"?.TKL; *.TXT", {"a.TKL", "b.txt"}},
                                                                       {"*[1]*", {"c[1].TKL"}},
+                                                                      {"c[1].*", {"c[1].TKL"}},
+                                                                      {"*[c]*", {}},
                                                                       {"*.*", {"a.TKL", "b.txt", "c[1].TKL"}},
                                                                       {"*.none", {}},
                                                                       {"", {"a.TKL", "b.txt", "c[1].TKL"}}};
