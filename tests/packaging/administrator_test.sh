@@ -54,8 +54,8 @@ printf '#!/bin/sh\n[ "$1" = update ] || touch %s/apt-get-ran\necho "no network"\
 for command in "run examples/Thick_Seam_Pit.TKL" test package; do
     rm -f "$machine/apt-get-ran"
     # shellcheck disable=SC2086
-    said=$(told $command)
-    holds "./$command, failing lists" "$said" "no network" "status 1"
+    said=$(told $command)$'\n'
+    holds "./$command, failing lists" "$said" "no network" $'\nstatus 1\n'
     [ ! -e "$machine/apt-get-ran" ] || fail "./$command installs after lists that cannot be read"
 done
 finish

@@ -12,13 +12,15 @@ for tool in bash dirname realpath ls head cat; do ln -s "$(type -P $tool)" "$mac
 touch "$machine/p.TKL"
 mkdir "$machine/folder.TKL"
 
-# said STATUS COMMAND...: what the command says; its status is the one expected.
+# said STATUS COMMAND...: what the command says; its status is the one expected, and what it refuses is said to people only.
 said() {
     local status=$1 text
     shift
     text=$(env -i PATH="$machine" ${display:+DISPLAY=:nowhere} bash "$@" 2>&1)
     same "status of $*" "$status" $?
     echo "$text"
+    [ "$status" -eq 0 ] || display="" same "standard output of $*" "" \
+        "$(env -i PATH="$machine" DISPLAY=:nowhere bash "$@" 2> /dev/null)"
 }
 
 for display in "" yes; do

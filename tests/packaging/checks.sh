@@ -1,10 +1,13 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Sourced by the tests of the package: what fails is reported and counted, and the test goes on.
-failures=0
+# Sourced by the tests of the package: what fails is reported and noted, and the test goes on. The note is a file that has no
+# name any more, so that what fails in a subshell counts as well.
+notes_file=$(mktemp)
+exec {noted_failures}<> "$notes_file"
+rm -f "$notes_file"
 
 fail() {
     echo "FAILED: $*" >&2
-    failures=$((failures + 1))
+    echo "$*" >&"$noted_failures"
 }
 
 # clean LABEL COMMAND...: the command succeeds and says nothing.
@@ -32,5 +35,5 @@ holds() {
 }
 
 finish() {
-    [ "$failures" -eq 0 ] || exit 1
+    [ ! -s "/dev/fd/$noted_failures" ] || exit 1
 }

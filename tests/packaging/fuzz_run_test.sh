@@ -9,7 +9,8 @@ trap 'rm -rf "$targets"' EXIT
 
 # target NAME STATUS: a program in a fuzz target's place, which tells how it was called.
 target() {
-    printf '#!/bin/sh\necho "%s says $*"\nexit %s\n' "$1" "$2" > "$targets/$1"
+    printf '#!/bin/sh\necho "%s says $*"\nfor corpus; do :; done\n[ -d "$corpus" ] || exit 9\nexit %s\n' "$1" "$2" \
+        > "$targets/$1"
     chmod +x "$targets/$1"
 }
 

@@ -14,7 +14,7 @@ cp packaging/*.sh "$tree/packaging/"
 cp tests/*.sh "$tree/tests/"
 cp tests/packaging/minimal_system.sh "$tree/tests/packaging/"
 touch "$tree/examples/A.TKL" "$scratch/north ridge/p.q.TKL"
-for tool in bash dirname realpath ls head cat basename mkdir mktemp rm tr cp grep; do ln -s "$(type -P $tool)" "$machine/$tool"; done
+for tool in bash dirname realpath ls head cat basename mkdir mktemp rm tr cp grep chmod sleep; do ln -s "$(type -P $tool)" "$machine/$tool"; done
 
 # stand_in NAME LINE...: a tool of the machine.
 stand_in() {
@@ -23,13 +23,9 @@ stand_in() {
     printf '%s\n' '#!/bin/bash' "echo \"$name \$*\" >> $calls" "$@" > "$machine/$name"
     chmod +x "$machine/$name"
 }
-# Every package is installed. A build leaves the two programs; the first word of a file that the test writes is its status.
+# Every package is installed. A build leaves the two programs.
 stand_in dpkg-query 'echo install ok installed'
-stand_in cmake "case \$* in *--build*) echo '[1/1] all'; status=\$(cat $scratch/build_status)" \
-    '    [ "$status" -eq 0 ] || { echo "a.cpp: error"; exit "$status"; } ;; esac' \
-    'mkdir -p build/run/bin' \
-    "for name in tarvokol tarvokol-cli; do cp $scratch/program build/run/bin/\$name; done"
-stand_in ctest "exit \$(cat $scratch/ctest_status)"
+stand_in ctest "echo \"profiles \$LLVM_PROFILE_FILE\" >> $calls" "exit \$(cat $scratch/ctest_status)"
 printf '%s\n' '#!/bin/bash' "echo \"\${0##*/} \$*\" >> $calls" 'echo "says ${0##*/} $1"' \
     'for word in "$@"; do case $word in */out/*) echo x > "$word" ;; esac; done' \
     "[ \"\$1 \$2\" != \"\$(cat $scratch/fails)\" ]" > "$scratch/program"
@@ -39,10 +35,14 @@ chmod +x "$scratch/program"
 said() {
     rm -rf "$tree/build" "$tree/out"
     : > "$calls"
-    (cd "$tree" && env -i PATH="$machine" ${display:+DISPLAY=$display} bash "$@" 2>&1)
+    (cd "$tree" && env -i PATH="$machine" HOME="$scratch" ${display:+DISPLAY=$display} bash "$@" 2>&1)
 }
 called() { grep -v '^dpkg-query\|^id ' "$calls"; }
 begin() {
+    stand_in cmake "case \$* in *--build*) echo '[1/1] all'; status=\$(cat $scratch/build_status)" \
+        '    [ "$status" -eq 0 ] || { echo "a.cpp: error"; exit "$status"; } ;; esac' \
+        'mkdir -p build/run/bin' \
+        "for name in tarvokol tarvokol-cli; do cp $scratch/program build/run/bin/\$name; done"
     echo 0 > "$scratch/build_status"
     echo 0 > "$scratch/ctest_status"
     echo none > "$scratch/fails"
@@ -110,6 +110,26 @@ test_tests_that_fail_make_the_run_red() {
     text=$(said ./test --coverage)
     same "status of counted tests that fail" 8 $?
     [[ $text != *"== Coverage"$'\n'* ]] || fail "lines are counted of tests that failed"
+    same "where the counts go" "profiles $tree/build/coverage/profiles/%4m.profraw" "$(called | grep '^profiles')"
+}
+
+test_they_are_started_from_any_folder() {
+    rm -rf "$tree/out"
+    (cd "$scratch" && env -i PATH="$machine" HOME="$scratch" bash tree/run "north ridge/p.q.TKL" > /dev/null 2>&1)
+    same "status" 0 $?
+    [ -s "$tree/out/p.q.pdf" ] || fail "no report in the tree's own out/"
+}
+
+# The bare system beside it would run for an hour; it ends with the run.
+test_a_step_that_fails_ends_what_runs_beside_it() {
+    local text
+    printf '%s\n' '#!/bin/bash' "echo \$\$ > $scratch/bare" 'exec sleep 3600' > "$tree/tests/packaging/bare_system.sh"
+    chmod +x "$tree/tests/packaging/bare_system.sh"
+    stand_in cmake "case \$* in *--build*) until [ -s $scratch/bare ]; do :; done; exit 3 ;; esac"
+    text=$(said ./test --all)
+    same "status" 3 $?
+    holds "what is said" "$text" "== Sanitizer build" "== broken off:"
+    same "the bare system" "" "$(tr -d '\0' 2> /dev/null < "/proc/$(cat "$scratch/bare")/cmdline")"
 }
 
 for name in $(declare -F | sed -n 's/^declare -f \(test_.*\)/\1/p'); do
