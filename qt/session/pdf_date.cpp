@@ -19,15 +19,16 @@ constexpr std::size_t kLargestPdf = std::size_t{1024} * 1024 * 1024;
 
 void SettleDateOfPdf(QByteArray& pdf) {
     const auto seconds = SourceDate();
+    if (!seconds) return;
     const QByteArray key = "/CreationDate (";
-    const qsizetype start = pdf.lastIndexOf(key);
-    if (!seconds || start < 0) return;
-    const qsizetype room = pdf.indexOf(')', start) + 1 - start;
     const QByteArray date =
         QDateTime::fromSecsSinceEpoch(*seconds, QTimeZone::utc()).toString("yyyyMMddHHmmss").toLatin1();
-    // A zone other than that of the date itself takes more room, which blanks fill.
     const QByteArray settled = key + "D:" + date + "Z)";
-    if (settled.size() <= room) pdf.replace(start, room, settled.leftJustified(room, ' '));
+    // Some releases of the toolkit write it twice. A zone other than that of the date itself takes more room, which blanks fill.
+    for (qsizetype start = pdf.indexOf(key); start >= 0; start = pdf.indexOf(key, start + 1)) {
+        const qsizetype room = pdf.indexOf(')', start) + 1 - start;
+        if (settled.size() <= room) pdf.replace(start, room, settled.leftJustified(room, ' '));
+    }
 }
 
 void SettleDateOfPdfFile(const std::string& path) {

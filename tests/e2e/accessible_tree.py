@@ -15,6 +15,7 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
 
+# What an interface tells is asked of the interface by name: a node's own get_text has another meaning in each release.
 def in_a_line(text):
     return " ".join((text or "").split())
 
@@ -22,13 +23,16 @@ def in_a_line(text):
 def value_of(node):
     if "Value" not in node.get_interfaces():
         return ""
-    return f"{node.get_current_value():g} of {node.get_minimum_value():g} to {node.get_maximum_value():g}"
+    current, least, most = (
+        ask(node) for ask in (Atspi.Value.get_current_value, Atspi.Value.get_minimum_value, Atspi.Value.get_maximum_value)
+    )
+    return f"{current:g} of {least:g} to {most:g}"
 
 
 def text_of(node):
     if "Text" not in node.get_interfaces():
         return ""
-    return node.get_text(0, node.get_character_count())
+    return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
 
 
 def told_of(node):
@@ -38,7 +42,7 @@ def told_of(node):
 def place_of(node):
     if "Component" not in node.get_interfaces():
         return []
-    place = node.get_extents(Atspi.CoordType.SCREEN)
+    place = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
     return [str(part) for part in (place.x, place.y, place.width, place.height)]
 
 

@@ -204,6 +204,8 @@ void DesktopTest::SetUp() {
         GTEST_SKIP() << "not installed: " << missing;
     setenv("QT_QPA_PLATFORM", "xcb", 1);
     setenv("QT_SCALE_FACTOR", Scale.c_str(), 1);
+    // As in any desktop's session: the toolkit says a word on standard error about a locale that is not in UTF-8.
+    setenv("LC_ALL", "C.UTF-8", 1);
     ASSERT_TRUE(DesktopIsUp(Screen));
     std::filesystem::create_directories(Folder / "Documents");
 }

@@ -275,6 +275,15 @@ int open64(const char* path, int flags, ...) {
     return Opened("open64", path, flags, rights);
 }
 
+// What a hardened build makes of a call that gives no rights.
+int __open_2(const char* path, int flags) {
+    return Opened("__open_2", path, flags, 0);
+}
+
+int __open64_2(const char* path, int flags) {
+    return Opened("__open64_2", path, flags, 0);
+}
+
 // Only where it is missing: a lock is no operation on the file's content.
 int flock(int file, int operation) {
     if (const auto lacking = TheFault.missing.find("flock");
