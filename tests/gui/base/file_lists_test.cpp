@@ -153,7 +153,7 @@ TEST_F(PathListTest, AFolderThatWasShownIsNoFileOfTheFolderAbove) {
     files.SetFolder(PathTo("beta"));
     ExpectListed(files, {"a.TKL", "b.txt", "c[1].TKL"});
     files.SetFolder(Folder.string());
-    ASSERT_TRUE(WaitUntil([&] { return files.model()->rowCount(files.rootIndex()) > 1; }));
+    // Some releases of the toolkit list the folder as a row, which is hidden then, others do not.
     const auto shown = [&] {
         std::vector<std::string> names;
         for (int row = 0; row < files.model()->rowCount(files.rootIndex()); ++row)
