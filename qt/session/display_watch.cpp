@@ -2,9 +2,12 @@
 #include "qt/session/display_watch.h"
 
 #include <QString>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <mutex>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "qt/session/qt_text.h"
@@ -35,13 +38,19 @@ void PassAllOn() {
     Held.complaints.clear();
 }
 
-// The toolkit's first complaint tells which display it has tried; without any to try it tells nothing.
+// What opens displays complains in these categories; a complaint of a locale or a font is no reason.
+bool IsOfDisplay(const Complaint& complaint) {
+    return complaint.category != nullptr && std::string_view(complaint.category).starts_with("qt.qpa");
+}
+
+// The toolkit's first complaint of a display tells which it has tried; without any to try it tells nothing.
 std::string Reason() {
     bool named = false;
     for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
         named = named || !qEnvironmentVariableIsEmpty(variable);
-    if (!named || Held.complaints.empty()) return "";
-    return " (" + FromQt(Held.complaints.front().text.simplified()) + ")";
+    const auto first = std::find_if(Held.complaints.begin(), Held.complaints.end(), IsOfDisplay);
+    if (!named || first == Held.complaints.end()) return "";
+    return " (" + FromQt(first->text.simplified()) + ")";
 }
 
 void Take(QtMsgType type, const QMessageLogContext& context, const QString& text) {

@@ -35,6 +35,11 @@ def text_of(node):
     return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
 
 
+def role_of(node):
+    """The name of the role, in the words of Debian 12; later releases call a push button a button."""
+    return "push button" if node.get_role() == Atspi.Role.PUSH_BUTTON else node.get_role_name()
+
+
 def told_of(node):
     return [node.get_description(), value_of(node), text_of(node)]
 
@@ -48,7 +53,7 @@ def place_of(node):
 
 def tell(node, more):
     if node.get_state_set().contains(Atspi.StateType.SHOWING):
-        parts = [node.get_role_name(), node.get_name()] + more(node)
+        parts = [role_of(node), node.get_name()] + more(node)
         print("\t".join(in_a_line(part) for part in parts))
     for at in range(node.get_child_count()):
         child = node.get_child_at_index(at)

@@ -223,17 +223,19 @@ class Packages:
     @staticmethod
     def owners(paths):
         """{path: package}; a path is looked for under its other names, too, those of links and of a merged /usr."""
-        names = {}
+        asked = {}
         for path in paths:
             for name in {path, os.path.realpath(path)}:
-                names.setdefault(name, path)
-                names.setdefault(name.removeprefix("/usr"), path)
-        told = subprocess.run(["dpkg-query", "-S", *names], capture_output=True, text=True, check=False)
+                for spelling in {name, name.removeprefix("/usr")}:
+                    # One program may serve under the names of several.
+                    asked.setdefault(spelling, set()).add(path)
+        told = subprocess.run(["dpkg-query", "-S", *asked], capture_output=True, text=True, check=False)
         owners = {}
         for line in told.stdout.splitlines():
             package, _, name = line.rpartition(": ")
-            if name in names and not line.startswith("diversion"):
-                owners.setdefault(names[name], package.split(",")[0].partition(":")[0])
+            if name in asked and not line.startswith("diversion"):
+                for path in asked[name]:
+                    owners.setdefault(path, package.split(",")[0].partition(":")[0])
         return owners
 
 

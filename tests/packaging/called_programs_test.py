@@ -90,6 +90,13 @@ class Tree(unittest.TestCase):
             "program jq, called by tests/b.sh, comes with none of the packages listed: it is in the package jq"])
         self.assertEqual(faults(calls, Packages(), ["python3-mpmath", "jq"]), [])
 
+    def test_one_program_may_have_several_names(self):
+        with tempfile.TemporaryDirectory() as folder:
+            names = [os.path.join(folder, name) for name in ("first", "second")]
+            for name in names:
+                os.symlink("/usr/bin/jq", name)
+            self.assertEqual(Packages.owners(names), {name: "jq" for name in names})
+
     def test_ours(self):
         calls = calls_of(TREE, EVERYTHING)
         self.assertLessEqual({"cmake", "identify", "xdotool", "Xvfb", "weston", "pdftotext", "localedef", "jq", "gzip"},
