@@ -5,6 +5,7 @@ install.
 
     called_programs_test.py [--all]     with --all also what only `./test --all` and `./test --coverage` call and install
 """
+import os
 import sys
 import tempfile
 import unittest
