@@ -174,6 +174,16 @@ double SumOfProducts(const SampleRanks& x, const SampleRanks& y) {
     return sum;
 }
 
+// Where a share of sorted values ends, in places from 0.
+double PositionOf(double share, std::size_t count) {
+    return share * static_cast<double>(count - 1);
+}
+
+// Between the two values beside a position.
+double Between(double low, double high, double position) {
+    return low + (position - std::floor(position)) * (high - low);
+}
+
 // A value at a place of the order, and who wants it.
 struct Wanted {
     std::size_t place = 0;
@@ -270,38 +280,52 @@ class PlaceFinder {
 }  // namespace
 
 RankOrder::RankOrder(BigArray<double> values, const CheckPoint& check) {
-    constexpr std::size_t kFew = std::size_t{1} << 20;
     const Extent extent = ExtentOf(values);
     count_ = extent.count;
     index_bits_ = static_cast<int>(std::bit_width(values.size()));
     const int bits = static_cast<int>(std::bit_width(extent.highest - extent.lowest));
     const int left_out = std::max(0, bits - (kWordBits - index_bits_));
-    if (left_out > 0 && values.size() <= kFew) {
-        exact_ = BigArray<double>(values.size());
-        std::copy(values.begin(), values.end(), exact_.begin());
-    }
+    if (values.size() <= kFew)
+        EnterFew(std::move(values), extent.lowest, left_out);
+    else
+        EnterMany(std::move(values), extent.lowest, left_out);
+    WordSort(index_bits_, check)
+        .Sort(std::span(entries_.data(), count_), index_bits_ + std::max(bits - left_out, 0));
+    if (has_alikes_) SortAlikes();
+}
+
+void RankOrder::EnterFew(BigArray<double> values, Word lowest, int left_out) {
+    values_ = std::move(values);
+    has_alikes_ = left_out > 0;
+    entries_ = BigArray<Word>(count_);
+    std::size_t sound = 0;
+    for (std::size_t i = 0; i < values_.size(); ++i)
+        if (!std::isnan(values_[i]))
+            entries_[sound++] = ((SortKey(values_[i]) - lowest) >> left_out) << index_bits_ | i;
+}
+
+void RankOrder::EnterMany(BigArray<double> values, Word lowest, int left_out) {
     const std::size_t size = values.size();
-    entries_ = std::move(values).template As<Word>([&](double value) {
-        return std::isnan(value) ? ~Word{0} : (SortKey(value) - extent.lowest) >> left_out;
-    });
+    entries_ = std::move(values).template As<Word>(
+        [&](double value) { return std::isnan(value) ? ~Word{0} : (SortKey(value) - lowest) >> left_out; });
     std::size_t sound = 0;
     for (std::size_t i = 0; i < size; ++i)
         if (entries_[i] != ~Word{0}) entries_[sound++] = entries_[i] << index_bits_ | i;
-    WordSort(index_bits_, check)
-        .Sort(std::span(entries_.data(), count_), index_bits_ + std::max(bits - left_out, 0));
-    if (!exact_.empty()) SortAlikes();
 }
 
 // Puts neighbours with the same leading bits into their order; there are few of them.
 void RankOrder::SortAlikes() {
-    for (std::size_t first = 0; first + 1 < count_;) {
-        std::size_t end = first + 1;
-        while (end < count_ && (entries_[end] ^ entries_[first]) >> index_bits_ == 0) ++end;
-        const auto value_of = [this](Word entry) { return exact_[entry & ((Word{1} << index_bits_) - 1)]; };
-        if (end > first + 1)
-            std::sort(&entries_[first], entries_.begin() + end,
-                      [&](Word a, Word b) { return std::pair(value_of(a), a) < std::pair(value_of(b), b); });
-        first = end;
+    const auto are_alike = [this](std::size_t one, std::size_t other) {
+        return (entries_[one] ^ entries_[other]) >> index_bits_ == 0;
+    };
+    const auto value_of = [this](Word entry) { return values_[entry & ((Word{1} << index_bits_) - 1)]; };
+    for (std::size_t first = 0; first + 1 < count_; ++first) {
+        if (!are_alike(first, first + 1)) continue;
+        std::size_t end = first + 2;
+        while (end < count_ && are_alike(first, end)) ++end;
+        std::sort(&entries_[first], entries_.begin() + end,
+                  [&](Word a, Word b) { return std::pair(value_of(a), a) < std::pair(value_of(b), b); });
+        first = end - 1;
     }
 }
 
@@ -325,6 +349,23 @@ double RankCorrelation(const SampleRanks& x, const SampleRanks& y) {
     return spread > 0.0 ? std::clamp(SumOfProducts(x, y) / spread, -1.0, 1.0) : kNone;
 }
 
+std::vector<double> QuantilesOf(const RankOrder& order, std::span<const double> shares) {
+    std::vector<double> quantiles;
+    quantiles.reserve(shares.size());
+    for (const double share : shares) {
+        if (order.size() == 0) {
+            quantiles.push_back(kNone);
+            continue;
+        }
+        const std::size_t last = order.size() - 1;
+        const double position = PositionOf(share, order.size());
+        const auto below = static_cast<std::size_t>(position);
+        quantiles.push_back(
+            Between(order.ValueAt(below), order.ValueAt(std::min(below + 1, last)), position));
+    }
+    return quantiles;
+}
+
 std::vector<double> QuantilesOf(std::span<const double> values, std::span<const double> shares,
                                 const CheckPoint& check) {
     const Extent extent = ExtentOf(values);
@@ -332,7 +373,7 @@ std::vector<double> QuantilesOf(std::span<const double> values, std::span<const 
     // The neighbours of each position, and the places by which they are looked for.
     std::vector<double> found(2 * shares.size());
     std::vector<Wanted> wanted;
-    const auto position_of = [&](double share) { return share * static_cast<double>(extent.count - 1); };
+    const auto position_of = [&](double share) { return PositionOf(share, extent.count); };
     for (std::size_t i = 0; i < shares.size(); ++i) {
         const auto below = static_cast<std::size_t>(position_of(shares[i]));
         wanted.push_back({below, &found[2 * i]});
@@ -344,11 +385,9 @@ std::vector<double> QuantilesOf(std::span<const double> values, std::span<const 
     finder.Find(extent.lowest, static_cast<int>(std::bit_width(extent.highest - extent.lowest)), wanted);
     finder.Finish();
     std::vector<double> quantiles;
-    for (std::size_t i = 0; i < shares.size(); ++i) {
-        const double position = position_of(shares[i]);
-        const double low = found[2 * i];
-        quantiles.push_back(low + (position - std::floor(position)) * (found[2 * i + 1] - low));
-    }
+    quantiles.reserve(shares.size());
+    for (std::size_t i = 0; i < shares.size(); ++i)
+        quantiles.push_back(Between(found[2 * i], found[2 * i + 1], position_of(shares[i])));
     return quantiles;
 }
 

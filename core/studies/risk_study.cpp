@@ -219,9 +219,12 @@ class RiskRun {
                 FactorRisk& risk = result_.risk[factor];
                 BigArray<double>& values = result_.factors[factor];
                 risk.moments = MomentsOf(values);
-                const auto quantiles = QuantilesOf(values, kRiskShares, check_);
-                std::copy(quantiles.begin(), quantiles.end(), risk.quantiles.begin());
+                const bool few = values.size() <= RankOrder::kFew;
+                std::vector<double> quantiles;
+                if (!few) quantiles = QuantilesOf(values, kRiskShares, check_);
                 RankOrder order(Taken(values), check_);
+                if (few) quantiles = QuantilesOf(order, kRiskShares);
+                std::copy(quantiles.begin(), quantiles.end(), risk.quantiles.begin());
                 // Ranks and order stand side by side here: those of one factor are enough for the memory.
                 const std::scoped_lock lock(one_at_a_time);
                 const RankOrder last = std::move(order);

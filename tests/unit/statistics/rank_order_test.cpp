@@ -114,6 +114,10 @@ TEST(RankOrder, QuantilesAreLinearBetweenNeighbours) {
     EXPECT_THAT(QuantilesOf(Values{3, 1}, Values{0.75}), ElementsAre(2.5));
     EXPECT_TRUE(std::isnan(QuantilesOf(Values{}, Values{0.5})[0]));
     EXPECT_TRUE(std::isnan(QuantilesOf(Values{kMissing}, Values{0.5})[0]));
+    EXPECT_THAT(QuantilesOf(RankOrder(Array(values)), Values{0, 0.5, 0.25, 1}),
+                ElementsAre(10, 30, 17.5, 50));
+    EXPECT_THAT(QuantilesOf(RankOrder(Array({7})), Values{0, 0.99}), ElementsAre(7, 7));
+    EXPECT_TRUE(std::isnan(QuantilesOf(RankOrder(Array({kMissing})), Values{0.5})[0]));
 }
 
 // However the values lie: evenly, beside one that is far away, most of them the same.
@@ -130,6 +134,7 @@ TEST(RankOrder, QuantilesAreThoseOfTheSortedValues) {
         std::sort(sorted.begin(), sorted.end());
         const Values shares{0.01, 0.05, 0.1, 0.25, 0.5, 0.75, 0.9, 0.95, 0.99};
         const Values found = QuantilesOf(values, shares);
+        EXPECT_EQ(QuantilesOf(RankOrder(Array(values)), shares), found);
         for (std::size_t i = 0; i < shares.size(); ++i) {
             const double position = shares[i] * 69999;
             const auto below = static_cast<std::size_t>(position);
