@@ -3,6 +3,7 @@
 
 #include <QDateTime>
 #include <QTimeZone>
+#include <QUuid>
 
 #include <fcntl.h>
 
@@ -15,20 +16,39 @@ namespace {
 
 constexpr std::size_t kLargestPdf = std::size_t{1024} * 1024 * 1024;
 
+// Puts the value between each such beginning and the end after it. Blanks after the end fill the room that is left; a value
+// that needs more room than there is changes nothing, because nothing in the file may move.
+void PutValue(QByteArray& pdf, const QByteArray& beginning, const QByteArray& value, char end) {
+    const QByteArray settled = beginning + value + end;
+    for (qsizetype start = pdf.indexOf(beginning); start >= 0; start = pdf.indexOf(beginning, start + 1)) {
+        const qsizetype room = pdf.indexOf(end, start + beginning.size()) + 1 - start;
+        if (settled.size() <= room) pdf.replace(start, room, settled.leftJustified(room, ' '));
+    }
+}
+
+void PutDates(QByteArray& pdf, const QDateTime& date) {
+    const QByteArray of_entry = "D:" + date.toString("yyyyMMddHHmmss").toLatin1() + "Z";
+    for (const char* key : {"/CreationDate (", "/ModDate ("}) PutValue(pdf, key, of_entry, ')');
+    const QByteArray of_attribute = date.toString("yyyy-MM-dd'T'HH:mm:ss'Z'").toLatin1();
+    for (const char* name : {"xmp:CreateDate=\"", "xmp:ModifyDate=\"", "xmp:MetadataDate=\""})
+        PutValue(pdf, name, of_attribute, '"');
+}
+
+// The number of a document is drawn by its writer. Made of the rest of the file, it is that of all files like it, and of no other.
+void PutNumber(QByteArray& pdf) {
+    const QByteArray beginning = "xmpMM:DocumentID=\"uuid:";
+    if (!pdf.contains(beginning)) return;
+    PutValue(pdf, beginning, QUuid().toByteArray(QUuid::WithoutBraces), '"');
+    PutValue(pdf, beginning, QUuid::createUuidV5(QUuid(), pdf).toByteArray(QUuid::WithoutBraces), '"');
+}
+
 }  // namespace
 
 void SettleDateOfPdf(QByteArray& pdf) {
     const auto seconds = SourceDate();
     if (!seconds) return;
-    const QByteArray key = "/CreationDate (";
-    const QByteArray date =
-        QDateTime::fromSecsSinceEpoch(*seconds, QTimeZone::utc()).toString("yyyyMMddHHmmss").toLatin1();
-    const QByteArray settled = key + "D:" + date + "Z)";
-    // Some releases of the toolkit write it twice. A zone other than that of the date itself takes more room, which blanks fill.
-    for (qsizetype start = pdf.indexOf(key); start >= 0; start = pdf.indexOf(key, start + 1)) {
-        const qsizetype room = pdf.indexOf(')', start) + 1 - start;
-        if (settled.size() <= room) pdf.replace(start, room, settled.leftJustified(room, ' '));
-    }
+    PutDates(pdf, QDateTime::fromSecsSinceEpoch(*seconds, QTimeZone::utc()));
+    PutNumber(pdf);
 }
 
 void SettleDateOfPdfFile(const std::string& path) {

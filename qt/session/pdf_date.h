@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The date of a PDF file, which its writer takes from the clock.
+// The dates of a PDF file, which its writer takes from the clock, and the number that some writers draw for it.
 #pragma once
 
 #include <QByteArray>
@@ -7,8 +7,8 @@
 
 namespace tarvokol {
 
-// Puts the date that SourceDate names, if any, in place of the writer's; nothing moves, so that the file's table of objects
-// holds.
+// Puts the date that SourceDate names, if any, in place of the writer's, and a number made of the content in place of one that
+// was drawn; nothing moves, so that the file's table of objects holds.
 void SettleDateOfPdf(QByteArray& pdf);
 
 // The same in a file. Raises the errors of the files.
