@@ -50,7 +50,8 @@ Drawing& TheDrawing() {
     errno = ENOENT;
     if (!sibling.empty()) ::execv(sibling.c_str(), arguments);
     std::cerr << (sibling.empty() ? kSibling : sibling.string()) << ": " << std::strerror(errno)
-              << "; pictures, PDF and workbooks need it beside tarvokol-cli: install the program again\n";
+              << "; pictures, PDF and workbooks need it: install the package tarvokol-cli-drawing, or the "
+                 "program again\n";
     ::_exit(exit_status::NotWritten);
 }
 

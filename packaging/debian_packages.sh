@@ -9,11 +9,12 @@ BUILD_PACKAGES="g++ cmake ninja-build ccache qt6-base-dev qt6-tools-dev qt6-tool
 # What the program asks for when it runs and no library of it tells, beside the workbook library, whose package carries the
 # number of its interface: the reader of the compiled help, the drawings, the fonts of the report, the folders of the icons.
 RUN_PACKAGES="libqt6sql6-sqlite fonts-liberation hicolor-icon-theme"
-PACKAGE_PACKAGES="dpkg-dev file git"
+# What packages are made with, and what only some of them hold: the Python module.
+PACKAGE_PACKAGES="build-essential debhelper dh-python dpkg-dev git pybind11-dev python3-dev python3-numpy"
 TEST_PACKAGES="libgtest-dev libgmock-dev libx11-dev libxcb1-dev xvfb xauth openbox xdotool x11-utils xclip qt6-wayland weston
     dbus-daemon at-spi2-core python3-pyatspi python3-gi
-    poppler-utils imagemagick python3 python3-dev python3-jsonschema python3-mpmath python3-numpy python3-pytest mypy
-    pkg-config pybind11-dev jq make clang lld fonts-dejavu-core locales
+    poppler-utils imagemagick python3 python3-jsonschema python3-mpmath python3-pytest mypy
+    pkg-config jq make clang lld fonts-dejavu-core locales
     $PACKAGE_PACKAGES shared-mime-info desktop-file-utils appstream lintian mandoc zsh fish"
 COVERAGE_PACKAGES="llvm libclang-rt-dev"
 # With the tools of the coverage the sanitizers name the lines of what they report.

@@ -1,6 +1,10 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# What a desktop reads of the program: its entry, the type of its files, its manual, and icons.
-install(FILES tarvokol.doc-base DESTINATION ${share}/doc-base RENAME tarvokol.manual)
+# The desktop programs, and what a desktop reads of them: their entries, the type of their files, icons; the manual for those
+# who list manuals.
+install(FILES tarvokol.doc-base DESTINATION ${share}/doc-base RENAME tarvokol.manual COMPONENT doc)
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME desktop)
+install(TARGETS tarvokol tarvokol-studies RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(FILES ${made}/man/tarvokol.1.gz ${made}/man/tarvokol-studies.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES tarvokol.desktop tarvokol_studies.desktop DESTINATION ${share}/applications)
 install(FILES tarvokol-mime.xml DESTINATION ${share}/mime/packages RENAME tarvokol.xml)
 install(FILES example.oltek.tarvokol.metainfo.xml DESTINATION ${share}/metainfo)

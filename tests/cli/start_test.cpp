@@ -64,10 +64,9 @@ TEST_F(Start, WithoutItsSiblingADrawingIsAnOutputThatCannotBeWritten) {
         const CliAnswer answer = RunProgram(alone, arguments, Folder.string(), "p.TKL\n");
         EXPECT_EQ(answer.status, 3);
         EXPECT_EQ(answer.out, "");
-        EXPECT_EQ(
-            answer.err,
-            "tarvokol-cli-drawing: No such file or directory; pictures, PDF and workbooks need it beside "
-            "tarvokol-cli: install the program again\n");
+        EXPECT_EQ(answer.err,
+                  "tarvokol-cli-drawing: No such file or directory; pictures, PDF and workbooks need it: "
+                  "install the package tarvokol-cli-drawing, or the program again\n");
     }
     EXPECT_FALSE(std::filesystem::exists(Folder / "folder"));
 }

@@ -32,6 +32,14 @@ test_no_name_carries_a_version() {
     done
 }
 
+# Without those that every Debian builds with, the compiler cache, git, which tells the commit, and what the documents are
+# made with that is asked for when the program runs, too.
+test_the_source_package_asks_for_the_same() {
+    same "to build packages" \
+        "$({ packages bookworm BUILD_PACKAGES; packages bookworm PACKAGE_PACKAGES; } | grep -vxE 'g\+\+|ccache|build-essential|debhelper|dpkg-dev|git' | sort)" \
+        "$(sed -n '/^Build-Depends:/,/^[^ ]/ s/^ \([^ ,]*\).*/\1/p' debian/control | grep -vxE 'debhelper-compat|fonts-liberation|libqt6sql6-sqlite|qt6-svg-plugins' | sort)"
+}
+
 test_a_release_that_is_not_known_is_a_later_one() {
     same "to run on Debian 14" "$(packages trixie RUN_PACKAGES)" "$(packages forky RUN_PACKAGES)"
 }
