@@ -106,6 +106,7 @@ TEST_F(NumberOfHoles, TheScrollBarWritesTheTextAndTheFocusGoesToTheBox) {
     auto& bar = Find<QScrollBar>(form, "HScroll1");
     EXPECT_EQ(bar.minimum(), 2);
     EXPECT_EQ(bar.maximum(), 20);
+    EXPECT_EQ(bar.pageStep(), 1);
     EXPECT_EQ(bar.orientation(), Qt::Horizontal);
     QTest::keyClick(&bar, Qt::Key_Right);
     EXPECT_EQ(TextOf(form, "txtNumberHoles"), "6");

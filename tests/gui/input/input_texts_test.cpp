@@ -96,5 +96,16 @@ TEST_F(InputTexts, TheTabKeyGoesThroughTheDescription) {
     EXPECT_EQ(form.size(), QSize(620, 360));
 }
 
+// However small the window is made.
+TEST_F(InputTexts, TheDescriptionHasRoomForSomeLines) {
+    frmTARVODesc& form = frmTARVODesc::Instance();
+    ShowAndActivate(form);
+    const auto& lines = Find<QPlainTextEdit>(form, "Text2");
+    EXPECT_EQ(lines.minimumHeight(), 120);
+    form.resize(1, 1);
+    EXPECT_TRUE(WaitUntil([&] { return lines.height() < 200; }));
+    EXPECT_GE(lines.height(), 120);
+}
+
 }  // namespace
 }  // namespace tarvokol
