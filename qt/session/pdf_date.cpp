@@ -34,12 +34,24 @@ void PutDates(QByteArray& pdf, const QDateTime& date) {
         PutValue(pdf, name, of_attribute, '"');
 }
 
+QByteArray TextOf(const QUuid& number) {
+    return number.toByteArray(QUuid::WithoutBraces);
+}
+
+// Wherever a number stands, as text or, in the file's trailer, as the digits of its bytes.
+void ReplaceNumber(QByteArray& pdf, const QByteArray& present, const QByteArray& wanted) {
+    pdf.replace(present, wanted);
+    pdf.replace(present.toHex(), wanted.toHex());
+}
+
 // The number of a document is drawn by its writer. Made of the rest of the file, it is that of all files like it, and of no other.
 void PutNumber(QByteArray& pdf) {
-    const QByteArray beginning = "xmpMM:DocumentID=\"uuid:";
-    if (!pdf.contains(beginning)) return;
-    PutValue(pdf, beginning, QUuid().toByteArray(QUuid::WithoutBraces), '"');
-    PutValue(pdf, beginning, QUuid::createUuidV5(QUuid(), pdf).toByteArray(QUuid::WithoutBraces), '"');
+    const QByteArray beginning = "xmpMM:DocumentID=\"uuid:", none = TextOf(QUuid());
+    const qsizetype start = pdf.indexOf(beginning);
+    const QByteArray drawn = start < 0 ? QByteArray() : pdf.mid(start + beginning.size(), none.size());
+    if (QUuid::fromString(drawn).isNull()) return;
+    ReplaceNumber(pdf, drawn, none);
+    ReplaceNumber(pdf, none, TextOf(QUuid::createUuidV5(QUuid(), pdf)));
 }
 
 }  // namespace

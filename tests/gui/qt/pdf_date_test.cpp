@@ -58,6 +58,20 @@ TEST_F(PdfDate, TheNumberIsThatOfTheContent) {
     EXPECT_EQ(number(settled)[14], '5');
 }
 
+TEST_F(PdfDate, TheTrailerHasTheSameNumberByTheDigitsOfItsBytes) {
+    const std::string settled = Settled(WithNumber("f1d6b9c3-9f1e-4bb2-8f0a-0123456789ab",
+                                                   "/ID [ <66316436623963332d396631652d346262322d386630612d"
+                                                   "303132333435363738396162> ]"));
+    const QByteArray number = QByteArray::fromStdString(settled.substr(settled.find("uuid:") + 5, 36));
+    EXPECT_NE(number, "f1d6b9c3-9f1e-4bb2-8f0a-0123456789ab");
+    EXPECT_NE(settled.find("/ID [ <" + number.toHex().toStdString() + "> ]"), std::string::npos);
+}
+
+TEST_F(PdfDate, WhatIsNoNumberStaysAsItIs) {
+    const std::string text = WithNumber("of this document", "web");
+    EXPECT_EQ(Settled(text), text);
+}
+
 TEST_F(PdfDate, WithoutATimeTheFileStaysAsItIs) {
     unsetenv("SOURCE_DATE_EPOCH");
     const std::string text =
