@@ -28,9 +28,9 @@ done
 servants=()
 trap 'kill "${servants[@]}" 2>/dev/null; remove_system' EXIT
 
-inside() { timeout 300 chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive "$@"; }
+inside() { timeout 1800 chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive "$@"; }
 as_engineer() {
-    timeout 300 chroot --userspec=1000:1000 "$root" env -i PATH=/usr/bin:/bin LC_ALL=C.UTF-8 HOME="$home" \
+    timeout 1800 chroot --userspec=1000:1000 "$root" env -i PATH=/usr/bin:/bin LC_ALL=C.UTF-8 HOME="$home" \
         DISPLAY="$DISPLAY" "$@"
 }
 
