@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The panel whose figures the tests of the studies have worked out by hand.
+// The panel of five holes whose figures the tests have worked out by hand: Overall 5.93, Webs ONLY 4.72, Barrier Pillar 4.71.
 #pragma once
 
 #include "core/engine/panel.h"
 
 namespace tarvokol {
 
-// Its webs have the factor 471.99928 / depth, and in proportion to the strength.
+// In ft, psi and pcf. Its webs have the factor 471.99928 / depth, and in proportion to the strength.
 inline Panel WorkedPanel() {
     Panel panel;
     panel.Height = 10;

@@ -12,6 +12,7 @@
 #include "core/settings/option_settings.h"
 #include "desktop/input/frmTARVOParm.h"
 #include "tests/support/gui_fixture.h"
+#include "tests/support/worked_panel.h"
 
 namespace tarvokol {
 
@@ -29,18 +30,7 @@ class ParametersDialog : public GuiTest {
     // Overall 5.93, Webs ONLY 4.72, Barrier Pillar 4.71; sizes 39.00 in and 122.40 in.
     static void EnterPanel() {
         UnitSystem = 0;
-        ResetProjectRecord();
-        ProjectRecord.Height = 10;
-        ProjectRecord.DepthCover = 100;
-        ProjectRecord.HoleWidth = 10;
-        ProjectRecord.WebThickness = 10;
-        ProjectRecord.BarrierPillarWidth = 20;
-        ProjectRecord.NumberHoles = 5;
-        ProjectRecord.CoalStrength = 900;
-        ProjectRecord.UnitWeight = 162;
-        ProjectRecord.AbutmentAngle = 21;
-        ProjectRecord.SFWeb = 1.6f;
-        ProjectRecord.SFBarrier = 2;
+        ProjectRecord = WorkedPanel();
         ProjectSaved = ProjectEmpty = 255;
         UnitsLocked = 0;
     }

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/support/raised_error.h"
+#include "tests/support/refused_figures.h"
 
 namespace tarvokol {
 namespace {
@@ -54,19 +55,9 @@ CheckedPanel CheckedOf(const Panel& panel) {
 }
 
 TEST(Engine, EveryRefusalHasItsWords) {
-    const std::pair<Refusal, const char*> kWords[] = {
-        {{PanelTest::Height}, "Invalid entry height"},
-        {{PanelTest::DepthCover}, "Invalid depth of cover"},
-        {{PanelTest::CrosscutAngle}, "Invalid crosscut angle"},
-        {{PanelTest::HoleWidth}, "Invalid entry width"},
-        {{PanelTest::CrosscutSpacing}, "Invalid crosscut spacing"},
-        {{PanelTest::WebThickness}, "Invalid Web thickness"},
-        {{PanelTest::BarrierPillarWidth}, "Invalid barrier pillar width"},
-        {{PanelTest::CoalStrength}, "Invalid coal strength"},
-        {{PanelTest::UnitWeight}, "Invalid unit weight"},
-        {{PanelTest::AbutmentAngle}, "Invalid abutment angle"},
-        {{PanelTest::CenterDistance, 3}, "Invalid center-to-center distance #3"}};
-    for (const auto& [refusal, words] : kWords) EXPECT_EQ(refusal.Message(), words);
+    for (const RefusedFigure& refused : kRefusedFigures)
+        EXPECT_EQ((Refusal{refused.test, 0}.Message()), refused.words);
+    EXPECT_EQ((Refusal{PanelTest::CenterDistance, 3}.Message()), "Invalid center-to-center distance #3");
 }
 
 TEST(Engine, OnlyTheCheckMakesACheckedPanel) {

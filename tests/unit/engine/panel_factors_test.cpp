@@ -7,6 +7,7 @@
 #include "core/engine/engine.h"
 #include "tests/support/raised_error.h"
 #include "tests/support/random_panels.h"
+#include "tests/support/worked_panel.h"
 
 namespace tarvokol {
 namespace {
@@ -83,17 +84,7 @@ TEST(PanelFactorsTest, AreTheSameFromPartsOfAnotherDepth) {
 }
 
 TEST(PanelFactorsTest, OfTheShallowPanel) {
-    Panel panel;
-    panel.Height = panel.HoleWidth = panel.WebThickness = 10;
-    panel.DepthCover = 100;
-    panel.BarrierPillarWidth = 20;
-    panel.NumberHoles = 5;
-    panel.CrosscutSpacing = 1000000;
-    panel.CrosscutAngle = 90;
-    panel.CoalStrength = 900;
-    panel.UnitWeight = 162;
-    panel.AbutmentAngle = 21;
-    const auto factors = std::get<PanelFactors>(FactorsOf(panel));
+    const auto factors = std::get<PanelFactors>(FactorsOf(WorkedPanel()));
     EXPECT_EQ(factors.overall, 5.934529745454546);
     EXPECT_EQ(factors.webs_only, 4.719992800000001);
     EXPECT_NEAR(factors.barrier, 4.713406400915023, 1e-15);

@@ -11,6 +11,7 @@
 #include "core/project/working_parameters.h"
 #include "core/settings/options_record.h"
 #include "tests/support/core_fixture.h"
+#include "tests/support/worked_panel.h"
 
 namespace tarvokol {
 
@@ -29,23 +30,7 @@ class CalculationTest : public CoreTest {
         UnitSystem = 0;
     }
 
-    // Seam 10, cover 100, hole and web 10, barrier 20, 5 holes, 900 psi, 162 pcf, 21 degrees, endless
-    // pillars.
-    static void EnterShallowPanel() {
-        ProjectRecord.Height = 10;
-        ProjectRecord.DepthCover = 100;
-        ProjectRecord.HoleWidth = 10;
-        ProjectRecord.CrosscutSpacing = 1000000;
-        ProjectRecord.CrosscutAngle = 90;
-        ProjectRecord.WebThickness = 10;
-        ProjectRecord.BarrierPillarWidth = 20;
-        ProjectRecord.NumberHoles = 5;
-        ProjectRecord.CoalStrength = 900;
-        ProjectRecord.UnitWeight = 162;
-        ProjectRecord.AbutmentAngle = 21;
-        ProjectRecord.SFWeb = 1.6f;
-        ProjectRecord.SFBarrier = 2.0f;
-    }
+    static void EnterShallowPanel() { ProjectRecord = WorkedPanel(); }
 
     // The same panel under 300 of cover, behind a barrier of 40, with 10 holes.
     static void EnterDeepPanel() {

@@ -6,6 +6,7 @@
 
 #include "core/runtime/run_time_error.h"
 #include "tests/support/core_fixture.h"
+#include "tests/support/refused_figures.h"
 
 namespace tarvokol {
 namespace {
@@ -49,26 +50,15 @@ TEST_F(FigureRange, NamesTheFigureFarthestFromOne) {
 }
 
 TEST_F(FigureRange, EveryFigureHasItsWords) {
-    const std::pair<double PanelInputs::*, const char*> kFigures[] = {
-        {&PanelInputs::Height, "Invalid entry height"},
-        {&PanelInputs::DepthCover, "Invalid depth of cover"},
-        {&PanelInputs::CrosscutAngle, "Invalid crosscut angle"},
-        {&PanelInputs::HoleWidth, "Invalid entry width"},
-        {&PanelInputs::CrosscutSpacing, "Invalid crosscut spacing"},
-        {&PanelInputs::WebThickness, "Invalid Web thickness"},
-        {&PanelInputs::BarrierPillarWidth, "Invalid barrier pillar width"},
-        {&PanelInputs::CoalStrength, "Invalid coal strength"},
-        {&PanelInputs::UnitWeight, "Invalid unit weight"},
-        {&PanelInputs::AbutmentAngle, "Invalid abutment angle"}};
     const auto words_for = [this](const PanelInputs& panel) {
         Host.Messages.Shown.clear();
         DoneWithinRange(panel, [] { Raise(error_number::Overflow); });
         return Messages();
     };
-    for (const auto& [figure, words] : kFigures) {
+    for (const RefusedFigure& refused : kRefusedFigures) {
         PanelInputs panel = panel_;
-        panel.*figure = 1e300;
-        EXPECT_THAT(words_for(panel), ElementsAre(words));
+        panel.*refused.figure = 1e300;
+        EXPECT_THAT(words_for(panel), ElementsAre(refused.words));
     }
     panel_.SFBarrier = 1e-38f;
     EXPECT_THAT(words_for(panel_), ElementsAre("Invalid Stability Factor for barriers"));

@@ -5,6 +5,7 @@
 
 #include "core/messages/titles.h"
 #include "core/platform/message_box.h"
+#include "tests/support/refused_figures.h"
 #include "tests/unit/project/calculation_fixture.h"
 
 namespace tarvokol {
@@ -39,28 +40,15 @@ TEST_F(InputCheck, RefusesANewProjectForItsHeight) {
     ExpectRefused("Invalid entry height");
 }
 
-struct RefusalCase {
-    double PanelInputs::*field;
-    const char* message;
-};
-
 TEST_F(InputCheck, RefusesEveryFieldThatIsNotAboveZero) {
-    const RefusalCase cases[] = {{&PanelInputs::Height, "Invalid entry height"},
-                                 {&PanelInputs::DepthCover, "Invalid depth of cover"},
-                                 {&PanelInputs::HoleWidth, "Invalid entry width"},
-                                 {&PanelInputs::CrosscutSpacing, "Invalid crosscut spacing"},
-                                 {&PanelInputs::WebThickness, "Invalid Web thickness"},
-                                 {&PanelInputs::BarrierPillarWidth, "Invalid barrier pillar width"},
-                                 {&PanelInputs::CoalStrength, "Invalid coal strength"},
-                                 {&PanelInputs::UnitWeight, "Invalid unit weight"},
-                                 {&PanelInputs::AbutmentAngle, "Invalid abutment angle"}};
-    for (const RefusalCase& item : cases) {
+    for (const RefusedFigure& item : kRefusedFigures) {
+        if (item.test == PanelTest::CrosscutAngle) continue;  // may be zero
         EnterShallowPanel();
-        ProjectRecord.*item.field = 0.0;
-        ExpectRefused(item.message);
-        ProjectRecord.*item.field = -0.001;
-        ExpectRefused(item.message);
-        ProjectRecord.*item.field = 1e-9;
+        ProjectRecord.*item.figure = 0.0;
+        ExpectRefused(item.words);
+        ProjectRecord.*item.figure = -0.001;
+        ExpectRefused(item.words);
+        ProjectRecord.*item.figure = 1e-9;
         ExpectPassed();
     }
 }
@@ -68,26 +56,10 @@ TEST_F(InputCheck, RefusesEveryFieldThatIsNotAboveZero) {
 TEST_F(InputCheck, TheFirstFaultSpeaksForAll) {
     ProjectRecord = PanelInputs{};
     ProjectRecord.CrosscutAngle = -1.0;
-    ExpectRefused("Invalid entry height");
-    ProjectRecord.Height = 1.0;
-    ExpectRefused("Invalid depth of cover");
-    ProjectRecord.DepthCover = 1.0;
-    ExpectRefused("Invalid crosscut angle");
-    ProjectRecord.CrosscutAngle = 90.0;
-    ExpectRefused("Invalid entry width");
-    ProjectRecord.HoleWidth = 1.0;
-    ExpectRefused("Invalid crosscut spacing");
-    ProjectRecord.CrosscutSpacing = 1.0;
-    ExpectRefused("Invalid Web thickness");
-    ProjectRecord.WebThickness = 1.0;
-    ExpectRefused("Invalid barrier pillar width");
-    ProjectRecord.BarrierPillarWidth = 1.0;
-    ExpectRefused("Invalid coal strength");
-    ProjectRecord.CoalStrength = 1.0;
-    ExpectRefused("Invalid unit weight");
-    ProjectRecord.UnitWeight = 1.0;
-    ExpectRefused("Invalid abutment angle");
-    ProjectRecord.AbutmentAngle = 1.0;
+    for (const RefusedFigure& item : kRefusedFigures) {
+        ExpectRefused(item.words);
+        ProjectRecord.*item.figure = 1.0;
+    }
     ExpectPassed();
 }
 

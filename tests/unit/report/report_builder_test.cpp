@@ -7,6 +7,7 @@
 #include "core/settings/option_settings.h"
 #include "core/settings/options_record.h"
 #include "tests/support/core_fixture.h"
+#include "tests/support/worked_panel.h"
 
 namespace tarvokol {
 namespace {
@@ -37,25 +38,7 @@ class Report : public CoreTest {
         LastOutputPage = 2;
         ProjectFileName = "Untitled";
         ProjectTitle = ProjectDescription = "";
-        ProjectRecord = PanelInputs();
-        SetFiveHolePanel();
-    }
-
-    static void SetFiveHolePanel() {
-        PanelInputs& record = ProjectRecord;
-        record.Height = 10;
-        record.DepthCover = 100;
-        record.HoleWidth = 10;
-        record.CrosscutSpacing = 1000000.0;
-        record.CrosscutAngle = 90;
-        record.WebThickness = 10;
-        record.BarrierPillarWidth = 20;
-        record.NumberHoles = 5;
-        record.CoalStrength = 900;
-        record.UnitWeight = 162;
-        record.AbutmentAngle = 21;
-        record.SFWeb = 1.6f;
-        record.SFBarrier = 2.0f;
+        ProjectRecord = WorkedPanel();
     }
 
     static void SetMetricPanel() {
