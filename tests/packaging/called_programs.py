@@ -140,7 +140,8 @@ def kind_of(path):
         return path.suffix[1:]
     if path.suffix == "" and os.access(path, os.X_OK):
         first = path.read_bytes().partition(b"\n")[0]
-        return "py" if b"python" in first else "sh" if first.startswith(b"#!") else ""
+        found = re.match(rb"#!.*\b(python|(?:ba)?sh\b)", first)
+        return {b"python": "py"}.get(found[1], "sh") if found else ""
     return ""
 
 

@@ -58,12 +58,18 @@ class Tree(unittest.TestCase):
             for name, text in files.items():
                 path = Path(folder) / "tests" / name.replace("_dot_", ".")
                 path.write_text(text)
+                path.chmod(0o755)
             return calls_of(Path(folder), False)
 
     def test_scripts(self):
         calls = self.calls(a_dot_sh="own() { \"$@\"; }\nown find x\nno-such-program | sed p\ntimeout 5 tail -f y\ncd /\n"
                                     "command -v may-be-there && may-be-there\nbash -c 'inner-program --x'\n")
         self.assertEqual(set(calls.programs), {"find", "no-such-program", "sed", "timeout", "tail", "bash", "inner-program"})
+
+    def test_the_first_line_tells_the_language(self):
+        calls = self.calls(shell="#!/usr/bin/env bash\njq .\n", plain="#!/bin/sh -e\nxmllint x\n",
+                           snake="#!/usr/bin/env python3\nimport mpmath\n", rules="#!/usr/bin/make -f\na = $(or b)\nc = (\n")
+        self.assertEqual((set(calls.programs), set(calls.modules)), ({"jq", "xmllint"}, {"mpmath"}))
 
     def test_python(self):
         calls = self.calls(a_dot_py="import os, mpmath\nfrom nosuch.part import x\nimport b\nsubprocess.run(['prog', '-x'])\n"
