@@ -18,3 +18,28 @@ function field_words(argument, fields,    mark) {
     gsub(/ |$/, mark "&", fields)
     return fields
 }
+
+# True of a value whose field is followed by a distribution.
+function is_distributed(argument) {
+    return argument == "FIELD=DISTRIBUTION"
+}
+
+# The beginnings of distributions, "normal: lognormal: ...", of a help that begins with them as "FIELD=normal:MEAN:SD, ... or
+# data:FILE.csv:COLUMN; ...". Nothing for another help.
+function distribution_words(help,    list, count, i, words) {
+    if (help !~ /^FIELD=[a-z]+:/) return ""
+    sub(/^FIELD=/, "", help)
+    sub(/;.*/, "", help)
+    count = split(help, list, /, | or /)
+    for (i = 1; i <= count; ++i) words = words (i > 1 ? " " : "") substr(list[i], 1, index(list[i], ":"))
+    return words
+}
+
+# Every field with every distribution: "Height=normal: Height=lognormal: ...".
+function distributed_fields(fields, distributions,    field, kind, m, n, i, j, words) {
+    m = split(fields, field, " ")
+    n = split(distributions, kind, " ")
+    for (i = 1; i <= m; ++i)
+        for (j = 1; j <= n; ++j) words = words (words == "" ? "" : " ") field[i] "=" kind[j]
+    return words
+}

@@ -14,6 +14,10 @@ $1 == "units" { units = units "            \"3 " $2 " " $3 "\") words=\"" $4 "\"
 $1 == "option" {
     options[$2] = options[$2] " " $3
     taking[++takers] = $2 "|" $3 "|" $4 "|" $5
+    if (is_distributed($4)) {
+        drawing = drawing (drawing == "" ? "" : " | ") "\"" $2 " " $3 "\""
+        if (distribution_words($6) != "") distributions = distribution_words($6)
+    }
 }
 $1 == "positional" && $5 != "" { first[$2] = $5 }
 $1 == "positional" && is_path($3) { reads_files[$2] = 1 }
@@ -28,12 +32,19 @@ END {
     print "# Completion of tarvokol-cli for bash, made of its help."
     print "_tarvokol_cli() {"
     print "    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]} before='' command=''"
-    print "    local words='' paths='' none='' front=''"
+    print "    local words='' paths='' none='' front='' option=''"
     print "    [ \"$COMP_CWORD\" -lt 2 ] || before=${COMP_WORDS[COMP_CWORD-2]}"
+    print "    [ \"$COMP_CWORD\" -lt 3 ] || option=${COMP_WORDS[COMP_CWORD-3]}"
     print "    [ \"$COMP_CWORD\" -eq 1 ] || command=${COMP_WORDS[1]}"
     print "    # \"--format=csv\" is one word or three, as the user has set up the shell."
-    print "    [ \"$current\" != = ] || { before=$previous previous== current=''; }"
-    print "    if [ \"$previous\" = = ] && [[ $before == --* ]]; then"
+    print "    [ \"$current\" != = ] || { option=$before before=$previous previous== current=''; }"
+    print "    # The field stands before its \"=\"."
+    print "    case \"$command $option\" in"
+    print "        " drawing ") [ \"$previous\" != = ] || words=\"" distributions "\" ;;"
+    print "    esac"
+    print "    if [ -n \"$words\" ]; then"
+    print "        :"
+    print "    elif [ \"$previous\" = = ] && [[ $before == --* ]]; then"
     print "        previous=$before"
     print "    elif [ \"$previous\" = = ] || [ \"$previous\" = : ] || [ \"$current\" = : ]; then"
     print "        none=yes"
@@ -62,7 +73,7 @@ END {
     print "    [ -z \"$none\" ] || return 0"
     print "    if [ -n \"$words\" ]; then"
     print "        mapfile -t COMPREPLY < <(compgen -P \"$front\" -W \"$words\" -- \"$current\")"
-    print "        case \"${COMPREPLY[*]}\" in *[=,]) compopt -o nospace 2>/dev/null ;; esac"
+    print "        case \"${COMPREPLY[*]}\" in *[=,:]) compopt -o nospace 2>/dev/null ;; esac"
     print "        return 0"
     print "    fi"
     print "    compopt -o filenames 2>/dev/null"

@@ -27,6 +27,7 @@ $1 == "positional" && $5 != "" {
     print "complete -c tarvokol-cli -n " quoted(condition($2)) " -a " quoted($5)
 }
 $1 == "positional" { positionals[$2] = positionals[$2] " " $3 }
+$1 == "option" && is_distributed($4) && distribution_words($6) != "" { distributions = distribution_words($6) }
 $1 == "option" { items[++lines] = $0 }
 function print_option(    line, count, spellings, i) {
     line = "complete -c tarvokol-cli -n " quoted(condition($2))
@@ -34,6 +35,8 @@ function print_option(    line, count, spellings, i) {
     for (i = 1; i <= count; ++i)
         line = line (spellings[i] ~ /^--/ ? " -l " substr(spellings[i], 3) : " -s " substr(spellings[i], 2))
     if ($5 != "") line = line " -x -a " quoted($5)
+    else if (is_distributed($4))
+        line = line " -x -a " quoted(field_words($4, fields) " " distributed_fields(fields, distributions))
     else if (begins_with_field($4)) line = line " -x -a " quoted(field_words($4, fields))
     else if ($4 != "") line = line (is_path($4) ? " -r" : " -x")
     print line " -d " quoted($6)

@@ -10,10 +10,19 @@ function bare(text) {
     return text
 }
 
+# A colon would end what is done.
+function in_action(words) {
+    gsub(/:/, "\\:", words)
+    return words
+}
+
 # What stands after an option or at a place: one of the choices, the beginning of a field's value, a unit of the quantity that
 # was given, or a file. Of a number there is nothing to offer.
 function values(command, argument, choices) {
     if (choices != "") return "(" choices ")"
+    if (is_distributed(argument))
+        return "{if compset -P \"*=\"; then compadd -S \"\" -- " in_action(distributions) "; else compadd -S \"\" -- " \
+               field_words(argument, fields) "; fi}"
     if (begins_with_field(argument)) return "{compadd -S \"\" -- " field_words(argument, fields) "}"
     if (argument == "UNIT") return "{case $line[1] in " units[command] " esac}"
     return is_path(argument) ? "_files" : " "
@@ -31,6 +40,7 @@ $1 == "command" {
 # The same for every command; one may ask for a field without a list in its help.
 $1 == "fields" { fields = $3 }
 $1 == "units" { units[$2] = units[$2] "(" $3 ") compadd -- " $4 " ;; " }
+$1 == "option" && is_distributed($4) && distribution_words($6) != "" { distributions = distribution_words($6) }
 $1 == "positional" || $1 == "option" { items[++lines] = $0 }
 function add_positional(    mark) {
     mark = $4 == "many" ? "*:" : $4 == "one" ? ":" : "::"

@@ -13,6 +13,7 @@ import tempfile
 FIELDS = ("Height DepthCover HoleWidth WebThickness BarrierPillarWidth NumberHoles CoalStrength UnitWeight AbutmentAngle "
           "SFWeb SFBarrier").split()
 FIGURES = "Overall WebsOnly BarrierPillar ExtractionRatio SuggestedWeb SuggestedBarrier".split()
+DISTRIBUTIONS = ("normal: lognormal: truncnormal: uniform: triangular: pert: beta: weibull: gumbel: gamma: list: data:").split()
 IN_BASH = """
 . "$1"; shift
 COMP_WORDS=(tarvokol-cli "$@"); COMP_CWORD=$#
@@ -42,6 +43,12 @@ CASES = [
     (["sweep", "panel.TKL", "--of", ""], FIGURES),
     (["sweep", "panel.TKL", "--threads", "p"], []),
     (["risk", "panel.TKL", "--correlate", "Hei"], ["Height,"]),
+    (["risk", "panel.TKL", "--random", "Hei"], ["Height="]),
+    (["risk", "panel.TKL", "--random", "Height", "="], DISTRIBUTIONS),
+    (["risk", "panel.TKL", "--random", "Height", "=", "t"], ["truncnormal:", "triangular:"]),
+    (["sweep", "panel.TKL", "--vary", "Height", "=", "5", "--random", "DepthCover", "=", "gu"], ["gumbel:"]),
+    (["table", "panel.TKL", "rows.csv", "--random", "Height", "=", "b"], ["beta:"]),
+    (["design", "panel.TKL", "--random", "Height", "=", "norm"], ["normal:"]),
     (["risk", "panel.TKL", "--samples", ""], []),
     (["fit", "values.csv", "--field", ""], FIELDS),
     (["fit", "values.csv", "--column", ""], []),
@@ -56,6 +63,7 @@ FISH = [
     ("results --format=js", ["--format=json", "--format=jsonl"]),
     ("sweep panel.TKL --vary Height=5 --vary Dep", ["DepthCover="]),
     ("sweep panel.TKL --of Bar", ["BarrierPillar"]),
+    ("risk panel.TKL --random Height=tr", ["Height=triangular:", "Height=truncnormal:"]),
     ("fit values.csv --field Coal", ["CoalStrength"]),
     ("units stress Pa", ["Pa"]),
     ("help un", ["units"]),
@@ -65,6 +73,7 @@ ZSH = [
     "'*--vary=[",
     "'--of=[",
     '{compadd -S "" -- Height= DepthCover= ',
+    '{if compset -P "*="; then compadd -S "" -- normal\\: lognormal\\: truncnormal\\: ',
     "(stress) compadd -- psi ksi psf Pa MPa ;;",
     "'--format=[",
     "help)",
