@@ -85,7 +85,8 @@ class Design : public StudyCommand {
 };
 
 void Design::Describe(CommandOptions& options) {
-    AddStudy(options, "Write the summary (.txt, .json), the curve (.csv) or its picture (.png, .svg, .pdf)",
+    AddStudy(options, ResultOf::Command,
+             "Write the summary (.txt, .json), the curve (.csv) or its picture (.png, .svg, .pdf)",
              {"txt", "json", "jsonl", "csv", "png", "svg", "pdf"});
     random_.Describe(options);
     options.Texts(

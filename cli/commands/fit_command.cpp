@@ -171,8 +171,9 @@ class Fit : public Command {
     }
 
     void Describe(CommandOptions& options) override {
-        AddSettings(options, options_);
-        AddOutput(options, options_, "Write the result (.txt, .json) or a picture (.png, .svg, .pdf)",
+        AddSettings(options, options_, ResultOf::Command);
+        AddOutput(options, options_, ResultOf::Command,
+                  "Write the result (.txt, .json) or a picture (.png, .svg, .pdf)",
                   {"txt", "json", "jsonl", "png", "svg", "pdf"});
         options.Text({.spelling = "--column",
                       .help = "The title of the column, with or without its unit in brackets",

@@ -79,6 +79,8 @@ class Risk : public StudyCommand {
                  "WebsOnly=1.3"),
                 ("tarvokol-cli risk panel.TKL --random CoalStrength=lognormal:100%:15% --random "
                  "DepthCover=normal:100%:5% --sobol"),
+                ("tarvokol-cli risk panel.TKL --random CoalStrength=lognormal:100%:15% --random "
+                 "DepthCover=normal:100%:5% --tornado -o tornado.svg"),
                 "tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --samples 1000000 --json"};
     }
     int Study(HeadlessPlatform& host) override;
@@ -86,19 +88,20 @@ class Risk : public StudyCommand {
   private:
     RiskRequest RequestFor(const Panel& project, bool keep_samples) const;
     std::vector<std::string> SampleTitles(const RiskRequest& request) const;
-    RiskExtras ExtrasOf(const RiskRequest& request, const RiskResult& result) const;
+    RiskExtras ExtrasOf(const RiskRequest& request, const RiskResult& result, bool told) const;
     void Write(const OutputTarget& target, const RiskRequest& request, const RiskResult& result,
                const RiskExtras& extras) const;
 
     RandomOptions random_;
     std::vector<std::string> below_;
     bool sobol_ = false;
+    bool tornado_ = false;
     std::string samples_out_;
     bool bare_header_ = false;
 };
 
 void Risk::Describe(CommandOptions& options) {
-    AddStudy(options, "Write the summary (.txt, .json) or a picture (.png, .svg, .pdf)",
+    AddStudy(options, ResultOf::Command, "Write the summary (.txt, .json) or a picture (.png, .svg, .pdf)",
              {"txt", "json", "jsonl", "png", "svg", "pdf"});
     random_.Describe(options);
     options.Texts({.spelling = "--below",
@@ -111,6 +114,10 @@ void Risk::Describe(CommandOptions& options) {
          .help = "Sobol' indices with 95 % intervals: what share of a factor's variance goes with each "
                  "field; of independent fields"},
         sobol_);
+    options.Flag({.spelling = "--tornado",
+                  .help = "What each field moves: the factors at 5 % and at 95 % of it, the others at their "
+                          "medians; a picture shows this in place of the spread"},
+                 tornado_);
     options.Text({.spelling = "--samples-out",
                   .help = "Write all samples as CSV; `-`: standard output",
                   .value = "FILE.csv",
@@ -145,14 +152,22 @@ void Risk::Write(const OutputTarget& target, const RiskRequest& request, const R
     else if (target.Format() == ".txt")
         target.WriteBytes(path, RiskText(request, result, Title(), extras));
     else if (target.ToFile())
-        target.Write(path, [&](const std::string& name) { DrawRisk(request, result, Title(), name); });
+        target.Write(path, [&](const std::string& name) {
+            if (extras.tornado)
+                DrawTornado(request, *extras.tornado, Title(), name);
+            else
+                DrawRisk(request, result, Title(), name);
+        });
     if (options_.json) std::cout << json;
     if (!options_.json && !target.ToFile())
         std::cout << ForStandardOutput(RiskText(request, result, Title(), extras));
 }
 
-RiskExtras Risk::ExtrasOf(const RiskRequest& request, const RiskResult& result) const {
+RiskExtras Risk::ExtrasOf(const RiskRequest& request, const RiskResult& result, bool told) const {
     RiskExtras extras;
+    if (tornado_) extras.tornado = RunTornado(request);
+    // A picture shows nothing of the rest.
+    if (!told) return extras;
     if (sobol_) {
         StudyProgress progress(options_.quiet, "samples");
         extras.sobol = RunSobol(request, progress);
@@ -175,9 +190,7 @@ int Risk::Study(HeadlessPlatform& host) {
         StudyProgress progress(options_.quiet, "samples");
         return RunRisk(request, progress);
     });
-    // A picture shows none of them.
-    const bool shown = options_.json || !target.IsDrawn();
-    const RiskExtras extras = shown ? ExtrasOf(request, result) : RiskExtras{};
+    const RiskExtras extras = ExtrasOf(request, result, options_.json || !target.IsDrawn());
     if (samples.IsAsked()) WriteSamples(request, result, SampleTitles(request), *samples.Open());
     Write(target, request, result, extras);
     if (result.refused == 0) return exit_status::Done;

@@ -68,6 +68,31 @@ JsonMembers FactorJson(const RiskRequest& request, const FactorRisk& risk,
     return object;
 }
 
+JsonMembers EndsJson(const TornadoBar& bar) {
+    JsonMembers object;
+    object.Add("low", bar.low);
+    object.Add("high", bar.high);
+    return object;
+}
+
+JsonMembers TornadoJson(const RiskRequest& request, const TornadoResult& tornado) {
+    JsonMembers fields;
+    for (std::size_t field = 0; field < request.fields.size(); ++field)
+        fields.Add(NameOfField(request.fields[field].field), EndsJson(tornado.fields[field]));
+    JsonMembers factors;
+    for (std::size_t factor = 0; factor < kFactors; ++factor) {
+        JsonMembers one;
+        one.Add("at_medians", tornado.middle[factor]);
+        for (std::size_t field = 0; field < request.fields.size(); ++field)
+            one.Add(NameOfField(request.fields[field].field), EndsJson(tornado.factors[factor][field]));
+        factors.Add(kStudyFigures[factor].name, one);
+    }
+    JsonMembers object;
+    object.Add("fields", fields);
+    object.Add("factors", factors);
+    return object;
+}
+
 const char* NameOfOutcome(RareOutcome outcome) {
     switch (outcome) {
         case RareOutcome::Estimated:
@@ -168,6 +193,7 @@ JsonMembers RiskJson(const RiskRequest& request, const RiskResult& result, const
     for (const RareEvent& event : extras.rare) rare.Add(RareJson(request, result, event));
     object.Add("rare", rare);
     if (extras.sobol) object.Add("sobol_refused", extras.sobol->refused);
+    if (extras.tornado) object.Add("tornado", TornadoJson(request, *extras.tornado));
     object.Add("units", units);
     object.Add("schema", kSchemaVersion);
     return object;

@@ -121,6 +121,18 @@ void AddSobol(std::string& text, const RiskRequest& request, const SobolResult& 
                 " of which a panel was refused\n";
 }
 
+void AddTornado(std::string& text, const RiskRequest& request, const TornadoResult& tornado) {
+    AddLine(text, "All fields at their medians", [&](std::size_t f) { return Short(tornado.middle[f]); });
+    for (std::size_t field = 0; field < request.fields.size(); ++field) {
+        const std::string name = NameOfField(request.fields[field].field);
+        const TornadoBar& ends = tornado.fields[field];
+        AddLine(text, " 5 % of " + name + ", " + Short(ends.low),
+                [&](std::size_t f) { return Short(tornado.factors[f][field].low); });
+        AddLine(text, "95 % of " + name + ", " + Short(ends.high),
+                [&](std::size_t f) { return Short(tornado.factors[f][field].high); });
+    }
+}
+
 // Why the study's own samples have to do.
 const char* WhyPlain(RareOutcome outcome) {
     switch (outcome) {
@@ -188,6 +200,7 @@ std::string RiskText(const RiskRequest& request, const RiskResult& result, const
         AddLine(text, std::string("Rank correlation ") + NameOfField(request.fields[field].field),
                 [&](std::size_t f) { return Short(result.risk[f].rank_correlation[field]); });
     if (extras.sobol) AddSobol(text, request, *extras.sobol);
+    if (extras.tornado) AddTornado(text, request, *extras.tornado);
     AddJoint(text, result);
     for (const RareEvent& event : extras.rare) AddRare(text, request, result, event);
     return text + KindsText(SharesOf(result), request.latin);

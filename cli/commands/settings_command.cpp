@@ -52,7 +52,7 @@ class Settings : public Command {
     std::string Summary() const override { return "The effective settings after reading"; }
 
     void Describe(CommandOptions& options) override {
-        AddSettings(options, options_);
+        AddSettings(options, options_, ResultOf::Command);
         options.Text({.spelling = "FILE.INI",
                       .help = "Configuration file to read (default: the built-in values)",
                       .existing_file = true},

@@ -2,8 +2,6 @@
 #include "cli/commands/study_base.h"
 
 #include <algorithm>
-#include <cmath>
-#include <cstdint>
 #include <iostream>
 #include <new>
 #include <thread>
@@ -60,14 +58,6 @@ std::string WhyNoThreads(const std::string& text) {
     return "\"" + text + "\" is not a whole number from 1 to 1024";
 }
 
-// Ten million samples of a row take a second or two.
-std::string WhyNoSamples(const std::string& text) {
-    constexpr double kMost = 10000000;
-    const double samples = WholeNumber(text).value_or(0.0);
-    if (samples >= 1.0 && samples <= kMost && samples == std::floor(samples)) return "";
-    return "\"" + text + "\" is not a whole number from 1 to 10000000";
-}
-
 int Tell(const std::string& text, int status) {
     Say(text);
     return status;
@@ -81,10 +71,10 @@ std::string StudyCommand::Footer() const {
     return footer;
 }
 
-void StudyCommand::AddStudy(CommandOptions& options, const std::string& output_help,
+void StudyCommand::AddStudy(CommandOptions& options, ResultOf result, const std::string& output_help,
                             const std::vector<std::string>& formats) {
-    AddSettings(options, options_);
-    AddOutput(options, options_, output_help, formats);
+    AddSettings(options, options_, result);
+    AddOutput(options, options_, result, output_help, formats);
     options.Text({.spelling = "--threads",
                   .help = "Threads to calculate on (default: one per core)",
                   .value = "N",
@@ -97,31 +87,8 @@ void StudyCommand::AddRowOptions(CommandOptions& options) {
     options.Flag(
         {.spelling = "--size", .help = "The suggested sizes, too: SuggestedWeb and SuggestedBarrier, inches"},
         sizes_);
-    options.Texts(
-        {.spelling = "--random",
-         .help = "The probabilities that webs, barrier, or either lie below their targets, too: P(WebsOnly), "
-                 "P(BarrierPillar), P(any); FIELD=DISTRIBUTION as risk takes it, in % of the row's own "
-                 "figure; once per field",
-         .value = "FIELD=DISTRIBUTION"},
-        random_);
-    options.Text({.spelling = "--samples",
-                  .help = "Number of samples of each row (default 10000)",
-                  .value = "N",
-                  .refusal = WhyNoSamples},
-                 samples_);
+    random_.DescribeForRows(options);
     AddBareHeader(options, bare_header_);
-}
-
-RowRiskRequest StudyCommand::RiskOfRows() const {
-    RowRiskRequest request;
-    if (random_.empty() && !samples_.empty()) throw UsageError{"--samples: needs --random"};
-    if (!samples_.empty()) request.samples = static_cast<std::uint32_t>(*WholeNumber(samples_));
-    request.random.reserve(random_.size());
-    for (const std::string& text : random_) {
-        const FieldOption option = SplitFieldOption("--random", text, "FIELD=normal:MEAN:SD");
-        request.random.push_back({option.field, option.text});
-    }
-    return request;
 }
 
 unsigned StudyCommand::Threads() const {
@@ -147,7 +114,8 @@ Panel StudyCommand::ReadProject(HeadlessPlatform& host) const {
 
 RowJob StudyCommand::JobFor(const Panel& project) const {
     if (sizes_ && UnitSystem != 0) SayOf(project_, SuggestedUnitNote());
-    return {project, project_, Title(), sizes_, bare_header_, Threads(), options_.quiet, RiskOfRows()};
+    return {project,      project_,  Title(),        sizes_,
+            bare_header_, Threads(), options_.quiet, random_.RequestForRows()};
 }
 
 std::string StudyCommand::Title() const {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/commands/random_options.h"
 #include "cli/line/command.h"
 #include "core/engine/panel_fields.h"
 #include "core/statistics/study_refusal.h"
@@ -46,9 +47,9 @@ class StudyCommand : public Command {
     virtual std::vector<std::string> Examples() const = 0;
 
     // The options that every study has, and the argument PROJECT.
-    void AddStudy(CommandOptions& options, const std::string& output_help,
+    void AddStudy(CommandOptions& options, ResultOf result, const std::string& output_help,
                   const std::vector<std::string>& formats);
-    // --size, --random, --samples and --bare-header, for the studies that write rows.
+    // --size, --random and what goes with it, and --bare-header, for the studies that write rows.
     void AddRowOptions(CommandOptions& options);
 
     // The project, read as every FILE is: into a fresh program, with the settings named. Raises DataError with what the
@@ -64,11 +65,10 @@ class StudyCommand : public Command {
 
     unsigned Threads() const;
     bool WithSizes() const { return sizes_; }
-    bool WithProbabilities() const { return !random_.empty(); }
+    bool WithProbabilities() const { return random_.AreGiven(); }
     const std::string& Project() const { return project_; }
 
   private:
-    RowRiskRequest RiskOfRows() const;
     int Attempt(HeadlessPlatform& host);
     int TellFailure(const DataError& error) const;
 
@@ -76,8 +76,7 @@ class StudyCommand : public Command {
     std::string threads_;  // empty: one per core
     bool sizes_ = false;
     bool bare_header_ = false;
-    std::vector<std::string> random_;
-    std::string samples_;
+    RandomOptions random_;
 };
 
 // A field and what an option gives it: "Height=1:3:1".

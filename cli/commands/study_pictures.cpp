@@ -10,8 +10,19 @@
 namespace tarvokol::cli {
 namespace {
 
-const StudyFigure& FigureOf(const std::string& name, bool sizes) {
+// Of webs, barrier, or either, by the name of the factor, too.
+const StudyFigure& ProbabilityOf(const std::string& name) {
+    if (name.empty()) return kRowProbabilities.back();
+    if (const StudyFigure* figure = ProbabilityNamed(name)) return *figure;
+    throw UsageError{"--of " + name +
+                     ": with --random a picture shows P(WebsOnly), P(BarrierPillar) or P(any)"};
+}
+
+const StudyFigure& FigureOf(const std::string& name, bool sizes, bool probabilities) {
+    if (probabilities) return ProbabilityOf(name);
     if (name.empty()) return kStudyFigures.front();
+    if (FigureNamed(name) == nullptr && ProbabilityNamed(name) != nullptr)
+        throw UsageError{"--of " + name + ": needs --random"};
     const StudyFigure* figure = OfOption("--of", [&] { return &RequiredFigure(name); });
     if (figure->NeedsSizes() && !sizes) throw UsageError{"--of " + name + ": needs --size"};
     return *figure;
@@ -43,13 +54,14 @@ bool Draw(const RowJob& job, const std::string& path, Make make) {
 
 }  // namespace
 
-void CheckFigure(const std::string& figure, bool sizes) {
-    FigureOf(figure, sizes);
+void CheckFigure(const std::string& figure, bool sizes, bool probabilities) {
+    FigureOf(figure, sizes, probabilities);
 }
 
 bool DrawSweep(const SweepRequest& request, const RowJob& job, const std::string& figure,
                const std::string& path) {
-    const StudyFigure& asked = FigureOf(figure, job.sizes);
+    const bool probabilities = request.risk.IsAsked();
+    const StudyFigure& asked = FigureOf(figure, job.sizes, probabilities);
     if (request.axes.size() > 2)
         throw UsageError{"-o: a picture shows one field (curves) or two (a map), not " +
                          std::to_string(request.axes.size()) +
@@ -57,7 +69,8 @@ bool DrawSweep(const SweepRequest& request, const RowJob& job, const std::string
     if (request.axes.size() == 2)
         return Draw(job, path,
                     [&](StudyObserver& observer) { return MapOf(request, asked, job.title, observer); });
-    const std::span<const StudyFigure> figures = figure.empty() ? FactorFigures() : std::span(&asked, 1);
+    const std::span<const StudyFigure> all = probabilities ? std::span(kRowProbabilities) : FactorFigures();
+    const std::span<const StudyFigure> figures = figure.empty() ? all : std::span(&asked, 1);
     return Draw(job, path,
                 [&](StudyObserver& observer) { return CurvesOf(request, figures, job.title, observer); });
 }
@@ -65,6 +78,11 @@ bool DrawSweep(const SweepRequest& request, const RowJob& job, const std::string
 void DrawRisk(const RiskRequest& request, const RiskResult& result, const std::string& title,
               const std::string& path) {
     TheDrawing().DrawStudy(path, PictureOf([&] { return SpreadOf(request, result, title); }));
+}
+
+void DrawTornado(const RiskRequest& request, const TornadoResult& result, const std::string& title,
+                 const std::string& path) {
+    TheDrawing().DrawStudy(path, PictureOf([&] { return TornadoOf(request, result, title); }));
 }
 
 }  // namespace tarvokol::cli

@@ -126,7 +126,7 @@ void AddSheetRow(RowSheet& book, const RowLayout& layout, std::span<const Leadin
             book.AddNumber(WholeNumber(leading[i]->text).value_or(std::numeric_limits<double>::quiet_NaN()));
     for (const StudyFigure& figure : StudyFigures(layout.sizes)) book.AddNumber(figures.*figure.value);
     if (layout.probabilities)
-        for (const RowProbability& one : kRowProbabilities) book.AddNumber(figures.*one.value);
+        for (const StudyFigure& one : kRowProbabilities) book.AddNumber(figures.*one.value);
     book.AddText(figures.message);
     for (std::size_t i = 0; i < leading.size(); ++i)
         if (layout.leading[i].carried) book.AddText(leading[i]->text);

@@ -134,7 +134,7 @@ class Sweep : public StudyCommand {
     }
 
     void Describe(CommandOptions& options) override {
-        AddStudy(options, "Write rows (.csv, .json, .xlsx) or a picture (.png, .svg, .pdf)",
+        AddStudy(options, ResultOf::Row, "Write rows (.csv, .json, .xlsx) or a picture (.png, .svg, .pdf)",
                  {"csv", "json", "jsonl", "xlsx", "png", "svg", "pdf"});
         AddRowOptions(options);
         options.Texts({.spelling = "--vary",
@@ -144,7 +144,8 @@ class Sweep : public StudyCommand {
                        .required = true},
                       varied_);
         options.Text({.spelling = "--of",
-                      .help = "The figure of a picture (default of a map: Overall)",
+                      .help = "The figure of a picture (default of a map: Overall; with --random P(any), and "
+                              "WebsOnly and BarrierPillar are P(WebsOnly) and P(BarrierPillar))",
                       .value = "FIGURE",
                       .offers = FigureNames()},
                      figure_);
@@ -166,24 +167,25 @@ class Sweep : public StudyCommand {
              "--of WebsOnly -o map.svg"),
             "tarvokol-cli sweep panel.TKL --vary NumberHoles=5,10,15,20 --size -o sizes.xlsx",
             "tarvokol-cli sweep panel.TKL --vary WebThickness=3:6:0.5 --random CoalStrength=normal:100%:15%",
+            ("tarvokol-cli sweep panel.TKL --vary WebThickness=3:6/13 --vary DepthCover=50:250/17 "
+             "--random CoalStrength=normal:100%:15% --of WebsOnly -o likely.svg"),
             "tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 --part 1/4 -o part1.csv"};
     }
 
     int Study(HeadlessPlatform& host) override {
         SweepRequest request = RequestOf(varied_, part_, options_.force);
-        CheckFigure(figure_, WithSizes());
         const RowTarget target(options_);
-        if (!part_.empty() && target.Kind() == RowTarget::Picture)
-            throw UsageError{"--part: a picture shows all rows"};
-        if (WithProbabilities() && target.Kind() == RowTarget::Picture)
-            throw UsageError{"-o: probabilities are written as .csv, .json or .xlsx, not drawn"};
+        const bool picture = target.Kind() == RowTarget::Picture;
+        CheckFigure(figure_, WithSizes(),
+                    WithProbabilities() && (picture || FigureNamed(figure_) == nullptr));
+        if (!part_.empty() && picture) throw UsageError{"--part: a picture shows all rows"};
         if (target.IsDrawn()) TheDrawing();
         const RowJob job = JobFor(ReadProject(host));
         request.panel = job.project;
         request.sizes = job.sizes;
         request.threads = job.threads;
         request.risk = job.risk;
-        if (target.Kind() != RowTarget::Picture) {
+        if (!picture) {
             const std::vector<TextAxis> axes(request.axes.begin(), request.axes.end());
             return WriteRows(StudyOf(request, axes), job, target);
         }

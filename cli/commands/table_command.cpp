@@ -101,7 +101,8 @@ class Table : public StudyCommand {
     }
 
     void Describe(CommandOptions& options) override {
-        AddStudy(options, "Write the rows: .csv, .json or .xlsx", {"csv", "json", "jsonl", "xlsx"});
+        AddStudy(options, ResultOf::Row, "Write the rows: .csv, .json or .xlsx",
+                 {"csv", "json", "jsonl", "xlsx"});
         AddRowOptions(options);
         options.Text(
             {.spelling = "ROWS.csv",

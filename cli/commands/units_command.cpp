@@ -56,7 +56,7 @@ class Units : public Command {
     std::string Footer() const override;
 
     void Describe(CommandOptions& options) override {
-        AddSettings(options, options_);
+        AddSettings(options, options_, ResultOf::Command);
         options.Text({.spelling = "QUANTITY",
                       .help = "length, load, load-grad, stress or stress-grad",
                       .required = true,

@@ -34,6 +34,31 @@ std::string WhyNoFile(const std::string& path) {
     return kind == std::filesystem::file_type::not_found ? '"' + path + "\" is not there" : "";
 }
 
+const char* ObjectsOf(ResultOf result) {
+    switch (result) {
+        case ResultOf::File:
+            return "one object per FILE";
+        case ResultOf::Row:
+            return "one object per row";
+        case ResultOf::Command:
+            break;
+    }
+    return "one object";
+}
+
+// Rows are written to a file that is named.
+const char* PlacesOf(ResultOf result) {
+    switch (result) {
+        case ResultOf::File:
+            return "Of standard output, or of the files in a folder";
+        case ResultOf::Command:
+            return "Of standard output, or of the file in a folder";
+        case ResultOf::Row:
+            break;
+    }
+    return "Of standard output";
+}
+
 bool IsArgument(const OptionFacts& facts) {
     return !facts.spelling.starts_with('-');
 }
@@ -74,17 +99,18 @@ void CommandOptions::UnprotectValues() {
         for (std::string& text : *list) Unprotect(text);
 }
 
-void AddSettings(CommandOptions& command, Options& options) {
+void AddSettings(CommandOptions& command, Options& options, ResultOf result) {
     command.Text({.spelling = "--settings",
                   .help = "Configuration file to read (default: the built-in values)",
                   .value = "FILE.INI",
                   .existing_file = true},
                  options.settings);
-    command.Flag({.spelling = "--json", .help = "Print JSON Lines, one object per FILE"}, options.json);
+    command.Flag({.spelling = "--json", .help = std::string("Print JSON Lines, ") + ObjectsOf(result)},
+                 options.json);
     command.Flag({.spelling = "-q,--quiet", .help = "No progress line"}, options.quiet);
 }
 
-void AddOutput(CommandOptions& command, Options& options, const std::string& help,
+void AddOutput(CommandOptions& command, Options& options, ResultOf result, const std::string& help,
                const std::vector<std::string>& formats) {
     command.Text({.spelling = "-o,--output",
                   .help = help + "; `-`: standard output",
@@ -93,11 +119,9 @@ void AddOutput(CommandOptions& command, Options& options, const std::string& hel
                  options.output);
     options.has_formats = !formats.empty();
     if (options.has_formats)
-        command.Text({.spelling = "--format",
-                      .help = "Of standard output, or of the files in a folder",
-                      .value = "FORMAT",
-                      .choices = formats},
-                     options.format);
+        command.Text(
+            {.spelling = "--format", .help = PlacesOf(result), .value = "FORMAT", .choices = formats},
+            options.format);
     command.Flag({.spelling = "--force", .help = "Replace existing files"}, options.force);
     command.Flag({.spelling = "--stdin-project", .help = "The project `-` is read from standard input"},
                  options.stdin_project);
@@ -105,8 +129,8 @@ void AddOutput(CommandOptions& command, Options& options, const std::string& hel
 
 void AddFiles(CommandOptions& command, Options& options, const std::string& output_help,
               const std::vector<std::string>& formats) {
-    AddSettings(command, options);
-    AddOutput(command, options, output_help, formats);
+    AddSettings(command, options, ResultOf::File);
+    AddOutput(command, options, ResultOf::File, output_help, formats);
     command.Flag(
         {.spelling = "-0,--null", .help = "Paths on standard input end in NUL, as after find -print0"},
         options.null_ended);

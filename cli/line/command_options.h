@@ -50,11 +50,14 @@ class CommandOptions {
     std::vector<std::vector<std::string>*> lists_;
 };
 
+// What a command tells one result of: each of the projects named, each row of a study, or all that it does.
+enum class ResultOf { File, Row, Command };
+
 // --settings, --json and --quiet, which every command has.
-void AddSettings(CommandOptions& command, Options& options);
+void AddSettings(CommandOptions& command, Options& options, ResultOf result);
 
 // -o, --format if there are formats, --force and --stdin-project.
-void AddOutput(CommandOptions& command, Options& options, const std::string& help,
+void AddOutput(CommandOptions& command, Options& options, ResultOf result, const std::string& help,
                const std::vector<std::string>& formats);
 
 // Both, and the FILEs.

@@ -14,6 +14,7 @@
 #include "core/studies/fit_picture.h"
 #include "core/studies/map_picture.h"
 #include "core/studies/spread_picture.h"
+#include "core/studies/tornado_study.h"
 
 namespace tarvokol::cli {
 
@@ -36,6 +37,7 @@ class Drawing {
     virtual void DrawStudy(const std::string& path, const MapPicture& picture) = 0;
     virtual void DrawStudy(const std::string& path, const SpreadPicture& picture) = 0;
     virtual void DrawStudy(const std::string& path, const FitPicture& picture) = 0;
+    virtual void DrawStudy(const std::string& path, const TornadoPicture& picture) = 0;
     virtual std::unique_ptr<RowSheet> RowWorkbook(const std::string& path) = 0;
 };
 

@@ -66,7 +66,7 @@ std::vector<std::string> TitlesOf(const RowLayout& layout) {
         if (!column.carried) add(column.title, column.unit);
     for (const StudyFigure& figure : StudyFigures(layout.sizes)) add(figure.name, figure.unit);
     if (layout.probabilities)
-        for (const RowProbability& one : kRowProbabilities) add(one.name, "");
+        for (const StudyFigure& one : kRowProbabilities) add(one.name, "");
     add(kMessageColumn, "");
     for (const LeadingColumn& column : layout.leading)
         if (column.carried) titles.push_back(names.Name(column.title));
@@ -89,7 +89,7 @@ RowWriter::RowWriter(RowFormat format, const std::string& project, RowLayout lay
     }
     for (const StudyFigure& figure : StudyFigures(layout_.sizes)) figure_keys_.emplace_back(figure.name);
     if (layout_.probabilities)
-        for (const RowProbability& one : kRowProbabilities) figure_keys_.emplace_back(one.name);
+        for (const StudyFigure& one : kRowProbabilities) figure_keys_.emplace_back(one.name);
     start_.Add("file", project);
     JsonMembers units;
     for (const LeadingColumn& column : ColumnsWithUnits(layout_)) units.Add(column.title, column.unit);
@@ -139,7 +139,7 @@ void RowWriter::AppendCsv(std::string& text, std::span<const LeadingCell* const>
         end = texts.Write(end, column++, figures.*figure.value);
     }
     if (layout_.probabilities)
-        for (const RowProbability& one : kRowProbabilities) {
+        for (const StudyFigure& one : kRowProbabilities) {
             *end++ = CsvSeparator;
             end = texts.Write(end, column++, figures.*one.value);
         }
@@ -169,7 +169,7 @@ void RowWriter::AppendJson(std::string& text, std::span<const LeadingCell* const
         object.AddDigits(figure_keys_[column++], {digits.data(), end});
     }
     if (layout_.probabilities)
-        for (const RowProbability& one : kRowProbabilities) {
+        for (const StudyFigure& one : kRowProbabilities) {
             const char* end = texts.Write(digits.data(), column, figures.*one.value);
             object.AddDigits(figure_keys_[column++], {digits.data(), end});
         }

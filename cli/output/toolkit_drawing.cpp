@@ -92,6 +92,10 @@ void ToolkitDrawing::DrawStudy(const std::string& path, const FitPicture& pictur
     DrawWithToolkit(path, picture);
 }
 
+void ToolkitDrawing::DrawStudy(const std::string& path, const TornadoPicture& picture) {
+    DrawWithToolkit(path, picture);
+}
+
 std::unique_ptr<RowSheet> ToolkitDrawing::RowWorkbook(const std::string& path) {
     return std::make_unique<StudyWorkbook>(path);
 }

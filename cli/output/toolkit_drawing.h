@@ -16,6 +16,7 @@ class ToolkitDrawing : public Drawing {
     void DrawStudy(const std::string& path, const MapPicture& picture) override;
     void DrawStudy(const std::string& path, const SpreadPicture& picture) override;
     void DrawStudy(const std::string& path, const FitPicture& picture) override;
+    void DrawStudy(const std::string& path, const TornadoPicture& picture) override;
     std::unique_ptr<RowSheet> RowWorkbook(const std::string& path) override;
 };
 

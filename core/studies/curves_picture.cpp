@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/studies/map_places.h"
+#include "core/studies/row_risk.h"
 
 namespace tarvokol {
 namespace {
@@ -112,10 +113,13 @@ std::optional<CurvesPicture> CurvesOf(const SweepRequest& request, std::span<con
     if (!HasFigure(picture)) throw NothingToShow(message);
     for (const StudyFigure& figure : figures)
         if (figure.IsFactor()) AddTarget(picture, figure, request.panel, places.Field());
+    const bool probabilities = figures[0].IsProbability();
+    if (probabilities) picture.note = InWords(request.risk, request.panel, {places.Field()});
     if (picture.refused > 0)
-        picture.note = std::to_string(picture.refused) + " of " + std::to_string(places.Count()) +
-                       " panels refused: no curve there";
-    picture.y = AxisRound(picture, figures.size() > 1 ? "Stability factor" : TitleWithUnit(figures[0]));
+        picture.note += (picture.note.empty() ? "" : "; ") + std::to_string(picture.refused) + " of " +
+                        std::to_string(places.Count()) + " panels refused: no curve there";
+    const std::string together = probabilities ? "Probability below target" : "Stability factor";
+    picture.y = AxisRound(picture, figures.size() > 1 ? together : TitleWithUnit(figures[0]));
     return picture;
 }
 

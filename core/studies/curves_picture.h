@@ -34,7 +34,7 @@ struct CurvesPicture {
     std::vector<StudyCurve> curves;
     std::vector<TargetLine> targets;  // equal ones once, with all their names
     std::uint64_t refused = 0;        // panels that have no figures
-    std::string note;                 // of those, where there are some
+    std::string note;  // of those, where there are some; of probabilities what they are made of
 };
 
 // Calculates the curves of some figures over the one axis of the request, its values in rising order, each once; nothing

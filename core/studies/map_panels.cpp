@@ -4,6 +4,9 @@
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <vector>
+
+#include "core/studies/row_run.h"
 
 namespace tarvokol {
 namespace {
@@ -74,13 +77,24 @@ class GridObserver : public RowObserver {
 
 }  // namespace
 
-MapPanel::MapPanel(const Panel& project, const StudyFigure& figure, PanelField x, PanelField y)
-    : figure_(figure), x_(x), y_(y), panel_(project, figure.NeedsSizes()) {}
+MapPanel::MapPanel(const Panel& project, const StudyFigure& figure, PanelField x, PanelField y,
+                   const RowRiskRequest& risk)
+    : figure_(figure), x_(x), y_(y), panel_(project, figure.NeedsSizes()) {
+    if (figure.IsProbability()) risk_.emplace(risk, project, std::vector<PanelField>{x, y});
+}
 
 double MapPanel::FigureAt(const GridPoint& place) {
     panel_.Set(x_, place.x);
     panel_.Set(y_, place.y);
-    return ShownFigure(figure_, panel_.Evaluate());
+    PanelFigures with_risk;
+    return ShownFigure(figure_, FiguresOf(panel_, risk_, with_risk));
+}
+
+bool MapPanel::HasFigureAt(const GridPoint& place) {
+    if (!risk_) return std::isfinite(FigureAt(place));
+    panel_.Set(x_, place.x);
+    panel_.Set(y_, place.y);
+    return !panel_.Evaluate().refused;
 }
 
 double MapPanel::MarginAt(const GridPoint& place) {
@@ -89,7 +103,7 @@ double MapPanel::MarginAt(const GridPoint& place) {
 }
 
 bool CalculateMap(const Panel& project, const StudyFigure& figure, const MapPlaces& x, const MapPlaces& y,
-                  unsigned threads, StudyObserver& observer, MapGrid& map) {
+                  const RowRiskRequest& risk, unsigned threads, StudyObserver& observer, MapGrid& map) {
     map.figures.x = x.Values();
     map.figures.y = y.Values();
     map.figures.values.resize(x.Count() * y.Count());
@@ -99,6 +113,7 @@ bool CalculateMap(const Panel& project, const StudyFigure& figure, const MapPlac
     request.panel = project;
     request.sizes = figure.NeedsSizes();
     request.threads = threads;
+    if (figure.IsProbability()) request.risk = risk;
     for (const MapPlaces* places : {x_first ? &x : &y, x_first ? &y : &x})
         request.AddAxis(ValueAxis::List(places->Field(), places->Values()));
     GridObserver rows(figure, x, y, x_first, observer, map);

@@ -8,6 +8,7 @@
 #include "core/runtime/numbers.h"
 #include "core/studies/map_panels.h"
 #include "core/studies/map_places.h"
+#include "core/studies/probability_lines.h"
 
 namespace tarvokol {
 namespace {
@@ -16,6 +17,9 @@ constexpr int kMostLevels = 12;
 
 // Steps across a map: of a hand's width on paper, each is shorter than a millimetre.
 constexpr std::size_t kFinestSteps = 240;
+
+// Each panel of probabilities is thousands of panels, and between neighbours they change as normal scores do.
+constexpr std::size_t kStepsOfProbability = 60;
 
 // Half and half again so often: a place on an edge is known to a millionth of it, the end of what is refused to what a
 // double can tell.
@@ -42,13 +46,14 @@ class MapMaker {
           figure_(figure),
           x_(PlacesOf(request, 0)),
           y_(PlacesOf(request, 1)),
-          panel_(request.panel, figure, x_.Field(), y_.Field()) {}
+          panel_(request.panel, figure, x_.Field(), y_.Field(), request.risk) {}
 
     std::optional<MapPicture> Make(StudyObserver& observer) {
-        x_.Divide(std::min<std::size_t>(kFinestSteps, kMostMapPanels / y_.Count()));
-        y_.Divide(std::min<std::size_t>(kFinestSteps, kMostMapPanels / x_.Count()));
+        const std::size_t steps = figure_.IsProbability() ? kStepsOfProbability : kFinestSteps;
+        x_.Divide(std::min<std::size_t>(steps, kMostMapPanels / y_.Count()));
+        y_.Divide(std::min<std::size_t>(steps, kMostMapPanels / x_.Count()));
         DivideWhereRefusalBegins();
-        if (!CalculateMap(request_.panel, figure_, x_, y_, request_.threads, observer, map_))
+        if (!CalculateMap(request_.panel, figure_, x_, y_, request_.risk, request_.threads, observer, map_))
             return std::nullopt;
         if (std::none_of(map_.figures.values.begin(), map_.figures.values.end(),
                          [](double value) { return std::isfinite(value); }))
@@ -59,7 +64,10 @@ class MapMaker {
         picture.figure = TitleWithUnit(figure_);
         AddWithout(picture);
         if (figure_.IsFactor()) AddTarget(picture);
-        AddLevels(picture);
+        if (figure_.IsProbability())
+            AddProbabilities(picture);
+        else
+            AddLevels(picture);
         AddProject(picture);
         picture.refused = map_.refused;
         picture.grid = std::move(map_.figures);
@@ -103,9 +111,7 @@ class MapMaker {
         const std::vector<double>& along = axis.Values();
         for (const double across :
              {other.Values().front(), other.Values()[other.Count() / 2], other.Values().back()}) {
-            const auto has_figure = [&](double value) {
-                return std::isfinite(panel_.FigureAt(place(value, across)));
-            };
+            const auto has_figure = [&](double value) { return panel_.HasFigureAt(place(value, across)); };
             bool before = has_figure(along.front());
             for (std::size_t i = 1; i < along.size() && changes.size() < 2 * kMostRefusalEdges; ++i) {
                 const bool here = has_figure(along[i]);
@@ -189,6 +195,14 @@ class MapMaker {
         if (levels.empty()) picture.remark = ConstantInWords(picture);
     }
 
+    void AddProbabilities(MapPicture& picture) const {
+        picture.note = InWords(request_.risk, request_.panel, {x_.Field(), y_.Field()});
+        picture.levels = ProbabilityLines(map_.figures, request_.risk.samples);
+        if (picture.levels.empty())
+            picture.remark = std::string(figure_.title) + ' ' + ProbabilityRange(map_.figures) +
+                             (picture.without.empty() ? " all over the map" : " wherever there is one");
+    }
+
     // The figure that all panels have in common.
     std::string ConstantInWords(const MapPicture& picture) const {
         const auto one = std::find_if(map_.figures.values.begin(), map_.figures.values.end(),
@@ -207,7 +221,13 @@ class MapMaker {
         };
         if (!within(place.x, picture.x) || !within(place.y, picture.y)) return;
         const double figure = panel_.FigureAt(place);
-        picture.project = {place, std::isfinite(figure) ? RoundedText(figure, kFigureDigits) : "refused"};
+        picture.project = {place, FigureInWords(figure)};
+    }
+
+    std::string FigureInWords(double figure) const {
+        if (!std::isfinite(figure)) return "refused";
+        return figure_.IsProbability() ? ProbabilityText(figure, request_.risk.samples)
+                                       : RoundedText(figure, kFigureDigits);
     }
 
     const SweepRequest& request_;

@@ -43,7 +43,7 @@ struct MapPicture {
     std::string why_without;
 
     std::optional<MapPoint> project;
-    std::string note;    // of a target that no panel misses
+    std::string note;    // of a target that no panel misses; of probabilities what they are made of
     std::string remark;  // of a figure that all panels have in common, so that no line shows it
 
     ValueGrid grid;             // the figures that the map was made of
@@ -53,9 +53,10 @@ struct MapPicture {
 // The most panels of a map.
 constexpr std::uint64_t kMostMapPanels = 4000000;
 
-// Calculates the map of a figure over the two axes of the request, the first from left to right; nothing if the observer
+// Calculates the map of a figure, or of a probability (see kRowProbabilities and SweepRequest::risk), over the two axes of the request, the first from left to right; nothing if the observer
 // ended it early. The axes are taken in rising order, each value once; coarse steps are divided until 240 lie across the
-// map, those of a count at its whole numbers, so that its lines bend as the figure does. The target's line is found by
+// map, those of a count at its whole numbers, so that its lines bend as the figure does (of probabilities, whose lines are those of
+// 1, 5, 10, 25 and 50 %, until 60 do). The target's line is found by
 // calculating panels between two neighbours on both sides of it, and so is where the panels begin to be refused. Same
 // request, same bits, on any number of threads. Raises StudyRefusal for a request of another number of axes, an axis with
 // fewer than two different values, and too many panels; NothingToShow where no panel has the figure.

@@ -174,6 +174,29 @@ std::span<double> RiskDraw::Figures(Lists& lists, std::size_t field, const DrawP
     return figures;
 }
 
+std::vector<BigArray<double>> RiskDraw::AllFigures(const std::function<void(std::uint32_t)>& reached) {
+    std::vector<BigArray<double>> all;
+    all.reserve(order_.size());
+    for (std::size_t field = 0; field < order_.size(); ++field) all.emplace_back(plan_.samples);
+    for (const DrawBatch& batch : Batches()) {
+        Prepare(batch, order_, [&] { reached(0); });
+        const std::vector<DrawPiece> pieces = PiecesOf(batch);
+        TaskRun::Do(pieces.size(), request_.threads, [&] {
+            return [&, lists = Lists(order_.size())](std::size_t number) mutable {
+                const DrawPiece& piece = pieces[number];
+                Begin(lists, piece);
+                for (const std::size_t field : order_) {
+                    const auto figures = Figures(lists, field, piece);
+                    std::copy(figures.begin(), figures.end(), all[field].begin() + piece.first);
+                }
+                reached(piece.count);
+            };
+        });
+    }
+    ForgetStrata();
+    return all;
+}
+
 void RiskDraw::FiguresAt(std::span<const double> normals, std::span<double> figures) const {
     for (const std::size_t field : order_) {
         double z = normals[field];

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -59,6 +60,10 @@ class RiskDraw {
 
     // Before the figures of a piece.
     void Begin(Lists& lists, const DrawPiece& piece) const;
+
+    // The figures of all samples, one list for each field by its position. `reached` is called with the number of samples
+    // of each piece, now and then with 0; what it raises ends the work.
+    std::vector<BigArray<double>> AllFigures(const std::function<void(std::uint32_t)>& reached);
 
     // The figures of a field, by its position; they stand in the field's list until the next piece.
     std::span<double> Figures(Lists& lists, std::size_t field, const DrawPiece& piece) const;

@@ -3,30 +3,18 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 
 #include "core/statistics/study_refusal.h"
 #include "core/studies/drawn_fields.h"
 #include "core/studies/risk_draw.h"
+#include "core/studies/spread_picture.h"
 
 namespace tarvokol {
 namespace {
 
-std::vector<std::vector<double>> DrawnFor(const RiskRequest& request) {
-    RiskDraw draw(request);
-    const std::size_t fields = request.fields.size();
-    std::vector<std::vector<double>> drawn(fields, std::vector<double>(request.samples));
-    RiskDraw::Lists lists(fields);
-    for (const DrawBatch& batch : draw.Batches()) {
-        draw.Prepare(batch, draw.Order(), [] {});
-        for (const DrawPiece& piece : draw.PiecesOf(batch)) {
-            draw.Begin(lists, piece);
-            for (std::size_t field = 0; field < fields; ++field) {
-                const auto figures = draw.Figures(lists, field, piece);
-                std::copy(figures.begin(), figures.end(), drawn[field].begin() + piece.first);
-            }
-        }
-    }
-    return drawn;
+std::vector<BigArray<double>> AllFiguresOf(RiskDraw& draw) {
+    return draw.AllFigures([](std::uint32_t) {});
 }
 
 void AddMessage(PanelFigures& figures, const std::string& text) {
@@ -34,6 +22,23 @@ void AddMessage(PanelFigures& figures, const std::string& text) {
 }
 
 }  // namespace
+
+std::string InWords(const RowRiskRequest& request, const Panel& project, const std::vector<PanelField>& set) {
+    RiskRequest drawn;
+    drawn.panel = project;
+    std::string words;
+    for (const RowRandom& one : request.random) {
+        if (std::find(set.begin(), set.end(), one.field) != set.end()) {
+            words += std::string(TitleOfField(one.field)) + ' ' + one.distribution + "; ";
+            continue;
+        }
+        drawn.AddField(one.field, one.distribution);
+        words += InWords(drawn.fields.back(), project.units) + "; ";
+    }
+    for (const FieldCorrelation& pair : request.correlations) words += InWords(pair) + "; ";
+    return words + std::to_string(request.samples) + " samples of each panel" + MethodInWords(request.latin) +
+           ", seed " + std::to_string(request.seed);
+}
 
 RowRisk::RowRisk(const RowRiskRequest& request, const Panel& project, const std::vector<PanelField>& set)
     : request_(request) {
@@ -45,7 +50,8 @@ RowRisk::RowRisk(const RowRiskRequest& request, const Panel& project, const std:
         of_each_row_ = true;
     }
     const RiskRequest of_project = RequestFor(project);
-    if (!of_each_row_) drawn_ = DrawnFor(of_project);
+    RiskDraw draw(of_project);
+    if (!of_each_row_) drawn_ = AllFiguresOf(draw);
 }
 
 RiskRequest RowRisk::RequestFor(const Panel& panel) const {
@@ -53,7 +59,10 @@ RiskRequest RowRisk::RequestFor(const Panel& panel) const {
     request.panel = panel;
     request.samples = request_.samples;
     request.seed = request_.seed;
+    request.latin = request_.latin;
     for (const RowRandom& one : request_.random) request.AddField(one.field, one.distribution);
+    for (const FieldCorrelation& pair : request_.correlations)
+        request.AddCorrelation(pair.first, pair.second, pair.value);
     return request;
 }
 
@@ -65,7 +74,8 @@ void RowRisk::AddTo(PanelFigures& figures, const Panel& row) const {
     }
     try {
         const RiskRequest request = RequestFor(row);
-        Count(figures, row, DrawnFor(request));
+        RiskDraw draw(request);
+        Count(figures, row, AllFiguresOf(draw));
     } catch (const StudyShortage&) {
         throw;
     } catch (const StudyRefusal& refusal) {

@@ -11,32 +11,12 @@ namespace tarvokol {
 
 SamplePasses::SamplePasses(const RiskRequest& request, StudyWatch& watch)
     : request_(request), watch_(watch), draw_(request) {
-    if (KeepsDrawn()) Keep();
+    if (KeepsDrawn()) kept_ = draw_.AllFigures([this](std::uint32_t samples) { watch_.Reach(samples); });
 }
 
 bool SamplePasses::KeepsDrawn() const {
     constexpr std::uint64_t kMostFigures = 1 << 23;  // 64 MB
     return std::uint64_t{request_.samples} * request_.fields.size() <= kMostFigures;
-}
-
-void SamplePasses::Keep() {
-    for (std::size_t field = 0; field < request_.fields.size(); ++field) kept_.emplace_back(request_.samples);
-    for (const DrawBatch& batch : draw_.Batches()) {
-        draw_.Prepare(batch, draw_.Order(), [this] { watch_.Reach(0); });
-        const std::vector<DrawPiece> pieces = draw_.PiecesOf(batch);
-        TaskRun::Do(pieces.size(), request_.threads, [&] {
-            return [&, lists = RiskDraw::Lists(request_.fields.size())](std::size_t number) mutable {
-                const DrawPiece& piece = pieces[number];
-                draw_.Begin(lists, piece);
-                for (const std::size_t field : draw_.Order()) {
-                    const auto figures = draw_.Figures(lists, field, piece);
-                    std::copy(figures.begin(), figures.end(), kept_[field].begin() + piece.first);
-                }
-                watch_.Reach(piece.count);
-            };
-        });
-    }
-    draw_.ForgetStrata();
 }
 
 std::vector<std::span<const double>> SamplePasses::Kept(const DrawPiece& piece) const {

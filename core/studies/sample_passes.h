@@ -41,7 +41,6 @@ class SamplePasses {
     };
 
     bool KeepsDrawn() const;
-    void Keep();
     void CountPiece(PanelEvaluator& panel, const std::vector<std::span<const double>>& figures,
                     std::span<const AskedTarget> targets, const DrawPiece& piece, Tally& tally) const;
     std::vector<std::span<const double>> Kept(const DrawPiece& piece) const;

@@ -119,9 +119,17 @@ std::string InWords(const RandomField& field, Units units) {
            field.distribution->InWords(UnitOfField(field.field, units));
 }
 
+std::string InWords(const FieldCorrelation& pair) {
+    return std::string(TitleOfField(pair.first)) + " and " + TitleOfField(pair.second) + " correlated by " +
+           RoundedText(pair.value, kFigureDigits);
+}
+
+const char* MethodInWords(bool latin) {
+    return latin ? " (Latin hypercube)" : " (independent)";
+}
+
 std::string SamplingInWords(const RiskRequest& request, const RiskResult& result) {
-    return std::to_string(request.samples) +
-           (request.latin ? " samples (Latin hypercube)" : " samples (independent)") + ", seed " +
+    return std::to_string(request.samples) + " samples" + MethodInWords(request.latin) + ", seed " +
            std::to_string(request.seed) + ", " + std::to_string(result.refused) + " refused";
 }
 
@@ -132,9 +140,7 @@ SpreadPicture SpreadOf(const RiskRequest& request, const RiskResult& result, con
     picture.title = title;
     for (const RandomField& field : request.fields)
         picture.words.push_back(InWords(field, request.panel.units));
-    for (const FieldCorrelation& pair : request.correlations)
-        picture.words.push_back(std::string(TitleOfField(pair.first)) + " and " + TitleOfField(pair.second) +
-                                " correlated by " + RoundedText(pair.value, kFigureDigits));
+    for (const FieldCorrelation& pair : request.correlations) picture.words.push_back(InWords(pair));
     picture.words.push_back(SamplingInWords(request, result) + "; probabilities with their 95 % interval");
     picture.words.push_back(JointInWords(result));
     for (std::size_t factor = 0; factor < kFactors; ++factor) {

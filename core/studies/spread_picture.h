@@ -34,6 +34,12 @@ struct SpreadPicture {
 // "In situ coal strength lognormal, mean 900 psi, standard deviation 135 psi".
 std::string InWords(const RandomField& field, Units units);
 
+// "Extraction height and Depth of cover correlated by 0.5".
+std::string InWords(const FieldCorrelation& pair);
+
+// " (Latin hypercube)", " (independent)".
+const char* MethodInWords(bool latin);
+
 // "100000 samples (Latin hypercube), seed 1, 0 refused".
 std::string SamplingInWords(const RiskRequest& request, const RiskResult& result);
 

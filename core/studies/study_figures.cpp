@@ -22,6 +22,14 @@ const StudyFigure* FigureNamed(std::string_view name) {
     return nullptr;
 }
 
+const StudyFigure* ProbabilityNamed(std::string_view name) {
+    for (const StudyFigure& figure : kRowProbabilities)
+        if (EqualIgnoringCase(name, figure.name) ||
+            EqualIgnoringCase("P(" + std::string(name) + ")", figure.name))
+            return &figure;
+    return nullptr;
+}
+
 std::string KnownFigures() {
     return "the figures are " + NamesOf(kStudyFigures);
 }

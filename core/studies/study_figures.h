@@ -15,7 +15,7 @@
 
 namespace tarvokol {
 
-enum class FigureKind { Factor, Share, Size };
+enum class FigureKind { Factor, Share, Size, Probability };
 
 struct StudyFigure {
     const char* name;    // of the column and the JSON key: "WebsOnly"
@@ -27,6 +27,7 @@ struct StudyFigure {
     std::optional<PanelField> target;  // the project's own, of a factor that has one
 
     bool IsFactor() const { return kind == FigureKind::Factor; }
+    bool IsProbability() const { return kind == FigureKind::Probability; }
 
     // True of a figure that is there only where sizes are asked for.
     bool NeedsSizes() const { return kind == FigureKind::Size; }
@@ -64,17 +65,18 @@ constexpr std::span<const StudyFigure> StudyFigures(bool sizes) {
         .first(sizes ? kStudyFigures.size() : detail::FiguresUpTo(FigureKind::Share));
 }
 
-struct RowProbability {
-    const char* name;  // of the column and the JSON key
-    double PanelFigures::*value;
-};
-
 // What samples of a row tell, in the order of the columns: how likely webs, barrier, and either of them lie below their targets.
 inline constexpr std::array kRowProbabilities{
-    RowProbability{"P(WebsOnly)", &PanelFigures::ProbabilityOfWebs},
-    RowProbability{"P(BarrierPillar)", &PanelFigures::ProbabilityOfBarrier},
-    RowProbability{"P(any)", &PanelFigures::ProbabilityOfAny},
+    StudyFigure{"P(WebsOnly)", "Webs", "Probability of webs below their target", "", FigureKind::Probability,
+                &PanelFigures::ProbabilityOfWebs, std::nullopt},
+    StudyFigure{"P(BarrierPillar)", "Barrier", "Probability of the barrier below its target", "",
+                FigureKind::Probability, &PanelFigures::ProbabilityOfBarrier, std::nullopt},
+    StudyFigure{"P(any)", "Webs or barrier", "Probability of webs or barrier below their targets", "",
+                FigureKind::Probability, &PanelFigures::ProbabilityOfAny, std::nullopt},
 };
+
+// Of the name of a probability, or of the factor that it is of, in any letter case; nullptr for another one.
+const StudyFigure* ProbabilityNamed(std::string_view name);
 
 // The stability factors.
 constexpr std::span<const StudyFigure> FactorFigures() {

@@ -8,6 +8,7 @@
 
 #include "core/statistics/study_numbers.h"
 #include "core/statistics/study_refusal.h"
+#include "core/studies/study_names.h"
 
 namespace tarvokol {
 namespace {
@@ -162,8 +163,7 @@ void ValueAxis::RequireFitting() const {
               (count_ == 1 || !IsWholeField(field_) || fits(step_));
     for (const double value : list_) all = all && fits(value);
     if (all) return;
-    throw StudyRefusal(IsWholeField(field_) ? "the number of holes must be a whole number"
-                                            : "a value cannot be stored in this field");
+    throw StudyRefusal(FaultOfUnfit(field_));
 }
 
 }  // namespace tarvokol

@@ -60,6 +60,10 @@ void WriteStudyPicture(const FitPicture& picture, const std::string& path) {
     Write(picture, path);
 }
 
+void WriteStudyPicture(const TornadoPicture& picture, const std::string& path) {
+    Write(picture, path);
+}
+
 void WriteStudyPicture(const AnyStudyPicture& picture, const std::string& path) {
     std::visit(
         [&path](const auto& one) {

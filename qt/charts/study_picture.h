@@ -10,6 +10,7 @@
 #include "core/studies/fit_picture.h"
 #include "core/studies/map_picture.h"
 #include "core/studies/spread_picture.h"
+#include "core/studies/tornado_study.h"
 
 namespace tarvokol {
 
@@ -20,6 +21,7 @@ void WriteStudyPicture(const CurvesPicture& picture, const std::string& path);
 void WriteStudyPicture(const MapPicture& picture, const std::string& path);
 void WriteStudyPicture(const SpreadPicture& picture, const std::string& path);
 void WriteStudyPicture(const FitPicture& picture, const std::string& path);
+void WriteStudyPicture(const TornadoPicture& picture, const std::string& path);
 
 // Whichever a window shows, or none. Of none nothing is written, and the image is null.
 using AnyStudyPicture = std::variant<std::monostate, MapPicture, CurvesPicture, SpreadPicture>;

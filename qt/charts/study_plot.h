@@ -10,6 +10,7 @@
 #include "core/studies/fit_picture.h"
 #include "core/studies/map_picture.h"
 #include "core/studies/spread_picture.h"
+#include "core/studies/tornado_study.h"
 
 class QCustomPlot;
 
@@ -20,11 +21,13 @@ void ComposeStudyPlot(QCustomPlot& plot, const CurvesPicture& picture);
 void ComposeStudyPlot(QCustomPlot& plot, const MapPicture& picture);
 void ComposeStudyPlot(QCustomPlot& plot, const SpreadPicture& picture);
 void ComposeStudyPlot(QCustomPlot& plot, const FitPicture& picture);
+void ComposeStudyPlot(QCustomPlot& plot, const TornadoPicture& picture);
 
 // Pixels: how large the picture is drawn in a file.
 QSize StudyPictureSize(const CurvesPicture& picture);
 QSize StudyPictureSize(const MapPicture& picture);
 QSize StudyPictureSize(const SpreadPicture& picture);
 QSize StudyPictureSize(const FitPicture& picture);
+QSize StudyPictureSize(const TornadoPicture& picture);
 
 }  // namespace tarvokol

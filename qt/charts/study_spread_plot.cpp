@@ -6,6 +6,7 @@
 #include "qt/charts/chart_text.h"
 #include "qt/charts/study_looks.h"
 #include "qt/charts/study_plot.h"
+#include "qt/charts/study_targets.h"
 #include "qt/session/qt_text.h"
 
 namespace tarvokol {
@@ -14,59 +15,8 @@ namespace {
 // Pixels.
 constexpr int kBoxHeight = 190;  // of a factor without its words
 constexpr int kHeaderHeight = 36;
-constexpr int kNamesHeight = 17;  // of the targets above the frame
 
 const QColor kBarEdge(120, 120, 120);
-
-// The targets as dashed lines, their names above the frame, where no bar is.
-class SpreadTargets : public StudyDrawing {
-  public:
-    SpreadTargets(QCustomPlot& plot, QCPAxisRect& box, std::vector<SpreadTarget> targets)
-        : StudyDrawing(plot, box), targets_(std::move(targets)) {
-        std::sort(targets_.begin(), targets_.end(),
-                  [](const SpreadTarget& one, const SpreadTarget& other) { return one.value < other.value; });
-    }
-
-  protected:
-    void draw(QCPPainter* painter) override {
-        const QFont font = ChartFont(kStudyTextPoints, true);
-        painter->setFont(font);
-        const std::vector<QRectF> boxes = BoxesOf(QFontMetricsF(font));
-        for (std::size_t i = 0; i < targets_.size(); ++i) {
-            const double x = PixelOf(targets_[i].value, 0).x();
-            painter->setPen(QPen(kInk, kTargetLine, Qt::DashLine, Qt::FlatCap));
-            painter->drawLine(QLineF(x, Frame().bottom(), x, Frame().top()));
-            painter->setPen(kInk);
-            painter->drawText(boxes[i], Qt::TextDontClip | Qt::AlignCenter, ToQt(targets_[i].name));
-        }
-    }
-
-  private:
-    // Each above its line, moved aside where it would touch the one before it or the end of the frame.
-    std::vector<QRectF> BoxesOf(const QFontMetricsF& metrics) const {
-        constexpr double kBetween = 8;
-        std::vector<QRectF> boxes;
-        for (const SpreadTarget& target : targets_) {
-            QRectF box(0, Frame().top() - kNamesHeight, metrics.horizontalAdvance(ToQt(target.name)),
-                       kNamesHeight);
-            box.moveCenter({PixelOf(target.value, 0).x(), box.center().y()});
-            boxes.push_back(box);
-        }
-        double free_from = Frame().left();
-        for (QRectF& box : boxes) {
-            if (box.left() < free_from) box.moveLeft(free_from);
-            free_from = box.right() + kBetween;
-        }
-        double free_to = Frame().right();
-        for (auto box = boxes.rbegin(); box != boxes.rend(); ++box) {
-            if (box->right() > free_to) box->moveRight(free_to);
-            free_to = box->left() - kBetween;
-        }
-        return boxes;
-    }
-
-    std::vector<SpreadTarget> targets_;
-};
 
 double AddBars(QCPAxisRect& box, const SpreadPanel& panel) {
     const double step = (panel.x.high - panel.x.low) / static_cast<double>(panel.bars.size());
@@ -103,10 +53,9 @@ void AddPanel(QCustomPlot& plot, const SpreadPanel& panel) {
     StyleStudyAxes(*box, panel.x, {"Share of samples", 0, highest * 1.12, false});
     for (const auto side : {QCPAxis::atLeft, QCPAxis::atRight})
         box->axis(side)->setLabelFont(ChartFont(kStudyTextPoints));
-    box->setMinimumMargins(box->minimumMargins() + QMargins(0, kNamesHeight, 0, 0));
     AddBars(*box, panel);
     AddCumulative(*box, panel);
-    new SpreadTargets(plot, *box, panel.targets);  // the plot's from now on
+    AddStudyTargets(plot, *box, panel.targets);
 }
 
 }  // namespace

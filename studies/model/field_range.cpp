@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "core/runtime/numbers.h"
+#include "core/studies/study_names.h"
 
 namespace tarvokol {
 namespace {
@@ -41,9 +42,7 @@ std::string FaultOfRange(PanelField field, const FieldRange& range) {
     if (!std::isfinite(range.low) || !std::isfinite(range.high)) return "a range needs two numbers";
     if (!(range.low < range.high)) return "the lower end of a range lies below the upper one";
     if (!std::isfinite(range.high - range.low)) return "the range is too wide";
-    if (!FitsField(field, range.low) || !FitsField(field, range.high))
-        return IsWholeField(field) ? "the number of holes must be a whole number"
-                                   : "a value cannot be stored in this field";
+    if (!FitsField(field, range.low) || !FitsField(field, range.high)) return FaultOfUnfit(field);
     if (IsWholeField(field) && (range.low < 1 || range.high > MaxHoles))
         return "the number of holes lies from 1 to " + std::to_string(MaxHoles);
     return "";

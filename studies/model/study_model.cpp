@@ -7,6 +7,7 @@
 #include "core/project/project_origin.h"
 #include "core/runtime/text.h"
 #include "core/statistics/study_numbers.h"
+#include "core/studies/study_names.h"
 
 namespace tarvokol {
 
@@ -171,8 +172,7 @@ std::string StudyModel::FaultOfText(PanelField field, const std::string& text) c
     else if (const auto value = WholeNumber(number); !value)
         fault = WhyNoNumber(number);
     else if (!FitsField(field, *value))
-        fault = IsWholeField(field) ? "the number of holes must be a whole number"
-                                    : "a value cannot be stored in this field";
+        fault = FaultOfUnfit(field);
     else if (IsWholeField(field))
         fault = HolesFault(number);
     if (fault.empty()) return "";

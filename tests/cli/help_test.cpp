@@ -25,20 +25,34 @@ std::string OnOneLine(const std::string& text) {
     return line;
 }
 
-const Lines kCommon{"--settings FILE.INI:FILE Configuration file to read (default: the built-in values) ",
-                    "--json Print JSON Lines, one object per FILE ", "-q,--quiet No progress line "};
+Lines Common(const std::string& objects) {
+    return {"--settings FILE.INI:FILE Configuration file to read (default: the built-in values) ",
+            "--json Print JSON Lines, " + objects + " ", "-q,--quiet No progress line "};
+}
+
+const Lines kPerFile = Common("one object per FILE");
+const Lines kPerRow = Common("one object per row");
+const Lines kSingle = Common("one object");
 const Lines kFiles{"FILE ... REQUIRED Projects; `-` alone reads their paths from standard input "};
 const Lines kProject{"PROJECT REQUIRED The project to start from "};
 const Lines kOverwriting{"--force Replace existing files ",
                          "--stdin-project The project `-` is read from standard input "};
 const Lines kList{"-0,--null Paths on standard input end in NUL, as after find -print0 "};
 const Lines kThreads{"--threads N Threads to calculate on (default: one per core) "};
+const std::string kCorrelate =
+    "--correlate A,B=R ... FIELD,FIELD=R: a pair of fields moves together; R, between -1 and 1, is the "
+    "correlation of their normal scores: of normal fields their own, of lognormal ones that of the "
+    "logarithms ";
 const Lines kSizes{
     "--size The suggested sizes, too: SuggestedWeb and SuggestedBarrier, inches ",
-    "--random FIELD=DISTRIBUTION ... The probabilities that webs, barrier, or either lie below their targets, "
+    "--random FIELD=DISTRIBUTION ... The probabilities that webs, barrier, or either lie below their "
+    "targets, "
     "too: P(WebsOnly), P(BarrierPillar), P(any); FIELD=DISTRIBUTION as risk takes it, in % of the row's "
     "own figure; once per field ",
+    kCorrelate,
     "--samples N Number of samples of each row (default 10000) ",
+    "--seed S Seed of the random numbers (default 1) ",
+    "--plain Independent draws instead of Latin hypercubes ",
     "--bare-header Names of columns without their units "};
 
 const std::string kFields =
@@ -49,9 +63,13 @@ Lines Output(const std::string& what) {
     return {"-o,--output PATH " + what + "; `-`: standard output "};
 }
 
-Lines Format(const std::string& formats) {
-    return {"--format FORMAT:{" + formats + "} Of standard output, or of the files in a folder "};
+Lines Format(const std::string& formats,
+             const std::string& of = "standard output, or of the files in a folder") {
+    return {"--format FORMAT:{" + formats + "} Of " + of + " "};
 }
+
+const std::string kOneFile = "standard output, or of the file in a folder";
+const std::string kNoFolder = "standard output";
 
 class Help : public CliTest {
   protected:
@@ -87,11 +105,11 @@ TEST_F(Help, ListsTheCommands) {
 }
 
 TEST_F(Help, TellsOfReportsAndSizes) {
-    ExpectTold({"results", "--help"}, Lines{"Input check, analysis and report "} + kFiles + kCommon +
+    ExpectTold({"results", "--help"}, Lines{"Input check, analysis and report "} + kFiles + kPerFile +
                                           Output("Write the report: .txt, .pdf or .json, or a folder") +
                                           Format("txt,pdf,json,jsonl") + kOverwriting + kList);
     ExpectTold({"size", "--help"}, Lines{"Suggested web and barrier sizes, of a metric project in inches "} +
-                                       kFiles + kCommon + Output("Write the sizes: .json, or a folder") +
+                                       kFiles + kPerFile + Output("Write the sizes: .json, or a folder") +
                                        Format("json,jsonl") + kOverwriting + kList);
 }
 
@@ -101,7 +119,7 @@ TEST_F(Help, TellsOfCurves) {
         Lines{"A parametric curve; web and barrier of a metric project in inches ",
               "KIND :{sf-height,sf-depth,sf-hole,web,barrier} REQUIRED sf-height, sf-depth, sf-hole, web or "
               "barrier "} +
-            kFiles + Lines{"--bare-header Names of columns without their units "} + kCommon +
+            kFiles + Lines{"--bare-header Names of columns without their units "} + kPerFile +
             Output("Write the curve: .csv, .xlsx, .png, .svg, .pdf or .json, or a folder") +
             Format("csv,xlsx,png,svg,pdf,json,jsonl") + kOverwriting + kList);
 }
@@ -113,17 +131,17 @@ TEST_F(Help, TellsOfThePlan) {
             Lines{"--mode TEXT:{dimensions,strength,capacity}=dimensions What the pillars' labels show ",
                   "--view TEXT:{window,preview}=window Drawn as in the plot window or in the parameters "
                   "dialog "} +
-            kCommon + Output("Write the plan: .svg, .png, .pdf, .csv or .json, or a folder") +
+            kPerFile + Output("Write the plan: .svg, .png, .pdf, .csv or .json, or a folder") +
             Format("svg,png,pdf,csv,json,jsonl") + kOverwriting + kList);
 }
 
 TEST_F(Help, TellsOfProjectsThatAreWritten) {
     ExpectTold({"convert", "--help"},
                Lines{"Convert a project to the other unit system and save it "} + kFiles +
-                   Lines{"--to TEXT:{english,metric} REQUIRED Target unit system "} + kCommon +
+                   Lines{"--to TEXT:{english,metric} REQUIRED Target unit system "} + kPerFile +
                    Output("The file or folder to write (default: beside the original)") + kOverwriting +
                    kList);
-    ExpectTold({"save", "--help"}, Lines{"Read a project and write it again "} + kFiles + kCommon +
+    ExpectTold({"save", "--help"}, Lines{"Read a project and write it again "} + kFiles + kPerFile +
                                        Output("The file or folder to write (required)") + kOverwriting +
                                        kList);
 }
@@ -135,7 +153,7 @@ TEST_F(Help, TellsOfUnitsAndSettings) {
                                           "stress-grad ",
                                           "UNIT REQUIRED The unit of VALUE: one of those below ",
                                           "VALUE REQUIRED What would be typed "} +
-                                        kCommon);
+                                        kSingle);
     EXPECT_THAT(Run({"units", "--help"}).out,
                 HasSubstr("Units of length: in, ft, cm, m\n"
                           "Units of load: lbsF, tonsF, kN, MN, kips\n"
@@ -145,20 +163,21 @@ TEST_F(Help, TellsOfUnitsAndSettings) {
     ExpectTold({"settings", "--help"},
                Lines{"The effective settings after reading ",
                      "FILE.INI :FILE Configuration file to read (default: the built-in values) "} +
-                   kCommon);
+                   kSingle);
 }
 
 TEST_F(Help, TellsOfSweeps) {
     ExpectTold(
         {"sweep", "--help"},
-        Lines{"Every combination of the values that fields of a project are given "} + kProject + kCommon +
+        Lines{"Every combination of the values that fields of a project are given "} + kProject + kPerRow +
             Output("Write rows (.csv, .json, .xlsx) or a picture (.png, .svg, .pdf)") +
-            Format("csv,json,jsonl,xlsx,png,svg,pdf") + kOverwriting + kThreads + kSizes +
+            Format("csv,json,jsonl,xlsx,png,svg,pdf", kNoFolder) + kOverwriting + kThreads + kSizes +
             Lines{
                 "--vary FIELD=VALUES ... REQUIRED FIELD=FIRST:LAST:STEP, FIELD=FIRST:LAST/COUNT or "
                 "FIELD=V1,V2,V3; once per field, the last one given runs fastest ",
                 "--of FIGURE:{Overall,WebsOnly,BarrierPillar,ExtractionRatio,SuggestedWeb,SuggestedBarrier} "
-                "The figure of a picture (default of a map: Overall) ",
+                "The figure of a picture (default of a map: Overall; with --random P(any), and WebsOnly and "
+                "BarrierPillar are P(WebsOnly) and P(BarrierPillar)) ",
                 "--part K/N Rows of part K of N alone; all parts one after another are the whole, whose "
                 "header "
                 "stands in the first "});
@@ -172,6 +191,8 @@ TEST_F(Help, TellsOfSweeps) {
             "  tarvokol-cli sweep panel.TKL --vary NumberHoles=5,10,15,20 --size -o sizes.xlsx\n"
             "  tarvokol-cli sweep panel.TKL --vary WebThickness=3:6:0.5 \\\n"
             "      --random CoalStrength=normal:100%:15%\n"
+            "  tarvokol-cli sweep panel.TKL --vary WebThickness=3:6/13 --vary DepthCover=50:250/17 \\\n"
+            "      --random CoalStrength=normal:100%:15% --of WebsOnly -o likely.svg\n"
             "  tarvokol-cli sweep panel.TKL --vary DepthCover=50:400:5 --part 1/4 -o part1.csv\n"));
 }
 
@@ -182,8 +203,8 @@ TEST_F(Help, TellsOfTables) {
             Lines{
                 "ROWS.csv REQUIRED The table: a header with names of fields and any other columns; `-` reads "
                 "standard input "} +
-            kCommon + Output("Write the rows: .csv, .json or .xlsx") + Format("csv,json,jsonl,xlsx") +
-            kOverwriting + kThreads + kSizes);
+            kPerRow + Output("Write the rows: .csv, .json or .xlsx") +
+            Format("csv,json,jsonl,xlsx", kNoFolder) + kOverwriting + kThreads + kSizes);
     EXPECT_THAT(Run({"table", "--help"}).out,
                 HasSubstr(kFields + "  tarvokol-cli table panel.TKL boreholes.csv > factors.csv\n"
                                     "  tarvokol-cli table panel.TKL boreholes.csv --size -o factors.xlsx\n"
@@ -196,24 +217,21 @@ TEST_F(Help, TellsOfRisks) {
     ExpectTold(
         {"risk", "--help"},
         Lines{"How likely the factors lie below their targets when figures are uncertain "} + kProject +
-            kCommon + Output("Write the summary (.txt, .json) or a picture (.png, .svg, .pdf)") +
-            Format("txt,json,jsonl,png,svg,pdf") + kOverwriting + kThreads +
-            Lines{"--random FIELD=DISTRIBUTION ... REQUIRED FIELD=normal:MEAN:SD, lognormal:MEAN:SD, "
-                  "truncnormal:MEAN:SD:LO:HI, uniform:LO:HI, triangular:LO:MODE:HI, pert:LO:MODE:HI, "
-                  "beta:A:B:LO:HI, weibull:SCALE:SHAPE, gumbel:MODE:SCALE, gamma:SCALE:SHAPE, "
-                  "list:V1@P1,V2@P2,... or data:FILE.csv:COLUMN; a figure that ends in % is a share of the "
-                  "project's own, but SD of the MEAN beside it: of a strength of 900 normal:80%:10% is "
-                  "normal:720:72; once per field ",
-                  "--correlate A,B=R ... FIELD,FIELD=R: a pair of fields moves together; R, between -1 and "
-                  "1, is "
-                  "the "
-                  "correlation of their normal scores: of normal fields their own, of lognormal ones that of "
-                  "the "
-                  "logarithms ",
-                  "--samples N Number of samples (default 100000) ",
-                  "--seed S Seed of the random numbers (default 1) ",
-                  "--plain Independent draws instead of Latin hypercubes ",
-                  "--samples-out FILE.csv Write all samples as CSV; `-`: standard output "});
+            kSingle + Output("Write the summary (.txt, .json) or a picture (.png, .svg, .pdf)") +
+            Format("txt,json,jsonl,png,svg,pdf", kOneFile) + kOverwriting + kThreads +
+            Lines{
+                "--random FIELD=DISTRIBUTION ... REQUIRED FIELD=normal:MEAN:SD, lognormal:MEAN:SD, "
+                "truncnormal:MEAN:SD:LO:HI, uniform:LO:HI, triangular:LO:MODE:HI, pert:LO:MODE:HI, "
+                "beta:A:B:LO:HI, weibull:SCALE:SHAPE, gumbel:MODE:SCALE, gamma:SCALE:SHAPE, "
+                "list:V1@P1,V2@P2,... or data:FILE.csv:COLUMN; a figure that ends in % is a share of the "
+                "project's own, but SD of the MEAN beside it: of a strength of 900 normal:80%:10% is "
+                "normal:720:72; once per field ",
+                kCorrelate, "--samples N Number of samples (default 100000) ",
+                "--seed S Seed of the random numbers (default 1) ",
+                "--plain Independent draws instead of Latin hypercubes ",
+                "--tornado What each field moves: the factors at 5 % and at 95 % of it, the others at their "
+                "medians; a picture shows this in place of the spread ",
+                "--samples-out FILE.csv Write all samples as CSV; `-`: standard output "});
     EXPECT_THAT(
         Run({"risk", "--help"}).out,
         HasSubstr(kFields +
@@ -225,6 +243,8 @@ TEST_F(Help, TellsOfRisks) {
                   "      --below WebsOnly=1.3\n"
                   "  tarvokol-cli risk panel.TKL --random CoalStrength=lognormal:100%:15% \\\n"
                   "      --random DepthCover=normal:100%:5% --sobol\n"
+                  "  tarvokol-cli risk panel.TKL --random CoalStrength=lognormal:100%:15% \\\n"
+                  "      --random DepthCover=normal:100%:5% --tornado -o tornado.svg\n"
                   "  tarvokol-cli risk panel.TKL --random Height=uniform:5:7 --samples 1000000 --json\n"));
 }
 
@@ -233,8 +253,8 @@ TEST_F(Help, TellsOfFits) {
         {"fit", "--help"},
         Lines{"Which distribution the measured values of a column may come from ",
               "FILE.csv REQUIRED The table of the values "} +
-            kCommon + Output("Write the result (.txt, .json) or a picture (.png, .svg, .pdf)") +
-            Format("txt,json,jsonl,png,svg,pdf") + kOverwriting +
+            kSingle + Output("Write the result (.txt, .json) or a picture (.png, .svg, .pdf)") +
+            Format("txt,json,jsonl,png,svg,pdf", kOneFile) + kOverwriting +
             Lines{"--column NAME REQUIRED The title of the column, with or without its unit in brackets ",
                   "--field FIELD The field that the values are of; the option that is told names it "});
     EXPECT_THAT(Run({"fit", "--help"}).out,

@@ -77,6 +77,34 @@ TEST_F(RowRiskCommand, ARowIsAStudyOfItsOwn) {
     EXPECT_EQ(row["row"]["Hole"], "C");
 }
 
+// Seed, correlation and independent draws are those of a study of the row alone; each of them gives other samples.
+TEST_F(RowRiskCommand, SamplesAreDrawnAsARiskStudyDrawsThem) {
+    Project("p.TKL");
+    const std::vector<std::string> drawn{"--quiet",   "--json",
+                                         "--random",  "CoalStrength=lognormal:900:135",
+                                         "--random",  "DepthCover=normal:210:20",
+                                         "--samples", "2000"};
+    const std::vector<std::vector<std::string>> ways{
+        {}, {"--seed", "7"}, {"--correlate", "CoalStrength,DepthCover=-0.6"}, {"--plain"}};
+    std::vector<double> found;
+    for (const std::vector<std::string>& way : ways) {
+        SCOPED_TRACE(testing::PrintToString(way));
+        std::vector<std::string> row{"sweep", "p.TKL", "--vary", "WebThickness=10"};
+        std::vector<std::string> alone{"risk", "p.TKL"};
+        for (const auto* more : {&drawn, &way}) {
+            row.insert(row.end(), more->begin(), more->end());
+            alone.insert(alone.end(), more->begin(), more->end());
+        }
+        const json told = Run(row).Object();
+        EXPECT_EQ(told["P(WebsOnly)"], Run(alone).Object()["factors"]["WebsOnly"]["below"][0]["probability"]);
+        EXPECT_EQ(told["P(any)"], Run(alone).Object()["joint"]["probability"]);
+        found.push_back(told["P(WebsOnly)"]);
+    }
+    for (std::size_t i = 1; i < found.size(); ++i) EXPECT_NE(found[i], found[0]) << i;
+    // Weak coal under deep cover at the same time is likelier then.
+    EXPECT_GT(found[2], found[0] + 0.02);
+}
+
 TEST_F(RowRiskCommand, TellsOfRefusedSamples) {
     Project("p.TKL");
     const CliAnswer answer = Run({"sweep", "p.TKL", "--quiet", "--json", "--vary", "DepthCover=200",
@@ -103,10 +131,41 @@ TEST_F(RowRiskCommand, RefusesByName) {
             "CoalStrength: each row sets this field; write its distribution in percent of it");
     refused({"--random", "Height=normal:5"}, "Height: \"normal:5\" is no distribution; write normal:MEAN:SD");
     refused({"--samples", "10"}, "--samples: needs --random");
+    refused({"--seed", "2"}, "--seed: needs --random");
+    refused({"--plain"}, "--plain: needs --random");
+    refused({"--correlate", "Height,DepthCover=0.5"}, "--correlate: needs --random");
+    refused({"--random", "Height=normal:5:1", "--correlate", "Height,DepthCover=0.5"},
+            "Height,DepthCover: both fields must be drawn");
+    refused({"--random", "Height=normal:5:1", "--seed", "-1"}, "--seed: \"-1\" is not a whole number from 0");
     refused({"--random", "Height=normal:5:1", "--samples", "0"},
             "\"0\" is not a whole number from 1 to 10000000");
-    refused({"--vary", "DepthCover=100,200", "--random", "Height=normal:5:1", "-o", "map.svg"},
-            "-o: probabilities are written as .csv, .json or .xlsx, not drawn");
+    refused({"--vary", "DepthCover=100,200", "--random", "Height=normal:5:1", "-o", "map.svg", "--of",
+             "ExtractionRatio"},
+            "--of ExtractionRatio: with --random a picture shows P(WebsOnly), P(BarrierPillar) or P(any)");
+    refused({"--vary", "DepthCover=100,200", "-o", "map.svg", "--of", "P(any)"},
+            "--of P(any): needs --random");
+}
+
+TEST_F(RowRiskCommand, DrawsMapsAndCurvesOfProbabilities) {
+    Project("p.TKL");
+    const std::vector<std::string> drawn{"--quiet", "--samples", "500", "--random",
+                                         "CoalStrength=normal:100%:15%"};
+    const auto picture = [&](std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), {"sweep", "p.TKL", "--force", "-o", "p.svg"});
+        arguments.insert(arguments.end(), drawn.begin(), drawn.end());
+        const CliAnswer answer = Run(arguments);
+        EXPECT_EQ(answer.status, 0) << answer.err;
+        return ReadBytes(PathTo("p.svg"));
+    };
+    const std::string map =
+        picture({"--vary", "DepthCover=100:400/7", "--vary", "WebThickness=8:12/5", "--of", "WebsOnly"});
+    for (const char* text :
+         {">1 %<", ">5 %<", ">10 %<", ">25 %<", ">50 %<", "Probability of webs below their target",
+          "the project: below 0.74 %", "500 samples of each panel (Latin hypercube), seed 1"})
+        EXPECT_THAT(map, HasSubstr(text));
+    const std::string curves = picture({"--vary", "DepthCover=100:400/7"});
+    for (const char* text : {"Probability below target", ">Webs<", ">Barrier<", ">Webs or barrier<"})
+        EXPECT_THAT(curves, HasSubstr(text));
 }
 
 // A share of what the row sets: of 600 psi the factor at 200 feet is 1.5733, below 1.6 where the share is above -0.017 deviations.

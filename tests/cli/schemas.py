@@ -132,7 +132,7 @@ def run_all(commands, folder, examples):
         commands.run("table", project, "rows.csv", "--json", *drawn, objects=3)
         commands.run("sweep", project, "--json", "--vary", "NumberHoles=5,6", *drawn, objects=2)
         commands.run("risk", project, "--json", "--samples", "100", "--random", "Height=uniform:1:12", "--random",
-                     "DepthCover=normal:100%:10%", "--below", "WebsOnly=1.3", "--sobol", objects=1)
+                     "DepthCover=normal:100%:10%", "--below", "WebsOnly=1.3", "--sobol", "--tornado", objects=1)
     commands.run("table", sound[0], every_field(folder), "--json", objects=1)
     commands.run("risk", sound[0], "--json", "--samples", "50", "--random", "Height=uniform:-2:-1", objects=1)
     for project in ["torn.TKL", "other.TKL", "empty.TKL", "missing.TKL"]:

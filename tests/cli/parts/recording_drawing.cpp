@@ -97,6 +97,11 @@ void RecordingDrawing::DrawStudy(const std::string& path, const FitPicture& pict
     Fits.push_back(picture);
 }
 
+void RecordingDrawing::DrawStudy(const std::string& path, const TornadoPicture& picture) {
+    Kinds.push_back(KindOf(path));
+    Tornados.push_back(picture);
+}
+
 std::unique_ptr<RowSheet> RecordingDrawing::RowWorkbook(const std::string& path) {
     Kinds.push_back(KindOf(path));
     return std::make_unique<RecordingSheet>(*this, path);

@@ -26,6 +26,7 @@ class RecordingDrawing : public Drawing {
     void DrawStudy(const std::string& path, const MapPicture& picture) override;
     void DrawStudy(const std::string& path, const SpreadPicture& picture) override;
     void DrawStudy(const std::string& path, const FitPicture& picture) override;
+    void DrawStudy(const std::string& path, const TornadoPicture& picture) override;
     std::unique_ptr<RowSheet> RowWorkbook(const std::string& path) override;
 
     std::vector<std::string> Calls;  // of the project commands, in words
@@ -33,6 +34,7 @@ class RecordingDrawing : public Drawing {
     std::vector<MapPicture> Maps;
     std::vector<SpreadPicture> Spreads;
     std::vector<FitPicture> Fits;
+    std::vector<TornadoPicture> Tornados;
     std::vector<std::string> Kinds;  // extensions of the pictures and workbooks
     std::vector<std::string> Titles;
     std::vector<SheetRow> Rows;  // of the workbook; none where KeepRows is false
