@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # The study commands beside programs that an engineer would write for the same work, in one run on one machine:
 #   bench/studies.sh [BUILD_FOLDER]
-# Peers: NumPy with pandas and Octave; a peer that is not installed is left out, and the packages are named. Every program's figures are compared with ours before anything is timed. Figures are
+# Peers: NumPy with pandas, Octave and OpenTURNS; a peer that is not installed is left out, and the packages are named. Every program's figures are compared with ours before anything is timed. Figures are
 # wall seconds, the median of RUNS turns (default 5) taken in rounds, so that a slow moment of the machine meets all.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -36,6 +36,19 @@ cells_ours() {
 }
 cells_grid() { "$build/bench/study_loop" strengths 5000; }
 cells_depths() { "$build/bench/study_loop" ours 5000; }
+# Five fields; a design of the web beside one risk study of as many samples.
+few=$((samples / 10))
+five=(--random CoalStrength=lognormal:100%:15% --random DepthCover=triangular:90%:100%:120% --random Height=normal:100%:5%
+    --random UnitWeight=uniform:155:169 --random WebThickness=normal:3.25:0.1)
+sobol_ours() { "$cli" risk --quiet --json --sobol "$project" "${five[@]}" --samples "$few" >"$folder/sobol.json"; }
+sobol_without() { "$cli" risk --quiet --json "$project" "${five[@]}" --samples "$few" >"$folder/without.json"; }
+sobol_openturns() { /usr/bin/python3 "$peers/sobol_openturns.py" "$few" >"$folder/openturns.txt"; }
+sobol_alone() { /usr/bin/python3 "$peers/sobol_openturns.py" "$few" alone >"$folder/openturns.txt"; }
+design_ours() {
+    "$cli" design --quiet --json "$project" --random CoalStrength=lognormal:100%:15% --samples "$few" --find WebThickness \
+        --until "WebsOnly<1.6" --probability 5% >"$folder/design.json"
+}
+design_risk() { "$cli" risk --quiet --json "$project" --random CoalStrength=lognormal:100%:15% --samples "$few" >"$folder/one.json"; }
 risk_numpy() { python3 "$peers/risk_numpy.py" "$samples" >"$folder/risk_numpy.json"; }
 
 have() { python3 -c "import $1" 2>/dev/null; }
@@ -72,11 +85,15 @@ seconds() {
 median() { sort -n "$1" | awk '{ v[NR] = $1 } END { print v[int((NR + 1) / 2)] }'; }
 
 cells=ours
+sobols="ours without"
+if /usr/bin/python3 -c "import openturns" 2>/dev/null; then sobols+=" openturns alone"; else echo "left out: OpenTURNS"; fi
 [ ! -x "$build/bench/study_loop" ] || { sweeps+=" calculation loop"; cells+=" grid depths"; }
 for ((turn = 0; turn < runs; ++turn)); do
     for what in $sweeps; do seconds "sweep_$what" >>"$folder/sweep_$what.times"; done
     for what in $cells; do seconds "cells_$what" >>"$folder/cells_$what.times"; done
     for what in $risks; do seconds "risk_$what" >>"$folder/risk_$what.times"; done
+    for what in $sobols; do seconds "sobol_$what" >>"$folder/sobol_$what.times"; done
+    for what in ours risk; do seconds "design_$what" >>"$folder/design_$what.times"; done
 done
 
 report() {
@@ -98,3 +115,9 @@ report cells_grid "  25 million panels of a grid of strengths" cells_grid
 report cells_depths "  25 million panels of a grid of depths" cells_grid
 report risk_ours "risk with $samples samples" risk_ours
 report risk_numpy "  NumPy" risk_ours
+report sobol_ours "risk --sobol, $few base samples of 5 fields" sobol_ours
+report sobol_without "  without --sobol" sobol_ours
+report sobol_openturns "  OpenTURNS with NumPy, its own intervals" sobol_ours
+report sobol_alone "  the same without intervals" sobol_ours
+report design_ours "design of a web with $few samples" design_risk
+report design_risk "  one risk study of as many" design_risk

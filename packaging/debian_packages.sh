@@ -18,10 +18,10 @@ TEST_PACKAGES="libgtest-dev libgmock-dev libx11-dev libxcb1-dev xvfb xauth openb
     $PACKAGE_PACKAGES shared-mime-info desktop-file-utils appstream lintian mandoc zsh fish"
 COVERAGE_PACKAGES="llvm libclang-rt-dev"
 # With the tools of the coverage the sanitizers name the lines of what they report.
-ALL_TEST_PACKAGES="libbenchmark-dev clang-format clang-tidy debootstrap $COVERAGE_PACKAGES"
+ALL_TEST_PACKAGES="libbenchmark-dev clang-format clang-tidy debootstrap python3-openturns $COVERAGE_PACKAGES"
 # Programs that an engineer would write for the same studies run on these; bench/studies.sh measures beside those that are
 # installed. No command installs them.
-PEER_PACKAGES="python3-numpy python3-pandas octave"
+PEER_PACKAGES="python3-numpy python3-pandas python3-openturns octave"
 
 # add_release_packages RELEASE: what only some releases have. One that is not known is taken for a later one.
 add_release_packages() {

@@ -13,6 +13,7 @@ from pages import table, topic
 from panels import RANGES
 from report_examples import example_values
 from report_oddities import oddity_values
+from report_uncertainty import uncertainty_values
 
 TEMPLATE = Path(__file__).with_name("report_template.md")
 COVERAGE = Path(__file__).with_name("recorded_coverage.csv")
@@ -121,7 +122,7 @@ def page(record, program):
         sizes=_sizes(full["sizes"]), curves=_curves(full["curves"]), units=_units(full["unit systems"]),
         span=_span(full["span limit"]), fed=_fed(full["sizes fed back"]), monotony=_monotony(full["monotony"]),
         scaling=_scaling(full["scaling"]), holes=_holes(full["number of holes"]),
-        coverage=_coverage(), odd=oddity_values(full["oddities"], program), examples=example_values(program))
+        coverage=_coverage(), uncertain=uncertainty_values(), odd=oddity_values(full["oddities"], program), examples=example_values(program))
 
 
 def files(record, program):
