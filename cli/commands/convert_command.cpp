@@ -5,8 +5,6 @@
 #include "cli/commands/commands.h"
 #include "cli/output/project_json.h"
 #include "core/files/file_system.h"
-#include "core/messages/notify.h"
-#include "core/platform/message_box.h"
 #include "core/project/file_conversion.h"
 
 namespace tarvokol::cli {
@@ -20,27 +18,31 @@ std::string BesideOriginal(const std::string& original, const std::string& name)
     return (std::filesystem::path(original).parent_path() / name).string();
 }
 
-FileResult ConvertOne(const std::string& file, const std::string& target_name, const OutputTarget& target) {
+std::string OutputOf(const std::string& file, int16_t units, const OutputTarget& target) {
+    const std::string name = ConvertedName(file, units);
+    return target.ToFile() ? target.PathFor(file, name) : BesideOriginal(file, name);
+}
+
+FileResult ConvertOne(const std::string& file, int16_t units, const OutputTarget& target,
+                      FileMessages& messages) {
     FileResult result;
-    auto document = DocumentAt(file);
+    auto document = DocumentAt(file, messages);
     result.ok = document.has_value();
     if (!result.ok) return result;
-    const bool to_metric = target_name == "metric";
-    const int16_t units = to_metric ? kMetric : kEnglish;
     if (document->unit_system == units) {
-        Notify(std::string("The project is already in ") + (to_metric ? "Metric" : "English") + " units",
-               box_style::Plain);
+        messages.push_back(std::string("The project is already in ") +
+                           (units == kMetric ? "Metric" : "English") + " units");
         result.ok = false;
         return result;
     }
     ConvertInputs(document->inputs, units);
     document->unit_system = units;
-    const std::string name = ConvertedName(file, units);
-    const std::string output = target.ToFile() ? target.PathFor(file, name) : BesideOriginal(file, name);
+    const std::string output = OutputOf(file, units, target);
     result.keys.Add("output", output);
     result.keys.Add("project", ProjectJson(*document));
     result.keys.Add("units", ProjectUnitsJson(document->unit_system));
-    target.WriteBytes(output, BytesOfDocument(*document), file);
+    result.hand_in = [&target, file, output, bytes = BytesOfDocument(*document)](
+                         const FileResult&, const FileMessages&) { target.WriteBytes(output, bytes, file); };
     if (!target.ToStandardOutput()) result.note = file + ": " + output + "\n";
     return result;
 }
@@ -57,6 +59,7 @@ class Convert : public Command {
                       .choices = {"english", "metric"}},
                      unit_system_);
         AddFiles(options, options_, "The file or folder to write (default: beside the original)", {});
+        AddThreads(options, options_);
     }
 
     int Run(HeadlessPlatform& host) override {
@@ -64,7 +67,12 @@ class Convert : public Command {
             throw UsageError{"--stdin-project: name the converted project with -o, - for standard output"};
         const OutputTarget target(options_, {});
         BulkRun run(options_, host, target);
-        return run.Run([&](const std::string& file) { return ConvertOne(file, unit_system_, target); });
+        const int16_t units = unit_system_ == "metric" ? kMetric : kEnglish;
+        return run.RunOnThreads(
+            [&](const std::string& file, FileMessages& messages) {
+                return ConvertOne(file, units, target, messages);
+            },
+            [&](const std::string& file) { return OutputOf(file, units, target); });
     }
 
   private:

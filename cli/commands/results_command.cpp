@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <optional>
+#include <utility>
+
 #include "cli/commands/bulk_run.h"
 #include "cli/commands/commands.h"
 #include "cli/output/drawing.h"
 #include "cli/output/project_json.h"
-#include "core/project/input_check.h"
-#include "core/project/project_file.h"
-#include "core/project/stability_analysis.h"
-#include "core/project/working_parameters.h"
+#include "core/engine/engine.h"
+#include "core/project/project_document.h"
 #include "core/report/report_builder.h"
-#include "core/settings/unit_system.h"
+#include "core/report/report_pages.h"
 
 namespace tarvokol::cli {
 namespace {
 
-// The results as the analysis leaves them; to be taken before the report puts them into output units.
-void AddResults(JsonMembers& keys) {
-    const AnalysisState& state = WorkingParameters;
+// The results as the analysis leaves them, before output units.
+void AddResults(JsonMembers& keys, const PanelAnalysis& state) {
     const long pillars = state.CalcHoles;
     keys.Add("StabilityFactor", state.StabilityFactor);
     keys.Add("CapacityTotal", state.CapacityTotal);
@@ -33,13 +33,13 @@ void AddResults(JsonMembers& keys) {
 
 // The barrier, the third case, is calculated by length of pillar, as the abutment load that it carries; the
 // others stand for whole pillars.
-JsonMembers ResultUnits() {
-    const bool english = UnitSystem == 0;
+JsonMembers ResultUnits(int16_t unit_system) {
+    const bool english = unit_system == 0;
     const std::string length = english ? "ft" : "m";
     const std::string force = english ? "lbs" : "kN";
     const std::string by_length = force + '/' + length;
     const std::vector<std::string> cases{force, force, by_length};
-    JsonMembers units = ProjectUnitsJson(UnitSystem);
+    JsonMembers units = ProjectUnitsJson(unit_system);
     units.Add("CapacityTotal", cases);
     units.Add("DevelopmentLoad", cases);
     units.Add("SideAbutmentLoad", by_length);
@@ -54,34 +54,21 @@ JsonMembers ResultUnits() {
     return units;
 }
 
-std::string ReportText() {
-    return OutputBuffers[0] + OutputBuffers[1] + OutputBuffers[2];
+void AddPages(JsonMembers& keys, const ReportPages& pages, int16_t unit_system) {
+    keys.Add("pages", std::vector<std::string>{pages.inputs, pages.factors, pages.pillars});
+    keys.Add("units", ResultUnits(unit_system));
 }
 
-void AddPages(JsonMembers& keys) {
-    keys.Add("pages", std::vector<std::string>{OutputBuffers[0], OutputBuffers[1], OutputBuffers[2]});
-    keys.Add("units", ResultUnits());
-}
-
-FileResult ResultsOf(const std::string& file, bool want_keys, const OutputTarget& target) {
-    FileResult result;
-    result.ok = OpenProject(file);
-    if (!result.ok) return result;
-    if (want_keys) result.keys.Add("project", ProjectJson(DocumentOfRecords()));
-    result.ok = PrepareWorkingParameters();
-    if (!result.ok) return result;
-    RunStabilityAnalysis();
-    if (want_keys) AddResults(result.keys);
-    WriteStabilitySection();
-    WritePillarSection();
-    LoadOutBuf0(LastOutputPage);
-    if (want_keys) AddPages(result.keys);
-    result.text = ReportText();
-    if (target.Format() == ".txt") target.WriteBytes(target.PathFor(file), result.text);
-    if (target.Format() == ".pdf")
-        target.Write(target.PathFor(file),
-                     [&](const std::string& path) { TheDrawing().PrintToPdf(path, result.text); });
-    return result;
+// The project with the center distances that the check builds, and its analysis; nothing, with its message, for one that
+// the check refuses. Raises the errors of both.
+std::optional<Analysis> AnalysisOf(ProjectDocument& project, FileMessages& messages) {
+    Analysis analysis{{}, static_cast<Units>(project.unit_system)};
+    if (const auto refusal = CheckPanel(project.inputs, analysis.units, analysis)) {
+        messages.push_back(refusal->Message());
+        return std::nullopt;
+    }
+    AnalysePanel(analysis);
+    return analysis;
 }
 
 class Results : public Command {
@@ -92,14 +79,63 @@ class Results : public Command {
     void Describe(CommandOptions& options) override {
         AddFiles(options, options_, "Write the report: .txt, .pdf or .json, or a folder",
                  {"txt", "pdf", "json", "jsonl"});
+        AddThreads(options, options_);
     }
 
     int Run(HeadlessPlatform& host) override {
         const OutputTarget target(options_, {".txt", ".pdf", ".json", ".jsonl"});
         if (target.IsDrawn()) TheDrawing();
         BulkRun run(options_, host, target);
-        const bool want_keys = options_.json || target.Format() == ".json";
-        return run.Run([&](const std::string& file) { return ResultsOf(file, want_keys, target); });
+        run.FreshProgram();
+        const ReportSettings settings = ReportSettingsInUse();
+        return run.RunOnThreads(
+            [&](const std::string& file, FileMessages& messages) {
+                return ResultsOf(file, settings, {run, target}, messages);
+            },
+            PathsOf(target));
+    }
+
+  private:
+    struct Outputs {
+        BulkRun& run;
+        const OutputTarget& target;
+    };
+
+    FileResult ResultsOf(const std::string& file, const ReportSettings& settings, const Outputs& outputs,
+                         FileMessages& messages) const {
+        FileResult result;
+        auto project = DocumentAt(file, messages);
+        result.ok = project.has_value();
+        if (!result.ok) return result;
+        const bool want_keys = options_.json || outputs.target.Format() == ".json";
+        if (want_keys) result.keys.Add("project", ProjectJson(*project));
+        const auto analysis = AnalysisOf(*project, messages);
+        result.ok = analysis.has_value();
+        if (!result.ok) return result;
+        if (want_keys) AddResults(result.keys, *analysis);
+        const ReportPages pages = PagesOf(file, *project, *analysis, settings);
+        if (want_keys) AddPages(result.keys, pages, project->unit_system);
+        result.text = pages.inputs + pages.factors + pages.pillars;
+        const std::string& format = outputs.target.Format();
+        if (format == ".txt" || format == ".pdf")
+            result.hand_in = [outputs, file, read = std::move(*project)](const FileResult& report,
+                                                                         const FileMessages&) {
+                WriteReport(outputs, file, read, report.text);
+            };
+        return result;
+    }
+
+    // A printed report is drawn by the program that has the project open.
+    static void WriteReport(const Outputs& outputs, const std::string& file, const ProjectDocument& project,
+                            const std::string& text) {
+        const std::string path = outputs.target.PathFor(file);
+        if (outputs.target.Format() == ".txt") {
+            outputs.target.WriteBytes(path, text);
+            return;
+        }
+        outputs.run.OpenInRecords(file, project);
+        outputs.target.Write(path,
+                             [&text](const std::string& place) { TheDrawing().PrintToPdf(place, text); });
     }
 };
 

@@ -6,16 +6,17 @@
 namespace tarvokol::cli {
 namespace {
 
-FileResult SaveOne(const std::string& file, const OutputTarget& target) {
+FileResult SaveOne(const std::string& file, const OutputTarget& target, FileMessages& messages) {
     FileResult result;
-    const auto document = DocumentAt(file);
+    const auto document = DocumentAt(file, messages);
     result.ok = document.has_value();
     if (!result.ok) return result;
     const std::string output = target.PathFor(file);
     result.keys.Add("output", output);
     result.keys.Add("project", ProjectJson(*document));
     result.keys.Add("units", ProjectUnitsJson(document->unit_system));
-    target.WriteBytes(output, BytesOfDocument(*document), file);
+    result.hand_in = [&target, file, output, bytes = BytesOfDocument(*document)](
+                         const FileResult&, const FileMessages&) { target.WriteBytes(output, bytes, file); };
     return result;
 }
 
@@ -26,13 +27,16 @@ class Save : public Command {
 
     void Describe(CommandOptions& options) override {
         AddFiles(options, options_, "The file or folder to write (required)", {});
+        AddThreads(options, options_);
     }
 
     int Run(HeadlessPlatform& host) override {
         if (options_.output.empty()) throw UsageError{"-o is required: the file or folder to write"};
         const OutputTarget target(options_, {});
         BulkRun run(options_, host, target);
-        return run.Run([&](const std::string& file) { return SaveOne(file, target); });
+        return run.RunOnThreads(
+            [&](const std::string& file, FileMessages& messages) { return SaveOne(file, target, messages); },
+            PathsOf(target));
     }
 };
 

@@ -1,41 +1,49 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <utility>
+
 #include "cli/commands/bulk_run.h"
 #include "cli/commands/commands.h"
 #include "core/engine/panel_texts.h"
-#include "core/messages/titles.h"
 #include "core/project/parameter_texts.h"
-#include "core/project/parameter_validation.h"
 #include "core/project/pillar_sizing.h"
-#include "core/project/project_record.h"
 
 namespace tarvokol::cli {
 namespace {
 
-// The dialog's titles, as it sets them when it loads.
-constexpr int kParametersTitles = 2;
+JsonMembers SizeUnits(const std::string& shown) {
+    JsonMembers units;
+    for (const char* raw : {"SuggestedWeb", "SuggestedBarrier"}) units.Add(raw, "in");
+    for (const char* text : {"txtSugWeb", "txtSugBarrier"}) units.Add(text, shown);
+    return units;
+}
 
-FileResult SizesOf(const std::string& file) {
+FileResult SizesOf(const std::string& file, FileMessages& messages) {
     FileResult result;
-    result.ok = OpenProject(file);
+    const auto project = DocumentAt(file, messages);
+    result.ok = project.has_value();
     if (!result.ok) return result;
-    SetMessageTitles(kParametersTitles);
-    ParameterTexts texts = TextsOfRecord(ProjectRecord);
-    texts.txtNumberHoles = HolesTextAfterLoad(ProjectRecord.NumberHoles);
-    result.ok = !ValidateSizingTexts(texts).has_value();
+    ParameterTexts texts = TextsOfRecord(project->inputs);
+    const int16_t holes = project->inputs.NumberHoles;
+    for (std::string& fault : FaultsOfLoadedHoles(holes)) messages.push_back(std::move(fault));
+    texts.txtNumberHoles = LoadedHolesText(holes);
+    const auto refusal = RefusalOfSizing(texts);
+    result.ok = !refusal;
+    if (refusal) messages.push_back(refusal->message);
     if (!result.ok) return result;
-    const SuggestedSizes sizes = SuggestPillarSizes(texts);
+    SizingParameters block{};
+    const SuggestedSizes sizes = SuggestPillarSizes(
+        static_cast<Units>(project->unit_system), texts, block, [&messages](const SizingOutcome& outcome) {
+            if (!outcome.Solved()) messages.push_back(SizingFailureMessage(outcome.failure));
+        });
     result.keys.Add("SuggestedWeb", static_cast<double>(sizes.SuggestedWeb));
     result.keys.Add("SuggestedBarrier", static_cast<double>(sizes.SuggestedBarrier));
     result.keys.Add("txtSugWeb", sizes.txtSugWeb);
     result.keys.Add("txtSugBarrier", sizes.txtSugBarrier);
-    const std::string unit = UnitSystem == 0 ? "ft" : "in";
-    JsonMembers units;
-    for (const char* raw : {"SuggestedWeb", "SuggestedBarrier"}) units.Add(raw, "in");
-    for (const char* text : {"txtSugWeb", "txtSugBarrier"}) units.Add(text, unit);
-    result.keys.Add("units", units);
+    const std::string unit = project->unit_system == 0 ? "ft" : "in";
+    result.keys.Add("units", SizeUnits(unit));
     result.text = file + ": Suggested web thickness " + sizes.txtSugWeb + " " + unit +
                   ", suggested barrier thickness " + sizes.txtSugBarrier + " " + unit + "\n";
-    if (UnitSystem != 0) result.comment = SuggestedUnitNote();
+    result.comment = SuggestedUnitNote(project->unit_system);
     return result;
 }
 
@@ -48,12 +56,13 @@ class Size : public Command {
 
     void Describe(CommandOptions& options) override {
         AddFiles(options, options_, "Write the sizes: .json, or a folder", {"json", "jsonl"});
+        AddThreads(options, options_);
     }
 
     int Run(HeadlessPlatform& host) override {
         const OutputTarget target(options_, {".json", ".jsonl"});
         BulkRun run(options_, host, target);
-        return run.Run(SizesOf);
+        return run.RunOnThreads(SizesOf, PathsOf(target));
     }
 };
 

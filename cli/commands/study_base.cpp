@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <iostream>
 #include <new>
-#include <thread>
 
 #include <fcntl.h>
 
@@ -49,15 +48,6 @@ std::string ExampleText(std::string command) {
     return text;
 }
 
-// A number of threads in plain digits, without a zero in front.
-std::string WhyNoThreads(const std::string& text) {
-    constexpr double kMost = 1024;
-    const bool digits =
-        !text.empty() && text.front() != '0' && text.find_first_not_of("0123456789") == std::string::npos;
-    if (digits && WholeNumber(text).value_or(kMost + 1) <= kMost) return "";
-    return "\"" + text + "\" is not a whole number from 1 to 1024";
-}
-
 int Tell(const std::string& text, int status) {
     Say(text);
     return status;
@@ -75,11 +65,7 @@ void StudyCommand::AddStudy(CommandOptions& options, ResultOf result, const std:
                             const std::vector<std::string>& formats) {
     AddSettings(options, options_, result);
     AddOutput(options, options_, result, output_help, formats);
-    options.Text({.spelling = "--threads",
-                  .help = "Threads to calculate on (default: one per core)",
-                  .value = "N",
-                  .refusal = WhyNoThreads},
-                 threads_);
+    AddThreads(options, options_);
     options.Text({.spelling = "PROJECT", .help = "The project to start from", .required = true}, project_);
 }
 
@@ -89,11 +75,6 @@ void StudyCommand::AddRowOptions(CommandOptions& options) {
         sizes_);
     random_.DescribeForRows(options);
     AddBareHeader(options, bare_header_);
-}
-
-unsigned StudyCommand::Threads() const {
-    if (!threads_.empty()) return static_cast<unsigned>(*WholeNumber(threads_));
-    return std::max(1U, std::thread::hardware_concurrency());
 }
 
 Panel StudyCommand::ReadProject(HeadlessPlatform& host) const {

@@ -63,7 +63,7 @@ class StudyCommand : public Command {
     // Once the project is read: its own title, else its path.
     std::string Title() const;
 
-    unsigned Threads() const;
+    unsigned Threads() const { return ThreadsOf(options_); }
     bool WithSizes() const { return sizes_; }
     bool WithProbabilities() const { return random_.AreGiven(); }
     const std::string& Project() const { return project_; }
@@ -73,7 +73,6 @@ class StudyCommand : public Command {
     int TellFailure(const DataError& error) const;
 
     std::string project_;
-    std::string threads_;  // empty: one per core
     bool sizes_ = false;
     bool bare_header_ = false;
     RandomOptions random_;

@@ -4,11 +4,13 @@
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <thread>
 
 #include <CLI/CLI.hpp>
 
 #include "cli/line/arguments.h"
 #include "core/runtime/nearest_word.h"
+#include "core/statistics/study_numbers.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -57,6 +59,15 @@ const char* PlacesOf(ResultOf result) {
             break;
     }
     return "Of standard output";
+}
+
+// A number of threads in plain digits, without a zero in front.
+std::string WhyNoThreads(const std::string& text) {
+    constexpr double kMost = 1024;
+    const bool digits =
+        !text.empty() && text.front() != '0' && text.find_first_not_of("0123456789") == std::string::npos;
+    if (digits && WholeNumber(text).value_or(kMost + 1) <= kMost) return "";
+    return "\"" + text + "\" is not a whole number from 1 to 1024";
 }
 
 bool IsArgument(const OptionFacts& facts) {
@@ -138,6 +149,19 @@ void AddFiles(CommandOptions& command, Options& options, const std::string& outp
                    .help = "Projects; `-` alone reads their paths from standard input",
                    .required = true},
                   options.files);
+}
+
+void AddThreads(CommandOptions& command, Options& options) {
+    command.Text({.spelling = "--threads",
+                  .help = "Threads to calculate on (default: one per core)",
+                  .value = "N",
+                  .refusal = WhyNoThreads},
+                 options.threads);
+}
+
+unsigned ThreadsOf(const Options& options) {
+    if (!options.threads.empty()) return static_cast<unsigned>(*WholeNumber(options.threads));
+    return std::max(1U, std::thread::hardware_concurrency());
 }
 
 void AddBareHeader(CommandOptions& command, bool& value) {

@@ -64,6 +64,10 @@ void AddOutput(CommandOptions& command, Options& options, ResultOf result, const
 void AddFiles(CommandOptions& command, Options& options, const std::string& output_help,
               const std::vector<std::string>& formats);
 
+// --threads, for the commands that calculate on all cores; and the number that was given, else that of the cores.
+void AddThreads(CommandOptions& command, Options& options);
+unsigned ThreadsOf(const Options& options);
+
 // --bare-header, for the commands that write the units of their columns into the header.
 void AddBareHeader(CommandOptions& command, bool& value);
 

@@ -25,6 +25,7 @@ struct Options {
     bool quiet = false;          // no progress line
     bool stdin_project = false;  // the FILE "-" is a project on standard input
     bool null_ended = false;     // paths on standard input end in NUL
+    std::string threads;         // to calculate on; empty: one per core
 };
 
 // Wrong usage that only shows once the files are known.

@@ -52,16 +52,20 @@ void ExportCurves(const ChartModel& chart, GraphFamily family, SpreadsheetWriter
 
 std::string CurveTableCsv(const std::string& x_name, const std::vector<std::string>& names,
                           const std::string& file) {
+    return CurveTableCsv(CurveData, CurvePoints, CurveCount, x_name, names, file);
+}
+
+std::string CurveTableCsv(const CurveTable& table, long points, int count, const std::string& x_name,
+                          const std::vector<std::string>& names, const std::string& file) {
     std::string csv;
     CsvWriter line(csv);
     if (!file.empty()) line.AddTitle("File");
     line.AddTitle(x_name);
     for (const std::string& name : names) line.AddTitle(name);
     line.EndLine();
-    for (long row = 1; row <= CurvePoints; ++row) {
+    for (long row = 1; row <= points; ++row) {
         if (!file.empty()) line.AddText(file);
-        for (int column = 0; column <= CurveCount; ++column)
-            line.AddDigits(GeneralText(CurveData(column, row)));
+        for (int column = 0; column <= count; ++column) line.AddDigits(GeneralText(table(column, row)));
         line.EndLine();
     }
     return csv;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/engine/engine.h"
 #include "core/graphics/chart_model.h"
 #include "core/graphics/graph_setup.h"
 #include "core/platform/spreadsheet_writer.h"
@@ -23,10 +24,14 @@ void WriteCurveCells(const ChartModel& chart, GraphFamily family, SpreadsheetWri
 // Begins a workbook, writes the cells and hands it to the user.
 void ExportCurves(const ChartModel& chart, GraphFamily family, SpreadsheetWriter& writer);
 
-// The curve table as text: a header row with the X axis title and the names in the legend, then a line a
+// A curve table of so many points and curves as text: a header row with the X axis title and the names in the legend, then a line a
 // point, the numbers in the general form of a single. Values with a comma, a quote or a line end are quoted.
 // Lines end in a line feed. A first column `File` holds the file where one is named. A point or curve that
 // the table lacks raises "Subscript out of range".
+std::string CurveTableCsv(const CurveTable& table, long points, int count, const std::string& x_name,
+                          const std::vector<std::string>& names, const std::string& file = "");
+
+// The same of the program's curve table.
 std::string CurveTableCsv(const std::string& x_name, const std::vector<std::string>& names,
                           const std::string& file = "");
 

@@ -15,15 +15,6 @@ constexpr int kAxisTitleSize = 10;
 constexpr int kHeaderSize = 15;
 constexpr int kCurveWidth = 3;
 
-const std::string& XTitle(GraphFamily family, int index) {
-    return family == GraphFamily::Stability ? XAxisTitle[index] : XAxisTitleS[index];
-}
-
-// All stability graphs carry the first Y title.
-const std::string& YTitle(GraphFamily family, int index) {
-    return family == GraphFamily::Stability ? YAxisTitle[0] : YAxisTitleS[index];
-}
-
 void SetGrid(ChartModel& chart, ChartAxis axis, bool on) {
     if (on)
         chart.SetMajorGridAutomatic(axis);
@@ -52,27 +43,22 @@ void LoadSeries(ChartModel& chart, int series) {
 }  // namespace
 
 void InitGraph(ChartModel& chart, GraphFamily family, int index) {
-    if (XTitle(family, index).empty() || GraphUnits != UnitSystem) ResetGraphDefaults();
+    if (TitlesAreStale(GraphSettingsInUse(), family, index, UnitSystem)) ResetGraphDefaults();
+    const GraphSettingValues settings = GraphSettingsInUse();
     chart.SetAxisStyle(ChartAxis::X, kAxisLineWidth, kAxisTickLength);
     chart.SetAxisStyle(ChartAxis::Y, kAxisLineWidth, kAxisTickLength);
-    SetAxis(chart, ChartAxis::X, XTitle(family, index));
-    SetAxis(chart, ChartAxis::Y, YTitle(family, index));
+    SetAxis(chart, ChartAxis::X, XTitle(settings, family, index));
+    SetAxis(chart, ChartAxis::Y, YTitle(settings, family, index));
     chart.SetYTitleRotation(chart_style::UpwardTitle);
     SetGrids(chart);
     chart.SetHeaderText(GraphTitle);
     chart.SetHeaderSize(kHeaderSize);
-    chart.SetNote(CurveUnitNote(family));
+    chart.SetNote(CurveUnitNote(family, UnitSystem));
     GraphRestyleCount = family == GraphFamily::Stability ? 0 : 1;
 }
 
-std::string CurveUnitNote(GraphFamily family) {
-    const bool inches_in_metres = family == GraphFamily::Sizing && UnitSystem == 1;
-    return inches_in_metres ? "The widths of this curve are inches, not metres (1 in = 0.0254 m)." : "";
-}
-
 std::string CurveUnit(GraphFamily family) {
-    if (family == GraphFamily::Stability) return "";
-    return UnitSystem == 1 ? "in" : "ft";
+    return CurveUnit(family, UnitSystem);
 }
 
 void StyleSeries(ChartModel& chart, int series) {
@@ -119,8 +105,9 @@ void ApplyGraphOptions(ChartModel& chart, GraphFamily family) {
     chart.SetSymbolSize(1, SymbolSize);
     chart.SetHeaderText(GraphTitle);
     const int index = GraphOnShow(family);
-    chart.SetAxisTitle(ChartAxis::X, XTitle(family, index));
-    chart.SetAxisTitle(ChartAxis::Y, YTitle(family, index));
+    const GraphSettingValues settings = GraphSettingsInUse();
+    chart.SetAxisTitle(ChartAxis::X, XTitle(settings, family, index));
+    chart.SetAxisTitle(ChartAxis::Y, YTitle(settings, family, index));
     SetGrids(chart);
     if (CurveLegend != 1) {
         chart.RemoveAllSeriesLabels();

@@ -6,21 +6,16 @@
 #include <string>
 
 #include "core/graphics/chart_model.h"
+#include "core/graphics/curve_words.h"
 
 namespace tarvokol {
-
-enum class GraphFamily { Stability, Sizing };
 
 // Axes, grid and header of graph `index` (stability 0 to 2, sizing 0 and 1) from the settings. A title that
 // is empty or was composed for another unit system first resets all of them to the defaults. Sets
 // `GraphRestyleCount`. An index outside raises "Subscript out of range".
 void InitGraph(ChartModel& chart, GraphFamily family, int index);
 
-// What a reader must know beside the titles: the sizing curves of a metric project are inches on an axis that
-// reads metres. Empty where the titles say it all. InitGraph puts it under the chart.
-std::string CurveUnitNote(GraphFamily family);
-
-// Unit of the curves' values: "ft" or "in" of a size, empty for a factor.
+// Unit of the curves' values in the open project.
 std::string CurveUnit(GraphFamily family);
 
 // The curve table on the chart: `CurveCount` series of `CurvePoints` points, styled and with their labels.

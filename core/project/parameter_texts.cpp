@@ -88,7 +88,7 @@ std::string ExtractionRatioText(const ParameterTexts& texts) {
     return FitsSingle(ratio) ? PictureText(ToSingle(ratio), "##0.0") : "";
 }
 
-HolesVerdict JudgeHolesText(const std::string& text) {
+HolesVerdict VerdictOnHoles(const std::string& text) {
     HolesVerdict verdict;
     const double holes = UnboundedParse(text);
     if (holes == 1.0) {
@@ -97,22 +97,30 @@ HolesVerdict JudgeHolesText(const std::string& text) {
         verdict.scroll_value = 10;
     } else if (const std::string fault = HolesFault(text); !fault.empty()) {
         verdict.refused = true;
-        Notify(fault, box_style::Critical, RangeErrorTitle);
     } else {
         verdict.scroll_value = ToShort(holes);
     }
     return verdict;
 }
 
-std::string HolesTextAfterLoad(int16_t number_holes) {
+HolesVerdict JudgeHolesText(const std::string& text) {
+    const HolesVerdict verdict = VerdictOnHoles(text);
+    if (verdict.refused) Notify(HolesFault(text), box_style::Critical, RangeErrorTitle);
+    return verdict;
+}
+
+// Nothing has been accepted yet where the number is refused, so an empty text is put back.
+std::string LoadedHolesText(int16_t number_holes) {
     const std::string text = GeneralText(number_holes);
-    const HolesVerdict verdict = JudgeHolesText(text);
+    const HolesVerdict verdict = VerdictOnHoles(text);
     if (verdict.single_one) return "10";
-    if (!verdict.refused) return text;
-    // Nothing has been accepted yet, so an empty text is put back, which is a change and is refused in its
-    // turn.
-    JudgeHolesText("");
-    return "";
+    return verdict.refused ? "" : text;
+}
+
+std::string HolesTextAfterLoad(int16_t number_holes) {
+    for (const std::string& fault : FaultsOfLoadedHoles(number_holes))
+        Notify(fault, box_style::Critical, RangeErrorTitle);
+    return LoadedHolesText(number_holes);
 }
 
 }  // namespace tarvokol

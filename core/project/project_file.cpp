@@ -147,7 +147,7 @@ void PutIntoRecords(const ProjectDocument& document) {
 
 bool CheckMagic(const std::string& found, const std::string& expected) {
     if (found == expected) return true;
-    Notify("Invalid file format", box_style::Plain, ErrorTitle);
+    Notify(kForeignFormat, box_style::Plain, ErrorTitle);
     return false;
 }
 

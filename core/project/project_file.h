@@ -31,7 +31,10 @@ bool ReadProject(TextInput& input, ProjectDocument& document);
 ProjectDocument DocumentOfRecords();
 void PutIntoRecords(const ProjectDocument& document);
 
-// True if the texts are equal; otherwise shows "Invalid file format".
+// What is said of a file of another format.
+inline constexpr const char* kForeignFormat = "Invalid file format";
+
+// True if the texts are equal; otherwise shows that text.
 bool CheckMagic(const std::string& found, const std::string& expected);
 
 }  // namespace tarvokol

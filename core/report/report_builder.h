@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The three pages of the report, fixed-pitch text with CR LF line ends.
+// The report of the program's project: its records handed to the pages (report_pages.h), and the helpers of their text.
 #pragma once
 
 #include <concepts>
@@ -8,8 +8,8 @@
 
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
+#include "core/report/report_pages.h"
 #include "core/runtime/numbers.h"
-#include "core/runtime/one_based.h"
 
 namespace tarvokol {
 
@@ -19,8 +19,8 @@ struct ReportState {
     int16_t LastOutputPage = 2;
 
     // Names printed in the report, set at start-up.
-    OneBased<std::string, 3> StabilityCaseNames;
-    OneBased<std::string, 2> PillarClassNames;
+    CaseNames StabilityCaseNames;
+    PillarNames PillarClassNames;
 };
 namespace state {
 inline ReportState Report;
@@ -41,6 +41,9 @@ void WriteStabilitySection(const PanelInputs& record);
 
 // Writes page 2; must run after WriteStabilitySection.
 void WritePillarSection();
+
+// What the pages are made by, as the program's options stand.
+ReportSettings ReportSettingsInUse();
 
 // Steps of the output command after its gate, for a record in the open project's units: input check, which
 // rebuilds its center distances, analysis, pages 1 and 2. False if the check refuses, and then the pages stay

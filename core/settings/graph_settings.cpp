@@ -8,17 +8,17 @@ namespace tarvokol {
 namespace {
 
 template <typename Titles>
-void CopyWithLengthLabel(Titles& titles, const Titles& base_titles) {
+void CopyWithLengthLabel(Titles& titles, const Titles& base_titles, int unit_system) {
     for (long i = Titles::First(); i <= Titles::Last(); ++i)
-        titles[i] = base_titles[i] + UnitLabel(UnitSystem, 0);
+        titles[i] = base_titles[i] + UnitLabel(unit_system, 0);
 }
 
-void CopyDefaultStyles() {
-    GridStyle = GraphDefaults.GridStyle;
-    GraphStyle = GraphDefaults.GraphStyle;
-    CurveLegend = GraphDefaults.CurveLegend;
-    SymbolSize = GraphDefaults.SymbolSize;
-    GraphTitle = GraphDefaults.GraphTitle;
+void CopyStyles(GraphDefaultSet& styles, const GraphDefaultSet& defaults) {
+    styles.GridStyle = defaults.GridStyle;
+    styles.GraphStyle = defaults.GraphStyle;
+    styles.CurveLegend = defaults.CurveLegend;
+    styles.SymbolSize = defaults.SymbolSize;
+    styles.GraphTitle = defaults.GraphTitle;
 }
 
 }  // namespace
@@ -44,16 +44,20 @@ void InitGraphFactoryValues() {
     GraphDefaults.XAxisTitleS.Fill("Depth of Cover");
     GraphDefaults.YAxisTitleS[0] = "Web Thickness";
     GraphDefaults.YAxisTitleS[1] = "Barrier Width";
-    CopyDefaultStyles();
+    CopyStyles(state::Graphs, GraphDefaults);
+}
+
+void ResetToDefaults(GraphSettingValues& values, const GraphDefaultSet& defaults, int16_t unit_system) {
+    CopyStyles(values, defaults);
+    CopyWithLengthLabel(values.XAxisTitle, defaults.XAxisTitle, unit_system);
+    values.YAxisTitle = defaults.YAxisTitle;
+    CopyWithLengthLabel(values.XAxisTitleS, defaults.XAxisTitleS, unit_system);
+    CopyWithLengthLabel(values.YAxisTitleS, defaults.YAxisTitleS, unit_system);
+    values.GraphUnits = unit_system;
 }
 
 void ResetGraphDefaults() {
-    CopyDefaultStyles();
-    CopyWithLengthLabel(XAxisTitle, GraphDefaults.XAxisTitle);
-    YAxisTitle = GraphDefaults.YAxisTitle;
-    CopyWithLengthLabel(XAxisTitleS, GraphDefaults.XAxisTitleS);
-    CopyWithLengthLabel(YAxisTitleS, GraphDefaults.YAxisTitleS);
-    GraphUnits = UnitSystem;
+    ResetToDefaults(state::Graphs, GraphDefaults, UnitSystem);
 }
 
 GraphSettingValues GraphSettingsInUse() {

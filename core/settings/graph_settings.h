@@ -71,8 +71,10 @@ void InitGraphDefaults();
 // Sets the default titles and styles and copies the styles and the graph title to the settings in use.
 void InitGraphFactoryValues();
 
-// Copies the defaults over the settings, X titles and sizing titles with the length label of the present unit
-// system.
+// Copies the defaults over the settings, X titles and sizing titles with the length label of the unit system.
+void ResetToDefaults(GraphSettingValues& values, const GraphDefaultSet& defaults, int16_t unit_system);
+
+// The same for the settings in use and the present unit system.
 void ResetGraphDefaults();
 
 // All of them at once, for a dialog that may have to put them back.

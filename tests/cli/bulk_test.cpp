@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Runs over many FILEs: one answer each, in order, each from a fresh program; what is said and where.
+#include <filesystem>
+#include <regex>
+
 #include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -145,6 +148,78 @@ TEST_F(Bulk, ManyFilesOfAListAreAnsweredInOrder) {
         EXPECT_EQ(objects[i]["file"], i % 3 == 0 ? "good.TKL" : "none" + std::to_string(i));
         EXPECT_EQ(objects[i]["ok"], i % 3 == 0);
     }
+}
+
+// Good projects of both unit systems among some that are refused, damaged, foreign or missing.
+TEST_F(Bulk, AnswersAreTheSameOnAnyNumberOfThreads) {
+    ProjectText flat, foreign, crowded;
+    flat.height = "0";
+    foreign.magic = "OTHER";
+    crowded.holes = " 25 ";
+    Project("good.TKL");
+    Project("metric.TKL", MetricProject());
+    Project("flat.TKL", flat);
+    Project("foreign.TKL", foreign);
+    Project("crowded.TKL", crowded);
+    WriteBytes(PathTo("cut.TKL"), "TARVOKOL_101\r\n 0 \r\n");
+    const std::vector<std::string> names{"good.TKL",    "flat.TKL", "metric.TKL", "cut.TKL",
+                                         "crowded.TKL", "none.TKL", "foreign.TKL"};
+    std::string list;
+    for (int i = 0; i < 60; ++i) list += names[static_cast<std::size_t>(i % 7)] + "\n";
+    for (const std::string command :
+         {"results -", "results --json -", "size -", "size --json -", "curve sf-depth -", "curve web -",
+          "curve barrier --json -", "convert --to metric --json -o $t/ -", "save --json -o $t/ -",
+          "results -o $t/ -", "curve sf-hole -o $t/ -"}) {
+        SCOPED_TRACE(command);
+        WriteBytes(PathTo("list"), list);
+        const auto answer = [&](const std::string& threads) {
+            const CliAnswer told = Shell("t=out" + threads + "; $cli " + command + " --threads " + threads +
+                                         " < list; echo status $?; [ -e $t ] && cd $t && cat *");
+            return std::regex_replace(told.out + told.err, std::regex("out" + threads + "/"), "out/");
+        };
+        const std::string one = answer("1");
+        EXPECT_THAT(one, testing::ContainsRegex("status [13]\n"));
+        for (const std::string threads : {"3", "8"}) EXPECT_EQ(answer(threads), one) << threads;
+    }
+}
+
+// The second project is read after the first one has taken its place.
+TEST_F(Bulk, AResultThatAProjectIsReadFromStandsBeforeIt) {
+    Project("a.TKL");
+    Project("Metric_a.TKL");
+    std::filesystem::create_symlink("Metric_a.TKL", PathTo("link.TKL"));
+    for (const std::string second : {"Metric_a.TKL", "./Metric_a.TKL", "link.TKL"}) {
+        Project("Metric_a.TKL");
+        const CliAnswer answer =
+            Run({"convert", "--to", "metric", "--force", "--threads", "4", "a.TKL", second});
+        EXPECT_EQ(answer.status, 1);
+        EXPECT_EQ(answer.out, "a.TKL: Metric_a.TKL\n");
+        EXPECT_EQ(answer.err, second + ": The project is already in Metric units\n");
+    }
+}
+
+// Results are written in the order of the projects, whichever was calculated first.
+TEST_F(Bulk, OfProjectsOfOneNameTheFirstHasTheFile) {
+    std::vector<std::string> words{"size", "--json", "--threads", "8", "-o", "out/"};
+    for (int i = 0; i < 40; ++i) {
+        const std::string folder = "f" + std::to_string(i);
+        std::filesystem::create_directory(PathTo(folder));
+        ProjectText project;
+        project.depth = std::to_string(100 + i);
+        Project(folder + "/a.TKL", project);
+        words.push_back(folder + "/a.TKL");
+    }
+    const CliAnswer answer = Run(words);
+    EXPECT_EQ(answer.status, 3);
+    const std::vector<json> objects = answer.Objects();
+    ASSERT_EQ(objects.size(), 40u);
+    EXPECT_EQ(objects[0]["ok"], true);
+    for (std::size_t i = 1; i < objects.size(); ++i) {
+        EXPECT_EQ(objects[i]["file"], "f" + std::to_string(i) + "/a.TKL");
+        EXPECT_EQ(objects[i]["error"]["text"],
+                  "out/a.json: holds the result of another project of the same name");
+    }
+    EXPECT_EQ(ReadBytes(PathTo("out/a.json")), Run({"size", "--json", "f0/a.TKL"}).out);
 }
 
 TEST_F(Bulk, AnEmptyListIsDone) {

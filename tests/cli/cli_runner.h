@@ -71,6 +71,11 @@ class CliTest : public CoreTest {
     CliAnswer Run(const std::vector<std::string>& arguments, const std::string& input = "") const {
         return RunCli(arguments, Folder.string(), input);
     }
+
+    // Runs a line of the shell there, in which $cli is the command line.
+    CliAnswer Shell(const std::string& line) const {
+        return RunProgram("/bin/sh", {"-c", "cli='" TARVOKOL_CLI "'; " + line}, Folder.string());
+    }
 };
 
 }  // namespace tarvokol

@@ -107,10 +107,10 @@ TEST_F(Help, ListsTheCommands) {
 TEST_F(Help, TellsOfReportsAndSizes) {
     ExpectTold({"results", "--help"}, Lines{"Input check, analysis and report "} + kFiles + kPerFile +
                                           Output("Write the report: .txt, .pdf or .json, or a folder") +
-                                          Format("txt,pdf,json,jsonl") + kOverwriting + kList);
+                                          Format("txt,pdf,json,jsonl") + kOverwriting + kList + kThreads);
     ExpectTold({"size", "--help"}, Lines{"Suggested web and barrier sizes, of a metric project in inches "} +
                                        kFiles + kPerFile + Output("Write the sizes: .json, or a folder") +
-                                       Format("json,jsonl") + kOverwriting + kList);
+                                       Format("json,jsonl") + kOverwriting + kList + kThreads);
 }
 
 TEST_F(Help, TellsOfCurves) {
@@ -121,7 +121,7 @@ TEST_F(Help, TellsOfCurves) {
               "barrier "} +
             kFiles + Lines{"--bare-header Names of columns without their units "} + kPerFile +
             Output("Write the curve: .csv, .xlsx, .png, .svg, .pdf or .json, or a folder") +
-            Format("csv,xlsx,png,svg,pdf,json,jsonl") + kOverwriting + kList);
+            Format("csv,xlsx,png,svg,pdf,json,jsonl") + kOverwriting + kList + kThreads);
 }
 
 TEST_F(Help, TellsOfThePlan) {
@@ -140,10 +140,10 @@ TEST_F(Help, TellsOfProjectsThatAreWritten) {
                Lines{"Convert a project to the other unit system and save it "} + kFiles +
                    Lines{"--to TEXT:{english,metric} REQUIRED Target unit system "} + kPerFile +
                    Output("The file or folder to write (default: beside the original)") + kOverwriting +
-                   kList);
+                   kList + kThreads);
     ExpectTold({"save", "--help"}, Lines{"Read a project and write it again "} + kFiles + kPerFile +
                                        Output("The file or folder to write (required)") + kOverwriting +
-                                       kList);
+                                       kList + kThreads);
 }
 
 TEST_F(Help, TellsOfUnitsAndSettings) {

@@ -14,10 +14,6 @@ class Limits : public CliTest {
   protected:
     Limits() { Project("p.TKL"); }
 
-    // Runs a line of the shell in the test's folder, in which $cli is the command line.
-    CliAnswer Shell(const std::string& line) const {
-        return RunProgram("/bin/sh", {"-c", "cli='" TARVOKOL_CLI "'; " + line}, Folder.string());
-    }
     // The most threads at a time beside the main one.
     int ThreadsOf(const std::vector<std::string>& arguments) const {
         ::setenv("LD_PRELOAD", TARVOKOL_COUNTING_THREADS, 1);
@@ -97,6 +93,33 @@ TEST_F(Limits, ThreadsThatCannotBeStartedEndAStudyInOrder) {
                   "4 threads cannot be started (Resource temporarily unavailable): take fewer threads\n")
             << study;
     }
+}
+
+// Without a number of its own a bulk run goes on with the one thread that there is.
+TEST_F(Limits, ThreadsThatCannotBeStartedEndABulkRunThatAsksForThem) {
+    if (kNoLibraryInFront != nullptr) GTEST_SKIP() << kNoLibraryInFront;
+    Shell("seq 40 | sed s/.*/p.TKL/ > list");
+    const std::string limited =
+        "LD_PRELOAD='" TARVOKOL_COUNTING_THREADS "' TARVOKOL_MOST_THREADS=1 timeout 60 $cli size --json ";
+    const CliAnswer asked = Shell(limited + "--threads 4 - < list");
+    EXPECT_EQ(asked.status, 1);
+    EXPECT_EQ(asked.out, "");
+    EXPECT_EQ(asked.err,
+              "4 threads cannot be started (Resource temporarily unavailable): take fewer threads\n");
+    const CliAnswer unasked = Shell(limited + "- < list");
+    EXPECT_EQ(unasked.status, 0) << unasked.err;
+    EXPECT_EQ(unasked.Objects().size(), 40u);
+}
+
+TEST_F(Limits, OneProjectAndOneThreadNeedNoOther) {
+    if (kNoLibraryInFront != nullptr) GTEST_SKIP() << kNoLibraryInFront;
+    EXPECT_EQ(ThreadsOf({"results", "p.TKL", "--threads", "4"}), 0);
+    EXPECT_EQ(ThreadsOf({"results", "p.TKL", "p.TKL", "--threads", "1"}), 0);
+    std::vector<std::string> words{"results", "--threads", "4"};
+    words.insert(words.end(), 100, "p.TKL");
+    const int threads = ThreadsOf(words);  // the first may be done before the last one begins
+    EXPECT_GE(threads, 1);
+    EXPECT_LE(threads, 4);
 }
 
 // A signal that the caller has put off, as nohup does, ends nothing.
