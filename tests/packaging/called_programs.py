@@ -20,7 +20,7 @@ LISTS_OF_ALL = ["ALL_TEST_PACKAGES", "COVERAGE_PACKAGES"]
 # Run by `./test --all` and `./test --coverage` only.
 SCRIPTS_OF_ALL = {"test", "tests/tidy/run", "tests/coverage/run", "tests/packaging/bare_system.sh",
                   "tests/packaging/enter_system.sh", "tests/packaging/minimal_system.sh",
-                  "tests/packaging/fresh_root_test.sh"}
+                  "tests/packaging/fresh_root_test.sh", "tests/validation/openturns_answers.py"}
 # Asked for by hand, beside programs that may be there or not; bench/README.md names their packages.
 LEFT_OUT = ("bench/",)
 
