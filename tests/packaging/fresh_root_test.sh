@@ -64,9 +64,9 @@ remove() {
     same "what is left of $label" "" "$(list_files | grep -i tarvokol)"
 }
 
-# remove_all LABEL NAME...: nor of what came with them, also where a package of the minimal system recommends it.
+# remove_all LABEL NAME...: nor of what came with them, also where a package of the minimal system recommends or suggests it.
 remove_all() {
-    remove "$1" --autoremove -o APT::AutoRemove::RecommendsImportant=false "${@:2}"
+    remove "$1" --autoremove -o APT::AutoRemove::RecommendsImportant=false -o APT::AutoRemove::SuggestsImportant=false "${@:2}"
     same "what is left of what came with $1" "" "$(comm -13 "$notes/before" <(list_files))"
 }
 
