@@ -108,7 +108,11 @@ class PrinterDialog : public QPrintDialog {
     PrinterDialog(QPrinter& printer, const QString& suggested)
         : QPrintDialog(&printer, OwnerWindow()), suggested_(suggested) {
         setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
-        if (QLineEdit* box = FileBox(); box != nullptr && !suggested.isEmpty()) box->setText(suggested);
+        QLineEdit* const box = FileBox();
+        if (box == nullptr) return;
+        // Its list of names would take the Return that is meant for the dialog.
+        box->setCompleter(nullptr);
+        if (!suggested.isEmpty()) box->setText(suggested);
     }
 
     // The toolkit names its confirming button for printing; where a printer is only chosen, nothing is printed.
