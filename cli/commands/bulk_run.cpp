@@ -14,6 +14,7 @@
 #include "cli/line/command_options.h"
 #include "cli/line/settings_file.h"
 #include "cli/line/standard_input.h"
+#include "cli/output/project_json.h"
 #include "cli/output/said_lines.h"
 #include "core/program/start_up.h"
 #include "core/project/lifecycle.h"
@@ -288,6 +289,15 @@ std::optional<ProjectDocument> DocumentAt(const std::string& file, FileMessages&
     ProjectDocument document;
     ReadProjectBody(input, document);
     return document;
+}
+
+void AddWrittenProject(FileResult& result, const ProjectDocument& project, const std::string& file,
+                       const std::string& output, const OutputTarget& target) {
+    result.keys.Add("output", output);
+    result.keys.Add("project", ProjectJson(project));
+    result.keys.Add("units", ProjectUnitsJson(project.unit_system));
+    result.hand_in = [&target, file, output, bytes = BytesOfDocument(project)](
+                         const FileResult&, const FileMessages&) { target.WriteBytes(output, bytes, file); };
 }
 
 }  // namespace tarvokol::cli

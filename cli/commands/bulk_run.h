@@ -108,4 +108,8 @@ bool OpenProject(const std::string& file);
 // The project of a file as a value, without opening it; nothing, with its message, if the file is of another format.
 std::optional<ProjectDocument> DocumentAt(const std::string& file, FileMessages& messages);
 
+// The keys of a project that is written to `output`, and its writing once the FILE that it is made of has its turn.
+void AddWrittenProject(FileResult& result, const ProjectDocument& project, const std::string& file,
+                       const std::string& output, const OutputTarget& target);
+
 }  // namespace tarvokol::cli

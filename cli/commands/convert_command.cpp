@@ -3,7 +3,6 @@
 
 #include "cli/commands/bulk_run.h"
 #include "cli/commands/commands.h"
-#include "cli/output/project_json.h"
 #include "core/files/file_system.h"
 #include "core/project/file_conversion.h"
 
@@ -38,11 +37,7 @@ FileResult ConvertOne(const std::string& file, int16_t units, const OutputTarget
     ConvertInputs(document->inputs, units);
     document->unit_system = units;
     const std::string output = OutputOf(file, units, target);
-    result.keys.Add("output", output);
-    result.keys.Add("project", ProjectJson(*document));
-    result.keys.Add("units", ProjectUnitsJson(document->unit_system));
-    result.hand_in = [&target, file, output, bytes = BytesOfDocument(*document)](
-                         const FileResult&, const FileMessages&) { target.WriteBytes(output, bytes, file); };
+    AddWrittenProject(result, *document, file, output, target);
     if (!target.ToStandardOutput()) result.note = file + ": " + output + "\n";
     return result;
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands/bulk_run.h"
 #include "cli/commands/commands.h"
-#include "cli/output/project_json.h"
 
 namespace tarvokol::cli {
 namespace {
@@ -12,11 +11,7 @@ FileResult SaveOne(const std::string& file, const OutputTarget& target, FileMess
     result.ok = document.has_value();
     if (!result.ok) return result;
     const std::string output = target.PathFor(file);
-    result.keys.Add("output", output);
-    result.keys.Add("project", ProjectJson(*document));
-    result.keys.Add("units", ProjectUnitsJson(document->unit_system));
-    result.hand_in = [&target, file, output, bytes = BytesOfDocument(*document)](
-                         const FileResult&, const FileMessages&) { target.WriteBytes(output, bytes, file); };
+    AddWrittenProject(result, *document, file, output, target);
     return result;
 }
 
