@@ -132,7 +132,7 @@ class Triangular : public Distribution {
 };
 
 // A beta distributed share of the way from one bound to the other, whose logit is drawn by way of a normal score.
-class BetaBetweenBounds : public Distribution {
+class BetaBetweenBounds : public OfNormalScores {
   public:
     double Quantile(double share) const override { return FigureAt(NormalQuantile(share)); }
     double ShareBelow(double figure) const override {
@@ -154,10 +154,6 @@ class BetaBetweenBounds : public Distribution {
     double StandardDeviation() const override {
         const double sum = a_ + b_;
         return (high_ - low_) * std::sqrt(a_ / sum * (b_ / sum) / (sum + 1.0));
-    }
-    void FillQuantiles(std::span<const double> shares, std::span<double> figures) const override {
-        FillWithNormalQuantiles(shares, figures);
-        FillFromNormal(figures, figures);
     }
     void FillFromNormal(std::span<const double> z, std::span<double> figures) const override {
         for (std::size_t i = 0; i < z.size(); ++i) figures[i] = -curve_.At(z[i]);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/statistics/distributions.h"
+#include "core/statistics/portable_math.h"
 
 namespace tarvokol {
 
@@ -23,6 +24,15 @@ std::string WithUnit(double figure, const std::string& unit);
 
 // "normal, mean 900 psi, standard deviation 135 psi".
 std::string MeanAndDeviation(const char* name, double mean, double deviation, const std::string& unit);
+
+// A distribution whose figures are drawn by way of normal scores, which FillFromNormal takes further.
+class OfNormalScores : public Distribution {
+  public:
+    void FillQuantiles(std::span<const double> shares, std::span<double> figures) const override {
+        FillWithNormalQuantiles(shares, figures);
+        FillFromNormal(figures, figures);
+    }
+};
 
 // A figure that does not vary.
 double ShareBelowConstant(double constant, double figure);

@@ -16,8 +16,8 @@ void RequireDeviation(double deviation) {
     if (deviation < 0.0) throw StudyRefusal("the standard deviation must not be negative");
 }
 
-// Told by its mean and its standard deviation, and drawn by way of a standard normal figure.
-class OfMeanAndDeviation : public Distribution {
+// Told by its mean and its standard deviation.
+class OfMeanAndDeviation : public OfNormalScores {
   public:
     OfMeanAndDeviation(const char* name, Figures figures)
         : mean_(figures[0]), deviation_(figures[1]), name_(name) {}
@@ -27,10 +27,6 @@ class OfMeanAndDeviation : public Distribution {
     std::string Text() const override { return Written(name_, std::array{mean_, deviation_}); }
     std::string InWords(const std::string& unit) const override {
         return MeanAndDeviation(name_, mean_, deviation_, unit);
-    }
-    void FillQuantiles(std::span<const double> shares, std::span<double> figures) const override {
-        FillWithNormalQuantiles(shares, figures);
-        FillFromNormal(figures, figures);
     }
 
   protected:

@@ -40,7 +40,9 @@ class Weibull : public Distribution {
           shape_(RequiredShape("SHAPE", figures[1])),
           log_scale_(PortableLog(scale_)) {}
 
-    double Quantile(double share) const override { return PortableExp(LogOf(-(PortableLog(1.0 - share) + LeftByRounding(share)))); }
+    double Quantile(double share) const override {
+        return PortableExp(LogOf(-(PortableLog(1.0 - share) + LeftByRounding(share))));
+    }
     double ShareBelow(double figure) const override {
         return figure > 0.0 ? -PortableExpm1(-PowerOf(figure)) : 0.0;
     }
@@ -115,7 +117,7 @@ class Gumbel : public Distribution {
 };
 
 // Density proportional to x^(shape - 1) e^-(x / scale); its logarithm is drawn by way of a normal score.
-class Gamma : public Distribution {
+class Gamma : public OfNormalScores {
   public:
     static constexpr const char* kName = "gamma";
     static constexpr const char* kForm = "SCALE:SHAPE";
@@ -146,10 +148,6 @@ class Gamma : public Distribution {
     std::string Text() const override { return Written(kName, std::array{scale_, shape_}); }
     std::string InWords(const std::string& unit) const override {
         return ScaleAndShape(kName, scale_, shape_, unit);
-    }
-    void FillQuantiles(std::span<const double> shares, std::span<double> figures) const override {
-        FillWithNormalQuantiles(shares, figures);
-        FillFromNormal(figures, figures);
     }
     void FillFromNormal(std::span<const double> z, std::span<double> figures) const override {
         for (std::size_t i = 0; i < z.size(); ++i) figures[i] = log_scale_ + curve_.At(z[i]);

@@ -75,7 +75,6 @@ void FillBox(QCustomPlot& plot, QCPAxisRect& box, const TornadoPanel& panel) {
     QCPAxis& fields = *box.axis(QCPAxis::atLeft);
     fields.setTicker(TickerOf(panel));
     fields.setTicks(true);
-    fields.setTickLength(0);
     fields.grid()->setVisible(false);
     box.axis(QCPAxis::atRight)->setTicks(false);
     for (const auto side : {QCPAxis::atLeft, QCPAxis::atRight}) {
