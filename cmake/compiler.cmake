@@ -17,6 +17,12 @@ if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
         CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${CCACHE_PROGRAM})
 endif()
 
+# Most of a compilation goes into the headers that the sources of a target share. Whole builds read the
+# sources of a folder as one and take a third of the time; whoever changes a line and builds again is quicker without.
+option(TARVOKOL_UNITY "Compile the sources of a folder as one" OFF)
+set(CMAKE_UNITY_BUILD ${TARVOKOL_UNITY})
+set(CMAKE_UNITY_BUILD_BATCH_SIZE 0)
+
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
     # The time of a precompiled header is no part of what it says, so that ccache finds it again.
     add_compile_options("$<$<COMPILE_LANGUAGE:CXX>:SHELL:-Xclang -fno-pch-timestamp>")

@@ -18,9 +18,9 @@ constexpr std::array<const char*, kRiskShares.size()> kShareNames{"1 %",  "5 %",
                                                                   "75 %", "90 %", "95 %", "99 %"};
 template <typename Value>
 void AddLine(std::string& text, const std::string& title, Value value) {
-    constexpr int kTitleColumn = 34;
+    constexpr int kNameColumn = 34;
     constexpr int kTextColumn = 14;
-    text += Padded(title, kTitleColumn);
+    text += Padded(title, kNameColumn);
     for (std::size_t factor = 0; factor < kFactors; ++factor) text += AtRight(value(factor), kTextColumn);
     text += '\n';
 }

@@ -11,15 +11,15 @@ namespace tarvokol::cli {
 namespace {
 
 // Of webs, barrier, or either, by the name of the factor, too.
-const StudyFigure& ProbabilityOf(const std::string& name) {
+const StudyFigure& PicturedProbability(const std::string& name) {
     if (name.empty()) return kRowProbabilities.back();
     if (const StudyFigure* figure = ProbabilityNamed(name)) return *figure;
     throw UsageError{"--of " + name +
                      ": with --random a picture shows P(WebsOnly), P(BarrierPillar) or P(any)"};
 }
 
-const StudyFigure& FigureOf(const std::string& name, bool sizes, bool probabilities) {
-    if (probabilities) return ProbabilityOf(name);
+const StudyFigure& PicturedFigure(const std::string& name, bool sizes, bool probabilities) {
+    if (probabilities) return PicturedProbability(name);
     if (name.empty()) return kStudyFigures.front();
     if (FigureNamed(name) == nullptr && ProbabilityNamed(name) != nullptr)
         throw UsageError{"--of " + name + ": needs --random"};
@@ -55,13 +55,13 @@ bool Draw(const RowJob& job, const std::string& path, Make make) {
 }  // namespace
 
 void CheckFigure(const std::string& figure, bool sizes, bool probabilities) {
-    FigureOf(figure, sizes, probabilities);
+    PicturedFigure(figure, sizes, probabilities);
 }
 
 bool DrawSweep(const SweepRequest& request, const RowJob& job, const std::string& figure,
                const std::string& path) {
     const bool probabilities = request.risk.IsAsked();
-    const StudyFigure& asked = FigureOf(figure, job.sizes, probabilities);
+    const StudyFigure& asked = PicturedFigure(figure, job.sizes, probabilities);
     if (request.axes.size() > 2)
         throw UsageError{"-o: a picture shows one field (curves) or two (a map), not " +
                          std::to_string(request.axes.size()) +

@@ -8,13 +8,13 @@ namespace tarvokol {
 namespace {
 
 constexpr double kFullTurn = 360.0;
-constexpr int kFewestHoles = 2;
+constexpr int kFewestOrdinaryHoles = 2;
 
 bool IsOrdinaryButDepth(const Panel& p) {
     return IsOrdinary(p.Height) && IsOrdinary(p.HoleWidth) && IsOrdinary(p.CrosscutSpacing) &&
            IsOrdinary(p.WebThickness) && IsOrdinary(p.BarrierPillarWidth) && IsOrdinary(p.CoalStrength) &&
            IsOrdinary(p.UnitWeight) && IsOrdinary(p.AbutmentAngle) && p.CrosscutAngle >= 0.0 &&
-           p.CrosscutAngle <= kFullTurn && p.NumberHoles >= kFewestHoles && p.NumberHoles <= MaxHoles;
+           p.CrosscutAngle <= kFullTurn && p.NumberHoles >= kFewestOrdinaryHoles && p.NumberHoles <= MaxHoles;
 }
 
 // One barrier and its webs, added up pillar by pillar.

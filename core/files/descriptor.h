@@ -19,6 +19,9 @@ class Descriptor {
     // The rights of a file that nobody has chosen any for; the user's mask is taken off.
     static constexpr mode_t kOrdinaryRights = 0666;
 
+    // Of a file that nobody but its owner reads or writes.
+    static constexpr mode_t kOwnersRights = 0600;
+
     // The flags of who reads only.
     static constexpr int kReadOnly = O_RDONLY;
 

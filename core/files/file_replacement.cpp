@@ -21,7 +21,6 @@ namespace tarvokol {
 namespace {
 
 constexpr mode_t kAnyMayWrite = S_IWUSR | S_IWGRP | S_IWOTH;
-constexpr mode_t kOwnerUses = S_IRUSR | S_IWUSR;
 
 // A longer extension is none, and does not fit into the name of a build file with certainty.
 constexpr std::size_t kLongestExtension = 16;
@@ -115,7 +114,7 @@ bool FileReplacement::IsTarget(const std::string& path) const {
 
 int FileReplacement::CreateIn(const std::string& folder) {
     // What replaces a file that others may not read must not be open to them while it grows.
-    const mode_t rights = old_status_ ? kOwnerUses : Descriptor::kOrdinaryRights;
+    const mode_t rights = old_status_ ? Descriptor::kOwnersRights : Descriptor::kOrdinaryRights;
     const int failure = CreateUnfinishedFile(folder, ShortExtension(target_), rights, build_);
     if (failure == 0 && bound_) KeepWithinBound(Descriptor(build_.path, O_WRONLY));
     return failure;
@@ -165,7 +164,7 @@ std::string FileReplacement::CreateOldCopy() const {
     const std::string folder = folder_refuses_ ? TemporaryFolder() : FolderOf(target_);
     std::string kept;
     const std::string start = WithSeparator(folder) + "~bak_" + std::to_string(ProcessNumber()) + "-";
-    if (const int failure = CreateFreeFile(start, ShortExtension(target_), kOwnerUses, kept))
+    if (const int failure = CreateFreeFile(start, ShortExtension(target_), Descriptor::kOwnersRights, kept))
         Raise(ErrorNumberOfErrno(failure));
     return kept;
 }

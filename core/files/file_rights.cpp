@@ -9,6 +9,8 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include "core/files/descriptor.h"
+
 namespace tarvokol {
 namespace {
 
@@ -16,7 +18,6 @@ constexpr mode_t kAllRights = 07777;
 constexpr mode_t kRightsOfUsers = 0777;
 constexpr mode_t kRightsOfOthers = 07;
 constexpr mode_t kRightsOfGroup = 070;
-constexpr mode_t kOwnerUses = 0600;
 constexpr const char* kAccessList = "system.posix_acl_access";
 
 constexpr uid_t kSameOwner = static_cast<uid_t>(-1);
@@ -83,7 +84,7 @@ bool TakeOwnerAndGroup(const struct stat& old_status, int file) {
 std::optional<RightsBound> BoundOf(const std::string& path) {
     struct stat status {};
     if (::stat(path.c_str(), &status) != 0) return std::nullopt;
-    RightsBound bound{(status.st_mode & kRightsOfUsers) | kOwnerUses, status.st_gid};
+    RightsBound bound{(status.st_mode & kRightsOfUsers) | Descriptor::kOwnersRights, status.st_gid};
     if (::getxattr(path.c_str(), kAccessList, nullptr, 0) > 0) bound.rights = WithoutGroup(bound.rights);
     return bound;
 }

@@ -92,8 +92,6 @@ TextOutput& OutputOf(int number) {
     return *file.output;
 }
 
-constexpr mode_t kOwnerUses = 0600;
-
 // A new file under the name, which no other has then. Where others take the name at the same time, they are left behind soon.
 std::unique_ptr<Descriptor> NewScratch(const std::string& path) {
     constexpr int kMostTries = 1000;
@@ -103,7 +101,8 @@ std::unique_ptr<Descriptor> NewScratch(const std::string& path) {
             Raise(is_folder ? error_number::PathFileAccess : ErrorNumberOfErrno(errno, path));
         }
         try {
-            return std::make_unique<Descriptor>(path, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, kOwnerUses);
+            return std::make_unique<Descriptor>(path, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW,
+                                                Descriptor::kOwnersRights);
         } catch (const RunTimeError& error) {
             if (error.number != error_number::FileAlreadyExists || i == kMostTries) throw;
         }

@@ -6,11 +6,12 @@
 #include <cstddef>
 #include <cstdio>
 
+#include "core/runtime/text.h"
+
 namespace tarvokol {
 namespace {
 
 constexpr std::string_view kHead = "##Unsaved##\r\n";
-constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kProject = "Project";
 constexpr std::string_view kDialog = "Dialog";
 constexpr std::string_view kBox = "Box ";
@@ -48,7 +49,7 @@ std::string Plain(std::string_view escaped) {
 }
 
 std::string Line(std::string_view name, std::string_view text) {
-    return std::string(name) + "=" + Escaped(text) + std::string(kLineEnd);
+    return std::string(name) + "=" + Escaped(text) + std::string(CrLf);
 }
 
 void TakeLine(std::string_view line, CopyNote& note) {
@@ -76,12 +77,12 @@ std::string TextOfNote(const CopyNote& note) {
 
 CopyNote NoteOf(std::string_view copy) {
     CopyNote note;
-    const std::size_t head = copy.rfind(std::string(kLineEnd) + std::string(kHead));
+    const std::size_t head = copy.rfind(std::string(CrLf) + std::string(kHead));
     if (head == std::string_view::npos) return note;
-    std::string_view rest = copy.substr(head + kLineEnd.size() + kHead.size());
-    for (std::size_t end = rest.find(kLineEnd); end != std::string_view::npos; end = rest.find(kLineEnd)) {
+    std::string_view rest = copy.substr(head + CrLf.size() + kHead.size());
+    for (std::size_t end = rest.find(CrLf); end != std::string_view::npos; end = rest.find(CrLf)) {
         TakeLine(rest.substr(0, end), note);
-        rest.remove_prefix(end + kLineEnd.size());
+        rest.remove_prefix(end + CrLf.size());
     }
     return note;
 }

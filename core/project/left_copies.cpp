@@ -24,8 +24,6 @@
 namespace tarvokol {
 namespace {
 
-constexpr const char* kUntitled = "Untitled";
-
 struct NamedFigure {
     const char* name;
     double PanelInputs::*figure;

@@ -29,8 +29,6 @@ constexpr int kOpenMode = 1;
 constexpr int kSaveMode = 2;
 constexpr int kLongestFileName = 300;
 constexpr int kProjectFilter = 2;
-constexpr const char* kUntitled = "Untitled";
-
 constexpr std::size_t kLongestCaptionName = 50;
 constexpr long kCaptionHead = 10;
 constexpr long kCaptionTail = 37;

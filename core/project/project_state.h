@@ -15,6 +15,9 @@ constexpr uint8_t No = 0;
 constexpr uint8_t Yes = 255;
 }  // namespace flag
 
+// In the place of a path, of a project that has no name yet.
+inline constexpr const char* kUntitled = "Untitled";
+
 struct ProjectStateValues {
     std::string ProjectFileName;       // path, or "Untitled"
     std::string PreviousFileName;      // its value when the last Open or recent-file pick began

@@ -30,10 +30,10 @@ namespace tarvokol {
 namespace {
 
 // With blanks, at which the report breaks a long path.
-constexpr std::string_view kPrefix = "~unsaved ";
-constexpr char kBeforeNumber = ' ';
+constexpr std::string_view kCopyPrefix = "~unsaved ";
+constexpr char kBeforeRun = ' ';
 constexpr char kBeforeStart = '-';
-constexpr long kLongestName = 40;
+constexpr long kLongestPlainName = 40;
 constexpr std::size_t kLongestExtension = 32;
 
 // This run's copy.
@@ -45,14 +45,14 @@ struct OwnCopy {
 OwnCopy Own;
 
 bool IsCopyName(const std::string& name) {
-    return name.compare(0, kPrefix.size(), kPrefix) == 0;
+    return name.compare(0, kCopyPrefix.size(), kCopyPrefix) == 0;
 }
 
 // The project's name without folder, extension and, if the project is itself such a copy, the marks of one.
 std::string PlainName() {
     std::string name = std::filesystem::path(ProjectFileName).stem().string();
-    if (IsCopyName(name)) name = name.substr(kPrefix.size(), name.rfind(kBeforeNumber) - kPrefix.size());
-    return Left(name, kLongestName);
+    if (IsCopyName(name)) name = name.substr(kCopyPrefix.size(), name.rfind(kBeforeRun) - kCopyPrefix.size());
+    return Left(name, kLongestPlainName);
 }
 
 bool IsUsableExtension(const std::string& extension) {
@@ -75,7 +75,7 @@ std::string NameOfRun() {
 // The folder may have been another machine's, or the system started again.
 std::string FreePath() {
     const std::string stem =
-        TempDataFolder + std::string(kPrefix) + PlainName() + kBeforeNumber + NameOfRun();
+        TempDataFolder + std::string(kCopyPrefix) + PlainName() + kBeforeRun + NameOfRun();
     std::string path = stem + Extension();
     std::error_code ignored;
     for (int i = 2; std::filesystem::exists(std::filesystem::symlink_status(path, ignored)); ++i)
@@ -85,7 +85,7 @@ std::string FreePath() {
 
 // The copy goes on under its name while the project keeps its own.
 std::string PathToWrite() {
-    const std::string stem = TempDataFolder + std::string(kPrefix) + PlainName() + kBeforeNumber;
+    const std::string stem = TempDataFolder + std::string(kCopyPrefix) + PlainName() + kBeforeRun;
     const bool same_name = !Own.path.empty() && Own.path.compare(0, stem.size(), stem) == 0;
     return same_name ? Own.path : FreePath();
 }
@@ -132,7 +132,7 @@ bool RunLives(const std::string& path) {
     const char* end = name.data() + name.size();
     pid_t process = 0;
     std::uint64_t start = 0;
-    const auto number = std::from_chars(name.data() + name.rfind(kBeforeNumber) + 1, end, process);
+    const auto number = std::from_chars(name.data() + name.rfind(kBeforeRun) + 1, end, process);
     if (number.ec != std::errc() || number.ptr == end || *number.ptr != kBeforeStart) return false;
     if (std::from_chars(number.ptr + 1, end, start).ec != std::errc()) return false;
     return StartOfProcess(process) == start;

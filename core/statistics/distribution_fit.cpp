@@ -14,7 +14,7 @@ namespace {
 constexpr double kLogTwoPi = 1.8378770664093455;
 constexpr double kEuler = 0.57721566490153286;
 constexpr double kSixByPiSquared = 0.60792710185402663;
-constexpr int kMostSteps = 200;
+constexpr int kMostFitSteps = 200;
 
 double CountOf(const FitSample& sample) {
     return static_cast<double>(sample.values.size());
@@ -110,7 +110,7 @@ FitParameters SmallestOf(std::span<const double> y) {
     std::vector<double> weights(y.size());
     double k = 1.2825498301618641 / MeanAndDeviationOf(y).second;
     double sum = 0.0;
-    for (int step = 0; step < kMostSteps; ++step) {
+    for (int step = 0; step < kMostFitSteps; ++step) {
         for (std::size_t i = 0; i < y.size(); ++i) weights[i] = k * (y[i] - highest);
         FillWithExponentials(weights);
         sum = 0.0;
@@ -202,7 +202,7 @@ class GammaFit : public FitKind {
         const double mean = MeanOf(sample.values);
         const double s = PortableLog(mean) - MeanOf(sample.logs);
         double k = (3.0 - s + std::sqrt((s - 3.0) * (s - 3.0) + 24.0 * s)) / (12.0 * s);
-        for (int step = 0; step < kMostSteps; ++step) {
+        for (int step = 0; step < kMostFitSteps; ++step) {
             const double change = (PortableLog(k) - Digamma(k) - s) / (1.0 / k - Trigamma(k));
             const double next = std::clamp(k - change, k / 4.0, k * 4.0);
             const bool arrived = !(std::fabs(next - k) > 1e-13 * k);

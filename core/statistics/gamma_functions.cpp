@@ -25,7 +25,7 @@ double StirlingSeries(double x) {
 // Continued fractions end where a step changes them by no more than this, or after so many steps: shapes up to 10,000 need
 // a few hundred.
 constexpr double kLastPlace = 1e-16;
-constexpr int kMostSteps = 5000;
+constexpr int kMostFractions = 5000;
 
 // A continued fraction b0 + a1 / (b1 + a2 / (b2 + ...)) by Lentz's method as Thompson and Barnett changed it (1986).
 class ContinuedFraction {
@@ -73,7 +73,7 @@ double GammaSeries(double shape, double x) {
 // Share above, divided by the density (DLMF 8.9.2, the even part).
 double GammaFraction(double shape, double x) {
     ContinuedFraction fraction(x + 1.0 - shape);
-    for (int n = 1; n < kMostSteps; ++n)
+    for (int n = 1; n < kMostFractions; ++n)
         if (!fraction.Take(n * (shape - n), x + 1.0 - shape + 2.0 * n)) break;
     return 1.0 / fraction.Value();
 }
@@ -105,7 +105,7 @@ double LogBetaDensity(double a, double b, double h) {
 // Share below x, divided by the density (DLMF 8.17.22).
 double BetaFraction(double a, double b, double x) {
     ContinuedFraction fraction(1.0);
-    for (int m = 0; m < kMostSteps; ++m) {
+    for (int m = 0; m < kMostFractions; ++m) {
         const double twice = a + 2.0 * m;
         const double odd = -(a + m) * (a + b + m) * x / (twice * (twice + 1.0));
         const double even = (m + 1.0) * (b - m - 1.0) * x / ((twice + 1.0) * (twice + 2.0));

@@ -4,18 +4,16 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 
+#include "core/runtime/no_number.h"
 #include "core/statistics/hypercube.h"
 #include "core/statistics/portable_math.h"
 
 namespace tarvokol {
 namespace {
 
-constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
-
 // ln (1 - x) for x from 0 on.
-double LogOfRest(double x) {
+double LogOfComplement(double x) {
     constexpr double kSmall = 1e-3;
     if (x > kSmall) return PortableLog(1.0 - x);
     constexpr std::array<double, 6> kSeries{1.0, 1.0 / 2, 1.0 / 3, 1.0 / 4, 1.0 / 5, 1.0 / 6};
@@ -37,7 +35,7 @@ double LogGamma(double x) {
 }
 
 // The continued fraction of the incomplete beta function, evaluated from its front (Lentz's method).
-double BetaFraction(double a, double b, double x) {
+double BetaFractionFromFront(double a, double b, double x) {
     constexpr double kTiny = 1e-300;
     constexpr double kExact = 1e-15;
     constexpr int kMostTerms = 1000000;
@@ -64,11 +62,11 @@ double BetaFraction(double a, double b, double x) {
 double BetaShare(double a, double b, double x) {
     if (x <= 0.0) return 0.0;
     if (x >= 1.0) return 1.0;
-    const double front =
-        PortableExp(a * PortableLog(x) + b * LogOfRest(x) + LogGamma(a + b) - LogGamma(a) - LogGamma(b));
+    const double front = PortableExp(a * PortableLog(x) + b * LogOfComplement(x) + LogGamma(a + b) -
+                                     LogGamma(a) - LogGamma(b));
     // The fraction converges fast on the near side of the mean; the other side is its mirror image.
-    if (x < (a + 1.0) / (a + b + 2.0)) return front * BetaFraction(a, b, x) / a;
-    return 1.0 - front * BetaFraction(b, a, 1.0 - x) / b;
+    if (x < (a + 1.0) / (a + b + 2.0)) return front * BetaFractionFromFront(a, b, x) / a;
+    return 1.0 - front * BetaFractionFromFront(b, a, 1.0 - x) / b;
 }
 
 double BetaQuantile(double a, double b, double share) {
@@ -101,7 +99,7 @@ Share StudentsShare(std::span<const HitCount> replicates, double hits, double co
 }  // namespace
 
 Share ShareOf(std::uint64_t hits, std::uint64_t count) {
-    if (count == 0) return {kNone, kNone, kNone, IntervalKind::None};
+    if (count == 0) return {kNoNumber, kNoNumber, kNoNumber, IntervalKind::None};
     constexpr double kTail = (1.0 - kConfidence) / 2.0;
     const auto h = static_cast<double>(hits);
     const auto misses = static_cast<double>(count - hits);

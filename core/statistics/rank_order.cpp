@@ -8,6 +8,7 @@
 #include <limits>
 #include <utility>
 
+#include "core/runtime/no_number.h"
 #include "core/statistics/sort_key.h"
 
 namespace tarvokol {
@@ -15,7 +16,6 @@ namespace {
 
 using Word = std::uint64_t;
 
-constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 constexpr int kWordBits = 64;
 
 void Check(const CheckPoint& check) {
@@ -346,7 +346,7 @@ SampleRanks RanksOf(const RankOrder& order, std::size_t values, const CheckPoint
 
 double RankCorrelation(const SampleRanks& x, const SampleRanks& y) {
     const double spread = std::sqrt(x.squares * y.squares);
-    return spread > 0.0 ? std::clamp(SumOfProducts(x, y) / spread, -1.0, 1.0) : kNone;
+    return spread > 0.0 ? std::clamp(SumOfProducts(x, y) / spread, -1.0, 1.0) : kNoNumber;
 }
 
 std::vector<double> QuantilesOf(const RankOrder& order, std::span<const double> shares) {
@@ -354,7 +354,7 @@ std::vector<double> QuantilesOf(const RankOrder& order, std::span<const double> 
     quantiles.reserve(shares.size());
     for (const double share : shares) {
         if (order.size() == 0) {
-            quantiles.push_back(kNone);
+            quantiles.push_back(kNoNumber);
             continue;
         }
         const std::size_t last = order.size() - 1;
@@ -369,7 +369,7 @@ std::vector<double> QuantilesOf(const RankOrder& order, std::span<const double> 
 std::vector<double> QuantilesOf(std::span<const double> values, std::span<const double> shares,
                                 const CheckPoint& check) {
     const Extent extent = ExtentOf(values);
-    if (extent.count == 0) return std::vector<double>(shares.size(), kNone);
+    if (extent.count == 0) return std::vector<double>(shares.size(), kNoNumber);
     // The neighbours of each position, and the places by which they are looked for.
     std::vector<double> found(2 * shares.size());
     std::vector<Wanted> wanted;

@@ -4,13 +4,13 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <limits>
+
+#include "core/runtime/no_number.h"
 
 namespace tarvokol {
 namespace {
 
 constexpr std::size_t kBlock = 4096;
-constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 
 // Sum of what `term` gives for each value that is no NaN, block by block.
 template <typename Term>
@@ -30,7 +30,7 @@ double BlockSum(std::span<const double> values, Term term) {
 Moments MomentsOf(std::span<const double> values) {
     const auto sound =
         std::find_if(values.begin(), values.end(), [](double value) { return !std::isnan(value); });
-    if (sound == values.end()) return {kNone, kNone};
+    if (sound == values.end()) return {kNoNumber, kNoNumber};
     // The rounding of a sum must not make a spread of values that are all the same.
     const double first = *sound;
     if (std::all_of(sound, values.end(), [&](double value) { return value == first || std::isnan(value); }))

@@ -167,7 +167,7 @@ class Cutter {
 };
 
 // Of a step: a level at the end of the values is one of them.
-constexpr double kNearEnough = 1e-9;
+constexpr double kLastLevel = 1e-9;
 
 // False of values that differ by no more than the last digits of a calculation may.
 bool Differ(double low, double high) {
@@ -175,7 +175,7 @@ bool Differ(double low, double high) {
 }
 
 // The step of 1, 2 or 5 times a power of ten that is not below `least`.
-double RoundStep(double least) {
+double StepOfLevels(double least) {
     const double power = std::pow(10.0, std::floor(std::log10(least)));
     for (const double factor : {1.0, 2.0, 5.0})
         if (factor * power >= least * (1.0 - 1e-9)) return factor * power;
@@ -232,10 +232,10 @@ std::vector<double> RoundLevels(const ValueGrid& grid, int count) {
         high = sorted.back();
     }
     if (!Differ(low, high)) return {};
-    const double step = RoundStep((high - low) / count);
+    const double step = StepOfLevels((high - low) / count);
     std::vector<double> levels;
-    const double last = std::floor(high / step + kNearEnough);
-    for (double number = std::ceil(low / step - kNearEnough); number <= last; ++number)
+    const double last = std::floor(high / step + kLastLevel);
+    for (double number = std::ceil(low / step - kLastLevel); number <= last; ++number)
         levels.push_back(number * step);
     return levels;
 }

@@ -2,10 +2,10 @@
 #include "core/studies/map_panels.h"
 
 #include <cmath>
-#include <limits>
 #include <memory>
 #include <vector>
 
+#include "core/runtime/no_number.h"
 #include "core/studies/row_run.h"
 
 namespace tarvokol {
@@ -22,7 +22,7 @@ class GridTaker : public RowTaker {
         const std::size_t i = row.places[x_first_ ? 0 : 1];
         const std::size_t j = row.places[x_first_ ? 1 : 0];
         const double value = ShownFigure(figure_, row.figures);
-        figures_.values[j * x_.Count() + i] = std::isfinite(value) ? value : kNone;
+        figures_.values[j * x_.Count() + i] = std::isfinite(value) ? value : kNoNumber;
         if (row.figures.refused && x_.IsGiven(i) && y_.IsGiven(j)) ++refused;
         if (std::isfinite(value)) return;
         if (message.empty()) message = row.figures.message;
@@ -36,8 +36,6 @@ class GridTaker : public RowTaker {
     std::string message;
 
   private:
-    static constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
-
     const StudyFigure& figure_;
     const MapPlaces& x_;
     const MapPlaces& y_;

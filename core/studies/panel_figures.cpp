@@ -2,22 +2,21 @@
 #include "core/studies/panel_figures.h"
 
 #include <cmath>
-#include <limits>
 
 #include "core/engine/engine.h"
 #include "core/engine/panel_texts.h"
 #include "core/runtime/checked.h"
+#include "core/runtime/no_number.h"
 #include "core/runtime/numbers.h"
 
 namespace tarvokol {
 namespace {
 
-constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 constexpr const char* kBetweenMessages = " | ";
 
 void ForgetFigures(PanelFigures& figures) {
-    figures.Overall = figures.WebsOnly = figures.BarrierPillar = kNone;
-    figures.ExtractionRatio = figures.SuggestedWeb = figures.SuggestedBarrier = kNone;
+    figures.Overall = figures.WebsOnly = figures.BarrierPillar = kNoNumber;
+    figures.ExtractionRatio = figures.SuggestedWeb = figures.SuggestedBarrier = kNoNumber;
     figures.refused = false;
     figures.message.clear();
 }

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <span>
 
+#include "core/runtime/no_number.h"
 #include "core/statistics/portable_math.h"
 #include "core/statistics/random_numbers.h"
 #include "core/statistics/reliability.h"
@@ -18,7 +18,7 @@
 namespace tarvokol {
 namespace {
 
-constexpr std::uint32_t kPiece = 4096;
+constexpr std::uint32_t kEventPiece = 4096;
 constexpr std::uint32_t kStreams = 0x40000;  // beside those of samples, hypercubes and indices
 
 // A factor of the panel at a place in the space of independent standard normal figures, less its target. The axes are the fields
@@ -38,13 +38,12 @@ class PlaceEvaluator {
 
     // NaN where the panel is refused.
     double At(std::span<const double> place) {
-        constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
         for (std::size_t axis = 0; axis < place.size(); ++axis) normals_[draw_.Order()[axis]] = place[axis];
         draw_.FiguresAt(normals_, figures_);
         if (!SetDrawnFields(panel_, request_.fields, [&](std::size_t field) { return figures_[field]; }))
-            return kNone;
+            return kNoNumber;
         const PanelFigures& figures = panel_.Evaluate();
-        if (figures.refused) return kNone;
+        if (figures.refused) return kNoNumber;
         const double target = own_target_ ? TargetOfFigure(factor_, panel_.Inputs()) : target_;
         return figures.*factor_.value - target;
     }
@@ -175,17 +174,17 @@ class RareRun {
 
     // Samples that scatter around the centre as those of the study do around the middle: each weighs as much as it is likelier there.
     Weights WeightsAround(const RareEvent& event, const NearestFailure& centre) {
-        const std::size_t pieces = (samples_ + std::size_t{kPiece} - 1) / kPiece;
+        const std::size_t pieces = (samples_ + std::size_t{kEventPiece} - 1) / kEventPiece;
         std::vector<Weights> weights(pieces);
         double square = 0;
         for (const double one : centre.place) square += one * one;
         TaskRun::Do(pieces, request_.threads, [&] {
             return [&, evaluator = EvaluatorOf(event), place = centre.place,
-                    shares = std::vector<double>(kPiece),
+                    shares = std::vector<double>(kEventPiece),
                     normals = std::vector<std::vector<double>>(
-                        centre.place.size(), std::vector<double>(kPiece))](std::size_t piece) mutable {
-                const auto first = static_cast<std::uint32_t>(piece * kPiece);
-                const std::uint32_t count = std::min(kPiece, samples_ - first);
+                        centre.place.size(), std::vector<double>(kEventPiece))](std::size_t piece) mutable {
+                const auto first = static_cast<std::uint32_t>(piece * kEventPiece);
+                const std::uint32_t count = std::min(kEventPiece, samples_ - first);
                 for (std::size_t axis = 0; axis < normals.size(); ++axis) {
                     const auto drawn = std::span(shares).first(count);
                     FillWithUnits(request_.seed, StreamOf(axis), first, drawn);

@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
-#include <limits>
 #include <mutex>
 #include <numeric>
 #include <utility>
 
+#include "core/runtime/no_number.h"
 #include "core/runtime/run_time_error.h"
 #include "core/statistics/rank_order.h"
 #include "core/statistics/study_numbers.h"
@@ -22,7 +22,6 @@
 namespace tarvokol {
 namespace {
 
-constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 constexpr std::size_t kMostRefusalTexts = 10;
 
 std::size_t IndexOf(const std::vector<RandomField>& fields, PanelField field) {
@@ -120,7 +119,7 @@ class RiskRun {
             if (SetFields(panel, lists, i, sample, tally))
                 KeepFigures(panel, sample, tally);
             else
-                for (auto& factor : result_.factors) factor[sample] = kNone;
+                for (auto& factor : result_.factors) factor[sample] = kNoNumber;
         }
     }
 
@@ -244,7 +243,7 @@ class RiskRun {
             return [&](std::size_t field) {
                 BigArray<double> keys = Taken(result_.drawn[field]);
                 for (std::uint32_t sample = 0; sample < request_.samples; ++sample)
-                    if (IsRefused(sample)) keys[sample] = kNone;
+                    if (IsRefused(sample)) keys[sample] = kNoNumber;
                 RankField(field, std::move(keys));
             };
         });
@@ -269,7 +268,7 @@ class RiskRun {
                     draw_.Begin(lists, piece);
                     const auto drawn = draw_.RankKeys(lists, field, piece);
                     for (std::uint32_t i = 0; i < piece.count; ++i)
-                        keys[piece.first + i] = IsRefused(piece.first + i) ? kNone : drawn[i];
+                        keys[piece.first + i] = IsRefused(piece.first + i) ? kNoNumber : drawn[i];
                     check_();
                 };
             });

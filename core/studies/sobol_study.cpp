@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <limits>
 #include <span>
 
+#include "core/runtime/no_number.h"
 #include "core/runtime/run_time_error.h"
 #include "core/statistics/random_numbers.h"
 #include "core/statistics/study_refusal.h"
@@ -19,7 +19,7 @@
 namespace tarvokol {
 namespace {
 
-constexpr std::uint32_t kPiece = 4096;
+constexpr std::uint32_t kSobolPiece = 4096;
 
 // Numbers of these streams belong to the two matrices of base samples; those of samples and hypercubes lie below.
 constexpr std::uint32_t kStreamsOfA = 0x20000;
@@ -53,11 +53,10 @@ struct RatioSums {
 
 // `mean` is what the variance was taken beside: one that is lost in it is none.
 SobolIndex IndexOf(const RatioSums& sums, double count, double mean) {
-    constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
     constexpr double kQuantile = 1.959963984540054;
     constexpr double kLost = 1e-13;
     const double lost = kLost * mean;
-    if (!(count > 1.0) || !(sums.v > count * lost * lost)) return {kNone, kNone, kNone};
+    if (!(count > 1.0) || !(sums.v > count * lost * lost)) return {kNoNumber, kNoNumber, kNoNumber};
     const double ratio = sums.u / sums.v;
     // The mean of (u - ratio v)^2, over the mean of v.
     const double squares = std::max(sums.uu - 2.0 * ratio * sums.uv + ratio * ratio * sums.vv, 0.0);
@@ -125,13 +124,13 @@ class SobolRun {
 
     // Sums of all pieces in their order, so that no bit depends on threads.
     PieceSums Look(bool with_fields) {
-        const std::size_t pieces = (request_.samples + std::size_t{kPiece} - 1) / kPiece;
+        const std::size_t pieces = (request_.samples + std::size_t{kSobolPiece} - 1) / kSobolPiece;
         std::vector<PieceSums> sums(pieces, PieceSums(Fields()));
         TaskRun::Do(pieces, request_.threads, [&] {
             return [&, panel = PanelEvaluator(request_.panel, false), a = Matrix(),
                     b = Matrix()](std::size_t piece) mutable {
-                const auto first = static_cast<std::uint32_t>(piece * kPiece);
-                const std::uint32_t count = std::min(kPiece, request_.samples - first);
+                const auto first = static_cast<std::uint32_t>(piece * kSobolPiece);
+                const std::uint32_t count = std::min(kSobolPiece, request_.samples - first);
                 Draw(kStreamsOfA, first, count, a);
                 Draw(kStreamsOfB, first, count, b);
                 for (std::uint32_t i = 0; i < count; ++i)
@@ -145,10 +144,10 @@ class SobolRun {
     }
 
     using Figures = std::vector<std::vector<double>>;  // by fields
-    Figures Matrix() const { return Figures(Fields(), std::vector<double>(kPiece)); }
+    Figures Matrix() const { return Figures(Fields(), std::vector<double>(kSobolPiece)); }
 
     void Draw(std::uint32_t streams, std::uint32_t first, std::uint32_t count, Figures& figures) const {
-        std::array<double, kPiece> shares;
+        std::array<double, kSobolPiece> shares;
         for (std::size_t field = 0; field < Fields(); ++field) {
             const std::uint32_t stream = streams + static_cast<std::uint32_t>(request_.fields[field].field);
             const auto drawn = std::span(shares).first(count);

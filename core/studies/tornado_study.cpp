@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <limits>
 #include <utility>
 
+#include "core/runtime/no_number.h"
 #include "core/studies/drawn_fields.h"
 
 namespace tarvokol {
@@ -35,8 +35,6 @@ class TornadoRun {
     }
 
   private:
-    static constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
-
     void Move(std::size_t field, double share, double TornadoBar::*end, TornadoBar& value) {
         std::vector<double> figures = medians_;
         figures[field] = request_.fields[field].distribution->Quantile(share);
@@ -48,7 +46,7 @@ class TornadoRun {
 
     std::array<double, kFactors> FactorsAt(const std::vector<double>& figures) {
         std::array<double, kFactors> factors;
-        factors.fill(kNone);
+        factors.fill(kNoNumber);
         if (!SetDrawnFields(panel_, request_.fields, [&](std::size_t field) { return figures[field]; })) {
             if (result_.message.empty()) result_.message = "a drawn figure cannot be stored in its field";
             return factors;

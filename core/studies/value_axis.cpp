@@ -14,7 +14,7 @@ namespace tarvokol {
 namespace {
 
 // Of a step: how near LAST must be to be taken.
-constexpr double kNearEnough = 0.5e-6;
+constexpr double kWholeStep = 0.5e-6;
 
 constexpr double kMostValues = 9.0e15;  // whole numbers are exact up to here
 
@@ -103,11 +103,11 @@ void ValueAxis::ReadSteps(std::string_view first, std::string_view last, std::st
     const double end = RequiredNumber(last);
     if (step_ == 0.0) throw StudyRefusal("a step of 0 never arrives; give one other than 0");
     const double steps = (end - first_) / step_;
-    if (steps < -kNearEnough)
+    if (steps < -kWholeStep)
         throw StudyRefusal(std::string(first) + " to " + std::string(last) + " by steps of " +
                            std::string(step) + " never arrives; turn the range or the sign of the step");
     if (!(steps < kMostValues)) throw StudyRefusal("too many steps; give a larger step");
-    count_ = static_cast<std::uint64_t>(std::floor(steps + kNearEnough)) + 1;
+    count_ = static_cast<std::uint64_t>(std::floor(steps + kWholeStep)) + 1;
     CountInDecimals(first, step, "");
 }
 

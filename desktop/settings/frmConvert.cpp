@@ -13,7 +13,7 @@
 namespace tarvokol {
 namespace {
 
-constexpr int kTitles = 13;
+constexpr int kConversionTitles = 13;
 constexpr int kKeepOriginal = 1;
 
 }  // namespace
@@ -29,7 +29,7 @@ frmConvert::frmConvert() : ui_(std::make_unique<Ui::frmConvert>()) {
 frmConvert::~frmConvert() = default;
 
 void frmConvert::Form_Load() {
-    SetMessageTitles(kTitles);
+    SetMessageTitles(kConversionTitles);
     LogMessage("Loading File Conversion Form");
     const int other = UnitSystem == 0 ? 1 : 0;
     SetArrayIndex(Option1_, other);

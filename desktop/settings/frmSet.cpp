@@ -20,6 +20,7 @@
 #include "core/settings/folders.h"
 #include "core/settings/main_settings.h"
 #include "desktop/base/used_value.h"
+#include "desktop/settings/flag.h"
 #include "desktop/settings/frmPath.h"
 #include "qt/session/qt_text.h"
 #include "ui_frmSet.h"
@@ -27,17 +28,11 @@
 namespace tarvokol {
 namespace {
 
-constexpr int kTitles = 10;
+constexpr int kSettingsTitles = 10;
 constexpr int kUnitSystems = 2;
 constexpr int kSmallestHistory = 4096;  // characters
 constexpr int kLargestHistory = 16384;
 constexpr int16_t kTrue = -1;
-
-// A check box and the setting that it shows.
-struct Flag {
-    QCheckBox* box;
-    int16_t* setting;
-};
 
 std::array<Flag, 9> FlagsOf(const Ui::frmSet& ui) {
     return {{{ui.chkDispHist, &DisplayHistoryWin},
@@ -93,7 +88,7 @@ void frmSet::Connect() {
 }
 
 void frmSet::Form_Load() {
-    SetMessageTitles(kTitles);
+    SetMessageTitles(kSettingsTitles);
     LogMessage("Editing Settings");
     for (int system = 0; system < kUnitSystems; ++system)
         optUnits_[system].setText(ToQt(UnitSystemName(system)));

@@ -15,13 +15,14 @@
 #include "core/settings/options_record.h"
 #include "desktop/base/refused_box.h"
 #include "desktop/base/used_value.h"
+#include "desktop/settings/flag.h"
 #include "qt/session/qt_text.h"
 #include "ui_frmTARVOOpts.h"
 
 namespace tarvokol {
 namespace {
 
-constexpr int kTitles = 7;
+constexpr int kOptionsTitles = 7;
 constexpr int kEditTab = 0;
 constexpr int kOutputTab = 2;
 
@@ -30,12 +31,6 @@ constexpr double kLargestSFWeb = 6;
 constexpr double kLargestSFBarrier = 10;
 constexpr double kSmallestSF = 1;
 constexpr double kLargestPercent = 100;
-
-// A check box and the setting that it shows.
-struct Flag {
-    QCheckBox* box;
-    int16_t* setting;
-};
 
 std::array<Flag, 9> FlagsOf(const Ui::frmTARVOOpts& ui) {
     return {{{ui.Check1, &ShowInputScreenOnLoad},
@@ -91,7 +86,7 @@ void frmTARVOOpts::Connect() {
 }
 
 void frmTARVOOpts::Form_Load() {
-    SetMessageTitles(kTitles);
+    SetMessageTitles(kOptionsTitles);
     LogMessage("Editing TARVO Options");
     ShowOptions();
     Check5_Click();

@@ -13,7 +13,7 @@
 namespace tarvokol {
 namespace {
 
-constexpr int kTitles = 12;
+constexpr int kUnitsTitles = 12;
 constexpr int kFirstTab = 0;
 
 }  // namespace
@@ -73,7 +73,7 @@ bool frmUnits::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmUnits::Form_Load() {
-    SetMessageTitles(kTitles);
+    SetMessageTitles(kUnitsTitles);
     LogMessage("Loading Unit Conversion Form");
     for (const Tab& tab : tabs_) SetArrayIndex(tab.units, 0);
     ui_->SSTab1->setCurrentIndex(kFirstTab);

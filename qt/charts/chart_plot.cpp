@@ -17,7 +17,7 @@ namespace {
 // most.
 constexpr int kTickPitchX = 45;
 constexpr int kTickPitchY = 30;
-constexpr int kFewestTicks = 2;
+constexpr int kFewestTicksDrawn = 2;
 constexpr int kMostTicks = 7;
 
 // Pixels. Around the header and the note, and the legend's entry: symbol on a piece of line, label, gap.
@@ -193,7 +193,7 @@ void ChartPlot::ComposeAxis(ChartAxis axis, int length) {
         drawn->setTicker(QSharedPointer<QCPAxisTicker>(new ChartTicker));
     }
     const int pitch = axis == ChartAxis::X ? kTickPitchX : kTickPitchY;
-    drawn->ticker()->setTickCount(std::clamp(length / pitch, kFewestTicks, kMostTicks));
+    drawn->ticker()->setTickCount(std::clamp(length / pitch, kFewestTicksDrawn, kMostTicks));
 }
 
 std::vector<int> ChartPlot::LegendSeries() const {

@@ -13,8 +13,6 @@
 namespace tarvokol {
 namespace {
 
-const QColor kBarEdge(120, 120, 120);
-
 // The best one bold; each other has a dash of its own, so that grey tells them apart.
 QPen PenOf(std::size_t number) {
     static constexpr std::array kStyles{Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine,

@@ -20,10 +20,12 @@ inline constexpr double kStudyTextPoints = 9;
 inline constexpr double kThinLine = 1.3;
 inline constexpr double kBoldLine = 3.0;
 inline constexpr double kTargetLine = 2.0;
+inline constexpr int kHeaderHeight = 36;
 
 // Two tones that any printer keeps apart from one another and from white.
 inline const QColor kBelowGrey(226, 226, 226);
 inline const QColor kWithoutGrey(170, 170, 170);
+inline const QColor kBarEdge(120, 120, 120);
 
 // The width in pixels into which texts and keys are fitted, before they are added; else that of a picture in a file.
 void SetStudyWidth(QCustomPlot& plot, int pixels);

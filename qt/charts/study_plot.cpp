@@ -70,9 +70,9 @@ QVector<double> Values(const std::vector<double>& values) {
 }
 
 // The levels of the targets below the curves, and their names where they cover no curve.
-class TargetDrawing : public StudyDrawing {
+class CurveTargetDrawing : public StudyDrawing {
   public:
-    TargetDrawing(QCustomPlot& plot, CurvesPicture picture)
+    CurveTargetDrawing(QCustomPlot& plot, CurvesPicture picture)
         : StudyDrawing(plot, *plot.axisRect()), picture_(std::move(picture)) {}
 
   protected:
@@ -143,7 +143,7 @@ void ComposeStudyPlot(QCustomPlot& plot, const CurvesPicture& picture) {
     StyleStudyAxes(*plot.axisRect(), picture.x, picture.y);
     AddStudyHeader(plot, picture.title);
     if (!picture.note.empty()) AddStudyText(plot, 1, picture.note);
-    new TargetDrawing(plot, picture);  // the plot's from now on, and before its curves
+    new CurveTargetDrawing(plot, picture);  // the plot's from now on, and before its curves
     for (std::size_t i = 0; i < picture.curves.size(); ++i) {
         auto* graph = new WholeGraph(plot.xAxis, plot.yAxis);
         graph->setName(ToQt(picture.curves[i].name));

@@ -14,9 +14,6 @@ namespace {
 
 // Pixels.
 constexpr int kBoxHeight = 190;  // of a factor without its words
-constexpr int kHeaderHeight = 36;
-
-const QColor kBarEdge(120, 120, 120);
 
 double AddBars(QCPAxisRect& box, const SpreadPanel& panel) {
     const double step = (panel.x.high - panel.x.low) / static_cast<double>(panel.bars.size());

@@ -15,9 +15,9 @@ namespace {
 constexpr int kNamesHeight = 17;  // pixels
 
 // The targets as dashed lines, their names above the frame, where no bar is.
-class TargetDrawing : public StudyDrawing {
+class SpreadTargetDrawing : public StudyDrawing {
   public:
-    TargetDrawing(QCustomPlot& plot, QCPAxisRect& box, std::vector<SpreadTarget> targets)
+    SpreadTargetDrawing(QCustomPlot& plot, QCPAxisRect& box, std::vector<SpreadTarget> targets)
         : StudyDrawing(plot, box), targets_(std::move(targets)) {
         std::sort(targets_.begin(), targets_.end(),
                   [](const SpreadTarget& one, const SpreadTarget& other) { return one.value < other.value; });
@@ -68,7 +68,7 @@ class TargetDrawing : public StudyDrawing {
 
 void AddStudyTargets(QCustomPlot& plot, QCPAxisRect& box, std::vector<SpreadTarget> targets) {
     box.setMinimumMargins(box.minimumMargins() + QMargins(0, kNamesHeight, 0, 0));
-    new TargetDrawing(plot, box, std::move(targets));  // the plot's from now on
+    new SpreadTargetDrawing(plot, box, std::move(targets));  // the plot's from now on
 }
 
 }  // namespace tarvokol

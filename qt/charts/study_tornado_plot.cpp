@@ -17,7 +17,6 @@ namespace {
 // Pixels.
 constexpr int kRowHeight = 36;   // of a bar with its two lines of text
 constexpr int kAxisHeight = 74;  // of a box without its bars
-constexpr int kHeaderHeight = 36;
 constexpr int kKeysHeight = 30;
 constexpr double kBarShare = 0.6;  // of a row
 

@@ -3,13 +3,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <numeric>
 #include <sstream>
 #include <utility>
 
 #include "core/files/csv_reader.h"
 #include "core/files/csv_writer.h"
+#include "core/runtime/no_number.h"
 #include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 #include "core/statistics/study_numbers.h"
@@ -20,11 +20,9 @@
 namespace tarvokol {
 namespace {
 
-constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
-
 PanelFigures WithoutFigures(const std::string& why) {
     PanelFigures figures;
-    for (const StudyFigure& figure : kStudyFigures) figures.*figure.value = kNone;
+    for (const StudyFigure& figure : kStudyFigures) figures.*figure.value = kNoNumber;
     figures.refused = true;
     figures.message = why;
     return figures;

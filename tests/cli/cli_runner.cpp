@@ -22,6 +22,11 @@ std::string Slurp(const std::filesystem::path& path) {
 
 }  // namespace
 
+std::vector<std::string> With(std::vector<std::string> command, const std::vector<std::string>& more) {
+    command.insert(command.end(), more.begin(), more.end());
+    return command;
+}
+
 std::vector<nlohmann::json> CliAnswer::Objects() const {
     std::vector<nlohmann::json> objects;
     std::istringstream lines(out);

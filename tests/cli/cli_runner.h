@@ -25,6 +25,9 @@ struct CliAnswer {
     nlohmann::json Object() const;
 };
 
+// The words of a command and more of them.
+std::vector<std::string> With(std::vector<std::string> command, const std::vector<std::string>& more);
+
 // Runs tarvokol-cli with these arguments in `folder` (empty: the present one), `input` on standard input.
 CliAnswer RunCli(const std::vector<std::string>& arguments, const std::string& folder = "",
                  const std::string& input = "");

@@ -79,11 +79,6 @@ const std::vector<std::string> kTable{"table", "p.TKL", "rows.csv"};
 const std::vector<std::string> kRisk{"risk",      "p.TKL", "--random", "CoalStrength=normal:100%:15%",
                                      "--samples", "50"};
 
-std::vector<std::string> With(std::vector<std::string> words, const std::vector<std::string>& more) {
-    words.insert(words.end(), more.begin(), more.end());
-    return words;
-}
-
 const std::vector<OutputCase>& ProjectOutputs() {
     static const std::vector<OutputCase> cases{
         {{"o.TKL"}, {"save", "p.TKL"}},

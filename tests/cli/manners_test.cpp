@@ -17,11 +17,6 @@ using testing::StartsWith;
 
 using Words = std::vector<std::string>;
 
-Words With(Words command, const Words& more) {
-    command.insert(command.end(), more.begin(), more.end());
-    return command;
-}
-
 class Manners : public CliTest {
   protected:
     ProjectText MetricText() const {

@@ -12,10 +12,6 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
-const std::string kDisclaimer = "Disclaimer for TARVOKOL";
-const std::string kReminder = "Program Update for TARVOKOL";
-const std::string kMain = "TARVO-KOL";
-
 class Account : public DesktopTest {
   protected:
     void SetUp() override {

@@ -16,18 +16,7 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
 
-const std::string kDisclaimer = "Disclaimer for TARVOKOL";
-const std::string kReminder = "Program Update for TARVOKOL";
-const std::string kMain = "TARVO-KOL";
 const std::string kParameters = "Parameters";
-const std::string kResults = "Calculation Results";
-
-// A project file of these height and title; the rest is the same.
-std::string Project(const std::string& height) {
-    return "TARVOKOL_101\r\n 0 \r\nRidge Panel 4\r\n##StartDesc##\r\nUpper seam.\r\n##EndDesc##\r\n" +
-           height +
-           "\r\n100\r\n10\r\n10\r\n20\r\n 5 \r\n90\r\n1000000\r\n900\r\n162\r\n21\r\n1.6\r\n2\r\n0\r\n";
-}
 
 std::set<std::string> ProjectsIn(const std::filesystem::path& folder) {
     std::set<std::string> names;

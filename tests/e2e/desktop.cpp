@@ -120,6 +120,12 @@ bool Servant::Start(const std::vector<std::string>& words, const posix_spawn_fil
     return process_ != 0;
 }
 
+std::string Project(const std::string& height) {
+    return "TARVOKOL_101\r\n 0 \r\nRidge Panel 4\r\n##StartDesc##\r\nUpper seam.\r\n##EndDesc##\r\n" +
+           height +
+           "\r\n100\r\n10\r\n10\r\n20\r\n 5 \r\n90\r\n1000000\r\n900\r\n162\r\n21\r\n1.6\r\n2\r\n0\r\n";
+}
+
 bool Eventually(const std::function<bool()>& condition, std::chrono::seconds patience) {
     const auto end = std::chrono::steady_clock::now() + patience;
     while (!condition()) {

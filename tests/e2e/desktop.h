@@ -78,6 +78,16 @@ class ProgramUnderTest {
     std::string error_file_;
 };
 
+// Titles of windows.
+inline const std::string kDisclaimer = "Disclaimer for TARVOKOL";
+inline const std::string kReminder = "Program Update for TARVOKOL";
+inline const std::string kMain = "TARVO-KOL";
+inline const std::string kResults = "Calculation Results";
+inline const std::string kPlan = "View Plan";
+
+// A project file of this height in feet; the rest is always the same.
+std::string Project(const std::string& height);
+
 class DesktopTest : public CoreTest {
   protected:
     void SetUp() override;

@@ -10,7 +10,6 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-const std::string kResults = "Calculation Results";
 const std::string kAsk = "Print to PDF File";
 
 class Printing : public DesktopTest {

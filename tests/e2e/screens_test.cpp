@@ -9,8 +9,6 @@
 namespace tarvokol {
 namespace {
 
-const std::string kPlan = "View Plan";
-
 struct ScreenAndScale {
     std::string screen;
     std::string scale;

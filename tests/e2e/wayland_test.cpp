@@ -16,14 +16,7 @@
 namespace tarvokol {
 namespace {
 
-const std::string kMain = "TARVO-KOL";
 const std::string kSocket = "tarvokol-test";
-
-std::string Project(const std::string& height) {
-    return "TARVOKOL_101\r\n 0 \r\nRidge Panel 4\r\n##StartDesc##\r\nUpper seam.\r\n##EndDesc##\r\n" +
-           height +
-           "\r\n100\r\n10\r\n10\r\n20\r\n 5 \r\n90\r\n1000000\r\n900\r\n162\r\n21\r\n1.6\r\n2\r\n0\r\n";
-}
 
 // The text between two marks of a line, empty if the line lacks one.
 std::string Between(const std::string& line, const std::string& before, const std::string& after) {

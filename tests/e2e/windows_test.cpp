@@ -9,9 +9,7 @@ namespace {
 
 using ::testing::HasSubstr;
 
-const std::string kMain = "TARVO-KOL";
 const std::string kBrowser = "View Source Files";
-const std::string kPlan = "View Plan";
 
 class Windows : public DesktopTest {
   protected:

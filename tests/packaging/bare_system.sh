@@ -33,8 +33,19 @@ make_account() {
     printf '[safe]\n\tdirectory = *\n' > "$root/tmp/gitconfig"
     chroot "$root" useradd --create-home --uid 1000 --groups sudo --shell /bin/bash $account &&
         echo "$account ALL=(ALL:ALL) NOPASSWD: ALL" > "$root/etc/sudoers.d/$account" &&
-        GIT_CONFIG_GLOBAL="$root/tmp/gitconfig" git clone --quiet --no-hardlinks "$source" "$root$home/tarvokol" &&
-        mkdir -p "$root$home/.ccache" && chown -R 1000:1000 "$root$home"
+        mkdir -p "$root$home/.ccache" && chown -R 1000:1000 "$root$home" && make_clone
+}
+
+# Where the sources are on this machine: a precompiled header holds its own path, and only one of the same path lets the
+# compiler cache find here what was compiled there.
+make_clone() {
+    local folder=$source
+    GIT_CONFIG_GLOBAL="$root/tmp/gitconfig" git clone --quiet --no-hardlinks "$source" "$root$source" &&
+        chown -R 1000:1000 "$root$source" || return
+    while [ "$folder" != / ]; do
+        chmod a+rx "$root$folder"
+        folder=$(dirname "$folder")
+    done
 }
 
 in_system() {
@@ -44,7 +55,7 @@ in_system() {
 
 as_account() {
     in_system chroot --userspec=$account:$account --groups=$account,sudo "$root" env -i HOME=$home USER=$account \
-        LOGNAME=$account SHELL=/bin/bash PATH=/usr/local/bin:/usr/bin:/bin bash -c "cd $home/tarvokol && exec \"\$@\"" bash "$@"
+        LOGNAME=$account SHELL=/bin/bash PATH=/usr/local/bin:/usr/bin:/bin bash -c 'cd "$0" && exec "$@"' "$source" "$@"
 }
 
 begin=$SECONDS
@@ -57,7 +68,7 @@ in_system chroot "$root" apt-get -qq autoclean > /dev/null 2>&1
 if [ $status -eq 0 ] && [ -n "$files" ]; then
     mkdir -p "$folder"
     # shellcheck disable=SC2086
-    cp -- "$root$home/tarvokol/"$files "$folder/" || status=1
+    cp -- "$root$source/"$files "$folder/" || status=1
 fi
 echo "bare_system: $release: $*: status $status, $((SECONDS - begin)) s, $made of them until the system stood"
 [ -z "$keep" ] || echo "bare_system: kept in $root"

@@ -151,7 +151,7 @@ const std::map<std::string, std::string> kOtherWords{{"welcome", "index.htm"},
                                                      {"known behaviour", "things_to_know.htm"},
                                                      {"pitfalls", "things_to_know.htm"}};
 
-std::string LowerCase(std::string text) {
+std::string InSmallLetters(std::string text) {
     for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     return text;
 }
@@ -177,13 +177,13 @@ TEST(HelpIndex, EveryWordLeadsToATopicThatSpeaksOfIt) {
     const std::regex keyword("<keyword name=\"([^\"]*)\" ref=\"([^\"#]*)");
     int count = 0;
     for (std::sregex_iterator it(text.begin(), text.end(), keyword), last; it != last; ++it, ++count) {
-        const std::string words = LowerCase((*it)[1]);
+        const std::string words = InSmallLetters((*it)[1]);
         const std::string topic = (*it)[2];
         const auto other = kOtherWords.find(words);
         if (other != kOtherWords.end())
             EXPECT_EQ(topic, other->second) << words;
         else
-            EXPECT_TRUE(SpeaksOf(LowerCase(Topic("help/" + topic)), words)) << words << ": " << topic;
+            EXPECT_TRUE(SpeaksOf(InSmallLetters(Topic("help/" + topic)), words)) << words << ": " << topic;
     }
     EXPECT_GT(count, 200);
 }

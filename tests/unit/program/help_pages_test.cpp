@@ -64,19 +64,19 @@ bool SaysAll(const std::string& text, const std::vector<std::string>& stems) {
 }
 
 // Links whose topic has other words for what they say.
-const std::map<std::string, std::string> kOtherWords{{"text browser", "frmTextBrow.htm"},
-                                                     {"text file browser", "frmTextBrow.htm"},
-                                                     {"unit calculator", "frmUnits.htm"},
-                                                     {"basic options", "frmGraphOptS.htm"}};
+const std::map<std::string, std::string> kTopicsOfWords{{"text browser", "frmTextBrow.htm"},
+                                                        {"text file browser", "frmTextBrow.htm"},
+                                                        {"unit calculator", "frmUnits.htm"},
+                                                        {"basic options", "frmGraphOptS.htm"}};
 
 // A topic as it is looked through for the words of a link, in small letters.
-struct Topic {
+struct TopicWords {
     std::string title;
     std::string text;
 };
 
-std::map<std::string, Topic> AllTopics() {
-    std::map<std::string, Topic> topics;
+std::map<std::string, TopicWords> AllTopics() {
+    std::map<std::string, TopicWords> topics;
     const std::regex title("<h1>(.*?)</h1>");
     for (const auto& page : std::filesystem::directory_iterator(kHelp)) {
         if (page.path().extension() != ".htm") continue;
@@ -90,9 +90,10 @@ std::map<std::string, Topic> AllTopics() {
 }
 
 // Where topics have the words in their titles, a link leads to one of those; else to one that has them in its text.
-bool IsMeant(const std::map<std::string, Topic>& topics, const std::string& topic, const std::string& words) {
-    const auto other = kOtherWords.find(words);
-    if (other != kOtherWords.end()) return topic == other->second;
+bool IsMeant(const std::map<std::string, TopicWords>& topics, const std::string& topic,
+             const std::string& words) {
+    const auto other = kTopicsOfWords.find(words);
+    if (other != kTopicsOfWords.end()) return topic == other->second;
     const auto found = topics.find(topic);
     if (found == topics.end()) return false;
     const std::vector<std::string> stems = StemsOf(words);
@@ -102,7 +103,7 @@ bool IsMeant(const std::map<std::string, Topic>& topics, const std::string& topi
 }
 
 TEST(HelpLinks, LeadToTheTopicsThatTheyName) {
-    const std::map<std::string, Topic> topics = AllTopics();
+    const std::map<std::string, TopicWords> topics = AllTopics();
     const std::regex link("<a href=\"(\\w+\\.htm)(?:#\\w+)?\">(.*?)</a>");
     int count = 0;
     for (const auto& entry : topics) {

@@ -37,11 +37,11 @@ TEST(SampleStatistics, MomentsOfTwoValuesAndOfOne) {
     EXPECT_DOUBLE_EQ(two.standard_deviation, std::sqrt(2.0));
     EXPECT_EQ(MomentsOf(Values{3}).mean, 3);
     EXPECT_TRUE(std::isnan(MomentsOf(Values{}).standard_deviation));
-    constexpr double kMissing = std::numeric_limits<double>::quiet_NaN();
-    const Moments sound = MomentsOf(Values{kMissing, 1, 3, kMissing});
+    constexpr double kNoFigure = std::numeric_limits<double>::quiet_NaN();
+    const Moments sound = MomentsOf(Values{kNoFigure, 1, 3, kNoFigure});
     EXPECT_EQ(sound.mean, 2);
     EXPECT_DOUBLE_EQ(sound.standard_deviation, std::sqrt(2.0));
-    EXPECT_TRUE(std::isnan(MomentsOf(Values{kMissing}).mean));
+    EXPECT_TRUE(std::isnan(MomentsOf(Values{kNoFigure}).mean));
 }
 
 // The sum of many of 0.1 is rounded; their mean and deviation are not.
