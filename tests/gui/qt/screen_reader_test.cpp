@@ -21,7 +21,8 @@ std::vector<double> ValueOf(QWidget& widget) {
     if (value == nullptr) return {};
     value->setCurrentValue(7);  // nobody sets it from outside
     EXPECT_EQ(value->minimumStepSize(), 0.0);
-    return {value->minimumValue().toDouble(), value->currentValue().toDouble(), value->maximumValue().toDouble()};
+    return {value->minimumValue().toDouble(), value->currentValue().toDouble(),
+            value->maximumValue().toDouble()};
 }
 
 using ::testing::ElementsAre;
