@@ -3,6 +3,9 @@
 # out, and has tests of its own (without_toolkit_test.cpp).
 set(drawing_tests
     CurveCommand.WritesPicturesAndWorkbooksWithoutAWordOnStandardError
+    DesignCommand.WritesCurvesAsTableAndPicture
+    DesignCommand.WrongUsageIsToldInOneLine
+    FitCommand.WritesFiles
     Formats/EndedStudy.LeavesTheOldFile/xlsx
     Formats/EndedStudy.LeavesTheOldFileWhereTheCallerIgnoresTheInterrupt/xlsx
     FailingRuns.NoFailureOfAFileOperationLosesAnOutput
@@ -15,6 +18,7 @@ set(drawing_tests
     PlanCommand.WritesPicturesAndATable
     ResultsCommand.WritesJsonAndPdf
     RiskCommand.TextAndPictures
+    RowRiskCommand.DrawsMapsAndCurvesOfProbabilities
     SharedPlaces.AFileOfSeveralNamesKeepsThemAndALineTellsOfIt
     SharedPlaces.ALinkOfSomebodyElseIsNoOutput
     SharedPlaces.NothingIsLeftOfWhatGoesToStandardOutput

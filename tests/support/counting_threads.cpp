@@ -21,6 +21,8 @@ struct Begun {
 
 std::atomic<int> running{0};
 std::atomic<int> most{0};
+// Counted apart: how many of those that were started still run depends on how busy the machine is.
+std::atomic<int> started{0};
 
 void* Counted(void* begun) {
     const Begun work = *static_cast<Begun*>(begun);
@@ -51,7 +53,7 @@ extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attribute
     using Create = int (*)(pthread_t*, const pthread_attr_t*, Start, void*);
     static const auto real = reinterpret_cast<Create>(::dlsym(RTLD_NEXT, "pthread_create"));
     const char* const limit = std::getenv("TARVOKOL_MOST_THREADS");
-    if (limit != nullptr && running >= std::atoi(limit)) return EAGAIN;
+    if (limit != nullptr && started++ >= std::atoi(limit)) return EAGAIN;
     const int now = ++running;
     for (int before = most; before < now && !most.compare_exchange_weak(before, now);) {
     }
