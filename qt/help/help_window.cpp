@@ -246,8 +246,17 @@ bool HelpWindow::event(QEvent* event) {
 }
 
 void HelpWindow::hideEvent(QHideEvent* event) {
-    if (!isMinimized() && !event->spontaneous()) last_place_ = pos();
+    if (!isMinimized() && !event->spontaneous()) RememberPlace();
     QMainWindow::hideEvent(event);
+}
+
+// Closed as soon as it is open, the window does not know its frame yet and would take the corner of its contents for its place:
+// it would come back lower each time.
+void HelpWindow::RememberPlace() {
+    const bool framed = geometry().topLeft() != pos();
+    if (was_framed_ && !framed) return;
+    was_framed_ = framed;
+    last_place_ = pos();
 }
 
 // A message box is answered at once; only a dialog that stays is followed. The dialog keeps the focus.

@@ -52,6 +52,7 @@ class HelpWindow : public QMainWindow {
     void BelongTo(QWidget* dialog);
     void FollowDialog();
     void FocusOnPage(int page);
+    void RememberPlace();
 
     void Page_Changed(int page);
     void Contents_Created();
@@ -68,6 +69,7 @@ class HelpWindow : public QMainWindow {
 
     QString compiled_file_;
     std::optional<QPoint> last_place_;  // where the user saw it last
+    bool was_framed_ = false;           // by the window manager, then
     HelpCollection collection_;
     HelpBrowser* browser_;
     QTabWidget* tabs_;
