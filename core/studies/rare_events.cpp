@@ -18,7 +18,7 @@
 namespace tarvokol {
 namespace {
 
-constexpr std::uint32_t kEventPiece = 4096;
+constexpr std::uint32_t kEventPiece = RiskDraw::kPiece;
 constexpr std::uint32_t kStreams = 0x40000;  // beside those of samples, hypercubes and indices
 
 // A factor of the panel at a place in the space of independent standard normal figures, less its target. The axes are the fields

@@ -12,14 +12,13 @@
 #include "core/statistics/study_refusal.h"
 #include "core/studies/drawn_fields.h"
 #include "core/studies/panel_figures.h"
+#include "core/studies/risk_draw.h"
 #include "core/studies/shortage.h"
 #include "core/studies/study_watch.h"
 #include "core/studies/task_run.h"
 
 namespace tarvokol {
 namespace {
-
-constexpr std::uint32_t kSobolPiece = 4096;
 
 // Numbers of these streams belong to the two matrices of base samples; those of samples and hypercubes lie below.
 constexpr std::uint32_t kStreamsOfA = 0x20000;
@@ -124,13 +123,13 @@ class SobolRun {
 
     // Sums of all pieces in their order, so that no bit depends on threads.
     PieceSums Look(bool with_fields) {
-        const std::size_t pieces = (request_.samples + std::size_t{kSobolPiece} - 1) / kSobolPiece;
+        const std::size_t pieces = (request_.samples + std::size_t{RiskDraw::kPiece} - 1) / RiskDraw::kPiece;
         std::vector<PieceSums> sums(pieces, PieceSums(Fields()));
         TaskRun::Do(pieces, request_.threads, [&] {
             return [&, panel = PanelEvaluator(request_.panel, false), a = Matrix(),
                     b = Matrix()](std::size_t piece) mutable {
-                const auto first = static_cast<std::uint32_t>(piece * kSobolPiece);
-                const std::uint32_t count = std::min(kSobolPiece, request_.samples - first);
+                const auto first = static_cast<std::uint32_t>(piece * RiskDraw::kPiece);
+                const std::uint32_t count = std::min(RiskDraw::kPiece, request_.samples - first);
                 Draw(kStreamsOfA, first, count, a);
                 Draw(kStreamsOfB, first, count, b);
                 for (std::uint32_t i = 0; i < count; ++i)
@@ -144,10 +143,10 @@ class SobolRun {
     }
 
     using Figures = std::vector<std::vector<double>>;  // by fields
-    Figures Matrix() const { return Figures(Fields(), std::vector<double>(kSobolPiece)); }
+    Figures Matrix() const { return Figures(Fields(), std::vector<double>(RiskDraw::kPiece)); }
 
     void Draw(std::uint32_t streams, std::uint32_t first, std::uint32_t count, Figures& figures) const {
-        std::array<double, kSobolPiece> shares;
+        std::array<double, RiskDraw::kPiece> shares;
         for (std::size_t field = 0; field < Fields(); ++field) {
             const std::uint32_t stream = streams + static_cast<std::uint32_t>(request_.fields[field].field);
             const auto drawn = std::span(shares).first(count);
