@@ -23,11 +23,12 @@ std::unique_ptr<Command> TableCommand();
 std::unique_ptr<Command> RiskCommand();
 std::unique_ptr<Command> FitCommand();
 std::unique_ptr<Command> DesignCommand();
+std::unique_ptr<Command> KeptStudyCommand();
 
 // In the order in which the help lists them.
 inline constexpr std::array kCommands{
     ResultsCommand,  SizeCommand,  SaveCommand,  CurveCommand, PlanCommand, ConvertCommand, UnitsCommand,
-    SettingsCommand, SweepCommand, TableCommand, RiskCommand,  FitCommand,  DesignCommand};
+    SettingsCommand, SweepCommand, TableCommand, RiskCommand,  FitCommand,  DesignCommand,  KeptStudyCommand};
 
 CommandTable AllCommands();
 

@@ -18,6 +18,7 @@
 #include "core/files/descriptor.h"
 #include "core/program/start_up.h"
 #include "core/project/pillar_sizing.h"
+#include "core/project/project_file.h"
 #include "core/project/project_record.h"
 #include "core/project/project_state.h"
 #include "core/runtime/run_time_error.h"
@@ -82,7 +83,8 @@ Panel StudyCommand::ReadProject(HeadlessPlatform& host) const {
     try {
         ResetProgram();
         ReadConfiguration(options_.settings);
-        if (OpenProject(project_)) return {ProjectRecord, ProjectUnits()};
+        if (kept_) PutIntoRecords(kept_->project);
+        if (kept_ || OpenProject(project_)) return {ProjectRecord, ProjectUnits()};
     } catch (const RunTimeError& error) {
         throw DataError{
             project_ + ": " + error.text + HintAtStandardInput(project_), {}, error.number, error.text};

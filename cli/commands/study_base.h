@@ -2,12 +2,15 @@
 // What the commands of the studies share: the project that they start from, and how they tell what is wrong.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "cli/commands/random_options.h"
 #include "cli/line/command.h"
 #include "core/engine/panel_fields.h"
+#include "core/project/project_document.h"
 #include "core/statistics/study_refusal.h"
 #include "core/studies/row_risk.h"
 
@@ -33,11 +36,20 @@ struct RowJob {
     RowRiskRequest risk{};  // the probabilities of each row, where they are asked for
 };
 
+// What a kept study brings along in place of files.
+struct KeptInputs {
+    ProjectDocument project;
+    std::string rows{};  // of a table, as CSV
+};
+
 class StudyCommand : public Command {
   public:
     std::string Footer() const override;
     void Settle() override { options_.files = {project_}; }
     int Run(HeadlessPlatform& host) final;
+
+    // Takes the place of the files that PROJECT and ROWS.csv name.
+    void TakeKept(KeptInputs kept) { kept_ = std::move(kept); }
 
   protected:
     // The study itself; its refusals are reported by Run.
@@ -67,6 +79,7 @@ class StudyCommand : public Command {
     bool WithSizes() const { return sizes_; }
     bool WithProbabilities() const { return random_.AreGiven(); }
     const std::string& Project() const { return project_; }
+    const std::optional<KeptInputs>& Kept() const { return kept_; }
 
   private:
     int Attempt(HeadlessPlatform& host);
@@ -76,6 +89,7 @@ class StudyCommand : public Command {
     bool sizes_ = false;
     bool bare_header_ = false;
     RandomOptions random_;
+    std::optional<KeptInputs> kept_;
 };
 
 // A field and what an option gives it: "Height=1:3:1".

@@ -3,6 +3,7 @@
 #include <fstream>
 #include <iostream>
 #include <memory>
+#include <sstream>
 
 #include "cli/commands/commands.h"
 #include "cli/commands/study_run.h"
@@ -58,11 +59,10 @@ void RequireSound(const CsvReader& reader, const TableColumns& columns, const Ta
         throw reader.FaultOf(row, *cell, columns.FaultOf(*cell, row.cells[*cell]));
 }
 
-// A table on the disk is read to its end before the first row is written, so that a fault in its last line
-// leaves nothing half-written.
-void CheckWholeFile(const std::string& path, const Panel& project) {
-    std::ifstream input(path, std::ios::binary);
-    CsvReader reader(input, path);
+// A table that can be read twice is read to its end before the first row is written, so that a fault in its last
+// line leaves nothing half-written.
+void CheckWholeTable(std::istream&& input, const std::string& name, const Panel& project) {
+    CsvReader reader(input, name);
     const TableColumns columns = ColumnsOf(reader, project);
     for (TableRow row; reader.Next(row);) RequireSound(reader, columns, row);
 }
@@ -129,14 +129,22 @@ class Table : public StudyCommand {
             throw UsageError{"--stdin-project: standard input holds the project or the rows, not both"};
         if (target.IsDrawn()) TheDrawing();
         const RowJob job = JobFor(ReadProject(host));
+        if (Kept()) return WriteKept(job, target);
         if (from_standard_input) return WriteTable(std::cin, "standard input", job, target);
         RequireReadableFile(rows_);
-        CheckWholeFile(rows_, job.project);
+        CheckWholeTable(std::ifstream(rows_, std::ios::binary), rows_, job.project);
         std::ifstream input(rows_, std::ios::binary);
         return WriteTable(input, rows_, job, target);
     }
 
   private:
+    int WriteKept(const RowJob& job, const RowTarget& target) const {
+        const std::string name = rows_ + ", its table";
+        CheckWholeTable(std::istringstream(Kept()->rows), name, job.project);
+        std::istringstream input(Kept()->rows);
+        return WriteTable(input, name, job, target);
+    }
+
     std::string rows_;
 };
 

@@ -32,6 +32,8 @@ struct FieldCorrelation {
     PanelField first = PanelField::Height;
     PanelField second = PanelField::Height;
     double value = 0;
+
+    bool operator==(const FieldCorrelation&) const = default;
 };
 
 // A factor is to be held against a target of the study's own, beside those of the project.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/charts/study_picture.h"
 
+#include <QPainter>
 #include <type_traits>
 
 #include <qcustomplot.h>
@@ -68,6 +69,33 @@ void WriteStudyPicture(const AnyStudyPicture& picture, const std::string& path) 
     std::visit(
         [&path](const auto& one) {
             if constexpr (!std::is_same_v<std::decay_t<decltype(one)>, std::monostate>) Write(one, path);
+        },
+        picture);
+}
+
+QSize SizeOfStudyPicture(const AnyStudyPicture& picture) {
+    QSize size;
+    std::visit(
+        [&size](const auto& one) {
+            if constexpr (!std::is_same_v<std::decay_t<decltype(one)>, std::monostate>)
+                size = StudyPictureSize(one);
+        },
+        picture);
+    return size;
+}
+
+// The chart library paints with a painter of its own, so that an image fine enough for paper is in between.
+void PaintStudyPicture(const AnyStudyPicture& picture, QPainter& painter) {
+    constexpr double kDotsPerPixel = 4;
+    std::visit(
+        [&painter](const auto& one) {
+            if constexpr (!std::is_same_v<std::decay_t<decltype(one)>, std::monostate>) {
+                PictureDrawing drawing = DrawingOf(one);
+                drawing.image_scale = kDotsPerPixel;
+                painter.setRenderHint(QPainter::LosslessImageRendering);
+                painter.setRenderHint(QPainter::SmoothPixmapTransform);
+                painter.drawImage(QRectF(QPointF(0, 0), QSizeF(drawing.size)), ImageOf(drawing));
+            }
         },
         picture);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QImage>
+#include <QSize>
 #include <string>
 #include <variant>
 
@@ -11,6 +12,8 @@
 #include "core/studies/map_picture.h"
 #include "core/studies/spread_picture.h"
 #include "core/studies/tornado_study.h"
+
+class QPainter;
 
 namespace tarvokol {
 
@@ -26,6 +29,12 @@ void WriteStudyPicture(const TornadoPicture& picture, const std::string& path);
 // Whichever a window shows, or none. Of none nothing is written, and the image is null.
 using AnyStudyPicture = std::variant<std::monostate, MapPicture, CurvesPicture, SpreadPicture>;
 void WriteStudyPicture(const AnyStudyPicture& picture, const std::string& path);
+
+// Pixels: how large the picture is drawn in a file; of none it is empty.
+QSize SizeOfStudyPicture(const AnyStudyPicture& picture);
+
+// Draws it at that size with a painter whose units are pixels. Raises "Device I/O error".
+void PaintStudyPicture(const AnyStudyPicture& picture, QPainter& painter);
 
 // The image that the .png file holds, for the clipboard.
 QImage ImageOfStudyPicture(const AnyStudyPicture& picture);

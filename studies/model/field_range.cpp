@@ -6,7 +6,6 @@
 #include <cmath>
 
 #include "core/runtime/numbers.h"
-#include "core/studies/study_names.h"
 
 namespace tarvokol {
 namespace {
@@ -36,16 +35,6 @@ FieldRange ProposedRange(PanelField field, double value, Units units) {
     if (field == PanelField::AbutmentAngle && value < kLargestAngle)
         range.high = std::min(range.high, kLargestAngle);
     return range;
-}
-
-std::string FaultOfRange(PanelField field, const FieldRange& range) {
-    if (!std::isfinite(range.low) || !std::isfinite(range.high)) return "a range needs two numbers";
-    if (!(range.low < range.high)) return "the lower end of a range lies below the upper one";
-    if (!std::isfinite(range.high - range.low)) return "the range is too wide";
-    if (!FitsField(field, range.low) || !FitsField(field, range.high)) return FaultOfUnfit(field);
-    if (IsWholeField(field) && (range.low < 1 || range.high > MaxHoles))
-        return "the number of holes lies from 1 to " + std::to_string(MaxHoles);
-    return "";
 }
 
 FieldScale::FieldScale(PanelField field, const FieldRange& range) {

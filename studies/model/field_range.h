@@ -2,28 +2,15 @@
 // The range over which a field is moved by its slider and drawn on a map, and the round values in it.
 #pragma once
 
-#include <string>
-
 #include "core/engine/panel.h"
 #include "core/engine/panel_fields.h"
+#include "core/studies/study_requests.h"
 
 namespace tarvokol {
-
-// In the project's units.
-struct FieldRange {
-    double low = 0;
-    double high = 1;
-
-    bool Holds(double value) const { return value >= low && value <= high; }
-    bool operator==(const FieldRange&) const = default;
-};
 
 // From half to one and a half times the value; of a field that has none yet, of a common panel's. A number of holes stays
 // within 1 to 20, an abutment angle below 90 degrees.
 FieldRange ProposedRange(PanelField field, double value, Units units);
-
-// What is wrong with a range, empty where nothing is.
-std::string FaultOfRange(PanelField field, const FieldRange& range);
 
 // Round values, 200 to 500 of them over a range; those of a count are its whole numbers.
 class FieldScale {

@@ -4,38 +4,9 @@
 #include <new>
 
 #include "core/runtime/run_time_error.h"
-#include "core/statistics/study_numbers.h"
 #include "core/statistics/study_refusal.h"
 
 namespace tarvokol {
-namespace {
-
-// As many steps as a map is divided into: its panels are those of the request and no others.
-constexpr const char* kPlaces = "241";
-
-std::string FieldWithValues(const StudyAxis& axis) {
-    return std::string(NameOfField(axis.field)) + "=" + ValuesOfAxis(axis);
-}
-
-}  // namespace
-
-std::string ValuesOfAxis(const StudyAxis& axis) {
-    std::string values;
-    AppendShortest(values, axis.range.low);
-    values += ':';
-    AppendShortest(values, axis.range.high);
-    return values + (IsWholeField(axis.field) ? ":1" : std::string("/") + kPlaces);
-}
-
-SweepRequest SweepOf(const MapRequest& request, const Panel& panel) {
-    SweepRequest sweep;
-    sweep.panel = panel;
-    sweep.sizes = request.figure->NeedsSizes();
-    sweep.AddAxis(ValueAxis::Parse(request.x.field, ValuesOfAxis(request.x)));
-    if (request.y) sweep.AddAxis(ValueAxis::Parse(request.y->field, ValuesOfAxis(*request.y)));
-    return sweep;
-}
-
 std::span<const StudyFigure> CurvesOfFigure(const StudyFigure& figure) {
     return figure.IsFactor() ? FactorFigures() : std::span(&figure, 1);
 }
@@ -63,12 +34,16 @@ MapOutcome CalculateMapStudy(const MapRequest& request, const Panel& panel, cons
 }
 
 std::string CommandOfMap(const MapRequest& request, const std::string& project_path) {
-    std::string command =
-        "tarvokol-cli sweep " + QuotedForShell(project_path) + " --vary " + FieldWithValues(request.x);
-    if (request.y) command += " --vary " + FieldWithValues(*request.y);
-    if (request.figure->NeedsSizes()) command += " --size";
-    if (request.y || !request.figure->IsFactor()) command += std::string(" --of ") + request.figure->name;
-    return command + (request.y ? " -o map.svg" : " -o curves.svg");
+    std::vector<std::string> words = WordsOfMap(request);
+    words.insert(words.end(), {"-o", request.y ? "map.svg" : "curves.svg"});
+    return ShellLine("tarvokol-cli sweep", project_path, words);
+}
+
+std::string ShellLine(const std::string& command, const std::string& path,
+                      const std::vector<std::string>& words) {
+    std::string line = command + " " + QuotedForShell(path);
+    for (const std::string& word : words) line += " " + (word.starts_with('-') ? word : QuotedForShell(word));
+    return line;
 }
 
 std::string QuotedForShell(const std::string& text) {

@@ -7,7 +7,7 @@
 #include "core/engine/panel_texts.h"
 #include "core/runtime/numbers.h"
 #include "core/runtime/run_time_error.h"
-#include "core/statistics/study_numbers.h"
+#include "core/runtime/text.h"
 #include "core/studies/picture_parts.h"
 
 namespace tarvokol {
@@ -68,13 +68,6 @@ PanelReading ReadPanel(const Panel& panel) {
     return reading;
 }
 
-std::string DigitsOfField(const PanelInputs& panel, PanelField field) {
-    if (std::holds_alternative<float PanelInputs::*>(FactsOf(field).place)) return TextOfField(panel, field);
-    std::string digits;
-    AppendShortest(digits, ValueOfField(panel, field));
-    return digits;
-}
-
 bool MissesTarget(const StudyFigure& figure, const PanelFigures& figures, const PanelInputs& panel) {
     return figure.IsFactor() && figures.*figure.value < TargetOfFigure(figure, panel);
 }
@@ -83,6 +76,24 @@ std::string FigureInWords(const StudyFigure& figure, const PanelFigures& figures
     const double value = ShownFigure(figure, figures);
     const std::string text = RoundedText(value, kFigureDigits);
     return std::isnan(value) || *figure.unit == '\0' ? text : text + " " + figure.unit;
+}
+
+std::vector<std::string> LinesOfPanel(const Panel& panel, const PanelReading& reading) {
+    std::vector<std::string> lines;
+    lines.reserve(kPanelFields.size() + kStudyFigures.size() + 1);
+    for (const PanelFieldFacts& facts : kPanelFields) {
+        const std::string unit = UnitOfField(facts.field, panel.units);
+        lines.push_back(std::string(facts.title) + ": " + DigitsOfField(panel, facts.field) +
+                        (unit.empty() ? "" : " " + unit));
+    }
+    for (const StudyFigure& figure : kStudyFigures) {
+        std::string& line = lines.emplace_back(figure.legend);
+        line += ": " + FigureInWords(figure, reading.figures);
+        if (MissesTarget(figure, reading.figures, panel))
+            line += ", below " + RoundedText(TargetOfFigure(figure, panel), kFigureDigits);
+    }
+    if (!reading.figures.message.empty()) lines.push_back(ReplaceAll(reading.figures.message, CrLf, " "));
+    return lines;
 }
 
 std::string FiguresInWords(const PanelFigures& figures, const PanelInputs& panel) {

@@ -4,9 +4,11 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/engine/panel.h"
 #include "core/engine/panel_fields.h"
+#include "core/studies/field_digits.h"
 #include "core/studies/panel_figures.h"
 #include "core/studies/study_figures.h"
 
@@ -27,14 +29,14 @@ struct PanelReading {
 // becomes a project. Raises nothing.
 PanelReading ReadPanel(const Panel& panel);
 
-// The figure of a field with all digits that the project has; of a single those that are its own: "1.6".
-std::string DigitsOfField(const PanelInputs& panel, PanelField field);
-
 // True of a factor that lies below what it is held against.
 bool MissesTarget(const StudyFigure& figure, const PanelFigures& figures, const PanelInputs& panel);
 
 // The figure with its unit for people, "-" where the panel has none: "1.64227", "62.5 percent".
 std::string FigureInWords(const StudyFigure& figure, const PanelFigures& figures);
+
+// For a report: a line for each field, then one for each figure: "Depth of cover: 120 ft", "Webs ONLY: 1.4, below 1.6".
+std::vector<std::string> LinesOfPanel(const Panel& panel, const PanelReading& reading);
 
 // All six in one line: "Overall 1.6, Webs ONLY 1.4 (below 1.6), ...", and why one is missing.
 std::string FiguresInWords(const PanelFigures& figures, const PanelInputs& panel);

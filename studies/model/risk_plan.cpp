@@ -65,13 +65,25 @@ std::string FaultOfRow(const RiskPlan& plan, std::size_t i, const Panel& panel) 
     return fault;
 }
 
-RiskRequest RequestOf(const RiskPlan& plan, const Panel& panel) {
-    RiskRequest request;
-    request.panel = panel;
-    request.samples = plan.samples;
-    request.seed = plan.seed;
-    for (const UncertainField& field : plan.fields) request.AddField(field.field, field.distribution);
-    return request;
+std::string FaultOfCorrelation(const RiskPlan& plan, std::size_t i, const Panel& panel) {
+    RiskPlan only = plan;
+    only.correlations.clear();
+    std::string fault;
+    try {
+        RiskRequest request = RequestOf(only, panel);
+        for (std::size_t row = 0; row <= i; ++row) {
+            fault.clear();
+            const FieldCorrelation& one = plan.correlations[row];
+            try {
+                request.AddCorrelation(one.first, one.second, one.value);
+            } catch (const StudyRefusal& refusal) {
+                fault = refusal.Fault();
+            }
+        }
+    } catch (const StudyRefusal&) {
+        return "";  // the row of a field says what is wrong
+    }
+    return fault;
 }
 
 RiskOutcome CalculateRisk(const RiskPlan& plan, const Panel& panel, const std::string& title,
@@ -121,12 +133,9 @@ std::string CsvOfRisk(const RiskReading& reading) {
 }
 
 std::string CommandOfRisk(const RiskPlan& plan, const std::string& project_path) {
-    std::string command = "tarvokol-cli risk " + QuotedForShell(project_path);
-    for (const UncertainField& field : plan.fields)
-        command +=
-            " --random " + QuotedForShell(std::string(NameOfField(field.field)) + "=" + field.distribution);
-    command += " --samples " + std::to_string(plan.samples);
-    return command + " --seed " + std::to_string(plan.seed) + " -o risk.svg";
+    std::vector<std::string> words = WordsOfRisk(plan);
+    words.insert(words.end(), {"-o", "risk.svg"});
+    return ShellLine("tarvokol-cli risk", project_path, words);
 }
 
 }  // namespace tarvokol

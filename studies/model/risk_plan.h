@@ -3,8 +3,8 @@
 // only.
 #pragma once
 
-#include <cstdint>
-#include <optional>
+#include <array>
+#include <cstddef>
 #include <string>
 #include <variant>
 #include <vector>
@@ -13,28 +13,9 @@
 #include "core/studies/risk_study.h"
 #include "core/studies/spread_picture.h"
 #include "core/studies/study_observer.h"
+#include "core/studies/study_requests.h"
 
 namespace tarvokol {
-
-// A field and how it is distributed, as it is written: "lognormal:100%:15%".
-struct UncertainField {
-    PanelField field = PanelField::CoalStrength;
-    std::string distribution;
-
-    bool operator==(const UncertainField&) const = default;
-};
-
-struct RiskPlan {
-    std::vector<UncertainField> fields;
-    std::uint32_t samples = 100000;
-    std::uint64_t seed = 1;
-
-    bool operator==(const RiskPlan&) const = default;
-};
-
-// The most samples of a window: they stand in memory, some 60 bytes each.
-constexpr std::uint32_t kMostPlannedSamples = 4000000;
-constexpr double kLargestPlannedSeed = 9007199254740992.0;
 
 // A distribution as it can be chosen: its name, and the names of its figures: "lognormal", {"MEAN", "SD"}. All of them are
 // made of KnownDistributions, but for measured values, which stand in a file.
@@ -47,8 +28,8 @@ std::vector<DistributionForm> DistributionForms();
 // What is wrong with row number i of the plan, empty where nothing is.
 std::string FaultOfRow(const RiskPlan& plan, std::size_t i, const Panel& panel);
 
-// Of the plan for a panel. Raises StudyRefusal for a row that is none.
-RiskRequest RequestOf(const RiskPlan& plan, const Panel& panel);
+// The same of correlation number i, once no row is at fault.
+std::string FaultOfCorrelation(const RiskPlan& plan, std::size_t i, const Panel& panel);
 
 struct RiskReading {
     SpreadPicture picture;

@@ -82,6 +82,19 @@ bool StudyModel::SetAll(const std::vector<std::pair<PanelField, double>>& values
     return true;
 }
 
+void StudyModel::TakePanel(const Panel& panel, const std::string& title, const std::string& words) {
+    ProjectDocument document = project_.document;
+    document.unit_system = static_cast<std::int16_t>(panel.units);
+    document.title = title;
+    const float spare = document.inputs.SpareSingle;
+    document.inputs = panel;
+    document.inputs.SpareSingle = spare;
+    typed_ = {};
+    history_.Seal();
+    Change(document, words, "");
+    history_.Seal();
+}
+
 void StudyModel::Type(PanelField field, const std::string& text) {
     const std::string fault = FaultOfText(field, text);
     if (fault.empty()) {

@@ -54,6 +54,9 @@ class StudyModel {
     // Gives several fields their values, to be undone as one.
     bool SetAll(const std::vector<std::pair<PanelField, double>>& values, const std::string& words);
 
+    // Takes the figures of a panel, in its units, and a title, to be undone as one.
+    void TakePanel(const Panel& panel, const std::string& title, const std::string& words);
+
     // Takes what was typed into a field's box. What is no figure for the field stays there with its fault, and the project
     // keeps the figure that it has.
     void Type(PanelField field, const std::string& text);

@@ -121,6 +121,13 @@ void TableSheet::SetCell(std::size_t row, std::size_t column, const std::string&
     figures_[order_[row]].reset();
 }
 
+std::vector<std::vector<std::string>> TableSheet::OwnRows() const {
+    std::vector<std::vector<std::string>> rows;
+    rows.reserve(order_.size());
+    for (const std::uint32_t place : order_) rows.push_back(cells_[place]);
+    return rows;
+}
+
 void TableSheet::InsertRow(std::size_t row) {
     order_.insert(order_.begin() + static_cast<std::ptrdiff_t>(row),
                   static_cast<std::uint32_t>(cells_.size()));

@@ -41,6 +41,10 @@ class TableSheet {
     void InsertRow(std::size_t row);
     void RemoveRow(std::size_t row);
 
+    // Titles and rows in the order of the sheet, without the figures.
+    const std::vector<std::string>& Titles() const { return titles_; }
+    std::vector<std::vector<std::string>> OwnRows() const;
+
     // What is wrong with a cell, empty where nothing is.
     std::string FaultOf(std::size_t row, std::size_t column) const;
 

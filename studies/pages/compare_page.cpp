@@ -75,6 +75,11 @@ void ComparePage::Keep_Clicked() {
     table_->setCurrentCell(kNameRow, table_->columnCount() - 1);
 }
 
+void ComparePage::Take(DesignBoard board) {
+    board_ = std::move(board);
+    Show();
+}
+
 // Its figures stand in its own units; those of a project in the other system are not meant by them.
 void ComparePage::Take_Clicked() {
     if (Chosen() < 0) return;

@@ -28,6 +28,9 @@ class ComparePage : public StudyPage {
 
     const DesignBoard& Board() const { return board_; }
 
+    // Other designs in place of those that stand there.
+    void Take(DesignBoard board);
+
   private:
     void Keep_Clicked();
     void Take_Clicked();

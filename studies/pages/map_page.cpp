@@ -299,6 +299,10 @@ std::string MapPage::CommandNow() const {
     return model_.Path().empty() ? "" : CommandOfMap(Request(), model_.Path());
 }
 
+std::vector<std::string> MapPage::ReportNow() const {
+    return LinesOfPanel(model_.ProjectPanel(), model_.Reading());
+}
+
 std::string MapPage::CsvNow() const {
     try {
         SweepRequest sweep = SweepOf(Request(), model_.ProjectPanel());

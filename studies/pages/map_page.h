@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/studies/contour_lines.h"
 #include "studies/model/latest_work.h"
@@ -29,6 +30,7 @@ class MapPage : public StudyPage {
     AnyStudyPicture PictureNow() const override;
     std::string CsvNow() const override;
     std::string CommandNow() const override;
+    std::vector<std::string> ReportNow() const override;
     std::string PictureName() const override;
 
     // What is asked for, of the ranges as they stand.

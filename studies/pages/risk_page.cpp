@@ -22,7 +22,9 @@
 #include "qt/charts/study_view.h"
 #include "qt/session/qt_text.h"
 #include "studies/model/study_model.h"
+#include "studies/pages/correlation_row.h"
 #include "studies/pages/uncertain_row.h"
+#include "studies/pages/width_line.h"
 
 namespace tarvokol {
 namespace {
@@ -51,6 +53,7 @@ RiskPage::RiskPage(StudyModel& model, QWidget* parent)
     watch_.setInterval(kBarEvery);
     connect(&watch_, &QTimer::timeout, this, &RiskPage::Progress_Due);
     connect(add_, &QPushButton::clicked, this, &RiskPage::Add_Clicked);
+    connect(correlate_, &QPushButton::clicked, this, &RiskPage::Correlate_Clicked);
     connect(cancel_, &QPushButton::clicked, this, &RiskPage::Cancel_Clicked);
     for (QLineEdit* box : {samples_, seed_})
         connect(box, &QLineEdit::textEdited, this, &RiskPage::Row_Changed);
@@ -72,10 +75,16 @@ void RiskPage::Build() {
     rows_layout_ = new QVBoxLayout;
     rows_layout_->setSpacing(2);
     page->addLayout(rows_layout_);
+    correlations_layout_ = new QVBoxLayout;
+    correlations_layout_->setSpacing(2);
+    page->addLayout(correlations_layout_);
     auto* line = new QHBoxLayout;
     add_ = new QPushButton("Add Fie&ld", this);
     add_->setObjectName("Risk_Add");
     add_->setToolTip("Another field whose figure is uncertain");
+    correlate_ = new QPushButton("C&orrelate", this);
+    correlate_->setObjectName("Risk_Correlate");
+    correlate_->setToolTip("Two uncertain fields that move together");
     samples_ = MakeNumber("Risk_Samples", "Samples", "100000");
     samples_->setToolTip("Panels that are drawn and calculated, up to 4 million");
     seed_ = MakeNumber("Risk_Seed", "Seed", "1");
@@ -93,6 +102,7 @@ void RiskPage::Build() {
         shown_at_work->hide();
     }
     line->addWidget(add_);
+    line->addWidget(correlate_);
     for (const auto& [text, box] : {std::pair("Sam&ples", samples_), std::pair("See&d", seed_)}) {
         auto* label = new QLabel(text, this);
         label->setBuddy(box);
@@ -107,6 +117,10 @@ void RiskPage::Build() {
     fault_->setWordWrap(true);
     fault_->hide();
     page->addWidget(fault_);
+    width_ = new WidthLine(
+        model_, [this] { return Plan(); }, this);
+    width_->setObjectName("Risk_Width");
+    page->addWidget(width_);
     view_ = new StudyView;
     view_->setObjectName("Risk_View");
     view_->setAccessibleName("Spread of the factors");
@@ -121,9 +135,12 @@ void RiskPage::Build() {
 void RiskPage::Choose(const RiskPlan& plan) {
     for (UncertainRow* row : rows_) row->deleteLater();
     rows_.clear();
+    for (CorrelationRow* row : correlations_) row->deleteLater();
+    correlations_.clear();
     samples_->setText(QString::number(plan.samples));
     seed_->setText(QString::number(plan.seed));
     for (const UncertainField& field : plan.fields) AddRow(field);
+    for (const FieldCorrelation& correlation : plan.correlations) AddCorrelation(correlation);
     NumberRows();
     Ask();
 }
@@ -145,8 +162,44 @@ void RiskPage::NumberRows() {
         if (before != nullptr) setTabOrder(before, row);
         before = row;
     }
+    number = 0;
+    for (CorrelationRow* row : correlations_) {
+        row->SetNumber(number++);
+        if (before != nullptr) setTabOrder(before, row);
+        before = row;
+    }
     if (before != nullptr) setTabOrder(before, add_);
     add_->setEnabled(rows_.size() < kPanelFields.size());
+    correlate_->setEnabled(rows_.size() > 1);
+}
+
+void RiskPage::AddCorrelation(const FieldCorrelation& correlation) {
+    auto* row = new CorrelationRow(correlation, this);
+    correlations_.push_back(row);
+    correlations_layout_->addWidget(row);
+    row->show();
+    connect(row, &CorrelationRow::Changed, this, &RiskPage::Row_Changed);
+    connect(row, &CorrelationRow::Removed, this, &RiskPage::Correlation_Removed);
+}
+
+// The first two fields; whoever means others chooses them.
+void RiskPage::Correlate_Clicked() {
+    if (rows_.size() < 2) return;
+    AddCorrelation({rows_[0]->Field().field, rows_[1]->Field().field, 0.5});
+    NumberRows();
+    Ask();
+}
+
+void RiskPage::Correlation_Removed() {
+    const auto gone = std::find(correlations_.begin(), correlations_.end(), sender());
+    if (gone == correlations_.end()) return;
+    (*gone)->setObjectName(QString());
+    (*gone)->hide();
+    (*gone)->deleteLater();
+    correlations_.erase(gone);
+    NumberRows();
+    add_->setFocus();
+    Ask();
 }
 
 // The first field that is certain so far.
@@ -185,6 +238,8 @@ void RiskPage::Row_Removed() {
 RiskPlan RiskPage::Plan() const {
     RiskPlan plan;
     for (const UncertainRow* row : rows_) plan.fields.push_back(row->Field());
+    plan.correlations.reserve(correlations_.size());
+    for (const CorrelationRow* row : correlations_) plan.correlations.push_back(row->Correlation());
     QString ignored;
     plan.samples = static_cast<std::uint32_t>(WholeIn(*samples_, 1, kMostPlannedSamples, "Samples", ignored));
     plan.seed = static_cast<std::uint64_t>(WholeIn(*seed_, 0, kLargestPlannedSeed, "Seed", ignored));
@@ -198,13 +253,22 @@ bool RiskPage::ShowFaults(const RiskPlan& plan) {
     WholeIn(*samples_, 1, kMostPlannedSamples, "Samples", fault);
     fault_->setText("\u26a0 " + fault);
     fault_->setVisible(!fault.isEmpty());
-    bool sound = fault.isEmpty();
+    return ShowFaultsOfRows(plan) && fault.isEmpty();
+}
+
+bool RiskPage::ShowFaultsOfRows(const RiskPlan& plan) {
+    bool sound = true;
     const Panel panel = model_.ProjectPanel();
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         const std::string row_fault = FaultOfRow(plan, i, panel);
         const PanelField field = plan.fields[i].field;
         rows_[i]->ShowState(ToQt(row_fault), ValueOfField(panel, field), UnitOfField(field, panel.units));
         sound = sound && row_fault.empty();
+    }
+    for (std::size_t i = 0; i < correlations_.size(); ++i) {
+        const std::string fault = FaultOfCorrelation(plan, i, panel);
+        correlations_[i]->ShowFault(ToQt(fault));
+        sound = sound && fault.empty();
     }
     return sound;
 }
@@ -228,6 +292,7 @@ void RiskPage::Ask() {
     if (asked_ != plan || plan.samples > kFollowedSamples) work_.Drop();
     asked_ = plan;
     asked_text_ = text;
+    width_->Forget();
     work_.Ask([this, plan, panel = model_.ProjectPanel(), title = model_.Title()](StudyObserver& observer) {
         const unsigned threads = std::max(1U, std::thread::hardware_concurrency());
         auto outcome = std::make_shared<RiskOutcome>(CalculateRisk(plan, panel, title, threads, observer));
@@ -274,6 +339,21 @@ void RiskPage::Progress_Due() {
 
 AnyStudyPicture RiskPage::PictureNow() const {
     return view_->Shown();
+}
+
+std::vector<std::string> RiskPage::ReportNow() const {
+    std::vector<std::string> lines = LinesOfPanel(model_.ProjectPanel(), model_.Reading());
+    const RiskPlan plan = Plan();
+    for (const UncertainField& field : plan.fields)
+        lines.push_back(std::string("Uncertain: ") + TitleOfField(field.field) + ", " + field.distribution);
+    for (const FieldCorrelation& one : plan.correlations) {
+        std::string& line = lines.emplace_back("Correlated: ");
+        line.append(TitleOfField(one.first)).append(" and ").append(TitleOfField(one.second)).append(", ");
+        AppendShortest(line, one.value);
+    }
+    if (width_->Answer()) lines.push_back(FromQt(width_->findChild<QLabel*>("Width_Words")->text()));
+    lines.push_back(std::to_string(plan.samples) + " samples, seed " + std::to_string(plan.seed));
+    return lines;
 }
 
 std::string RiskPage::CsvNow() const {

@@ -19,9 +19,11 @@ class QVBoxLayout;
 
 namespace tarvokol {
 
+class CorrelationRow;
 class StudyModel;
 class StudyView;
 class UncertainRow;
+class WidthLine;
 
 class RiskPage : public StudyPage {
     Q_OBJECT
@@ -33,11 +35,16 @@ class RiskPage : public StudyPage {
     AnyStudyPicture PictureNow() const override;
     std::string CsvNow() const override;
     std::string CommandNow() const override;
+    std::vector<std::string> ReportNow() const override;
     std::string PictureName() const override { return "risk"; }
 
     // What the controls ask for, and the other way round.
     RiskPlan Plan() const;
     void Choose(const RiskPlan& plan);
+
+    // The line "Which width?".
+    WidthLine& Width() { return *width_; }
+    const WidthLine& Width() const { return *width_; }
 
     bool IsBusy() const { return work_.IsBusy(); }
 
@@ -49,7 +56,10 @@ class RiskPage : public StudyPage {
     void AddRow(const UncertainField& field);
     void NumberRows();
     void Model_Changed();
+    void AddCorrelation(const FieldCorrelation& correlation);
     void Add_Clicked();
+    void Correlate_Clicked();
+    void Correlation_Removed();
     void Row_Changed();
     void Row_Removed();
     void Cancel_Clicked();
@@ -57,13 +67,18 @@ class RiskPage : public StudyPage {
 
     void Ask();
     bool ShowFaults(const RiskPlan& plan);
+    bool ShowFaultsOfRows(const RiskPlan& plan);
     void Show(RiskOutcome outcome);
     QLineEdit* MakeNumber(const QString& name, const QString& accessible, const QString& text);
 
     StudyModel& model_;
     QVBoxLayout* rows_layout_ = nullptr;
     std::vector<UncertainRow*> rows_;
+    std::vector<CorrelationRow*> correlations_;
+    QVBoxLayout* correlations_layout_ = nullptr;
     QPushButton* add_ = nullptr;
+    QPushButton* correlate_ = nullptr;
+    WidthLine* width_ = nullptr;
     QLineEdit* samples_ = nullptr;
     QLineEdit* seed_ = nullptr;
     QLabel* fault_ = nullptr;

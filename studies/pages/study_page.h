@@ -4,6 +4,7 @@
 
 #include <QWidget>
 #include <string>
+#include <vector>
 
 #include "qt/charts/study_picture.h"
 
@@ -26,6 +27,9 @@ class StudyPage : public QWidget {
 
     // The line of the command line that gives the same figures; empty where there is none.
     virtual std::string CommandNow() const { return ""; }
+
+    // Lines that are printed below its picture.
+    virtual std::vector<std::string> ReportNow() const { return {}; }
 
     // What the file of its picture is called, without an extension: "map".
     virtual std::string PictureName() const { return "study"; }

@@ -28,6 +28,9 @@ class TablePage : public StudyPage {
     // Reads a table from a file; what is wrong with it is told on the page.
     void OpenTable(const std::string& path);
 
+    // The same of a table in memory; `name` stands in the words of faults.
+    void Read(const std::string& bytes, const std::string& name);
+
     SheetModel& Sheet() { return *sheet_; }
 
   protected:
@@ -43,7 +46,6 @@ class TablePage : public StudyPage {
     void Take_Clicked();
     void Header_Clicked(int column);
     void Current_Changed();
-    void Read(const std::string& bytes, const std::string& name);
     void Tell(const std::string& fault);
     QPushButton* MakeButton(const QString& name, const QString& caption, const QString& tip,
                             void (TablePage::*handler)());

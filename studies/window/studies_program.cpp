@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QFont>
-#include <QPrinter>
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
@@ -23,24 +22,18 @@ namespace {
 
 constexpr const char* kUsage =
     "Usage: tarvokol-studies [FILE]\n"
-    "Opens the window of TARVO-KOL Studies, with the project FILE if it is named: maps of factors\n"
-    "that follow the figures of a panel.\n\n"
+    "Opens the window of TARVO-KOL Studies, with the project or kept study FILE if it is named: maps\n"
+    "of factors that follow the figures of a panel.\n\n"
     "  --help     this text\n"
     "  --version  the program's version\n\n"
     "For reports and plans: tarvokol. For scripts and many projects: tarvokol-cli --help\n";
 
-QPrinter& DefaultPrinter() {
-    static QPrinter printer(QPrinter::HighResolution);
-    return printer;
-}
-
 }  // namespace
-
-StudiesBindings::StudiesBindings() : Dialogs(DefaultPrinter) {}
 
 void StudiesBindings::Install() {
     Base.Install();
     Platform.Messages = &Messages;
+    Platform.Printer = &Printer;
     Platform.Dialogs = &Dialogs;
     Platform.TheClipboard = &TheClipboard;
     Platform.Help = &Help;

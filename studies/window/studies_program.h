@@ -4,6 +4,7 @@
 
 #include "core/headless/headless_platform.h"
 #include "qt/help/qt_help_viewer.h"
+#include "qt/print/qt_printer.h"
 #include "qt/session/desktop_clock.h"
 #include "qt/session/desktop_shell.h"
 #include "qt/session/qt_clipboard.h"
@@ -20,7 +21,9 @@ class ProgramApplication;
 struct StudiesBindings {
     HeadlessPlatform Base;
     QtMessageBox Messages;
-    QtCommonDialogs Dialogs;
+    QtPrinter Printer;
+    QtCommonDialogs Dialogs{[this]() -> QPrinter& { return Printer.Device(); },
+                            [this] { return Printer.ProposedFile(); }};
     QtClipboard TheClipboard;
     QtHelpViewer Help;
     DesktopShell TheShell;
@@ -28,7 +31,6 @@ struct StudiesBindings {
     QtScreenFonts Fonts;
     DesktopClock TheClock;
 
-    StudiesBindings();
     void Install();
 };
 

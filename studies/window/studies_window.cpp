@@ -13,6 +13,7 @@
 #include "core/messages/notify.h"
 #include "core/platform/message_box.h"
 #include "core/runtime/run_time_error.h"
+#include "core/statistics/study_numbers.h"
 #include "core/statistics/study_refusal.h"
 #include "qt/session/qt_text.h"
 #include "studies/pages/compare_page.h"
@@ -66,10 +67,12 @@ void StudiesWindow::BuildPages() {
     pages_->setDocumentMode(true);
     map_ = new MapPage(model_);
     pages_->addTab(map_, "M&ap");
-    pages_->addTab(new RiskPage(model_), "R&isk");
+    risk_ = new RiskPage(model_);
+    pages_->addTab(risk_, "R&isk");
     table_ = new TablePage(model_);
     pages_->addTab(table_, "Ta&ble");
-    pages_->addTab(new ComparePage(model_), "&Compare");
+    compare_ = new ComparePage(model_);
+    pages_->addTab(compare_, "&Compare");
     splitter_->addWidget(panel_);
     splitter_->addWidget(pages_);
     splitter_->setStretchFactor(0, 0);
@@ -91,7 +94,31 @@ void StudiesWindow::Restore() {
     if (x && figure != nullptr) map_->Choose(*x, FieldNamed(FromQt(memory.map_y)), *figure);
 }
 
+// A range that its field no longer takes is proposed anew.
+void StudiesWindow::RestoreRanges() {
+    const QStringList ranges = RememberedRanges(ToQt(model_.Path()));
+    for (const PanelFieldFacts& facts : kPanelFields) {
+        const QStringList ends = ranges.value(static_cast<int>(facts.field)).split(':');
+        const auto low = WholeNumber(FromQt(ends.value(0))), high = WholeNumber(FromQt(ends.value(1)));
+        if (low && high) model_.SetRange(facts.field, {*low, *high});
+    }
+}
+
+void StudiesWindow::RememberRangesNow() const {
+    if (model_.Path().empty()) return;
+    QStringList ranges;
+    for (const PanelFieldFacts& facts : kPanelFields) {
+        const FieldRange& range = model_.RangeOf(facts.field);
+        std::string ends;
+        AppendShortest(ends, range.low);
+        AppendShortest(ends += ':', range.high);
+        ranges.append(ToQt(ends));
+    }
+    RememberRanges(ToQt(model_.Path()), ranges);
+}
+
 void StudiesWindow::Remember() {
+    RememberRangesNow();
     const MapRequest map = map_->Request();
     WindowMemory memory;
     memory.geometry = saveGeometry();
@@ -159,8 +186,17 @@ void StudiesWindow::changeEvent(QEvent* event) {
 
 void StudiesWindow::OpenPath(const std::string& path) {
     if (!MayLeave()) return;
+    if (!QFileInfo(ToQt(path)).suffix().compare("tks", Qt::CaseInsensitive))
+        OpenStudyFile(path);
+    else
+        OpenProjectFile(path);
+}
+
+void StudiesWindow::OpenProjectFile(const std::string& path) {
+    RememberRangesNow();
     try {
         model_.Open(path);
+        RestoreRanges();
     } catch (const RunTimeError& error) {
         return OfferCopy(path, error.text);
     } catch (const StudyRefusal& refusal) {

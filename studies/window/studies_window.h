@@ -7,6 +7,7 @@
 #include <QMainWindow>
 #include <string>
 
+#include "core/studies/kept_study.h"
 #include "studies/model/study_model.h"
 #include "studies/window/unsaved_work.h"
 
@@ -17,9 +18,11 @@ class QTabWidget;
 
 namespace tarvokol {
 
+class ComparePage;
 class MapPage;
 class NoticeBar;
 class ProjectPanel;
+class RiskPage;
 class StudyPage;
 class TablePage;
 
@@ -32,8 +35,11 @@ class StudiesWindow : public QMainWindow {
 
     StudyModel& Model() { return model_; }
 
-    // Opens a project; what stands in the way is told in the window. Asks about unsaved changes first.
+    // Opens a project or a kept study; what stands in the way is told in the window. Asks about unsaved changes first.
     void OpenPath(const std::string& path);
+
+    // Keeps the study in a file: the project's figures and what every page asks for.
+    void KeepStudyIn(const std::string& path);
 
     // Asks about unsaved changes, and saves; false if the user wants to stay.
     bool MayLeave();
@@ -58,17 +64,21 @@ class StudiesWindow : public QMainWindow {
     QAction* Add(QMenu* menu, const QString& name, const QString& caption, const QKeySequence& keys,
                  void (StudiesWindow::*handler)());
     void Restore();
+    void RestoreRanges();
     void Remember();
+    void RememberRangesNow() const;
 
     void actNew_Triggered();
     void actNewMetric_Triggered();
     void actOpen_Triggered();
     void actSave_Triggered();
     void actSaveAs_Triggered();
+    void actPrint_Triggered();
     void actUndo_Triggered();
     void actRedo_Triggered();
     void actCopyPicture_Triggered();
     void actSavePicture_Triggered();
+    void actKeepStudy_Triggered();
     void actCopyFigures_Triggered();
     void actSaveFigures_Triggered();
     void actCopyCommand_Triggered();
@@ -83,6 +93,13 @@ class StudiesWindow : public QMainWindow {
     void Page_Shown();
 
     void OpenDropped(const std::string& path);
+    void OpenProjectFile(const std::string& path);
+    void OpenStudyFile(const std::string& path);
+    std::string OpenProjectOf(const KeptStudy& study, const std::string& project);
+    void ShowStudy(const KeptStudy& study);
+    void TellOfStudysProject(const std::string& project, const std::string& fault,
+                             const std::string& changes);
+    KeptStudy StudyNow(const std::string& path) const;
     void NewProject(std::int16_t unit_system);
     void TellThatFileChanged();
     void Reload();
@@ -103,7 +120,9 @@ class StudiesWindow : public QMainWindow {
     ProjectPanel* panel_ = nullptr;
     QTabWidget* pages_ = nullptr;
     MapPage* map_ = nullptr;
+    RiskPage* risk_ = nullptr;
     TablePage* table_ = nullptr;
+    ComparePage* compare_ = nullptr;
     NoticeBar* notice_ = nullptr;
     QMenu* recent_ = nullptr;
     QAction* undo_ = nullptr;

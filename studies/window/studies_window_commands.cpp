@@ -10,12 +10,16 @@
 #include <QTabWidget>
 #include <QToolBar>
 
+#include "core/files/csv_reader.h"
 #include "core/files/file_replacement.h"
 #include "core/platform/common_dialogs.h"
 #include "core/platform/help_viewer.h"
 #include "core/platform/platform.h"
+#include "core/platform/printer_device.h"
 #include "core/program/start_up.h"
 #include "core/project/kept_copy.h"
+#include "core/project/project_state.h"
+#include "core/report/print_engine.h"
 #include "core/report/report_builder.h"
 #include "core/runtime/run_time_error.h"
 #include "core/settings/main_settings.h"
@@ -26,12 +30,15 @@
 #include "studies/pages/study_page.h"
 #include "studies/window/notice_bar.h"
 #include "studies/window/studies_window.h"
+#include "studies/window/study_printing.h"
 #include "studies/window/window_memory.h"
 
 namespace tarvokol {
 namespace {
 
-constexpr const char* kProjectFilter = "All Files (*.*)|*.*|TARVOKOL Projects (*.TKL)|*.TKL";
+constexpr const char* kProjectFilter =
+    "All Files (*.*)|*.*|Projects and Studies (*.TKL, *.TKS)|*.TKL;*.TKS|TARVOKOL Projects (*.TKL)|*.TKL|"
+    "TARVO-KOL Studies (*.TKS)|*.TKS";
 
 // The name of a project's file without folder and extension, for what is made of it.
 std::string StemOf(const StudyModel& model) {
@@ -62,6 +69,8 @@ void StudiesWindow::BuildFileMenu() {
     Add(menu, "actSave", "&Save", QKeySequence::Save, &StudiesWindow::actSave_Triggered);
     Add(menu, "actSaveAs", "Save &As...", QKeySequence("Ctrl+Shift+S"), &StudiesWindow::actSaveAs_Triggered);
     menu->addSeparator();
+    Add(menu, "actPrint", "&Print...", QKeySequence::Print, &StudiesWindow::actPrint_Triggered);
+    menu->addSeparator();
     QAction* quit = menu->addAction("&Quit", this, &StudiesWindow::close);
     quit->setObjectName("actQuit");
     quit->setShortcut(QKeySequence("Ctrl+Q"));
@@ -80,6 +89,9 @@ void StudiesWindow::BuildEditMenu() {
 
 void StudiesWindow::BuildPictureMenu() {
     QMenu* menu = menuBar()->addMenu("&Study");
+    Add(menu, "actKeepStudy", "&Keep Study...", QKeySequence("Ctrl+K"),
+        &StudiesWindow::actKeepStudy_Triggered);
+    menu->addSeparator();
     Add(menu, "actSavePicture", "Save &Picture...", QKeySequence("Ctrl+E"),
         &StudiesWindow::actSavePicture_Triggered);
     Add(menu, "actSaveFigures", "Save &Figures...", {}, &StudiesWindow::actSaveFigures_Triggered);
@@ -208,6 +220,33 @@ void StudiesWindow::actSavePicture_Triggered() {
     statusBar()->showMessage("Saved: " + ToQt(path), 5000);
 }
 
+// A file that is printed to is proposed by the name of the project.
+void StudiesWindow::actPrint_Triggered() {
+    const PrintedStudy study{model_.Title(), Page().PictureNow(), Page().ReportNow(), Page().CsvNow()};
+    const bool has_picture = !std::holds_alternative<std::monostate>(study.picture);
+    if (!has_picture && study.csv.empty()) return TellFault("", "there is nothing to print");
+    ProjectFileName = model_.Path().empty() ? kUntitled : model_.Path();
+    try {
+        ChoosePrinter(has_picture ? PrintedMatter::Graph : PrintedMatter::Report,
+                      dialog_flag::NoPrinterPagesNoSelection);
+        if (Platform.Printer == nullptr || !Platform.Printer->StartDoc()) return;
+        PrintStudy(study);
+        statusBar()->showMessage("Printed", 5000);
+    } catch (const StudyRefusal& refusal) {
+        TellFault("", refusal.what());
+    } catch (const TableFault& fault) {
+        TellFault("", fault.what());
+    } catch (const RunTimeError& error) {
+        if (error.number != error_number::Cancelled) TellFault("Print", error.text);
+    }
+}
+
+void StudiesWindow::actKeepStudy_Triggered() {
+    const std::string path =
+        AskForPath("Keep Study", StemOf(model_) + ".TKS", "TARVO-KOL Studies (*.TKS)|*.TKS", "TKS");
+    if (!path.empty()) KeepStudyIn(path);
+}
+
 void StudiesWindow::actCopyFigures_Triggered() {
     const std::string csv = Page().CsvNow();
     if (csv.empty()) return TellFault("", "there are no figures to copy");
@@ -219,10 +258,17 @@ void StudiesWindow::actSaveFigures_Triggered() {
     const std::string csv = Page().CsvNow();
     if (csv.empty()) return TellFault("", "there are no figures to save");
     const std::string path = AskForPath("Save Figures", StemOf(model_) + "_" + Page().PictureName() + ".csv",
-                                        "CSV (*.csv)|*.csv", "csv");
+                                        "CSV (*.csv)|*.csv|Workbook (*.xlsx)|*.xlsx", "csv");
     if (path.empty()) return;
     try {
-        ReplaceWholeFile(path, csv);
+        if (!QFileInfo(ToQt(path)).suffix().compare("xlsx", Qt::CaseInsensitive))
+            WriteStudyWorkbook(csv, path);
+        else
+            ReplaceWholeFile(path, csv);
+    } catch (const StudyRefusal& refusal) {
+        return TellFault(path, refusal.what());
+    } catch (const TableFault& fault) {
+        return TellFault(path, fault.what());
     } catch (const RunTimeError& error) {
         return TellFault(path, error.text);
     }

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "studies/window/window_memory.h"
 
+#include <QList>
 #include <QSettings>
+#include <algorithm>
 
 #include "core/settings/recent_file_settings.h"
 #include "qt/session/qt_text.h"
@@ -39,6 +41,27 @@ void WindowMemory::Write() const {
     memory.setValue("Map/X", map_x);
     memory.setValue("Map/Y", map_y);
     memory.setValue("Map/Figure", map_figure);
+}
+
+// The path stands first in its list: what a key may be called is no path.
+QStringList RememberedRanges(const QString& path) {
+    const Memory memory;
+    for (int i = 0; i < kMostRecent; ++i) {
+        QStringList kept = memory.value(QString("Ranges/%1").arg(i)).toStringList();
+        if (!kept.isEmpty() && kept.takeFirst() == path) return kept;
+    }
+    return {};
+}
+
+void RememberRanges(const QString& path, const QStringList& ranges) {
+    Memory memory;
+    QList<QStringList> all{QStringList(path) + ranges};
+    for (int i = 0; i < kMostRecent; ++i) {
+        const QStringList kept = memory.value(QString("Ranges/%1").arg(i)).toStringList();
+        if (!kept.isEmpty() && kept.first() != path) all.append(kept);
+    }
+    for (int i = 0; i < std::min(kMostRecent, static_cast<int>(all.size())); ++i)
+        memory.setValue(QString("Ranges/%1").arg(i), all[i]);
 }
 
 QStringList RecentProjects() {

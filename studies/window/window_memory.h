@@ -19,6 +19,11 @@ struct WindowMemory {
     void Write() const;
 };
 
+// The ranges of a project's fields as they stood last, in the order of the fields, "3:9" each; empty for a project that was
+// not among those of late.
+QStringList RememberedRanges(const QString& path);
+void RememberRanges(const QString& path, const QStringList& ranges);
+
 // The projects that were opened or saved here, the newest first, then those of the main program.
 QStringList RecentProjects();
 void RememberProject(const QString& path);

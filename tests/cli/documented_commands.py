@@ -75,6 +75,7 @@ def prepare(folder, source):
     shutil.copy(source / "examples/Contour_Bench_Shallow.TKL", folder / "panel.TKL")
     shutil.copy(source / "examples/Tamsin_Ridge_Boreholes.csv", folder / "boreholes.csv")
     shutil.copy(source / "examples/Tamsin_Ridge_Strengths.csv", folder / "strengths.csv")
+    shutil.copy(source / "tests/fuzz/corpus/fuzz_kept_study/whole", folder / "shallow.TKS")
     (folder / "survey.csv").write_text("Hole,DepthCover,Height,Note\nA,60,4.5,x\n")
 
 

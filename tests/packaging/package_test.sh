@@ -120,7 +120,8 @@ test_projects_open_in_the_main_program() {
     cp -r "$share/applications" "$scratch/applications"
     update-desktop-database "$scratch/applications"
     holds "programs for projects" "$(cat "$scratch/applications/mimeinfo.cache")" \
-        "application/x-tarvokol=tarvokol.desktop;tarvokol_studies.desktop;"
+        "application/x-tarvokol=tarvokol.desktop;tarvokol_studies.desktop;" \
+        "application/x-tarvokol-study=tarvokol_studies.desktop;"
 }
 
 test_metainfo_is_valid_and_tells_the_releases() {
@@ -135,7 +136,8 @@ test_metainfo_is_valid_and_tells_the_releases() {
 test_projects_are_known_by_name_and_content() {
     cp -r "$share/mime" "$scratch/mime"
     clean "type of projects" env XDG_DATA_DIRS="$scratch" update-mime-database "$scratch/mime"
-    holds "globs" "$(cat "$scratch/mime/globs2")" "50:application/x-tarvokol:*.tkl"
+    holds "globs" "$(cat "$scratch/mime/globs2")" "50:application/x-tarvokol:*.tkl" \
+        "50:application/x-tarvokol-study:*.tks"
     holds "icons of types" "$(cat "$scratch/mime/icons")" "application/x-tarvokol:application-x-tarvokol"
     # The words that every example begins with, at the file's first byte: their length is two bytes, 12.
     same "begin of a project" "TARVOKOL_101" "$(head -c 12 "$source/examples/Thick_Seam_Pit.TKL")"

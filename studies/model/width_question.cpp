@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "studies/model/width_question.h"
+
+#include <new>
+
+#include "core/runtime/run_time_error.h"
+#include "core/statistics/study_refusal.h"
+#include "core/studies/picture_parts.h"
+#include "studies/model/map_study.h"
+
+namespace tarvokol {
+namespace {
+
+constexpr double kPercent = 100.0;
+
+std::string Rounded(double value) {
+    return RoundedText(value, kFigureDigits);
+}
+
+std::string InPercent(double share) {
+    constexpr int kDigits = 3;
+    return RoundedText(kPercent * share, kDigits) + " %";
+}
+
+std::string WordsOf(const FoundValue& found, const std::string& unit) {
+    std::string words = Rounded(found.value) + " " + unit + " (" + Rounded(found.low) + " to " +
+                        Rounded(found.high) + ", 95 % interval of sampling)";
+    if (found.used != found.value) words += ", rounded " + Rounded(found.used) + " " + unit;
+    return words + ": below the target in " + InPercent(found.after.below.value) + " (" +
+           InPercent(found.after.below.low) + " to " + InPercent(found.after.below.high) + "), now in " +
+           InPercent(found.before.below.value);
+}
+
+}  // namespace
+
+WidthOutcome CalculateWidth(const WidthQuestion& question, const RiskPlan& plan, const Panel& panel,
+                            unsigned threads, StudyObserver& observer) {
+    try {
+        if (plan.fields.empty()) return std::string("no figure is uncertain: add a field");
+        DesignRequest request = RequestOf(question, plan, panel);
+        request.risk.threads = threads;
+        const auto result = RunDesign(request, observer);
+        if (!result) return {};
+        const FoundValue& found = result->found.front();
+        return WidthAnswer{WordsOf(found, UnitOfField(question.field, panel.units)), found.used};
+    } catch (const StudyRefusal& refusal) {
+        return std::string(refusal.what());
+    } catch (const RunTimeError& error) {
+        return error.text;
+    } catch (const std::bad_alloc&) {
+        return std::string("out of memory: take fewer samples");
+    }
+}
+
+std::string CommandOfWidth(const WidthQuestion& question, const RiskPlan& plan, const Panel& panel,
+                           const std::string& project_path) {
+    return ShellLine("tarvokol-cli design", project_path, WordsOfWidth(question, plan, panel));
+}
+
+}  // namespace tarvokol
