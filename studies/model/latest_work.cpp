@@ -85,7 +85,6 @@ void LatestWork::Work(const std::shared_ptr<State>& state) {
         std::uint64_t asked = 0;
         {
             std::unique_lock lock(state->mutex);
-            state->running = false;
             state->asked.wait(lock, [&] { return state->ended || state->waiting; });
             if (state->ended) return;
             job = std::exchange(state->waiting, nullptr);
@@ -95,11 +94,9 @@ void LatestWork::Work(const std::shared_ptr<State>& state) {
         state->progress = -1.0;
         WantedObserver observer(state->drops, asked, state->progress);
         Show show = job(observer);
-        {
-            // Nobody who sees the picture finds the work still running.
-            const std::scoped_lock lock(state->mutex);
-            state->running = false;
-        }
+        // Nobody who sees the picture finds the work still running, and nobody who finds it done comes before the picture.
+        const std::scoped_lock lock(state->mutex);
+        state->running = false;
         if (state->drops != asked) continue;
         state->post([state, asked, show = std::move(show)] {
             if (state->drops == asked && show) show();

@@ -14,7 +14,7 @@ namespace tarvokol {
 // Calculates one job at a time in a thread of its own. Used by one thread, the window's.
 class LatestWork {
   public:
-    // Brings a call to the window's thread, from any thread, in the order of the calls.
+    // Brings a call to the window's thread, from any thread, in the order of the calls; asks nothing of the work itself.
     using Post = std::function<void(std::function<void()>)>;
 
     // Shows what a job has found; runs in the window's thread.
@@ -36,8 +36,10 @@ class LatestWork {
     // Ends what runs, and nothing that was asked for so far is shown any more.
     void Drop();
 
-    // True while a job runs or waits; its progress, from 0 to 1, below 0 while it is not known.
+    // True while a job runs or waits; false no earlier than what it shows is posted.
     bool IsBusy() const;
+
+    // Of the job that runs, from 0 to 1; below 0 while it is not known.
     double Progress() const;
 
   private:

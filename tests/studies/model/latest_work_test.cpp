@@ -2,10 +2,14 @@
 // Work beside the window: the newest request wins, and what is not wanted is never shown.
 #include "studies/model/latest_work.h"
 
+#include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <deque>
+#include <functional>
 #include <latch>
 #include <mutex>
+#include <thread>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -67,6 +71,17 @@ TEST_F(LatestWorkTest, ShowsWhatWasAskedFor) {
     queue.RunNext();
     EXPECT_THAT(shown, ElementsAre(1, 2));
     EXPECT_FALSE(work.IsBusy());
+}
+
+TEST_F(LatestWorkTest, IsBusyUntilWhatItShowsIsPosted) {
+    std::atomic<bool> posted = false;
+    LatestWork work([&posted](const std::function<void()>&) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        posted = true;
+    });
+    work.Ask(Shows(1));
+    while (work.IsBusy()) std::this_thread::yield();
+    EXPECT_TRUE(posted);
 }
 
 TEST_F(LatestWorkTest, OfWhatWaitsTheLastIsCalculated) {
