@@ -31,13 +31,18 @@ std::string WordsOf(const FoundValue& found, const std::string& unit) {
            InPercent(found.before.below.value);
 }
 
+// What a drawing can answer; raises what is wrong with it.
+DesignRequest SoundRequest(const WidthQuestion& question, const RiskPlan& plan, const Panel& panel) {
+    if (plan.fields.empty()) throw StudyRefusal("no figure is uncertain: add a field");
+    return RequestOf(question, plan, panel);
+}
+
 }  // namespace
 
 WidthOutcome CalculateWidth(const WidthQuestion& question, const RiskPlan& plan, const Panel& panel,
                             unsigned threads, StudyObserver& observer) {
     try {
-        if (plan.fields.empty()) return std::string("no figure is uncertain: add a field");
-        DesignRequest request = RequestOf(question, plan, panel);
+        DesignRequest request = SoundRequest(question, plan, panel);
         request.risk.threads = threads;
         const auto result = RunDesign(request, observer);
         if (!result) return {};
@@ -54,6 +59,7 @@ WidthOutcome CalculateWidth(const WidthQuestion& question, const RiskPlan& plan,
 
 std::string CommandOfWidth(const WidthQuestion& question, const RiskPlan& plan, const Panel& panel,
                            const std::string& project_path) {
+    SoundRequest(question, plan, panel);
     return ShellLine("tarvokol-cli design", project_path, WordsOfWidth(question, plan, panel));
 }
 

@@ -24,7 +24,8 @@ using WidthOutcome = std::variant<std::monostate, WidthAnswer, std::string>;
 WidthOutcome CalculateWidth(const WidthQuestion& question, const RiskPlan& plan, const Panel& panel,
                             unsigned threads, StudyObserver& observer);
 
-// The line of the command line that asks the same of the project's file.
+// The line of the command line that asks the same of the project's file. Raises StudyRefusal or RunTimeError where there is nothing
+// to ask.
 std::string CommandOfWidth(const WidthQuestion& question, const RiskPlan& plan, const Panel& panel,
                            const std::string& project_path);
 

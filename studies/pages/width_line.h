@@ -35,7 +35,7 @@ class WidthLine : public QWidget {
     bool IsBusy() const { return work_.IsBusy(); }
     const std::optional<WidthAnswer>& Answer() const { return answer_; }
 
-    // The line of the command line that asks the same of the project's file.
+    // The line of the command line that asks the same of the project's file. Raises as CommandOfWidth.
     std::string Command(const std::string& project_path) const;
 
   private:

@@ -82,6 +82,7 @@ class StudiesWindow : public QMainWindow {
     void actCopyFigures_Triggered();
     void actSaveFigures_Triggered();
     void actCopyCommand_Triggered();
+    void actCopyWidthCommand_Triggered();
     void actNextPage_Triggered();
     void actHelpPage_Triggered();
     void actHelpContents_Triggered();
@@ -92,6 +93,7 @@ class StudiesWindow : public QMainWindow {
     void File_Changed();
     void Page_Shown();
 
+    void CopyCommand(const std::string& command);
     void OpenDropped(const std::string& path);
     void OpenProjectFile(const std::string& path);
     void OpenStudyFile(const std::string& path);

@@ -85,6 +85,8 @@ void StudiesWindow::BuildEditMenu() {
         &StudiesWindow::actCopyPicture_Triggered);
     Add(menu, "actCopyFigures", "Copy &Figures", {}, &StudiesWindow::actCopyFigures_Triggered);
     Add(menu, "actCopyCommand", "Copy as Co&mmand", {}, &StudiesWindow::actCopyCommand_Triggered);
+    Add(menu, "actCopyWidthCommand", "Copy &Width as Command", {},
+        &StudiesWindow::actCopyWidthCommand_Triggered);
 }
 
 void StudiesWindow::BuildPictureMenu() {
@@ -276,12 +278,25 @@ void StudiesWindow::actSaveFigures_Triggered() {
 }
 
 // The command line reads the file, so what is not saved would be missing there.
-void StudiesWindow::actCopyCommand_Triggered() {
-    const std::string command = Page().CommandNow();
+void StudiesWindow::CopyCommand(const std::string& command) {
     if (command.empty() || model_.IsChanged())
         return TellFault("", "The command works on the project's file: save the project first");
     QApplication::clipboard()->setText(ToQt(command));
     statusBar()->showMessage("The command is on the clipboard", 5000);
+}
+
+void StudiesWindow::actCopyCommand_Triggered() {
+    CopyCommand(Page().CommandNow());
+}
+
+void StudiesWindow::actCopyWidthCommand_Triggered() {
+    try {
+        CopyCommand(model_.Path().empty() ? "" : risk_->Width().Command(model_.Path()));
+    } catch (const StudyRefusal& refusal) {
+        TellFault("Width", refusal.what());
+    } catch (const RunTimeError& error) {
+        TellFault("Width", error.text);
+    }
 }
 
 void StudiesWindow::actNextPage_Triggered() {

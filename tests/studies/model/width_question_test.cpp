@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "core/project/project_document.h"
+#include "core/statistics/study_refusal.h"
 #include "studies/model/risk_plan.h"
 #include "tests/studies/model/worked_project.h"
 
@@ -55,6 +56,13 @@ TEST(WidthQuestions, HaveALineOfTheCommandLine) {
                              "my panel.TKL"),
               "tarvokol-cli design 'my panel.TKL' --random CoalStrength=normal:100%:15% --samples 100000 "
               "--seed 1 --find BarrierPillarWidth --until 'BarrierPillar<2' --probability 1% --step 0.5");
+}
+
+TEST(WidthQuestions, ThatNobodyCouldAnswerHaveNone) {
+    EXPECT_THROW(CommandOfWidth({}, {}, WorkedPanel(), "panel.TKL"), StudyRefusal);
+    EXPECT_THROW(
+        CommandOfWidth({PanelField::WebThickness, "5%", "0"}, NormalStrength(), WorkedPanel(), "panel.TKL"),
+        StudyRefusal);
 }
 
 TEST(RiskPlans, TellWhatIsWrongWithACorrelation) {

@@ -33,9 +33,9 @@ class RandomInput : public StudiesWindowTest {
                         dice.Whole(0, 4) == 0 ? Qt::ShiftModifier : Qt::NoModifier);
     }
     void ChooseAny() {
-        static const std::vector<std::string> actions{"actNew",         "actNewMetric",   "actUndo",
-                                                      "actUndo",        "actRedo",        "actSave",
-                                                      "actCopyCommand", "actCopyFigures", "actAbout"};
+        static const std::vector<std::string> actions{
+            "actNew",         "actNewMetric",        "actUndo",        "actUndo", "actRedo", "actSave",
+            "actCopyCommand", "actCopyWidthCommand", "actCopyFigures", "actAbout"};
         Host.Messages.Answers = {dice.Whole(0, 1) == 0 ? box_result::No : box_result::Cancel};
         Choose(actions[static_cast<std::size_t>(dice.Whole(0, static_cast<int>(actions.size()) - 1))]);
     }

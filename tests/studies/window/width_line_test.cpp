@@ -2,6 +2,8 @@
 // Correlations, and the width for a probability, by the controls of the risk page.
 #include "studies/pages/width_line.h"
 
+#include <QClipboard>
+
 #include "studies/pages/risk_page.h"
 #include "tests/studies/window/studies_window_fixture.h"
 
@@ -46,6 +48,26 @@ TEST_F(RiskControls, AnAnswerGoesWithItsFigures) {
     Type("DepthCover_Box", "120");
     EXPECT_FALSE(Find("Width_Take").isEnabled());
     EXPECT_EQ(TextOf("Width_Words"), "");
+}
+
+TEST_F(RiskControls, TheWidthIsAskedByACommand) {
+    Type("Width_Probability", "1%");
+    EXPECT_TRUE(Choose("actCopyWidthCommand"));
+    EXPECT_EQ(FromQt(QApplication::clipboard()->text()),
+              "tarvokol-cli design " + PathTo("panel.TKL") +
+                  " --random CoalStrength=normal:100%:15% --samples 20000 --seed 1 --find WebThickness "
+                  "--until 'WebsOnly<1.6' --probability 1%");
+    Type("DepthCover_Box", "120");
+    EXPECT_TRUE(Choose("actCopyWidthCommand"));
+    EXPECT_EQ(Notice(), "The command works on the project's file: save the project first");
+}
+
+TEST_F(RiskControls, AWidthThatCannotBeAskedForHasNoCommand) {
+    QApplication::clipboard()->setText("as before");
+    Type("Width_Probability", "0");
+    EXPECT_TRUE(Choose("actCopyWidthCommand"));
+    EXPECT_EQ(Notice(), "Width: WebThickness: the probability must lie between 0 and 100 %, both left out");
+    EXPECT_EQ(FromQt(QApplication::clipboard()->text()), "as before");
 }
 
 TEST_F(RiskControls, TwoFieldsAreCorrelated) {
