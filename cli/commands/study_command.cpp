@@ -69,8 +69,8 @@ class Study : public Command {
     std::string Summary() const override { return "A study that the window of TARVO-KOL Studies has kept"; }
 
     void Describe(CommandOptions& options) override {
-        AddSettings(options, options_);
-        AddOutput(options, options_,
+        AddSettings(options, options_, ResultOf::Command);
+        AddOutput(options, options_, ResultOf::Command,
                   "Write figures or a picture: a map .csv, .json, .xlsx, .png, .svg, .pdf; a risk .txt, "
                   ".json, .png, .svg, .pdf; table and designs .csv, .json, .xlsx; a width .txt, .json, .csv, "
                   ".png, .svg, .pdf",

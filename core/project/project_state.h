@@ -47,7 +47,8 @@ namespace state {
 inline ProjectStateValues Project;
 }
 // Written by core/program/start_up, core/project/file_conversion, core/project/file_questions, core/project/lifecycle,
-// core/project/recent_files, cli/commands/bulk_run, desktop/main/frmMain and studies/window/unsaved_work.
+// core/project/recent_files, cli/commands/bulk_run, desktop/main/frmMain, studies/window/studies_window_commands and
+// studies/window/unsaved_work.
 inline auto& ProjectFileName = state::Project.ProjectFileName;
 // Written by core/project/lifecycle, core/project/recent_files, cli/commands/bulk_run and desktop/main/frmMain.
 inline auto& PreviousFileName = state::Project.PreviousFileName;

@@ -28,6 +28,7 @@
 #include "qt/session/qt_text.h"
 #include "studies/pages/file_choice.h"
 #include "studies/pages/study_page.h"
+#include "studies/pages/width_line.h"
 #include "studies/window/notice_bar.h"
 #include "studies/window/studies_window.h"
 #include "studies/window/study_printing.h"

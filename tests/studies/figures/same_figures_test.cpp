@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "core/statistics/study_numbers.h"
+#include "studies/model/field_range.h"
 #include "studies/model/map_study.h"
 #include "studies/model/panel_reading.h"
 #include "studies/model/risk_plan.h"
