@@ -4,9 +4,9 @@
 
     tests/cli/complete_commands.py TARVOKOL_CLI SOURCE
 
-A command has one file in cli/commands, a schema that the list of schemas names, a row in a help topic, an entry in the man page and in
-the completions for bash, zsh and fish, which are made of its help, a run in schemas.py, and a test. A command that does not
-exist lacks all of it, which shows that this test looks.
+A command has one file in cli/commands, a schema of its own or another's that the list of schemas names, a row in a help topic, an
+entry in the man page and in the completions for bash, zsh and fish, which are made of its help, a run in schemas.py, and a test. A
+command that does not exist lacks all of it, which shows that this test looks.
 """
 import pathlib
 import re
@@ -48,8 +48,10 @@ class Brought:
     def looks(self, name):
         """What is asked for, and whether the command has it."""
         yield "file in cli/commands", (self.source / f"cli/commands/{name}_command.cpp").exists()
-        yield "schema", (self.source / f"docs/schema/{name}.schema.json").exists()
-        yield "row in docs/schema/README.md", f"`{name}`" in self.schemas
+        row = next((row for row in self.schemas.splitlines() if row.startswith("|") and f"`{name}`" in row), "")
+        schemas = re.findall(r"`([a-z]+\.schema\.json)`", row)
+        yield "row in docs/schema/README.md", row
+        yield "schema", schemas and all((self.source / "docs/schema" / schema).exists() for schema in schemas)
         yield "row in a help topic", re.search(rf"<t[dh]><code>{name}\b|<td>(\w+, )*{name}\b", self.topics)
         yield "entry in the man page", f".SS {name}\n" in self.made["tarvokol-cli.1"]
         yield "completion for bash", re.search(rf'1\*\) words="[^"]*\b{name}\b', self.made["tarvokol-cli"])
