@@ -197,16 +197,19 @@ TEST_F(Windows, TheHelpComesBackWhereItWas) {
         before = FramePlace();
         return std::abs(before.x - 300) < 30 && std::abs(before.y - 120) < 40 && ActivePlace().width == 600 &&
                before.x == last.x && before.y == last.y;
-    })) << before.x << ", " << before.y;
+    })) << before.x
+        << ", " << before.y;
     PressTo("Escape", Caption());
     PressTo("F1", "TARVO-KOL Help");
     const auto is_there = [&] { return FramePlace().x == before.x && FramePlace().y == before.y; };
-    EXPECT_TRUE(Eventually(is_there)) << FramePlace().x << ", " << FramePlace().y << " for " << before.x << ", " << before.y;
+    EXPECT_TRUE(Eventually(is_there))
+        << FramePlace().x << ", " << FramePlace().y << " for " << before.x << ", " << before.y;
     EXPECT_EQ(ActivePlace().width, 600);
     // Once more, from where it came back to: it does not wander.
     PressTo("Escape", Caption());
     PressTo("F1", "TARVO-KOL Help");
-    EXPECT_TRUE(Eventually(is_there)) << FramePlace().x << ", " << FramePlace().y << " for " << before.x << ", " << before.y;
+    EXPECT_TRUE(Eventually(is_there))
+        << FramePlace().x << ", " << FramePlace().y << " for " << before.x << ", " << before.y;
 }
 
 // Of the desktops that name one, this is the one whose file tells.
