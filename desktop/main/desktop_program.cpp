@@ -2,8 +2,6 @@
 #include "desktop/main/desktop_program.h"
 
 #include <QApplication>
-#include <QFont>
-#include <QFontDatabase>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -21,6 +19,7 @@
 #include "desktop/base/typed_texts.h"
 #include "desktop/main/frmMain.h"
 #include "qt/session/program_application.h"
+#include "qt/session/program_font.h"
 #include "qt/session/qt_text.h"
 #include "qt/session/session_end.h"
 
@@ -34,15 +33,6 @@ constexpr const char* kUsage =
     "  --help     this text\n"
     "  --version  the program's version\n\n"
     "For scripts and many projects: tarvokol-cli --help\n";
-
-// The desktop's font and size are the program's. Where no desktop names one, the toolkit has a generic name, and the family
-// that the system falls back on for it varies with what else is installed.
-void SetProgramFont() {
-    constexpr int kPoints = 10;
-    const QString family = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
-    if (!family.isEmpty() && !family.startsWith("sans", Qt::CaseInsensitive)) return;
-    QApplication::setFont(QFont("Liberation Sans", kPoints));
-}
 
 void KeepEverything() {
     KeepAllTypedTexts();

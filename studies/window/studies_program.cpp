@@ -2,7 +2,6 @@
 #include "studies/window/studies_program.h"
 
 #include <QApplication>
-#include <QFont>
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
@@ -13,6 +12,7 @@
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
 #include "qt/session/program_application.h"
+#include "qt/session/program_font.h"
 #include "qt/session/qt_text.h"
 #include "qt/session/session_end.h"
 #include "studies/window/studies_window.h"
@@ -62,10 +62,9 @@ void StartStudies() {
 }
 
 int RunStudies(ProgramApplication& application) {
-    constexpr int kPoints = 10;
     QApplication::setApplicationName("tarvokol-studies");
     QApplication::setDesktopFileName("tarvokol_studies");
-    QApplication::setFont(QFont("Liberation Sans", kPoints));
+    SetProgramFont();
     StudiesBindings bindings;
     bindings.Install();
     int status = EXIT_FAILURE;
