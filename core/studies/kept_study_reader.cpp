@@ -96,9 +96,15 @@ bool ReadFigure(Panel& panel, const std::string& key, const std::string& value) 
     return true;
 }
 
-std::vector<std::string> FigureKeys() {
-    std::vector<std::string> keys{"UnitSystem", "CrosscutSpacing", "CrosscutAngle"};
+std::vector<std::string> FieldKeys() {
+    std::vector<std::string> keys;
     for (const PanelFieldFacts& facts : kPanelFields) keys.emplace_back(facts.name);
+    return keys;
+}
+
+std::vector<std::string> FigureKeys() {
+    std::vector<std::string> keys = FieldKeys();
+    keys.insert(keys.begin(), {"UnitSystem", "CrosscutSpacing", "CrosscutAngle"});
     return keys;
 }
 
@@ -166,6 +172,7 @@ void StudyReader::RequireKeys(const std::vector<std::string>& keys) const {
 void StudyReader::EndSection() {
     if (section_ == "TARVO-KOL Study") RequireKeys({"Version", "Page"});
     if (section_ == "Project") RequireKeys(FigureKeys());
+    if (section_ == "Ranges") RequireKeys(FieldKeys());
     if (section_ == "Map") RequireKeys({"X", "Y", "Figure"});
     if (section_ == "Risk") RequireKeys({"Samples", "Seed"});
     if (section_ == "Width") RequireKeys({"Field", "Probability", "Step"});

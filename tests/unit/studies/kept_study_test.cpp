@@ -150,6 +150,7 @@ TEST(KeptStudies, FiguresAreHeldAgainstTheirFields) {
     EXPECT_EQ(FaultOf(ReplaceAll(TextOfStudy(StudyToKeep()), "UnitSystem=0", "UnitSystem=2")),
               "a.TKS, line 8: UnitSystem: \"2\" does not lie from 0 to 1");
     EXPECT_EQ(FaultOf(With("DepthCover=120.1", "")), "a.TKS, line 22: [Project] ends without DepthCover");
+    EXPECT_EQ(FaultOf(With("NumberHoles=1:20", "")), "a.TKS, line 35: [Ranges] ends without NumberHoles");
 }
 
 // Whatever is cut off, nobody takes the rest for the whole.
