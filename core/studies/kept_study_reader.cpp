@@ -98,6 +98,7 @@ bool ReadFigure(Panel& panel, const std::string& key, const std::string& value) 
 
 std::vector<std::string> FieldKeys() {
     std::vector<std::string> keys;
+    keys.reserve(kPanelFields.size());
     for (const PanelFieldFacts& facts : kPanelFields) keys.emplace_back(facts.name);
     return keys;
 }
