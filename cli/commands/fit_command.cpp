@@ -12,6 +12,7 @@
 #include "cli/commands/share_words.h"
 #include "cli/commands/study_base.h"
 #include "cli/output/drawing.h"
+#include "cli/output/failure.h"
 #include "cli/output/json.h"
 #include "cli/output/output_target.h"
 #include "cli/output/progress_bar.h"
@@ -220,16 +221,7 @@ class Fit : public Command {
         return status;
     }
 
-    int TellFailure(const std::string& why) const {
-        if (!options_.json) return Tell(why, exit_status::Refused);
-        JsonMembers object;
-        object.Add("file", file_);
-        object.Add("ok", false);
-        object.Add("messages", std::vector<std::string>{why});
-        object.Add("schema", kSchemaVersion);
-        std::cout << object.Line();
-        return exit_status::Refused;
-    }
+    int TellFailure(const std::string& why) const { return TellFailureOf(file_, why, options_.json); }
 
     // The column must be in a unit of the field, of one system or the other.
     void RequireUnit(PanelField field, const MeasuredColumn& column) const {

@@ -11,6 +11,7 @@
 #include "cli/line/help_text.h"
 #include "cli/line/settings_file.h"
 #include "cli/line/standard_input.h"
+#include "cli/output/failure.h"
 #include "cli/output/json.h"
 #include "cli/output/output_target.h"
 #include "cli/output/said_lines.h"
@@ -108,10 +109,7 @@ std::string StudyCommand::Title() const {
 // With --json the failure is an object for the project. A file of objects is left as it was, as one of another form is.
 int StudyCommand::TellFailure(const DataError& error) const {
     if (!options_.json) return Tell(error.line, exit_status::Refused);
-    JsonMembers object;
-    object.Add("file", project_);
-    object.Add("ok", false);
-    object.Add("messages", error.messages);
+    JsonMembers object = FailureMembers(project_, error.messages);
     if (error.error_number != 0) object.Append(ErrorMember(error.error_number, error.error_text));
     object.Add("schema", kSchemaVersion);
     std::cout << object.Line();

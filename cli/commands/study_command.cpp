@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <filesystem>
-#include <iostream>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -11,7 +10,8 @@
 #include "cli/commands/commands.h"
 #include "cli/commands/study_base.h"
 #include "cli/line/own_words.h"
-#include "cli/output/json.h"
+#include "cli/line/word_list.h"
+#include "cli/output/failure.h"
 #include "cli/output/output_target.h"
 #include "cli/output/said_lines.h"
 #include "core/files/whole_file.h"
@@ -44,12 +44,6 @@ const PageFacts& FactsOfPage(StudyPages page) {
 
 std::vector<std::string> PageWords() {
     return {kStudyPageNames.begin(), kStudyPageNames.end()};
-}
-
-std::string Listed(const std::vector<std::string>& words) {
-    std::string listed;
-    for (const std::string& word : words) listed += (listed.empty() ? "" : ", ") + word;
-    return listed;
 }
 
 ProjectDocument DocumentOf(const KeptStudy& study) {
@@ -108,19 +102,7 @@ class Study : public Command {
     }
 
   private:
-    int TellFailure(const std::string& why) const {
-        if (!options_.json) {
-            Say(why);
-            return exit_status::Refused;
-        }
-        JsonMembers object;
-        object.Add("file", file_);
-        object.Add("ok", false);
-        object.Add("messages", std::vector<std::string>{why});
-        object.Add("schema", kSchemaVersion);
-        std::cout << object.Line();
-        return exit_status::Refused;
-    }
+    int TellFailure(const std::string& why) const { return TellFailureOf(file_, why, options_.json); }
 
     StudyPages PageOf(const KeptStudy& study) const {
         if (page_.empty()) return study.page;
@@ -180,17 +162,16 @@ class Study : public Command {
         try {
             present = DocumentIfSound(ReadWholeFile(path, kLargestProject));
         } catch (const RunTimeError& error) {
-            return SayOf(file_, "its project " + path + ": " + error.text +
-                                    "; the figures are those that the study keeps");
+            return SayOfProject(path, ": " + error.text);
         }
-        if (!present)
-            return SayOf(file_, "its project " + path +
-                                    " is no project any more; the figures are those that the study keeps");
+        if (!present) return SayOfProject(path, " is no project any more");
         const Panel panel{present->inputs, static_cast<Units>(present->unit_system)};
         const std::string changes = ChangesSince(study.panel, panel);
-        if (!changes.empty())
-            SayOf(file_, "its project " + path + " has changed since: " + changes +
-                             "; the figures are those that the study keeps");
+        if (!changes.empty()) SayOfProject(path, " has changed since: " + changes);
+    }
+
+    void SayOfProject(const std::string& path, const std::string& what) const {
+        SayOf(file_, "its project " + path + what + "; the figures are those that the study keeps");
     }
 
     int Answer(const KeptStudy& study, HeadlessPlatform& host) const {

@@ -9,17 +9,12 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/line/arguments.h"
+#include "cli/line/word_list.h"
 #include "core/runtime/nearest_word.h"
 #include "core/statistics/study_numbers.h"
 
 namespace tarvokol::cli {
 namespace {
-
-std::string Listed(const std::vector<std::string>& words, const char* divider) {
-    std::string listed;
-    for (const std::string& word : words) listed += (listed.empty() ? "" : divider) + word;
-    return listed;
-}
 
 CLI::Validator OneOf(const std::vector<std::string>& words) {
     const auto refusal = [words](const std::string& given) -> std::string {

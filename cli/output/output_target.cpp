@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include "cli/line/standard_input.h"
+#include "cli/line/word_list.h"
 #include "core/files/file_system.h"
 #include "core/files/os_errors.h"
 #include "core/files/unfinished_files.h"
@@ -27,12 +28,6 @@ std::string LowerExtension(const std::string& path) {
         return c < 0x80 ? static_cast<char>(std::tolower(c)) : static_cast<char>(c);
     });
     return extension;
-}
-
-std::string Joined(const std::vector<std::string>& words) {
-    std::string text;
-    for (const std::string& word : words) text += (text.empty() ? "" : ", ") + word;
-    return text;
 }
 
 constexpr const char* kExists = ": file already exists (--force replaces it)";
@@ -67,7 +62,7 @@ void OutputTarget::ChooseFormat(const Options& options, const std::vector<std::s
         format_ = asked;
     } else {
         format_ = LowerExtension(output_);
-        if (!is_known(format_)) throw UsageError{"-o: the extension must be one of " + Joined(extensions)};
+        if (!is_known(format_)) throw UsageError{"-o: the extension must be one of " + Listed(extensions)};
         if (!asked.empty() && asked != format_)
             throw UsageError{"--format: " + output_ + " has the extension of another format"};
     }

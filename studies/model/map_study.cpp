@@ -1,19 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "studies/model/map_study.h"
 
-#include <new>
-
-#include "core/runtime/run_time_error.h"
-#include "core/statistics/study_refusal.h"
+#include "studies/model/answer_or_words.h"
 
 namespace tarvokol {
+
 std::span<const StudyFigure> CurvesOfFigure(const StudyFigure& figure) {
     return figure.IsFactor() ? FactorFigures() : std::span(&figure, 1);
 }
 
 MapOutcome CalculateMapStudy(const MapRequest& request, const Panel& panel, const std::string& title,
                              unsigned threads, StudyObserver& observer) {
-    try {
+    return AnswerOrWords<MapOutcome>("take narrower ranges", [&]() -> MapOutcome {
         SweepRequest sweep = SweepOf(request, panel);
         sweep.threads = threads;
         if (request.y) {
@@ -24,13 +22,7 @@ MapOutcome CalculateMapStudy(const MapRequest& request, const Panel& panel, cons
             if (picture) return std::move(*picture);
         }
         return {};
-    } catch (const StudyRefusal& refusal) {
-        return std::string(refusal.what());
-    } catch (const RunTimeError& error) {
-        return error.text;
-    } catch (const std::bad_alloc&) {
-        return std::string("out of memory: take narrower ranges");
-    }
+    });
 }
 
 std::string CommandOfMap(const MapRequest& request, const std::string& project_path) {

@@ -2,14 +2,13 @@
 #include "studies/model/risk_plan.h"
 
 #include <algorithm>
-#include <new>
 #include <utility>
 
 #include "core/files/csv_writer.h"
-#include "core/runtime/run_time_error.h"
 #include "core/runtime/text.h"
 #include "core/statistics/study_numbers.h"
 #include "core/statistics/study_refusal.h"
+#include "studies/model/answer_or_words.h"
 #include "studies/model/map_study.h"
 #include "studies/model/study_csv.h"
 
@@ -88,7 +87,7 @@ std::string FaultOfCorrelation(const RiskPlan& plan, std::size_t i, const Panel&
 
 RiskOutcome CalculateRisk(const RiskPlan& plan, const Panel& panel, const std::string& title,
                           unsigned threads, StudyObserver& observer) {
-    try {
+    return AnswerOrWords<RiskOutcome>("take fewer samples", [&]() -> RiskOutcome {
         if (plan.fields.empty()) return std::string("no figure is uncertain: add a field");
         RiskRequest request = RequestOf(plan, panel);
         request.keep_samples = true;
@@ -96,13 +95,7 @@ RiskOutcome CalculateRisk(const RiskPlan& plan, const Panel& panel, const std::s
         const auto result = RunRisk(request, observer);
         if (!result) return {};
         return RiskReading{SpreadOf(request, *result, title), result->risk};
-    } catch (const StudyRefusal& refusal) {
-        return std::string(refusal.what());
-    } catch (const RunTimeError& error) {
-        return error.text;
-    } catch (const std::bad_alloc&) {
-        return std::string("out of memory: take fewer samples");
-    }
+    });
 }
 
 std::string CsvOfRisk(const RiskReading& reading) {

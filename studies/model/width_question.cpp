@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "studies/model/width_question.h"
 
-#include <new>
-
-#include "core/runtime/run_time_error.h"
 #include "core/statistics/study_refusal.h"
 #include "core/studies/picture_parts.h"
+#include "studies/model/answer_or_words.h"
 #include "studies/model/map_study.h"
 
 namespace tarvokol {
@@ -41,20 +39,14 @@ DesignRequest SoundRequest(const WidthQuestion& question, const RiskPlan& plan, 
 
 WidthOutcome CalculateWidth(const WidthQuestion& question, const RiskPlan& plan, const Panel& panel,
                             unsigned threads, StudyObserver& observer) {
-    try {
+    return AnswerOrWords<WidthOutcome>("take fewer samples", [&]() -> WidthOutcome {
         DesignRequest request = SoundRequest(question, plan, panel);
         request.risk.threads = threads;
         const auto result = RunDesign(request, observer);
         if (!result) return {};
         const FoundValue& found = result->found.front();
         return WidthAnswer{WordsOf(found, UnitOfField(question.field, panel.units)), found.used};
-    } catch (const StudyRefusal& refusal) {
-        return std::string(refusal.what());
-    } catch (const RunTimeError& error) {
-        return error.text;
-    } catch (const std::bad_alloc&) {
-        return std::string("out of memory: take fewer samples");
-    }
+    });
 }
 
 std::string CommandOfWidth(const WidthQuestion& question, const RiskPlan& plan, const Panel& panel,
