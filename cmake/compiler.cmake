@@ -10,11 +10,16 @@ set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     # A precompiled header carries time stamps; ccache is told to look at its content instead. Relative paths
-    # let two checkouts of the same commit share results.
+    # let two checkouts of the same commit share results. Not those of Clang, one build folder of which shares nothing with
+    # another: its precompiled headers name the folder in which they were made, and are of no use once that is gone.
+    set(compiler_cache_space "")
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        set(compiler_cache_space CCACHE_NAMESPACE=${CMAKE_BINARY_DIR})
+    endif()
     set(CMAKE_CXX_COMPILER_LAUNCHER
         ${CMAKE_COMMAND} -E env
         CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
-        CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${CCACHE_PROGRAM})
+        CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${compiler_cache_space} ${CCACHE_PROGRAM})
 endif()
 
 # Most of a compilation goes into the headers that the sources of a target share. Whole builds read the
