@@ -133,25 +133,6 @@ void AddTornado(std::string& text, const RiskRequest& request, const TornadoResu
     }
 }
 
-// Why the study's own samples have to do.
-const char* WhyPlain(RareOutcome outcome) {
-    switch (outcome) {
-        case RareOutcome::RefusedSamples:
-            return "samples were refused; plain sampling stands";
-        case RareOutcome::NoDesignPoint:
-            return "no design point was found; plain sampling stands";
-        case RareOutcome::Several:
-            return "there are several design points; plain sampling stands";
-        case RareOutcome::FewHits:
-            return "samples around the design point lie below too rarely; plain sampling stands";
-        case RareOutcome::Contradiction:
-            return "samples around the design point contradict the plain ones, which stand";
-        case RareOutcome::Estimated:
-            break;
-    }
-    return "";
-}
-
 void AddRare(std::string& text, const RiskRequest& request, const RiskResult& result,
              const RareEvent& event) {
     const BelowTarget& below = result.risk[event.factor].below[event.target];

@@ -64,6 +64,7 @@ void WriteRisk(StudyWriter& file, const RiskPlan& plan) {
     file.Section("Risk");
     file.Key("Samples", std::to_string(plan.samples));
     file.Key("Seed", std::to_string(plan.seed));
+    if (plan.design_points) file.Key("DesignPoints", "1");
     int number = 0;
     for (const UncertainField& one : plan.fields)
         file.Key("Random" + std::to_string(++number),

@@ -302,6 +302,8 @@ void StudyReader::TakeRisk(const std::string& key, const std::string& value) {
         study_.risk.samples = static_cast<std::uint32_t>(WholeIn(value, 1, kMostPlannedSamples));
     else if (key == "Seed")
         study_.risk.seed = static_cast<std::uint64_t>(WholeIn(value, 0, kLargestPlannedSeed));
+    else if (key == "DesignPoints")
+        study_.risk.design_points = WholeIn(value, 0, 1) != 0;
     else if (IsNext(key, "Random", study_.risk.fields.size()))
         TakeUncertain(value);
     else if (IsNext(key, "Correlate", study_.risk.correlations.size()))

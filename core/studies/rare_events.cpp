@@ -228,6 +228,24 @@ class RareRun {
 
 }  // namespace
 
+const char* WhyPlain(RareOutcome outcome) {
+    switch (outcome) {
+        case RareOutcome::RefusedSamples:
+            return "samples were refused; plain sampling stands";
+        case RareOutcome::NoDesignPoint:
+            return "no design point was found; plain sampling stands";
+        case RareOutcome::Several:
+            return "there are several design points; plain sampling stands";
+        case RareOutcome::FewHits:
+            return "samples around the design point lie below too rarely; plain sampling stands";
+        case RareOutcome::Contradiction:
+            return "samples around the design point contradict the plain ones, which stand";
+        case RareOutcome::Estimated:
+            break;
+    }
+    return "";
+}
+
 std::optional<std::vector<RareEvent>> RunRareEvents(const RiskRequest& request, const RiskResult& result,
                                                     StudyObserver& observer) {
     return UnlessEnded([&] { return RareRun(request, result, observer).Run(); });

@@ -24,6 +24,9 @@ enum class RareOutcome {
     Contradiction   // the interval of the study's own samples lies apart
 };
 
+// Why the study's own samples have to do; empty where the event is estimated.
+const char* WhyPlain(RareOutcome outcome);
+
 // A factor below one of its targets.
 struct RareEvent {
     std::size_t factor = 0;

@@ -87,13 +87,6 @@ std::vector<SpreadTarget> TargetsOf(const StudyFigure& figure, const FactorRisk&
     return targets;
 }
 
-// A probability of which no sample shows anything is known by its bound alone.
-std::string InWords(const Share& share) {
-    if (share.value == 0.0) return "less than " + Short(share.high);
-    if (share.value == 1.0) return "more than " + Short(share.low);
-    return Short(share.value) + " (" + Short(share.low) + " to " + Short(share.high) + ")";
-}
-
 void AddWords(SpreadPanel& panel, const StudyFigure& figure, const FactorRisk& risk, bool any_refused) {
     for (const BelowTarget& below : risk.below) {
         const bool own = figure.target && &below == &risk.below.front();
@@ -122,6 +115,13 @@ std::string InWords(const RandomField& field, Units units) {
 std::string InWords(const FieldCorrelation& pair) {
     return std::string(TitleOfField(pair.first)) + " and " + TitleOfField(pair.second) + " correlated by " +
            RoundedText(pair.value, kFigureDigits);
+}
+
+std::string InWords(const Share& share) {
+    // One of which no sample shows anything is known by its bound alone.
+    if (share.value == 0.0) return "less than " + Short(share.high);
+    if (share.value == 1.0) return "more than " + Short(share.low);
+    return Short(share.value) + " (" + Short(share.low) + " to " + Short(share.high) + ")";
 }
 
 const char* MethodInWords(bool latin) {

@@ -37,6 +37,9 @@ std::string InWords(const RandomField& field, Units units);
 // "Extraction height and Depth of cover correlated by 0.5".
 std::string InWords(const FieldCorrelation& pair);
 
+// "0.45 (0.44 to 0.46)", the probability with its 95 % interval; "less than 0.0037" where no sample shows anything.
+std::string InWords(const Share& share);
+
 // " (Latin hypercube)", " (independent)".
 const char* MethodInWords(bool latin);
 

@@ -66,6 +66,7 @@ struct RiskPlan {
     std::uint32_t samples = 100000;
     std::uint64_t seed = 1;
     std::vector<FieldCorrelation> correlations{};
+    bool design_points = false;  // of the targets that few samples lie below
 
     bool operator==(const RiskPlan&) const = default;
 };

@@ -60,20 +60,51 @@ ComparedLine DesignBoard::FigureLine(const StudyFigure& figure) const {
     return line;
 }
 
+void DesignBoard::TakeRisks(std::vector<DesignRisk> risks) {
+    ForgetRisks();
+    for (std::size_t i = 0; i < std::min(risks.size(), designs_.size()); ++i)
+        designs_[i].risk = std::move(risks[i]);
+}
+
+void DesignBoard::ForgetRisks() {
+    for (KeptDesign& design : designs_) design.risk.reset();
+}
+
+// Empty for a design whose probability nobody has asked for.
+ComparedLine DesignBoard::RiskLine(std::size_t which) const {
+    ComparedLine line{kDesignRisks[which], {}, {}, {}};
+    for (const KeptDesign& design : designs_) {
+        line.texts.push_back(design.risk ? design.risk->below[which] : "");
+        line.differs.push_back(line.texts.back() != line.texts.front());
+        line.misses.push_back(false);
+    }
+    return line;
+}
+
+// What the check says, or why there is no probability.
+ComparedLine DesignBoard::MessageLine() const {
+    ComparedLine line{"Message", {}, {}, {}};
+    for (const KeptDesign& design : designs_) {
+        std::string text = ReplaceAll(design.reading.figures.message, CrLf, " ");
+        if (text.empty() && design.risk) text = design.risk->fault;
+        line.texts.push_back(text);
+        line.differs.push_back(text != line.texts.front());
+        line.misses.push_back(false);
+    }
+    return line;
+}
+
 std::vector<ComparedLine> DesignBoard::Lines() const {
     std::vector<ComparedLine> lines;
     if (designs_.empty()) return lines;
     for (const PanelFieldFacts& facts : kPanelFields) lines.push_back(FieldLine(facts.field));
     for (const StudyFigure& figure : kStudyFigures) lines.push_back(FigureLine(figure));
-    ComparedLine message{"Message", {}, {}, {}};
-    for (const KeptDesign& design : designs_) {
-        const std::string text = ReplaceAll(design.reading.figures.message, CrLf, " ");
-        message.texts.push_back(text);
-        message.differs.push_back(text != message.texts.front());
-        message.misses.push_back(false);
-    }
-    const auto is_empty = [](const std::string& text) { return text.empty(); };
-    if (!std::all_of(message.texts.begin(), message.texts.end(), is_empty))
+    if (std::any_of(designs_.begin(), designs_.end(),
+                    [](const KeptDesign& design) { return design.risk.has_value(); }))
+        for (std::size_t which = 0; which < kDesignRisks.size(); ++which) lines.push_back(RiskLine(which));
+    ComparedLine message = MessageLine();
+    if (std::any_of(message.texts.begin(), message.texts.end(),
+                    [](const std::string& text) { return !text.empty(); }))
         lines.push_back(std::move(message));
     return lines;
 }

@@ -8,6 +8,7 @@
 
 #include "core/engine/panel.h"
 #include "core/engine/panel_fields.h"
+#include "studies/model/design_risk.h"
 #include "studies/model/panel_reading.h"
 
 namespace tarvokol {
@@ -18,6 +19,7 @@ struct KeptDesign {
     std::string name;
     Panel panel;
     PanelReading reading;
+    std::optional<DesignRisk> risk{};  // where it was asked for
 };
 
 // A line of the comparison: a field, a figure or what is refused, and its text for each design.
@@ -38,7 +40,11 @@ class DesignBoard {
     const std::vector<KeptDesign>& Designs() const { return designs_; }
     bool IsFull() const { return designs_.size() == kMostDesigns; }
 
-    // The eleven fields, the six figures, the message. Designs in other units than the first one's stand in their own, told
+    // What was found of the designs, in their order; those of other designs are forgotten first.
+    void TakeRisks(std::vector<DesignRisk> risks);
+    void ForgetRisks();
+
+    // The eleven fields, the six figures, the probabilities, the message. Designs in other units than the first one's stand in their own, told
     // by the units in their texts.
     std::vector<ComparedLine> Lines() const;
 
@@ -47,6 +53,8 @@ class DesignBoard {
   private:
     ComparedLine FieldLine(PanelField field) const;
     ComparedLine FigureLine(const StudyFigure& figure) const;
+    ComparedLine RiskLine(std::size_t which) const;
+    ComparedLine MessageLine() const;
 
     std::vector<KeptDesign> designs_;
 };

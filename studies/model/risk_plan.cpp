@@ -8,6 +8,8 @@
 #include "core/runtime/text.h"
 #include "core/statistics/study_numbers.h"
 #include "core/statistics/study_refusal.h"
+#include "core/studies/picture_parts.h"
+#include "core/studies/rare_events.h"
 #include "studies/model/answer_or_words.h"
 #include "studies/model/map_study.h"
 #include "studies/model/study_csv.h"
@@ -29,6 +31,41 @@ std::vector<std::string> SplitAt(const std::string& text, char separator) {
 void AddShare(CsvWriter& line, const BelowTarget& below) {
     for (const double value : {below.target, below.share.value, below.share.low, below.share.high})
         AddNumber(line, value);
+}
+
+// "Webs ONLY below the target 1.6: reliability index 2.9, probability 0.0019 (0.0018 to 0.002); nearest at ...".
+std::string InWords(const RareEvent& event, const RiskRequest& request, const RiskResult& result) {
+    const StudyFigure& factor = kStudyFigures[event.factor];
+    const BelowTarget& below = result.risk[event.factor].below[event.target];
+    const bool own = factor.target && event.target == 0;
+    const auto rounded = [](double value) { return RoundedText(value, kFigureDigits); };
+    std::string words = std::string(factor.legend) + " below " + (own ? "the target " : "") +
+                        (below.own_target ? "of each sample" : rounded(below.target)) + ": ";
+    if (!event.figures.empty()) words += "reliability index " + rounded(event.index) + ", ";
+    words += event.outcome == RareOutcome::Estimated
+                 ? "probability " + rounded(event.probability) + " (" + rounded(event.low) + " to " +
+                       rounded(event.high) + ")"
+                 : std::string(WhyPlain(event.outcome));
+    for (std::size_t i = 0; i < event.figures.size(); ++i) {
+        const PanelField field = request.fields[i].field;
+        const std::string unit = UnitOfField(field, request.panel.units);
+        words += std::string(i == 0 ? "; nearest at " : ", ") + TitleOfField(field) + " " +
+                 rounded(event.figures[i]) + (unit.empty() ? "" : " " + unit) + " (importance " +
+                 rounded(event.importance[i]) + ")";
+    }
+    return words;
+}
+
+// False where the observer ended it.
+bool AddDesignPoints(RiskReading& reading, const RiskRequest& request, const RiskResult& result,
+                     StudyObserver& observer) {
+    const auto events = RunRareEvents(request, result, observer);
+    if (!events) return false;
+    for (const RareEvent& event : *events) reading.design_points.push_back(InWords(event, request, result));
+    if (events->empty())
+        reading.design_points.push_back("No target is rare: at least " + std::to_string(kFewHits) +
+                                        " samples lie below each");
+    return true;
 }
 
 }  // namespace
@@ -94,7 +131,9 @@ RiskOutcome CalculateRisk(const RiskPlan& plan, const Panel& panel, const std::s
         request.threads = threads;
         const auto result = RunRisk(request, observer);
         if (!result) return {};
-        return RiskReading{SpreadOf(request, *result, title), result->risk};
+        RiskReading reading{SpreadOf(request, *result, title), result->risk, {}};
+        if (plan.design_points && !AddDesignPoints(reading, request, *result, observer)) return {};
+        return reading;
     });
 }
 
@@ -127,7 +166,8 @@ std::string CsvOfRisk(const RiskReading& reading) {
 
 std::string CommandOfRisk(const RiskPlan& plan, const std::string& project_path) {
     std::vector<std::string> words = WordsOfRisk(plan);
-    words.insert(words.end(), {"-o", "risk.svg"});
+    // The text tells the design points, the picture does not.
+    if (!plan.design_points) words.insert(words.end(), {"-o", "risk.svg"});
     return ShellLine("tarvokol-cli risk", project_path, words);
 }
 

@@ -34,6 +34,8 @@ std::string FaultOfCorrelation(const RiskPlan& plan, std::size_t i, const Panel&
 struct RiskReading {
     SpreadPicture picture;
     std::array<FactorRisk, kFactors> risk;
+    std::vector<std::string>
+        design_points;  // a line for each target that is rare, where the plan asks for them
 };
 
 // The reading, or in words why there is none; nothing of both where the observer ended it.
@@ -46,7 +48,7 @@ RiskOutcome CalculateRisk(const RiskPlan& plan, const Panel& panel, const std::s
 // A row for each factor: mean, standard deviation, quantiles, and the probabilities below its targets with their intervals.
 std::string CsvOfRisk(const RiskReading& reading);
 
-// The line of the command line that draws the same picture of the project's file.
+// The line of the command line that draws the same picture of the project's file, or tells its design points.
 std::string CommandOfRisk(const RiskPlan& plan, const std::string& project_path);
 
 }  // namespace tarvokol

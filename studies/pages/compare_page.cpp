@@ -4,15 +4,19 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMetaObject>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <memory>
+#include <thread>
 #include <utility>
 #include <vector>
 
 #include "qt/session/qt_text.h"
 #include "studies/model/study_model.h"
+#include "studies/pages/work_bar.h"
 
 namespace tarvokol {
 namespace {
@@ -21,7 +25,10 @@ constexpr int kNameRow = 0;  // the designs' names stand above their figures, wh
 
 }  // namespace
 
-ComparePage::ComparePage(StudyModel& model, QWidget* parent) : StudyPage(parent), model_(model) {
+ComparePage::ComparePage(StudyModel& model, std::function<RiskPlan()> plan, QWidget* parent)
+    : StudyPage(parent), model_(model), plan_(std::move(plan)), work_([this](std::function<void()> call) {
+          QMetaObject::invokeMethod(this, std::move(call), Qt::QueuedConnection);
+      }) {
     auto* page = new QVBoxLayout(this);
     auto* line = new QHBoxLayout;
     keep_ = MakeButton("Compare_Keep", "&Keep This Design", "Puts the project as it stands beside the others",
@@ -31,8 +38,14 @@ ComparePage::ComparePage(StudyModel& model, QWidget* parent) : StudyPage(parent)
                        &ComparePage::Take_Clicked);
     remove_ =
         MakeButton("Compare_Remove", "Re&move", "Takes the chosen design away", &ComparePage::Remove_Clicked);
-    for (QPushButton* button : {keep_, take_, remove_}) line->addWidget(button);
-    line->addStretch(1);
+    risks_ =
+        MakeButton("Compare_Risks", "&Probabilities",
+                   "How likely each design falls below its targets, by the uncertain fields of the page Risk",
+                   &ComparePage::Risks_Clicked);
+    for (QPushButton* button : {keep_, take_, remove_, risks_}) line->addWidget(button);
+    bar_ = new WorkBar(work_, "Compare", this);
+    connect(bar_, &WorkBar::Cancelled, this, &ComparePage::Work_Cancelled);
+    line->addWidget(bar_, 1);
     page->addLayout(line);
     hint_ = new QLabel(
         "Up to six designs stand here side by side. Bold with \u2260 differs from the first one, \u25bc "
@@ -71,13 +84,13 @@ int ComparePage::Chosen() const {
 
 void ComparePage::Keep_Clicked() {
     board_.Keep(FreeDesignName(board_), model_.ProjectPanel());
-    Show();
+    Change();
     table_->setCurrentCell(kNameRow, table_->columnCount() - 1);
 }
 
 void ComparePage::Take(DesignBoard board) {
     board_ = std::move(board);
-    Show();
+    Change();
 }
 
 // Its figures stand in its own units; those of a project in the other system are not meant by them.
@@ -94,6 +107,46 @@ void ComparePage::Take_Clicked() {
 void ComparePage::Remove_Clicked() {
     if (Chosen() < 0) return;
     board_.Remove(static_cast<std::size_t>(Chosen()));
+    Change();
+}
+
+// Other designs than those whose probabilities were asked for.
+void ComparePage::Change() {
+    work_.Drop();
+    asked_.reset();
+    board_.ForgetRisks();
+    Show();
+}
+
+// Probabilities of other uncertain fields than those of the page "Risk" now are none.
+void ComparePage::showEvent(QShowEvent* event) {
+    StudyPage::showEvent(event);
+    if (asked_ && *asked_ != plan_()) Change();
+}
+
+void ComparePage::Risks_Clicked() {
+    asked_ = plan_();
+    std::vector<Panel> panels;
+    for (const KeptDesign& design : board_.Designs()) panels.push_back(design.panel);
+    work_.Ask(
+        [this, plan = *asked_, panels = std::move(panels)](StudyObserver& observer) -> LatestWork::Show {
+            const unsigned threads = std::max(1U, std::thread::hardware_concurrency());
+            auto risks = CalculateDesignRisks(plan, panels, threads, observer);
+            if (!risks) return {};
+            return [this, found = std::make_shared<std::vector<DesignRisk>>(std::move(*risks))] {
+                TakeRisks(std::move(*found));
+            };
+        });
+    bar_->Watch();
+}
+
+void ComparePage::Work_Cancelled() {
+    asked_.reset();
+    risks_->setFocus();
+}
+
+void ComparePage::TakeRisks(std::vector<DesignRisk> risks) {
+    board_.TakeRisks(std::move(risks));
     Show();
 }
 
@@ -117,6 +170,7 @@ void ComparePage::Show() {
     if (table_->columnCount() > 0)
         table_->setCurrentCell(kNameRow, std::min(std::max(column, 0), table_->columnCount() - 1));
     keep_->setEnabled(!board_.IsFull());
+    risks_->setEnabled(!board_.Designs().empty());
     Cell_Chosen();
 }
 

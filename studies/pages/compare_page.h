@@ -2,9 +2,13 @@
 // The page "Compare": up to six designs side by side, the differences marked.
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "studies/model/design_board.h"
+#include "studies/model/latest_work.h"
 #include "studies/pages/study_page.h"
 
 class QLabel;
@@ -15,12 +19,14 @@ class QTableWidgetItem;
 namespace tarvokol {
 
 class StudyModel;
+class WorkBar;
 
 class ComparePage : public StudyPage {
     Q_OBJECT
 
   public:
-    explicit ComparePage(StudyModel& model, QWidget* parent = nullptr);
+    // The probabilities are by this plan, that of the page "Risk".
+    ComparePage(StudyModel& model, std::function<RiskPlan()> plan, QWidget* parent = nullptr);
 
     std::string HelpTopic() const override { return "studies_window.htm"; }
     std::string CsvNow() const override { return board_.Csv(); }
@@ -31,26 +37,40 @@ class ComparePage : public StudyPage {
     // Other designs in place of those that stand there.
     void Take(DesignBoard board);
 
+    bool IsBusy() const { return work_.IsBusy(); }
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+
   private:
     void Keep_Clicked();
     void Take_Clicked();
     void Name_Edited(QTableWidgetItem* item);
     void Remove_Clicked();
+    void Risks_Clicked();
+    void Work_Cancelled();
     void Cell_Chosen();
     void Show();
+    void Change();
+    void TakeRisks(std::vector<DesignRisk> risks);
     void ShowCells();
     int Chosen() const;
     QPushButton* MakeButton(const QString& name, const QString& caption, const QString& tip,
                             void (ComparePage::*handler)());
 
     StudyModel& model_;
+    std::function<RiskPlan()> plan_;
+    std::optional<RiskPlan> asked_;  // of the probabilities that are shown or on their way
     DesignBoard board_;
     QPushButton* keep_;
     QPushButton* take_;
     QPushButton* remove_;
+    QPushButton* risks_;
+    WorkBar* bar_;
     QTableWidget* table_;
     QLabel* hint_;
     bool shows_ = false;  // the page itself fills the cells
+    LatestWork work_;     // ends before what it shows goes
 };
 
 }  // namespace tarvokol

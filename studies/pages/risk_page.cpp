@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "studies/pages/risk_page.h"
 
+#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMetaObject>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
-#include <initializer_list>
 #include <memory>
 #include <thread>
 #include <utility>
@@ -25,14 +25,13 @@
 #include "studies/pages/correlation_row.h"
 #include "studies/pages/uncertain_row.h"
 #include "studies/pages/width_line.h"
+#include "studies/pages/work_bar.h"
 
 namespace tarvokol {
 namespace {
 
 // Of so many samples each step of a slider is calculated; more of them begin anew with each.
 constexpr std::uint32_t kFollowedSamples = 200000;
-
-constexpr int kBarEvery = 50;  // milliseconds
 
 // A whole number within bounds; 0 and a fault for another text.
 double WholeIn(const QLineEdit& box, double low, double high, const char* what, QString& fault) {
@@ -50,11 +49,9 @@ RiskPage::RiskPage(StudyModel& model, QWidget* parent)
           QMetaObject::invokeMethod(this, std::move(call), Qt::QueuedConnection);
       }) {
     Build();
-    watch_.setInterval(kBarEvery);
-    connect(&watch_, &QTimer::timeout, this, &RiskPage::Progress_Due);
     connect(add_, &QPushButton::clicked, this, &RiskPage::Add_Clicked);
     connect(correlate_, &QPushButton::clicked, this, &RiskPage::Correlate_Clicked);
-    connect(cancel_, &QPushButton::clicked, this, &RiskPage::Cancel_Clicked);
+    connect(bar_, &WorkBar::Cancelled, this, &RiskPage::Work_Cancelled);
     for (QLineEdit* box : {samples_, seed_})
         connect(box, &QLineEdit::textEdited, this, &RiskPage::Row_Changed);
     Choose({{{PanelField::CoalStrength, "lognormal:100%:15%"}}});
@@ -89,18 +86,7 @@ void RiskPage::Build() {
     samples_->setToolTip("Panels that are drawn and calculated, up to 4 million");
     seed_ = MakeNumber("Risk_Seed", "Seed", "1");
     seed_->setToolTip("The same seed draws the same panels");
-    progress_ = new QProgressBar(this);
-    progress_->setObjectName("Risk_Progress");
-    progress_->setAccessibleName("Progress");
-    progress_->setTextVisible(false);
-    cancel_ = new QPushButton("Ca&ncel", this);
-    cancel_->setObjectName("Risk_Cancel");
-    for (QWidget* shown_at_work : std::initializer_list<QWidget*>{progress_, cancel_}) {
-        QSizePolicy keeps_its_room = shown_at_work->sizePolicy();
-        keeps_its_room.setRetainSizeWhenHidden(true);
-        shown_at_work->setSizePolicy(keeps_its_room);
-        shown_at_work->hide();
-    }
+    bar_ = new WorkBar(work_, "Risk", this);
     line->addWidget(add_);
     line->addWidget(correlate_);
     for (const auto& [text, box] : {std::pair("Sam&ples", samples_), std::pair("See&d", seed_)}) {
@@ -109,8 +95,7 @@ void RiskPage::Build() {
         line->addWidget(label);
         line->addWidget(box);
     }
-    line->addWidget(progress_, 1);
-    line->addWidget(cancel_);
+    line->addWidget(bar_, 1);
     page->addLayout(line);
     fault_ = new QLabel(this);
     fault_->setObjectName("Risk_Fault");
@@ -121,6 +106,7 @@ void RiskPage::Build() {
         model_, [this] { return Plan(); }, this);
     width_->setObjectName("Risk_Width");
     page->addWidget(width_);
+    BuildPoints(*page);
     view_ = new StudyView;
     view_->setObjectName("Risk_View");
     view_->setAccessibleName("Spread of the factors");
@@ -132,6 +118,21 @@ void RiskPage::Build() {
     page->addWidget(scroll, 1);
 }
 
+void RiskPage::BuildPoints(QVBoxLayout& page) {
+    points_ = new QCheckBox("Desi&gn points of rare targets", this);
+    points_->setObjectName("Risk_Points");
+    points_->setToolTip(
+        "Reliability index, probability and importance of each field where few samples lie below");
+    page.addWidget(points_);
+    points_words_ = new QLabel(this);
+    points_words_->setObjectName("Risk_PointsWords");
+    points_words_->setWordWrap(true);
+    points_words_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    points_words_->hide();
+    page.addWidget(points_words_);
+    connect(points_, &QCheckBox::toggled, this, &RiskPage::Row_Changed);
+}
+
 void RiskPage::Choose(const RiskPlan& plan) {
     for (UncertainRow* row : rows_) row->deleteLater();
     rows_.clear();
@@ -139,6 +140,10 @@ void RiskPage::Choose(const RiskPlan& plan) {
     correlations_.clear();
     samples_->setText(QString::number(plan.samples));
     seed_->setText(QString::number(plan.seed));
+    {
+        const QSignalBlocker asked_below(points_);
+        points_->setChecked(plan.design_points);
+    }
     for (const UncertainField& field : plan.fields) AddRow(field);
     for (const FieldCorrelation& correlation : plan.correlations) AddCorrelation(correlation);
     NumberRows();
@@ -243,6 +248,7 @@ RiskPlan RiskPage::Plan() const {
     QString ignored;
     plan.samples = static_cast<std::uint32_t>(WholeIn(*samples_, 1, kMostPlannedSamples, "Samples", ignored));
     plan.seed = static_cast<std::uint64_t>(WholeIn(*seed_, 0, kLargestPlannedSeed, "Seed", ignored));
+    plan.design_points = points_->isChecked();
     return plan;
 }
 
@@ -298,7 +304,7 @@ void RiskPage::Ask() {
         auto outcome = std::make_shared<RiskOutcome>(CalculateRisk(plan, panel, title, threads, observer));
         return [this, outcome] { Show(std::move(*outcome)); };
     });
-    watch_.start();
+    bar_->Watch();
 }
 
 void RiskPage::Show(RiskOutcome outcome) {
@@ -317,24 +323,22 @@ void RiskPage::Show(RiskOutcome outcome) {
         view_->setMinimumHeight(0);
         view_->ShowWords(ToQt(*words));
     }
+    ShowPoints();
 }
 
-void RiskPage::Cancel_Clicked() {
-    work_.Drop();
+void RiskPage::ShowPoints() {
+    QStringList lines;
+    if (reading_)
+        for (const std::string& line : reading_->design_points) lines.append(ToQt(line));
+    points_words_->setText(lines.join('\n'));
+    points_words_->setVisible(!lines.isEmpty());
+    points_->setAccessibleDescription(lines.join(". "));
+}
+
+void RiskPage::Work_Cancelled() {
     fault_->setText("Cancelled: the picture is of the figures before");
     fault_->show();
     add_->setFocus();
-}
-
-// Work that is over within a moment shows no bar.
-void RiskPage::Progress_Due() {
-    const bool busy = work_.IsBusy();
-    const double done = work_.Progress();
-    progress_->setRange(0, done < 0 ? 0 : 1000);
-    if (done >= 0) progress_->setValue(static_cast<int>(done * 1000));
-    progress_->setVisible(busy);
-    cancel_->setVisible(busy);
-    if (!busy) watch_.stop();
 }
 
 AnyStudyPicture RiskPage::PictureNow() const {
@@ -352,6 +356,7 @@ std::vector<std::string> RiskPage::ReportNow() const {
         AppendShortest(line, one.value);
     }
     if (width_->Answer()) lines.push_back(FromQt(width_->findChild<QLabel*>("Width_Words")->text()));
+    if (reading_) lines.insert(lines.end(), reading_->design_points.begin(), reading_->design_points.end());
     lines.push_back(std::to_string(plan.samples) + " samples, seed " + std::to_string(plan.seed));
     return lines;
 }

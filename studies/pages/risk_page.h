@@ -2,7 +2,6 @@
 // The page "Risk": how likely the factors lie below their targets where figures are known within bounds only.
 #pragma once
 
-#include <QTimer>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,9 +10,9 @@
 #include "studies/model/risk_plan.h"
 #include "studies/pages/study_page.h"
 
+class QCheckBox;
 class QLabel;
 class QLineEdit;
-class QProgressBar;
 class QPushButton;
 class QVBoxLayout;
 
@@ -24,6 +23,7 @@ class StudyModel;
 class StudyView;
 class UncertainRow;
 class WidthLine;
+class WorkBar;
 
 class RiskPage : public StudyPage {
     Q_OBJECT
@@ -62,13 +62,14 @@ class RiskPage : public StudyPage {
     void Correlation_Removed();
     void Row_Changed();
     void Row_Removed();
-    void Cancel_Clicked();
-    void Progress_Due();
+    void Work_Cancelled();
 
     void Ask();
     bool ShowFaults(const RiskPlan& plan);
     bool ShowFaultsOfRows(const RiskPlan& plan);
     void Show(RiskOutcome outcome);
+    void ShowPoints();
+    void BuildPoints(QVBoxLayout& page);
     QLineEdit* MakeNumber(const QString& name, const QString& accessible, const QString& text);
 
     StudyModel& model_;
@@ -82,10 +83,10 @@ class RiskPage : public StudyPage {
     QLineEdit* samples_ = nullptr;
     QLineEdit* seed_ = nullptr;
     QLabel* fault_ = nullptr;
-    QProgressBar* progress_ = nullptr;
-    QPushButton* cancel_ = nullptr;
+    QCheckBox* points_ = nullptr;
+    QLabel* points_words_ = nullptr;
+    WorkBar* bar_ = nullptr;
     StudyView* view_ = nullptr;
-    QTimer watch_;
     std::optional<RiskReading> reading_;
     std::optional<RiskPlan> asked_;
     std::string asked_text_;

@@ -50,7 +50,7 @@ FieldRow::FieldRow(StudyModel& model, PanelField field, QGridLayout& grid, int r
     slider_ = new QSlider(Qt::Horizontal, page_);
     slider_->setObjectName(QString(NameOfField(field)) + "_Slider");
     slider_->setAccessibleName(title + ", slider");
-    slider_->setMinimumWidth(70);
+    slider_->setMinimumWidth(50);
     slider_->installEventFilter(this);  // a wheel that scrolls the page moves no figure
     high_ = MakeBox("High", "Upper end of the slider and of a map over this field", kRangeDigits);
     for (QLineEdit* end : {low_, high_}) {

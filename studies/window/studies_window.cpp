@@ -71,7 +71,7 @@ void StudiesWindow::BuildPages() {
     pages_->addTab(risk_, "R&isk");
     table_ = new TablePage(model_);
     pages_->addTab(table_, "Ta&ble");
-    compare_ = new ComparePage(model_);
+    compare_ = new ComparePage(model_, [this] { return risk_->Plan(); });
     pages_->addTab(compare_, "&Compare");
     splitter_->addWidget(panel_);
     splitter_->addWidget(pages_);

@@ -10,6 +10,7 @@ namespace tarvokol {
 namespace {
 
 using ::testing::Contains;
+using ::testing::ContainsRegex;
 using ::testing::ElementsAre;
 using ::testing::Field;
 using ::testing::HasSubstr;
@@ -57,6 +58,32 @@ TEST(RiskPlan, IsTheCommandOfItsRequest) {
               "tarvokol-cli risk panel.TKL --random CoalStrength=normal:100%:15% --random "
               "DepthCover=uniform:90:120 "
               "--samples 100000 --seed 7 -o risk.svg");
+}
+
+// Webs have the factor 4.7199928 in proportion to the strength: 1.6 is reached at 0.338984 of its mean, 4.40678 standard
+// deviations below, at 305.085 psi; so rarely as the normal distribution says, in 5.25e-6 of all cases.
+TEST(RiskPlan, TellsTheDesignPointsOfRareTargets) {
+    RiskPlan plan = StrengthWithin15Percent();
+    plan.samples = 20000;
+    plan.design_points = true;
+    StudyObserver nobody;
+    const RiskOutcome outcome = CalculateRisk(plan, WorkedPanel(), "", 2, nobody);
+    const auto& lines = std::get<RiskReading>(outcome).design_points;
+    EXPECT_THAT(lines, Contains(ContainsRegex(
+                           "^Webs ONLY below the target 1\\.6: reliability index 4\\.406[78][0-9]*, "
+                           "probability 5\\.[0-9]+e-06 \\([0-9.]+e-06 to [0-9.]+e-06\\); nearest "
+                           "at In situ coal strength 305\\.08[0-9]* psi \\(importance 1\\)$")));
+    EXPECT_THAT(CommandOfRisk(plan, "panel.TKL"), ::testing::EndsWith(" --samples 20000 --seed 1"));
+}
+
+TEST(RiskPlan, SaysWhereNoTargetIsRare) {
+    RiskPlan plan{{{PanelField::CoalStrength, "normal:50%:30%"}}, 20000};
+    plan.design_points = true;
+    Panel deep = WorkedPanel();
+    deep.DepthCover = 300;
+    StudyObserver nobody;
+    EXPECT_THAT(std::get<RiskReading>(CalculateRisk(plan, deep, "", 2, nobody)).design_points,
+                ElementsAre("No target is rare: at least 100 samples lie below each"));
 }
 
 TEST(RiskPlan, SaysWhatIsWrongWithARow) {

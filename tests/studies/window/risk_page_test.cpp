@@ -90,6 +90,18 @@ TEST_F(RiskPageTest, WhatMakesNoSenseIsToldBelowItsRowAndTheLastPictureStands) {
     EXPECT_THAT(Picture().words, Contains(StartsWith("1000 samples (Latin hypercube), seed 1, 0 refused")));
 }
 
+TEST_F(RiskPageTest, DesignPointsOfRareTargetsStandAboveThePicture) {
+    EXPECT_TRUE(Find("Risk_PointsWords").isHidden());
+    QTest::mouseClick(&Find("Risk_Points"), Qt::LeftButton, {}, QPoint(8, Find("Risk_Points").height() / 2));
+    EXPECT_TRUE(Page().Plan().design_points);
+    EXPECT_TRUE(WaitUntil([this] { return !Find("Risk_PointsWords").isHidden(); }));
+    EXPECT_THAT(TextOf("Risk_PointsWords"), HasSubstr("Webs ONLY below the target 1.6: reliability index "));
+    EXPECT_THAT(Page().ReportNow(),
+                Contains(StartsWith("Webs ONLY below the target 1.6: reliability index ")));
+    QTest::mouseClick(&Find("Risk_Points"), Qt::LeftButton, {}, QPoint(8, Find("Risk_Points").height() / 2));
+    EXPECT_TRUE(WaitUntil([this] { return Find("Risk_PointsWords").isHidden(); }));
+}
+
 TEST_F(RiskPageTest, LongWorkIsCancelled) {
     Type("Risk_Samples", "4000000");
     ASSERT_TRUE(WaitUntil([this] { return Find("Risk_Cancel").isVisible(); }));

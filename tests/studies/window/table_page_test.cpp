@@ -9,6 +9,7 @@
 #include <QTableWidget>
 
 #include "studies/pages/compare_page.h"
+#include "studies/pages/risk_page.h"
 #include "studies/pages/sheet_model.h"
 #include "tests/studies/window/studies_window_fixture.h"
 
@@ -146,6 +147,31 @@ TEST_F(ComparePageTest, SixAreTheMost) {
     for (int i = 0; i < 6; ++i) QTest::mouseClick(&Find("Compare_Keep"), Qt::LeftButton);
     EXPECT_EQ(Table().columnCount(), 6);
     EXPECT_FALSE(Find<QPushButton>("Compare_Keep").isEnabled());
+}
+
+TEST_F(ComparePageTest, ProbabilitiesGoWithWhatTheyAreOf) {
+    auto& pages = Find<QTabWidget>("Pages");
+    pages.setCurrentIndex(1);
+    window->findChild<RiskPage*>()->Choose({{{PanelField::CoalStrength, "normal:100%:15%"}}, 20000});
+    auto& page = *window->findChild<ComparePage*>();
+    pages.setCurrentWidget(&page);
+    EXPECT_FALSE(Find("Compare_Risks").isEnabled());
+    Type("DepthCover_Box", "300");
+    QTest::mouseClick(&Find("Compare_Keep"), Qt::LeftButton);
+    const auto ask = [&] {
+        QTest::mouseClick(&Find("Compare_Risks"), Qt::LeftButton);
+        EXPECT_TRUE(WaitUntil([&] { return Table().rowCount() == 21; }));
+    };
+    ask();
+    EXPECT_EQ(FromQt(Table().verticalHeaderItem(18)->text()), "Probability of webs below their target");
+    EXPECT_THAT(FromQt(Table().item(18, 0)->text()), StartsWith("0.54"));
+    QTest::mouseClick(&Find("Compare_Keep"), Qt::LeftButton);
+    EXPECT_EQ(Table().rowCount(), 18);
+    ask();
+    pages.setCurrentIndex(1);
+    Type("Risk_Seed", "2");
+    pages.setCurrentWidget(&page);
+    EXPECT_EQ(Table().rowCount(), 18);
 }
 
 TEST_F(ComparePageTest, ADesignInOtherUnitsIsNotTaken) {

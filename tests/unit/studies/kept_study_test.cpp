@@ -96,6 +96,13 @@ TEST(KeptStudies, ReadBackAsTheyWere) {
     EXPECT_EQ(CsvOfTable(read), "DepthCover (ft),\"Hole; name\"\n100,\"a,\"\"b\"\"\"\nx,\"two\nlines \\\"\n");
 }
 
+TEST(KeptStudies, KeepWhetherDesignPointsAreAskedFor) {
+    KeptStudy study = StudyToKeep();
+    EXPECT_FALSE(StudyOfBytes(TextOfStudy(study), "a.TKS").risk.design_points);
+    study.risk.design_points = true;
+    EXPECT_TRUE(StudyOfBytes(TextOfStudy(study), "a.TKS").risk.design_points);
+}
+
 TEST(KeptStudies, TakeBareLinesAndComments) {
     std::string text = ReplaceAll(TextOfStudy(StudyToKeep()), "\r\n", "\n");
     text = ReplaceAll(text, "[Map]\n", "; by hand\n\n  [Map]\n");
@@ -123,6 +130,8 @@ TEST(KeptStudies, NameTheLineOfWhatTheyRefuse) {
               "a.TKS, line 42: Samples: \"5000000\" does not lie from 1 to 4000000");
     EXPECT_EQ(FaultOf(With("Samples=5000", "Samples=2.5\r\n")),
               "a.TKS, line 42: Samples: \"2.5\" is not a whole number");
+    EXPECT_EQ(FaultOf(With("Seed=7", "Seed=7\r\nDesignPoints=2\r\n")),
+              "a.TKS, line 44: DesignPoints: \"2\" does not lie from 0 to 1");
     EXPECT_EQ(FaultOf(With("Random2=DepthCover:uniform:100:140", "Random2=CoalStrength:uniform:1:2\r\n")),
               "a.TKS, line 45: Random2: the field is drawn twice");
     EXPECT_EQ(FaultOf(With("Random2=DepthCover:uniform:100:140", "Random2=DepthCover:data:x.csv:A\r\n")),
