@@ -17,7 +17,6 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
-#include <QScreen>
 #include <QSplitter>
 #include <QStyle>
 #include <QTabBar>
@@ -27,6 +26,7 @@
 #include <QWindow>
 
 #include "qt/help/help_browser.h"
+#include "qt/session/room_on_screen.h"
 
 namespace tarvokol {
 namespace {
@@ -36,9 +36,6 @@ constexpr int contents_tab = 0;
 constexpr int index_tab = 1;
 constexpr int search_tab = 2;
 constexpr int most_results = 50;
-
-// Pixels that a desktop's frame and title bar may take of a screen.
-constexpr QSize kFrame{16, 40};
 
 QAction* AddTool(QToolBar& bar, const QString& name, const QString& text, QStyle::StandardPixmap icon,
                  const QKeySequence& key) {
@@ -65,7 +62,7 @@ HelpWindow::HelpWindow(const QString& compiled_file)
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({280, 720});
     setCentralWidget(splitter);
-    resize(QSize(1120, 760).boundedTo(screen()->availableSize() - kFrame));
+    resize(WithinScreen(*this, {1120, 760}));
     BuildToolbar();
     Connect();
 }

@@ -73,6 +73,16 @@ QColor Readable(const QColor& text, const QColor& enabled, const std::vector<QCo
     return enabled;
 }
 
+// What an empty box says of itself, in a colour that the toolkit may have made half transparent of another palette's.
+void MakePlaceholderReadable(QPalette& palette, QPalette::ColorGroup group) {
+    const QColor base = palette.color(group, QPalette::Base);
+    const QColor placeholder = palette.color(group, QPalette::PlaceholderText);
+    const QColor seen = Between(base, placeholder, placeholder.alphaF());
+    if (!CanBeRead(seen, {base}))
+        palette.setColor(group, QPalette::PlaceholderText,
+                         Readable(seen, palette.color(group, QPalette::Text), {base}));
+}
+
 }  // namespace
 
 double ContrastOf(const QColor& one, const QColor& other) {
@@ -91,6 +101,8 @@ void ProgramStyle::polish(QPalette& palette) {
         palette.setColor(QPalette::Disabled, text,
                          Readable(palette.color(QPalette::Disabled, text),
                                   palette.color(QPalette::Active, text), grounds));
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
+        MakePlaceholderReadable(palette, group);
 }
 
 void ProgramStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

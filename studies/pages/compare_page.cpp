@@ -45,7 +45,7 @@ ComparePage::ComparePage(StudyModel& model, std::function<RiskPlan()> plan, QWid
     for (QPushButton* button : {keep_, take_, remove_, risks_}) line->addWidget(button);
     bar_ = new WorkBar(work_, "Compare", this);
     connect(bar_, &WorkBar::Cancelled, this, &ComparePage::Work_Cancelled);
-    line->addWidget(bar_, 1);
+    line->addStretch(1);
     page->addLayout(line);
     hint_ = new QLabel(
         "Up to six designs stand here side by side. Bold with \u2260 differs from the first one, \u25bc "
@@ -53,7 +53,10 @@ ComparePage::ComparePage(StudyModel& model, std::function<RiskPlan()> plan, QWid
         this);
     hint_->setObjectName("Compare_Hint");
     hint_->setWordWrap(true);
-    page->addWidget(hint_);
+    auto* notes = new QHBoxLayout;
+    notes->addWidget(hint_, 1);
+    notes->addWidget(bar_);
+    page->addLayout(notes);
     table_ = new QTableWidget(this);
     table_->setObjectName("Compare_Table");
     table_->setAccessibleName("Designs side by side");

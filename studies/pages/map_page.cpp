@@ -40,7 +40,7 @@ QComboBox* MakeChoice(QWidget& page, const QString& name, const QString& accessi
     box->setAccessibleName(accessible);
     box->setToolTip(tip);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    constexpr int kLeastCharacters = 6;
+    constexpr int kLeastCharacters = 4;
     box->setMinimumContentsLength(kLeastCharacters);
     box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     return box;

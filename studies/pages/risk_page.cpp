@@ -95,7 +95,7 @@ void RiskPage::Build() {
         line->addWidget(label);
         line->addWidget(box);
     }
-    line->addWidget(bar_, 1);
+    line->addStretch(1);
     page->addLayout(line);
     fault_ = new QLabel(this);
     fault_->setObjectName("Risk_Fault");
@@ -123,7 +123,10 @@ void RiskPage::BuildPoints(QVBoxLayout& page) {
     points_->setObjectName("Risk_Points");
     points_->setToolTip(
         "Reliability index, probability and importance of each field where few samples lie below");
-    page.addWidget(points_);
+    auto* line = new QHBoxLayout;
+    line->addWidget(points_);
+    line->addWidget(bar_, 1);
+    page.addLayout(line);
     points_words_ = new QLabel(this);
     points_words_->setObjectName("Risk_PointsWords");
     points_words_->setWordWrap(true);

@@ -99,7 +99,12 @@ UncertainRow::UncertainRow(const UncertainField& field, QWidget* parent) : QWidg
     form_ = new QComboBox(this);
     form_->setAccessibleName("Distribution");
     for (const DistributionForm& form : Forms()) form_->addItem(ToQt(form.name));
-    for (QComboBox* box : {field_, form_}) box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    constexpr int kLeastCharacters = 5;  // on a narrow screen; the list that opens shows the whole names
+    for (QComboBox* box : {field_, form_}) {
+        box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        box->setMinimumContentsLength(kLeastCharacters);
+        box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    }
     int column = 0;
     grid->addWidget(field_, 0, column++);
     grid->addWidget(form_, 0, column++);

@@ -46,13 +46,19 @@ void WidthLine::Build() {
     field_->setAccessibleName("Width that is sought");
     field_->setToolTip("The width that is sought: of the webs, or of the barrier beside them");
     for (const PanelField field : kWidths) field_->addItem(TitleOfField(field));
+    constexpr int kLeastCharacters = 5;  // on a narrow screen
+    field_->setMinimumContentsLength(kLeastCharacters);
+    field_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    field_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     const auto box = [this](const char* name, const char* accessible, const char* tip) {
         auto* made = new QLineEdit(this);
         made->setObjectName(name);
         made->setAccessibleName(accessible);
         made->setToolTip(tip);
-        constexpr int kDigits = 7;
-        made->setMaximumWidth(made->fontMetrics().horizontalAdvance("0") * kDigits + 12);
+        constexpr int kDigits = 7, kLeastDigits = 4, kFrame = 12;
+        const int digit = made->fontMetrics().horizontalAdvance("0");
+        made->setMinimumWidth(digit * kLeastDigits + kFrame);
+        made->setMaximumWidth(digit * kDigits + kFrame);
         return made;
     };
     probability_ = box("Width_Probability", "Probability at most",

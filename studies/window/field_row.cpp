@@ -60,7 +60,6 @@ FieldRow::FieldRow(StudyModel& model, PanelField field, QGridLayout& grid, int r
         end->setPalette(plain);
     }
     for (QLineEdit* end : {low_, high_}) end->setAlignment(end == low_ ? Qt::AlignRight : Qt::AlignLeft);
-    box_->setAccessibleName(title);
     low_->setAccessibleName(title + ", lower end of the range");
     high_->setAccessibleName(title + ", upper end of the range");
     title_->setBuddy(box_);
@@ -90,10 +89,15 @@ QLineEdit* FieldRow::MakeBox(const QString& ending, const QString& tip, int char
     return box;
 }
 
+QWidget* FieldRow::Box() const {
+    return box_;
+}
+
 void FieldRow::Show() {
     const QString unit = UnitOfField(field_, model_.ProjectUnits());
     title_->setText(unit.isEmpty() ? QString(TitleOfField(field_))
                                    : QString("%1 (%2)").arg(TitleOfField(field_), unit));
+    box_->setAccessibleName(title_->text());
     ShowBox();
     ShowRange();
     ShowSlider();

@@ -28,6 +28,9 @@ class FieldRow : public QObject {
     // Shows what the model holds; a box that has the keyboard keeps its text unless the project says something else.
     void Show();
 
+    // Of the field's figure.
+    QWidget* Box() const;
+
     static constexpr int kGridRows = 2;
 
   protected:

@@ -48,6 +48,7 @@ ProjectPanel::ProjectPanel(StudyModel& model, QWidget* parent) : QScrollArea(par
     layout->addWidget(BuildFigures());
     layout->addStretch(1);
     setWidget(page);
+    setFocusProxy(rows_.front()->Box());
     connect(title_, &QLineEdit::textEdited, this, &ProjectPanel::Title_Edited);
     connect(title_, &QLineEdit::editingFinished, this, &ProjectPanel::Title_Finished);
     model_.Tell([this] { Model_Changed(); });

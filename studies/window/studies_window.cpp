@@ -16,6 +16,7 @@
 #include "core/statistics/study_numbers.h"
 #include "core/statistics/study_refusal.h"
 #include "qt/session/qt_text.h"
+#include "qt/session/room_on_screen.h"
 #include "studies/pages/compare_page.h"
 #include "studies/pages/map_page.h"
 #include "studies/pages/risk_page.h"
@@ -79,13 +80,14 @@ void StudiesWindow::BuildPages() {
     splitter_->setStretchFactor(1, 1);
     layout->addWidget(splitter_, 1);
     setCentralWidget(middle);
+    panel_->setFocus();
     connect(pages_, &QTabWidget::currentChanged, this, &StudiesWindow::Page_Shown);
 }
 
 void StudiesWindow::Restore() {
     const WindowMemory memory = WindowMemory::Read();
     constexpr int kWidth = 1180, kHeight = 720;
-    resize(kWidth, kHeight);
+    resize(WithinScreen(*this, {kWidth, kHeight}));
     if (!memory.geometry.isEmpty()) restoreGeometry(memory.geometry);
     if (!memory.splitter.isEmpty()) splitter_->restoreState(memory.splitter);
     pages_->setCurrentIndex(memory.page);

@@ -13,9 +13,9 @@ namespace {
 using ::testing::IsSupersetOf;
 
 // What the script for screen readers prints of the program.
-std::vector<std::string> ToldOfProgram(const std::string& option) {
-    std::istringstream output(OutputOf("/usr/bin/python3 '" + std::string(TARVOKOL_ACCESSIBLE_TREE) +
-                                       "' tarvokol " + option + " 2>&1"));
+std::vector<std::string> ToldOf(const std::string& program, const std::string& option) {
+    std::istringstream output(OutputOf("/usr/bin/python3 '" + std::string(TARVOKOL_ACCESSIBLE_TREE) + "' " +
+                                       program + " " + option + " 2>&1"));
     std::vector<std::string> lines;
     for (std::string line; std::getline(output, line);) lines.push_back(line);
     return lines;
@@ -74,7 +74,7 @@ void ReaderTest::SetUp() {
 }
 
 std::vector<std::string> ReaderTest::Lines() {
-    return ToldOfProgram("");
+    return ToldOf(Reading, "");
 }
 
 void ReaderTest::ExpectRead(const std::vector<std::string>& wanted) {
@@ -90,7 +90,7 @@ DesktopTest::Place ReaderTest::PlaceOf(const std::string& role, const std::strin
     const std::string head = role + "\t" + name + "\t";
     Place place;
     EXPECT_TRUE(Eventually([&] {
-        for (const std::string& line : ToldOfProgram("--places"))
+        for (const std::string& line : ToldOf(Reading, "--places"))
             if (line.starts_with(head))
                 std::istringstream(line.substr(head.size())) >> place.x >> place.y >> place.width >>
                     place.height;

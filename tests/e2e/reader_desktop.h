@@ -18,6 +18,9 @@ class ReaderTest : public DesktopTest {
     ~ReaderTest() override;
     void SetUp() override;
 
+    // The name of the program that is read.
+    static inline std::string Reading = "tarvokol";
+
     // A line for each object that shows, with tabs between: role, name, description, value, text.
     static std::vector<std::string> Lines();
 

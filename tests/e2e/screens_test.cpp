@@ -85,6 +85,21 @@ TEST_P(NarrowScreen, ShowsEveryWindowOfTheMenusWhole) {
     EXPECT_TRUE(Program.IsRunning());
 }
 
+// With every page, and the size that the window takes of itself.
+TEST_P(NarrowScreen, ShowsTheStudiesWhole) {
+    const std::string caption = "panel.TKL \u2013 TARVO-KOL Studies";
+    WriteBytes(ProjectPath(), Project("10"));
+    Program.Path = TARVOKOL_STUDIES;
+    Start({ProjectPath()});
+    ExpectWindow(caption);
+    for (const char* page : {"alt+a", "alt+i", "alt+b", "alt+c"}) {
+        SCOPED_TRACE(page);
+        Press(page);
+        ExpectWhole();
+    }
+    EXPECT_EQ(PressToEnd("ctrl+q"), 0);
+}
+
 INSTANTIATE_TEST_SUITE_P(Screens, NarrowScreen,
                          testing::Values(ScreenAndScale{"1024x600", "1"}, ScreenAndScale{"1920x1200", "2"}),
                          [](const auto& place) { return place.index == 0 ? "Small" : "TwiceAsLarge"; });

@@ -89,6 +89,30 @@ TEST(ProgramStyleTest, WhatIsDisabledCanBeRead) {
     EXPECT_GE(LowestContrast(QApplication::palette()), 3);
 }
 
+TEST(ProgramStyleTest, WhatAnEmptyBoxSaysOfItselfCanBeRead) {
+    ProgramStyle style;
+    QPalette dark(QColor(0x35, 0x35, 0x35));
+    dark.setColor(QPalette::Base, QColor(0x19, 0x19, 0x19));
+    dark.setColor(QPalette::Text, Qt::white);
+    dark.setColor(QPalette::PlaceholderText, QColor(0, 0, 0, 128));
+    style.polish(dark);
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        const QColor placeholder = dark.color(group, QPalette::PlaceholderText);
+        EXPECT_EQ(placeholder.alpha(), 255);
+        EXPECT_GE(ContrastOf(placeholder, QColor(0x19, 0x19, 0x19)), 3);
+        EXPECT_LT(ContrastOf(placeholder, QColor(0x19, 0x19, 0x19)), 6);  // paler than what is typed
+    }
+}
+
+TEST(ProgramStyleTest, APlaceholderThatCanBeReadStaysAsTheDesktopHasIt) {
+    ProgramStyle style;
+    QPalette light = style.standardPalette();
+    light.setColor(QPalette::Base, Qt::white);
+    light.setColor(QPalette::PlaceholderText, QColor(0, 0, 0, 128));
+    style.polish(light);
+    EXPECT_EQ(light.color(QPalette::Active, QPalette::PlaceholderText), QColor(0, 0, 0, 128));
+}
+
 TEST(ProgramStyleTest, ADisabledTextThatCanBeReadStaysAsTheDesktopHasIt) {
     ProgramStyle style;
     QPalette palette = style.standardPalette();
