@@ -106,12 +106,16 @@ UncertainRow::UncertainRow(const UncertainField& field, QWidget* parent) : QWidg
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     }
     int column = 0;
+    grid->setColumnStretch(column, 4);
     grid->addWidget(field_, 0, column++);
+    grid->setColumnStretch(column, 3);
     grid->addWidget(form_, 0, column++);
     for (QLineEdit*& figure : figures_) {
         figure = new QLineEdit(this);
-        constexpr int kDigits = 8;
-        figure->setMinimumWidth(figure->fontMetrics().horizontalAdvance("0") * kDigits);
+        constexpr int kLeastDigits = 8, kMostDigits = 10;
+        const int digit = figure->fontMetrics().horizontalAdvance("0");
+        figure->setMinimumWidth(digit * kLeastDigits);
+        figure->setMaximumWidth(digit * kMostDigits);
         grid->addWidget(figure, 0, column++);
         connect(figure, &QLineEdit::textEdited, this, &UncertainRow::Changed);
     }

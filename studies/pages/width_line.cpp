@@ -46,6 +46,7 @@ void WidthLine::Build() {
     field_->setAccessibleName("Width that is sought");
     field_->setToolTip("The width that is sought: of the webs, or of the barrier beside them");
     for (const PanelField field : kWidths) field_->addItem(TitleOfField(field));
+    field_->setMaximumWidth(field_->sizeHint().width());
     constexpr int kLeastCharacters = 5;  // on a narrow screen
     field_->setMinimumContentsLength(kLeastCharacters);
     field_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -79,6 +80,7 @@ void WidthLine::Build() {
     words_->hide();
     int column = 0;
     grid->addWidget(find_, 0, column++);
+    grid->setColumnStretch(column, 3);
     grid->addWidget(field_, 0, column++);
     for (const auto& [text, field] : {std::pair("in at &most", probability_), std::pair("s&tep", step_)}) {
         auto* label = new QLabel(text, this);

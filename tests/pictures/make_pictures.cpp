@@ -44,6 +44,11 @@
 #include "qt/help/qt_help_viewer.h"
 #include "qt/session/qt_screen_fonts.h"
 #include "qt/session/qt_text.h"
+#include "studies/pages/compare_page.h"
+#include "studies/pages/map_page.h"
+#include "studies/pages/risk_page.h"
+#include "studies/pages/table_page.h"
+#include "studies/window/studies_window.h"
 
 namespace tarvokol {
 namespace {
@@ -214,6 +219,34 @@ void KeepHelp() {
     Keep(*viewer.Window(), "helpWindow");
 }
 
+// The window of the studies, page by page; what is calculated beside it gets its time.
+void KeepStudies(const QString& project) {
+    constexpr int kCalculated = 2500;  // milliseconds
+    StudiesWindow window;
+    window.resize(1040, 680);
+    window.show();
+    window.OpenPath(FromQt(project));
+    auto* pages = window.findChild<QTabWidget*>("Pages");
+    const auto keep_page = [&](QWidget* page, const char* name) {
+        pages->setCurrentWidget(page);
+        QTest::qWait(kCalculated);
+        Keep(window, name);
+    };
+    keep_page(window.findChild<MapPage*>(), "studies_map");
+    keep_page(window.findChild<RiskPage*>(), "studies_risk");
+    Press(window, "Compare_Keep");
+    auto* web = window.findChild<QLineEdit*>("WebThickness_Box");
+    web->selectAll();
+    QTest::keyClicks(web, "4");
+    Press(window, "Compare_Keep");
+    Press(window, "Compare_Risks");
+    keep_page(window.findChild<ComparePage*>(), "studies_compare");
+    auto* table = window.findChild<TablePage*>();
+    table->OpenTable(FromQt(QFileInfo(project).path() + "/Tamsin_Ridge_Boreholes.csv"));
+    keep_page(table, "studies_table");
+    for (int change = 0; change < 2; ++change) window.findChild<QAction*>("actUndo")->trigger();
+}
+
 }  // namespace
 }  // namespace tarvokol
 
@@ -224,6 +257,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     QApplication application(argc, argv);
+    const QString project = QFileInfo(QString::fromLocal8Bit(argv[1])).absoluteFilePath();
     application.setStyle(QStyleFactory::create("Fusion"));
     application.setFont(QFont("Liberation Sans", 10));
     application.setQuitOnLastWindowClosed(false);
@@ -235,16 +269,18 @@ int main(int argc, char** argv) {
     Platform.Fonts = &fonts;
     Platform.MainWindow = &main_window;
     QTemporaryDir documents;
+    qputenv("XDG_CONFIG_HOME", documents.path().toUtf8());  // where windows remember their places
     ProgramDir = FromQt(QDir::cleanPath(QApplication::applicationDirPath() + "/../../bin"));
     host.Folders.Program = ProgramDir + "/tarvokol";
     host.Folders.DocumentsFolder = QDir(kDocuments).exists() ? kDocuments : FromQt(documents.path());
     Target = QDir(QString::fromLocal8Bit(argv[2])).absolutePath();
     QDir().mkpath(Target);
     LeaveOutOnError("forms", [&] {
-        OpenProject(QFileInfo(QString::fromLocal8Bit(argv[1])).absoluteFilePath());
+        OpenProject(project);
         KeepForms();
     });
     KeepHelp();
+    LeaveOutOnError("studies", [&] { KeepStudies(project); });
     UnloadAllForms();
     return Missing == 0 ? 0 : 1;
 }
