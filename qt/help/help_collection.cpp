@@ -67,7 +67,7 @@ void HelpCollection::Register(const QString& compiled_file) {
 QUrl HelpCollection::TopicAddress(const QString& topic) const {
     if (!usable_) return {};
     const QUrl address("qthelp://" + name_space_ + "/" + virtual_folder + "/" + topic);
-    return engine_->fileData(address).isEmpty() ? QUrl() : address;
+    return engine_->fileData(address.adjusted(QUrl::RemoveFragment)).isEmpty() ? QUrl() : address;
 }
 
 }  // namespace tarvokol

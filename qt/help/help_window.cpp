@@ -327,7 +327,7 @@ void HelpWindow::Print_Triggered() {
 // The contents follow the topic on show. While it changes, the browser still names the one before.
 void HelpWindow::Source_Changed(const QUrl& address) {
     QHelpContentWidget* contents = collection_.Engine().contentWidget();
-    const QModelIndex place = contents->indexOf(address);
+    const QModelIndex place = contents->indexOf(address.adjusted(QUrl::RemoveFragment));
     if (place.isValid()) contents->setCurrentIndex(place);
     const QString title = browser_->documentTitle();
     const QString help = tr("TARVO-KOL Help");

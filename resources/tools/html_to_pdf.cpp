@@ -54,8 +54,8 @@ QString WithoutLinks(QString html) {
 // A topic's headings stand one level below those of the parts.
 QString OneLevelDown(QString html) {
     for (int level = 4; level >= 1; --level) {
-        const QString from = QString::number(level), to = QString::number(level + 1);
-        html.replace("<h" + from + ">", "<h" + to + ">").replace("</h" + from + ">", "</h" + to + ">");
+        const QRegularExpression tag(QString("(</?h)%1\\b").arg(level));
+        html.replace(tag, QString("\\1%1").arg(level + 1));
     }
     return html;
 }

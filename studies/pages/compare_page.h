@@ -28,7 +28,7 @@ class ComparePage : public StudyPage {
     // The probabilities are by this plan, that of the page "Risk".
     ComparePage(StudyModel& model, std::function<RiskPlan()> plan, QWidget* parent = nullptr);
 
-    std::string HelpTopic() const override { return "studies_window.htm"; }
+    std::string HelpTopic() const override { return "studies_window.htm#compare"; }
     std::string CsvNow() const override { return board_.Csv(); }
     std::string PictureName() const override { return "designs"; }
 

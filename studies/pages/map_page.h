@@ -26,7 +26,7 @@ class MapPage : public StudyPage {
   public:
     explicit MapPage(StudyModel& model, QWidget* parent = nullptr);
 
-    std::string HelpTopic() const override { return "studies_window.htm"; }
+    std::string HelpTopic() const override { return "studies_window.htm#map"; }
     AnyStudyPicture PictureNow() const override;
     std::string CsvNow() const override;
     std::string CommandNow() const override;

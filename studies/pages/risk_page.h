@@ -31,7 +31,7 @@ class RiskPage : public StudyPage {
   public:
     explicit RiskPage(StudyModel& model, QWidget* parent = nullptr);
 
-    std::string HelpTopic() const override { return "studies_window.htm"; }
+    std::string HelpTopic() const override { return "studies_window.htm#risk"; }
     AnyStudyPicture PictureNow() const override;
     std::string CsvNow() const override;
     std::string CommandNow() const override;

@@ -21,7 +21,7 @@ class TablePage : public StudyPage {
   public:
     explicit TablePage(StudyModel& model, QWidget* parent = nullptr);
 
-    std::string HelpTopic() const override { return "studies_window.htm"; }
+    std::string HelpTopic() const override { return "studies_window.htm#table"; }
     std::string CsvNow() const override;
     std::string PictureName() const override { return "table"; }
 

@@ -10,14 +10,18 @@
 #include <QHelpSearchEngine>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QScrollBar>
+#include <QTextBlock>
 
 #include "qt/help/qt_help_viewer.h"
+#include "qt/session/qt_text.h"
 #include "tests/support/waiting.h"
 
 namespace tarvokol {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 
 const std::string kHelpFile = TARVOKOL_PROGRAM_DIR "/TARVOKOL.CHM";
 
@@ -189,6 +193,17 @@ TEST_F(HelpWindowTest, TheTitleNamesTheTopic) {
     EXPECT_EQ(Window().windowTitle(), "Units - TARVO-KOL Help");
     Viewer.ShowTopic(kHelpFile, "index.htm");
     EXPECT_EQ(Window().windowTitle(), "TARVO-KOL Help");
+}
+
+TEST_F(HelpWindowTest, APlaceWithinATopicIsScrolledTo) {
+    Viewer.ShowTopic(kHelpFile, "studies_window.htm#risk");
+    EXPECT_EQ(Topic(), "studies_window.htm");
+    EXPECT_EQ(Window().windowTitle(), "The window of the studies - TARVO-KOL Help");
+    EXPECT_GT(Page().verticalScrollBar()->value(), 0);
+    QTextCursor top = Page().cursorForPosition(QPoint(20, 4));
+    EXPECT_THAT(FromQt(top.block().text() + top.block().next().text()), HasSubstr("The page Risk"));
+    EXPECT_TRUE(WaitUntil(
+        [this] { return Contents().currentIndex().data().toString() == "The window of the studies"; }));
 }
 
 TEST_F(HelpWindowTest, TheContentsShowTheChapters) {

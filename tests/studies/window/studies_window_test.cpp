@@ -23,6 +23,18 @@ std::string WorkedAtDepth(const std::string& depth) {
     return bytes.replace(bytes.find("\r\n100\r\n"), 7, "\r\n" + depth + "\r\n");
 }
 
+TEST_F(StudiesWindowFields, F1OpensTheHelpAtThePageThatShows) {
+    auto& pages = Find<QTabWidget>("Pages");
+    for (int page = 0; page < 4; ++page) {
+        pages.setCurrentIndex(page);
+        QTest::keyClick(window.get(), Qt::Key_F1);
+    }
+    pages.setCurrentIndex(0);
+    EXPECT_THAT(Host.Help.Calls,
+                ElementsAre(EndsWith(" studies_window.htm#map"), EndsWith(" studies_window.htm#risk"),
+                            EndsWith(" studies_window.htm#table"), EndsWith(" studies_window.htm#compare")));
+}
+
 TEST_F(StudiesWindowFields, ShowsTheProjectAndItsFigures) {
     EXPECT_EQ(FromQt(window->windowTitle()), "panel.TKL[*] \u2013 TARVO-KOL Studies");
     EXPECT_FALSE(window->isWindowModified());
