@@ -22,9 +22,9 @@ double Spearman(const std::vector<double>& x, const std::vector<double>& y) {
         std::vector<std::size_t> order(values.size());
         std::iota(order.begin(), order.end(), std::size_t{0});
         std::sort(order.begin(), order.end(), [&](auto a, auto b) { return values[a] < values[b]; });
-        std::vector<double> ranks(values.size());
-        for (std::size_t i = 0; i < order.size(); ++i) ranks[order[i]] = static_cast<double>(i);
-        return ranks;
+        std::vector<double> places(values.size());
+        for (std::size_t i = 0; i < order.size(); ++i) places[order[i]] = static_cast<double>(i);
+        return places;
     };
     const std::vector<double> a = ranks(x);
     const std::vector<double> b = ranks(y);
