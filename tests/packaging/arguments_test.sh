@@ -26,7 +26,7 @@ said() {
 for display in "" yes; do
     for option in -h --help; do
         holds "./run $option" "$(said 0 ./run $option)" "Usage: ./run [PROJECT.TKL]" "without a display"
-        holds "./test $option" "$(said 0 ./test $option)" "Usage: ./test [--all | --coverage]"
+        holds "./test $option" "$(said 0 ./test $option)" "Usage: ./test [--all | --packaged | --coverage]"
         holds "./package $option" "$(said 0 ./package $option)" "Usage: ./package"
     done
     holds "unknown option" "$(said 2 ./run --quick)" "./run: unknown option: --quick" "Usage: ./run"

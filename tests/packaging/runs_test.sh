@@ -107,6 +107,11 @@ test_tests_that_fail_make_the_run_red() {
     text=$(said ./test)
     same "status of tests that fail" 8 $?
     holds "the step" "$text" "== Tests of the release"
+    text=$(said ./test --packaged)
+    same "status of tests of the packages' build that fail" 8 $?
+    same "the build that is packed" "cmake --preset package -DTARVOKOL_TESTS=ON
+cmake --build --preset package --target all" "$(called | grep '^cmake')"
+    same "what is tested" 1 "$(called | grep -c '^ctest --test-dir build/package ')"
     text=$(said ./test --coverage)
     same "status of counted tests that fail" 8 $?
     [[ $text != *"== Coverage"$'\n'* ]] || fail "lines are counted of tests that failed"

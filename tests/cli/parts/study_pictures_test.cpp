@@ -219,8 +219,12 @@ TEST_F(StudyPictures, ARiskGivesTheSpreadOfTheFactorsWithTheirTargets) {
     }
     // One sample in each fiftieth of 200 to 400 ft: none below 471.99928 / 400, all below 471.99928 / 200.
     for (const GridPoint& point : picture.panels[1].below) {
-        if (point.x < 471.99928 / 400) EXPECT_EQ(point.y, 0);
-        if (point.x > 471.99928 / 200) EXPECT_NEAR(point.y, 1, 1e-12);
+        if (point.x < 471.99928 / 400) {
+            EXPECT_EQ(point.y, 0);
+        }
+        if (point.x > 471.99928 / 200) {
+            EXPECT_NEAR(point.y, 1, 1e-12);
+        }
     }
 }
 
