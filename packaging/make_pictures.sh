@@ -49,15 +49,20 @@ in_the_engineers_system() {
     ' bash $documents "$target" $program $project "$@"
 }
 
-# studies FOLDER: what the commands of the worked studies draw.
+# studies FOLDER: what the commands of the worked studies draw, as wide as the help shows it.
 studies() {
     local draw="env QT_QPA_PLATFORM=offscreen $build/bin/tarvokol-cli"
-    $draw sweep $project --vary WebThickness=2:8:0.25 --vary DepthCover=50:250:5 --of WebsOnly -q --force -o "$1/study_map.png"
-    $draw risk $project --random CoalStrength=lognormal:100%:15% -q --force -o "$1/study_risk.png"
+    $draw sweep $project --vary WebThickness=2:8:0.25 --vary DepthCover=50:250:5 --of WebsOnly -q --force -o "$1/study_map.svg"
+    $draw risk $project --random CoalStrength=lognormal:100%:15% -q --force -o "$1/study_risk.svg"
     # Its title is the file's name.
     cp examples/Tamsin_Ridge_Strengths.csv .
-    $draw fit Tamsin_Ridge_Strengths.csv --column Strength -q --force -o "$1/study_fit.png"
+    $draw fit Tamsin_Ridge_Strengths.csv --column Strength -q --force -o "$1/study_fit.svg"
     rm Tamsin_Ridge_Strengths.csv
+    local picture height
+    for picture in "$1"/study_*.svg; do
+        height=$(sed -n 's/^ viewBox="0 0 720 \([0-9]*\)"$/\1/p' "$picture")
+        sed -i "2s/width=.*/width=\"600\" height=\"$((height * 600 / 720))\"/; s/Arial, sans-serif/Liberation Sans, &/" "$picture"
+    done
 }
 
 # A topic whose form has a picture shows it.
@@ -81,7 +86,7 @@ else
     pictures resources/help/images 1
     studies resources/help/images
     rm -f resources/help/images/helpWindow.png
-    # A third of the size, and nobody sees it.
-    mogrify +dither -colors 256 -format png -define png:format=png8 resources/help/images/studies_*.png
+    # A third of the size, in the help and in the manual, and nobody sees it.
+    mogrify +dither -colors 256 -format png -define png:format=png8 resources/help/images/*.png
     show_in_topics
 fi

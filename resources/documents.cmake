@@ -22,8 +22,10 @@ add_custom_command(OUTPUT ${help_file}
     COMMENT "Compiling the help" VERBATIM)
 
 # Documents: a small tool sets HTML sources as PDF pages.
-add_executable(html_to_pdf tools/html_to_pdf.cpp tools/page_setter.cpp tools/page_setter.h tools/pdf_outline.cpp
-               tools/pdf_outline.h)
+add_executable(html_to_pdf tools/html_to_pdf.cpp tools/page_setter.cpp tools/page_setter.h tools/figures.cpp
+               tools/figures.h tools/drawing.cpp tools/drawing.h tools/pdf_outline.cpp tools/pdf_outline.h tools/pdf_file.cpp tools/pdf_file.h
+               tools/pdf_pictures.cpp tools/pdf_pictures.h)
+set_target_properties(html_to_pdf PROPERTIES AUTOMOC ON)
 target_link_libraries(html_to_pdf PRIVATE tarvokol_options Qt6::Gui Qt6::Svg)
 
 # tarvokol_document(PDF DEPENDS... ARGUMENTS...): one PDF of the program folder.

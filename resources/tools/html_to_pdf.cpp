@@ -119,7 +119,7 @@ void LayBook(PageSetter& setter, const Book& book) {
     QList<int> pages;
     for (int pass = 0; pass < most_contents_passes; ++pass) {
         const QString html = book.title_page + ContentsTable(book, pages) + book.text;
-        setter.Lay(WithImageWidths(html, book.folders));
+        setter.Lay(html);
         QList<int> found;
         for (const PdfBookmark& heading : setter.Headings(1, 2)) found.append(heading.place.page);
         if (found.size() != book.entries.size()) qFatal("the book's headings differ from its contents");
@@ -165,7 +165,7 @@ int Run(const QCommandLineParser& options) {
     const QString html = TextOf(source);
     const QStringList folders{QFileInfo(source).path()};
     PageSetter setter(output, folders, style);
-    setter.Lay(WithImageWidths(WithoutLinks(BodyOf(html)), folders));
+    setter.Lay(WithoutLinks(BodyOf(html)));
     text.title = TitleOf(html);
     return setter.Write(text) ? Finish(output, setter.Headings(1, 3), {}) : 1;
 }

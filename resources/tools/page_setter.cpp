@@ -2,18 +2,12 @@
 #include "page_setter.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QImage>
 #include <QPageSize>
 #include <QPainter>
 #include <QRegularExpression>
-#include <QSvgRenderer>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextTable>
-#include <QUrl>
 #include <cmath>
 
 namespace tarvokol {
@@ -23,12 +17,8 @@ constexpr int dots_per_inch = 600;
 constexpr double inches_per_millimetre = 1.0 / 25.4;
 constexpr double page_width = 210, page_height = 297;                  // millimetres
 constexpr double side_margin = 24, top_margin = 26, foot_margin = 24;  // millimetres
-constexpr double screen_dots_per_inch = 96;
 constexpr double points_per_inch = 72;
-constexpr double screenshot_scale = 0.66;
-constexpr double tallest_screenshot = 300;  // screen dots; a taller one leaves its text no room
-constexpr int short_paragraph = 4;          // lines; not to be split over two pages
-constexpr int drawing_oversampling = 5;
+constexpr int short_paragraph = 4;  // lines; not to be split over two pages
 constexpr int most_mended_breaks = 400;
 
 double Dots(double millimetres) {
@@ -44,35 +34,6 @@ double TextWidth() {
 }
 double TextHeight() {
     return Dots(page_height - top_margin - foot_margin);
-}
-
-QString FindIn(const QStringList& folders, const QString& name) {
-    for (const QString& folder : folders) {
-        const QString path = QDir(folder).filePath(name);
-        if (QFile::exists(path)) return path;
-    }
-    return {};
-}
-
-QImage RenderedDrawing(const QString& path) {
-    QSvgRenderer drawing(path);
-    QImage image(drawing.defaultSize() * drawing_oversampling, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    drawing.render(&painter);
-    return image;
-}
-
-double ScreenshotWidth(const QSize& size) {
-    return size.width() * std::min(screenshot_scale, tallest_screenshot / size.height());
-}
-
-// Width on the page, in screen dots.
-int WidthOnPage(const QString& path) {
-    const double text_width = TextWidth() / dots_per_inch * screen_dots_per_inch;
-    const double natural = path.endsWith(".svg") ? QSvgRenderer(path).defaultSize().width()
-                                                 : ScreenshotWidth(QImage(path).size());
-    return static_cast<int>(std::min(natural, text_width - 4));
 }
 
 bool IsHeading(const QTextBlock& block) {
@@ -96,29 +57,8 @@ bool IsCaption(const QTextBlock& block, const char* kind) {
 
 }  // namespace
 
-QVariant SourceDocument::loadResource(int type, const QUrl& name) {
-    const QString path = FindIn(folders_, name.toString());
-    if (path.isEmpty()) return QTextDocument::loadResource(type, name);
-    if (path.endsWith(".svg")) return RenderedDrawing(path);
-    return QImage(path);
-}
-
-QString WithImageWidths(const QString& html, const QStringList& folders) {
-    static const QRegularExpression image("<img src=\"([^\"]+)\"");
-    QString result = html;
-    auto found = image.globalMatch(html);
-    while (found.hasNext()) {
-        const auto match = found.next();
-        const QString path = FindIn(folders, match.captured(1));
-        if (path.isEmpty()) qFatal("image not found: %s", qPrintable(match.captured(1)));
-        const QString sized = match.captured(0) + " width=\"" + QString::number(WidthOnPage(path)) + "\"";
-        result.replace(match.captured(0) + " alt", sized + " alt");
-    }
-    return result;
-}
-
 PageSetter::PageSetter(const QString& pdf, const QStringList& folders, const QString& style)
-    : writer_(pdf), document_(folders) {
+    : writer_(pdf), figures_(folders, dots_per_inch, TextWidth()) {
     writer_.setResolution(dots_per_inch);
     writer_.setPageSize(QPageSize(QPageSize::A4));
     writer_.setPageMargins(QMarginsF(0, 0, 0, 0));
@@ -126,6 +66,7 @@ PageSetter::PageSetter(const QString& pdf, const QStringList& folders, const QSt
     document_.setDefaultStyleSheet(style);
     document_.setDocumentMargin(0);
     document_.documentLayout()->setPaintDevice(&writer_);
+    document_.documentLayout()->registerHandler(QTextFormat::ImageObject, &figures_);
     document_.setPageSize(QSizeF(TextWidth(), TextHeight()));
 }
 

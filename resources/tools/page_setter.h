@@ -10,25 +10,10 @@
 #include <QTextDocument>
 #include <QTextTable>
 
+#include "figures.h"
 #include "pdf_outline.h"
 
 namespace tarvokol {
-
-// A document whose images are read from beside its source; drawings are rendered at print resolution.
-class SourceDocument : public QTextDocument {
-  public:
-    explicit SourceDocument(const QStringList& folders) : folders_(folders) {}
-
-  protected:
-    QVariant loadResource(int type, const QUrl& name) override;
-
-  private:
-    QStringList folders_;
-};
-
-// Gives every image a width: its own size scaled down to the text width at most. `folders` are searched in
-// order.
-QString WithImageWidths(const QString& html, const QStringList& folders);
 
 struct PageText {
     QString title;            // head line, right side, and the PDF's title
@@ -75,7 +60,8 @@ class PageSetter {
     void DrawPage(QPainter& painter, int page, const PageText& text);
 
     QPdfWriter writer_;
-    SourceDocument document_;
+    Figures figures_;
+    QTextDocument document_;
 };
 
 }  // namespace tarvokol

@@ -6,8 +6,13 @@
 #include <QMap>
 #include <QRegularExpression>
 
+#include "pdf_file.h"
+#include "pdf_pictures.h"
+
 namespace tarvokol {
 namespace {
+
+constexpr qsizetype longest_page = 4096;  // of the object that describes a page, its content is another
 
 // A text of a PDF, in the form that holds every character.
 QByteArray TextString(const QString& text) {
@@ -25,19 +30,16 @@ QByteArray Figure(double points) {
     return QByteArray::number(points, 'f', 2);
 }
 
-// A file that is being revised: the objects of the revision by their numbers, over those that are there.
-class Revision {
+// A file that is being completed.
+class Completion {
   public:
-    explicit Revision(QByteArray bytes) : bytes_(std::move(bytes)) {}
-
-    bool Read();
+    bool Read(const QByteArray& bytes);
     void RemoveDate();
-    int PageCount() const { return static_cast<int>(pages_.size()); }
     QByteArray Destination(const PdfPlace& place) const;
     void AddInformation(const PdfAdditions& additions);
     void AddOutline(const QList<PdfBookmark>& bookmarks);
     void AddLinks(const QList<PdfLink>& links);
-    QByteArray Result() const;
+    QByteArray Result();
 
   private:
     struct Page {
@@ -46,83 +48,62 @@ class Revision {
         double height;    // points
     };
 
-    QByteArray Object(int number) const;
-    int NewObject() { return size_++; }
+    void AddTo(int object, const QByteArray& entries);
     void ReadPages();
 
-    QByteArray bytes_;
+    PdfFile file_;
     QList<Page> pages_;
-    QMap<int, QByteArray> objects_;
-    int size_ = 0;  // the first free object number
-    int catalog_ = 0;
-    int information_ = 0;
-    qsizetype cross_references_ = 0;
 };
 
-int NumberBehind(const QByteArray& bytes, const QByteArray& key) {
-    const qsizetype found = bytes.lastIndexOf(key);
-    if (found < 0) return 0;
-    const QByteArray rest = bytes.mid(found + key.size(), 24).simplified();
-    return rest.left(rest.indexOf(' ') < 0 ? rest.size() : rest.indexOf(' ')).toInt();
-}
-
-bool Revision::Read() {
-    const QByteArray tail = bytes_.right(256);
-    size_ = NumberBehind(tail, "/Size ");
-    catalog_ = NumberBehind(tail, "/Root ");
-    information_ = NumberBehind(tail, "/Info ");
-    cross_references_ = NumberBehind(tail, "startxref\n");
+bool Completion::Read(const QByteArray& bytes) {
+    if (!file_.Read(bytes)) return false;
     ReadPages();
-    return size_ > 0 && catalog_ > 0 && information_ > 0 && cross_references_ > 0 && !pages_.isEmpty();
+    return !pages_.isEmpty();
 }
 
-void Revision::ReadPages() {
+// In the order of their numbers, which is that of the pages.
+void Completion::ReadPages() {
     static const QRegularExpression page(
-        "(\\d+) 0 obj\n<<\n/Type /Page\n[^>]*/Annots (\\d+) 0 R\n/MediaBox \\[0 0 [0-9.]+ ([0-9.]+)\\]");
-    auto found = page.globalMatch(QString::fromLatin1(bytes_));
-    while (found.hasNext()) {
-        const auto match = found.next();
-        pages_.append({match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toDouble()});
+        "^<<\n/Type /Page\n[^>]*/Annots (\\d+) 0 R\n/MediaBox \\[0 0 [0-9.]+ ([0-9.]+)\\]");
+    const auto& objects = file_.Objects();
+    for (auto it = objects.cbegin(); it != objects.cend(); ++it) {
+        const auto match = page.match(QString::fromLatin1(it->left(longest_page)));
+        if (match.hasMatch())
+            pages_.append({it.key(), match.captured(1).toInt(), match.captured(2).toDouble()});
     }
 }
 
-// What stands between an object's number and its end.
-QByteArray Revision::Object(int number) const {
-    const QByteArray head = "\n" + QByteArray::number(number) + " 0 obj\n";
-    const qsizetype start = bytes_.indexOf(head) + head.size();
-    return bytes_.mid(start, bytes_.indexOf("endobj", start) - start);
+// At the end of a dictionary.
+void Completion::AddTo(int object, const QByteArray& entries) {
+    QByteArray& dictionary = file_.Objects()[object];
+    dictionary.insert(dictionary.lastIndexOf(">>"), entries);
 }
 
-// The date of the build gives way to blanks, so that nothing moves.
-void Revision::RemoveDate() {
-    const qsizetype start = bytes_.indexOf("/CreationDate (");
-    if (start < 0) return;
-    const qsizetype length = bytes_.indexOf(')', start) + 1 - start;
-    bytes_.replace(start, length, QByteArray(length, ' '));
+// The date of the build.
+void Completion::RemoveDate() {
+    QByteArray& information = file_.Objects()[file_.Information()];
+    const qsizetype start = information.indexOf("/CreationDate (");
+    if (start >= 0) information.remove(start, information.indexOf('\n', start) + 1 - start);
 }
 
-QByteArray Revision::Destination(const PdfPlace& place) const {
+QByteArray Completion::Destination(const PdfPlace& place) const {
     const Page& page = pages_[place.page - 1];
     return "[" + Reference(page.object) + " /XYZ null " + Figure(page.height - place.top) + " null]";
 }
 
-void Revision::AddInformation(const PdfAdditions& additions) {
-    QByteArray text = Object(information_);
+void Completion::AddInformation(const PdfAdditions& additions) {
     QByteArray added = "/Author " + TextString(additions.author) + "\n";
     if (!additions.date.isEmpty()) added += "/CreationDate (D:" + additions.date.toLatin1() + "Z)\n";
-    text.insert(text.lastIndexOf(">>"), added);
-    objects_[information_] = text;
-    QByteArray catalog = Object(catalog_);
-    catalog.insert(catalog.lastIndexOf(">>"), "/ViewerPreferences << /DisplayDocTitle true >>\n");
-    objects_[catalog_] = catalog;
+    AddTo(file_.Information(), added);
+    AddTo(file_.Catalog(), "/ViewerPreferences << /DisplayDocTitle true >>\n");
 }
 
 // The tree is written as chains: every bookmark knows its parent and its neighbours, a parent its first and
 // last child.
-void Revision::AddOutline(const QList<PdfBookmark>& bookmarks) {
+void Completion::AddOutline(const QList<PdfBookmark>& bookmarks) {
     if (bookmarks.isEmpty()) return;
-    const int root = NewObject(), first = size_;
-    size_ += static_cast<int>(bookmarks.size());
+    const int root = file_.NewObject(), first = root + 1;
+    for (qsizetype i = 0; i < bookmarks.size(); ++i) file_.NewObject();
     QMap<int, QList<int>> children;  // of an object, in order
     QMap<int, int> parents;
     for (qsizetype i = 0; i < bookmarks.size(); ++i) {
@@ -138,7 +119,7 @@ void Revision::AddOutline(const QList<PdfBookmark>& bookmarks) {
         return " /First " + Reference(own.first()) + " /Last " + Reference(own.last()) + " /Count " +
                QByteArray::number(open ? own.size() : -own.size());
     };
-    objects_[root] = "<< /Type /Outlines" + family(root, true) + " >>\n";
+    file_.Objects()[root] = "<< /Type /Outlines" + family(root, true) + " >>\n";
     for (qsizetype i = 0; i < bookmarks.size(); ++i) {
         const int object = first + static_cast<int>(i);
         const QList<int> row = children[parents[object]];
@@ -147,14 +128,13 @@ void Revision::AddOutline(const QList<PdfBookmark>& bookmarks) {
             "<< /Title " + TextString(bookmarks[i].title) + " /Parent " + Reference(parents[object]);
         if (place > 0) text += " /Prev " + Reference(row[place - 1]);
         if (place + 1 < row.size()) text += " /Next " + Reference(row[place + 1]);
-        objects_[object] =
+        file_.Objects()[object] =
             text + family(object, false) + " /Dest " + Destination(bookmarks[i].place) + " >>\n";
     }
-    QByteArray& catalog = objects_[catalog_];
-    catalog.insert(catalog.lastIndexOf(">>"), "/Outlines " + Reference(root) + "\n/PageMode /UseOutlines\n");
+    AddTo(file_.Catalog(), "/Outlines " + Reference(root) + "\n/PageMode /UseOutlines\n");
 }
 
-void Revision::AddLinks(const QList<PdfLink>& links) {
+void Completion::AddLinks(const QList<PdfLink>& links) {
     QMap<int, QByteArray> of_page;
     for (const PdfLink& link : links) {
         const double height = pages_[link.page - 1].height;
@@ -164,21 +144,12 @@ void Revision::AddLinks(const QList<PdfLink>& links) {
                               "] /Dest " + Destination(link.target) + " >>\n";
     }
     for (auto it = of_page.cbegin(); it != of_page.cend(); ++it)
-        objects_[pages_[it.key() - 1].annotations] = "[\n" + it.value() + "]\n";
+        file_.Objects()[pages_[it.key() - 1].annotations] = "[\n" + it.value() + "]\n";
 }
 
-QByteArray Revision::Result() const {
-    QByteArray result = bytes_, references;
-    for (auto it = objects_.cbegin(); it != objects_.cend(); ++it) {
-        references += QByteArray::number(it.key()) + " 1\n" +
-                      QByteArray::number(result.size()).rightJustified(10, '0') + " 00000 n \n";
-        result += QByteArray::number(it.key()) + " 0 obj\n" + it.value() + "endobj\n";
-    }
-    const qsizetype start = result.size();
-    return result + "xref\n" + references + "trailer\n<<\n/Size " + QByteArray::number(size_) + "\n/Info " +
-           Reference(information_) + "\n/Root " + Reference(catalog_) + "\n/Prev " +
-           QByteArray::number(cross_references_) + "\n>>\nstartxref\n" + QByteArray::number(start) +
-           "\n%%EOF\n";
+QByteArray Completion::Result() {
+    GivePalettes(file_);
+    return file_.Bytes();
 }
 
 }  // namespace
@@ -186,14 +157,15 @@ QByteArray Revision::Result() const {
 bool AddToPdf(const QString& path, const PdfAdditions& additions) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return false;
-    Revision revision(file.readAll());
+    Completion completion;
+    const bool read = completion.Read(file.readAll());
     file.close();
-    if (!revision.Read()) return false;
-    revision.RemoveDate();
-    revision.AddInformation(additions);
-    revision.AddOutline(additions.bookmarks);
-    revision.AddLinks(additions.links);
-    const QByteArray result = revision.Result();
+    if (!read) return false;
+    completion.RemoveDate();
+    completion.AddInformation(additions);
+    completion.AddOutline(additions.bookmarks);
+    completion.AddLinks(additions.links);
+    const QByteArray result = completion.Result();
     return file.open(QIODevice::WriteOnly) && file.write(result) == result.size();
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the page writer leaves out of a PDF: its outline, the links of its contents, its author and a date
-// that does not depend on the day of the build. They are appended to the file as a revision of it.
+// that does not depend on the day of the build. The file is written anew with them, its pictures of few colours with palettes.
 #pragma once
 
 #include <QList>
