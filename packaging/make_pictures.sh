@@ -58,10 +58,11 @@ studies() {
     cp examples/Tamsin_Ridge_Strengths.csv .
     $draw fit Tamsin_Ridge_Strengths.csv --column Strength -q --force -o "$1/study_fit.svg"
     rm Tamsin_Ridge_Strengths.csv
+    # The help knows families by a single name.
     local picture height
     for picture in "$1"/study_*.svg; do
         height=$(sed -n 's/^ viewBox="0 0 720 \([0-9]*\)"$/\1/p' "$picture")
-        sed -i "2s/width=.*/width=\"600\" height=\"$((height * 600 / 720))\"/; s/Arial, sans-serif/Liberation Sans, &/" "$picture"
+        sed -i "2s/width=.*/width=\"600\" height=\"$((height * 600 / 720))\"/; s/Arial, sans-serif/Arial/" "$picture"
     done
 }
 

@@ -6,13 +6,57 @@
 namespace tarvokol {
 namespace {
 
-constexpr qsizetype row_length = 20;  // of the table of objects
+constexpr qsizetype row_length = 20;  // of the table of objects, as it is read
+constexpr int smallest_result = 9;    // level of compression
 
-QByteArray TableRow(qsizetype offset, const char* kind) {
-    return QByteArray::number(offset).rightJustified(10, '0') + kind;
+bool IsStream(const QByteArray& object) {
+    return object.contains(pdf_stream_start);
 }
 
+QByteArray Stream(const QByteArray& entries, const QByteArray& content) {
+    const QByteArray packed = PackedForPdf(content);
+    return "<< " + entries + "/Filter /FlateDecode /Length " + QByteArray::number(packed.size()) +
+           pdf_stream_start + packed + pdf_stream_end;
+}
+
+QByteArray Numbered(int number, const QByteArray& object) {
+    return QByteArray::number(number) + " 0 obj\n" + object + "endobj\n";
+}
+
+// A row of the table of objects, as it is written: one byte for the kind, three and two for what it says.
+QByteArray Row(int kind, qsizetype first, int second) {
+    QByteArray row;
+    for (const qsizetype part :
+         {qsizetype{kind}, first >> 16, first >> 8, first, qsizetype{second >> 8}, qsizetype{second}})
+        row += static_cast<char>(part & 0xff);
+    return row;
+}
+
+// Objects together: their numbers and places, then they themselves.
+class Gathered {
+  public:
+    // The place in the row.
+    int Add(int number, const QByteArray& object) {
+        places_ += QByteArray::number(number) + ' ' + QByteArray::number(objects_.size()) + ' ';
+        objects_ += object;
+        return count_++;
+    }
+    QByteArray Object() const {
+        return Stream("/Type /ObjStm /N " + QByteArray::number(count_) + " /First " +
+                          QByteArray::number(places_.size()) + ' ',
+                      places_ + objects_);
+    }
+
+  private:
+    QByteArray places_, objects_;
+    int count_ = 0;
+};
+
 }  // namespace
+
+QByteArray PackedForPdf(const QByteArray& bytes) {
+    return qCompress(bytes, smallest_result).mid(4);  // the toolkit's length in front is no part of a PDF
+}
 
 int NumberAfter(const QByteArray& bytes, const QByteArray& key) {
     const qsizetype found = bytes.lastIndexOf(key);
@@ -46,24 +90,51 @@ bool PdfFile::Read(const QByteArray& bytes) {
         if (!object.startsWith(prefix)) return false;
         objects_[it.value()] = object.mid(prefix.size(), object.lastIndexOf("endobj") - prefix.size());
     }
+    GiveStreamsTheirLengths();
     return objects_.contains(catalog_) && objects_.contains(information_);
 }
 
+// A writer that does not know a length beforehand writes it as an object of its own.
+void PdfFile::GiveStreamsTheirLengths() {
+    QList<int> lengths;
+    for (QByteArray& object : objects_) {
+        const qsizetype start = object.indexOf(pdf_stream_start);
+        if (start < 0) continue;
+        const QByteArray dictionary = object.left(start), key = "/Length ";
+        const int length = NumberAfter(dictionary, key);
+        const QByteArray reference = key + QByteArray::number(length) + " 0 R";
+        if (!dictionary.contains(reference) || !objects_.contains(length)) continue;
+        object.replace(dictionary.indexOf(reference), reference.size(), key + objects_[length].trimmed());
+        lengths.append(length);
+    }
+    for (const int length : lengths) objects_.remove(length);
+}
+
 QByteArray PdfFile::Bytes() const {
-    QByteArray result = head_, rows = TableRow(0, " 65535 f \n");
+    const int gathering = last_ + 1, table = last_ + 2;
+    QByteArray result = head_, rows = Row(0, 0, 0xffff);
+    result.replace("%PDF-1.4", "%PDF-1.5");
+    Gathered gathered;
     for (int number = 1; number <= last_; ++number) {
         const auto object = objects_.find(number);
         if (object == objects_.end()) {
-            rows += TableRow(0, " 65535 f \n");
-            continue;
+            rows += Row(0, 0, 0xffff);
+        } else if (!IsStream(*object)) {
+            rows += Row(2, gathering, gathered.Add(number, *object));
+        } else {
+            rows += Row(1, result.size(), 0);
+            result += Numbered(number, *object);
         }
-        rows += TableRow(result.size(), " 00000 n \n");
-        result += QByteArray::number(number) + " 0 obj\n" + *object + "endobj\n";
     }
-    const QByteArray size = QByteArray::number(last_ + 1), start = QByteArray::number(result.size());
-    return result + "xref\n0 " + size + "\n" + rows + "trailer\n<<\n/Size " + size + "\n/Info " +
-           QByteArray::number(information_) + " 0 R\n/Root " + QByteArray::number(catalog_) +
-           " 0 R\n>>\nstartxref\n" + start + "\n%%EOF\n";
+    rows += Row(1, result.size(), 0);
+    result += Numbered(gathering, gathered.Object());
+    const qsizetype start = result.size();
+    rows += Row(1, start, 0);
+    const QByteArray entries = "/Type /XRef /W [1 3 2] /Size " + QByteArray::number(table + 1) + " /Info " +
+                               QByteArray::number(information_) + " 0 R /Root " +
+                               QByteArray::number(catalog_) + " 0 R ";
+    return result + Numbered(table, Stream(entries, rows)) + "startxref\n" + QByteArray::number(start) +
+           "\n%%EOF\n";
 }
 
 }  // namespace tarvokol

@@ -83,7 +83,7 @@ void Completion::AddTo(int object, const QByteArray& entries) {
 void Completion::RemoveDate() {
     QByteArray& information = file_.Objects()[file_.Information()];
     const qsizetype start = information.indexOf("/CreationDate (");
-    if (start >= 0) information.remove(start, information.indexOf('\n', start) + 1 - start);
+    if (start >= 0) information.remove(start, information.indexOf(')', start) + 1 - start);
 }
 
 QByteArray Completion::Destination(const PdfPlace& place) const {

@@ -8,10 +8,7 @@ namespace tarvokol {
 namespace {
 
 constexpr int most_colours = 256;
-constexpr int smallest_result = 9;  // level of compression
 constexpr const char* plain_colours = "/ColorSpace /DeviceRGB\n";
-constexpr const char* stream_start = ">>\nstream\n";
-constexpr const char* stream_end = "\nendstream\n";
 
 struct Picture {
     QByteArray palette;  // three bytes per colour, in the order in which the colours come
@@ -23,10 +20,6 @@ QByteArray Unpacked(const QByteArray& stream, qsizetype size) {
     QByteArray length(4, '\0');
     qToBigEndian(static_cast<quint32>(size), length.data());
     return qUncompress(length + stream);
-}
-
-QByteArray Packed(const QByteArray& bytes) {
-    return qCompress(bytes, smallest_result).mid(4);
 }
 
 // Without dots where there are too many colours.
@@ -48,26 +41,28 @@ Picture WithPalette(const QByteArray& colours) {
     return picture;
 }
 
-void GivePalette(QByteArray& object, QByteArray& length) {
-    const qsizetype start = object.indexOf(stream_start) + static_cast<qsizetype>(qstrlen(stream_start));
+void GivePalette(QByteArray& object) {
+    const qsizetype start =
+        object.indexOf(pdf_stream_start) + static_cast<qsizetype>(qstrlen(pdf_stream_start));
     QByteArray dictionary = object.left(start);
     const qsizetype size =
         qsizetype{3} * NumberAfter(dictionary, "/Width ") * NumberAfter(dictionary, "/Height ");
-    const QByteArray stream = object.mid(start, length.trimmed().toLongLong());
+    const QByteArray stream = object.mid(start, NumberAfter(dictionary, "/Length "));
     const QByteArray colours = Unpacked(stream, size);
     if (colours.size() != size) return;
     const Picture picture = WithPalette(colours);
     if (picture.dots.isEmpty()) return;
-    const QByteArray packed = Packed(picture.dots);
+    const QByteArray packed = PackedForPdf(picture.dots);
     dictionary.replace(plain_colours, "/ColorSpace [/Indexed /DeviceRGB " +
                                           QByteArray::number(picture.palette.size() / 3 - 1) + " <" +
                                           picture.palette.toHex() + ">]\n");
-    object = dictionary + packed + stream_end;
-    length = QByteArray::number(packed.size()) + "\n";
+    const QByteArray key = "/Length ";
+    dictionary.replace(key + QByteArray::number(stream.size()), key + QByteArray::number(packed.size()));
+    object = dictionary + packed + pdf_stream_end;
 }
 
 bool HasPlainColours(const QByteArray& object) {
-    const QByteArray dictionary = object.left(object.indexOf(stream_start));
+    const QByteArray dictionary = object.left(object.indexOf(pdf_stream_start));
     return dictionary.contains("/Subtype /Image\n") && dictionary.contains(plain_colours) &&
            dictionary.contains("/Filter /FlateDecode");
 }
@@ -75,14 +70,8 @@ bool HasPlainColours(const QByteArray& object) {
 }  // namespace
 
 void GivePalettes(PdfFile& file) {
-    auto& objects = file.Objects();
-    for (const int number : objects.keys()) {
-        if (!HasPlainColours(objects[number])) continue;
-        QByteArray object = objects[number];
-        const int length = NumberAfter(object.left(object.indexOf(stream_start)), "/Length ");
-        if (objects.contains(length)) GivePalette(object, objects[length]);
-        objects[number] = object;
-    }
+    for (QByteArray& object : file.Objects())
+        if (HasPlainColours(object)) GivePalette(object);
 }
 
 }  // namespace tarvokol
