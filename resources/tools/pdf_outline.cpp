@@ -34,7 +34,7 @@ QByteArray Figure(double points) {
 class Completion {
   public:
     bool Read(const QByteArray& bytes);
-    void RemoveDate();
+    void RemoveDates();
     QByteArray Destination(const PdfPlace& place) const;
     void AddInformation(const PdfAdditions& additions);
     void AddOutline(const QList<PdfBookmark>& bookmarks);
@@ -79,11 +79,19 @@ void Completion::AddTo(int object, const QByteArray& entries) {
     dictionary.insert(dictionary.lastIndexOf(">>"), entries);
 }
 
-// The date of the build.
-void Completion::RemoveDate() {
-    QByteArray& information = file_.Objects()[file_.Information()];
-    const qsizetype start = information.indexOf("/CreationDate (");
-    if (start >= 0) information.remove(start, information.indexOf(')', start) + 1 - start);
+// The dates of the build, and what newer writers repeat beside them: the same information with a number that is drawn.
+void Completion::RemoveDates() {
+    auto& objects = file_.Objects();
+    QByteArray& information = objects[file_.Information()];
+    for (const char* key : {"/CreationDate (", "/ModDate ("}) {
+        const qsizetype start = information.indexOf(key);
+        if (start >= 0) information.remove(start, information.indexOf(')', start) + 1 - start);
+    }
+    QByteArray& catalog = objects[file_.Catalog()];
+    const int repeated = NumberAfter(catalog, "/Metadata ");
+    if (repeated == 0) return;
+    catalog.replace("/Metadata " + Reference(repeated), "");
+    objects.remove(repeated);
 }
 
 QByteArray Completion::Destination(const PdfPlace& place) const {
@@ -161,7 +169,7 @@ bool AddToPdf(const QString& path, const PdfAdditions& additions) {
     const bool read = completion.Read(file.readAll());
     file.close();
     if (!read) return false;
-    completion.RemoveDate();
+    completion.RemoveDates();
     completion.AddInformation(additions);
     completion.AddOutline(additions.bookmarks);
     completion.AddLinks(additions.links);
