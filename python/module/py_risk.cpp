@@ -15,6 +15,7 @@
 
 #include "core/statistics/study_numbers.h"
 #include "core/studies/risk_study.h"
+#include "core/studies/sobol_study.h"
 #include "core/studies/study_names.h"
 #include "python/module/py_panel.h"
 
@@ -61,6 +62,32 @@ py::dict DictOf(const BelowTarget& below) {
     return dict;
 }
 
+py::dict DictOf(const JointRisk& joint) {
+    py::dict dict = DictOf(joint.share);
+    dict["coverage"] = kConfidence;
+    dict["with_refused"] = DictOf(joint.with_refused);
+    return dict;
+}
+
+py::dict DictOf(const SobolIndex& index) {
+    py::dict dict;
+    dict["index"] = index.value;
+    dict["low"] = index.low;
+    dict["high"] = index.high;
+    return dict;
+}
+
+py::dict DictOf(const RiskRequest& request, const std::vector<FieldIndices>& indices) {
+    py::dict dict;
+    for (std::size_t i = 0; i < request.fields.size(); ++i) {
+        py::dict field;
+        field["first"] = DictOf(indices[i].first);
+        field["total"] = DictOf(indices[i].total);
+        dict[NameOfField(request.fields[i].field)] = field;
+    }
+    return dict;
+}
+
 py::dict DictOf(const RiskRequest& request, const FactorRisk& risk) {
     py::dict quantiles;
     for (std::size_t i = 0; i < kRiskShares.size(); ++i)
@@ -94,6 +121,7 @@ py::dict SamplesOf(const RiskRequest& request, const RiskResult& result) {
 }
 
 using Correlations = std::vector<std::tuple<std::string, std::string, double>>;
+using Targets = std::vector<std::pair<std::string, double>>;
 
 struct RiskOptions {
     std::uint32_t samples;
@@ -104,7 +132,7 @@ struct RiskOptions {
 };
 
 RiskRequest RequestOf(const PyPanel& panel, const std::vector<std::pair<std::string, std::string>>& random,
-                      const Correlations& correlations, const RiskOptions& options) {
+                      const Correlations& correlations, const Targets& targets, const RiskOptions& options) {
     RiskRequest request;
     request.panel = panel;
     request.samples = options.samples;
@@ -115,32 +143,54 @@ RiskRequest RequestOf(const PyPanel& panel, const std::vector<std::pair<std::str
     for (const auto& [field, distribution] : random) request.AddField(RequiredField(field), distribution);
     for (const auto& [first, second, value] : correlations)
         request.AddCorrelation(RequiredField(first), RequiredField(second), value);
+    for (const auto& [factor, target] : targets) request.AddTarget(RequiredFigure(factor), target);
     return request;
 }
 
-py::dict Risk(const PyPanel& panel, const std::vector<std::pair<std::string, std::string>>& random,
-              const Correlations& correlations, std::uint32_t samples, std::uint64_t seed, bool latin,
-              bool keep_samples, unsigned threads) {
-    const RiskRequest request =
-        RequestOf(panel, random, correlations, {samples, seed, latin, keep_samples, threads});
+// The indices come first: what they refuse is refused before the samples are drawn.
+struct RiskAnswer {
+    std::optional<SobolResult> sobol;
+    std::optional<RiskResult> risk;
+};
+
+RiskAnswer AnswerOf(const RiskRequest& request, bool sobol) {
     SignalWatch watch;
-    std::optional<RiskResult> result;
+    RiskAnswer answer;
     {
         const py::gil_scoped_release release;
-        result = RunRisk(request, watch);
+        if (sobol) answer.sobol = RunSobol(request, watch);
+        if (!sobol || answer.sobol) answer.risk = RunRisk(request, watch);
     }
-    if (!result) throw py::error_already_set();
+    if (!answer.risk) throw py::error_already_set();
+    return answer;
+}
+
+py::dict FactorsOf(const RiskRequest& request, const RiskAnswer& answer) {
     py::dict factors;
-    for (std::size_t i = 0; i < kFactors; ++i)
-        factors[kStudyFigures[i].name] = DictOf(request, result->risk[i]);
+    for (std::size_t i = 0; i < kFactors; ++i) {
+        py::dict factor = DictOf(request, answer.risk->risk[i]);
+        if (answer.sobol) factor["sobol"] = DictOf(request, answer.sobol->indices[i]);
+        factors[kStudyFigures[i].name] = factor;
+    }
+    return factors;
+}
+
+py::dict Risk(const PyPanel& panel, const std::vector<std::pair<std::string, std::string>>& random,
+              const Correlations& correlations, const Targets& targets, bool sobol, std::uint32_t samples,
+              std::uint64_t seed, bool latin, bool keep_samples, unsigned threads) {
+    const RiskRequest request =
+        RequestOf(panel, random, correlations, targets, {samples, seed, latin, keep_samples, threads});
+    const RiskAnswer answer = AnswerOf(request, sobol);
     py::dict dict;
     dict["samples"] = request.samples;
     dict["seed"] = request.seed;
     dict["method"] = request.latin ? "latin-hypercube" : "plain";
-    dict["refused"] = result->refused;
-    dict["messages"] = result->refusals;
-    dict["factors"] = factors;
-    if (keep_samples) dict["drawn"] = SamplesOf(request, *result);
+    dict["refused"] = answer.risk->refused;
+    dict["messages"] = answer.risk->refusals;
+    dict["factors"] = FactorsOf(request, answer);
+    dict["joint"] = DictOf(answer.risk->joint);
+    if (answer.sobol) dict["sobol_refused"] = answer.sobol->refused;
+    if (keep_samples) dict["drawn"] = SamplesOf(request, *answer.risk);
     return dict;
 }
 

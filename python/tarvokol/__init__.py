@@ -17,7 +17,7 @@ threads. What the program refuses raises Refusal with the program's words; what 
 from __future__ import annotations
 
 import os
-from collections.abc import Mapping
+from collections.abc import Iterable, Mapping
 from typing import Any
 
 import numpy
@@ -152,17 +152,24 @@ def factors(panel: Panel, frame: Any = None, *, threads: int | None = None, **fi
 
 
 def risk(panel: Panel, random: Mapping[str, str], *, correlate: Mapping[tuple[str, str], float] | None = None, samples: int = 100000,
-         seed: int = 1, latin: bool = True, keep_samples: bool = False, threads: int | None = None) -> dict[str, Any]:
+         seed: int = 1, latin: bool = True, keep_samples: bool = False, threads: int | None = None,
+         below: Iterable[tuple[str, float]] = (), sobol: bool = False) -> dict[str, Any]:
     """How likely the factors lie below their targets when figures are uncertain; the study of `tarvokol-cli risk`.
 
     `random` names each drawn field and its distribution as the command line does: {"CoalStrength": "lognormal:100%:15%"}. `correlate`
     has the correlations of pairs of fields. `samples` are Latin hypercubes, independent draws with latin=False. Same request, same bits,
     on any number of threads, and the same as the command line's with the same seed.
 
+    `below` has targets of the study's own beside those of the project, each a factor and a figure above 0: [("WebsOnly", 1.6)]. With
+    sobol each factor has first-order and total indices of every field, of independent fields alone.
+
     The keys are those of its JSON: `samples`, `seed`, `method`, `refused`, `messages`, and `factors` with mean, standard_deviation,
-    quantiles, below (the project's own target, then 1: probability with its 95 % interval) and rank_correlation of each factor. With
-    keep_samples `drawn` has the samples themselves, in arrays; a refused sample has NaN factors. Raises Refusal for a request that makes
-    no sense, Shortage where memory or threads do not suffice.
+    quantiles, below (the project's own target, then 1, then those asked for: probability with its 95 % interval), rank_correlation
+    and, where asked for, sobol of each factor; `joint`, the probability that webs or barrier or both fall below their targets; with
+    sobol `sobol_refused`, the base samples left out. With keep_samples `drawn` has the samples themselves, in arrays; a refused sample
+    has NaN factors. An index of a factor that does not vary is NaN. Raises Refusal for a request that makes no sense, Shortage where
+    memory or threads do not suffice.
     """
     pairs = [(first, second, float(value)) for (first, second), value in (correlate or {}).items()]
-    return _engine.risk(panel, list(random.items()), pairs, samples, seed, latin, keep_samples, _threads(threads))
+    targets = [(factor, float(target)) for factor, target in below]
+    return _engine.risk(panel, list(random.items()), pairs, targets, sobol, samples, seed, latin, keep_samples, _threads(threads))

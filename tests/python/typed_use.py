@@ -8,3 +8,4 @@ holes: int = panel.NumberHoles
 web: float = tarvokol.analyse(panel)["StabilityFactor"][1]
 texts: tuple[str, ...] = tarvokol.MESSAGES
 tarvokol.write("copy.TKL", panel, force=True)
+joint: object = tarvokol.risk(panel, {"CoalStrength": "normal:900:135"}, below=[("WebsOnly", 1.6)], sobol=True)["joint"]
