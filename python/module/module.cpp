@@ -8,6 +8,7 @@
 #include "core/statistics/study_refusal.h"
 #include "python/module/py_arrays.h"
 #include "python/module/py_calculation.h"
+#include "python/module/py_design.h"
 #include "python/module/py_panel.h"
 #include "python/module/py_risk.h"
 
@@ -57,4 +58,5 @@ PYBIND11_MODULE(_engine, module) {
     tarvokol::python::BindCalculation(module);
     tarvokol::python::BindArrays(module);
     tarvokol::python::BindRisk(module);
+    tarvokol::python::BindDesign(module);
 }

@@ -2,11 +2,9 @@
 #include "python/module/py_risk.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -18,54 +16,26 @@
 #include "core/studies/sobol_study.h"
 #include "core/studies/study_names.h"
 #include "python/module/py_panel.h"
+#include "python/module/py_study.h"
 
 namespace py = pybind11;
 
 namespace tarvokol::python {
 namespace {
 
-// Ctrl+C ends the study; the interpreter is asked a few times per second.
-class SignalWatch : public StudyObserver {
-  public:
-    bool Progress(std::uint64_t, std::optional<std::uint64_t>) override {
-        const auto now = std::chrono::steady_clock::now();
-        if (now < next_) return true;
-        next_ = now + std::chrono::milliseconds(100);
-        const py::gil_scoped_acquire lock;
-        return ::PyErr_CheckSignals() == 0;
-    }
-
-  private:
-    std::chrono::steady_clock::time_point next_{};
-};
-
-py::object IntervalOf(const Share& share) {
-    if (share.kind == IntervalKind::None) return py::none();
-    return py::str(share.kind == IntervalKind::Exact ? "clopper-pearson" : "replicates");
-}
-
-py::dict DictOf(const Share& share) {
-    py::dict dict;
-    dict["probability"] = share.value;
-    dict["low"] = share.low;
-    dict["high"] = share.high;
-    dict["interval"] = IntervalOf(share);
-    return dict;
-}
-
 py::dict DictOf(const BelowTarget& below) {
-    py::dict dict = DictOf(below.share);
+    py::dict dict = DictOfShare(below.share);
     dict["target"] = below.target;
     dict["own_target"] = below.own_target;
     dict["coverage"] = kConfidence;
-    dict["with_refused"] = DictOf(below.with_refused);
+    dict["with_refused"] = DictOfShare(below.with_refused);
     return dict;
 }
 
 py::dict DictOf(const JointRisk& joint) {
-    py::dict dict = DictOf(joint.share);
+    py::dict dict = DictOfShare(joint.share);
     dict["coverage"] = kConfidence;
-    dict["with_refused"] = DictOf(joint.with_refused);
+    dict["with_refused"] = DictOfShare(joint.with_refused);
     return dict;
 }
 
@@ -120,32 +90,7 @@ py::dict SamplesOf(const RiskRequest& request, const RiskResult& result) {
     return samples;
 }
 
-using Correlations = std::vector<std::tuple<std::string, std::string, double>>;
 using Targets = std::vector<std::pair<std::string, double>>;
-
-struct RiskOptions {
-    std::uint32_t samples;
-    std::uint64_t seed;
-    bool latin;
-    bool keep_samples;
-    unsigned threads;
-};
-
-RiskRequest RequestOf(const PyPanel& panel, const std::vector<std::pair<std::string, std::string>>& random,
-                      const Correlations& correlations, const Targets& targets, const RiskOptions& options) {
-    RiskRequest request;
-    request.panel = panel;
-    request.samples = options.samples;
-    request.seed = options.seed;
-    request.latin = options.latin;
-    request.keep_samples = options.keep_samples;
-    request.threads = options.threads;
-    for (const auto& [field, distribution] : random) request.AddField(RequiredField(field), distribution);
-    for (const auto& [first, second, value] : correlations)
-        request.AddCorrelation(RequiredField(first), RequiredField(second), value);
-    for (const auto& [factor, target] : targets) request.AddTarget(RequiredFigure(factor), target);
-    return request;
-}
 
 // The indices come first: what they refuse is refused before the samples are drawn.
 struct RiskAnswer {
@@ -175,11 +120,12 @@ py::dict FactorsOf(const RiskRequest& request, const RiskAnswer& answer) {
     return factors;
 }
 
-py::dict Risk(const PyPanel& panel, const std::vector<std::pair<std::string, std::string>>& random,
-              const Correlations& correlations, const Targets& targets, bool sobol, std::uint32_t samples,
-              std::uint64_t seed, bool latin, bool keep_samples, unsigned threads) {
-    const RiskRequest request =
-        RequestOf(panel, random, correlations, targets, {samples, seed, latin, keep_samples, threads});
+py::dict Risk(const PyPanel& panel, const Distributions& random, const Correlations& correlations,
+              const Targets& targets, bool sobol, std::uint32_t samples, std::uint64_t seed, bool latin,
+              bool keep_samples, unsigned threads) {
+    RiskRequest request = RequestOf(panel, random, correlations, {samples, seed, latin, threads});
+    request.keep_samples = keep_samples;
+    for (const auto& [factor, target] : targets) request.AddTarget(RequiredFigure(factor), target);
     const RiskAnswer answer = AnswerOf(request, sobol);
     py::dict dict;
     dict["samples"] = request.samples;

@@ -25,12 +25,12 @@ import numpy
 from . import _engine
 from ._engine import MESSAGES, EngineError, Panel, Refusal, Shortage
 
-__all__ = ["FIELDS", "MESSAGES", "EngineError", "Panel", "Refusal", "Shortage", "analyse", "check", "curve", "factors", "read",
-           "risk", "size", "write"]
+__all__ = ["FIELDS", "MESSAGES", "EngineError", "Panel", "Refusal", "Shortage", "analyse", "check", "curve", "design", "factors",
+           "read", "risk", "size", "write"]
 
 FIELDS = ("Height", "DepthCover", "HoleWidth", "WebThickness", "BarrierPillarWidth", "NumberHoles", "CoalStrength", "UnitWeight",
           "AbutmentAngle", "SFWeb", "SFBarrier")
-"""The fields of a panel that factors and risk set, by the names of the command line and of its tables."""
+"""The fields of a panel that factors and the studies set, by the names of the command line and of its tables."""
 
 _CURVES = {
     "sf-height": ("Height", "Overall", "WebsOnly", "BarrierPillar"),
@@ -151,6 +151,10 @@ def factors(panel: Panel, frame: Any = None, *, threads: int | None = None, **fi
     return _engine.factors(panel, columns, list(shape), _threads(threads))
 
 
+def _pairs(correlate: Mapping[tuple[str, str], float] | None) -> list[tuple[str, str, float]]:
+    return [(first, second, float(value)) for (first, second), value in (correlate or {}).items()]
+
+
 def risk(panel: Panel, random: Mapping[str, str], *, correlate: Mapping[tuple[str, str], float] | None = None, samples: int = 100000,
          seed: int = 1, latin: bool = True, keep_samples: bool = False, threads: int | None = None,
          below: Iterable[tuple[str, float]] = (), sobol: bool = False) -> dict[str, Any]:
@@ -170,6 +174,27 @@ def risk(panel: Panel, random: Mapping[str, str], *, correlate: Mapping[tuple[st
     has NaN factors. An index of a factor that does not vary is NaN. Raises Refusal for a request that makes no sense, Shortage where
     memory or threads do not suffice.
     """
-    pairs = [(first, second, float(value)) for (first, second), value in (correlate or {}).items()]
+    pairs = _pairs(correlate)
     targets = [(factor, float(target)) for factor, target in below]
     return _engine.risk(panel, list(random.items()), pairs, targets, sobol, samples, seed, latin, keep_samples, _threads(threads))
+
+
+def design(panel: Panel, random: Mapping[str, str], find: Mapping[str, tuple[str, float, float]], *,
+           correlate: Mapping[tuple[str, str], float] | None = None, between: Mapping[str, tuple[float, float]] | None = None,
+           step: float | None = None, samples: int = 100000, seed: int = 1, latin: bool = True,
+           threads: int | None = None) -> dict[str, Any]:
+    """The value of a field at which a factor is unlikely enough to lie below its target; the study of `tarvokol-cli design`.
+
+    `find` names each field that is sought, with a factor, its target and the probability below it that is allowed, a share of 1:
+    {"WebThickness": ("WebsOnly", 1.6, 0.05)}. Webs are found before barriers. `between` has other ranges of the search, in the panel's
+    units (default: a tenth of the panel's own value to ten times it; 1 to 20 holes, 1 to 89 degrees); `step` rounds what was found to
+    its multiples, to the safe side. The rest is as in risk; the figures are the command line's, to the last bit, on any number of threads.
+
+    The keys are those of its JSON: `samples`, `seed`, `method`, `step`, `found` (for each field: value with its 95 % interval, used,
+    before, after, curve, in the panel's units) and `together`, the probability that any of the factors falls below its target. Raises
+    Refusal for a request that makes no sense and where no value of the range meets the demand, Shortage where memory or threads do not
+    suffice.
+    """
+    demands = [(field, factor, float(target), float(share)) for field, (factor, target, share) in find.items()]
+    ranges = [(field, float(low), float(high)) for field, (low, high) in (between or {}).items()]
+    return _engine.design(panel, list(random.items()), demands, _pairs(correlate), ranges, step, samples, seed, latin, _threads(threads))
