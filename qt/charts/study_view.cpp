@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/charts/study_view.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -45,6 +46,15 @@ void StudyView::ShowWords(const QString& words) {
 void StudyView::SetPlace(const std::optional<GridPoint>& place) {
     place_ = place;
     update();
+}
+
+// A widget reports a new name or description itself, but not a new value.
+void StudyView::Tell(const QString& words, const SpokenValue& value) {
+    if (words == accessibleDescription() && value.now == spoken_.now) return;
+    spoken_ = value;
+    setAccessibleDescription(words);
+    QAccessibleValueChangeEvent said(this, value.now);
+    QAccessible::updateAccessibility(&said);
 }
 
 bool StudyView::HasPlaces() const {

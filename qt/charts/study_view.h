@@ -10,12 +10,13 @@
 
 #include "core/studies/contour_lines.h"
 #include "qt/charts/study_picture.h"
+#include "qt/session/spoken_picture.h"
 
 class QCustomPlot;
 
 namespace tarvokol {
 
-class StudyView : public QWidget {
+class StudyView : public QWidget, public SpokenPicture {
     Q_OBJECT
 
   public:
@@ -32,6 +33,12 @@ class StudyView : public QWidget {
     // a place outside of it show none.
     void SetPlace(const std::optional<GridPoint>& place);
     const std::optional<GridPoint>& Place() const { return place_; }
+
+    // What a screen reader is told of the picture and the place on it from now on, in words and as a number.
+    void Tell(const QString& words, const SpokenValue& value);
+    QAccessible::Role SpokenRole() const override { return QAccessible::Chart; }
+    SpokenValue ValueToSpeak() const override { return spoken_; }
+    QString WordsToSpeak() const override { return accessibleDescription(); }
 
     // Between pixels of the widget and places; nothing outside of the axes, and while there are none.
     std::optional<GridPoint> PlaceAt(const QPointF& pixel);
@@ -69,6 +76,7 @@ class StudyView : public QWidget {
 
     AnyStudyPicture picture_;
     QString words_;
+    SpokenValue spoken_;
     std::optional<GridPoint> place_;
     std::unique_ptr<QCustomPlot> plot_;  // laid out for the size that was painted last
     QPixmap painted_;

@@ -34,6 +34,11 @@ class PictureForReaders : public ValuedWidget {
     PictureForReaders(QWidget& widget, const SpokenPicture& picture)
         : ValuedWidget(&widget, picture.SpokenRole()), picture_(picture) {}
 
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Value && object() != nullptr ? picture_.WordsToSpeak()
+                                                                 : ValuedWidget::text(kind);
+    }
+
   protected:
     SpokenValue Value() const override {
         return object() == nullptr ? SpokenValue{} : picture_.ValueToSpeak();

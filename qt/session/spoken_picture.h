@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAccessible>
+#include <QString>
 
 namespace tarvokol {
 
@@ -22,6 +23,9 @@ class SpokenPicture {
 
     // Of the place to which the keys have led.
     virtual SpokenValue ValueToSpeak() const = 0;
+
+    // The same in words; empty where the number says it all.
+    virtual QString WordsToSpeak() const { return {}; }
 };
 
 }  // namespace tarvokol

@@ -9,6 +9,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <thread>
 #include <utility>
@@ -282,9 +283,13 @@ void MapPage::ShowReading() {
         text = WordsOfPlace(*place_) + ": ";
     }
     PanelEvaluator evaluator(panel, true);
-    text += FiguresInWords(evaluator.Evaluate(), panel);
+    const PanelFigures& figures = evaluator.Evaluate();
+    text += FiguresInWords(figures, panel);
     reading_->setText(ToQt(text));
-    view_->setAccessibleDescription(ToQt(text));
+    // A figure has no bounds; of a panel that has none the words alone tell.
+    const double figure = figures.*Request().figure->value;
+    const double now = std::isfinite(figure) ? figure : 0.0;
+    view_->Tell(ToQt(text), {now, now, now});
 }
 
 AnyStudyPicture MapPage::PictureNow() const {

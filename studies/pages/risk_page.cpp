@@ -11,6 +11,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <memory>
 #include <thread>
@@ -40,6 +41,14 @@ double WholeIn(const QLineEdit& box, double low, double high, const char* what, 
     fault = QString("%1: \"%2\" is not a whole number from %3 to %4")
                 .arg(what, box.text(), QString::number(low, 'f', 0), QString::number(high, 'f', 0));
     return low;
+}
+
+// The largest of the probabilities below a target: the one number for a picture of three factors.
+double ProbabilityToSpeak(const std::array<FactorRisk, kFactors>& risk) {
+    double largest = 0;
+    for (const FactorRisk& factor : risk)
+        for (const BelowTarget& below : factor.below) largest = std::max(largest, below.share.value);
+    return largest;
 }
 
 }  // namespace
@@ -319,12 +328,13 @@ void RiskPage::Show(RiskOutcome outcome) {
         for (std::size_t factor = 0; factor < reading_->picture.panels.size(); ++factor)
             for (const std::string& line : reading_->picture.panels[factor].words)
                 words += std::string(kStudyFigures[factor].legend) + ": " + line + ". ";
-        view_->setAccessibleDescription(ToQt(words));
+        view_->Tell(ToQt(words), {ProbabilityToSpeak(reading_->risk), 0, 1});
     }
     if (const auto* words = std::get_if<std::string>(&outcome)) {
         reading_.reset();
         view_->setMinimumHeight(0);
         view_->ShowWords(ToQt(*words));
+        view_->Tell(ToQt(*words), {});
     }
     ShowPoints();
 }

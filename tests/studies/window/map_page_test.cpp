@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The page of the map: it follows the project, is read off by pointer and keys, and gives places to the project.
+#include <QAccessible>
 #include <QClipboard>
 #include <QPushButton>
 
@@ -60,6 +61,21 @@ TEST_F(MapPageTest, KeysReadAndTakeAPlace) {
     EXPECT_EQ(TextOf("DepthCover_Box"), "100");
     QTest::keyClick(&View(), Qt::Key_Escape);
     EXPECT_THAT(TextOf("Map_Reading"), StartsWith("The project: "));
+}
+
+TEST_F(MapPageTest, AScreenReaderIsToldTheFigureAtTheMark) {
+    QAccessibleInterface& told = *QAccessible::queryAccessibleInterface(&View());
+    EXPECT_EQ(told.role(), QAccessible::Chart);
+    EXPECT_EQ(told.text(QAccessible::Name), "Map");
+    ASSERT_NE(told.valueInterface(), nullptr);
+    EXPECT_NEAR(told.valueInterface()->currentValue().toDouble(), 4.71999, 5e-6);
+    View().setFocus();
+    QTest::keyClick(&View(), Qt::Key_Right);
+    EXPECT_THAT(FromQt(told.text(QAccessible::Value)),
+                StartsWith("Web thickness 10.02 ft, Depth of cover 100 ft: Overall "));
+    EXPECT_NEAR(told.valueInterface()->currentValue().toDouble(), 4.72903, 1e-5);
+    QTest::keyClick(&View(), Qt::Key_Escape);
+    EXPECT_NEAR(told.valueInterface()->currentValue().toDouble(), 4.71999, 5e-6);
 }
 
 TEST_F(MapPageTest, ADoubleClickTakesThePlace) {

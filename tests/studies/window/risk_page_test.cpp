@@ -2,6 +2,7 @@
 // The page of the risk: rows of uncertain fields, a picture that follows, work that can be cancelled.
 #include "studies/pages/risk_page.h"
 
+#include <QAccessible>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTabWidget>
@@ -42,6 +43,23 @@ TEST_F(RiskPageTest, BeginsWithAStrengthKnownTo15Percent) {
               "In situ coal strength lognormal, mean 900 psi, standard deviation 135 psi");
     EXPECT_EQ(Picture().panels.size(), 3U);
     EXPECT_THAT(FromQt(Spread().accessibleDescription()), HasSubstr("Webs ONLY: Probability below "));
+}
+
+TEST_F(RiskPageTest, AScreenReaderIsToldTheProbabilities) {
+    Page().Choose({{{PanelField::CoalStrength, "uniform:1:2"}}});  // psi: no pillar of such coal holds
+    WaitForPicture();
+    QAccessibleInterface& told = *QAccessible::queryAccessibleInterface(&Spread());
+    EXPECT_EQ(told.role(), QAccessible::Chart);
+    EXPECT_EQ(told.text(QAccessible::Name), "Spread of the factors");
+    EXPECT_THAT(FromQt(told.text(QAccessible::Value)), HasSubstr("Webs ONLY: Probability below "));
+    QAccessibleValueInterface* value = told.valueInterface();
+    ASSERT_NE(value, nullptr);
+    EXPECT_EQ(value->minimumValue().toDouble(), 0);
+    EXPECT_EQ(value->currentValue().toDouble(), 1);
+    EXPECT_EQ(value->maximumValue().toDouble(), 1);
+    Page().Choose({{{PanelField::CoalStrength, "uniform:90000:90001"}}});
+    WaitForPicture();
+    EXPECT_EQ(value->currentValue().toDouble(), 0);
 }
 
 TEST_F(RiskPageTest, FollowsTheProject) {
