@@ -9,6 +9,7 @@
 #include <QTabWidget>
 
 #include "qt/session/qt_text.h"
+#include "tests/support/ink.h"
 
 namespace tarvokol {
 namespace {
@@ -31,7 +32,7 @@ QString Quoted(const char* word, const QString& text) {
 
 // The right end of a box that holds little shows what lies behind its text.
 bool IsGrey(QLineEdit& box) {
-    const QImage picture = box.grab().toImage();
+    const QImage picture = PictureOf(box);
     return picture.pixelColor(picture.width() - 4, picture.height() / 2) ==
            box.window()->palette().color(QPalette::Window);
 }

@@ -312,7 +312,7 @@ TEST_F(FormServices, ADialogsPictureGoesToTheClipboardWithAWord) {
     MessageTitle = "Message";
     QGuiApplication::clipboard()->setText("before");
     CopyDialogImage(form);
-    EXPECT_EQ(QGuiApplication::clipboard()->pixmap().size(), form.size());
+    EXPECT_EQ(QGuiApplication::clipboard()->pixmap().size(), form.size() * form.devicePixelRatioF());
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "");
     EXPECT_THAT(Messages(), ElementsAre("Screenshot of dialog copied to clipboard"));
     EXPECT_EQ(Host.Messages.Shown[0].style, 0);
@@ -324,9 +324,10 @@ TEST_F(FormServices, APictureShowsTheWindowOrItsClientArea) {
     form.setContentsMargins(0, 20, 0, 0);
     RunEvents();
     ASSERT_NE(form.centralWidget()->size(), form.size());
-    EXPECT_EQ(CaptureForm(form).size(), form.centralWidget()->size());
-    EXPECT_EQ(CaptureWindow(form, false, form.rect()).size(), form.size());
-    EXPECT_EQ(CaptureWindow(form, true, QRect(1, 2, 30, 40)).size(), QSize(30, 40));
+    const double scale = form.devicePixelRatioF();
+    EXPECT_EQ(CaptureForm(form).size(), form.centralWidget()->size() * scale);
+    EXPECT_EQ(CaptureWindow(form, false, form.rect()).size(), form.size() * scale);
+    EXPECT_EQ(CaptureWindow(form, true, QRect(1, 2, 30, 40)).size(), QSize(30, 40) * scale);
 }
 
 TEST_F(FormServices, ALabelOfAPathShowsBothEndsAndTellsTheWholePath) {

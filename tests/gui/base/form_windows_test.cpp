@@ -15,6 +15,7 @@
 #include "desktop/base/form_base.h"
 #include "desktop/base/form_services.h"
 #include "tests/support/gui_fixture.h"
+#include "tests/support/ink.h"
 
 namespace tarvokol {
 namespace {
@@ -405,7 +406,7 @@ TEST_F(FormWindows, EnterAndEscapePressNothingThatCannotBePressed) {
 
 // What a control shows of itself.
 QImage LookOf(QWidget& control) {
-    return control.grab().toImage();
+    return PictureOf(control);
 }
 
 // The look of the default goes to the button that has the focus, as Enter does.

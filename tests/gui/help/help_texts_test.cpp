@@ -7,6 +7,7 @@
 #include "desktop/help/frmUpdate.h"
 #include "desktop/help/link_label.h"
 #include "tests/support/form_facts.h"
+#include "tests/support/ink.h"
 #include "tests/support/main_window_fixture.h"
 #include "tests/support/window_menus.h"
 
@@ -138,12 +139,12 @@ TEST_F(Links, ShowThatTheyHaveTheFocus) {
     window.activateWindow();
     ASSERT_TRUE(WaitUntilActive(window));
     other.setFocus();
-    const QImage without = Link.grab().toImage();
+    const QImage without = PictureOf(Link);
     QTest::keyClick(&other, Qt::Key_Tab);
     ASSERT_TRUE(Link.hasFocus());
-    EXPECT_NE(Link.grab().toImage(), without);
+    EXPECT_NE(PictureOf(Link), without);
     other.setFocus();
-    EXPECT_EQ(Link.grab().toImage(), without);
+    EXPECT_EQ(PictureOf(Link), without);
     Link.setParent(nullptr);
 }
 

@@ -14,6 +14,7 @@
 #include "desktop/base/results_caller.h"
 #include "qt/plan/plan_sheet.h"
 #include "tests/gui/input/parameters_fixture.h"
+#include "tests/support/ink.h"
 
 namespace tarvokol {
 namespace {
@@ -161,7 +162,7 @@ TEST_F(ParametersSized, WhatWasTypedIsKeptWhenAnErrorEndsTheProgram) {
 class ParametersDrawn : public ParametersDialog {
   protected:
     static QImage Plan(QWidget& form) {
-        return Find<PlanSheet>(form, "Picture1").grab().toImage().convertToFormat(QImage::Format_RGB32);
+        return PictureOf(Find<PlanSheet>(form, "Picture1")).convertToFormat(QImage::Format_RGB32);
     }
 
     // The smallest rectangle that holds everything dark.
@@ -282,7 +283,7 @@ TEST_F(ParametersDrawn, ThePlanIsHeldInTheScreensOwnPixels) {
     auto& sheet = Find<PlanSheet>(form, "Picture1");
     EXPECT_TRUE(sheet.HasDrawing());
     EXPECT_EQ(sheet.PaperSize(), QSize(601, 121));
-    EXPECT_EQ(Plan(form).size(), QSize(601, 121) * sheet.devicePixelRatioF());
+    EXPECT_EQ(sheet.grab().size(), QSize(601, 121) * sheet.devicePixelRatioF());
 }
 
 // --- results

@@ -17,6 +17,7 @@
 #include "core/report/report_builder.h"
 #include "core/settings/recent_file_settings.h"
 #include "desktop/base/results_caller.h"
+#include "tests/support/ink.h"
 #include "tests/support/main_window_fixture.h"
 
 namespace tarvokol {
@@ -66,7 +67,7 @@ TEST_F(MainWindow, ShowsTheIconOfTheProgram) {
     frmMain& form = Start();
     const QIcon drawing(":/artwork/tarvokol.svg");
     EXPECT_EQ(looks(form.windowIcon(), 32), looks(drawing, 32));
-    EXPECT_EQ(form.windowIcon().availableSizes(), QList{QSize(32, 32)});
+    EXPECT_EQ(form.windowIcon().availableSizes(), QList{QSize(32, 32) * form.devicePixelRatioF()});
     form.show();
     ASSERT_TRUE(WaitUntil([&] { return form.windowIcon().availableSizes().isEmpty(); }));
     EXPECT_EQ(looks(QApplication::windowIcon(), 128), looks(drawing, 128));
@@ -339,9 +340,9 @@ TEST_F(MainWindow, APictureBelowTheToolbarDoesNotShowThroughIt) {
     const QToolBar& toolbar = Find<QToolBar>(form, "Toolbar1");
     ASSERT_TRUE(form.Logo().geometry().intersects(toolbar.geometry()));
     form.Logo().hide();
-    const QImage without = form.grab().toImage();
+    const QImage without = PictureOf(form);
     form.Logo().show();
-    const QImage with = form.grab().toImage();
+    const QImage with = PictureOf(form);
     const QRect bar(toolbar.mapTo(&form, QPoint(0, 0)), toolbar.size());
     EXPECT_EQ(with.copy(bar), without.copy(bar));
 }

@@ -93,7 +93,7 @@ class PlotWindow : public GuiTest {
     }
 
     static PlanSheet& SheetOf(QWidget& form) { return Find<PlanSheet>(form, "client"); }
-    static QImage Shown(QWidget& form) { return SheetOf(form).grab().toImage(); }
+    static QImage Shown(QWidget& form) { return PictureOf(SheetOf(form)); }
 
     static QAction& Item(QWidget& form, const std::string& name) { return Find<QAction>(form, name); }
 };
@@ -336,10 +336,11 @@ TEST_F(PlotWindow, CopyPutsTheClientAreaOnTheClipboard) {
     ASSERT_TRUE(Choose(form, "mnuEditItem_0"));
     EXPECT_TRUE(QGuiApplication::clipboard()->text().isEmpty());
     const QImage copied = QGuiApplication::clipboard()->image();
-    EXPECT_EQ(copied.size(), QSize(500, 500));
-    EXPECT_EQ(copied.convertToFormat(QImage::Format_RGB32),
+    const QSize pixels = QSize(500, 500) * form.devicePixelRatioF();
+    EXPECT_EQ(copied.size(), pixels);
+    EXPECT_EQ(InUnits(copied, {500, 500}).convertToFormat(QImage::Format_RGB32),
               Shown(form).convertToFormat(QImage::Format_RGB32));
-    EXPECT_EQ(Find<QLabel>(form, "picTMPCopy").pixmap().size(), QSize(500, 500));
+    EXPECT_EQ(Find<QLabel>(form, "picTMPCopy").pixmap().size(), pixels);
     EXPECT_THAT(Messages(), IsEmpty());
 }
 
@@ -496,7 +497,7 @@ TEST_F(PlotWindow, DialogImageGoesToTheClipboardWithAMessage) {
     dialog.resize(300, 200);
     MessageTitle = "Message";
     CopyDialogImage(dialog);
-    EXPECT_EQ(QGuiApplication::clipboard()->image().size(), QSize(300, 200));
+    EXPECT_EQ(QGuiApplication::clipboard()->image().size(), QSize(300, 200) * dialog.devicePixelRatioF());
     EXPECT_THAT(Messages(), ElementsAre("Screenshot of dialog copied to clipboard"));
     EXPECT_EQ(Host.Messages.Shown[0].title, "Message");
     EXPECT_EQ(Host.MainWindow.History, "1. Message: Screenshot of dialog copied to clipboard\r\n");
@@ -505,10 +506,12 @@ TEST_F(PlotWindow, DialogImageGoesToTheClipboardWithAMessage) {
 TEST_F(PlotWindow, CapturesThePartAskedFor) {
     frmPicture& form = OpenFrom<OpeningDialog>();
     Resize(form, 400, 434);
-    EXPECT_EQ(CaptureForm(form).size(), QSize(400, 400));
-    EXPECT_EQ(CaptureWindow(form, true, QRect(10, 20, 30, 40)).size(), QSize(30, 40));
-    EXPECT_EQ(CaptureWindow(form, false, form.rect()).size(), QSize(400, 434));
-    EXPECT_EQ(CaptureWindow(form, true, QRect(10, 20, 30, 40)).toImage(), Shown(form).copy(10, 20, 30, 40));
+    const double scale = form.devicePixelRatioF();
+    EXPECT_EQ(CaptureForm(form).size(), QSize(400, 400) * scale);
+    EXPECT_EQ(CaptureWindow(form, false, form.rect()).size(), QSize(400, 434) * scale);
+    const QImage part = CaptureWindow(form, true, QRect(10, 20, 30, 40)).toImage();
+    EXPECT_EQ(part.size(), QSize(30, 40) * scale);
+    EXPECT_EQ(InUnits(part, {30, 40}), Shown(form).copy(10, 20, 30, 40));
 }
 
 TEST_F(PlotWindow, ArrowKeysLeadFromPillarToPillarAndSayTheirLabels) {

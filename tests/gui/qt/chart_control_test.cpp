@@ -9,6 +9,7 @@
 
 #include "core/runtime/run_time_error.h"
 #include "tests/gui/qt/chart_fixture.h"
+#include "tests/support/ink.h"
 
 namespace tarvokol {
 namespace {
@@ -261,7 +262,7 @@ TEST_F(ChartControlTest, PaperIsWhiteAndTextBlackUnderADarkPalette) {
     Chart.setPalette(dark);
     AddLine(51);
     Show();
-    const QImage image = Chart.grab().toImage();
+    const QImage image = PictureOf(Chart);
     EXPECT_EQ(image.pixelColor(1, 1), QColor(Qt::white));
     EXPECT_GT(CountPixels(image, Qt::black), 300);
     EXPECT_GT(CountPixels(image, Qt::white), 449L * 313 * 3 / 4);
@@ -270,29 +271,29 @@ TEST_F(ChartControlTest, PaperIsWhiteAndTextBlackUnderADarkPalette) {
 TEST_F(ChartControlTest, DrawsLinesInTheGivenByteOrder) {
     AddLine(51);
     Show();
-    EXPECT_GT(CountPixels(Chart.grab().toImage(), QColor(0, 0, 255)), 500);
+    EXPECT_GT(CountPixels(PictureOf(Chart), QColor(0, 0, 255)), 500);
     Chart.SetLinePattern(1, chart_style::NoLine);
     Chart.Replot();
-    EXPECT_EQ(CountPixels(Chart.grab().toImage(), QColor(0, 0, 255)), 0);
+    EXPECT_EQ(CountPixels(PictureOf(Chart), QColor(0, 0, 255)), 0);
     Chart.SetSymbolShape(1, chart_style::SeriesSymbol);
     Chart.SetSymbolColour(1, 6053069);  // red 205, green 92, blue 92
     Chart.SetSymbolSize(1, 8);
     Chart.Replot();
-    EXPECT_GT(CountPixels(Chart.grab().toImage(), QColor(205, 92, 92)), 300);
+    EXPECT_GT(CountPixels(PictureOf(Chart), QColor(205, 92, 92)), 300);
 }
 
 TEST_F(ChartControlTest, GridIsDrawnOnlyWhenAskedFor) {
     AddLine(51);
     Show();
     const QColor grey(205, 205, 205);
-    const long without = CountPixels(Chart.grab().toImage(), grey, 3);
+    const long without = CountPixels(PictureOf(Chart), grey, 3);
     Chart.SetMajorGridAutomatic(ChartAxis::Y);
     Chart.Replot();
-    const long horizontal = CountPixels(Chart.grab().toImage(), grey, 3);
+    const long horizontal = CountPixels(PictureOf(Chart), grey, 3);
     EXPECT_GT(horizontal, without + 500);
     Chart.SetMajorGridAutomatic(ChartAxis::X);
     Chart.Replot();
-    EXPECT_GT(CountPixels(Chart.grab().toImage(), grey, 3), horizontal + 300);
+    EXPECT_GT(CountPixels(PictureOf(Chart), grey, 3), horizontal + 300);
 }
 
 TEST_F(ChartControlTest, LegendStandsBelowThePlotAndCoversNoCurve) {
@@ -365,7 +366,7 @@ TEST_F(ChartControlTest, LongTextsStayInsideTheChart) {
     Chart.SetAxisTitle(ChartAxis::Y,
                        "a very long axis title that has many words and will not fit into one line at all");
     Show();
-    const QRect ink = InkOf(Chart.grab().toImage());
+    const QRect ink = InkOf(PictureOf(Chart));
     EXPECT_GE(ink.left(), 2);
     EXPECT_GE(ink.top(), 2);
     EXPECT_LE(ink.right(), 446);

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "tests/gui/qt/chart_fixture.h"
+#include "tests/support/ink.h"
 
 namespace tarvokol {
 namespace {
@@ -183,7 +184,7 @@ TEST_F(ChartLooks, ASymbolOnTheEdgeOfThePlotIsWhole) {
     Chart.SetSymbolColour(1, 0x0000FF);
     Chart.SetSymbolSize(1, 18);  // 24 pixels
     Show();
-    const QImage image = Chart.grab().toImage();
+    const QImage image = PictureOf(Chart);
     for (const long point : {1L, 3L}) {
         const QRect around(Chart.PixelOf(1, point) - QPoint(18, 18), QSize(37, 37));
         EXPECT_NEAR(RedIn(image, around & image.rect()).width(), 25, 1) << point;
@@ -202,7 +203,7 @@ TEST_F(ChartLooks, SymbolsBeyondAZoomDoNotStandOutOfThePlot) {
     QTest::mousePress(&Chart, Qt::LeftButton, Qt::NoModifier, first);
     QTest::mouseMove(&Chart, QPoint(Plot().axisRect()->rect().left() + 2, first.y()));
     QTest::mouseRelease(&Chart, Qt::LeftButton, Qt::NoModifier, QPoint(60, first.y()));
-    const QImage image = Chart.grab().toImage();
+    const QImage image = PictureOf(Chart);
     const int edge = Plot().axisRect()->rect().left();
     EXPECT_TRUE(RedIn(image, QRect(0, 0, edge, 313)).isEmpty());
     EXPECT_FALSE(RedIn(image, QRect(edge, 0, 30, 313)).isEmpty());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Keys, mouse and wheel on the chart, and the ring around the point that the keys have led to.
 #include "tests/gui/qt/chart_fixture.h"
+#include "tests/support/ink.h"
 
 namespace tarvokol {
 namespace {
@@ -112,7 +113,7 @@ TEST_F(ChartLooks, TheMarkIsARingOnTheScreenAlone) {
     EXPECT_EQ(Mark().size(), 15);
     EXPECT_EQ(PenOf(Mark().pen()), "#000000 2 solid");
     EXPECT_FALSE(Mark().clipToAxisRect());
-    EXPECT_GT(CountPixels(Chart.grab().toImage(), Qt::black, 60), CountPixels(before, Qt::black, 60) + 40);
+    EXPECT_GT(CountPixels(PictureOf(Chart), Qt::black, 60), CountPixels(before, Qt::black, 60) + 40);
     EXPECT_EQ(Chart.ToImage(Chart.size(), 1), before);
     Key(Qt::Key_Right);
     EXPECT_TRUE(Mark().visible());

@@ -11,6 +11,7 @@
 #include "qt/charts/chart_ticker.h"
 #include "qt/session/picture_file.h"
 #include "tests/gui/qt/chart_fixture.h"
+#include "tests/support/ink.h"
 
 namespace tarvokol {
 namespace {
@@ -46,7 +47,7 @@ TEST_F(ChartDrawing, ThinnedSymbolsIncludeTheFirstAndTheLastPoint) {
     for (const int size : {3, 5, 7, 11, 20}) {
         Chart.SetSymbolSize(1, size);
         Show();
-        const QImage image = Chart.grab().toImage();
+        const QImage image = PictureOf(Chart);
         const int reach = size;
         for (const long point : {1L, 51L}) {
             const QPoint at = Chart.PixelOf(1, point);
@@ -65,7 +66,7 @@ TEST_F(ChartDrawing, SymbolsKeepTheirDistance) {
     Chart.SetSymbolColour(1, 0x0000FF);
     Chart.SetSymbolSize(1, 9);
     Show();
-    const QImage image = Chart.grab().toImage();
+    const QImage image = PictureOf(Chart);
     int symbols = 0;
     bool inside = false;
     for (int x = 0; x < image.width(); ++x) {
@@ -88,7 +89,7 @@ TEST_F(ChartDrawing, TheLegendShowsALargeSymbolWhole) {
     Chart.SetSymbolColour(1, 0x0000FF);
     Chart.SetSymbolSize(1, 20);
     Show();
-    const QImage image = Chart.grab().toImage();
+    const QImage image = PictureOf(Chart);
     const QRect symbol = RedIn(image, QRect(0, 270, 449, 43));
     EXPECT_NEAR(symbol.height(), 27, 2);  // 20 points at 96 pixels to the inch
     EXPECT_NEAR(symbol.width(), 27, 2);
@@ -191,7 +192,7 @@ TEST_F(ChartDrawing, LargeSymbolsAtTheEndsOfACurveAreWhole) {
     Chart.SetSymbolSize(1, 20);
     Chart.resize(239, 164);
     Show();
-    const QImage image = Chart.grab().toImage();
+    const QImage image = PictureOf(Chart);
     for (const long point : {1L, 3L}) {
         const QRect around(Chart.PixelOf(1, point) - QPoint(16, 16), QSize(33, 33));
         EXPECT_NEAR(RedIn(image, around & image.rect()).width(), 27, 2) << point;
@@ -206,7 +207,7 @@ TEST_F(ChartDrawing, TheLegendsTextStandsBesideTheMiddleOfItsSymbol) {
     Chart.SetSymbolColour(1, 0x0000FF);
     Chart.SetSymbolSize(1, 20);
     Show();
-    const QImage image = Chart.grab().toImage();
+    const QImage image = PictureOf(Chart);
     const QRect symbol = RedIn(image, QRect(0, 270, 449, 43));
     QRect text;
     for (int y = 270; y < 313; ++y)
@@ -226,7 +227,7 @@ TEST_F(ChartDrawing, ALowPlotHasFourTicksToo) {
         "A title of the graph that is somewhat longer than the chart is wide, to see what happens");
     Chart.SetMajorGridAutomatic(ChartAxis::Y);
     Show();
-    const QImage image = Chart.grab().toImage();
+    const QImage image = PictureOf(Chart);
     int lines = 0;
     int plot_x = 0;
     while (Chart.RegionAt(plot_x, 150) != PlotRegionCode) ++plot_x;

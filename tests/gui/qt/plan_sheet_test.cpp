@@ -3,6 +3,7 @@
 #include "qt/plan/plan_sheet.h"
 
 #include "tests/support/gui_fixture.h"
+#include "tests/support/ink.h"
 
 namespace tarvokol {
 namespace {
@@ -25,7 +26,7 @@ class PlanSheetTest : public GuiTest {
   protected:
     PlanSheetTest() { Sheet.resize(120, 100); }
 
-    QImage Shown() { return Sheet.grab().toImage(); }
+    QImage Shown() { return PictureOf(Sheet); }
     std::string Description() { return FromQt(Sheet.accessibleDescription()); }
     void Key(Qt::Key key) { QTest::keyClick(&Sheet, key); }
 

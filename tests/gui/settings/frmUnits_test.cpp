@@ -9,6 +9,7 @@
 #include <QTabWidget>
 
 #include "core/messages/titles.h"
+#include "tests/support/ink.h"
 #include "tests/support/main_window_fixture.h"
 
 namespace tarvokol {
@@ -368,7 +369,7 @@ TEST_F(Units, BoxesForReadingAreGrey) {
     frmUnits& form = Open();
     const auto paper = [&form](const std::string& name) {
         QWidget& box = Find(form, name);
-        return box.grab().toImage().pixelColor(box.width() - 12, box.height() / 2);
+        return PictureOf(box).pixelColor(box.width() - 12, box.height() / 2);
     };
     EXPECT_EQ(paper("txtLength"), form.palette().color(QPalette::Base));
     for (const std::string& box : kTabs[0].boxes)
