@@ -24,7 +24,7 @@ constexpr std::chrono::milliseconds kBetweenLooks{50};
 constexpr int kMostPresses = 4;
 constexpr int kMostStarts = 5;  // of a server with its window manager
 
-pid_t Spawn(const std::vector<std::string>& words, const posix_spawn_file_actions_t* actions = nullptr) {
+pid_t Spawn(const std::vector<std::string>& words, const posix_spawn_file_actions_t* actions) {
     std::vector<std::string> copies = words;
     std::vector<char*> arguments;
     for (std::string& word : copies) arguments.push_back(word.data());
@@ -52,8 +52,8 @@ class Desktop {
         if (pipe(ends) != 0) return false;
         posix_spawn_file_actions_t actions;
         posix_spawn_file_actions_init(&actions);
+        Silence(actions);
         posix_spawn_file_actions_adddup2(&actions, ends[1], 3);
-        posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
         const bool started = server_.Start(
             {"Xvfb", "-displayfd", "3", "-screen", "0", screen + "x24", "-nolisten", "tcp"}, &actions);
         posix_spawn_file_actions_destroy(&actions);
@@ -102,9 +102,17 @@ Servant::~Servant() {
     End();
 }
 
+void Silence(posix_spawn_file_actions_t& actions) {
+    for (const int stream : {STDOUT_FILENO, STDERR_FILENO})
+        posix_spawn_file_actions_addopen(&actions, stream, "/dev/null", O_WRONLY, 0);
+}
+
+// One that does not end when it is asked to would keep the tests from their end.
 void Servant::End() {
     if (!IsRunning()) return;
     kill(process_, SIGTERM);
+    if (Eventually([this] { return !IsRunning(); }, std::chrono::seconds(10))) return;
+    kill(process_, SIGKILL);
     waitpid(process_, nullptr, 0);
     process_ = 0;
 }
@@ -116,7 +124,15 @@ bool Servant::IsRunning() {
 
 bool Servant::Start(const std::vector<std::string>& words, const posix_spawn_file_actions_t* actions) {
     End();
-    process_ = Spawn(words, actions);
+    if (actions != nullptr) {
+        process_ = Spawn(words, actions);
+        return process_ != 0;
+    }
+    posix_spawn_file_actions_t silent;
+    posix_spawn_file_actions_init(&silent);
+    Silence(silent);
+    process_ = Spawn(words, &silent);
+    posix_spawn_file_actions_destroy(&silent);
     return process_ != 0;
 }
 
@@ -177,7 +193,9 @@ void ProgramUnderTest::Start(const std::string& folder, const std::vector<std::s
     error_file_ = folder + "/standard_error";
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 2, error_file_.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    Silence(actions);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, error_file_.c_str(),
+                                     O_WRONLY | O_CREAT | O_TRUNC, 0600);
     std::vector<std::string> words{Path};
     words.insert(words.end(), arguments.begin(), arguments.end());
     status_ = -1;

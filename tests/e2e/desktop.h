@@ -36,6 +36,10 @@ bool DesktopIsUp(const std::string& screen = kUsualScreen);
 // What the machine lacks for these tests, empty if nothing.
 std::string MissingTools();
 
+// Of a program that is started: what it says goes nowhere. The tests' own pipe in its hands would keep whoever reads the tests
+// waiting until the program, and all that it has started, is gone.
+void Silence(posix_spawn_file_actions_t& actions);
+
 // A process that ends with its owner.
 class Servant {
   public:
@@ -44,7 +48,8 @@ class Servant {
     Servant& operator=(const Servant&) = delete;
     ~Servant();
 
-    // Starts the program that the first word names, with the caller's environment; one started before ends first.
+    // Starts the program that the first word names, with the caller's environment; one started before ends first. It is silent
+    // unless the actions say otherwise.
     bool Start(const std::vector<std::string>& words, const posix_spawn_file_actions_t* actions = nullptr);
 
     bool IsRunning();

@@ -40,13 +40,9 @@ class ReaderBus {
         setenv("DBUS_SESSION_BUS_ADDRESS", address.c_str(), 1);
         setenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1", 1);
         setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
-        posix_spawn_file_actions_t quiet;
-        posix_spawn_file_actions_init(&quiet);
-        posix_spawn_file_actions_addopen(&quiet, 2, "/dev/null", O_WRONLY, 0);
-        bus_.Start({"dbus-daemon", "--session", "--nofork", "--address=" + address}, &quiet);
+        bus_.Start({"dbus-daemon", "--session", "--nofork", "--address=" + address});
         EXPECT_TRUE(Eventually([&] { return access((folder + "/bus").c_str(), F_OK) == 0; }));
-        launcher_.Start({kLauncher, "--launch-immediately"}, &quiet);
-        posix_spawn_file_actions_destroy(&quiet);
+        launcher_.Start({kLauncher, "--launch-immediately"});
     }
     ReaderBus(const ReaderBus&) = delete;
     ReaderBus& operator=(const ReaderBus&) = delete;
