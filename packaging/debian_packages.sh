@@ -13,7 +13,7 @@ RUN_PACKAGES="libqt6sql6-sqlite fonts-liberation hicolor-icon-theme"
 PACKAGE_PACKAGES="build-essential debhelper dh-python dpkg-dev git pybind11-dev python3-dev python3-numpy"
 TEST_PACKAGES="libgtest-dev libgmock-dev libx11-dev libxcb1-dev xvfb xauth openbox xdotool x11-utils xclip qt6-wayland weston
     dbus-daemon at-spi2-core python3-pyatspi python3-gi
-    poppler-utils imagemagick python3 python3-jsonschema python3-mpmath python3-pytest mypy
+    poppler-utils imagemagick python3 python3-jsonschema python3-mpmath python3-pytest python3-dask python3-distributed mypy
     pkg-config jq make clang lld fonts-dejavu-core locales
     $PACKAGE_PACKAGES shared-mime-info desktop-file-utils appstream lintian mandoc zsh fish"
 COVERAGE_PACKAGES="llvm libclang-rt-dev"

@@ -26,18 +26,20 @@ namespace py = pybind11;
 namespace tarvokol::python {
 namespace {
 
-// A row of the result.
+// A row of the result. Whoever stores or compares its bytes finds the same ones each time: what rounds the row up to whole
+// doubles is no field of the array, and 0.
 struct FactorRow {
     double Overall;
     double WebsOnly;
     double BarrierPillar;
     double ExtractionRatio;
     std::int32_t Message;
+    std::int32_t Rest = 0;
 };
 
 FactorRow RefusedRow(std::int32_t message) {
     constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
-    return {kNone, kNone, kNone, kNone, message};
+    return {kNone, kNone, kNone, kNone, message, 0};
 }
 
 // Whatever a panel can be refused with, in one list, so that a number means the same in every result.
@@ -115,7 +117,7 @@ class RowMaker {
     FactorRow Row() {
         const PanelFigures& figures = panel_.Evaluate();
         if (figures.refused) return RefusedRow(Messages::All().NumberOf(figures.message));
-        return {figures.Overall, figures.WebsOnly, figures.BarrierPillar, figures.ExtractionRatio, 0};
+        return {figures.Overall, figures.WebsOnly, figures.BarrierPillar, figures.ExtractionRatio, 0, 0};
     }
 
     // The number of the message about a value that does not fit. What the row before has set is not set again: most of a

@@ -57,7 +57,7 @@ test_holds_every_file() {
         share/man/man5/tarvokol-project.5.gz \
         share/bash-completion/completions/tarvokol-cli share/zsh/vendor-completions/_tarvokol-cli \
         share/fish/vendor_completions.d/tarvokol-cli.fish share/tarvokol/TARVOKOL.qch \
-        share/doc/tarvokol/{copyright,changelog.gz,recipes.md,TARVOKOL.PDF,PillarStrength.pdf,AbutmentLoad.pdf} \
+        share/doc/tarvokol/{copyright,changelog.gz,recipes.md,recipes/cluster_map.py,scale.md,TARVOKOL.PDF,PillarStrength.pdf,AbutmentLoad.pdf} \
         share/doc/tarvokol/{SizingEquations.pdf,UnitsConversions.pdf,WorkedDesign.pdf} \
         share/doc/tarvokol/examples/Contour_Bench_Shallow.TKL share/tarvokol/Contour_Bench_Shallow.TKL \
         include/tarvokol/engine.h lib/python3/dist-packages/tarvokol/__init__.py; do

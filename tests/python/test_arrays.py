@@ -50,6 +50,15 @@ def test_every_number_of_threads_gives_the_same_bits(panel, random_figures):
         tarvokol.factors(panel, threads=0, Height=1)
 
 
+def test_the_bytes_of_a_result_are_its_figures_and_nothing_that_lay_in_memory(panel, random_figures):
+    figures = random_figures(1000)
+    rows = tarvokol.factors(panel, **figures)
+    filled = [numpy.full(5000, 7.7) for _ in range(50)]  # of the same size, and gone again
+    del filled
+    assert tarvokol.factors(panel, **figures).tobytes() == rows.tobytes()
+    assert set(rows.view("V40").view("<i4").reshape(-1, 10)[:, 9]) == {0}
+
+
 def test_shapes_broadcast(panel):
     depth, web = numpy.arange(50, 55.0), numpy.arange(3, 6.0)[:, None]
     rows = tarvokol.factors(panel, DepthCover=depth, WebThickness=web, Height=6)
