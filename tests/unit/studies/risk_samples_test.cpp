@@ -210,6 +210,24 @@ TEST(RiskSamples, ARandomTargetIsHeldAgainstItsOwnSample) {
     EXPECT_EQ(result.risk[1].below[1].share.value, 0);
 }
 
+// At this depth and strength the webs have a factor that a project can hold as its target, to the last bit, and so has the
+// barrier at the other: what meets its target is not below it.
+TEST(RiskSamples, AFactorThatEqualsItsTargetIsNotBelowIt) {
+    const auto below = [](std::size_t factor, float depth, const char* strength, float target) {
+        RiskRequest request = RequestOf({strength}, 100);
+        request.panel.DepthCover = depth;
+        request.panel.SFWeb = request.panel.SFBarrier = target;
+        const RiskResult result = RunRisk(request);
+        EXPECT_NEAR(result.factors[factor][0], double{target}, 1e-6);
+        return result.risk[factor].below[0].share.value;
+    };
+    constexpr float kWebs = 1.4066674709320068F, kBarrier = 1.0287727117538452F;
+    EXPECT_EQ(below(1, 256, "CoalStrength=list:686.6455078125@1", kWebs), 0);
+    EXPECT_EQ(below(1, 256, "CoalStrength=list:686.6455078125@1", std::nextafterf(kWebs, 2)), 1);
+    EXPECT_EQ(below(2, 319, "CoalStrength=list:1003.1033935546875@1", kBarrier), 0);
+    EXPECT_EQ(below(2, 319, "CoalStrength=list:1003.1033935546875@1", std::nextafterf(kBarrier, 2)), 1);
+}
+
 // Also where samples are refused: what is left keeps its own target.
 TEST(RiskSamples, ARandomTargetOfARefusedSampleDoesNotCount) {
     const RiskRequest request = RequestOf({"SFWeb=uniform:1:9", "Height=uniform:-10:10"}, 1000);
