@@ -10,6 +10,29 @@
 #include "core/studies/study_names.h"
 
 namespace tarvokol {
+namespace {
+
+// A range in which the figure no longer lies is proposed anew.
+void FollowWithRanges(StudyState& state) {
+    const auto units = static_cast<Units>(state.document.unit_system);
+    for (const PanelFieldFacts& facts : kPanelFields) {
+        const double value = ValueOfField(state.document.inputs, facts.field);
+        FieldRange& range = state.requests.ranges[static_cast<std::size_t>(facts.field)];
+        if (value <= 0.0 || range.Holds(value)) continue;
+        const FieldRange proposed = ProposedRange(facts.field, value, units);
+        if (FaultOfRange(facts.field, proposed).empty()) range = proposed;
+    }
+}
+
+void PutPanelInto(ProjectDocument& document, const Panel& panel, const std::string& title) {
+    document.unit_system = static_cast<std::int16_t>(panel.units);
+    document.title = title;
+    const float spare = document.inputs.SpareSingle;
+    document.inputs = panel;
+    document.inputs.SpareSingle = spare;
+}
+
+}  // namespace
 
 StudyModel::StudyModel() {
     Take(NewStudyProject(0));
@@ -43,7 +66,7 @@ void StudyModel::Take(StudyProject project) {
     history_.Clear();
     typed_ = {};
     for (const PanelFieldFacts& facts : kPanelFields)
-        ranges_[Index(facts.field)] =
+        requests_.ranges[Index(facts.field)] =
             ProposedRange(facts.field, ValueOfField(project_.document.inputs, facts.field), ProjectUnits());
     Renew();
 }
@@ -65,7 +88,7 @@ bool StudyModel::Set(PanelField field, double value) {
     ProjectDocument document = project_.document;
     StoreInField(document.inputs, field, value);
     typed_[Index(field)].reset();
-    Change(document, TitleOfField(field), NameOfField(field));
+    ChangeDocument(document, {TitleOfField(field), NameOfField(field)});
     return true;
 }
 
@@ -77,21 +100,17 @@ bool StudyModel::SetAll(const std::vector<std::pair<PanelField, double>>& values
     }
     for (const auto& [field, value] : values) typed_[Index(field)].reset();
     history_.Seal();
-    Change(document, words, "");
+    ChangeDocument(document, {words});
     history_.Seal();
     return true;
 }
 
 void StudyModel::TakePanel(const Panel& panel, const std::string& title, const std::string& words) {
     ProjectDocument document = project_.document;
-    document.unit_system = static_cast<std::int16_t>(panel.units);
-    document.title = title;
-    const float spare = document.inputs.SpareSingle;
-    document.inputs = panel;
-    document.inputs.SpareSingle = spare;
+    PutPanelInto(document, panel, title);
     typed_ = {};
     history_.Seal();
-    Change(document, words, "");
+    ChangeDocument(document, {words});
     history_.Seal();
 }
 
@@ -109,7 +128,7 @@ void StudyModel::SetTitle(const std::string& title) {
     ProjectDocument document = project_.document;
     document.title = title;
     std::erase_if(document.title, [](char c) { return c == '\r' || c == '\n'; });
-    Change(document, "Title", "Title");
+    ChangeDocument(document, {"Title", "Title"});
 }
 
 std::string StudyModel::TextOf(PanelField field) const {
@@ -127,54 +146,84 @@ std::string StudyModel::GeneralFault() const {
 }
 
 std::string StudyModel::SetRange(PanelField field, const FieldRange& range) {
+    PageRequests requests = requests_;
     std::string fault = FaultOfRange(field, range);
-    if (fault.empty()) ranges_[Index(field)] = range;
-    Renew();
+    if (fault.empty()) requests.ranges[Index(field)] = range;
+    ChangeRequests(requests);
     return fault;
 }
 
-void StudyModel::ProposeRange(PanelField field) {
-    ranges_[Index(field)] =
-        ProposedRange(field, ValueOfField(project_.document.inputs, field), ProjectUnits());
-    Renew();
+void StudyModel::AskFor(const MapChoice& map) {
+    PageRequests requests = requests_;
+    requests.map = map;
+    ChangeRequests(requests);
 }
 
-void StudyModel::Undo() {
-    if (!CanUndo()) return;
-    project_.document = history_.Undo();
+void StudyModel::Begin(const PageRequests& requests) {
+    history_.Clear();
+    Show({project_.document, WithSoundRanges(requests)});
+}
+
+void StudyModel::BeginStudy(const PageRequests& requests, const Panel& panel, const std::string& title) {
+    StudyState study{project_.document, WithSoundRanges(requests)};
+    PutPanelInto(study.document, panel, title);
+    Begin(requests);
+    Change(study, {"Figures of the study"});
+}
+
+PageRequests StudyModel::WithSoundRanges(PageRequests requests) const {
+    for (const PanelFieldFacts& facts : kPanelFields)
+        if (!FaultOfRange(facts.field, requests.ranges[Index(facts.field)]).empty())
+            requests.ranges[Index(facts.field)] = RangeOf(facts.field);
+    return requests;
+}
+
+std::optional<StudyPages> StudyModel::Undo() {
+    if (!CanUndo()) return std::nullopt;
+    const StudyHistory::Step& step = history_.Undo();
+    Show(step.before);
+    return step.name.page;
+}
+
+std::optional<StudyPages> StudyModel::Redo() {
+    if (!CanRedo()) return std::nullopt;
+    const StudyHistory::Step& step = history_.Redo();
+    Show(step.after);
+    return step.name.page;
+}
+
+void StudyModel::Show(const StudyState& state) {
+    StudyState shown = state;
+    FollowWithRanges(shown);
+    project_.document = shown.document;
+    requests_ = shown.requests;
     typed_ = {};
     Renew();
 }
 
-void StudyModel::Redo() {
-    if (!CanRedo()) return;
-    project_.document = history_.Redo();
-    typed_ = {};
-    Renew();
-}
-
-void StudyModel::Change(const ProjectDocument& document, const std::string& words, const std::string& key) {
-    if (DocumentText(document) != DocumentText(project_.document)) {
-        history_.Add(words, key, project_.document, document);
-        project_.document = document;
+void StudyModel::Change(StudyState next, const StepName& name) {
+    FollowWithRanges(next);
+    const StudyState now = State();
+    if (!AreSame(now, next)) {
+        history_.Add({name, now, next});
+        project_.document = next.document;
+        requests_ = next.requests;
     }
     Renew();
+}
+
+void StudyModel::ChangeDocument(const ProjectDocument& document, const StepName& name) {
+    Change({document, requests_}, name);
+}
+
+void StudyModel::ChangeRequests(const PageRequests& requests) {
+    Change({project_.document, requests}, NameOfChange(requests_, requests));
 }
 
 void StudyModel::Renew() {
     is_changed_ = project_.IsChanged();
     reading_ = ReadPanel(ProjectPanel());
-    for (const PanelFieldFacts& facts : kPanelFields) FollowWithRange(facts.field);
     for (const Listener& listener : listeners_) listener();
-}
-
-// A range in which the figure no longer lies is proposed anew.
-void StudyModel::FollowWithRange(PanelField field) {
-    const double value = ValueOfField(project_.document.inputs, field);
-    FieldRange& range = ranges_[Index(field)];
-    if (value <= 0.0 || range.Holds(value)) return;
-    const FieldRange proposed = ProposedRange(field, value, ProjectUnits());
-    if (FaultOfRange(field, proposed).empty()) range = proposed;
 }
 
 std::string StudyModel::FaultOfText(PanelField field, const std::string& text) const {

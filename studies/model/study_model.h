@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The studies without their window: the project with its changes, what its boxes hold, the ranges of its fields, and the
-// figures of the panel as it stands. Used by one thread.
+// The studies without their window: the project and what the pages ask for, with the changes of both, what the project's boxes
+// hold, and the figures of the panel as it stands. Used by one thread.
 #pragma once
 
 #include <array>
@@ -11,8 +11,9 @@
 #include <vector>
 
 #include "studies/model/field_range.h"
+#include "studies/model/page_requests.h"
 #include "studies/model/panel_reading.h"
-#include "studies/model/project_history.h"
+#include "studies/model/study_history.h"
 #include "studies/model/study_project.h"
 
 namespace tarvokol {
@@ -57,6 +58,17 @@ class StudyModel {
     // Takes the figures of a panel, in its units, and a title, to be undone as one.
     void TakePanel(const Panel& panel, const std::string& title, const std::string& words);
 
+    // What the pages ask for. AskFor takes what a page asks for now, to be undone; what changes nothing is no step.
+    const PageRequests& Requests() const { return requests_; }
+    void AskFor(const MapChoice& map);
+
+    // Other requests in place of all of them, as a beginning: nothing before it is undone any more. In place of a range that
+    // its field does not take the present one stays.
+    void Begin(const PageRequests& requests);
+
+    // The same of a study that was kept: its figures can be undone, to those of the project as it was opened.
+    void BeginStudy(const PageRequests& requests, const Panel& panel, const std::string& title);
+
     // Takes what was typed into a field's box. What is no figure for the field stays there with its fault, and the project
     // keeps the figure that it has.
     void Type(PanelField field, const std::string& text);
@@ -73,18 +85,19 @@ class StudyModel {
 
     const PanelReading& Reading() const { return reading_; }
 
-    const FieldRange& RangeOf(PanelField field) const { return ranges_[Index(field)]; }
+    const FieldRange& RangeOf(PanelField field) const { return requests_.ranges[Index(field)]; }
 
     // What is wrong with the range, which then stays as it was; empty where nothing is.
     std::string SetRange(PanelField field, const FieldRange& range);
-    void ProposeRange(PanelField field);
 
     bool CanUndo() const { return history_.CanUndo(); }
     bool CanRedo() const { return history_.CanRedo(); }
     std::string UndoWords() const { return history_.UndoWords(); }
     std::string RedoWords() const { return history_.RedoWords(); }
-    void Undo();
-    void Redo();
+
+    // Return the page on which the step is seen; nothing where it is seen beside every page, or where there is none.
+    std::optional<StudyPages> Undo();
+    std::optional<StudyPages> Redo();
 
   private:
     struct TypedFault {
@@ -95,17 +108,21 @@ class StudyModel {
     static std::size_t Index(PanelField field) { return static_cast<std::size_t>(field); }
 
     void Take(StudyProject project);
-    void Change(const ProjectDocument& document, const std::string& words, const std::string& key);
+    PageRequests WithSoundRanges(PageRequests requests) const;
+    StudyState State() const { return {project_.document, requests_}; }
+    void Show(const StudyState& state);
+    void Change(StudyState next, const StepName& name);
+    void ChangeDocument(const ProjectDocument& document, const StepName& name);
+    void ChangeRequests(const PageRequests& requests);
     void Renew();
-    void FollowWithRange(PanelField field);
     std::string FaultOfText(PanelField field, const std::string& text) const;
 
     StudyProject project_;
     bool is_changed_ = false;
-    ProjectHistory history_;
+    PageRequests requests_;
+    StudyHistory history_;
     PanelReading reading_;
     std::array<std::optional<TypedFault>, kPanelFields.size()> typed_;
-    std::array<FieldRange, kPanelFields.size()> ranges_;
     std::vector<Listener> listeners_;
 };
 

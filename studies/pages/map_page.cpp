@@ -64,7 +64,7 @@ MapPage::MapPage(StudyModel& model, QWidget* parent)
           QMetaObject::invokeMethod(this, std::move(call), Qt::QueuedConnection);
       }) {
     Build();
-    Choose(PanelField::WebThickness, PanelField::DepthCover, *FigureNamed("WebsOnly"));
+    ShowChoice();
     Connect();
     model_.Tell([this] { Model_Changed(); });
     Model_Changed();
@@ -131,30 +131,18 @@ void MapPage::Connect() {
 }
 
 MapRequest MapPage::Request() const {
-    MapRequest request;
-    request.x = {FieldIn(*x_), model_.RangeOf(FieldIn(*x_))};
-    if (y_->currentData().toInt() != kNoField && FieldIn(*y_) != FieldIn(*x_))
-        request.y = StudyAxis{FieldIn(*y_), model_.RangeOf(FieldIn(*y_))};
-    request.figure = &kStudyFigures[static_cast<std::size_t>(figure_->currentIndex())];
-    return request;
+    return MapRequestOf(model_.Requests().map, model_.Requests().ranges);
 }
 
 void MapPage::Choose(PanelField x, std::optional<PanelField> y, const StudyFigure& figure) {
-    {
-        const QSignalBlocker quiet_x(x_), quiet_y(y_), quiet_figure(figure_);
-        x_->setCurrentIndex(x_->findData(static_cast<int>(x)));
-        y_->setCurrentIndex(y_->findData(y ? static_cast<int>(*y) : kNoField));
-        figure_->setCurrentIndex(figure_->findText(figure.legend));
-    }
-    Field_Chosen();
+    model_.AskFor(MapChoice{x, y, &figure});
 }
 
-// What was asked of other fields is not wanted any more.
 void MapPage::Field_Chosen() {
-    work_.Drop();
-    Mark(std::nullopt, MarkedBy::Nobody);
-    swap_->setEnabled(Request().y.has_value());
-    Ask();
+    MapChoice choice{FieldIn(*x_), std::nullopt,
+                     &kStudyFigures[static_cast<std::size_t>(figure_->currentIndex())]};
+    if (y_->currentData().toInt() != kNoField) choice.y = FieldIn(*y_);
+    model_.AskFor(choice);
 }
 
 void MapPage::Swap_Clicked() {
@@ -162,7 +150,20 @@ void MapPage::Swap_Clicked() {
     if (request.y) Choose(request.y->field, request.x.field, *request.figure);
 }
 
+// What was asked of other fields is not wanted any more.
+void MapPage::ShowChoice() {
+    shown_ = model_.Requests().map;
+    const QSignalBlocker quiet_x(x_), quiet_y(y_), quiet_figure(figure_);
+    x_->setCurrentIndex(x_->findData(static_cast<int>(shown_.x)));
+    y_->setCurrentIndex(y_->findData(shown_.y ? static_cast<int>(*shown_.y) : kNoField));
+    figure_->setCurrentIndex(figure_->findText(shown_.figure->legend));
+    work_.Drop();
+    Mark(std::nullopt, MarkedBy::Nobody);
+    swap_->setEnabled(Request().y.has_value());
+}
+
 void MapPage::Model_Changed() {
+    if (shown_ != model_.Requests().map) ShowChoice();
     Ask();
     ShowReading();
 }

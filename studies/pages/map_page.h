@@ -9,6 +9,7 @@
 #include "core/studies/contour_lines.h"
 #include "studies/model/latest_work.h"
 #include "studies/model/map_study.h"
+#include "studies/model/page_requests.h"
 #include "studies/pages/study_page.h"
 
 class QComboBox;
@@ -36,7 +37,7 @@ class MapPage : public StudyPage {
     // What is asked for, of the ranges as they stand.
     MapRequest Request() const;
 
-    // Chooses fields and figure; a second field that is the first one stands for none.
+    // Chooses fields and figure, to be undone; a second field that is the first one stands for none.
     void Choose(PanelField x, std::optional<PanelField> y, const StudyFigure& figure);
 
     StudyView& View() { return *view_; }
@@ -56,6 +57,7 @@ class MapPage : public StudyPage {
     void Build();
     void Connect();
     void Model_Changed();
+    void ShowChoice();
     void Field_Chosen();
     void Swap_Clicked();
     void View_Pointed(double x, double y);
@@ -82,6 +84,7 @@ class MapPage : public StudyPage {
     QPushButton* take_ = nullptr;
     StudyView* view_ = nullptr;
     QLabel* reading_ = nullptr;
+    MapChoice shown_;
     std::optional<GridPoint> place_;
     MarkedBy marked_by_ = MarkedBy::Nobody;
     std::optional<MapRequest> asked_;

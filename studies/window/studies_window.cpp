@@ -93,17 +93,22 @@ void StudiesWindow::Restore() {
     pages_->setCurrentIndex(memory.page);
     const auto x = FieldNamed(FromQt(memory.map_x));
     const StudyFigure* figure = FigureNamed(FromQt(memory.map_figure));
-    if (x && figure != nullptr) map_->Choose(*x, FieldNamed(FromQt(memory.map_y)), *figure);
+    if (x == std::nullopt || figure == nullptr) return;
+    PageRequests requests = model_.Requests();
+    requests.map = {*x, FieldNamed(FromQt(memory.map_y)), figure};
+    model_.Begin(requests);
 }
 
 // A range that its field no longer takes is proposed anew.
 void StudiesWindow::RestoreRanges() {
     const QStringList ranges = RememberedRanges(ToQt(model_.Path()));
+    PageRequests requests = model_.Requests();
     for (const PanelFieldFacts& facts : kPanelFields) {
         const QStringList ends = ranges.value(static_cast<int>(facts.field)).split(':');
         const auto low = WholeNumber(FromQt(ends.value(0))), high = WholeNumber(FromQt(ends.value(1)));
-        if (low && high) model_.SetRange(facts.field, {*low, *high});
+        if (low && high) requests.ranges[static_cast<std::size_t>(facts.field)] = {*low, *high};
     }
+    model_.Begin(requests);
 }
 
 void StudiesWindow::RememberRangesNow() const {
@@ -278,6 +283,11 @@ void StudiesWindow::Model_Changed() {
     redo_->setEnabled(model_.CanRedo());
     undo_->setText(model_.CanUndo() ? "&Undo: " + ToQt(model_.UndoWords()) : QString("&Undo"));
     redo_->setText(model_.CanRedo() ? "&Redo: " + ToQt(model_.RedoWords()) : QString("&Redo"));
+}
+
+// Whoever undoes sees what.
+void StudiesWindow::ShowPage(std::optional<StudyPages> page) {
+    if (page) pages_->setCurrentIndex(static_cast<int>(*page));
 }
 
 void StudiesWindow::Page_Shown() {

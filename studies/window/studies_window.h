@@ -5,6 +5,7 @@
 
 #include <QFileSystemWatcher>
 #include <QMainWindow>
+#include <optional>
 #include <string>
 
 #include "core/studies/kept_study.h"
@@ -99,8 +100,8 @@ class StudiesWindow : public QMainWindow {
     void OpenStudyFile(const std::string& path);
     std::string OpenProjectOf(const KeptStudy& study, const std::string& project);
     void ShowStudy(const KeptStudy& study);
-    void TellOfStudysProject(const std::string& project, const std::string& fault,
-                             const std::string& changes);
+    void TellOfStudysProject(const std::string& project, const std::string& fault, const KeptStudy& study,
+                             const NamedPanel& held);
     KeptStudy StudyNow(const std::string& path) const;
     void NewProject(std::int16_t unit_system);
     void TellThatFileChanged();
@@ -112,6 +113,7 @@ class StudiesWindow : public QMainWindow {
     void TellFault(const std::string& about, const std::string& fault);
     void OfferCopy(const std::string& path, const std::string& fault);
     StudyPage& Page() const;
+    void ShowPage(std::optional<StudyPages> page);
     std::string AskForPath(const std::string& title, const std::string& name, const std::string& filter,
                            const std::string& extension);
 

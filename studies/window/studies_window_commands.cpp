@@ -195,11 +195,11 @@ void StudiesWindow::OfferCopy(const std::string& path, const std::string& fault)
 }
 
 void StudiesWindow::actUndo_Triggered() {
-    model_.Undo();
+    ShowPage(model_.Undo());
 }
 
 void StudiesWindow::actRedo_Triggered() {
-    model_.Redo();
+    ShowPage(model_.Redo());
 }
 
 void StudiesWindow::actCopyPicture_Triggered() {

@@ -10,7 +10,6 @@
 #include "core/statistics/study_refusal.h"
 #include "qt/session/qt_text.h"
 #include "studies/pages/compare_page.h"
-#include "studies/pages/map_page.h"
 #include "studies/pages/risk_page.h"
 #include "studies/pages/sheet_model.h"
 #include "studies/pages/table_page.h"
@@ -27,9 +26,8 @@ KeptStudy StudiesWindow::StudyNow(const std::string& path) const {
     study.title = model_.Document().title;
     study.panel = model_.ProjectPanel();
     study.page = static_cast<StudyPages>(pages_->currentIndex());
-    for (const PanelFieldFacts& facts : kPanelFields)
-        study.ranges[static_cast<std::size_t>(facts.field)] = model_.RangeOf(facts.field);
-    study.map = map_->Request();
+    study.ranges = model_.Requests().ranges;
+    study.map = MapRequestOf(model_.Requests().map, study.ranges);
     study.risk = risk_->Plan();
     study.width = risk_->Width().Question();
     study.columns = table_->Sheet().Sheet().Titles();
@@ -72,12 +70,7 @@ std::string StudiesWindow::OpenProjectOf(const KeptStudy& study, const std::stri
 }
 
 void StudiesWindow::ShowStudy(const KeptStudy& study) {
-    model_.TakePanel(study.panel, study.title, "Figures of the study");
-    for (const PanelFieldFacts& facts : kPanelFields)
-        model_.SetRange(facts.field, study.ranges[static_cast<std::size_t>(facts.field)]);
-    map_->Choose(study.map.x.field,
-                 study.map.y ? std::optional<PanelField>(study.map.y->field) : std::nullopt,
-                 *study.map.figure);
+    model_.BeginStudy({study.ranges, ChoiceOf(study.map)}, study.panel, study.title);
     risk_->Choose(study.risk);
     risk_->Width().Choose(study.width);
     if (!study.columns.empty()) table_->Read(CsvOfTable(study), "the study's table");
@@ -88,14 +81,17 @@ void StudiesWindow::ShowStudy(const KeptStudy& study) {
     pages_->setCurrentIndex(static_cast<int>(is_width ? StudyPages::Risk : study.page));
 }
 
+// `held` is the project as it was opened.
 void StudiesWindow::TellOfStudysProject(const std::string& project, const std::string& fault,
-                                        const std::string& changes) {
+                                        const KeptStudy& study, const NamedPanel& held) {
+    const std::string changes = ChangesSince(study.panel, held.panel);
     const QString kept = " The figures are those that the study keeps.";
     if (!fault.empty())
         notice_->Show("The study's project " + ToQt(project) + ": " + ToQt(fault) + "." + kept);
     else if (!project.empty() && !changes.empty())
         notice_->Show("The study's project has changed since: " + ToQt(changes) + "." + kept,
-                      {{"Take Those of the File", [this] { model_.Undo(); }}});
+                      {{"Take Those of the File",
+                        [this, held] { model_.TakePanel(held.panel, held.name, "Figures of the file"); }}});
 }
 
 void StudiesWindow::OpenStudyFile(const std::string& path) {
@@ -110,11 +106,11 @@ void StudiesWindow::OpenStudyFile(const std::string& path) {
     notice_->Dismiss();
     const std::string project = ProjectPathOf(study, path);
     const std::string fault = OpenProjectOf(study, project);
-    const std::string changes = ChangesSince(study.panel, model_.ProjectPanel());
+    const NamedPanel held{model_.Document().title, model_.ProjectPanel()};
     ShowStudy(study);
     WatchFile();
     RememberProject(ToQt(path));
-    TellOfStudysProject(project, fault, changes);
+    TellOfStudysProject(project, fault, study, held);
 }
 
 }  // namespace tarvokol

@@ -32,7 +32,7 @@ TEST_F(KeptStudyWindow, BringsBackWhatEveryPageAskedFor) {
     window->KeepStudyIn(Study());
     EXPECT_EQ(StudyOfBytes(ReadBytes(Study()), "a.TKS").project, "panel.TKL");
 
-    Choose("actUndo");
+    window->Model().Set(PanelField::DepthCover, 100);
     Risk().Choose({{{PanelField::CoalStrength, "normal:100%:1%"}}});
     window->findChild<MapPage*>()->Choose(PanelField::HoleWidth, std::nullopt, *FigureNamed("WebsOnly"));
     Compare().Take({});
@@ -68,6 +68,27 @@ TEST_F(KeptStudyWindow, TellsThatTheProjectHasChangedSince) {
     Find<QPushButton>("Notice_0").click();
     EXPECT_EQ(TextOf("DepthCover_Box"), "180");
     EXPECT_FALSE(window->isWindowModified());
+}
+
+TEST_F(KeptStudyWindow, TheFiguresOfTheFileAreTakenWhateverWasChangedMeanwhile) {
+    window->KeepStudyIn(Study());
+    window->Model().Set(PanelField::DepthCover, 180);
+    ASSERT_TRUE(window->Model().SaveAs(PathTo("panel.TKL")));
+    window->OpenPath(Study());
+    Find<QComboBox>("Map_Figure").setCurrentIndex(0);
+    Find<QPushButton>("Notice_0").click();
+    EXPECT_EQ(TextOf("DepthCover_Box"), "180");
+    EXPECT_EQ(FromQt(Find<QAction>("actUndo").text()), "&Undo: Figures of the file");
+}
+
+// What was done before belongs to another study.
+TEST_F(KeptStudyWindow, NothingBeforeItIsUndone) {
+    window->KeepStudyIn(Study());
+    Find<QComboBox>("Map_Figure").setCurrentIndex(0);
+    window->OpenPath(Study());
+    EXPECT_FALSE(Find<QAction>("actUndo").isEnabled());
+    EXPECT_FALSE(Find<QAction>("actRedo").isEnabled());
+    EXPECT_EQ(FromQt(Find<QComboBox>("Map_Figure").currentText()), "Webs ONLY");
 }
 
 TEST_F(KeptStudyWindow, HoldsTheFiguresOfAProjectThatIsGone) {

@@ -112,6 +112,52 @@ TEST_F(MapPageTest, FieldsAreExchanged) {
     EXPECT_EQ(Picture().y.title, "Web thickness (ft)");
 }
 
+TEST_F(MapPageTest, AFigureThatIsChosenIsUndoneAndDoneAgainOnItsPage) {
+    QComboBox& figure = Find<QComboBox>("Map_Figure");
+    figure.setFocus();
+    QTest::keyClick(&figure, Qt::Key_Down);
+    EXPECT_EQ(FromQt(figure.currentText()), "Barrier Pillar");
+    EXPECT_EQ(FromQt(Find<QAction>("actUndo").text()), "&Undo: Figure of the map");
+    EXPECT_FALSE(window->isWindowModified());
+    Find<QTabWidget>("Pages").setCurrentIndex(3);
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(Find<QTabWidget>("Pages").currentIndex(), 0);
+    EXPECT_EQ(FromQt(figure.currentText()), "Webs ONLY");
+    EXPECT_FALSE(Find<QAction>("actUndo").isEnabled());
+    WaitForMap();
+    EXPECT_EQ(Picture().project->text, "4.71999");
+    Find<QTabWidget>("Pages").setCurrentIndex(2);
+    EXPECT_TRUE(Choose("actRedo"));
+    EXPECT_EQ(Find<QTabWidget>("Pages").currentIndex(), 0);
+    WaitForMap();
+    EXPECT_EQ(FromQt(figure.currentText()), "Barrier Pillar");
+    EXPECT_NE(Picture().project->text, "4.71999");
+}
+
+TEST_F(MapPageTest, AnExchangeOfFieldsIsUndoneAtOnce) {
+    QTest::mouseClick(&Find("Map_Swap"), Qt::LeftButton);
+    EXPECT_EQ(FromQt(Find<QAction>("actUndo").text()), "&Undo: Fields of the map");
+    EXPECT_TRUE(Choose("actUndo"));
+    WaitForMap();
+    EXPECT_EQ(Picture().x.title, "Web thickness (ft)");
+    EXPECT_EQ(FromQt(Find<QComboBox>("Map_X").currentText()), "Web thickness");
+    EXPECT_EQ(FromQt(Find<QComboBox>("Map_Y").currentText()), "Depth of cover");
+    EXPECT_FALSE(Find<QAction>("actUndo").isEnabled());
+}
+
+TEST_F(MapPageTest, ARangeIsUndoneWithItsPicture) {
+    Type("WebThickness_High", "12");
+    EXPECT_FALSE(Find<QAction>("actUndo").isEnabled());  // it is not finished
+    QTest::keyClick(&Find("WebThickness_High"), Qt::Key_Return);
+    EXPECT_EQ(FromQt(Find<QAction>("actUndo").text()), "&Undo: Web thickness, range");
+    WaitForMap();
+    EXPECT_EQ(Picture().x.high, 12);
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(TextOf("WebThickness_High"), "15");
+    WaitForMap();
+    EXPECT_EQ(Picture().x.high, 15);
+}
+
 TEST_F(MapPageTest, WhereNothingCanBeDrawnItSaysWhy) {
     Type("Height_Box", "-1");
     ASSERT_TRUE(WaitUntil([this] { return !View().Words().isEmpty(); }));
