@@ -28,6 +28,8 @@ MapChoice ChoiceOf(const MapRequest& request);
 struct PageRequests {
     FieldRanges ranges{};
     MapChoice map;
+    RiskPlan risk{{{PanelField::CoalStrength, "lognormal:100%:15%"}}};
+    WidthQuestion width;
 
     bool operator==(const PageRequests&) const = default;
 };

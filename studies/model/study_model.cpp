@@ -159,6 +159,18 @@ void StudyModel::AskFor(const MapChoice& map) {
     ChangeRequests(requests);
 }
 
+void StudyModel::AskFor(const RiskPlan& risk) {
+    PageRequests requests = requests_;
+    requests.risk = risk;
+    ChangeRequests(requests);
+}
+
+void StudyModel::AskFor(const WidthQuestion& width) {
+    PageRequests requests = requests_;
+    requests.width = width;
+    ChangeRequests(requests);
+}
+
 void StudyModel::Begin(const PageRequests& requests) {
     history_.Clear();
     Show({project_.document, WithSoundRanges(requests)});

@@ -59,8 +59,11 @@ class StudyModel {
     void TakePanel(const Panel& panel, const std::string& title, const std::string& words);
 
     // What the pages ask for. AskFor takes what a page asks for now, to be undone; what changes nothing is no step.
+    // Figures that are typed are undone at once with those before them of the same box, until EndGesture.
     const PageRequests& Requests() const { return requests_; }
     void AskFor(const MapChoice& map);
+    void AskFor(const RiskPlan& risk);  // whose correlations are numbers
+    void AskFor(const WidthQuestion& width);
 
     // Other requests in place of all of them, as a beginning: nothing before it is undone any more. In place of a range that
     // its field does not take the present one stays.

@@ -5,7 +5,9 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSignalBlocker>
 #include <QToolButton>
+#include <cmath>
 #include <limits>
 
 #include "core/engine/panel_fields.h"
@@ -29,17 +31,22 @@ PanelField ChosenIn(const QComboBox& box) {
     return static_cast<PanelField>(box.currentIndex());
 }
 
+QString DigitsOf(double value) {
+    std::string digits;
+    AppendShortest(digits, value);
+    return ToQt(digits);
+}
+
 }  // namespace
 
-CorrelationRow::CorrelationRow(const FieldCorrelation& correlation, QWidget* parent) : QWidget(parent) {
+CorrelationRow::CorrelationRow(const FieldCorrelation& correlation, QWidget* parent)
+    : QWidget(parent), sound_(correlation.value) {
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setVerticalSpacing(0);
     first_ = FieldBox(*this, correlation.first, "Correlated field");
     second_ = FieldBox(*this, correlation.second, "Field that it is correlated with");
-    std::string digits;
-    AppendShortest(digits, correlation.value);
-    value_ = new QLineEdit(ToQt(digits), this);
+    value_ = new QLineEdit(DigitsOf(sound_), this);
     value_->setAccessibleName("Correlation");
     value_->setToolTip(
         "From -1 to 1: the correlation of their normal scores; of normal fields their own, of lognormal ones "
@@ -63,13 +70,33 @@ CorrelationRow::CorrelationRow(const FieldCorrelation& correlation, QWidget* par
     grid->addWidget(fault_, 1, 0, 1, column);
     for (const QComboBox* box : {first_, second_})
         connect(box, &QComboBox::currentIndexChanged, this, &CorrelationRow::Changed);
-    connect(value_, &QLineEdit::textEdited, this, &CorrelationRow::Changed);
+    connect(value_, &QLineEdit::textEdited, this, &CorrelationRow::Value_Edited);
+    connect(value_, &QLineEdit::editingFinished, this, &CorrelationRow::Finished);
     connect(remove_, &QToolButton::clicked, this, &CorrelationRow::Removed);
 }
 
 FieldCorrelation CorrelationRow::Correlation() const {
     const auto value = WholeNumber(Trim(FromQt(value_->text())));
     return {ChosenIn(*first_), ChosenIn(*second_), value.value_or(std::numeric_limits<double>::quiet_NaN())};
+}
+
+FieldCorrelation CorrelationRow::SoundCorrelation() const {
+    return {ChosenIn(*first_), ChosenIn(*second_), sound_};
+}
+
+void CorrelationRow::Show(const FieldCorrelation& correlation) {
+    if (Correlation() == correlation) return;
+    const QSignalBlocker quiet_first(first_), quiet_second(second_);
+    first_->setCurrentIndex(static_cast<int>(correlation.first));
+    second_->setCurrentIndex(static_cast<int>(correlation.second));
+    sound_ = correlation.value;
+    value_->setText(DigitsOf(sound_));
+}
+
+void CorrelationRow::Value_Edited() {
+    const double value = Correlation().value;
+    if (!std::isnan(value)) sound_ = value;
+    emit Changed();
 }
 
 void CorrelationRow::SetNumber(int number) {

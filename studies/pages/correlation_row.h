@@ -22,6 +22,12 @@ class CorrelationRow : public QWidget {
     // NaN for a value that is no number.
     FieldCorrelation Correlation() const;
 
+    // The last that was a number.
+    FieldCorrelation SoundCorrelation() const;
+
+    // Another one in its place; says nothing of it.
+    void Show(const FieldCorrelation& correlation);
+
     // Its place among the rows: controls are named for it, "Correlation_First_0".
     void SetNumber(int number);
 
@@ -30,14 +36,18 @@ class CorrelationRow : public QWidget {
 
   signals:
     void Changed();
+    void Finished();  // what was typed
     void Removed();
 
   private:
+    void Value_Edited();
+
     QComboBox* first_;
     QComboBox* second_;
     QLineEdit* value_;
     QToolButton* remove_;
     QLabel* fault_;
+    double sound_;
 };
 
 }  // namespace tarvokol

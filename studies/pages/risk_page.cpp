@@ -51,6 +51,15 @@ double ProbabilityToSpeak(const std::array<FactorRisk, kFactors>& risk) {
     return largest;
 }
 
+// Nobody finds it by its name any more.
+template <typename Row>
+void TakeAway(std::vector<Row*>& rows, std::size_t i) {
+    rows[i]->setObjectName(QString());
+    rows[i]->hide();
+    rows[i]->deleteLater();
+    rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(i));
+}
+
 }  // namespace
 
 RiskPage::RiskPage(StudyModel& model, QWidget* parent)
@@ -61,9 +70,11 @@ RiskPage::RiskPage(StudyModel& model, QWidget* parent)
     connect(add_, &QPushButton::clicked, this, &RiskPage::Add_Clicked);
     connect(correlate_, &QPushButton::clicked, this, &RiskPage::Correlate_Clicked);
     connect(bar_, &WorkBar::Cancelled, this, &RiskPage::Work_Cancelled);
-    for (QLineEdit* box : {samples_, seed_})
+    for (QLineEdit* box : {samples_, seed_}) {
         connect(box, &QLineEdit::textEdited, this, &RiskPage::Row_Changed);
-    Choose({{{PanelField::CoalStrength, "lognormal:100%:15%"}}});
+        connect(box, &QLineEdit::editingFinished, this, &RiskPage::Box_Finished);
+    }
+    ShowPlan();
     model_.Tell([this] { Model_Changed(); });
 }
 
@@ -146,20 +157,27 @@ void RiskPage::BuildPoints(QVBoxLayout& page) {
 }
 
 void RiskPage::Choose(const RiskPlan& plan) {
-    for (UncertainRow* row : rows_) row->deleteLater();
-    rows_.clear();
-    for (CorrelationRow* row : correlations_) row->deleteLater();
-    correlations_.clear();
-    samples_->setText(QString::number(plan.samples));
-    seed_->setText(QString::number(plan.seed));
+    model_.AskFor(plan);
+}
+
+// A row that stays keeps its controls, and with them the focus.
+void RiskPage::ShowPlan() {
+    shown_ = model_.Requests().risk;
+    samples_->setText(QString::number(shown_.samples));
+    seed_->setText(QString::number(shown_.seed));
     {
         const QSignalBlocker asked_below(points_);
-        points_->setChecked(plan.design_points);
+        points_->setChecked(shown_.design_points);
     }
-    for (const UncertainField& field : plan.fields) AddRow(field);
-    for (const FieldCorrelation& correlation : plan.correlations) AddCorrelation(correlation);
+    while (rows_.size() > shown_.fields.size()) TakeAway(rows_, rows_.size() - 1);
+    for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i]->Show(shown_.fields[i]);
+    while (rows_.size() < shown_.fields.size()) AddRow(shown_.fields[rows_.size()]);
+    while (correlations_.size() > shown_.correlations.size())
+        TakeAway(correlations_, correlations_.size() - 1);
+    for (std::size_t i = 0; i < correlations_.size(); ++i) correlations_[i]->Show(shown_.correlations[i]);
+    while (correlations_.size() < shown_.correlations.size())
+        AddCorrelation(shown_.correlations[correlations_.size()]);
     NumberRows();
-    Ask();
 }
 
 void RiskPage::AddRow(const UncertainField& field) {
@@ -168,6 +186,7 @@ void RiskPage::AddRow(const UncertainField& field) {
     rows_layout_->addWidget(row);
     row->show();
     connect(row, &UncertainRow::Changed, this, &RiskPage::Row_Changed);
+    connect(row, &UncertainRow::Finished, this, &RiskPage::Box_Finished);
     connect(row, &UncertainRow::Removed, this, &RiskPage::Row_Removed);
 }
 
@@ -196,6 +215,7 @@ void RiskPage::AddCorrelation(const FieldCorrelation& correlation) {
     correlations_layout_->addWidget(row);
     row->show();
     connect(row, &CorrelationRow::Changed, this, &RiskPage::Row_Changed);
+    connect(row, &CorrelationRow::Finished, this, &RiskPage::Box_Finished);
     connect(row, &CorrelationRow::Removed, this, &RiskPage::Correlation_Removed);
 }
 
@@ -204,19 +224,16 @@ void RiskPage::Correlate_Clicked() {
     if (rows_.size() < 2) return;
     AddCorrelation({rows_[0]->Field().field, rows_[1]->Field().field, 0.5});
     NumberRows();
-    Ask();
+    Row_Changed();
 }
 
 void RiskPage::Correlation_Removed() {
     const auto gone = std::find(correlations_.begin(), correlations_.end(), sender());
     if (gone == correlations_.end()) return;
-    (*gone)->setObjectName(QString());
-    (*gone)->hide();
-    (*gone)->deleteLater();
-    correlations_.erase(gone);
+    TakeAway(correlations_, static_cast<std::size_t>(gone - correlations_.begin()));
     NumberRows();
     add_->setFocus();
-    Ask();
+    Row_Changed();
 }
 
 // The first field that is certain so far.
@@ -233,23 +250,26 @@ void RiskPage::Add_Clicked() {
         break;
     }
     NumberRows();
-    Ask();
+    Row_Changed();
 }
 
 void RiskPage::Row_Changed() {
+    shown_ = SoundPlan();
+    model_.AskFor(shown_);
     Ask();
+}
+
+void RiskPage::Box_Finished() {
+    model_.EndGesture();
 }
 
 void RiskPage::Row_Removed() {
     const auto gone = std::find(rows_.begin(), rows_.end(), sender());
     if (gone == rows_.end()) return;
-    (*gone)->setObjectName(QString());
-    (*gone)->hide();
-    (*gone)->deleteLater();
-    rows_.erase(gone);
+    TakeAway(rows_, static_cast<std::size_t>(gone - rows_.begin()));
     NumberRows();
     add_->setFocus();
-    Ask();
+    Row_Changed();
 }
 
 RiskPlan RiskPage::Plan() const {
@@ -261,6 +281,20 @@ RiskPlan RiskPage::Plan() const {
     plan.samples = static_cast<std::uint32_t>(WholeIn(*samples_, 1, kMostPlannedSamples, "Samples", ignored));
     plan.seed = static_cast<std::uint64_t>(WholeIn(*seed_, 0, kLargestPlannedSeed, "Seed", ignored));
     plan.design_points = points_->isChecked();
+    return plan;
+}
+
+// The plan with the last number of each box that holds none now.
+RiskPlan RiskPage::SoundPlan() const {
+    RiskPlan plan = Plan();
+    for (std::size_t i = 0; i < correlations_.size(); ++i)
+        plan.correlations[i] = correlations_[i]->SoundCorrelation();
+    QString fault;
+    WholeIn(*samples_, 1, kMostPlannedSamples, "Samples", fault);
+    if (!fault.isEmpty()) plan.samples = shown_.samples;
+    fault.clear();
+    WholeIn(*seed_, 0, kLargestPlannedSeed, "Seed", fault);
+    if (!fault.isEmpty()) plan.seed = shown_.seed;
     return plan;
 }
 
@@ -292,6 +326,7 @@ bool RiskPage::ShowFaultsOfRows(const RiskPlan& plan) {
 }
 
 void RiskPage::Model_Changed() {
+    if (shown_ != model_.Requests().risk) ShowPlan();
     Ask();
 }
 

@@ -38,8 +38,10 @@ class RiskPage : public StudyPage {
     std::vector<std::string> ReportNow() const override;
     std::string PictureName() const override { return "risk"; }
 
-    // What the controls ask for, and the other way round.
+    // What the controls ask for.
     RiskPlan Plan() const;
+
+    // Another plan in their place, to be undone.
     void Choose(const RiskPlan& plan);
 
     // The line "Which width?".
@@ -62,8 +64,11 @@ class RiskPage : public StudyPage {
     void Correlation_Removed();
     void Row_Changed();
     void Row_Removed();
+    void Box_Finished();
     void Work_Cancelled();
 
+    RiskPlan SoundPlan() const;
+    void ShowPlan();
     void Ask();
     bool ShowFaults(const RiskPlan& plan);
     bool ShowFaultsOfRows(const RiskPlan& plan);
@@ -88,6 +93,7 @@ class RiskPage : public StudyPage {
     WorkBar* bar_ = nullptr;
     StudyView* view_ = nullptr;
     std::optional<RiskReading> reading_;
+    RiskPlan shown_;  // as the model holds it
     std::optional<RiskPlan> asked_;
     std::string asked_text_;
     LatestWork work_;  // ends before what it shows goes

@@ -118,6 +118,7 @@ UncertainRow::UncertainRow(const UncertainField& field, QWidget* parent) : QWidg
         figure->setMaximumWidth(digit * kMostDigits);
         grid->addWidget(figure, 0, column++);
         connect(figure, &QLineEdit::textEdited, this, &UncertainRow::Changed);
+        connect(figure, &QLineEdit::editingFinished, this, &UncertainRow::Finished);
     }
     density_ = new DensityPicture(this);
     density_->setFixedSize(density_->sizeHint());
@@ -135,6 +136,13 @@ UncertainRow::UncertainRow(const UncertainField& field, QWidget* parent) : QWidg
     connect(field_, &QComboBox::currentIndexChanged, this, &UncertainRow::Changed);
     connect(form_, &QComboBox::currentIndexChanged, this, &UncertainRow::Form_Chosen);
     connect(remove_, &QToolButton::clicked, this, &UncertainRow::Removed);
+}
+
+void UncertainRow::Show(const UncertainField& field) {
+    if (Field() == field) return;
+    const QSignalBlocker quiet(field_);
+    field_->setCurrentIndex(static_cast<int>(field.field));
+    FillFigures(field.distribution);
 }
 
 void UncertainRow::FillFigures(const std::string& distribution) {

@@ -40,6 +40,9 @@ class UncertainRow : public QWidget {
     // As the command line writes it.
     UncertainField Field() const;
 
+    // Another one in its place; says nothing of it.
+    void Show(const UncertainField& field);
+
     // Its place among the rows: controls are named for it, "Risk_Field_0".
     void SetNumber(int number);
 
@@ -48,6 +51,7 @@ class UncertainRow : public QWidget {
 
   signals:
     void Changed();
+    void Finished();  // what was typed
     void Removed();
 
   private:

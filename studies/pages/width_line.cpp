@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QMetaObject>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <algorithm>
 #include <array>
 #include <memory>
@@ -32,10 +33,12 @@ WidthLine::WidthLine(StudyModel& model, std::function<RiskPlan()> plan, QWidget*
     connect(take_, &QPushButton::clicked, this, &WidthLine::Take_Clicked);
     for (QLineEdit* box : {probability_, step_}) {
         connect(box, &QLineEdit::returnPressed, this, &WidthLine::Find_Clicked);
-        connect(box, &QLineEdit::textEdited, this, &WidthLine::Forget);
+        connect(box, &QLineEdit::textEdited, this, &WidthLine::Question_Changed);
+        connect(box, &QLineEdit::editingFinished, this, &WidthLine::Box_Finished);
     }
-    connect(field_, &QComboBox::currentIndexChanged, this, &WidthLine::Forget);
-    Choose({});
+    connect(field_, &QComboBox::currentIndexChanged, this, &WidthLine::Question_Changed);
+    ShowQuestion();
+    model_.Tell([this] { Model_Changed(); });
 }
 
 void WidthLine::Build() {
@@ -98,11 +101,26 @@ WidthQuestion WidthLine::Question() const {
             FromQt(probability_->text()), FromQt(step_->text())};
 }
 
-void WidthLine::Choose(const WidthQuestion& question) {
+void WidthLine::ShowQuestion() {
+    const WidthQuestion& question = model_.Requests().width;
+    const QSignalBlocker quiet(field_);
     field_->setCurrentIndex(question.field == PanelField::BarrierPillarWidth ? 1 : 0);
     probability_->setText(ToQt(question.probability));
     step_->setText(ToQt(question.step));
     Forget();
+}
+
+void WidthLine::Model_Changed() {
+    if (Question() != model_.Requests().width) ShowQuestion();
+}
+
+void WidthLine::Question_Changed() {
+    Forget();
+    model_.AskFor(Question());
+}
+
+void WidthLine::Box_Finished() {
+    model_.EndGesture();
 }
 
 void WidthLine::Forget() {

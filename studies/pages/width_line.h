@@ -27,7 +27,6 @@ class WidthLine : public QWidget {
     WidthLine(StudyModel& model, std::function<RiskPlan()> plan, QWidget* parent = nullptr);
 
     WidthQuestion Question() const;
-    void Choose(const WidthQuestion& question);
 
     // What stands there holds for other figures than those that are shown now.
     void Forget();
@@ -40,6 +39,10 @@ class WidthLine : public QWidget {
 
   private:
     void Build();
+    void ShowQuestion();
+    void Model_Changed();
+    void Question_Changed();
+    void Box_Finished();
     void Find_Clicked();
     void Take_Clicked();
     void Show(WidthOutcome outcome);

@@ -70,9 +70,7 @@ std::string StudiesWindow::OpenProjectOf(const KeptStudy& study, const std::stri
 }
 
 void StudiesWindow::ShowStudy(const KeptStudy& study) {
-    model_.BeginStudy({study.ranges, ChoiceOf(study.map)}, study.panel, study.title);
-    risk_->Choose(study.risk);
-    risk_->Width().Choose(study.width);
+    model_.BeginStudy({study.ranges, ChoiceOf(study.map), study.risk, study.width}, study.panel, study.title);
     if (!study.columns.empty()) table_->Read(CsvOfTable(study), "the study's table");
     DesignBoard board;
     for (const NamedPanel& design : study.designs) board.Keep(design.name, design.panel);

@@ -110,6 +110,79 @@ TEST_F(PageRequestsTest, AGestureThatEndsWhereItBeganIsNoStep) {
     EXPECT_EQ(model.UndoWords(), "Figure of the map");
 }
 
+TEST_F(PageRequestsTest, FiguresThatAreTypedAreOneStepUntilTheirBoxIsLeft) {
+    const RiskPlan began = model.Requests().risk;
+    RiskPlan plan = began;
+    for (const char* figure : {"1", "10", "10%"}) {
+        plan.fields[0].distribution = std::string("lognormal:100%:") + figure;
+        model.AskFor(plan);
+    }
+    EXPECT_EQ(model.UndoWords(), "In situ coal strength, distribution");
+    model.EndGesture();
+    const RiskPlan typed = plan;
+    plan.fields[0].distribution = "lognormal:90%:10%";
+    model.AskFor(plan);
+    EXPECT_EQ(model.Undo(), StudyPages::Risk);
+    EXPECT_EQ(model.Requests().risk, typed);
+    model.Undo();
+    EXPECT_EQ(model.Requests().risk, began);
+    EXPECT_FALSE(model.CanUndo());
+    EXPECT_FALSE(model.IsChanged());
+}
+
+TEST_F(PageRequestsTest, FiguresOfTwoBoxesAreTwoSteps) {
+    RiskPlan plan = model.Requests().risk;
+    plan.samples = 500;
+    model.AskFor(plan);
+    plan.seed = 7;
+    model.AskFor(plan);
+    plan.samples = 600;
+    model.AskFor(plan);
+    EXPECT_EQ(model.UndoWords(), "Samples");
+    model.Undo();
+    EXPECT_EQ(model.UndoWords(), "Seed");
+    model.Undo();
+    EXPECT_EQ(model.Requests().risk.samples, 500U);
+    EXPECT_EQ(model.Requests().risk.seed, 1U);
+}
+
+// Each change of a plan as it is called, from a plan of two fields that are correlated.
+TEST(NameOfChange, TellsWhatIsAskedOfTheRisk) {
+    PageRequests before;
+    before.risk.fields = {{PanelField::CoalStrength, "normal:100%:15%"},
+                          {PanelField::Height, "normal:100%:5%"}};
+    before.risk.correlations = {{PanelField::CoalStrength, PanelField::Height, 0.5}};
+    const auto words = [&before](auto&& change) {
+        PageRequests after = before;
+        change(after);
+        const StepName name = NameOfChange(before, after);
+        EXPECT_EQ(name.page, StudyPages::Risk);
+        return name.words + (name.key.empty() ? "" : " [" + name.key + "]");
+    };
+    EXPECT_EQ(words([](PageRequests& r) {
+                  r.risk.fields.push_back({PanelField::SFWeb, "normal:100%:5%"});
+              }),
+              "Uncertain field added");
+    EXPECT_EQ(words([](PageRequests& r) { r.risk.fields.pop_back(); }), "Uncertain field removed");
+    EXPECT_EQ(words([](PageRequests& r) { r.risk.fields[1].field = PanelField::SFWeb; }), "Uncertain field");
+    EXPECT_EQ(words([](PageRequests& r) { r.risk.fields[1].distribution = "uniform:80%:120%"; }),
+              "Extraction height, distribution");
+    EXPECT_EQ(words([](PageRequests& r) { r.risk.fields[1].distribution = "normal:100%:6%"; }),
+              "Extraction height, distribution [distribution 1]");
+    EXPECT_EQ(words([](PageRequests& r) { r.risk.correlations.push_back({}); }), "Correlation added");
+    EXPECT_EQ(words([](PageRequests& r) { r.risk.correlations.clear(); }), "Correlation removed");
+    EXPECT_EQ(words([](PageRequests& r) { r.risk.correlations[0].first = PanelField::SFWeb; }),
+              "Correlation");
+    EXPECT_EQ(words([](PageRequests& r) { r.risk.correlations[0].value = 0.25; }),
+              "Correlation [correlation 0]");
+    EXPECT_EQ(words([](PageRequests& r) { r.risk.design_points = true; }), "Design points");
+    EXPECT_EQ(words([](PageRequests& r) { r.width.field = PanelField::BarrierPillarWidth; }),
+              "Width that is sought");
+    EXPECT_EQ(words([](PageRequests& r) { r.width.probability = "1%"; }),
+              "Probability of the width [width probability]");
+    EXPECT_EQ(words([](PageRequests& r) { r.width.step = "0.25"; }), "Step of the width [width step]");
+}
+
 TEST_F(PageRequestsTest, ABeginningLeavesNothingToUndo) {
     model.AskFor(kOverall);
     model.Undo();

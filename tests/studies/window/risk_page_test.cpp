@@ -31,6 +31,10 @@ class RiskPageTest : public StudiesWindowTest {
         EXPECT_TRUE(WaitUntil([this] { return !Page().IsBusy(); }));
         QApplication::processEvents();
     }
+    void Click(const std::string& button) {
+        QTest::mouseClick(&Find(button), Qt::LeftButton, {}, QPoint(8, Find(button).height() / 2));
+    }
+    std::string UndoText() { return FromQt(Find<QAction>("actUndo").text()); }
     StudyView& Spread() { return Find<StudyView>("Risk_View"); }
 };
 
@@ -72,7 +76,7 @@ TEST_F(RiskPageTest, FollowsTheProject) {
 }
 
 TEST_F(RiskPageTest, RowsComeAndGo) {
-    QTest::mouseClick(&Find("Risk_Add"), Qt::LeftButton);
+    Click("Risk_Add");
     EXPECT_EQ(FromQt(Find<QComboBox>("Risk_Field_1").currentText()), "Depth of cover");
     QComboBox& form = Find<QComboBox>("Risk_Form_1");
     form.setCurrentIndex(form.findText("triangular"));
@@ -80,7 +84,7 @@ TEST_F(RiskPageTest, RowsComeAndGo) {
     EXPECT_EQ(Page().Plan().fields[1], (UncertainField{PanelField::DepthCover, "triangular:80%:100%:120%"}));
     WaitForPicture();
     EXPECT_THAT(Picture().words, Contains(StartsWith("Depth of cover triangular")));
-    QTest::mouseClick(&Find("Risk_Remove_0"), Qt::LeftButton);
+    Click("Risk_Remove_0");
     WaitForPicture();
     EXPECT_THAT(Picture().words.front(), StartsWith("Depth of cover triangular"));
     EXPECT_EQ(Page().Plan().fields.size(), 1U);
@@ -110,14 +114,94 @@ TEST_F(RiskPageTest, WhatMakesNoSenseIsToldBelowItsRowAndTheLastPictureStands) {
 
 TEST_F(RiskPageTest, DesignPointsOfRareTargetsStandAboveThePicture) {
     EXPECT_TRUE(Find("Risk_PointsWords").isHidden());
-    QTest::mouseClick(&Find("Risk_Points"), Qt::LeftButton, {}, QPoint(8, Find("Risk_Points").height() / 2));
+    Click("Risk_Points");
     EXPECT_TRUE(Page().Plan().design_points);
     EXPECT_TRUE(WaitUntil([this] { return !Find("Risk_PointsWords").isHidden(); }));
     EXPECT_THAT(TextOf("Risk_PointsWords"), HasSubstr("Webs ONLY below the target 1.6: reliability index "));
     EXPECT_THAT(Page().ReportNow(),
                 Contains(StartsWith("Webs ONLY below the target 1.6: reliability index ")));
-    QTest::mouseClick(&Find("Risk_Points"), Qt::LeftButton, {}, QPoint(8, Find("Risk_Points").height() / 2));
+    Click("Risk_Points");
     EXPECT_TRUE(WaitUntil([this] { return Find("Risk_PointsWords").isHidden(); }));
+}
+
+TEST_F(RiskPageTest, WhatIsTypedIntoOneBoxIsUndoneAtOnceOnItsPage) {
+    Type("Risk_Figure_0_1", "25%");
+    EXPECT_EQ(UndoText(), "&Undo: In situ coal strength, distribution");
+    EXPECT_FALSE(window->isWindowModified());
+    Find<QTabWidget>("Pages").setCurrentIndex(0);
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(Find<QTabWidget>("Pages").currentWidget(), &Page());
+    EXPECT_EQ(TextOf("Risk_Figure_0_1"), "15%");
+    EXPECT_FALSE(Find<QAction>("actUndo").isEnabled());
+    WaitForPicture();
+    EXPECT_THAT(Picture().words.front(), HasSubstr("standard deviation 135 psi"));
+    EXPECT_TRUE(Choose("actRedo"));
+    EXPECT_EQ(TextOf("Risk_Figure_0_1"), "25%");
+    WaitForPicture();
+    EXPECT_THAT(Picture().words.front(), HasSubstr("standard deviation 225 psi"));
+}
+
+TEST_F(RiskPageTest, ABoxThatIsComeBackToIsAnotherStep) {
+    Type("Risk_Seed", "2");
+    QTest::keyClick(&Find("Risk_Seed"), Qt::Key_Return);
+    Type("Risk_Seed", "3");
+    EXPECT_EQ(UndoText(), "&Undo: Seed");
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(TextOf("Risk_Seed"), "2");
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(TextOf("Risk_Seed"), "1");
+    EXPECT_FALSE(Choose("actUndo"));
+}
+
+TEST_F(RiskPageTest, RowsThatCameAndWentAreUndone) {
+    Click("Risk_Add");
+    EXPECT_EQ(UndoText(), "&Undo: Uncertain field added");
+    Click("Risk_Correlate");
+    EXPECT_EQ(UndoText(), "&Undo: Correlation added");
+    const RiskPlan whole = Page().Plan();
+    Click("Risk_Remove_0");
+    EXPECT_EQ(UndoText(), "&Undo: Uncertain field removed");
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(Page().Plan(), whole);
+    EXPECT_EQ(FromQt(Find<QComboBox>("Risk_Field_0").currentText()), "In situ coal strength");
+    EXPECT_EQ(FromQt(Find<QComboBox>("Risk_Form_0").currentText()), "lognormal");
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_TRUE(Page().Plan().correlations.empty());
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(Page().Plan().fields.size(), 1U);
+    EXPECT_FALSE(Choose("actUndo"));
+    for (int i = 0; i < 2; ++i) EXPECT_TRUE(Choose("actRedo"));
+    EXPECT_EQ(Page().Plan(), whole);
+    WaitForPicture();
+    EXPECT_THAT(Picture().words, Contains(StartsWith("Depth of cover normal")));
+}
+
+TEST_F(RiskPageTest, AFormThatIsChosenIsUndoneWithItsFigures) {
+    QComboBox& form = Find<QComboBox>("Risk_Form_0");
+    Type("Risk_Figure_0_0", "80%");
+    form.setCurrentIndex(form.findText("triangular"));
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(FromQt(form.currentText()), "lognormal");
+    EXPECT_EQ(TextOf("Risk_Figure_0_0"), "80%");
+    EXPECT_TRUE(Find("Risk_Figure_0_2").isHidden());
+    Click("Risk_Points");
+    EXPECT_EQ(UndoText(), "&Undo: Design points");
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_FALSE(Page().Plan().design_points);
+}
+
+TEST_F(RiskPageTest, WhatIsNoNumberIsNoStepAndGoesWhenItsPageIsUndone) {
+    Type("Risk_Samples", "x");
+    EXPECT_FALSE(Find<QAction>("actUndo").isEnabled());
+    Click("Risk_Add");
+    EXPECT_EQ(UndoText(), "&Undo: Uncertain field added");
+    EXPECT_EQ(TextOf("Risk_Samples"), "x");
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(TextOf("Risk_Samples"), "100000");
+    EXPECT_TRUE(Find("Risk_Fault").isHidden());
+    Type("Risk_Samples", "2000");
+    Type("Risk_Samples", "100000");
+    EXPECT_FALSE(Find<QAction>("actUndo").isEnabled());  // where it began
 }
 
 TEST_F(RiskPageTest, LongWorkIsCancelled) {

@@ -43,6 +43,36 @@ TEST_F(RiskControls, AWidthIsFoundTakenAndUndone) {
     EXPECT_EQ(TextOf("WebThickness_Box"), "10");
 }
 
+TEST_F(RiskControls, AQuestionIsUndoneAndDoneAgain) {
+    Type("Width_Probability", "1%");
+    Type("Width_Step", "0.25");
+    Find<QComboBox>("Width_Field").setFocus();
+    QTest::keyClick(&Find("Width_Field"), Qt::Key_Down);
+    const auto undo_text = [this] { return FromQt(Find<QAction>("actUndo").text()); };
+    EXPECT_EQ(undo_text(), "&Undo: Width that is sought");
+    Find<QTabWidget>("Pages").setCurrentIndex(0);
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(Find<QTabWidget>("Pages").currentIndex(), 1);
+    EXPECT_EQ(FromQt(Find<QComboBox>("Width_Field").currentText()), "Web thickness");
+    EXPECT_EQ(undo_text(), "&Undo: Step of the width");
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(TextOf("Width_Step"), "");
+    EXPECT_EQ(undo_text(), "&Undo: Probability of the width");
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(TextOf("Width_Probability"), "5%");
+    for (int i = 0; i < 3; ++i) EXPECT_TRUE(Choose("actRedo"));
+    EXPECT_EQ(Risk().Width().Question(), (WidthQuestion{PanelField::BarrierPillarWidth, "1%", "0.25"}));
+    EXPECT_FALSE(Choose("actRedo"));
+}
+
+TEST_F(RiskControls, AnAnswerGoesWithAQuestionThatIsUndone) {
+    Type("Width_Step", "0.25");
+    FindWidth();
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_FALSE(Find("Width_Take").isEnabled());
+    EXPECT_EQ(TextOf("Width_Words"), "");
+}
+
 TEST_F(RiskControls, AnAnswerGoesWithItsFigures) {
     FindWidth();
     Type("DepthCover_Box", "120");
