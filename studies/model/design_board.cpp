@@ -24,10 +24,6 @@ bool DesignBoard::Keep(const std::string& name, const Panel& panel) {
     return true;
 }
 
-void DesignBoard::Remove(std::size_t i) {
-    designs_.erase(designs_.begin() + static_cast<std::ptrdiff_t>(i));
-}
-
 void DesignBoard::Rename(std::size_t i, const std::string& name) {
     designs_[i].name = name;
 }

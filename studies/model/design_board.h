@@ -34,7 +34,6 @@ class DesignBoard {
   public:
     // Keeps a design at the end; false where there are six.
     bool Keep(const std::string& name, const Panel& panel);
-    void Remove(std::size_t i);
     void Rename(std::size_t i, const std::string& name);
 
     const std::vector<KeptDesign>& Designs() const { return designs_; }

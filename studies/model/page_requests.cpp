@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "studies/model/page_requests.h"
 
+#include <algorithm>
+
 namespace tarvokol {
 namespace {
 
@@ -61,6 +63,13 @@ StepName NameOfWidthChange(const WidthQuestion& before, const WidthQuestion& aft
     return {"Step of the width", "width step", StudyPages::Risk};
 }
 
+StepName NameOfDesignsChange(const std::vector<AskedDesign>& before, const std::vector<AskedDesign>& after) {
+    const std::size_t i = static_cast<std::size_t>(std::ranges::mismatch(before, after).in1 - before.begin());
+    if (after.size() > before.size()) return {after[i].name + " kept", "", StudyPages::Compare};
+    if (after.size() < before.size()) return {before[i].name + " removed", "", StudyPages::Compare};
+    return {before[i].name + ", name", "", StudyPages::Compare};
+}
+
 // The sliders beside every page show it as well as the map does.
 StepName NameOfRangeChange(const FieldRanges& before, const FieldRanges& after) {
     for (const PanelFieldFacts& facts : kPanelFields) {
@@ -92,6 +101,7 @@ StepName NameOfChange(const PageRequests& before, const PageRequests& after) {
     if (before.map != after.map) return NameOfMapChange(before.map, after.map);
     if (before.risk != after.risk) return NameOfRiskChange(before.risk, after.risk);
     if (before.width != after.width) return NameOfWidthChange(before.width, after.width);
+    if (before.designs != after.designs) return NameOfDesignsChange(before.designs, after.designs);
     return NameOfRangeChange(before.ranges, after.ranges);
 }
 

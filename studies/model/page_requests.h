@@ -3,8 +3,10 @@
 #pragma once
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/studies/kept_study.h"
 #include "core/studies/study_requests.h"
@@ -25,11 +27,20 @@ struct MapChoice {
 MapRequest MapRequestOf(const MapChoice& choice, const FieldRanges& ranges);
 MapChoice ChoiceOf(const MapRequest& request);
 
+// A design of the comparison. Designs are kept once and never changed but for their names: the same panel is the same object.
+struct AskedDesign {
+    std::string name;
+    std::shared_ptr<const Panel> panel;
+
+    bool operator==(const AskedDesign&) const = default;
+};
+
 struct PageRequests {
     FieldRanges ranges{};
     MapChoice map;
     RiskPlan risk{{{PanelField::CoalStrength, "lognormal:100%:15%"}}};
     WidthQuestion width;
+    std::vector<AskedDesign> designs;  // kMostDesigns at most
 
     bool operator==(const PageRequests&) const = default;
 };

@@ -171,6 +171,12 @@ void StudyModel::AskFor(const WidthQuestion& width) {
     ChangeRequests(requests);
 }
 
+void StudyModel::AskFor(const std::vector<AskedDesign>& designs) {
+    PageRequests requests = requests_;
+    requests.designs = designs;
+    ChangeRequests(requests);
+}
+
 void StudyModel::Begin(const PageRequests& requests) {
     history_.Clear();
     Show({project_.document, WithSoundRanges(requests)});

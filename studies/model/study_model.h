@@ -64,6 +64,7 @@ class StudyModel {
     void AskFor(const MapChoice& map);
     void AskFor(const RiskPlan& risk);  // whose correlations are numbers
     void AskFor(const WidthQuestion& width);
+    void AskFor(const std::vector<AskedDesign>& designs);
 
     // Other requests in place of all of them, as a beginning: nothing before it is undone any more. In place of a range that
     // its field does not take the present one stays.

@@ -68,6 +68,8 @@ ComparePage::ComparePage(StudyModel& model, std::function<RiskPlan()> plan, QWid
     connect(table_, &QTableWidget::itemChanged, this, &ComparePage::Name_Edited);
     connect(table_, &QTableWidget::currentCellChanged, this, &ComparePage::Cell_Chosen);
     Show();
+    model_.Tell([this] { Model_Changed(); });
+    Model_Changed();
 }
 
 QPushButton* ComparePage::MakeButton(const QString& name, const QString& caption, const QString& tip,
@@ -86,14 +88,39 @@ int ComparePage::Chosen() const {
 }
 
 void ComparePage::Keep_Clicked() {
-    board_.Keep(FreeDesignName(board_), model_.ProjectPanel());
-    Change();
+    if (board_.IsFull()) return;
+    std::vector<AskedDesign> designs = shown_;
+    designs.push_back({FreeDesignName(board_), std::make_shared<const Panel>(model_.ProjectPanel())});
+    model_.AskFor(designs);
     table_->setCurrentCell(kNameRow, table_->columnCount() - 1);
 }
 
-void ComparePage::Take(DesignBoard board) {
-    board_ = std::move(board);
+void ComparePage::Model_Changed() {
+    const std::vector<AskedDesign>& designs = model_.Requests().designs;
+    if (shown_ == designs) return;
+    const bool same_panels =
+        std::ranges::equal(shown_, designs, {}, &AskedDesign::panel, &AskedDesign::panel);
+    shown_ = designs;
+    if (same_panels)
+        ShowNames();
+    else
+        ShowDesigns();
+}
+
+void ComparePage::ShowDesigns() {
+    board_ = {};
+    for (const AskedDesign& design : shown_) board_.Keep(design.name, *design.panel);
     Change();
+}
+
+// The cells stay, of which one is just being edited, and so do the probabilities.
+void ComparePage::ShowNames() {
+    shows_ = true;
+    for (std::size_t i = 0; i < shown_.size(); ++i) {
+        board_.Rename(i, shown_[i].name);
+        table_->item(kNameRow, static_cast<int>(i))->setText(ToQt(shown_[i].name));
+    }
+    shows_ = false;
 }
 
 // Its figures stand in its own units; those of a project in the other system are not meant by them.
@@ -109,8 +136,9 @@ void ComparePage::Take_Clicked() {
 
 void ComparePage::Remove_Clicked() {
     if (Chosen() < 0) return;
-    board_.Remove(static_cast<std::size_t>(Chosen()));
-    Change();
+    std::vector<AskedDesign> designs = shown_;
+    designs.erase(designs.begin() + Chosen());
+    model_.AskFor(designs);
 }
 
 // Other designs than those whose probabilities were asked for.
@@ -155,7 +183,9 @@ void ComparePage::TakeRisks(std::vector<DesignRisk> risks) {
 
 void ComparePage::Name_Edited(QTableWidgetItem* item) {
     if (shows_ || item->row() != kNameRow) return;
-    board_.Rename(static_cast<std::size_t>(item->column()), FromQt(item->text()));
+    std::vector<AskedDesign> designs = shown_;
+    designs[static_cast<std::size_t>(item->column())].name = FromQt(item->text());
+    model_.AskFor(designs);
 }
 
 void ComparePage::Cell_Chosen() {

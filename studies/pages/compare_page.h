@@ -9,6 +9,7 @@
 
 #include "studies/model/design_board.h"
 #include "studies/model/latest_work.h"
+#include "studies/model/page_requests.h"
 #include "studies/pages/study_page.h"
 
 class QLabel;
@@ -34,15 +35,13 @@ class ComparePage : public StudyPage {
 
     const DesignBoard& Board() const { return board_; }
 
-    // Other designs in place of those that stand there.
-    void Take(DesignBoard board);
-
     bool IsBusy() const { return work_.IsBusy(); }
 
   protected:
     void showEvent(QShowEvent* event) override;
 
   private:
+    void Model_Changed();
     void Keep_Clicked();
     void Take_Clicked();
     void Name_Edited(QTableWidgetItem* item);
@@ -53,6 +52,8 @@ class ComparePage : public StudyPage {
     void Show();
     void Change();
     void TakeRisks(std::vector<DesignRisk> risks);
+    void ShowDesigns();
+    void ShowNames();
     void ShowCells();
     int Chosen() const;
     QPushButton* MakeButton(const QString& name, const QString& caption, const QString& tip,
@@ -61,7 +62,8 @@ class ComparePage : public StudyPage {
     StudyModel& model_;
     std::function<RiskPlan()> plan_;
     std::optional<RiskPlan> asked_;  // of the probabilities that are shown or on their way
-    DesignBoard board_;
+    std::vector<AskedDesign> shown_;
+    DesignBoard board_;  // of those that are shown
     QPushButton* keep_;
     QPushButton* take_;
     QPushButton* remove_;

@@ -72,8 +72,7 @@ void StudiesWindow::BuildPages() {
     pages_->addTab(risk_, "R&isk");
     table_ = new TablePage(model_);
     pages_->addTab(table_, "Ta&ble");
-    compare_ = new ComparePage(model_, [this] { return risk_->Plan(); });
-    pages_->addTab(compare_, "&Compare");
+    pages_->addTab(new ComparePage(model_, [this] { return risk_->Plan(); }), "&Compare");
     splitter_->addWidget(panel_);
     splitter_->addWidget(pages_);
     splitter_->setStretchFactor(0, 0);
@@ -281,8 +280,10 @@ void StudiesWindow::Model_Changed() {
     setWindowModified(model_.IsChanged());
     undo_->setEnabled(model_.CanUndo());
     redo_->setEnabled(model_.CanRedo());
-    undo_->setText(model_.CanUndo() ? "&Undo: " + ToQt(model_.UndoWords()) : QString("&Undo"));
-    redo_->setText(model_.CanRedo() ? "&Redo: " + ToQt(model_.RedoWords()) : QString("&Redo"));
+    // A design may be called "A & B".
+    const auto step = [](const std::string& words) { return ToQt(words).replace('&', "&&"); };
+    undo_->setText(model_.CanUndo() ? "&Undo: " + step(model_.UndoWords()) : QString("&Undo"));
+    redo_->setText(model_.CanRedo() ? "&Redo: " + step(model_.RedoWords()) : QString("&Redo"));
 }
 
 // Whoever undoes sees what.

@@ -19,7 +19,6 @@ class QTabWidget;
 
 namespace tarvokol {
 
-class ComparePage;
 class MapPage;
 class NoticeBar;
 class ProjectPanel;
@@ -126,7 +125,6 @@ class StudiesWindow : public QMainWindow {
     MapPage* map_ = nullptr;
     RiskPage* risk_ = nullptr;
     TablePage* table_ = nullptr;
-    ComparePage* compare_ = nullptr;
     NoticeBar* notice_ = nullptr;
     QMenu* recent_ = nullptr;
     QAction* undo_ = nullptr;

@@ -9,7 +9,6 @@
 #include "core/runtime/run_time_error.h"
 #include "core/statistics/study_refusal.h"
 #include "qt/session/qt_text.h"
-#include "studies/pages/compare_page.h"
 #include "studies/pages/risk_page.h"
 #include "studies/pages/sheet_model.h"
 #include "studies/pages/table_page.h"
@@ -32,8 +31,8 @@ KeptStudy StudiesWindow::StudyNow(const std::string& path) const {
     study.width = risk_->Width().Question();
     study.columns = table_->Sheet().Sheet().Titles();
     study.rows = table_->Sheet().Sheet().OwnRows();
-    for (const KeptDesign& design : compare_->Board().Designs())
-        study.designs.push_back({design.name, design.panel});
+    for (const AskedDesign& design : model_.Requests().designs)
+        study.designs.push_back({design.name, *design.panel});
     return study;
 }
 
@@ -70,11 +69,11 @@ std::string StudiesWindow::OpenProjectOf(const KeptStudy& study, const std::stri
 }
 
 void StudiesWindow::ShowStudy(const KeptStudy& study) {
-    model_.BeginStudy({study.ranges, ChoiceOf(study.map), study.risk, study.width}, study.panel, study.title);
+    PageRequests requests{study.ranges, ChoiceOf(study.map), study.risk, study.width, {}};
+    for (const NamedPanel& design : study.designs)
+        requests.designs.push_back({design.name, std::make_shared<const Panel>(design.panel)});
+    model_.BeginStudy(requests, study.panel, study.title);
     if (!study.columns.empty()) table_->Read(CsvOfTable(study), "the study's table");
-    DesignBoard board;
-    for (const NamedPanel& design : study.designs) board.Keep(design.name, design.panel);
-    compare_->Take(std::move(board));
     const bool is_width = study.page == StudyPages::Width;
     pages_->setCurrentIndex(static_cast<int>(is_width ? StudyPages::Risk : study.page));
 }

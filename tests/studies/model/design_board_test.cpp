@@ -36,14 +36,19 @@ TEST(DesignBoard, MarksWhatDiffersAndWhatMisses) {
     EXPECT_THAT(webs.misses, ElementsAre(false, true));
 }
 
-TEST(DesignBoard, HoldsSixAndLetsGo) {
+TEST(DesignBoard, HoldsSix) {
     DesignBoard board;
     EXPECT_EQ(board.Csv(), "");
     for (int i = 0; i < 6; ++i) EXPECT_TRUE(board.Keep(FreeDesignName(board), WorkedPanel()));
     EXPECT_FALSE(board.Keep("one more", WorkedPanel()));
-    board.Remove(2);
+    EXPECT_EQ(board.Designs().size(), 6U);
+    EXPECT_EQ(board.Designs()[5].name, "Design 6");
+}
+
+TEST(DesignBoard, ANameThatHasBecomeFreeIsTheNextOne) {
+    DesignBoard board;
+    for (const char* name : {"Design 1", "Design 2", "Design 4"}) board.Keep(name, WorkedPanel());
     EXPECT_EQ(FreeDesignName(board), "Design 3");
-    EXPECT_EQ(board.Designs()[2].name, "Design 4");
 }
 
 TEST(DesignBoard, TellsOtherUnitsAndWhyFiguresAreMissing) {

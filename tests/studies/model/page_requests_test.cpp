@@ -183,6 +183,30 @@ TEST(NameOfChange, TellsWhatIsAskedOfTheRisk) {
     EXPECT_EQ(words([](PageRequests& r) { r.width.step = "0.25"; }), "Step of the width [width step]");
 }
 
+TEST_F(PageRequestsTest, DesignsThatAreKeptNamedAndRemovedAreUndone) {
+    const auto panel = std::make_shared<const Panel>(model.ProjectPanel());
+    const AskedDesign first{"Design 1", panel}, named{"Shallow", panel};
+    const AskedDesign second{"Design 2", std::make_shared<const Panel>(*panel)};
+    model.AskFor(std::vector{first});
+    EXPECT_EQ(model.UndoWords(), "Design 1 kept");
+    model.AskFor(std::vector{first, second});
+    EXPECT_EQ(model.UndoWords(), "Design 2 kept");
+    model.AskFor(std::vector{named, second});
+    EXPECT_EQ(model.UndoWords(), "Design 1, name");
+    model.AskFor(std::vector{named, second});  // nothing new
+    model.AskFor(std::vector{second});
+    EXPECT_EQ(model.UndoWords(), "Shallow removed");
+    EXPECT_EQ(model.Undo(), StudyPages::Compare);
+    EXPECT_EQ(model.Requests().designs, (std::vector{named, second}));
+    model.Undo();
+    EXPECT_EQ(model.Requests().designs, (std::vector{first, second}));
+    model.Undo();
+    EXPECT_EQ(model.Requests().designs, std::vector{first});
+    model.Undo();
+    EXPECT_TRUE(model.Requests().designs.empty());
+    EXPECT_FALSE(model.CanUndo());
+}
+
 TEST_F(PageRequestsTest, ABeginningLeavesNothingToUndo) {
     model.AskFor(kOverall);
     model.Undo();

@@ -35,7 +35,7 @@ TEST_F(KeptStudyWindow, BringsBackWhatEveryPageAskedFor) {
     window->Model().Set(PanelField::DepthCover, 100);
     Risk().Choose({{{PanelField::CoalStrength, "normal:100%:1%"}}});
     window->findChild<MapPage*>()->Choose(PanelField::HoleWidth, std::nullopt, *FigureNamed("WebsOnly"));
-    Compare().Take({});
+    window->Model().AskFor(std::vector<AskedDesign>{});
     Find<QTabWidget>("Pages").setCurrentIndex(0);
     window->OpenPath(Study());
     EXPECT_EQ(TextOf("DepthCover_Box"), "130");

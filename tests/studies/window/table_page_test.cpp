@@ -119,6 +119,18 @@ class ComparePageTest : public StudiesWindowTest {
     ~ComparePageTest() override { Find<QTabWidget>("Pages").setCurrentIndex(0); }
 
     QTableWidget& Table() { return Find<QTableWidget>("Compare_Table"); }
+    std::string NameOf(int column) { return FromQt(Table().item(0, column)->text()); }
+    std::string UndoText() { return FromQt(Find<QAction>("actUndo").text()); }
+    void Rename(int column, const std::string& name) {
+        Table().setCurrentCell(0, column);
+        Table().setFocus();
+        QTest::keyClick(&Table(), Qt::Key_F2);
+        auto* editor = Table().findChild<QLineEdit*>();
+        ASSERT_NE(editor, nullptr);
+        QTest::keyClicks(editor, ToQt(name));
+        QTest::keyClick(editor, Qt::Key_Return);
+        ASSERT_TRUE(WaitUntil([&] { return Table().findChild<QLineEdit*>() == nullptr; }));
+    }
 };
 
 TEST_F(ComparePageTest, DesignsAreKeptMarkedAndTaken) {
@@ -141,6 +153,49 @@ TEST_F(ComparePageTest, DesignsAreKeptMarkedAndTaken) {
     EXPECT_THAT(ReadBytes(PathTo("designs.csv")), StartsWith("Figure,Shallow,Design 2\n"));
     QTest::mouseClick(&Find("Compare_Remove"), Qt::LeftButton);
     EXPECT_EQ(Table().columnCount(), 1);
+}
+
+TEST_F(ComparePageTest, DesignsThatCameAndWentAreUndone) {
+    QTest::mouseClick(&Find("Compare_Keep"), Qt::LeftButton);
+    EXPECT_EQ(UndoText(), "&Undo: Design 1 kept");
+    EXPECT_FALSE(window->isWindowModified());
+    Type("DepthCover_Box", "300");
+    QTest::mouseClick(&Find("Compare_Keep"), Qt::LeftButton);
+    Table().setCurrentCell(0, 0);
+    QTest::mouseClick(&Find("Compare_Remove"), Qt::LeftButton);
+    EXPECT_EQ(UndoText(), "&Undo: Design 1 removed");
+    Find<QTabWidget>("Pages").setCurrentIndex(0);
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(Find<QTabWidget>("Pages").currentWidget(), window->findChild<ComparePage*>());
+    EXPECT_EQ(NameOf(0), "Design 1");
+    EXPECT_EQ(FromQt(Table().item(2, 0)->text()), "100");
+    EXPECT_EQ(FromQt(Table().item(2, 1)->text()), "\u2260 300");
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(Table().columnCount(), 1);
+    EXPECT_EQ(TextOf("DepthCover_Box"), "300");
+    for (int i = 0; i < 2; ++i) EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(Table().columnCount(), 0);
+    EXPECT_FALSE(Choose("actUndo"));
+    for (int i = 0; i < 4; ++i) EXPECT_TRUE(Choose("actRedo"));
+    EXPECT_EQ(NameOf(0), "Design 2");
+    EXPECT_EQ(Table().columnCount(), 1);
+}
+
+TEST_F(ComparePageTest, ANameIsUndoneAndTheProbabilitiesStay) {
+    QTest::mouseClick(&Find("Compare_Keep"), Qt::LeftButton);
+    QTest::mouseClick(&Find("Compare_Risks"), Qt::LeftButton);
+    ASSERT_TRUE(WaitUntil([&] { return Table().rowCount() == 21; }));
+    Rename(0, "A & B");
+    EXPECT_EQ(NameOf(0), "A & B");
+    EXPECT_EQ(UndoText(), "&Undo: Design 1, name");
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(NameOf(0), "Design 1");
+    EXPECT_EQ(Table().rowCount(), 21);
+    EXPECT_TRUE(Choose("actRedo"));
+    Rename(0, "A & B");
+    EXPECT_EQ(UndoText(), "&Undo: Design 1, name");  // the same name is no step
+    QTest::mouseClick(&Find("Compare_Remove"), Qt::LeftButton);
+    EXPECT_EQ(UndoText(), "&Undo: A && B removed");
 }
 
 TEST_F(ComparePageTest, SixAreTheMost) {
