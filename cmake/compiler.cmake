@@ -39,13 +39,14 @@ endif()
 
 # A crash of an installed program names functions and lines to those who have its symbols, and no values: that is all that
 # a report of a crash needs, at a tenth of the size. The places of source and build are no part of it, whether a compiler
-# cache hands over paths from the root or from the folder of the build.
+# cache hands over paths from the root or from the folder of the build: what is made there is named from there.
 option(TARVOKOL_SYMBOLS "Compile with the lines of the source, for packages of symbols" OFF)
 if(TARVOKOL_SYMBOLS)
     set(place /usr/src/tarvokol)
     file(RELATIVE_PATH source_from_build ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR})
     add_compile_options(-g1 -ffile-prefix-map=${source_from_build}=${place}/
-                        -ffile-prefix-map=${CMAKE_SOURCE_DIR}=${place} -ffile-prefix-map=${CMAKE_BINARY_DIR}=${place}/build)
+                        -ffile-prefix-map=${CMAKE_SOURCE_DIR}=${place} -ffile-prefix-map=${CMAKE_BINARY_DIR}=${place}/build
+                        -ffile-prefix-map=${CMAKE_BINARY_DIR}/=)
 endif()
 
 add_library(tarvokol_options INTERFACE)
