@@ -15,14 +15,13 @@
 #include "core/statistics/study_refusal.h"
 #include "core/studies/measured_column.h"
 #include "core/studies/risk_draw.h"
+#include "core/studies/risk_parts.h"
 #include "core/studies/shortage.h"
 #include "core/studies/study_watch.h"
 #include "core/studies/task_run.h"
 
 namespace tarvokol {
 namespace {
-
-constexpr std::size_t kMostRefusalTexts = 10;
 
 std::size_t IndexOf(const std::vector<RandomField>& fields, PanelField field) {
     const auto found = std::find_if(fields.begin(), fields.end(),
@@ -35,46 +34,63 @@ std::size_t IndexOf(const std::vector<RandomField>& fields, PanelField field) {
 constexpr std::size_t kCounts = 6;
 constexpr std::size_t kJoint = 5;
 
-struct Tally {
-    explicit Tally(const RiskRequest& request) : below(kCounts + request.targets.size()) {}
+RiskTally TallyFor(const RiskRequest& request) {
+    return RiskTally(kCounts + request.targets.size());
+}
 
-    std::vector<std::uint64_t> below;
-    std::uint64_t refused = 0;
-    std::vector<std::string> refusals;  // each text once
-
-    void Refuse(const std::string& text) {
-        ++refused;
-        AddText(text);
-    }
-    void AddText(const std::string& text) {
-        if (refusals.size() < kMostRefusalTexts &&
-            std::find(refusals.begin(), refusals.end(), text) == refusals.end())
-            refusals.push_back(text);
-    }
-    void Add(const Tally& other) {
-        for (std::size_t i = 0; i < below.size(); ++i) below[i] += other.below[i];
-        refused += other.refused;
-        for (const std::string& text : other.refusals) AddText(text);
-    }
-};
+// Drawing a sample, and ordering the samples of a factor or a field, take about the same time.
+constexpr std::uint64_t kDrawing = 2;
+std::uint64_t OrderingOf(const RiskRequest& request) {
+    return kFactors + request.fields.size();
+}
 
 class RiskRun {
   public:
-    RiskRun(const RiskRequest& request, StudyObserver& observer)
+    // Of these samples; `work` is what is to be done with each.
+    RiskRun(const RiskRequest& request, const SampleRange& range, std::uint64_t work, StudyObserver& observer)
         : request_(request),
+          range_(range),
           draw_(request),
-          watch_(observer, request.samples, WorkOf(request)),
+          watch_(observer, std::max(range.count, 1U), std::max(range.count, 1U) * work),
           check_([this] { watch_.Reach(0); }),
-          tallies_(draw_.Plan().count, Tally(request)) {}
-
-    RiskResult Run() {
-        watch_.Reach(0);
+          tallies_(draw_.Plan().count, TallyFor(request)) {
         if (KeepsDrawn())
-            for (std::size_t field = 0; field < Fields(); ++field)
-                result_.drawn.emplace_back(request_.samples);
-        for (auto& factor : result_.factors) factor = BigArray<double>(request_.samples);
-        for (const DrawBatch& batch : draw_.Batches()) DrawAll(batch);
-        draw_.ForgetStrata();
+            for (std::size_t field = 0; field < Fields(); ++field) result_.drawn.emplace_back(range_.count);
+        for (auto& factor : result_.factors) factor = BigArray<double>(range_.count);
+    }
+
+    RiskResult Whole() {
+        DrawAll();
+        return SumUp();
+    }
+
+    RiskPart Part() {
+        DrawAll();
+        watch_.Finish();
+        return {request_,           range_, "", std::move(result_.drawn), std::move(result_.factors),
+                std::move(tallies_)};
+    }
+
+    // In the order of their samples.
+    RiskResult Merged(const std::vector<const RiskPart*>& parts) {
+        for (const RiskPart* part : parts) {
+            watch_.Reach(0);
+            for (std::size_t field = 0; field < result_.drawn.size(); ++field)
+                Place(part->drawn[field], part->range, result_.drawn[field]);
+            for (std::size_t factor = 0; factor < kFactors; ++factor)
+                Place(part->factors[factor], part->range, result_.factors[factor]);
+            for (std::size_t cube = 0; cube < tallies_.size(); ++cube)
+                tallies_[cube].Add(part->tallies[cube]);
+        }
+        return SumUp();
+    }
+
+  private:
+    static void Place(const BigArray<double>& values, const SampleRange& range, BigArray<double>& all) {
+        std::copy(values.begin(), values.end(), all.begin() + range.first);
+    }
+
+    RiskResult SumUp() {
         CountAll();
         RankFactors();
         RankFields();
@@ -83,23 +99,46 @@ class RiskRun {
         return std::move(result_);
     }
 
-  private:
-    // Drawing a sample, and ordering the samples of a factor or a field, take about the same time.
-    static constexpr std::uint64_t kDrawing = 2;
-    static std::uint64_t WorkOf(const RiskRequest& request) {
-        return std::uint64_t{request.samples} * (kDrawing + kFactors + request.fields.size());
-    }
-
     std::size_t Fields() const { return request_.fields.size(); }
 
     // Of so many samples the fields are drawn once more to be ordered, one at a time, for the sake of memory.
     bool AreMany() const { return request_.samples > 1 << 22; }
     bool KeepsDrawn() const { return request_.keep_samples || !AreMany(); }
 
-    void DrawAll(const DrawBatch& batch) {
+    void DrawAll() {
+        watch_.Reach(0);
+        for (const DrawBatch& batch : draw_.Batches()) DrawBatchOf(Needed(batch));
+        draw_.ForgetStrata();
+    }
+
+    // The hypercubes of the batch that have samples of the range.
+    DrawBatch Needed(const DrawBatch& batch) const {
+        DrawBatch needed{batch.first_cube, 0};
+        const HypercubePlan& plan = draw_.Plan();
+        for (std::uint32_t cube = batch.first_cube; cube < batch.first_cube + batch.cubes; ++cube) {
+            if (plan.First(cube) >= range_.End() || plan.First(cube + 1) <= range_.first) continue;
+            if (needed.cubes == 0) needed.first_cube = cube;
+            ++needed.cubes;
+        }
+        return needed;
+    }
+
+    // The samples of the range among those of the batch.
+    std::vector<DrawPiece> NeededPieces(const DrawBatch& batch) const {
+        std::vector<DrawPiece> needed;
+        for (const DrawPiece& piece : draw_.PiecesOf(batch)) {
+            const std::uint32_t first = std::max(piece.first, range_.first);
+            const std::uint32_t end = std::min(piece.first + piece.count, range_.End());
+            if (first < end) needed.push_back({piece.cube, first, end - first});
+        }
+        return needed;
+    }
+
+    void DrawBatchOf(const DrawBatch& batch) {
+        if (batch.cubes == 0) return;
         draw_.Prepare(batch, draw_.Order(), check_);
-        const std::vector<DrawPiece> pieces = draw_.PiecesOf(batch);
-        std::vector<Tally> tallies(pieces.size(), Tally(request_));
+        const std::vector<DrawPiece> pieces = NeededPieces(batch);
+        std::vector<RiskTally> tallies(pieces.size(), TallyFor(request_));
         TaskRun::Do(pieces.size(), request_.threads, [&] {
             return [&, panel = PanelEvaluator(request_.panel, false),
                     lists = RiskDraw::Lists(Fields())](std::size_t piece) mutable {
@@ -111,11 +150,11 @@ class RiskRun {
             tallies_[pieces[piece].cube].Add(tallies[piece]);
     }
 
-    void DrawOne(PanelEvaluator& panel, RiskDraw::Lists& lists, const DrawPiece& piece, Tally& tally) {
+    void DrawOne(PanelEvaluator& panel, RiskDraw::Lists& lists, const DrawPiece& piece, RiskTally& tally) {
         draw_.Begin(lists, piece);
         for (const std::size_t field : draw_.Order()) draw_.Figures(lists, field, piece);
         for (std::uint32_t i = 0; i < piece.count; ++i) {
-            const std::uint32_t sample = piece.first + i;
+            const std::uint32_t sample = piece.first + i - range_.first;
             if (SetFields(panel, lists, i, sample, tally))
                 KeepFigures(panel, sample, tally);
             else
@@ -125,7 +164,7 @@ class RiskRun {
 
     // Sets a sample's figures; false, with a word why, where a field cannot hold its figure.
     bool SetFields(PanelEvaluator& panel, const RiskDraw::Lists& lists, std::uint32_t i, std::uint32_t sample,
-                   Tally& tally) {
+                   RiskTally& tally) {
         const char* too_large = nullptr;
         for (const std::size_t field : draw_.Order()) {
             const PanelField name = request_.fields[field].field;
@@ -144,7 +183,7 @@ class RiskRun {
     }
 
     // Of a refused sample no figure is below anything.
-    void KeepFigures(PanelEvaluator& panel, std::uint32_t sample, Tally& tally) {
+    void KeepFigures(PanelEvaluator& panel, std::uint32_t sample, RiskTally& tally) {
         const PanelFigures& figures = panel.Evaluate();
         result_.factors[0][sample] = figures.Overall;
         result_.factors[1][sample] = figures.WebsOnly;
@@ -165,8 +204,8 @@ class RiskRun {
     }
 
     void CountAll() {
-        Tally all(request_);
-        for (const Tally& tally : tallies_) all.Add(tally);
+        RiskTally all = TallyFor(request_);
+        for (const RiskTally& tally : tallies_) all.Add(tally);
         result_.refused = all.refused;
         result_.refusals = all.refusals;
         const Panel& project = request_.panel;
@@ -192,7 +231,7 @@ class RiskRun {
         std::vector<HitCount> sound;
         std::vector<HitCount> all;
         for (std::uint32_t cube = 0; cube < draw_.Plan().count; ++cube) {
-            const Tally& tally = tallies_[cube];
+            const RiskTally& tally = tallies_[cube];
             const std::uint64_t samples = draw_.Plan().Size(cube);
             sound.push_back({tally.below[count], samples - tally.refused});
             all.push_back({tally.below[count] + tally.refused, samples});
@@ -281,11 +320,12 @@ class RiskRun {
     bool IsRefused(std::uint32_t sample) const { return factor_ranks_[0].ranks[sample] == 0; }
 
     const RiskRequest& request_;
+    SampleRange range_;  // samples are told by their places in it
     RiskDraw draw_;
     StudyWatch watch_;
     CheckPoint check_;
     RiskResult result_;
-    std::vector<Tally> tallies_;  // by hypercubes
+    std::vector<RiskTally> tallies_;  // by hypercubes
     std::array<SampleRanks, kFactors> factor_ranks_;
 };
 
@@ -337,8 +377,33 @@ void RiskRequest::AddTarget(const StudyFigure& factor, double target) {
 }
 
 std::optional<RiskResult> RunRisk(const RiskRequest& request, StudyObserver& observer) {
-    return WithinMemory("take fewer samples",
-                        [&] { return UnlessEnded([&] { return RiskRun(request, observer).Run(); }); });
+    return WithinMemory("take fewer samples", [&] {
+        return UnlessEnded([&] {
+            const std::uint64_t work = kDrawing + OrderingOf(request);
+            return RiskRun(request, {0, request.samples}, work, observer).Whole();
+        });
+    });
+}
+
+std::optional<RiskPart> RunRiskPart(const RiskRequest& request, const SampleRange& range,
+                                    StudyObserver& observer) {
+    const std::uint32_t first = std::min(range.first, request.samples);
+    const SampleRange there{first, std::min(range.count, request.samples - first)};
+    return WithinMemory("take more parts", [&] {
+        return UnlessEnded([&] { return RiskRun(request, there, kDrawing, observer).Part(); });
+    });
+}
+
+std::optional<RiskResult> MergeRisk(std::span<const RiskPart> parts, unsigned threads,
+                                    StudyObserver& observer) {
+    const std::vector<const RiskPart*> order = PartsInOrder(parts);
+    RiskRequest request = parts[0].request;
+    request.threads = threads;
+    return WithinMemory("take fewer samples", [&] {
+        return UnlessEnded([&] {
+            return RiskRun(request, {0, request.samples}, OrderingOf(request), observer).Merged(order);
+        });
+    });
 }
 
 RiskResult RunRisk(const RiskRequest& request) {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/statistics/study_refusal.h"
+#include "core/studies/part_range.h"
 #include "core/studies/row_run.h"
 #include "core/studies/shortage.h"
 
@@ -81,10 +82,9 @@ void SweepRequest::AddAxis(ValueAxis axis) {
 }
 
 void SweepRequest::TakePart(std::uint64_t part, std::uint64_t parts) {
-    const std::uint64_t each = Rows() / parts;
-    const std::uint64_t longer = Rows() % parts;
-    first = (part - 1) * each + std::min(part - 1, longer);
-    count = each + (part <= longer ? 1 : 0);
+    const PartRange range = PartRange::Of(Rows(), part, parts);
+    first = range.first;
+    count = range.count;
 }
 
 std::uint64_t SweepRequest::Rows() const {

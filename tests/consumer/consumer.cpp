@@ -5,6 +5,7 @@
 #include <iterator>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include <tarvokol/engine.h>
 #include <tarvokol/project.h>
@@ -71,6 +72,11 @@ void Study(const Panel& panel) {
     risk.threads = 2;
     risk.AddField(PanelField::CoalStrength, "lognormal:100%:15%");
     std::cout << "risk: " << RunRisk(risk).risk[1].below.front().share.value << '\n';
+    StudyObserver nobody;
+    std::vector<RiskPart> parts;
+    for (const int part : {1, 2, 3})
+        parts.push_back(*RunRiskPart(risk, SampleRange::Part(risk.samples, part, 3), nobody));
+    std::cout << "parts: " << MergeRisk(parts, 2, nobody)->risk[1].below.front().share.value << '\n';
 }
 
 }  // namespace

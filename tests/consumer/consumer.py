@@ -55,6 +55,7 @@ def expected(cli, project):
         ("study:", None),
         *[("row:", [row["DepthCover"], row["WebsOnly"]]) for row in rows],
         ("risk:", [risk["factors"]["WebsOnly"]["below"][0]["probability"]]),
+        ("parts:", [risk["factors"]["WebsOnly"]["below"][0]["probability"]]),
     ]
 
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/statistics/study_refusal.h"  // IWYU pragma: export
+#include "core/studies/risk_parts.h"        // IWYU pragma: export
 #include "core/studies/risk_study.h"        // IWYU pragma: export
 #include "core/studies/sweep_study.h"       // IWYU pragma: export
 #include "core/studies/table_study.h"       // IWYU pragma: export
