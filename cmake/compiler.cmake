@@ -47,6 +47,9 @@ if(TARVOKOL_SYMBOLS)
     add_compile_options(-g1 -ffile-prefix-map=${source_from_build}=${place}/
                         -ffile-prefix-map=${CMAKE_SOURCE_DIR}=${place} -ffile-prefix-map=${CMAKE_BINARY_DIR}=${place}/build
                         -ffile-prefix-map=${CMAKE_BINARY_DIR}/=)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        add_compile_options(-gno-record-gcc-switches)  # among which are those that a compiler cache adds
+    endif()
 endif()
 
 add_library(tarvokol_options INTERFACE)
