@@ -24,6 +24,25 @@ constexpr std::chrono::milliseconds kBetweenLooks{50};
 constexpr int kMostPresses = 4;
 constexpr int kMostStarts = 5;  // of a server with its window manager
 
+// Of a program that is started: what it says goes nowhere. The tests' own pipe in its hands would keep whoever reads the tests
+// waiting until the program, and all that it has started, is gone.
+class SilentActions {
+  public:
+    SilentActions() {
+        posix_spawn_file_actions_init(&actions_);
+        for (const int stream : {STDOUT_FILENO, STDERR_FILENO})
+            posix_spawn_file_actions_addopen(&actions_, stream, "/dev/null", O_WRONLY, 0);
+    }
+    SilentActions(const SilentActions&) = delete;
+    SilentActions& operator=(const SilentActions&) = delete;
+    ~SilentActions() { posix_spawn_file_actions_destroy(&actions_); }
+
+    posix_spawn_file_actions_t* Get() { return &actions_; }
+
+  private:
+    posix_spawn_file_actions_t actions_{};
+};
+
 pid_t Spawn(const std::vector<std::string>& words, const posix_spawn_file_actions_t* actions) {
     std::vector<std::string> copies = words;
     std::vector<char*> arguments;
@@ -50,13 +69,10 @@ class Desktop {
     bool StartServer(const std::string& screen) {
         int ends[2];
         if (pipe(ends) != 0) return false;
-        posix_spawn_file_actions_t actions;
-        posix_spawn_file_actions_init(&actions);
-        Silence(actions);
-        posix_spawn_file_actions_adddup2(&actions, ends[1], 3);
+        SilentActions actions;
+        posix_spawn_file_actions_adddup2(actions.Get(), ends[1], 3);
         const bool started = server_.Start(
-            {"Xvfb", "-displayfd", "3", "-screen", "0", screen + "x24", "-nolisten", "tcp"}, &actions);
-        posix_spawn_file_actions_destroy(&actions);
+            {"Xvfb", "-displayfd", "3", "-screen", "0", screen + "x24", "-nolisten", "tcp"}, actions.Get());
         close(ends[1]);
         std::string number;
         for (char digit = 0; read(ends[0], &digit, 1) == 1 && digit != '\n';) number += digit;
@@ -102,11 +118,6 @@ Servant::~Servant() {
     End();
 }
 
-void Silence(posix_spawn_file_actions_t& actions) {
-    for (const int stream : {STDOUT_FILENO, STDERR_FILENO})
-        posix_spawn_file_actions_addopen(&actions, stream, "/dev/null", O_WRONLY, 0);
-}
-
 // One that does not end when it is asked to would keep the tests from their end.
 void Servant::End() {
     if (!IsRunning()) return;
@@ -124,15 +135,7 @@ bool Servant::IsRunning() {
 
 bool Servant::Start(const std::vector<std::string>& words, const posix_spawn_file_actions_t* actions) {
     End();
-    if (actions != nullptr) {
-        process_ = Spawn(words, actions);
-        return process_ != 0;
-    }
-    posix_spawn_file_actions_t silent;
-    posix_spawn_file_actions_init(&silent);
-    Silence(silent);
-    process_ = Spawn(words, &silent);
-    posix_spawn_file_actions_destroy(&silent);
+    process_ = Spawn(words, actions != nullptr ? actions : SilentActions().Get());
     return process_ != 0;
 }
 
@@ -191,16 +194,13 @@ void ProgramUnderTest::Start(const std::string& folder, const std::vector<std::s
     for (const char* name : {"XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME"}) unsetenv(name);
     setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
     error_file_ = folder + "/standard_error";
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    Silence(actions);
-    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, error_file_.c_str(),
+    SilentActions actions;
+    posix_spawn_file_actions_addopen(actions.Get(), STDERR_FILENO, error_file_.c_str(),
                                      O_WRONLY | O_CREAT | O_TRUNC, 0600);
     std::vector<std::string> words{Path};
     words.insert(words.end(), arguments.begin(), arguments.end());
     status_ = -1;
-    process_ = Spawn(words, &actions);
-    posix_spawn_file_actions_destroy(&actions);
+    process_ = Spawn(words, actions.Get());
 }
 
 bool ProgramUnderTest::IsRunning() {

@@ -36,10 +36,6 @@ bool DesktopIsUp(const std::string& screen = kUsualScreen);
 // What the machine lacks for these tests, empty if nothing.
 std::string MissingTools();
 
-// Of a program that is started: what it says goes nowhere. The tests' own pipe in its hands would keep whoever reads the tests
-// waiting until the program, and all that it has started, is gone.
-void Silence(posix_spawn_file_actions_t& actions);
-
 // A process that ends with its owner.
 class Servant {
   public:
