@@ -64,8 +64,11 @@ int RunChosen(Command& command, HeadlessPlatform& host) {
 
 // Ends the process as the signal would have, without the files that it was building.
 void TidyUpAndEnd(int signal) {
+    const int error = errno;
     RemoveUnfinishedFiles();
     ::raise(signal);
+    // The signal waits until this returns.
+    errno = error;
 }
 
 // A signal that the caller has put off, as nohup does, stays so.
