@@ -42,7 +42,7 @@ _SCRIPT_TESTS = "package_lists|arguments|administrator|progress|fuzz_run|steps|r
 
 # What is no code: read by people, desktops and shells.
 _OTHERS = (
-    Room("resources/help", "^(unit_program|gui_help_window_test|gui_qt_help_viewer_test|cli_documented_commands)$", "resources",
+    Room("resources/help", "^(unit_program|gui_help_(file|window)_test|gui_qt_help_viewer_test|cli_documented_commands)$", "resources",
          ("*.htm", "*.qhp"), ("tarvokol_resources",)),
     Room("packaging", "^(packaging_.*|installation|cli_completions)$", "packaging",
          ("*.desktop", "*.xml", "debian/*.sh", "cli/*.sh"), ("all",)),

@@ -40,6 +40,9 @@ class MainWindowTest : public GuiTest {
         std::filesystem::current_path(std::filesystem::temp_directory_path());
     }
 
+    // An entry of the menus by its control name.
+    static QAction& Item(const std::string& name) { return Find<QAction>(frmMain::Instance(), name); }
+
     // The main window on the screen with a new project, as start-up leaves it.
     frmMain& Start() {
         frmMain& form = frmMain::Instance();

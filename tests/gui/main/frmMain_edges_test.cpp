@@ -24,8 +24,6 @@ using ::testing::IsEmpty;
 
 class MainWindowEdges : public MainWindowTest {
   protected:
-    QAction& Item(const std::string& name) { return Find<QAction>(frmMain::Instance(), name); }
-
     // A file is dragged over the window, then the data dropped there; true if the window took the drop.
     static bool Drop(QMimeData& data, bool enabled = true) {
         frmMain& form = frmMain::Instance();

@@ -1,24 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/settings/frmSet.h"
 
-#include <QCheckBox>
-#include <QGroupBox>
-#include <QLabel>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QToolBar>
-
 #include "core/messages/history_log.h"
 #include "core/messages/titles.h"
-#include "core/program/start_up.h"
 #include "core/settings/configuration.h"
 #include "core/settings/folders.h"
 #include "core/settings/main_settings.h"
 #include "desktop/main/frmMain.h"
 #include "desktop/main/main_window_binding.h"
 #include "desktop/settings/frmPath.h"
-#include "tests/support/gui_fixture.h"
+#include "tests/gui/settings/settings_fixture.h"
 
 namespace tarvokol {
 namespace {
@@ -28,65 +19,7 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-class Settings : public GuiTest {
-  protected:
-    Settings() {
-        ResetProgram();
-        AppFolder = Folder.string() + "/";
-        PersonalDataFolder = Folder.string() + "/";
-        TempDataFolder = Folder.string() + "/";
-        IniPath = PathTo("TARVOKOL.INI");
-        DataPath = Folder.string() + "/";
-        DisplayHistoryWin = 1;
-        MaxDisplaySize = 4096;
-    }
-
-    frmSet& Open() {
-        frmSet& form = frmSet::Instance();
-        ShowAndActivate(form);
-        return form;
-    }
-
-    // The form was closed by its own button.
-    static bool Closed() {
-        RunEvents();
-        return !frmSet::IsLoaded();
-    }
-
-    static bool IsOn(QWidget& form, const std::string& name) {
-        return Find<QAbstractButton>(form, name).isChecked();
-    }
-    static bool IsEnabled(QWidget& form, const std::string& name) { return Find(form, name).isEnabled(); }
-    static bool HasLabel(QWidget& form, const std::string& text) {
-        for (const QLabel* label : form.findChildren<QLabel*>())
-            if (FromQt(label->text().remove('&')) == text) return true;
-        return false;
-    }
-    static std::string FrameOf(QWidget& form, const std::string& name) {
-        for (QWidget* at = Find(form, name).parentWidget(); at != nullptr; at = at->parentWidget())
-            if (auto* frame = qobject_cast<QGroupBox*>(at)) return FromQt(frame->title());
-        return "";
-    }
-    static bool HasFocus(QWidget& form, const std::string& name) {
-        return form.focusWidget() == &Find(form, name);
-    }
-
-    // OK with one box changed; the messages are what the form says to that.
-    void Submit(const std::string& box, const std::string& text) {
-        frmSet& form = Open();
-        Type(form, box, text);
-        Click(form, "cmdOK");
-    }
-
-    void ExpectBox(std::size_t index, const std::string& message, int style, const std::string& title) {
-        ASSERT_GT(Host.Messages.Shown.size(), index);
-        EXPECT_EQ(Host.Messages.Shown[index].message, message);
-        EXPECT_EQ(Host.Messages.Shown[index].style, style);
-        EXPECT_EQ(Host.Messages.Shown[index].title, title);
-    }
-
-    std::string Ini() const { return ReadBytes(IniPath); }
-};
+class Settings : public SettingsFixture {};
 
 TEST_F(Settings, NamesEveryControl) {
     frmSet& form = Open();
@@ -319,118 +252,6 @@ TEST_F(Settings, AddsTheSeparatorToThePath) {
     Submit("Text2", " " + PathTo("data") + "  ");
     EXPECT_TRUE(Closed());
     EXPECT_EQ(DataPath, PathTo("data") + "/");
-}
-
-TEST_F(Settings, RefusesAPathThatDoesNotExist) {
-    Submit("Text2", PathTo("gone"));
-    EXPECT_FALSE(Closed());
-    ExpectBox(0, "Invalid Path for Data Files", 16, "Error");
-    EXPECT_EQ(TextOf(frmSet::Instance(), "Text2"), PathTo("gone") + "/");
-    EXPECT_TRUE(HasFocus(frmSet::Instance(), "Text2"));
-    EXPECT_EQ(DataPath, Folder.string() + "/");
-}
-
-// A blank becomes the root folder, which exists.
-TEST_F(Settings, ABlankPathIsTheRoot) {
-    Submit("Text2", "  ");
-    EXPECT_TRUE(Closed());
-    EXPECT_EQ(DataPath, "/");
-}
-
-// Only a path without its separator is put right, and its blanks with it.
-TEST_F(Settings, RefusesBlanksAroundAPathThatEndsInASeparator) {
-    for (const std::string& path : {"  " + Folder.string() + "/", Folder.string() + "/ "}) {
-        Host.Messages.Shown.clear();
-        Submit("Text2", path);
-        ExpectBox(0, "Invalid Path for Data Files", 16, "Error");
-        EXPECT_EQ(TextOf(frmSet::Instance(), "Text2"), path);
-        EXPECT_FALSE(Closed());
-    }
-}
-
-TEST_F(Settings, RefusesAFileAsPath) {
-    WriteBytes(PathTo("file"), "x");
-    Submit("Text2", PathTo("file"));
-    EXPECT_THAT(Messages(), ElementsAre("Invalid Path for Data Files"));
-}
-
-TEST_F(Settings, AcceptsTheBoundsOfTheHistorySize) {
-    Submit("Text3", "4096");
-    EXPECT_TRUE(Closed());
-    EXPECT_EQ(MaxDisplaySize, 4096);
-    Submit("Text3", "16384");
-    EXPECT_TRUE(Closed());
-    EXPECT_EQ(MaxDisplaySize, 16384);
-}
-
-TEST_F(Settings, RefusesAHistorySizeOutsideItsBounds) {
-    Submit("Text3", "4095");
-    Submit("Text3", "16385");
-    EXPECT_FALSE(Closed());
-    ExpectBox(
-        0,
-        "Size of Command History Window: Value '4095' is outside input range\r\nValid range is: 4096-16384",
-        16, "Range Error");
-    ExpectBox(
-        1,
-        "Size of Command History Window: Value '16385' is outside input range\r\nValid range is: 4096-16384",
-        16, "Range Error");
-}
-
-TEST_F(Settings, RefusesABlankHistorySize) {
-    Submit("Text3", "  ");
-    ExpectBox(0, "Size of Command History Window: Blank field not allowed", 16, "Range Error");
-    EXPECT_FALSE(Closed());
-}
-
-TEST_F(Settings, RefusesTheBuiltInHistorySizeEvenWithTheHistoryOff) {
-    DisplayHistoryWin = 0;
-    MaxDisplaySize = 2048;
-    Click(Open(), "cmdOK");
-    EXPECT_THAT(Messages(),
-                ElementsAre("Size of Command History Window: Value '2048' is outside input range\r\n"
-                            "Valid range is: 4096-16384"));
-    EXPECT_FALSE(Closed());
-}
-
-TEST_F(Settings, RefusesOtherCharactersInTheExtension) {
-    Submit("Text1", "TK-L");
-    EXPECT_FALSE(Closed());
-    ExpectBox(0, "Invalid character in file extension", 16, "Invalid Character");
-    EXPECT_TRUE(HasFocus(frmSet::Instance(), "Text1"));
-    EXPECT_EQ(FileExtension, "TKL");
-    Submit("Text1", "T L");
-    Submit("Text1", ".TKL");
-    Submit("Text1", "\xC3\x84");
-    EXPECT_EQ(Messages().size(), 4u);
-}
-
-TEST_F(Settings, AcceptsAnEmptyExtension) {
-    Submit("Text1", "");
-    EXPECT_TRUE(Closed());
-    EXPECT_EQ(FileExtension, "");
-}
-
-TEST_F(Settings, AcceptsDigitsInTheExtension) {
-    Submit("Text1", "az09");
-    EXPECT_TRUE(Closed());
-    EXPECT_EQ(FileExtension, "AZ09");
-}
-
-TEST_F(Settings, ChecksPathSizeAndExtensionInThisOrder) {
-    frmSet& form = Open();
-    Type(form, "Text1", "-");
-    Type(form, "Text3", "1");
-    Type(form, "Text2", PathTo("gone"));
-    Click(form, "cmdOK");
-    Type(form, "Text2", Folder.string());
-    Click(form, "cmdOK");
-    Type(form, "Text3", "4096");
-    Click(form, "cmdOK");
-    EXPECT_THAT(Messages(), ElementsAre("Invalid Path for Data Files",
-                                        "Size of Command History Window: Value '1' is outside input range\r\n"
-                                        "Valid range is: 4096-16384",
-                                        "Invalid character in file extension"));
 }
 
 TEST_F(Settings, SelectTakesTheChosenProgram) {

@@ -2,16 +2,12 @@
 #include "desktop/settings/frmTARVOOpts.h"
 
 #include <QCheckBox>
-#include <QGroupBox>
-#include <QLabel>
 #include <QPushButton>
-#include <QRadioButton>
-#include <QTabBar>
-#include <QTabWidget>
 
 #include "core/messages/titles.h"
 #include "core/settings/options_record.h"
 #include "core/settings/program_name.h"
+#include "tests/gui/settings/options_fixture.h"
 #include "tests/support/main_window_fixture.h"
 
 namespace tarvokol {
@@ -22,94 +18,7 @@ using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-constexpr const char* kRangeTitle = "Program Options: Range Error";
-constexpr const char* kApplicationTitle = "Tarvo Panel Stability Evaluation - KOL";
-
-class Options : public MainWindowTest {
-  protected:
-    Options() {
-        Platform.MainWindow = &Host.MainWindow;
-        ShowInputScreenOnLoad = 1;
-    }
-
-    frmTARVOOpts& Open() {
-        frmTARVOOpts& form = frmTARVOOpts::Instance();
-        ShowAndActivate(form);
-        return form;
-    }
-
-    static bool Closed() {
-        RunEvents();
-        return !frmTARVOOpts::IsLoaded();
-    }
-
-    static QTabWidget& Tabs(QWidget& form) { return Find<QTabWidget>(form, "SSTab1"); }
-    static void ShowTab(QWidget& form, int index) {
-        QTabBar& bar = *Tabs(form).tabBar();
-        QTest::mouseClick(&bar, Qt::LeftButton, Qt::NoModifier, bar.tabRect(index).center());
-    }
-    static bool IsOn(QWidget& form, const std::string& name) {
-        return Find<QAbstractButton>(form, name).isChecked();
-    }
-    static bool IsTabStop(QWidget& form, const std::string& name) {
-        return (Find(form, name).focusPolicy() & Qt::TabFocus) != 0;
-    }
-    static std::string FrameOf(QWidget& form, const std::string& name) {
-        auto* frame = qobject_cast<QGroupBox*>(Find(form, name).parentWidget());
-        return frame == nullptr ? "" : FromQt(frame->title());
-    }
-    static int TabOf(QWidget& form, const std::string& name) {
-        for (int i = 0; i < Tabs(form).count(); ++i)
-            if (Tabs(form).widget(i)->isAncestorOf(&Find(form, name))) return i;
-        return -1;
-    }
-    static int TabOfTextBox(const std::string& name) { return name.starts_with("Text") ? 2 : 0; }
-
-    // The frame's title, its tab and the controls inside.
-    static void ExpectFrame(QWidget& form, int tab, const std::string& title,
-                            const std::vector<std::string>& controls) {
-        for (const std::string& name : controls) {
-            EXPECT_EQ(FrameOf(form, name), title) << name;
-            EXPECT_EQ(TabOf(form, name), tab) << name;
-        }
-    }
-
-    // OK with boxes changed.
-    frmTARVOOpts& Submit(const std::vector<std::pair<std::string, std::string>>& texts) {
-        frmTARVOOpts& form = Open();
-        for (const auto& [box, text] : texts) {
-            ShowTab(form, TabOfTextBox(box));
-            Type(form, box, text);
-        }
-        Click(form, "Command2");
-        return form;
-    }
-
-    void ExpectRefused(frmTARVOOpts& form, const std::string& message, int style, const std::string& title,
-                       const std::string& control, int tab) {
-        ASSERT_EQ(Host.Messages.Shown.size(), 1u);
-        EXPECT_EQ(Host.Messages.Shown[0].message, message);
-        EXPECT_EQ(Host.Messages.Shown[0].style, style);
-        EXPECT_EQ(Host.Messages.Shown[0].title, title);
-        EXPECT_TRUE(frmTARVOOpts::IsLoaded());
-        EXPECT_EQ(Tabs(form).currentIndex(), tab);
-        EXPECT_EQ(form.focusWidget(), &Find(form, control));
-        EXPECT_EQ(Find<QLineEdit>(form, control).selectedText(), Find<QLineEdit>(form, control).text());
-        EXPECT_FALSE(std::filesystem::exists(IniPath));
-    }
-
-    static void ComeToTheFrontAgain(QWidget& form) {
-        LeaveNoWindowActive();
-        QT_WARNING_PUSH
-        QT_WARNING_DISABLE_DEPRECATED
-        QApplication::setActiveWindow(&form);
-        QT_WARNING_POP
-        RunEvents();
-    }
-
-    std::string Ini() const { return ReadBytes(IniPath); }
-    const std::string& History() const { return Host.MainWindow.History; }
-};
+class Options : public OptionsFixture {};
 
 TEST_F(Options, HasThreeTabsWithTheirFrames) {
     frmTARVOOpts& form = Open();
@@ -324,98 +233,6 @@ TEST_F(Options, ABoxSelectsItsTextWhenItGetsTheFocus) {
     EXPECT_EQ(Find<QLineEdit>(form, "txtDefaultAbutment").selectedText(), "21");
     Click(form, "txtDefaultSFWeb");
     EXPECT_EQ(Find<QLineEdit>(form, "txtDefaultSFWeb").selectedText(), "1.6");
-}
-
-TEST_F(Options, RefusesAnAbutmentAngleOutOfRange) {
-    ExpectRefused(Submit({{"txtDefaultAbutment", "90.5"}}),
-                  "Value '90.5' is outside input range\r\nValid range is: 0-90", 16, kRangeTitle,
-                  "txtDefaultAbutment", 0);
-    EXPECT_THAT(History(),
-                HasSubstr("2. Program Options: Range Error: Value '90.5' is outside input range\r\n"));
-}
-
-TEST_F(Options, RefusesAWebFactorAboveSix) {
-    ExpectRefused(Submit({{"txtDefaultSFWeb", " 6.1 "}}),
-                  "Value '6.1' is outside input range\r\nValid range is: 0-6", 16, kRangeTitle,
-                  "txtDefaultSFWeb", 0);
-}
-
-TEST_F(Options, RefusesABarrierFactorAboveTen) {
-    ExpectRefused(Submit({{"txtDefaultSFBarrier", "10.1"}}),
-                  "Value '10.1' is outside input range\r\nValid range is: 0-10", 16, kRangeTitle,
-                  "txtDefaultSFBarrier", 0);
-}
-
-TEST_F(Options, RefusesABlankMinimum) {
-    ExpectRefused(Submit({{"Text1", " "}}), "Blank field not allowed", 16, kRangeTitle, "Text1", 2);
-}
-
-TEST_F(Options, RefusesAMinimumOutOfRangeAlsoWhenAnotherTabShows) {
-    frmTARVOOpts& form = Open();
-    ShowTab(form, 2);
-    Type(form, "Text1", "-1");
-    ShowTab(form, 1);
-    Click(form, "Command2");
-    ExpectRefused(form, "Value '-1' is outside input range\r\nValid range is: 0-100", 16, kRangeTitle,
-                  "Text1", 2);
-}
-
-TEST_F(Options, RefusesAMaximumOutOfRange) {
-    ExpectRefused(Submit({{"Text2", "101"}}), "Value '101' is outside input range\r\nValid range is: 0-100",
-                  16, kRangeTitle, "Text2", 2);
-}
-
-TEST_F(Options, TheRangesAreTestedInTheirOrder) {
-    ExpectRefused(
-        Submit({{"Text1", "x"}, {"Text2", ""}, {"txtDefaultSFBarrier", ""}, {"txtDefaultSFWeb", ""}}),
-        "Blank field not allowed", 16, kRangeTitle, "txtDefaultSFWeb", 0);
-}
-
-TEST_F(Options, RefusesAMinimumEqualToTheMaximum) {
-    ExpectRefused(Submit({{"Text1", "100"}}),
-                  "Invalid range for parametric graphs. Min Value should be < Max Value", 0,
-                  kApplicationTitle, "Text1", 2);
-    EXPECT_THAT(History(), HasSubstr("2. Message: Invalid range for parametric graphs. "
-                                     "Min Value should be < Max Value\r\n"));
-    EXPECT_EQ(RangeErrorTitle, kRangeTitle);
-}
-
-TEST_F(Options, RefusesAMinimumAboveTheMaximum) {
-    ExpectRefused(Submit({{"Text1", "60"}, {"Text2", "40"}}),
-                  "Invalid range for parametric graphs. Min Value should be < Max Value", 0,
-                  kApplicationTitle, "Text1", 2);
-}
-
-TEST_F(Options, TestsTheWebFactorTwiceAndShowsTheOutputTab) {
-    frmTARVOOpts& form = Submit({{"txtDefaultSFWeb", "0.5"}});
-    ExpectRefused(form, "Invalid range for Default SF for webs (>=1)", 0, kApplicationTitle,
-                  "txtDefaultSFWeb", 2);
-}
-
-TEST_F(Options, TestsTheBarrierFactorTwiceAndShowsTheOutputTab) {
-    frmTARVOOpts& form = Submit({{"txtDefaultSFBarrier", "0.99"}});
-    ExpectRefused(form, "Invalid range for Default SF for barriers (>=1)", 0, kApplicationTitle,
-                  "txtDefaultSFBarrier", 2);
-}
-
-TEST_F(Options, ARefusedValueCanBeMended) {
-    frmTARVOOpts& form = Submit({{"txtDefaultSFWeb", "0.5"}});
-    ShowTab(form, 0);
-    Type(form, "txtDefaultSFWeb", "1");
-    Click(form, "Command2");
-    EXPECT_TRUE(Closed());
-    EXPECT_EQ(OptionsRecord.DefaultSFWeb, 1.0f);
-}
-
-TEST_F(Options, TheBoundsThemselvesAreAccepted) {
-    Submit({{"txtDefaultAbutment", "90"},
-            {"txtDefaultSFWeb", "6"},
-            {"txtDefaultSFBarrier", "1"},
-            {"Text1", "0"},
-            {"Text2", "100"}});
-    EXPECT_TRUE(Closed());
-    EXPECT_THAT(Messages(), IsEmpty());
-    EXPECT_EQ(OptionsRecord.DefaultAbutment, 90.0f);
 }
 
 TEST_F(Options, ABarrierFactorOfEightIsSavedAndZeroAfterARestart) {
