@@ -298,6 +298,14 @@ std::vector<std::string> QtPrinter::FontNames() {
     return names;
 }
 
+// What is not set of a font is taken from the desktop's, which may be bold.
+QFont QtPrinter::PlainFont() {
+    QFont font;
+    font.setBold(false);
+    font.setItalic(false);
+    return font;
+}
+
 // Whoever sets up a job touches the font first and shall hear there that nothing can be printed.
 QFont& QtPrinter::FontOfTarget() {
     Target();

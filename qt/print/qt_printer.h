@@ -65,6 +65,7 @@ class QtPrinter : public PrinterDevice {
     void SetFontUnderline(bool on) override;
 
   private:
+    static QFont PlainFont();
     QPrinter& Target() const;
     QFont& FontOfTarget();
     void EnsureJob();
@@ -78,7 +79,7 @@ class QtPrinter : public PrinterDevice {
 
     mutable std::unique_ptr<QPrinter> device_;  // created on first use: looking for printers takes its time
     QPainter painter_;                          // after the device, which it must not outlive
-    QFont font_;
+    QFont font_ = PlainFont();
     PrintedMatter matter_ = PrintedMatter::Anything;
     std::string job_file_;                      // chosen in a dialog for the job announced
     std::string run_file_;                      // for every job, by Printer Setup

@@ -45,6 +45,16 @@ class PaperDrawing : public CoreTest {
         EXPECT_NEAR(place.height(), expected.height(), 2);
     }
 
+    // The fonts of the file in which a line was printed.
+    std::string FontsOfALine(QtPrinter& printer) {
+        printer.Print("x");
+        printer.EndDoc();
+        QProcess process;
+        process.start("pdffonts", {QString::fromStdString(PathTo("job.pdf"))});
+        process.waitForFinished(kPatienceMilliseconds);
+        return process.readAll().toStdString();
+    }
+
     QtPrinter Printer;
 };
 
@@ -140,15 +150,22 @@ TEST_F(PaperDrawing, BlanksAreUnderlinedAndStruckOut) {
     EXPECT_GT(through.top(), 96);
 }
 
+// Whoever works with bold letters on the screen gets plain ones on paper.
+TEST_F(PaperDrawing, TheStyleOfTheDesktopsFontIsNotThatOfThePaper) {
+    const QFont before = QApplication::font();
+    QFont loud("DejaVu Sans");
+    loud.setBold(true);
+    loud.setItalic(true);
+    QApplication::setFont(loud);
+    QtPrinter printer;
+    printer.PrintToFile(PathTo("job.pdf"));
+    printer.SetFontName("Courier New");
+    EXPECT_THAT(FontsOfALine(printer), ::testing::HasSubstr("LiberationMono "));
+    QApplication::setFont(before);
+}
+
 TEST_F(PaperDrawing, FontsAreEmbeddedInTheirStyles) {
-    const auto fonts = [this] {
-        Printer.Print("x");
-        Printer.EndDoc();
-        QProcess process;
-        process.start("pdffonts", {QString::fromStdString(PathTo("job.pdf"))});
-        process.waitForFinished(kPatienceMilliseconds);
-        return process.readAll().toStdString();
-    };
+    const auto fonts = [this] { return FontsOfALine(Printer); };
     Printer.SetFontName("Courier New");
     Printer.SetFontSize(10);
     EXPECT_THAT(fonts(), ::testing::HasSubstr("LiberationMono "));
