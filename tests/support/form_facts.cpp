@@ -95,4 +95,15 @@ std::vector<std::string> FocusChainOf(QWidget& form, const std::string& first) {
     return names;
 }
 
+bool InAnotherFont() {
+    return qEnvironmentVariableIsSet("TARVOKOL_DESKTOP_FONT");
+}
+
+QSize DrawnIn(const QMainWindow& form, const QSize& drawn) {
+    if (!InAnotherFont()) return drawn;
+    const QSize size = drawn.expandedTo(form.minimumSizeHint());
+    const QWidget& body = *form.centralWidget();
+    return body.hasHeightForWidth() ? size.expandedTo({0, body.heightForWidth(size.width())}) : size;
+}
+
 }  // namespace tarvokol

@@ -3,6 +3,8 @@
 // in one table.
 #pragma once
 
+#include <QMainWindow>
+#include <QSize>
 #include <QWidget>
 #include <string>
 #include <vector>
@@ -23,5 +25,11 @@ std::vector<std::string> FactsOf(QWidget& form);
 // Names of the controls that take the keyboard, in the order in which the tab key goes through them, all pages
 // included; it begins with `first`.
 std::vector<std::string> FocusChainOf(QWidget& form, const std::string& first);
+
+// The tests run with another font of the desktop than their own.
+bool InAnotherFont();
+
+// The size in which a form is drawn; with another font of the desktop than the tests' own, larger where its contents want it.
+QSize DrawnIn(const QMainWindow& form, const QSize& drawn);
 
 }  // namespace tarvokol

@@ -12,6 +12,12 @@ namespace {
 
 bool ErrorUnwound = false;
 
+// As QFont::toString writes it; without one, the font of the platform.
+void UseDesktopFont() {
+    QFont font;
+    if (font.fromString(qEnvironmentVariable("TARVOKOL_DESKTOP_FONT"))) QApplication::setFont(font);
+}
+
 }  // namespace
 
 // An error that no handler takes unwinds through the toolkit, whose frames then leave a few of their objects
@@ -37,5 +43,6 @@ int main(int argc, char** argv) {
         tarvokol::RecordUnhandledError(error);
     });
     application.setQuitOnLastWindowClosed(false);
+    UseDesktopFont();
     return RUN_ALL_TESTS();
 }

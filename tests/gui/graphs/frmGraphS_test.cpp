@@ -16,7 +16,6 @@ class SizingGraphForm : public GraphTest {};
 TEST_F(SizingGraphForm, CarriesTheSameCaptions) {
     frmGraphS& form = ShowSizing(0);
     EXPECT_EQ(form.windowTitle(), "Graph");
-    EXPECT_EQ(Find<QGroupBox>(form, "Frame1").title(), "Point ID");
     EXPECT_EQ(TextOf(form, "Label1"), "X-coord:");
     EXPECT_EQ(TextOf(form, "Label3"), "Stability fact:");
     EXPECT_EQ(TextOf(form, "Label5"), "Curve:");

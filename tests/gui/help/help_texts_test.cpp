@@ -44,7 +44,7 @@ TEST_F(HelpTexts, OfTheDisclaimer) {
     EXPECT_EQ(Find(form, "lblDisclaimer").accessibleName(), "");  // its text is read
     EXPECT_EQ(Find(form, "lblDisclaimer").accessibleDescription(), "Disclaimer");
     EXPECT_THAT(TabOrderOf(form), ElementsAre("chkShow", "Command1"));
-    EXPECT_EQ(form.size(), QSize(520, 300));
+    EXPECT_EQ(form.size(), DrawnIn(form, {520, 300}));
 }
 
 TEST_F(HelpTexts, OfTheReminder) {
@@ -67,7 +67,7 @@ TEST_F(HelpTexts, OfTheReminder) {
                                      "settings dialog turns it on again'",
                                      "Command1 'OK' default cancel"));
     EXPECT_THAT(TabOrderOf(form), ElementsAre("Command1", "lblURL", "chkShow"));
-    EXPECT_EQ(form.size(), QSize(480, 280));
+    EXPECT_EQ(form.size(), DrawnIn(form, {480, 280}));
 }
 
 TEST_F(HelpTexts, OfTheResources) {

@@ -239,7 +239,9 @@ TEST_F(SettingsTexts, OpenInTheSizesThatAreDrawn) {
     EXPECT_EQ(FormNamed("frmPath").size(), QSize(480, 360));
     EXPECT_EQ(FormNamed("frmConvert").width(), 360);
     EXPECT_EQ(FormNamed("frmUnits").width(), 460);
-    EXPECT_EQ(FormNamed("frmTARVOOpts").width(), 480);
+    // The names of all pages stay in view, which takes more room in a wider font.
+    const int options = FormNamed("frmTARVOOpts").width();
+    EXPECT_TRUE(InAnotherFont() ? options > 480 : options == 480) << options;
 }
 
 }  // namespace
