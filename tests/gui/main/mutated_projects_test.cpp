@@ -4,7 +4,6 @@
 #include <QAbstractButton>
 #include <QTabWidget>
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 #include <map>
 #include <random>
@@ -15,14 +14,10 @@
 #include "desktop/base/form_registry.h"
 #include "tests/support/curve_fixture.h"
 #include "tests/support/main_window_fixture.h"
+#include "tests/support/test_settings.h"
 
 namespace tarvokol {
 namespace {
-
-int NumberFrom(const char* variable, int otherwise) {
-    const char* text = std::getenv(variable);
-    return text == nullptr ? otherwise : std::atoi(text);
-}
 
 const std::vector<std::string> kLines{"TARVOKOL_101",
                                       " 0 ",
