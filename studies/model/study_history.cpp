@@ -17,7 +17,7 @@ void StudyHistory::Add(Step step) {
         steps_.back().after = std::move(step.after);
     else
         steps_.push_back(std::move(step));
-    sealed_ = AreSame(steps_.back().before, steps_.back().after);
+    sealed_ = steps_.back().table == nullptr && AreSame(steps_.back().before, steps_.back().after);
     if (sealed_) steps_.pop_back();
     if (steps_.size() > kMostSteps) steps_.erase(steps_.begin());
     done_ = steps_.size();

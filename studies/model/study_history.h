@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The changes of a study that can be undone and done again: those of its project, and of what its pages ask for.
+// The changes of a study that can be undone and done again: those of its project, of what its pages ask for,
+// and of the table.
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "core/project/project_document.h"
 #include "studies/model/page_requests.h"
+#include "studies/model/sheet_change.h"
 
 namespace tarvokol {
 
@@ -25,6 +28,7 @@ class StudyHistory {
         StepName name;
         StudyState before;
         StudyState after;
+        std::shared_ptr<SheetChange> table{};  // a change of the table alone; before and after are then empty
     };
 
     // Adds a change; what had been undone is forgotten. Changes of one key that follow one another become one, until Seal:

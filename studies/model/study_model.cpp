@@ -199,15 +199,30 @@ PageRequests StudyModel::WithSoundRanges(PageRequests requests) const {
 std::optional<StudyPages> StudyModel::Undo() {
     if (!CanUndo()) return std::nullopt;
     const StudyHistory::Step& step = history_.Undo();
-    Show(step.before);
-    return step.name.page;
+    return ShowStep(step, step.before);
 }
 
 std::optional<StudyPages> StudyModel::Redo() {
     if (!CanRedo()) return std::nullopt;
     const StudyHistory::Step& step = history_.Redo();
-    Show(step.after);
-    return step.name.page;
+    return ShowStep(step, step.after);
+}
+
+std::optional<StudyPages> StudyModel::ShowStep(const StudyHistory::Step& step, const StudyState& state) {
+    const std::optional<StudyPages> page = step.name.page;
+    if (step.table == nullptr) {
+        Show(state);
+        return page;
+    }
+    change_table_(*step.table);
+    Renew();
+    return page;
+}
+
+void StudyModel::ChangeTable(SheetChange change, const std::string& words) {
+    change_table_(change);
+    history_.Add({{words, "", StudyPages::Table}, {}, {}, std::make_shared<SheetChange>(std::move(change))});
+    Renew();
 }
 
 void StudyModel::Show(const StudyState& state) {

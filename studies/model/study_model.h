@@ -73,6 +73,14 @@ class StudyModel {
     // The same of a study that was kept: its figures can be undone, to those of the project as it was opened.
     void BeginStudy(const PageRequests& requests, const Panel& panel, const std::string& title);
 
+    // The table, which may be large, is kept by whoever shows it: he makes its changes here and, where they are undone and done
+    // again, when he is asked. A change has become the one that takes it back each time.
+    using TableChanger = std::function<void(SheetChange& change)>;
+    void ChangeTableBy(TableChanger changer) { change_table_ = std::move(changer); }
+
+    // Makes a change of the table, to be undone.
+    void ChangeTable(SheetChange change, const std::string& words);
+
     // Takes what was typed into a field's box. What is no figure for the field stays there with its fault, and the project
     // keeps the figure that it has.
     void Type(PanelField field, const std::string& text);
@@ -115,6 +123,7 @@ class StudyModel {
     PageRequests WithSoundRanges(PageRequests requests) const;
     StudyState State() const { return {project_.document, requests_}; }
     void Show(const StudyState& state);
+    std::optional<StudyPages> ShowStep(const StudyHistory::Step& step, const StudyState& state);
     void Change(StudyState next, const StepName& name);
     void ChangeDocument(const ProjectDocument& document, const StepName& name);
     void ChangeRequests(const PageRequests& requests);
@@ -128,6 +137,7 @@ class StudyModel {
     PanelReading reading_;
     std::array<std::optional<TypedFault>, kPanelFields.size()> typed_;
     std::vector<Listener> listeners_;
+    TableChanger change_table_;
 };
 
 }  // namespace tarvokol

@@ -65,48 +65,116 @@ std::string WithCommas(const std::string& bytes) {
 
 TableSheet::TableSheet(const Panel& project) : project_(project) {
     for (const PanelField field : {PanelField::DepthCover, PanelField::WebThickness})
-        titles_.push_back(TitleWithUnit(std::string(NameOfField(field)), UnitOfField(field, project.units)));
-    columns_.emplace(titles_, project.units);
-    cells_.assign(1, std::vector<std::string>(titles_.size()));
-    order_.assign(1, 0);
+        table_.titles.push_back(
+            TitleWithUnit(std::string(NameOfField(field)), UnitOfField(field, project.units)));
+    columns_.emplace(table_.titles, project.units);
+    table_.cells.assign(1, std::vector<std::string>(table_.titles.size()));
+    table_.order.assign(1, 0);
     Forget();
 }
 
-void TableSheet::Read(const std::string& bytes, const std::string& name) {
+SheetChange TableSheet::TableOf(const std::string& bytes, const std::string& name) const {
     std::istringstream input(IsSeparatedByTabs(bytes) ? WithCommas(bytes) : bytes);
     CsvReader reader(input, name);
-    TableColumns columns(reader.Header(), project_.units);
-    std::vector<std::vector<std::string>> cells;
-    for (TableRow row; reader.Next(row);) cells.push_back(std::move(row.cells));
-    titles_ = reader.Header();
-    columns_ = std::move(columns);
-    fault_.clear();
-    cells_ = std::move(cells);
-    order_.resize(cells_.size());
-    std::iota(order_.begin(), order_.end(), 0U);
-    Forget();
+    SheetTable table;
+    table.titles = reader.Header();
+    TableColumns(table.titles, project_.units);  // refuses what is no table of the project
+    for (TableRow row; reader.Next(row);) table.cells.push_back(std::move(row.cells));
+    table.order.resize(table.cells.size());
+    std::iota(table.order.begin(), table.order.end(), 0U);
+    return table;
+}
+
+SheetChange TableSheet::RowAdded(std::size_t row) const {
+    return RowsChange{true,
+                      {{row, static_cast<std::uint32_t>(table_.cells.size()), SheetCells(CellColumns())}}};
+}
+
+SheetChange TableSheet::RowsRemoved(const std::vector<std::size_t>& rows) const {
+    RowsChange change;
+    for (const std::size_t row : rows) change.rows.push_back({row, table_.order[row]});
+    return change;
 }
 
 std::string TableSheet::SetProject(const Panel& project) {
     project_ = project;
+    FindColumns();
+    return fault_;
+}
+
+void TableSheet::FindColumns() {
     fault_.clear();
     try {
-        columns_.emplace(titles_, project.units);
+        columns_.emplace(table_.titles, project_.units);
     } catch (const StudyRefusal& refusal) {
         columns_.reset();
         fault_ = refusal.what();
     }
     Forget();
-    return fault_;
+}
+
+void TableSheet::Make(SheetChange& change) {
+    std::visit([this](auto& one) { MakeIt(one); }, change);
+}
+
+void TableSheet::MakeIt(CellChange& change) {
+    const std::uint32_t place = table_.order[change.row];
+    table_.cells[place][change.column].swap(change.text);
+    figures_[place].reset();
+}
+
+void TableSheet::MakeIt(RowsChange& change) {
+    change.adds ? AddRows(change.rows) : RemoveRows(change.rows);
+    change.adds = !change.adds;
+}
+
+void TableSheet::MakeIt(OrderChange& change) {
+    table_.order.swap(change.order);
+}
+
+void TableSheet::MakeIt(SheetTable& change) {
+    std::swap(table_, change);
+    FindColumns();
+}
+
+// Each goes where it was kept before, so that the orders of former changes still hold.
+void TableSheet::AddRows(std::vector<RowsChange::Row>& rows) {
+    std::vector<std::uint32_t> order;
+    order.reserve(Rows() + rows.size());
+    auto other = table_.order.begin();
+    for (RowsChange::Row& added : rows) {
+        while (order.size() < added.row) order.push_back(*other++);
+        order.push_back(added.place);
+        if (added.place >= table_.cells.size()) table_.cells.resize(added.place + 1);
+        table_.cells[added.place] = std::exchange(added.cells, {});
+    }
+    order.insert(order.end(), other, table_.order.end());
+    table_.order = std::move(order);
+    figures_.resize(table_.cells.size());
+    for (const RowsChange::Row& added : rows) figures_[added.place].reset();
+}
+
+void TableSheet::RemoveRows(std::vector<RowsChange::Row>& rows) {
+    std::vector<std::uint32_t> order;
+    order.reserve(Rows() - rows.size());
+    auto other = table_.order.begin();
+    for (RowsChange::Row& removed : rows) {
+        const auto place = table_.order.begin() + static_cast<std::ptrdiff_t>(removed.row);
+        order.insert(order.end(), other, place);
+        other = place + 1;
+        removed.cells = std::exchange(table_.cells[removed.place], {});
+    }
+    order.insert(order.end(), other, table_.order.end());
+    table_.order = std::move(order);
 }
 
 void TableSheet::Forget() {
-    figures_.assign(cells_.size(), std::nullopt);
+    figures_.assign(table_.cells.size(), std::nullopt);
     evaluator_.emplace(project_, true);
 }
 
 std::string TableSheet::TitleOf(std::size_t column) const {
-    if (column < CellColumns()) return titles_[column];
+    if (column < CellColumns()) return table_.titles[column];
     const std::size_t figure = column - CellColumns();
     if (figure == kStudyFigures.size()) return "Message";
     return TitleWithUnit(std::string(kStudyFigures[figure].name), kStudyFigures[figure].unit);
@@ -116,29 +184,11 @@ std::optional<PanelField> TableSheet::FieldOf(std::size_t column) const {
     return columns_ && column < CellColumns() ? columns_->Field(column) : std::nullopt;
 }
 
-void TableSheet::SetCell(std::size_t row, std::size_t column, const std::string& text) {
-    cells_[order_[row]][column] = text;
-    figures_[order_[row]].reset();
-}
-
 std::vector<std::vector<std::string>> TableSheet::OwnRows() const {
     std::vector<std::vector<std::string>> rows;
-    rows.reserve(order_.size());
-    for (const std::uint32_t place : order_) rows.push_back(cells_[place]);
+    rows.reserve(table_.order.size());
+    for (const std::uint32_t place : table_.order) rows.push_back(table_.cells[place]);
     return rows;
-}
-
-void TableSheet::InsertRow(std::size_t row) {
-    order_.insert(order_.begin() + static_cast<std::ptrdiff_t>(row),
-                  static_cast<std::uint32_t>(cells_.size()));
-    cells_.emplace_back(titles_.size());
-    figures_.emplace_back();
-}
-
-// The row's cells go; those of the others keep their places.
-void TableSheet::RemoveRow(std::size_t row) {
-    cells_[order_[row]] = std::vector<std::string>(titles_.size());
-    order_.erase(order_.begin() + static_cast<std::ptrdiff_t>(row));
 }
 
 std::string TableSheet::FaultOf(std::size_t row, std::size_t column) const {
@@ -155,9 +205,9 @@ std::string TableSheet::FaultOfRow(const std::vector<std::string>& cells) const 
 }
 
 const PanelFigures& TableSheet::FiguresOf(std::size_t row) {
-    std::optional<PanelFigures>& figures = figures_[order_[row]];
+    std::optional<PanelFigures>& figures = figures_[table_.order[row]];
     if (figures) return *figures;
-    const std::vector<std::string>& cells = cells_[order_[row]];
+    const std::vector<std::string>& cells = table_.cells[table_.order[row]];
     const std::string fault = FaultOfRow(cells);
     if (!fault.empty()) return figures.emplace(WithoutFigures(fault));
     for (std::size_t column = 0; column < CellColumns(); ++column) {
@@ -170,7 +220,7 @@ const PanelFigures& TableSheet::FiguresOf(std::size_t row) {
 }
 
 std::optional<Panel> TableSheet::PanelOf(std::size_t row) const {
-    const std::vector<std::string>& cells = cells_[order_[row]];
+    const std::vector<std::string>& cells = table_.cells[table_.order[row]];
     if (!FaultOfRow(cells).empty()) return std::nullopt;
     Panel panel = project_;
     for (std::size_t column = 0; column < CellColumns(); ++column) {
@@ -203,17 +253,20 @@ TableSheet::Key TableSheet::KeyOf(std::size_t row, std::size_t column) {
     return key;
 }
 
-void TableSheet::SortBy(std::size_t column, bool rising) {
+SheetChange TableSheet::SortedBy(std::size_t column, bool rising) {
     std::vector<std::pair<Key, std::uint32_t>> keys;
     keys.reserve(Rows());
-    for (std::size_t row = 0; row < Rows(); ++row) keys.emplace_back(KeyOf(row, column), order_[row]);
+    for (std::size_t row = 0; row < Rows(); ++row) keys.emplace_back(KeyOf(row, column), table_.order[row]);
     std::stable_sort(keys.begin(), keys.end(), [rising](const auto& a, const auto& b) {
         if (a.first.kind != b.first.kind) return a.first.kind < b.first.kind;
         if (a.first.kind == 2) return false;
         if (a.first.kind == 1) return rising ? a.first.text < b.first.text : b.first.text < a.first.text;
         return rising ? a.first.number < b.first.number : b.first.number < a.first.number;
     });
-    for (std::size_t row = 0; row < keys.size(); ++row) order_[row] = keys[row].second;
+    OrderChange change;
+    change.order.reserve(keys.size());
+    for (const auto& key : keys) change.order.push_back(key.second);
+    return change;
 }
 
 std::string TableSheet::Csv() {

@@ -9,33 +9,37 @@
 
 namespace tarvokol {
 
-SheetModel::SheetModel(const Panel& project, QObject* parent)
-    : QAbstractTableModel(parent), sheet_(project) {}
+SheetModel::SheetModel(const Panel& project, Asker ask, QObject* parent)
+    : QAbstractTableModel(parent), ask_(std::move(ask)), sheet_(project) {}
 
-void SheetModel::Read(const std::string& bytes, const std::string& name) {
-    TableSheet read = sheet_;
-    read.Read(bytes, name);
-    beginResetModel();
-    sheet_ = std::move(read);
-    endResetModel();
+// Rows that come and go one by one leave the choice of the others as it is.
+void SheetModel::Make(SheetChange& change) {
+    if (const auto* cell = std::get_if<CellChange>(&change)) {
+        const int row = static_cast<int>(cell->row);
+        sheet_.Make(change);
+        emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+    } else if (std::holds_alternative<OrderChange>(change)) {
+        emit layoutAboutToBeChanged();
+        sheet_.Make(change);
+        emit layoutChanged();
+    } else if (const auto* rows = std::get_if<RowsChange>(&change);
+               rows != nullptr && rows->rows.size() == 1) {
+        const int row = static_cast<int>(rows->rows.front().row);
+        const bool adds = rows->adds;
+        adds ? beginInsertRows({}, row, row) : beginRemoveRows({}, row, row);
+        sheet_.Make(change);
+        adds ? endInsertRows() : endRemoveRows();
+    } else {
+        beginResetModel();
+        sheet_.Make(change);
+        endResetModel();
+    }
 }
 
 std::string SheetModel::SetProject(const Panel& project) {
     std::string fault = sheet_.SetProject(project);
     if (rowCount() > 0) emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
     return fault;
-}
-
-void SheetModel::InsertRow(int row) {
-    beginInsertRows({}, row, row);
-    sheet_.InsertRow(static_cast<std::size_t>(row));
-    endInsertRows();
-}
-
-void SheetModel::RemoveRow(int row) {
-    beginRemoveRows({}, row, row);
-    sheet_.RemoveRow(static_cast<std::size_t>(row));
-    endRemoveRows();
 }
 
 int SheetModel::rowCount(const QModelIndex& parent) const {
@@ -97,17 +101,20 @@ Qt::ItemFlags SheetModel::flags(const QModelIndex& index) const {
 
 bool SheetModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (role != Qt::EditRole || !index.isValid()) return false;
-    sheet_.SetCell(static_cast<std::size_t>(index.row()), static_cast<std::size_t>(index.column()),
-                   FromQt(value.toString()));
-    emit dataChanged(this->index(index.row(), 0), this->index(index.row(), columnCount() - 1));
+    const auto row = static_cast<std::size_t>(index.row());
+    const auto column = static_cast<std::size_t>(index.column());
+    const std::string text = FromQt(value.toString());
+    if (text != sheet_.Cell(row, column))
+        ask_(CellChange{row, column, text}, "Row " + std::to_string(row + 1) + ", " + sheet_.TitleOf(column));
     return true;
 }
 
 void SheetModel::sort(int column, Qt::SortOrder order) {
     if (column < 0 || column >= columnCount()) return;
-    emit layoutAboutToBeChanged();
-    sheet_.SortBy(static_cast<std::size_t>(column), order == Qt::AscendingOrder);
-    emit layoutChanged();
+    const auto by = static_cast<std::size_t>(column);
+    SheetChange sorted = sheet_.SortedBy(by, order == Qt::AscendingOrder);
+    if (std::get<OrderChange>(sorted).order != sheet_.Order())
+        ask_(std::move(sorted), "Table sorted by " + sheet_.TitleOf(by));
 }
 
 }  // namespace tarvokol

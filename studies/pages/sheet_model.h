@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <functional>
 
 #include "studies/model/table_sheet.h"
 
@@ -12,15 +13,16 @@ class SheetModel : public QAbstractTableModel {
     Q_OBJECT
 
   public:
-    explicit SheetModel(const Panel& project, QObject* parent = nullptr);
+    // Takes a change that the user asks for, and what it is called; it comes back to Make.
+    using Asker = std::function<void(SheetChange change, const std::string& words)>;
+
+    SheetModel(const Panel& project, Asker ask, QObject* parent = nullptr);
 
     TableSheet& Sheet() { return sheet_; }
 
     // See TableSheet.
-    void Read(const std::string& bytes, const std::string& name);
+    void Make(SheetChange& change);
     std::string SetProject(const Panel& project);
-    void InsertRow(int row);
-    void RemoveRow(int row);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -34,6 +36,7 @@ class SheetModel : public QAbstractTableModel {
     QVariant CellData(std::size_t row, std::size_t column, int role) const;
     QVariant FigureData(std::size_t row, std::size_t figure, int role) const;
 
+    Asker ask_;
     mutable TableSheet sheet_;  // a look at a figure calculates it
 };
 

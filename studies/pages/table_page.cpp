@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QItemSelection>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -12,6 +13,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <filesystem>
+#include <set>
 
 #include "core/files/csv_reader.h"
 #include "core/files/whole_file.h"
@@ -32,8 +34,16 @@ constexpr std::size_t kLargestTable = std::size_t{256} * 1024 * 1024;
 }  // namespace
 
 TablePage::TablePage(StudyModel& model, QWidget* parent)
-    : StudyPage(parent), model_(model), sheet_(new SheetModel(model.ProjectPanel(), this)) {
+    : StudyPage(parent),
+      model_(model),
+      sheet_(new SheetModel(
+          model.ProjectPanel(),
+          [this](SheetChange change, const std::string& words) {
+              model_.ChangeTable(std::move(change), words);
+          },
+          this)) {
     Build();
+    model_.ChangeTableBy([this](SheetChange& change) { Make(change); });
     model_.Tell([this] { Model_Changed(); });
     Model_Changed();
     Current_Changed();
@@ -59,7 +69,7 @@ void TablePage::Build() {
     line->addWidget(MakeButton("Table_Add", "A&dd Row", "An empty row, which stands for the project itself",
                                &TablePage::Add_Clicked));
     remove_ =
-        MakeButton("Table_Remove", "Re&move Row", "Takes the chosen row away", &TablePage::Remove_Clicked);
+        MakeButton("Table_Remove", "Re&move Row", "Takes the chosen rows away", &TablePage::Remove_Clicked);
     take_ = MakeButton("Table_Take", "&Take Row into Project",
                        "Gives the project the figures of the chosen row; Undo takes them back",
                        &TablePage::Take_Clicked);
@@ -97,27 +107,68 @@ void TablePage::Model_Changed() {
 
 void TablePage::OpenTable(const std::string& path) {
     try {
-        Read(ReadWholeFile(path, kLargestTable), std::filesystem::path(path).filename().string());
+        const std::string name = std::filesystem::path(path).filename().string();
+        Read(ReadWholeFile(path, kLargestTable), name, "Table " + name);
     } catch (const RunTimeError& error) {
         Tell(path + ": " + error.text);
     }
 }
 
-void TablePage::Read(const std::string& bytes, const std::string& name) {
+void TablePage::Read(const std::string& bytes, const std::string& name, const std::string& words) {
+    ReadTable(bytes, name, [&](SheetChange table) { model_.ChangeTable(std::move(table), words); });
+}
+
+void TablePage::Begin(const std::string& bytes, const std::string& name) {
+    ReadTable(bytes, name, [this](SheetChange table) { Make(table); });
+}
+
+template <typename Taker>
+void TablePage::ReadTable(const std::string& bytes, const std::string& name, const Taker& take) {
     try {
-        sheet_->Read(bytes, name);
+        take(sheet_->Sheet().TableOf(bytes, name));
     } catch (const TableFault& fault) {
-        return Tell(fault.what());
+        Tell(fault.what());
     } catch (const StudyRefusal& refusal) {
-        return Tell(name + ": " + refusal.what());
+        Tell(name + ": " + refusal.what());
     }
-    Tell("");
-    view_->horizontalHeader()->setSortIndicatorShown(false);
-    sorted_by_ = -1;
+}
+
+// Whoever undoes sees where.
+void TablePage::Make(SheetChange& change) {
+    sheet_->Make(change);
+    if (!sorts_) {
+        sorted_by_ = -1;
+        view_->horizontalHeader()->setSortIndicatorShown(false);
+    }
+    if (const auto* cell = std::get_if<CellChange>(&change))
+        view_->setCurrentIndex(sheet_->index(static_cast<int>(cell->row), static_cast<int>(cell->column)));
+    else if (const auto* rows = std::get_if<RowsChange>(&change))
+        ShowRows(*rows);
+    else if (std::holds_alternative<SheetTable>(change))
+        ShowTable();
+    Current_Changed();
+}
+
+// The rows that came, or the one that stands where the first that went did.
+void TablePage::ShowRows(const RowsChange& made) {
+    if (sheet_->rowCount() == 0) return;
+    const int first = std::min(static_cast<int>(made.rows.front().row), sheet_->rowCount() - 1);
+    view_->setCurrentIndex(sheet_->index(first, 0));
+    const bool came = !made.adds;  // what would take them back removes them
+    if (!came || made.rows.size() == 1) return;
+    QItemSelection chosen;
+    for (const RowsChange::Row& row : made.rows)
+        chosen.append(
+            QItemSelectionRange(sheet_->index(static_cast<int>(row.row), 0),
+                                sheet_->index(static_cast<int>(row.row), sheet_->columnCount() - 1)));
+    view_->selectionModel()->select(chosen, QItemSelectionModel::ClearAndSelect);
+}
+
+void TablePage::ShowTable() {
+    Tell(sheet_->Sheet().Fault());
     view_->horizontalHeader()->setResizeContentsPrecision(100);
     view_->resizeColumnsToContents();
     if (sheet_->rowCount() > 0) view_->setCurrentIndex(sheet_->index(0, 0));
-    Current_Changed();
 }
 
 void TablePage::Tell(const std::string& fault) {
@@ -138,23 +189,30 @@ void TablePage::Open_Clicked() {
 void TablePage::Paste_Clicked() {
     const std::string text = FromQt(QApplication::clipboard()->text());
     if (text.empty()) return Tell("there is no text on the clipboard");
-    Read(text, "clipboard");
+    Read(text, "clipboard", "Table of the clipboard");
 }
 
 void TablePage::Add_Clicked() {
     const int row = view_->currentIndex().isValid() ? view_->currentIndex().row() + 1 : sheet_->rowCount();
-    sheet_->InsertRow(row);
-    view_->setCurrentIndex(sheet_->index(row, 0));
+    model_.ChangeTable(sheet_->Sheet().RowAdded(static_cast<std::size_t>(row)), "Row added");
     view_->setFocus();
 }
 
+// From the top: those with a chosen cell.
+std::vector<std::size_t> TablePage::ChosenRows() const {
+    std::set<std::size_t> rows;
+    for (const QItemSelectionRange& range : view_->selectionModel()->selection())
+        for (int row = range.top(); row <= range.bottom(); ++row) rows.insert(static_cast<std::size_t>(row));
+    const int current = view_->currentIndex().row();
+    if (rows.empty() && current >= 0) rows.insert(static_cast<std::size_t>(current));
+    return {rows.begin(), rows.end()};
+}
+
 void TablePage::Remove_Clicked() {
-    const int row = view_->currentIndex().row();
-    if (row < 0) return;
-    sheet_->RemoveRow(row);
-    if (sheet_->rowCount() > 0)
-        view_->setCurrentIndex(sheet_->index(std::min(row, sheet_->rowCount() - 1), 0));
-    Current_Changed();
+    const std::vector<std::size_t> rows = ChosenRows();
+    if (rows.empty()) return;
+    model_.ChangeTable(sheet_->Sheet().RowsRemoved(rows),
+                       rows.size() == 1 ? "Row removed" : std::to_string(rows.size()) + " rows removed");
 }
 
 void TablePage::Take_Clicked() {
@@ -175,7 +233,9 @@ void TablePage::Header_Clicked(int column) {
     const Qt::SortOrder order = rises_ ? Qt::AscendingOrder : Qt::DescendingOrder;
     view_->horizontalHeader()->setSortIndicatorShown(true);
     view_->horizontalHeader()->setSortIndicator(column, order);
+    sorts_ = true;
     sheet_->sort(column, order);
+    sorts_ = false;
 }
 
 void TablePage::Current_Changed() {

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "studies/model/sheet_change.h"
 #include "studies/pages/study_page.h"
 
 class QLabel;
@@ -28,8 +30,8 @@ class TablePage : public StudyPage {
     // Reads a table from a file; what is wrong with it is told on the page.
     void OpenTable(const std::string& path);
 
-    // The same of a table in memory; `name` stands in the words of faults.
-    void Read(const std::string& bytes, const std::string& name);
+    // The table of a study that was opened: nothing before it is undone, and so it is no step itself.
+    void Begin(const std::string& bytes, const std::string& name);
 
     SheetModel& Sheet() { return *sheet_; }
 
@@ -39,6 +41,13 @@ class TablePage : public StudyPage {
   private:
     void Build();
     void Model_Changed();
+    void Read(const std::string& bytes, const std::string& name, const std::string& words);
+    template <typename Taker>
+    void ReadTable(const std::string& bytes, const std::string& name, const Taker& take);
+    void Make(SheetChange& change);
+    void ShowRows(const RowsChange& made);
+    void ShowTable();
+    std::vector<std::size_t> ChosenRows() const;
     void Open_Clicked();
     void Paste_Clicked();
     void Add_Clicked();
@@ -59,6 +68,7 @@ class TablePage : public StudyPage {
     std::string shown_project_;
     int sorted_by_ = -1;
     bool rises_ = false;
+    bool sorts_ = false;  // while a click on a title sorts
 };
 
 }  // namespace tarvokol

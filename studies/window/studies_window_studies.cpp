@@ -73,7 +73,7 @@ void StudiesWindow::ShowStudy(const KeptStudy& study) {
     for (const NamedPanel& design : study.designs)
         requests.designs.push_back({design.name, std::make_shared<const Panel>(design.panel)});
     model_.BeginStudy(requests, study.panel, study.title);
-    if (!study.columns.empty()) table_->Read(CsvOfTable(study), "the study's table");
+    if (!study.columns.empty()) table_->Begin(CsvOfTable(study), "the study's table");
     const bool is_width = study.page == StudyPages::Width;
     pages_->setCurrentIndex(static_cast<int>(is_width ? StudyPages::Risk : study.page));
 }

@@ -80,7 +80,8 @@ TEST_F(SameFigures, OfTables) {
         for (int row = 0; row < 5; ++row)
             csv += Digits(dice.Between(10, 900)) + "," + Digits(dice.Between(1, 12)) + "\n";
         WriteBytes(PathTo("rows.csv"), csv);
-        sheet.Read(csv, "rows.csv");
+        SheetChange table = sheet.TableOf(csv, "rows.csv");
+        sheet.Make(table);
         const CliAnswer answer =
             RunCli({"table", path_, PathTo("rows.csv"), "--size", "--bare-header", "-q"});
         std::istringstream lines(answer.out);

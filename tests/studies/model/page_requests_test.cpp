@@ -6,6 +6,7 @@
 
 #include "core/settings/folders.h"
 #include "studies/model/study_model.h"
+#include "studies/model/table_sheet.h"
 #include "tests/studies/model/worked_project.h"
 #include "tests/support/core_fixture.h"
 
@@ -235,6 +236,35 @@ TEST_F(PageRequestsTest, OfAKeptStudyItsFiguresAloneAreUndone) {
     EXPECT_EQ(model.Document().inputs.DepthCover, 100);
     EXPECT_EQ(model.Requests().map, kOverall);
     EXPECT_FALSE(model.CanUndo());
+    EXPECT_FALSE(model.IsChanged());
+}
+
+TEST_F(PageRequestsTest, ChangesOfTheTableAreUndoneInOneOrderWithTheOthers) {
+    TableSheet sheet(model.ProjectPanel());
+    model.ChangeTableBy([&sheet](SheetChange& change) { sheet.Make(change); });
+    model.ChangeTable(CellChange{0, 0, "200"}, "Row 1, DepthCover (ft)");
+    model.Set(PanelField::CoalStrength, 450);
+    model.ChangeTable(sheet.RowAdded(1), "Row added");
+    EXPECT_EQ(model.UndoWords(), "Row added");
+    EXPECT_EQ(model.Undo(), StudyPages::Table);
+    EXPECT_EQ(sheet.Rows(), 1U);
+    EXPECT_EQ(model.ProjectPanel().CoalStrength, 450);
+    EXPECT_EQ(model.Undo(), std::nullopt);
+    EXPECT_EQ(model.ProjectPanel().CoalStrength, 900);
+    EXPECT_EQ(sheet.Cell(0, 0), "200");
+    EXPECT_EQ(model.Undo(), StudyPages::Table);
+    EXPECT_EQ(sheet.Cell(0, 0), "");
+    EXPECT_FALSE(model.CanUndo());
+    for (int i = 0; i < 3; ++i) model.Redo();
+    EXPECT_EQ(sheet.Cell(0, 0), "200");
+    EXPECT_EQ(sheet.Rows(), 2U);
+    EXPECT_EQ(model.ProjectPanel().CoalStrength, 450);
+}
+
+TEST_F(PageRequestsTest, TheTableLeavesTheProjectUnchanged) {
+    TableSheet sheet(model.ProjectPanel());
+    model.ChangeTableBy([&sheet](SheetChange& change) { sheet.Make(change); });
+    model.ChangeTable(CellChange{0, 0, "200"}, "Row 1, DepthCover (ft)");
     EXPECT_FALSE(model.IsChanged());
 }
 

@@ -62,7 +62,7 @@ TEST_F(PrintedStudies, ARiskTellsWhatIsUncertain) {
 
 TEST_F(PrintedStudies, ATableIsPrintedRowByRow) {
     ShowPage(2);
-    window->findChild<TablePage*>()->Read("Hole,DepthCover\nA<1,100\nA-2,300\n", "rows.csv");
+    window->findChild<TablePage*>()->Begin("Hole,DepthCover\nA<1,100\nA-2,300\n", "rows.csv");
     const std::string text = PrintedText();
     EXPECT_THAT(text, HasSubstr("A<1"));
     EXPECT_THAT(text, HasSubstr("A-2"));
@@ -72,7 +72,7 @@ TEST_F(PrintedStudies, ALongTableBelongsIntoAWorkbook) {
     ShowPage(2);
     std::string csv = "DepthCover\n";
     for (int row = 0; row < 2001; ++row) csv += "100\n";
-    window->findChild<TablePage*>()->Read(csv, "rows.csv");
+    window->findChild<TablePage*>()->Begin(csv, "rows.csv");
     PrintedText();
     EXPECT_EQ(Notice(), "more than 2000 rows are not printed: save the figures as a workbook");
 }
@@ -86,7 +86,7 @@ TEST_F(PrintedStudies, ACancelPrintsNothing) {
 
 TEST_F(PrintedStudies, FiguresAreSavedAsAWorkbook) {
     ShowPage(2);
-    window->findChild<TablePage*>()->Read("Hole,DepthCover\nA-1,100\n", "rows.csv");
+    window->findChild<TablePage*>()->Begin("Hole,DepthCover\nA-1,100\n", "rows.csv");
     Host.Dialogs.FileAnswers = {PathTo("rows.xlsx")};
     EXPECT_TRUE(Choose("actSaveFigures"));
     EXPECT_EQ(Notice(), "");

@@ -113,6 +113,126 @@ TEST_F(TablePageTest, ATitleSorts) {
     EXPECT_EQ(CellText(0, 0), "B");
 }
 
+class TableUndo : public TablePageTest {
+  protected:
+    TableUndo() {
+        WriteBytes(PathTo("holes.csv"), "Hole,DepthCover (ft)\nA,300\nB,200\nC,100\nD,400\n");
+        OpenHoles();
+    }
+
+    std::string Holes() {
+        std::string holes;
+        for (int row = 0; row < Table().model()->rowCount(); ++row) holes += CellText(row, 0);
+        return holes;
+    }
+    std::string UndoText() { return FromQt(Find<QAction>("actUndo").text()); }
+    QLineEdit* OpenEditor(int row, int column) {
+        Table().setCurrentIndex(Table().model()->index(row, column));
+        Table().setFocus();
+        QTest::keyClick(&Table(), Qt::Key_F2);
+        return Table().findChild<QLineEdit*>();
+    }
+    void TypeInto(int row, int column, const std::string& text) {
+        QLineEdit* editor = OpenEditor(row, column);
+        ASSERT_NE(editor, nullptr);
+        editor->selectAll();
+        QTest::keyClicks(editor, ToQt(text));
+        QTest::keyClick(editor, Qt::Key_Return);
+        ASSERT_TRUE(WaitUntil([this] { return Table().findChild<QLineEdit*>() == nullptr; }));
+    }
+    void PressUndo() { QTest::keyClick(window->focusWidget(), Qt::Key_Z, Qt::ControlModifier); }
+};
+
+TEST_F(TableUndo, ACellThatIsTypedIsUndoneByItsKeysAndShown) {
+    TypeInto(0, 1, "100");
+    EXPECT_EQ(CellText(0, 3), "4.71999");
+    EXPECT_EQ(UndoText(), "&Undo: Row 1, DepthCover (ft)");
+    EXPECT_FALSE(window->isWindowModified());
+    Table().setCurrentIndex(Table().model()->index(3, 0));
+    Table().setFocus();
+    PressUndo();
+    EXPECT_EQ(CellText(0, 1), "300");
+    EXPECT_EQ(CellText(0, 3), "\u25bc 1.57333");
+    EXPECT_EQ(Table().currentIndex(), Table().model()->index(0, 1));
+    EXPECT_TRUE(Choose("actRedo"));
+    EXPECT_EQ(CellText(0, 1), "100");
+    EXPECT_EQ(CellText(0, 3), "4.71999");
+}
+
+TEST_F(TableUndo, TheSameTextIsNoStep) {
+    TypeInto(0, 1, "300");
+    EXPECT_EQ(UndoText(), "&Undo: Table holes.csv");
+}
+
+TEST_F(TableUndo, AnOpenEditorUndoesItsOwnLetters) {
+    QLineEdit* editor = OpenEditor(0, 1);
+    ASSERT_NE(editor, nullptr);
+    editor->selectAll();
+    QTest::keyClicks(editor, "7");
+    QTest::keyClick(editor, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(editor->text(), "300");
+    EXPECT_EQ(UndoText(), "&Undo: Table holes.csv");
+    QTest::keyClick(editor, Qt::Key_Escape);
+}
+
+TEST_F(TableUndo, GoesInOneOrderWithASliderAndBringsThePageToTheFront) {
+    TypeInto(1, 1, "100");
+    auto& pages = Find<QTabWidget>("Pages");
+    pages.setCurrentIndex(0);
+    Type("CoalStrength_Box", "450");
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(TextOf("CoalStrength_Box"), "900");
+    EXPECT_EQ(pages.currentIndex(), 0);
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(pages.currentIndex(), 2);
+    EXPECT_EQ(CellText(1, 3), "2.36");
+}
+
+TEST_F(TableUndo, ATableThatIsReplacedComesBack) {
+    TypeInto(0, 0, "Z");
+    QApplication::clipboard()->setText("DepthCover\tNote\n150\tx\n");
+    QTest::keyClick(&Table(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(UndoText(), "&Undo: Table of the clipboard");
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(Holes(), "ZBCD");
+    EXPECT_EQ(FromQt(Table().model()->headerData(1, Qt::Horizontal).toString()), "DepthCover (ft)");
+    for (int i = 0; i < 2; ++i) EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(Table().model()->rowCount(), 1);  // the sheet as it began
+    EXPECT_FALSE(Choose("actUndo"));
+    for (int i = 0; i < 3; ++i) EXPECT_TRUE(Choose("actRedo"));
+    EXPECT_EQ(CellText(0, 1), "x");
+}
+
+TEST_F(TableUndo, ChosenRowsAreRemovedAtOnceAndComeBackChosen) {
+    Table().setCurrentIndex(Table().model()->index(0, 0));
+    for (const int row : {0, 2})
+        Table().selectionModel()->select(Table().model()->index(row, 0),
+                                         QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    QTest::mouseClick(&Find("Table_Remove"), Qt::LeftButton);
+    EXPECT_EQ(Holes(), "BD");
+    EXPECT_EQ(UndoText(), "&Undo: 2 rows removed");
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(Holes(), "ABCD");
+    EXPECT_TRUE(Table().selectionModel()->isRowSelected(2));
+    EXPECT_FALSE(Table().selectionModel()->isRowSelected(1));
+}
+
+TEST_F(TableUndo, GoesPastASort) {
+    TypeInto(1, 1, "900");
+    QHeaderView& header = *Table().horizontalHeader();
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
+                      QPoint(header.sectionViewportPosition(1) + 5, header.height() / 2));
+    EXPECT_EQ(Holes(), "CADB");
+    QTest::mouseClick(&Find("Table_Add"), Qt::LeftButton);
+    for (int i = 0; i < 2; ++i) EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(Holes(), "ABCD");
+    EXPECT_FALSE(header.isSortIndicatorShown());
+    EXPECT_TRUE(Choose("actUndo"));
+    EXPECT_EQ(CellText(1, 1), "200");
+    for (int i = 0; i < 2; ++i) EXPECT_TRUE(Choose("actRedo"));
+    EXPECT_EQ(Holes(), "CADB");
+}
+
 class ComparePageTest : public StudiesWindowTest {
   protected:
     ComparePageTest() { Find<QTabWidget>("Pages").setCurrentWidget(window->findChild<ComparePage*>()); }
